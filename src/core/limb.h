@@ -1,0 +1,157 @@
+// The limb, a digit of base 10^19, and the tables by which limbs are cut and moved digit by digit
+// without a hardware division.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "core/wide_arithmetic.h"
+
+namespace tallymere {
+
+/// One base-10^19 digit; 0 <= limb < LimbBase in every well-formed number.
+using Limb = uint64_t;
+
+inline constexpr int64_t DigitsPerLimb = 19;
+inline constexpr Limb LimbBase = 10'000'000'000'000'000'000u;
+
+/// A guard limb of one half of a unit in the last place.
+inline constexpr Limb HalfGuard = LimbBase / 2;
+
+namespace limb_tables {
+
+/// 10^-1 (a filler that is never used as a number), then 10^0 to 10^19.
+inline constexpr auto PowersOfTen = [] {
+    std::array<Limb, DigitsPerLimb + 2> table{};
+    Limb power = 1;
+    for (size_t k = 1; k < table.size(); k++) {
+        table[k] = power;
+        power *= 10;
+    }
+    return table;
+}();
+
+/// Decimal digits of 2^b, for b = 0 to 63.
+inline constexpr auto BitDigits = [] {
+    std::array<uint8_t, 64> table{};
+    for (size_t b = 0; b < table.size(); b++) {
+        uint8_t digits = 0;
+        for (uint64_t v = uint64_t{1} << b; v != 0; v /= 10) {
+            digits++;
+        }
+        table[b] = digits;
+    }
+    return table;
+}();
+
+/// floor(2^(64 + floor(log2 d)) / d) for a divisor d that is no power of two, by long division.
+constexpr uint64_t NormalisedReciprocal(uint64_t d) {
+    const int shift = HighestBit(d);
+    uint64_t remainder = uint64_t{1} << shift;
+    uint64_t quotient = 0;
+    for (int bit = 0; bit < 64; bit++) {
+        const bool wraps = (remainder >> 63) != 0;
+        remainder <<= 1;
+        quotient <<= 1;
+        if (wraps || remainder >= d) {
+            remainder -= d;
+            quotient |= 1;
+        }
+    }
+    return quotient;
+}
+
+struct PowerDivider {
+    uint64_t reciprocal;
+    int shift;
+};
+
+/// For k = 1 to 19 the reciprocal of 10^k and the bit index of its top bit; entry 0 is unused.
+inline constexpr auto PowerDividers = [] {
+    std::array<PowerDivider, DigitsPerLimb + 1> table{};
+    for (size_t k = 1; k < table.size(); k++) {
+        const Limb power = PowersOfTen[k + 1];
+        table[k] = {NormalisedReciprocal(power), HighestBit(power)};
+    }
+    return table;
+}();
+
+}  // namespace limb_tables
+
+/// 10^k for 0 <= k <= 19; k = -1 may be read and is no number.
+constexpr Limb PowerOfTen(int64_t k) { return limb_tables::PowersOfTen[static_cast<size_t>(k + 1)]; }
+
+/// floor(2^(64 + floor(log2 10^k)) / 10^k) for 1 <= k <= 19.
+constexpr uint64_t DivisionReciprocal(int64_t k) {
+    return limb_tables::PowerDividers[static_cast<size_t>(k)].reciprocal;
+}
+
+/// The number of decimal digits of v; 0 for v = 0.
+constexpr int64_t DigitCount(uint64_t v) {
+    if (v == 0) {
+        return 0;
+    }
+    const int64_t digits = limb_tables::BitDigits[static_cast<size_t>(HighestBit(v))];
+    return digits + (v >= PowerOfTen(digits) ? 1 : 0);
+}
+
+struct LimbQuotient {
+    uint64_t quotient;
+    uint64_t remainder;
+};
+
+/// Any 64-bit v divided by 10^k, 0 <= k <= 19. The estimate from the reciprocal is never too large
+/// and at most one too small.
+constexpr LimbQuotient DivideByPowerOfTen(uint64_t v, int64_t k) {
+    if (k == 0) {
+        return {v, 0};
+    }
+    const auto divider = limb_tables::PowerDividers[static_cast<size_t>(k)];
+    const Limb power = PowerOfTen(k);
+    uint64_t quotient = MultiplyHigh(divider.reciprocal, v) >> divider.shift;
+    uint64_t remainder = v - quotient * power;
+    while (remainder >= power) {
+        remainder -= power;
+        quotient++;
+    }
+    return {quotient, remainder};
+}
+
+/// A 128-bit value divided by LimbBase. Needs value.high < LimbBase, so that the quotient fits.
+constexpr LimbQuotient DivideByLimbBase(Wide value) {
+    constexpr uint64_t reciprocal = limb_tables::PowerDividers[DigitsPerLimb].reciprocal;
+    // high * reciprocal + high word of (low * reciprocal), as a 128-bit value, shifted right by 63.
+    const Wide estimate = wide::Add(wide::Multiply(reciprocal, value.high),
+                                    {0, MultiplyHigh(reciprocal, value.low)});
+    uint64_t quotient = (estimate.high << 1) | (estimate.low >> 63);
+    Wide remainder = wide::Subtract(value, wide::Multiply(quotient, LimbBase));
+    while (AtLeast(remainder, {0, LimbBase})) {
+        remainder = wide::Subtract(remainder, {0, LimbBase});
+        quotient++;
+    }
+    return {quotient, remainder.low};
+}
+
+/// x * y + c + w split by LimbBase: the remainder is the new limb, the quotient the next carry.
+/// x, y, c and w may be any 64-bit values whose quotient fits 64 bits; with limbs it always does.
+constexpr LimbQuotient LimbStep(uint64_t x, uint64_t y, uint64_t c, uint64_t w) {
+    const Wide product = wide::Multiply(x, y);
+    return DivideByLimbBase(wide::Add(wide::Add(product, {0, c}), {0, w}));
+}
+
+/// Adds two limbs and a carry of 0 or 1, and replaces the carry.
+constexpr Limb AddLimbs(Limb a, Limb b, Limb& carry) {
+    // a + b + carry >= LimbBase exactly when a >= LimbBase - b - carry; no sum can wrap this way.
+    const Limb room = LimbBase - b - carry;
+    carry = a >= room ? 1 : 0;
+    return a - room + (carry != 0 ? 0 : LimbBase);
+}
+
+/// Subtracts a limb and a borrow of 0 or 1 from a limb, and replaces the borrow.
+constexpr Limb SubtractLimbs(Limb a, Limb b, Limb& borrow) {
+    const Limb taken = b + borrow;
+    borrow = a < taken ? 1 : 0;
+    return a - taken + (borrow != 0 ? LimbBase : 0);
+}
+
+}  // namespace tallymere

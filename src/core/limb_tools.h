@@ -1,0 +1,54 @@
+// Shifts, sums and differences of bare limb arrays, most significant limb first.
+//
+// Arrays hold m limbs. A guard limb is the base-10^19 digit directly below the last limb; every
+// shift takes one in where digits can come from below, and returns the one that lies below its
+// result. `dest` may be `src` or an operand itself, but may not overlap it otherwise.
+#pragma once
+
+#include <cstdint>
+
+#include "core/limb.h"
+
+namespace tallymere {
+
+/// Shifts right by 0 <= k <= 19 digits, zeros coming in at the top. Returns the digits that fall off
+/// the bottom, with the top digits of `guard` behind them. The first limb may be any 64-bit value.
+Limb LimbsShiftRightDigits(Limb* dest, const Limb* src, int64_t m, int64_t k, Limb guard);
+
+/// Shifts left by 0 <= k <= 19 digits, filling from the top of `guard`; digits that leave at the
+/// top are lost. Returns the digits of `guard` that are left, moved up.
+Limb LimbsShiftLeftDigits(Limb* dest, const Limb* src, int64_t m, int64_t k, Limb guard);
+
+/// Shifts right by any k >= 0 digits, with nothing below the last limb. A k of 2^31 or more clears
+/// dest and gives 0.
+Limb LimbsShiftRightFar(Limb* dest, const Limb* src, int64_t m, int64_t k);
+
+/// Shifts left by any k >= 0 digits; `guard` follows the last limb, and zeros follow the guard.
+Limb LimbsShiftLeftFar(Limb* dest, const Limb* src, int64_t m, int64_t k, Limb guard);
+
+/// Moves the first non-zero limb to the front with t = topLimbDigits digits in it and writes to
+/// `count` by how many digits it moved left. The count is negative where the first limb holds more
+/// than t digits. An array of zeros with a guard of 0 gives count 0. The first limb may be any
+/// 64-bit value. Returns the new guard limb.
+Limb LimbsNormalise(Limb* dest, const Limb* src, int64_t m, int64_t* count, Limb guard);
+
+/// a + b over n limbs; returns the carry out of the first limb, 0 or 1.
+Limb LimbsAdd(Limb* dest, const Limb* a, const Limb* b, int64_t n);
+
+/// a - b - (guard != 0) over n limbs, for a >= b + (guard != 0): the difference of a and of b with
+/// `guard` below its last limb. Returns the guard limb of the difference, 10^19 - guard or 0.
+Limb LimbsSubtract(Limb* dest, const Limb* a, const Limb* b, int64_t n, Limb guard);
+
+/// Sets n limbs to 0.
+void LimbsClear(Limb* dest, int64_t n);
+
+/// Copies n limbs; the arrays may overlap.
+void LimbsCopy(Limb* dest, const Limb* src, int64_t n);
+
+/// True when all n limbs are 0.
+bool LimbsAreZero(const Limb* limbs, int64_t n);
+
+/// -1, 0 or 1 as the n limbs of a are below, equal to or above those of b.
+int LimbsCompare(const Limb* a, const Limb* b, int64_t n);
+
+}  // namespace tallymere

@@ -1,0 +1,125 @@
+// The process-wide record that every number is written and read under.
+//
+// A RealNumber has no length of its own: NumberContext says how many limbs a number has and how
+// many digits stand in the first. Arithmetic reads it at every step and widens it for a while to
+// work with guard digits, so at most one thread calculates at a time and whoever changes the layout
+// puts it back through RealLayoutScope.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "core/calc_error.h"
+#include "core/limb.h"
+
+namespace tallymere {
+
+/// The number types of the program; NumberContext::numberType holds one, or 0 before any is set.
+enum NumberType : uint32_t {
+    NumberTypeNone = 0,
+    NumberTypeReal = 1,
+    NumberTypeComplex = 2,
+    NumberTypeUint = 10,
+    NumberTypeRational = 11,
+};
+
+struct NumberContext {
+    CalcError calcError = CalcErrorNone;
+    uint8_t* abortFlag = nullptr;  ///< read through AbortRequested; null never asks for a stop
+
+    int64_t precisionDigits = 16;  ///< p, the significant decimal digits of a RealNumber
+    int64_t realLimbs = 1;         ///< n = ceiling(p / 19)
+    int64_t topLimbDigits = 16;    ///< t = p - 19 n + 19, the digits in the first limb: 1 to 19
+    int64_t uintDigits = 19;       ///< decimal digits that a BigUint is sure to hold
+    int64_t uintLimbs = 1;         ///< 64-bit limbs of a BigUint
+    NumberType numberType = NumberTypeNone;
+
+    int64_t fixedExponentLow = -4;   ///< automatic notation is fixed for exponents above this
+    int64_t fixedExponentHigh = 10;  ///< and below this
+
+    uint8_t noRounding = 0;       ///< non-zero: RealRound and RealRoundDigits truncate
+    uint8_t reportUnderflow = 0;  ///< non-zero: an exponent below the range sets code 201
+    uint8_t reportOverflow = 1;   ///< non-zero: an exponent above the range sets code 200
+    uint8_t useInfinitySign = 1;  ///< non-zero: infinity is written with its sign, else "inf"
+
+    // Of each group entry 0 is written and all entries are accepted on input.
+    char16_t decimalSeparators[3] = {u'.', u'.', u'.'};
+    char16_t groupSeparators[3] = {u'\'', u'\'', u'\''};
+    char16_t exponentChars[4] = {u'e', u'E', u'E', u'E'};
+    char16_t imaginaryChars[2] = {u'i', u'i'};
+
+    uint64_t* scratchBase = nullptr;  ///< start of CoreScratch
+    uint64_t* scratchTop = nullptr;   ///< its bump pointer; taken through CoreScratchScope only
+};
+
+/// The one context of the process. It has its start values before main runs: 16 digits, "." and
+/// "'" as separators, CoreScratch empty. The program puts in the user's separators and the byte
+/// that stops a calculation.
+extern NumberContext numberContext;
+
+/// The largest precision of the core in digits; the widest layout that a program may install.
+/// Guard digits of single operations go beyond it for a while.
+inline constexpr int64_t MaxPrecisionDigits = 10'005;
+
+/// Notes a failure; the first code wins.
+inline void SetCalcError(CalcError code) {
+    if (numberContext.calcError == CalcErrorNone) {
+        numberContext.calcError = code;
+    }
+}
+
+/// True when the running calculation is asked to stop. Long loops poll it at their check points.
+bool AbortRequested();
+
+/// Writes the byte that asks a calculation to stop (1) or takes the request back (0). May be called
+/// from another thread or a signal handler while a calculation runs.
+void SetAbortByte(uint8_t* flag, uint8_t value);
+
+/// Where the digits of a RealNumber lie: p digits in n limbs, t of them in the first.
+struct RealLayout {
+    int64_t digits;
+    int64_t limbs;
+    int64_t topDigits;
+};
+
+/// The layout of p digits, p >= 1.
+constexpr RealLayout LayoutForDigits(int64_t p) {
+    const int64_t n = (p + DigitsPerLimb - 1) / DigitsPerLimb;
+    return {p, n, p - DigitsPerLimb * n + DigitsPerLimb};
+}
+
+/// The layout in force.
+inline RealLayout CurrentRealLayout() {
+    return {numberContext.precisionDigits, numberContext.realLimbs, numberContext.topLimbDigits};
+}
+
+/// Puts a layout in force, unchecked.
+inline void InstallRealLayout(RealLayout layout) {
+    numberContext.precisionDigits = layout.digits;
+    numberContext.realLimbs = layout.limbs;
+    numberContext.topLimbDigits = layout.topDigits;
+}
+
+/// Sets the precision to p digits, 1 to MaxPrecisionDigits, and returns true. Any other p sets code
+/// 100, leaves the context as it is and returns false.
+bool SetRealPrecision(int64_t p);
+
+/// Puts the layout that it found back at the end of its life.
+class RealLayoutScope {
+  public:
+    RealLayoutScope() : saved_(CurrentRealLayout()) {}
+    ~RealLayoutScope() { InstallRealLayout(saved_); }
+    RealLayoutScope(const RealLayoutScope&) = delete;
+    RealLayoutScope& operator=(const RealLayoutScope&) = delete;
+
+    const RealLayout& Saved() const { return saved_; }
+
+  private:
+    RealLayout saved_;
+};
+
+/// Bytes of one value of the current number type: real 8 (n + 1), cplx twice that, uint
+/// 8 uintLimbs, rat 16 uintLimbs + 8. Any other type gives 0 and code 102.
+uint64_t SizeOfNumber();
+
+}  // namespace tallymere

@@ -1,0 +1,60 @@
+// NumberScanner: the tokens of number texts, in any radix up to 16.
+#pragma once
+
+#include <cstdint>
+
+namespace tallymere {
+
+/// A length that says: the text ends at a 0 character.
+inline constexpr int64_t TextUntilZero = -1;
+
+struct NumberScanner {
+    const char16_t* text;
+    bool allowGroups;   ///< group separators may stand between digits
+    bool neutral;       ///< "." and "'" instead of the context's separators
+    int64_t length;     ///< characters of text, already counted
+    int64_t position;   ///< 0-based index of the next character
+    int64_t radix;      ///< 2, 8, 10 or 16
+};
+
+enum NumberTokenKind : uint32_t {
+    NumberTokenEnd = 0,
+    NumberTokenOther = 1,
+    NumberTokenDigits = 100,         ///< integer digits
+    NumberTokenFraction = 101,       ///< digits with a decimal separator among them
+    NumberTokenExponent = 112,       ///< an exponent mark; sign and digits follow
+    NumberTokenImaginary = 113,      ///< the imaginary unit alone
+    NumberTokenPlus = 600,
+    NumberTokenMinus = 601,
+    NumberTokenInfinity = 701,
+    NumberTokenNaN = 702,
+};
+
+struct NumberToken {
+    NumberTokenKind kind;
+    int64_t start;   ///< 0-based index of the first character
+    int64_t length;  ///< in characters
+};
+
+/// A scanner over the text with spaces (U+0020) stripped at both ends; `length` may be
+/// TextUntilZero. `flags` are TextFlags: TextGroup and TextNeutral matter.
+NumberScanner MakeNumberScanner(const char16_t* text, int64_t length, uint32_t flags,
+                                int64_t radix);
+
+/// Reads the token at the scanner's position and moves behind it. Never fails: what is no token is
+/// NumberTokenOther of one character.
+NumberToken NextNumberToken(NumberScanner& scanner);
+
+/// True if c is one of the context's three decimal separators, or "." in the neutral form.
+bool IsDecimalSeparator(char16_t c, bool neutral);
+
+/// True if c is one of the context's three group separators, or "'" in the neutral form.
+bool IsGroupSeparator(char16_t c, bool neutral);
+
+/// True if c is one of the context's four exponent characters.
+bool IsExponentChar(char16_t c);
+
+/// True if c is one of the context's two imaginary units.
+bool IsImaginaryChar(char16_t c);
+
+}  // namespace tallymere

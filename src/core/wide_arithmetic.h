@@ -1,0 +1,93 @@
+// 128-bit products and carries: the one place that a compiler or a processor decides.
+//
+// Every operation exists in portable form in `wide_portable`. Where the compiler offers 128-bit
+// integers, the unqualified names use those; the tests hold the two against each other.
+#pragma once
+
+#include <bit>
+#include <cstdint>
+
+namespace tallymere {
+
+/// A 128-bit unsigned value in two words.
+struct Wide {
+    uint64_t high;
+    uint64_t low;
+};
+
+namespace wide_portable {
+
+/// x * y, exact.
+constexpr Wide Multiply(uint64_t x, uint64_t y) {
+    const uint64_t xLow = x & 0xFFFFFFFFu;
+    const uint64_t xHigh = x >> 32;
+    const uint64_t yLow = y & 0xFFFFFFFFu;
+    const uint64_t yHigh = y >> 32;
+    const uint64_t lowLow = xLow * yLow;
+    const uint64_t highLow = xHigh * yLow;
+    const uint64_t lowHigh = xLow * yHigh;
+    const uint64_t middle = (lowLow >> 32) + (highLow & 0xFFFFFFFFu) + (lowHigh & 0xFFFFFFFFu);
+    return {xHigh * yHigh + (highLow >> 32) + (lowHigh >> 32) + (middle >> 32),
+            (middle << 32) | (lowLow & 0xFFFFFFFFu)};
+}
+
+/// a + b modulo 2^128.
+constexpr Wide Add(Wide a, Wide b) {
+    const uint64_t low = a.low + b.low;
+    return {a.high + b.high + (low < a.low ? 1u : 0u), low};
+}
+
+/// a - b modulo 2^128.
+constexpr Wide Subtract(Wide a, Wide b) {
+    return {a.high - b.high - (a.low < b.low ? 1u : 0u), a.low - b.low};
+}
+
+/// Adds `value` to the 192-bit sum (overflow, sum), without overflow of its own.
+constexpr void Accumulate(uint64_t& overflow, Wide& sum, Wide value) {
+    const Wide next = Add(sum, value);
+    const bool carry = next.high < value.high || (next.high == value.high && next.low < value.low);
+    overflow += carry ? 1u : 0u;
+    sum = next;
+}
+
+}  // namespace wide_portable
+
+#ifdef __SIZEOF_INT128__
+
+namespace wide_native {
+
+__extension__ typedef unsigned __int128 Word128;
+
+constexpr Word128 Join(Wide a) { return (Word128{a.high} << 64) | a.low; }
+constexpr Wide Split(Word128 a) {
+    return {static_cast<uint64_t>(a >> 64), static_cast<uint64_t>(a)};
+}
+
+constexpr Wide Multiply(uint64_t x, uint64_t y) { return Split(Word128{x} * y); }
+constexpr Wide Add(Wide a, Wide b) { return Split(Join(a) + Join(b)); }
+constexpr Wide Subtract(Wide a, Wide b) { return Split(Join(a) - Join(b)); }
+constexpr void Accumulate(uint64_t& overflow, Wide& sum, Wide value) {
+    const Word128 next = Join(sum) + Join(value);
+    overflow += next < Join(value) ? 1u : 0u;
+    sum = Split(next);
+}
+
+}  // namespace wide_native
+
+namespace wide = wide_native;
+#else
+namespace wide = wide_portable;
+#endif
+
+/// The high word of x * y.
+constexpr uint64_t MultiplyHigh(uint64_t x, uint64_t y) { return wide::Multiply(x, y).high; }
+
+/// True when a >= b, as 128-bit values.
+constexpr bool AtLeast(Wide a, Wide b) {
+    return a.high > b.high || (a.high == b.high && a.low >= b.low);
+}
+
+/// Index 0 to 63 of the highest set bit of v, which must not be 0.
+constexpr int HighestBit(uint64_t v) { return 63 - std::countl_zero(v); }
+
+}  // namespace tallymere
