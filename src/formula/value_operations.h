@@ -1,0 +1,57 @@
+// Operations on values of the current number type, for those who do not care which one it is.
+//
+// A value is SizeOfNumber() bytes anywhere. Each operation is one switch on
+// NumberContext::numberType; a type that has no such operation gives code 102 and a well-formed
+// value (NaN, or 0 where the type has none), or the stated result. Destinations may be operands.
+#pragma once
+
+#include <cstdint>
+
+namespace tallymere {
+
+/// Copies one value.
+void ValueCopy(uint64_t* dest, const uint64_t* source);
+
+/// -1, 0 or 1 in the order of the type; ignoreSign compares magnitudes. 1 with code 102.
+int ValueCompare(const uint64_t* a, const uint64_t* b, bool ignoreSign);
+
+/// Compares with k: -1, 0 or 1; 1 with code 102.
+int ValueCompareSmall(const uint64_t* a, int64_t k);
+
+/// True for zero; false with code 102.
+bool ValueIsZero(const uint64_t* a);
+
+/// dest = |source|.
+void ValueAbs(uint64_t* dest, const uint64_t* source);
+
+/// dest = -source, also for a zero.
+void ValueNegate(uint64_t* dest, const uint64_t* source);
+
+/// dest = source / k, rounded.
+void ValueDivideSmall(uint64_t* dest, const uint64_t* source, uint64_t k);
+
+/// dest = k, rounded.
+void ValueFromInteger(uint64_t* dest, int64_t k);
+
+/// dest = k, rounded.
+void ValueFromUnsigned(uint64_t* dest, uint64_t k);
+
+/// dest = the zero of the type.
+void ValueZero(uint64_t* dest);
+
+/// dest = pi.
+void ValuePi(uint64_t* dest);
+
+/// Writes |a| and returns true when a is an integer whose magnitude fits 64 bits; else writes 0.
+bool ValueToSmall(uint64_t* out, const uint64_t* a);
+
+/// Writes a and returns true when a is an integer in the signed 64-bit range; else writes 0.
+bool ValueToSigned(int64_t* out, const uint64_t* a);
+
+/// Writes a as text with a terminating 0 (unless TextNoTerminator) and returns its length without
+/// it. `capacity` counts the terminating 0 too. A text that does not fit becomes "[$]", or nothing
+/// where not even that fits, with code 300. With characters == nullptr the result is a capacity
+/// that suffices outside fixed notation.
+int64_t ValueToText(char16_t* characters, int64_t capacity, const uint64_t* a, uint32_t flags);
+
+}  // namespace tallymere
