@@ -122,6 +122,8 @@ void DestroyScratchStack() {
     scratchStack.top = nullptr;
 }
 
-ScratchArea& CurrentScratchStack() { return scratchStack.area; }
+ScratchArea& CurrentScratchStack() {
+    return scratchStack.area;
+}
 
 }  // namespace tallymere
