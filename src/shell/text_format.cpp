@@ -1,0 +1,93 @@
+#include "shell/text_format.h"
+
+#include "shell/ui_error.h"
+
+namespace tallymere {
+
+namespace {
+
+void SinkDecimal(TextSink& sink, int32_t value) {
+    uint32_t rest = static_cast<uint32_t>(value);
+    if (value < 0) {
+        SinkChar(sink, u'-');
+        rest = 0 - rest;
+    }
+    char16_t digits[11] = {};
+    char16_t* first = digits + 10;
+    do {
+        *--first = static_cast<char16_t>(u'0' + rest % 10);
+        rest /= 10;
+    } while (rest != 0);
+    SinkText(sink, first);
+}
+
+void SinkArgument(TextSink& sink, const FormatArgument& argument) {
+    switch (argument.kind) {
+        case FormatArgument::Text:
+            SinkText(sink, argument.text);
+            break;
+        case FormatArgument::Char:
+            SinkChar(sink, argument.character);
+            break;
+        case FormatArgument::Number:
+            SinkDecimal(sink, argument.number);
+            break;
+    }
+}
+
+}  // namespace
+
+void FormatIntoSink(TextSink& sink, const char16_t* format,
+                    std::initializer_list<FormatArgument> arguments) {
+    if (SinkOverflowed(sink)) {
+        return;
+    }
+    const FormatArgument* next = arguments.begin();
+    const auto takeArgument = [&](FormatArgument::Kind kind) {
+        const bool present = next != arguments.end();
+        if (present && next->kind == kind) {
+            SinkArgument(sink, *next);
+        } else {
+            SinkChar(sink, u'?');
+        }
+        next += present ? 1 : 0;
+    };
+    for (; *format != 0; ++format) {
+        if (*format != u'%') {
+            SinkChar(sink, *format);
+            continue;
+        }
+        ++format;
+        switch (*format) {
+            case u's':
+                takeArgument(FormatArgument::Text);
+                break;
+            case u'c':
+                takeArgument(FormatArgument::Char);
+                break;
+            case u'd':
+                takeArgument(FormatArgument::Number);
+                break;
+            case u'%':
+                SinkChar(sink, u'%');
+                break;
+            case 0:
+                SinkChar(sink, u'?');
+                return;
+            default:
+                SinkChar(sink, u'?');
+        }
+    }
+}
+
+void FormatBounded(char16_t* buffer, int64_t capacity, const char16_t* format,
+                   std::initializer_list<FormatArgument> arguments) {
+    TextSink sink{0, capacity, buffer};
+    FormatIntoSink(sink, format, arguments);
+    EndSinkText(sink);
+    if (SinkOverflowed(sink)) {
+        SetUiError(UiErrorTextOverflow);
+    }
+}
+
+}  // namespace tallymere

@@ -1,0 +1,181 @@
+#include "shell/ui_text.h"
+
+#include <gtest/gtest.h>
+
+#include <iterator>
+#include <set>
+#include <string>
+
+namespace tallymere {
+namespace {
+
+struct Entry {
+    const char* name;
+    const char16_t* UiText::*field;
+};
+
+const Entry Entries[] = {
+#define ENTRY(name, english, german) {#name, &UiText::name},
+#include "shell/ui_text_entries.inc"
+};
+
+/// The letters behind each "%" of a format, in order.
+std::u16string Specifiers(const char16_t* format) {
+    std::u16string specifiers;
+    for (; *format != 0; ++format) {
+        if (*format == u'%' && format[1] != 0) {
+            ++format;
+            specifiers += *format;
+        }
+    }
+    return specifiers;
+}
+
+/// Every test starts from an empty table and leaves the process with the English one.
+class UiTextTable : public ::testing::Test {
+protected:
+    void SetUp() override { ClearUiText(); }
+    void TearDown() override { InstallLanguage(LanguageEnglish); }
+};
+
+TEST_F(UiTextTable, Holds168DifferentEntriesAndNothingElse) {
+    EXPECT_EQ(std::size(Entries), 168u);
+    EXPECT_EQ(sizeof(UiText), 168 * sizeof(const char16_t*));
+    std::set<std::string> names;
+    for (const Entry& entry : Entries) {
+        names.insert(entry.name);
+    }
+    EXPECT_EQ(names.size(), 168u);
+}
+
+TEST_F(UiTextTable, AnUnassignedEntryShowsAsAMark) {
+    FillUiTextGerman();
+    ClearUiText();
+    for (const Entry& entry : Entries) {
+        EXPECT_EQ(uiText.*entry.field, std::u16string(u"???")) << entry.name;
+    }
+}
+
+TEST_F(UiTextTable, EachLanguageAssignsEveryEntry) {
+    for (void (*fill)() : {FillUiTextEnglish, FillUiTextGerman}) {
+        ClearUiText();
+        fill();
+        for (const Entry& entry : Entries) {
+            const std::u16string text = uiText.*entry.field;
+            EXPECT_NE(text, u"???") << entry.name;
+            EXPECT_NE(text, u"") << entry.name;
+        }
+    }
+}
+
+TEST_F(UiTextTable, BothLanguagesTakeTheSameArgumentsInTheSameOrder) {
+    FillUiTextEnglish();
+    const UiText english = uiText;
+    FillUiTextGerman();
+    for (const Entry& entry : Entries) {
+        const std::u16string specifiers = Specifiers(english.*entry.field);
+        EXPECT_EQ(specifiers, Specifiers(uiText.*entry.field)) << entry.name;
+        EXPECT_EQ(specifiers.find_first_not_of(u"scd"), std::u16string::npos) << entry.name;
+    }
+}
+
+TEST_F(UiTextTable, LinesEndInCarriageReturnAndLineFeed) {
+    for (void (*fill)() : {FillUiTextEnglish, FillUiTextGerman}) {
+        fill();
+        for (const Entry& entry : Entries) {
+            const std::u16string text = uiText.*entry.field;
+            for (size_t i = 0; i < text.size(); ++i) {
+                if (text[i] == u'\r') {
+                    EXPECT_EQ(text[i + 1], u'\n') << entry.name;
+                } else if (text[i] == u'\n') {
+                    EXPECT_TRUE(i > 0 && text[i - 1] == u'\r') << entry.name;
+                }
+            }
+        }
+    }
+}
+
+TEST_F(UiTextTable, EnglishWordingIsKeptWithItsSlips) {
+    FillUiTextEnglish();
+    EXPECT_EQ(uiText.TextErrInvalidInput, std::u16string(u"Invalid input \"%s\" !"));
+    EXPECT_EQ(uiText.TextErrCoefficientManyCharacters,
+              std::u16string(u"Coefficient \"%s\" has to many characters!"));
+    EXPECT_EQ(uiText.TextErrNumberManyPrimeFactors,
+              std::u16string(u"The number \"%s\" has to many prime factors or divisors!"));
+    EXPECT_EQ(uiText.TextErrNumberEquationVariablesBetween,
+              std::u16string(u"The number of equation variables has to be between 2 und %s!"));
+    EXPECT_EQ(uiText.TextFormulaFormulaComplicatedBecauseMany,
+              std::u16string(u"Formula is to complicated because to many parentheses are nested!"));
+    EXPECT_EQ(uiText.TextFormulaVariableCouldEvaluated,
+              std::u16string(u"The variable at character position %d could not evaluated!"));
+    EXPECT_EQ(uiText.TextFactorsD, std::u16string(u"D "));
+    EXPECT_EQ(uiText.TextVarStringValue, std::u16string(u"StringValue"));
+    EXPECT_EQ(uiText.TextCalcOutputBase, std::u16string(u"Output\r\nBase"));
+    EXPECT_EQ(uiText.TextPolyResult, std::u16string(u"Result \u2192 %s"));
+}
+
+TEST_F(UiTextTable, GermanWordingIsKept) {
+    FillUiTextGerman();
+    EXPECT_EQ(uiText.TextBtnClose, std::u16string(u"Schlie\u00DFen"));
+    EXPECT_EQ(uiText.TextErrInvalidInput, std::u16string(u"Ung\u00FCltige Eingabe \"%s\" !"));
+    EXPECT_EQ(uiText.TextAboutAbout, std::u16string(u"\u00DCber %s"));
+    EXPECT_EQ(uiText.TextAbout, std::u16string(u"\u00A9 %s %s"));
+    EXPECT_EQ(uiText.TextPolyClear, std::u16string(u"%s leeren"));
+    EXPECT_EQ(uiText.TextCalcCplx, std::u16string(u"kplx"));
+    EXPECT_EQ(uiText.TextErrStringBufferOverflow, std::u16string(u"Stringpuffer\u00FCberlauf!"));
+}
+
+TEST_F(UiTextTable, PagesMayWordTheSameThingDifferently) {
+    FillUiTextEnglish();
+    EXPECT_EQ(std::u16string(uiText.TextBtnStart), uiText.TextFactorsStart);
+    FillUiTextGerman();
+    EXPECT_EQ(uiText.TextBtnStart, std::u16string(u"Starten"));
+    EXPECT_EQ(uiText.TextFactorsStart, std::u16string(u"Start"));
+}
+
+TEST_F(UiTextTable, TheLongestMessageListsTheRulesForNames) {
+    FillUiTextEnglish();
+    EXPECT_EQ(uiText.TextErrVariableNameInvalidOnly,
+              std::u16string(u"The variable name \"%s\" is invalid. Only the following characters "
+                             u"are allowed:\r\n\r\n"
+                             u"\u2022Latin uppercase and lowercase letters\r\n"
+                             u"\u2022Greek uppercase and lowercase letters\r\n"
+                             u"\u2022Underscore \"_\"\r\n"
+                             u"\u2022Decimal digits from the second character\r\n\r\n"
+                             u"Furthermore the following names are reserved and may not be used as "
+                             u"variable names: \"e\", \"i\", \"\u03C0\", \"pi\", \"ans\""));
+}
+
+TEST_F(UiTextTable, InstallLanguageFillsTheTableAndNotesTheLanguage) {
+    InstallLanguage(LanguageGerman);
+    EXPECT_EQ(effectiveLanguage, LanguageGerman);
+    EXPECT_EQ(uiText.TextMenuExit, std::u16string(u"Beenden"));
+    InstallLanguage(LanguageEnglish);
+    EXPECT_EQ(effectiveLanguage, LanguageEnglish);
+    EXPECT_EQ(uiText.TextMenuExit, std::u16string(u"Exit"));
+}
+
+TEST(LanguageChoice, ASettingOtherThanAutomaticIsObeyedWhateverTheSystemSpeaks) {
+    for (uint32_t id : {0x0407u, 0x0409u, 0u}) {
+        EXPECT_EQ(ChooseLanguage(LanguageEnglish, id), LanguageEnglish);
+        EXPECT_EQ(ChooseLanguage(LanguageGerman, id), LanguageGerman);
+    }
+}
+
+TEST(LanguageChoice, AutomaticFollowsThePrimaryLanguageOfTheSystem) {
+    for (uint32_t id : {0x0007u, 0x0407u, 0x0807u, 0x0C07u, 0x1007u, 0x1407u}) {
+        EXPECT_EQ(ChooseLanguage(LanguageAutomatic, id), LanguageGerman) << std::hex << id;
+    }
+    for (uint32_t id : {0x0000u, 0x0409u, 0x040Cu, 0x0107u, 0x0307u, 0x000Fu, 0x0006u}) {
+        EXPECT_EQ(ChooseLanguage(LanguageAutomatic, id), LanguageEnglish) << std::hex << id;
+    }
+}
+
+TEST(LanguageChoice, TheValuesAreThoseOfTheSettingsFile) {
+    EXPECT_EQ(LanguageAutomatic, 1);
+    EXPECT_EQ(LanguageEnglish, 2);
+    EXPECT_EQ(LanguageGerman, 3);
+}
+
+}  // namespace
+}  // namespace tallymere
