@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 #include "core/wide_arithmetic.h"
@@ -44,21 +45,9 @@ inline constexpr auto BitDigits = [] {
     return table;
 }();
 
-/// floor(2^(64 + floor(log2 d)) / d) for a divisor d that is no power of two, by long division.
+/// floor(2^(64 + floor(log2 d)) / d) for a divisor d that is no power of two.
 constexpr uint64_t NormalisedReciprocal(uint64_t d) {
-    const int shift = HighestBit(d);
-    uint64_t remainder = uint64_t{1} << shift;
-    uint64_t quotient = 0;
-    for (int bit = 0; bit < 64; bit++) {
-        const bool wraps = (remainder >> 63) != 0;
-        remainder <<= 1;
-        quotient <<= 1;
-        if (wraps || remainder >= d) {
-            remainder -= d;
-            quotient |= 1;
-        }
-    }
-    return quotient;
+    return wide::Divide({uint64_t{1} << HighestBit(d), 0}, d);
 }
 
 struct PowerDivider {
@@ -79,7 +68,9 @@ inline constexpr auto PowerDividers = [] {
 }  // namespace limb_tables
 
 /// 10^k for 0 <= k <= 19; k = -1 may be read and is no number.
-constexpr Limb PowerOfTen(int64_t k) { return limb_tables::PowersOfTen[static_cast<size_t>(k + 1)]; }
+constexpr Limb PowerOfTen(int64_t k) {
+    return limb_tables::PowersOfTen[static_cast<size_t>(k + 1)];
+}
 
 /// floor(2^(64 + floor(log2 10^k)) / 10^k) for 1 <= k <= 19.
 constexpr uint64_t DivisionReciprocal(int64_t k) {
@@ -121,8 +112,8 @@ constexpr LimbQuotient DivideByPowerOfTen(uint64_t v, int64_t k) {
 constexpr LimbQuotient DivideByLimbBase(Wide value) {
     constexpr uint64_t reciprocal = limb_tables::PowerDividers[DigitsPerLimb].reciprocal;
     // high * reciprocal + high word of (low * reciprocal), as a 128-bit value, shifted right by 63.
-    const Wide estimate = wide::Add(wide::Multiply(reciprocal, value.high),
-                                    {0, MultiplyHigh(reciprocal, value.low)});
+    const Wide estimate =
+        wide::Add(wide::Multiply(reciprocal, value.high), {0, MultiplyHigh(reciprocal, value.low)});
     uint64_t quotient = (estimate.high << 1) | (estimate.low >> 63);
     Wide remainder = wide::Subtract(value, wide::Multiply(quotient, LimbBase));
     while (AtLeast(remainder, {0, LimbBase})) {

@@ -11,8 +11,9 @@
 
 namespace tallymere {
 
-/// Shifts right by 0 <= k <= 19 digits, zeros coming in at the top. Returns the digits that fall off
-/// the bottom, with the top digits of `guard` behind them. The first limb may be any 64-bit value.
+/// Shifts right by 0 <= k <= 19 digits, zeros coming in at the top. Returns the digits that fall
+/// off the bottom, with the top digits of `guard` behind them. The first limb may be any 64-bit
+/// value.
 Limb LimbsShiftRightDigits(Limb* dest, const Limb* src, int64_t m, int64_t k, Limb guard);
 
 /// Shifts left by 0 <= k <= 19 digits, filling from the top of `guard`; digits that leave at the

@@ -106,7 +106,7 @@ bool SetRealPrecision(int64_t p);
 
 /// Puts the layout that it found back at the end of its life.
 class RealLayoutScope {
-  public:
+public:
     RealLayoutScope() : saved_(CurrentRealLayout()) {}
     ~RealLayoutScope() { InstallRealLayout(saved_); }
     RealLayoutScope(const RealLayoutScope&) = delete;
@@ -114,7 +114,7 @@ class RealLayoutScope {
 
     const RealLayout& Saved() const { return saved_; }
 
-  private:
+private:
     RealLayout saved_;
 };
 

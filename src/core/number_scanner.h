@@ -10,20 +10,20 @@ inline constexpr int64_t TextUntilZero = -1;
 
 struct NumberScanner {
     const char16_t* text;
-    bool allowGroups;   ///< group separators may stand between digits
-    bool neutral;       ///< "." and "'" instead of the context's separators
-    int64_t length;     ///< characters of text, already counted
-    int64_t position;   ///< 0-based index of the next character
-    int64_t radix;      ///< 2, 8, 10 or 16
+    bool allowGroups;  ///< group separators may stand between digits
+    bool neutral;      ///< "." and "'" instead of the context's separators
+    int64_t length;    ///< characters of text, already counted
+    int64_t position;  ///< 0-based index of the next character
+    int64_t radix;     ///< 2, 8, 10 or 16
 };
 
 enum NumberTokenKind : uint32_t {
     NumberTokenEnd = 0,
     NumberTokenOther = 1,
-    NumberTokenDigits = 100,         ///< integer digits
-    NumberTokenFraction = 101,       ///< digits with a decimal separator among them
-    NumberTokenExponent = 112,       ///< an exponent mark; sign and digits follow
-    NumberTokenImaginary = 113,      ///< the imaginary unit alone
+    NumberTokenDigits = 100,     ///< integer digits
+    NumberTokenFraction = 101,   ///< digits with a decimal separator among them
+    NumberTokenExponent = 112,   ///< an exponent mark; sign and digits follow
+    NumberTokenImaginary = 113,  ///< the imaginary unit alone
     NumberTokenPlus = 600,
     NumberTokenMinus = 601,
     NumberTokenInfinity = 701,

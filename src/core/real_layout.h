@@ -1,8 +1,8 @@
 // Moving numbers between layouts, and running operations at guard digits.
 //
 // An operation that needs more than p digits widens the context for its duration: g more digits
-// become g / 19 more limbs and the rest in the first limb. Its operands are widened, it runs, and the
-// result is narrowed again, the digits below the old precision coming out as the guard limb.
+// become g / 19 more limbs and the rest in the first limb. Its operands are widened, it runs, and
+// the result is narrowed again, the digits below the old precision coming out as the guard limb.
 #pragma once
 
 #include "core/real_number.h"
@@ -34,8 +34,8 @@ Limb WithGuardDigitsUnary(RealNumber* dest, const RealNumber* x, int64_t g, Real
 Limb WithGuardDigitsBinary(RealNumber* dest, const RealNumber* a, const RealNumber* b, int64_t g,
                            RealBinaryFunction f);
 
-/// Writes src, a number of layout `source`, to dest in the current layout; raw. dest must not be src
-/// unless the layouts are equal.
+/// Writes src, a number of layout `source`, to dest in the current layout; raw. dest must not be
+/// src unless the layouts are equal.
 Limb RealConvertLayout(RealNumber* dest, const RealNumber* src, RealLayout source);
 
 /// Writes src, a number of sourceDigits digits, to dest with `digits` digits, rounded; dest must

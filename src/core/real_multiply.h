@@ -6,9 +6,9 @@
 namespace tallymere {
 
 /// The n limbs of the mantissa product a * b in normal form, n = realLimbs, both operands in normal
-/// form; the digit below them goes to *guard. Returns 1 if the product had to be moved up one digit,
-/// else 0. The product is short: with a brought to a full first limb, limb products that lie wholly
-/// below column n + 1 are left out. product may be a or b.
+/// form; the digit below them goes to *guard. Returns 1 if the product had to be moved up one
+/// digit, else 0. The product is short: with a brought to a full first limb, limb products that lie
+/// wholly below column n + 1 are left out. product may be a or b.
 int LimbsMultiply(int64_t n, Limb* product, Limb* guard, const Limb* a, const Limb* b);
 
 /// dest = a * b; raw. Zero times infinity gives NaN and code 203.

@@ -6,11 +6,11 @@
 // the value is +-M * 10^(exponent - p + 1).
 //
 // Normal form: in a finite non-zero number the first limb has exactly t = topLimbDigits digits, so
-// 10^(t-1) <= first limb < 10^t, and every other limb is below 10^19. Precision is thus exact to the
-// digit, not to the limb.
+// 10^(t-1) <= first limb < 10^t, and every other limb is below 10^19. Precision is thus exact to
+// the digit, not to the limb.
 //
-// Special values have the exponent field SpecialExponent; the first limb says which, all other limbs
-// are 0. Zero and infinity keep a sign, the sign of NaN is always cleared.
+// Special values have the exponent field SpecialExponent; the first limb says which, all other
+// limbs are 0. Zero and infinity keep a sign, the sign of NaN is always cleared.
 //
 // A record has no length of its own and is only meaningful under the layout it was written in. Its
 // memory is the caller's: RealWords() words anywhere. In all operations the destination comes first
@@ -41,13 +41,21 @@ inline constexpr int64_t SpecialExponent = -(int64_t{1} << 62);
 enum SpecialMark : Limb { MarkZero = 0, MarkInfinity = 1, MarkNaN = 2 };
 
 /// Words of one record in the current layout.
-inline int64_t RealWords() { return numberContext.realLimbs + 1; }
+inline int64_t RealWords() {
+    return numberContext.realLimbs + 1;
+}
 
-inline Limb* RealLimbs(RealNumber* x) { return &x->header + 1; }
-inline const Limb* RealLimbs(const RealNumber* x) { return &x->header + 1; }
+inline Limb* RealLimbs(RealNumber* x) {
+    return &x->header + 1;
+}
+inline const Limb* RealLimbs(const RealNumber* x) {
+    return &x->header + 1;
+}
 
 /// The record that lies in `words`.
-inline RealNumber* RealAt(uint64_t* words) { return reinterpret_cast<RealNumber*>(words); }
+inline RealNumber* RealAt(uint64_t* words) {
+    return reinterpret_cast<RealNumber*>(words);
+}
 inline const RealNumber* RealAt(const uint64_t* words) {
     return reinterpret_cast<const RealNumber*>(words);
 }
@@ -56,19 +64,27 @@ constexpr uint64_t MakeHeader(int64_t exponent, uint64_t sign) {
     return (static_cast<uint64_t>(exponent) << 1) | sign;
 }
 
-inline int64_t RealExponent(const RealNumber* x) { return static_cast<int64_t>(x->header) >> 1; }
+inline int64_t RealExponent(const RealNumber* x) {
+    return static_cast<int64_t>(x->header) >> 1;
+}
 
 /// 0 for positive, 1 for negative.
-inline uint64_t RealSign(const RealNumber* x) { return x->header & 1; }
+inline uint64_t RealSign(const RealNumber* x) {
+    return x->header & 1;
+}
 
-inline bool RealIsSpecial(const RealNumber* x) { return RealExponent(x) == SpecialExponent; }
+inline bool RealIsSpecial(const RealNumber* x) {
+    return RealExponent(x) == SpecialExponent;
+}
 inline bool RealIsZero(const RealNumber* x) {
     return RealIsSpecial(x) && RealLimbs(x)[0] == MarkZero;
 }
 inline bool RealIsInfinite(const RealNumber* x) {
     return RealIsSpecial(x) && RealLimbs(x)[0] == MarkInfinity;
 }
-inline bool RealIsNaN(const RealNumber* x) { return RealIsSpecial(x) && RealLimbs(x)[0] == MarkNaN; }
+inline bool RealIsNaN(const RealNumber* x) {
+    return RealIsSpecial(x) && RealLimbs(x)[0] == MarkNaN;
+}
 
 /// True when the record is in normal form in the current layout.
 bool RealIsWellFormed(const RealNumber* x);

@@ -5,9 +5,9 @@
 
 namespace tallymere {
 
-/// Rounds half up in magnitude by the guard limb alone: ties go away from zero. Special values stay,
-/// and so does everything under noRounding. A carry out of the leading digit raises the exponent; at
-/// the top of the range it makes an infinity (code 200 if reportOverflow).
+/// Rounds half up in magnitude by the guard limb alone: ties go away from zero. Special values
+/// stay, and so does everything under noRounding. A carry out of the leading digit raises the
+/// exponent; at the top of the range it makes an infinity (code 200 if reportOverflow).
 void RealRound(RealNumber* x, Limb guard);
 
 /// Rounds a finite non-zero x to d significant digits, d > 0; d >= p copies. Looks only at the limb

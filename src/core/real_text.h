@@ -10,9 +10,9 @@ namespace tallymere {
 
 /// dest = the number that the text denotes; raw. `length` may be TextUntilZero; spaces at both ends
 /// are passed over. The guard limb holds the first digit that did not fit and nothing below it, so
-/// rounding goes by that digit alone. Sets 301 and NaN where the text is no number, 100 and NaN for a
-/// base other than 0 and 10; an exponent out of range gives an infinity (200 if reportOverflow) or a
-/// zero (201 if reportUnderflow).
+/// rounding goes by that digit alone. Sets 301 and NaN where the text is no number, 100 and NaN for
+/// a base other than 0 and 10; an exponent out of range gives an infinity (200 if reportOverflow)
+/// or a zero (201 if reportUnderflow).
 Limb RealFromText(RealNumber* dest, const char16_t* text, int64_t length, uint32_t flags);
 
 /// Appends x to the writer; an overflow shows in the writer's position. A record outside the normal

@@ -29,7 +29,7 @@ constexpr bool CheckedScratch = false;
 constexpr int64_t GapWords = 0;
 #endif
 
-constexpr uint64_t JunkWord = 0xF00DFACEF00DFACEu;
+[[maybe_unused]] constexpr uint64_t JunkWord = 0xF00DFACEF00DFACEu;
 
 void Forbid([[maybe_unused]] const uint64_t* start, [[maybe_unused]] const uint64_t* end) {
 #ifdef TALLYMERE_ADDRESS_SANITIZER
@@ -122,6 +122,8 @@ void DestroyScratchStack() {
     scratchStack.top = nullptr;
 }
 
-ScratchArea& CurrentScratchStack() { return scratchStack.area; }
+ScratchArea& CurrentScratchStack() {
+    return scratchStack.area;
+}
 
 }  // namespace tallymere

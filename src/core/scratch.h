@@ -16,7 +16,8 @@ namespace tallymere {
 
 inline constexpr int64_t BytesPerWord = 8;
 
-/// A bump area of 64-bit words: base <= *top <= end. The bump pointer lies where its owner keeps it.
+/// A bump area of 64-bit words: base <= *top <= end. The bump pointer lies where its owner keeps
+/// it.
 struct ScratchArea {
     uint64_t* base;
     uint64_t* end;
@@ -33,7 +34,7 @@ void ScratchRelease(ScratchArea& area, uint64_t* mark);
 
 /// The scope of one routine on an area: takes words and gives all of them back at its end.
 class ScratchScope {
-  public:
+public:
     explicit ScratchScope(ScratchArea& area) : area_(area), mark_(*area.top) {}
     ~ScratchScope() { ScratchRelease(area_, mark_); }
     ScratchScope(const ScratchScope&) = delete;
@@ -41,7 +42,7 @@ class ScratchScope {
 
     uint64_t* Take(int64_t words) { return ScratchTake(area_, words); }
 
-  private:
+private:
     ScratchArea& area_;
     uint64_t* mark_;
 };
@@ -54,7 +55,7 @@ extern ScratchArea coreScratch;
 
 /// The scope of one core routine on CoreScratch.
 class CoreScratchScope : public ScratchScope {
-  public:
+public:
     CoreScratchScope() : ScratchScope(coreScratch) {}
 };
 
@@ -73,7 +74,7 @@ ScratchArea& CurrentScratchStack();
 
 /// The scope of one routine on the calling thread's ScratchStack.
 class ScratchStackScope : public ScratchScope {
-  public:
+public:
     ScratchStackScope() : ScratchScope(CurrentScratchStack()) {}
 };
 

@@ -14,7 +14,9 @@ struct TextWriter {
 };
 
 /// True when something did not fit.
-inline bool WriterOverflowed(const TextWriter& writer) { return writer.position > writer.capacity; }
+inline bool WriterOverflowed(const TextWriter& writer) {
+    return writer.position > writer.capacity;
+}
 
 /// Appends one character.
 void WriteChar(TextWriter& writer, char16_t c);

@@ -50,6 +50,22 @@ constexpr void Accumulate(uint64_t& overflow, Wide& sum, Wide value) {
     sum = next;
 }
 
+/// The quotient of a 128-bit value by d, for value.high < d.
+constexpr uint64_t Divide(Wide value, uint64_t d) {
+    uint64_t remainder = value.high;
+    uint64_t quotient = 0;
+    for (int bit = 63; bit >= 0; bit--) {
+        const bool wraps = (remainder >> 63) != 0;
+        remainder = (remainder << 1) | ((value.low >> bit) & 1);
+        quotient <<= 1;
+        if (wraps || remainder >= d) {
+            remainder -= d;
+            quotient |= 1;
+        }
+    }
+    return quotient;
+}
+
 }  // namespace wide_portable
 
 #ifdef __SIZEOF_INT128__
@@ -58,18 +74,30 @@ namespace wide_native {
 
 __extension__ typedef unsigned __int128 Word128;
 
-constexpr Word128 Join(Wide a) { return (Word128{a.high} << 64) | a.low; }
+constexpr Word128 Join(Wide a) {
+    return (Word128{a.high} << 64) | a.low;
+}
 constexpr Wide Split(Word128 a) {
     return {static_cast<uint64_t>(a >> 64), static_cast<uint64_t>(a)};
 }
 
-constexpr Wide Multiply(uint64_t x, uint64_t y) { return Split(Word128{x} * y); }
-constexpr Wide Add(Wide a, Wide b) { return Split(Join(a) + Join(b)); }
-constexpr Wide Subtract(Wide a, Wide b) { return Split(Join(a) - Join(b)); }
+constexpr Wide Multiply(uint64_t x, uint64_t y) {
+    return Split(Word128{x} * y);
+}
+constexpr Wide Add(Wide a, Wide b) {
+    return Split(Join(a) + Join(b));
+}
+constexpr Wide Subtract(Wide a, Wide b) {
+    return Split(Join(a) - Join(b));
+}
 constexpr void Accumulate(uint64_t& overflow, Wide& sum, Wide value) {
     const Word128 next = Join(sum) + Join(value);
     overflow += next < Join(value) ? 1u : 0u;
     sum = Split(next);
+}
+
+constexpr uint64_t Divide(Wide value, uint64_t d) {
+    return static_cast<uint64_t>(Join(value) / d);
 }
 
 }  // namespace wide_native
@@ -80,7 +108,9 @@ namespace wide = wide_portable;
 #endif
 
 /// The high word of x * y.
-constexpr uint64_t MultiplyHigh(uint64_t x, uint64_t y) { return wide::Multiply(x, y).high; }
+constexpr uint64_t MultiplyHigh(uint64_t x, uint64_t y) {
+    return wide::Multiply(x, y).high;
+}
 
 /// True when a >= b, as 128-bit values.
 constexpr bool AtLeast(Wide a, Wide b) {
@@ -88,6 +118,8 @@ constexpr bool AtLeast(Wide a, Wide b) {
 }
 
 /// Index 0 to 63 of the highest set bit of v, which must not be 0.
-constexpr int HighestBit(uint64_t v) { return 63 - std::countl_zero(v); }
+constexpr int HighestBit(uint64_t v) {
+    return 63 - std::countl_zero(v);
+}
 
 }  // namespace tallymere

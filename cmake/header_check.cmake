@@ -1,0 +1,15 @@
+# add_header_check(TARGET HEADER ...): compiles every header alone, so that none of them leans on
+# what another file happens to include before it. Headers are absolute paths below src/.
+function(add_header_check target)
+  set(sources)
+  foreach(header ${ARGN})
+    file(RELATIVE_PATH name ${PROJECT_SOURCE_DIR}/src ${header})
+    set(source ${PROJECT_BINARY_DIR}/header_check/${name}.cpp)
+    file(GENERATE OUTPUT ${source} CONTENT "#include \"${name}\"\n")
+    list(APPEND sources ${source})
+  endforeach()
+  add_library(${target} OBJECT ${sources})
+  target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${target} PRIVATE tallymere_product_options)
+  target_compile_options(${target} PRIVATE -O0)
+endfunction()

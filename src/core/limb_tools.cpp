@@ -1,0 +1,134 @@
+#include "core/limb_tools.h"
+
+#include <cstring>
+
+#include "core/number_context.h"
+
+namespace tallymere {
+
+namespace {
+
+constexpr int64_t FarthestShift = int64_t{1} << 31;
+
+}  // namespace
+
+void LimbsClear(Limb* dest, int64_t n) {
+    std::memset(dest, 0, static_cast<size_t>(n) * sizeof(Limb));
+}
+
+void LimbsCopy(Limb* dest, const Limb* src, int64_t n) {
+    std::memmove(dest, src, static_cast<size_t>(n) * sizeof(Limb));
+}
+
+bool LimbsAreZero(const Limb* limbs, int64_t n) {
+    for (int64_t i = 0; i < n; i++) {
+        if (limbs[i] != 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
+int LimbsCompare(const Limb* a, const Limb* b, int64_t n) {
+    for (int64_t i = 0; i < n; i++) {
+        if (a[i] != b[i]) {
+            return a[i] < b[i] ? -1 : 1;
+        }
+    }
+    return 0;
+}
+
+Limb LimbsShiftRightDigits(Limb* dest, const Limb* src, int64_t m, int64_t k, Limb guard) {
+    if (k == 0) {
+        LimbsCopy(dest, src, m);
+        return guard;
+    }
+    const Limb scale = PowerOfTen(DigitsPerLimb - k);
+    Limb fallen = 0;
+    for (int64_t i = 0; i < m; i++) {
+        const LimbQuotient parts = DivideByPowerOfTen(src[i], k);
+        dest[i] = fallen * scale + parts.quotient;
+        fallen = parts.remainder;
+    }
+    return fallen * scale + DivideByPowerOfTen(guard, k).quotient;
+}
+
+Limb LimbsShiftLeftDigits(Limb* dest, const Limb* src, int64_t m, int64_t k, Limb guard) {
+    if (k == 0) {
+        LimbsCopy(dest, src, m);
+        return guard;
+    }
+    const Limb scale = PowerOfTen(k);
+    const int64_t kept = DigitsPerLimb - k;
+    Limb upper = DivideByPowerOfTen(src[0], kept).remainder;
+    for (int64_t i = 0; i < m; i++) {
+        const LimbQuotient next = DivideByPowerOfTen(i + 1 < m ? src[i + 1] : guard, kept);
+        dest[i] = upper * scale + next.quotient;
+        upper = next.remainder;
+    }
+    return upper * scale;
+}
+
+Limb LimbsShiftRightFar(Limb* dest, const Limb* src, int64_t m, int64_t k) {
+    const int64_t whole = k / DigitsPerLimb;
+    if (k >= FarthestShift || whole > m) {
+        LimbsClear(dest, m);
+        return 0;
+    }
+    const Limb guard = whole > 0 ? src[m - whole] : 0;
+    LimbsCopy(dest + whole, src, m - whole);
+    LimbsClear(dest, whole);
+    return LimbsShiftRightDigits(dest, dest, m, k % DigitsPerLimb, guard);
+}
+
+Limb LimbsShiftLeftFar(Limb* dest, const Limb* src, int64_t m, int64_t k, Limb guard) {
+    const int64_t whole = k / DigitsPerLimb;
+    if (whole == 0) {
+        return LimbsShiftLeftDigits(dest, src, m, k, guard);
+    }
+    if (whole > m) {
+        LimbsClear(dest, m);
+        return 0;
+    }
+    LimbsCopy(dest, src + whole, m - whole);
+    dest[m - whole] = guard;
+    LimbsClear(dest + (m - whole) + 1, whole - 1);
+    return LimbsShiftLeftDigits(dest, dest, m, k % DigitsPerLimb, 0);
+}
+
+Limb LimbsNormalise(Limb* dest, const Limb* src, int64_t m, int64_t* count, Limb guard) {
+    int64_t first = 0;
+    while (first < m && src[first] == 0) {
+        first++;
+    }
+    const Limb leading = first < m ? src[first] : guard;
+    if (leading == 0) {
+        LimbsClear(dest, m);
+        *count = 0;
+        return 0;
+    }
+    const int64_t shift = DigitsPerLimb * first + numberContext.topLimbDigits - DigitCount(leading);
+    *count = shift;
+    if (shift < 0) {
+        return LimbsShiftRightDigits(dest, src, m, -shift, guard);
+    }
+    return LimbsShiftLeftFar(dest, src, m, shift, guard);
+}
+
+Limb LimbsAdd(Limb* dest, const Limb* a, const Limb* b, int64_t n) {
+    Limb carry = 0;
+    for (int64_t i = n - 1; i >= 0; i--) {
+        dest[i] = AddLimbs(a[i], b[i], carry);
+    }
+    return carry;
+}
+
+Limb LimbsSubtract(Limb* dest, const Limb* a, const Limb* b, int64_t n, Limb guard) {
+    Limb borrow = guard != 0 ? 1 : 0;
+    for (int64_t i = n - 1; i >= 0; i--) {
+        dest[i] = SubtractLimbs(a[i], b[i], borrow);
+    }
+    return guard != 0 ? LimbBase - guard : 0;
+}
+
+}  // namespace tallymere

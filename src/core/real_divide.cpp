@@ -1,0 +1,205 @@
+#include "core/real_divide.h"
+
+#include <array>
+
+#include "core/limb_tools.h"
+#include "core/real_add.h"
+#include "core/real_integer.h"
+#include "core/real_layout.h"
+#include "core/real_multiply.h"
+#include "core/real_rounding.h"
+#include "core/scratch.h"
+
+namespace tallymere {
+
+namespace {
+
+constexpr uint64_t LargestTableDivisor = 2000;
+
+// The decimal digits that a double seed is sure to hold.
+constexpr int64_t SeedDigits = 15;
+
+constexpr int64_t ReciprocalGuardDigits = 2;
+constexpr int64_t QuotientGuardDigits = 3;
+
+constexpr uint64_t ComputeReciprocal(uint64_t d) {
+    return (d & (d - 1)) == 0 ? PowerOfTwoReciprocal : limb_tables::NormalisedReciprocal(d);
+}
+
+// DivisorReciprocal for the divisors that formulas are full of; entry 0 is unused.
+constexpr auto SmallReciprocal = [] {
+    std::array<uint64_t, LargestTableDivisor + 1> table{};
+    for (uint64_t d = 1; d < table.size(); d++) {
+        table[d] = ComputeReciprocal(d);
+    }
+    return table;
+}();
+
+void SetQuotientByZero(RealNumber* dest, uint64_t sign) {
+    RealSetInfinity(dest, sign);
+    if (numberContext.reportOverflow != 0) {
+        SetCalcError(CalcErrorOverflow);
+    }
+}
+
+// About 1 / x for a mantissa x in [1, 10), good to SeedDigits digits.
+void SeedReciprocal(RealNumber* dest, const Limb* mantissa) {
+    const double leading = static_cast<double>(RealLeadingDigits(mantissa, DigitsPerLimb));
+    const double quotient = 1e37 / leading;
+    uint64_t seed = static_cast<uint64_t>(quotient);
+    int64_t exponent = -1;
+    if (seed < PowerOfTen(18)) {
+        seed = PowerOfTen(18);
+    } else if (seed >= LimbBase) {
+        seed = PowerOfTen(18);
+        exponent = 0;
+    }
+    RealSetLeading(RealLimbs(dest), seed);
+    dest->header = MakeHeader(exponent, 0);
+}
+
+}  // namespace
+
+uint64_t DivisorReciprocal(uint64_t d) {
+    return d <= LargestTableDivisor ? SmallReciprocal[d] : ComputeReciprocal(d);
+}
+
+uint64_t Divide128(uint64_t* remainder, uint64_t high, uint64_t low, uint64_t d,
+                   uint64_t reciprocal) {
+    const int shift = HighestBit(d);
+    if (reciprocal == PowerOfTwoReciprocal) {
+        *remainder = low & (d - 1);
+        return shift == 0 ? low : (high << (64 - shift)) | (low >> shift);
+    }
+    const Wide estimate =
+        wide::Add(wide::Multiply(reciprocal, high), {0, MultiplyHigh(reciprocal, low)});
+    uint64_t quotient = (estimate.high << (64 - shift)) | (estimate.low >> shift);
+    Wide rest = wide::Subtract({high, low}, wide::Multiply(quotient, d));
+    while (AtLeast(rest, {0, d})) {
+        rest = wide::Subtract(rest, {0, d});
+        quotient++;
+    }
+    *remainder = rest.low;
+    return quotient;
+}
+
+Limb RealDivUint(RealNumber* dest, const RealNumber* x, uint64_t d, uint64_t reciprocal) {
+    const uint64_t sign = RealSign(x);
+    if (RealIsNaN(x)) {
+        RealSetNaN(dest);
+        return 0;
+    }
+    if (d == 0) {
+        if (RealIsZero(x)) {
+            RealSetNaN(dest, CalcErrorUndefined);
+        } else {
+            SetQuotientByZero(dest, sign);
+        }
+        return 0;
+    }
+    if (RealIsSpecial(x)) {
+        RealCopy(dest, x);
+        return 0;
+    }
+    if (reciprocal == 0) {
+        reciprocal = DivisorReciprocal(d);
+    }
+    const int64_t n = numberContext.realLimbs;
+    const int64_t exponent = RealExponent(x);
+    const Limb* from = RealLimbs(x);
+    Limb* to = RealLimbs(dest);
+    // A first limb below d is the first remainder, so that no quotient digits are lost; the
+    // quotient then begins one limb later.
+    const int64_t skipped = from[0] < d ? 1 : 0;
+    uint64_t remainder = skipped != 0 ? from[0] : 0;
+    const auto nextLimb = [&](Limb limb) {
+        const Wide value = wide::Add(wide::Multiply(remainder, LimbBase), {0, limb});
+        return Divide128(&remainder, value.high, value.low, d, reciprocal);
+    };
+    for (int64_t i = skipped; i < n; i++) {
+        to[i - skipped] = nextLimb(from[i]);
+    }
+    if (skipped != 0) {
+        to[n - 1] = nextLimb(0);
+    }
+    Limb guard = nextLimb(0);
+    const int64_t shift = numberContext.topLimbDigits - DigitCount(to[0]);
+    if (shift >= 0) {
+        guard = LimbsShiftLeftDigits(to, to, n, shift, guard);
+    } else {
+        guard = LimbsShiftRightDigits(to, to, n, -shift, guard);
+    }
+    RealSetExponentAndSign(dest, exponent - shift - skipped * DigitsPerLimb, sign);
+    return guard;
+}
+
+Limb RealReciprocalRaw(RealNumber* dest, const RealNumber* x) {
+    const int64_t p = numberContext.precisionDigits;
+    const int64_t words = RealWords();
+    const int64_t exponent = RealExponent(x);
+    const uint64_t sign = RealSign(x);
+    CoreScratchScope scratch;
+    RealNumber* mantissa = RealAt(scratch.Take(words));
+    RealNumber* w = RealAt(scratch.Take(words));
+    RealNumber* two = RealAt(scratch.Take(words));
+    RealCopy(mantissa, x);
+    mantissa->header = MakeHeader(0, 0);
+    RealFromUint(two, 2);
+    SeedReciprocal(dest, RealLimbs(mantissa));
+    Limb guard = 0;
+    int64_t goodDigits = SeedDigits;
+    do {
+        RealMulRaw(w, mantissa, dest);
+        RealAddRaw(w, two, w, true);
+        guard = RealMulRaw(dest, dest, w);
+        goodDigits *= 2;
+    } while (goodDigits < p);
+    RealSetExponentAndSign(dest, RealExponent(dest) - exponent, sign);
+    return guard;
+}
+
+Limb RealReciprocalAny(RealNumber* dest, const RealNumber* x) {
+    if (!RealIsSpecial(x)) {
+        return RealReciprocalRaw(dest, x);
+    }
+    if (RealIsNaN(x)) {
+        RealSetNaN(dest);
+    } else if (RealIsZero(x)) {
+        SetQuotientByZero(dest, RealSign(x));
+    } else {
+        RealSetZero(dest, RealSign(x));
+    }
+    return 0;
+}
+
+void RealReciprocal(RealNumber* dest, const RealNumber* x) {
+    RealRound(dest, WithGuardDigitsUnary(dest, x, ReciprocalGuardDigits, RealReciprocalAny));
+}
+
+Limb RealDivRaw(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
+    const uint64_t sign = RealSign(a) ^ RealSign(b);
+    if (!RealIsSpecial(a) && !RealIsSpecial(b)) {
+        CoreScratchScope scratch;
+        RealNumber* reciprocal = RealAt(scratch.Take(RealWords()));
+        RealReciprocalRaw(reciprocal, b);
+        return RealMulRaw(dest, a, reciprocal);
+    }
+    if (RealIsNaN(a) || RealIsNaN(b)) {
+        RealSetNaN(dest);
+    } else if ((RealIsInfinite(a) && RealIsInfinite(b)) || (RealIsZero(a) && RealIsZero(b))) {
+        RealSetNaN(dest, CalcErrorUndefined);
+    } else if (RealIsInfinite(a)) {
+        RealSetInfinity(dest, sign);
+    } else if (RealIsZero(a) || RealIsInfinite(b)) {
+        RealSetZero(dest, sign);
+    } else {
+        SetQuotientByZero(dest, sign);
+    }
+    return 0;
+}
+
+void RealDiv(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
+    RealRound(dest, WithGuardDigitsBinary(dest, a, b, QuotientGuardDigits, RealDivRaw));
+}
+
+}  // namespace tallymere

@@ -1,0 +1,97 @@
+#include "core/real_number.h"
+
+#include "core/limb_tools.h"
+
+namespace tallymere {
+
+namespace {
+
+void SetSpecial(RealNumber* dest, SpecialMark mark, uint64_t sign) {
+    dest->header = MakeHeader(SpecialExponent, sign);
+    LimbsClear(RealLimbs(dest), numberContext.realLimbs);
+    RealLimbs(dest)[0] = mark;
+}
+
+}  // namespace
+
+bool RealIsWellFormed(const RealNumber* x) {
+    const int64_t n = numberContext.realLimbs;
+    const Limb* limbs = RealLimbs(x);
+    if (RealIsSpecial(x)) {
+        return limbs[0] <= MarkNaN && LimbsAreZero(limbs + 1, n - 1) &&
+               !(limbs[0] == MarkNaN && RealSign(x) != 0);
+    }
+    const int64_t t = numberContext.topLimbDigits;
+    if (limbs[0] < PowerOfTen(t - 1) || limbs[0] >= PowerOfTen(t)) {
+        return false;
+    }
+    for (int64_t i = 1; i < n; i++) {
+        if (limbs[i] >= LimbBase) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void RealSetZero(RealNumber* dest, uint64_t sign) {
+    SetSpecial(dest, MarkZero, sign);
+}
+
+void RealSetInfinity(RealNumber* dest, uint64_t sign) {
+    SetSpecial(dest, MarkInfinity, sign);
+}
+
+void RealSetNaN(RealNumber* dest) {
+    SetSpecial(dest, MarkNaN, 0);
+}
+
+void RealSetNaN(RealNumber* dest, CalcError code) {
+    SetCalcError(code);
+    RealSetNaN(dest);
+}
+
+void RealSetOne(RealNumber* dest) {
+    dest->header = MakeHeader(0, 0);
+    LimbsClear(RealLimbs(dest), numberContext.realLimbs);
+    RealLimbs(dest)[0] = PowerOfTen(numberContext.topLimbDigits - 1);
+}
+
+void RealSetSign(RealNumber* x, uint64_t sign) {
+    x->header = (x->header & ~uint64_t{1}) | sign;
+}
+
+void RealNegate(RealNumber* x) {
+    if (!RealIsNaN(x)) {
+        x->header ^= 1;
+    }
+}
+
+void RealCopy(RealNumber* dest, const RealNumber* src) {
+    dest->header = src->header;
+    LimbsCopy(RealLimbs(dest), RealLimbs(src), numberContext.realLimbs);
+}
+
+bool RealSetExponent(RealNumber* x, int64_t exponent) {
+    return RealSetExponentAndSign(x, exponent, RealSign(x));
+}
+
+bool RealSetExponentAndSign(RealNumber* x, int64_t exponent, uint64_t sign) {
+    if (exponent > MaxExponent) {
+        RealSetInfinity(x, sign);
+        if (numberContext.reportOverflow != 0) {
+            SetCalcError(CalcErrorOverflow);
+        }
+        return false;
+    }
+    if (exponent < MinExponent) {
+        RealSetZero(x, sign);
+        if (numberContext.reportUnderflow != 0) {
+            SetCalcError(CalcErrorUnderflow);
+        }
+        return false;
+    }
+    x->header = MakeHeader(exponent, sign);
+    return true;
+}
+
+}  // namespace tallymere

@@ -1,0 +1,166 @@
+#!/usr/bin/env python3
+"""Checks that includes keep to the layers of the source tree.
+
+usage: tools/check_layers.py [ROOT]
+
+  - a file of src/ includes files of its own folder or of lower layers, never of a higher layer or
+    of a neighbour
+  - no file reaches itself through its includes
+  - a project file is included in quotes, by its path from src/ (from tests/ in tests)
+  - only files in toolkit/ or in a folder named windows/ include headers of Windows
+
+Prints one line for each finding, file and line first, and exits with 1 if there is any.
+"""
+
+import re
+import sys
+from pathlib import Path
+
+# Lowest first. Folders on one line are neighbours: neither includes the other.
+LAYERS = [
+    ["core"],
+    ["functions", "exact"],
+    ["formula"],
+    ["numtheory", "algebra"],
+    ["shell"],
+    ["calculator"],
+    ["toolkit"],
+    ["shell/windows"],
+    ["numtheory/windows", "algebra/windows", "calculator/windows"],
+]
+LEVEL = {folder: level for level, folders in enumerate(LAYERS) for folder in folders}
+
+# Files that stand at the top of core/ because they need the layer above it: they may include
+# functions/ and exact/, and in return nothing else in core/ includes them. Paths without suffix.
+TOP_OF_CORE = set()
+
+# Other exceptions, each with its reason: (including folder, included folder).
+ALLOWED = set()
+
+SOURCE_SUFFIXES = {".h", ".cpp"}
+INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
+WINDOWS_HEADER = re.compile(
+    r"(windows|windowsx|win(base|def|gdi|nls|nt|ternl|user)|comm(ctrl|dlg)|shellapi|shlobj|"
+    r"shlwapi|uxtheme|richedit|process|tchar)\.h", re.IGNORECASE)
+
+
+def source_files(root):
+    """All sources of the project, as paths relative to root, in a fixed order."""
+    return sorted(
+        path.relative_to(root)
+        for top in ("src", "console", "tests", "bench")
+        for path in (root / top).rglob("*")
+        if path.suffix in SOURCE_SUFFIXES)
+
+
+def includes_of(path):
+    """(line number, opening quote or bracket, name) of every include in a file."""
+    with open(path, encoding="utf-8") as lines:
+        for number, line in enumerate(lines, 1):
+            match = INCLUDE.match(line)
+            if match:
+                yield number, match.group(1), match.group(2)
+
+
+def is_windows_half(file):
+    return "toolkit" in file.parts[:-1] or "windows" in file.parts[:-1]
+
+
+def resolve(root, file, name):
+    """The project file that file means by name, relative to root; None if there is none."""
+    bases = ["src"] if file.parts[0] == "src" else ["src", file.parts[0]]
+    for base in bases:
+        candidate = Path(base) / name
+        if ".." not in candidate.parts and (root / candidate).is_file():
+            return candidate
+    return None
+
+
+def room_of(file):
+    """The folder of a file of src/, as LAYERS writes it; None for files outside src/."""
+    return file.parent.relative_to("src").as_posix() if file.parts[0] == "src" else None
+
+
+def stem_of(file):
+    return file.relative_to("src").with_suffix("").as_posix()
+
+
+def layer_finding(file, target):
+    """What is wrong with a file of src/ including another one, or None."""
+    room, target_room = room_of(file), room_of(target)
+    for folder in (room, target_room):
+        if folder not in LEVEL:
+            return f"src/{folder} has no layer yet: give it one in tools/check_layers.py"
+    if room == target_room == "core":
+        if stem_of(target) in TOP_OF_CORE and stem_of(file) not in TOP_OF_CORE:
+            return f"{stem_of(target)} stands at the top of core/: nothing below includes it"
+        return None
+    if room == target_room or (room, target_room) in ALLOWED:
+        return None
+    if stem_of(file) in TOP_OF_CORE and target_room in ("functions", "exact"):
+        return None
+    if LEVEL[target_room] > LEVEL[room]:
+        return f"{room}/ lies below {target_room}/ and must not include it"
+    if LEVEL[target_room] == LEVEL[room]:
+        return f"{room}/ and {target_room}/ are neighbours: neither includes the other"
+    return None
+
+
+def find_circles(graph):
+    """One message for each include that closes a circle, in a walk from every file."""
+    findings, finished = [], set()
+
+    def visit(file, path):
+        for line, target in graph[file]:
+            if target in path:
+                circle = path[path.index(target):] + [target]
+                findings.append(
+                    (file, line, "includes in a circle: " + " -> ".join(map(str, circle))))
+            elif target not in finished:
+                visit(target, path + [target])
+        finished.add(file)
+
+    for file in graph:
+        if file not in finished:
+            visit(file, [file])
+    return findings
+
+
+def check(root):
+    """All findings under root as (file, line, message)."""
+    findings = []
+    graph = {file: [] for file in source_files(root)}
+    for file in graph:
+        for line, quote, name in includes_of(root / file):
+            target = resolve(root, file, name)
+            if quote == "<":
+                if WINDOWS_HEADER.fullmatch(name) and not is_windows_half(file):
+                    findings.append(
+                        (file, line, f"<{name}> belongs into toolkit/ or a windows/ folder"))
+                continue
+            if target is None:
+                if file.parts[0] == "src":
+                    findings.append(
+                        (file, line, f'"{name}" is no path from src/ to a file of the project'))
+                continue
+            graph[file].append((line, target))
+            if file.parts[0] == "src":
+                message = layer_finding(file, target)
+                if message:
+                    findings.append((file, line, message))
+    return findings + find_circles(graph)
+
+
+def main():
+    root = Path(sys.argv[1]) if len(sys.argv) > 1 else Path(__file__).resolve().parent.parent
+    if not source_files(root):
+        print(f"{root}: no sources here")
+        return 1
+    findings = check(root)
+    for file, line, message in findings:
+        print(f"{file}:{line}: {message}")
+    return 1 if findings else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
