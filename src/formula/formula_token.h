@@ -90,6 +90,9 @@ constexpr bool IsOperatorId(uint32_t id) {
 constexpr bool IsConstantId(uint32_t id) {
     return id >= 700 && id <= 799;
 }
+constexpr bool IsSignId(uint32_t id) {
+    return id == OperatorAdd || id == OperatorSubtract;
+}
 constexpr bool EndsFormula(uint32_t id) {
     return id < 100;
 }

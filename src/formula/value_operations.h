@@ -39,6 +39,12 @@ void ValueFromUnsigned(uint64_t* dest, uint64_t k);
 /// dest = the zero of the type.
 void ValueZero(uint64_t* dest);
 
+/// dest = NaN, or 0 in a type that has none: what stands where an operation failed.
+void ValueSetInvalid(uint64_t* dest);
+
+/// Notes code 102 and calls ValueSetInvalid: the type does not have the operation.
+void ValueSetUnavailable(uint64_t* dest);
+
 /// dest = pi.
 void ValuePi(uint64_t* dest);
 

@@ -1,0 +1,27 @@
+#include "formula/formula_evaluation.h"
+
+#include "core/number_context.h"
+#include "core/scratch.h"
+#include "formula/formula_driver.h"
+#include "formula/formula_variables.h"
+#include "formula/value_operations.h"
+
+namespace tallymere {
+
+void EvaluateFormula(FormulaEvaluator& evaluator) {
+    ScratchStackScope scope;
+    numberContext.calcError = CalcErrorNone;
+    evaluator.elementSize = SizeOfNumber();
+    evaluator.inexactResult = false;
+    ResolveUsedVariables(evaluator);
+    if (evaluator.error == FormulaErrorNone) {
+        RunFormula(evaluator);
+    } else {
+        ValueZero(evaluator.result);
+        evaluator.usedCount = 0;
+        evaluator.usedVariables = nullptr;
+    }
+    numberContext.calcError = CalcErrorNone;
+}
+
+}  // namespace tallymere

@@ -1,0 +1,89 @@
+#include "formula/formula_operands.h"
+
+#include "core/number_context.h"
+#include "formula/complex_evaluation.h"
+#include "formula/formula_lexer.h"
+#include "formula/formula_stack.h"
+#include "formula/operation_dispatch.h"
+#include "formula/used_variables.h"
+#include "formula/value_operations.h"
+
+namespace tallymere {
+
+namespace {
+
+// Pushes a token that brings a value with it; null when the stack is full.
+uint64_t* PushOperand(FormulaEvaluator& evaluator, const FormulaToken& token) {
+    if (!PushFormulaToken(evaluator, token)) {
+        return nullptr;
+    }
+    FormulaToken& entry = evaluator.stack[evaluator.top];
+    entry.id = TokenValue;
+    return entry.value;
+}
+
+}  // namespace
+
+void ParseNumberToken(FormulaEvaluator& evaluator, const FormulaToken& token) {
+    if (!OperandMayFollow(evaluator)) {
+        SetFormulaError(evaluator, FormulaErrorSyntax, token);
+        return;
+    }
+    uint64_t* value = PushOperand(evaluator, token);
+    if (value == nullptr) {
+        return;
+    }
+    const char16_t* text = evaluator.text + token.position;
+    const uint32_t base = NumberBase(text);
+    const int64_t prefix = base == 10 ? 0 : 2;
+    ValueFromNumberText(value, text + prefix, static_cast<int64_t>(token.length) - prefix, base,
+                        evaluator.flags);
+    if (numberContext.calcError == CalcErrorCancelled) {
+        SetFormulaAborted(evaluator);
+    } else if (numberContext.calcError != CalcErrorNone) {
+        SetFormulaError(evaluator, FormulaErrorBadNumber, token);
+    }
+    numberContext.calcError = CalcErrorNone;
+}
+
+void PushConstant(FormulaEvaluator& evaluator, const FormulaToken& token) {
+    uint64_t* value = PushOperand(evaluator, token);
+    if (value == nullptr) {
+        return;
+    }
+    if (token.id == ConstantPi) {
+        ValuePi(value);
+    } else {
+        SetFormulaError(evaluator, FormulaErrorInternal, token);
+    }
+}
+
+void PushVariable(FormulaEvaluator& evaluator, const FormulaToken& token) {
+    uint64_t* value = PushOperand(evaluator, token);
+    if (value == nullptr) {
+        return;
+    }
+    const UsedVariable* used = FindUsedVariable(evaluator, token);
+    if (used != nullptr) {
+        ValueCopy(value, used->value);
+    } else {
+        SetFormulaError(evaluator, FormulaErrorUndefinedName, token);
+    }
+}
+
+void ApplyImaginaryUnit(FormulaEvaluator& evaluator, const FormulaToken& token) {
+    if (numberContext.numberType != NumberTypeComplex) {
+        SetFormulaError(evaluator, FormulaErrorNeedsComplex, token);
+    } else if (StackId(evaluator, 0) == TokenValue) {
+        if (!ComplexTurnImaginary(evaluator.stack[evaluator.top].value)) {
+            SetFormulaError(evaluator, FormulaErrorBadNumber, token);
+        }
+    } else {
+        uint64_t* value = PushOperand(evaluator, token);
+        if (value != nullptr) {
+            ComplexSetImaginaryUnit(value);
+        }
+    }
+}
+
+}  // namespace tallymere

@@ -1,0 +1,102 @@
+#include "formula/operation_dispatch.h"
+
+#include "core/number_context.h"
+#include "core/real_rounding.h"
+#include "core/real_text.h"
+#include "formula/real_evaluation.h"
+#include "formula/real_operators.h"
+#include "formula/value_operations.h"
+
+namespace tallymere {
+
+namespace {
+
+bool NeedsComplexType(uint32_t functionId) {
+    switch (functionId) {
+        case FunctionComplexSqrt:
+        case FunctionComplexCbrt:
+        case FunctionComplexRoot:
+        case FunctionArg:
+        case FunctionArgDegrees:
+        case FunctionArgGon:
+        case FunctionRealPart:
+        case FunctionImaginaryPart:
+            return true;
+        default:
+            return false;
+    }
+}
+
+// False, with the error noted, when the number type does not have the function by rule.
+bool TypeHasFunction(FormulaEvaluator& evaluator, const FormulaToken& function) {
+    if (NeedsComplexType(function.id) && numberContext.numberType != NumberTypeComplex) {
+        SetFormulaError(evaluator, FormulaErrorNeedsComplex, function);
+        return false;
+    }
+    if (function.id == FunctionPowMod && numberContext.numberType != NumberTypeUint) {
+        SetFormulaError(evaluator, FormulaErrorNotAvailable, function);
+        return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+void ValueFromNumberText(uint64_t* dest, const char16_t* digits, int64_t length, uint32_t base,
+                         uint64_t flags) {
+    const auto textFlags = static_cast<uint32_t>(flags & (TextGroup | TextNeutral));
+    if (base != 10 && numberContext.numberType != NumberTypeUint) {
+        SetCalcError(CalcErrorSyntax);
+        ValueSetInvalid(dest);
+        return;
+    }
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            RealRound(RealAt(dest), RealFromText(RealAt(dest), digits, length, textFlags));
+            break;
+        default:
+            ValueSetUnavailable(dest);
+    }
+}
+
+void ApplyBinaryOperator(FormulaEvaluator& /*evaluator*/, uint32_t operatorId, uint64_t* left,
+                         const uint64_t* right) {
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            RealApplyOperator(operatorId, RealAt(left), RealAt(right));
+            break;
+        default:
+            ValueSetUnavailable(left);
+    }
+}
+
+void ApplyFunction1(FormulaEvaluator& evaluator, const FormulaToken& function, uint64_t* dest,
+                    const uint64_t* argument) {
+    if (!TypeHasFunction(evaluator, function)) {
+        return;
+    }
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            RealApplyFunction1(function.id, RealAt(dest), RealAt(argument));
+            break;
+        default:
+            ValueSetUnavailable(dest);
+    }
+}
+
+void ApplyFunction2(FormulaEvaluator& evaluator, const FormulaToken& function, uint64_t* dest,
+                    const uint64_t* /*first*/, const uint64_t* /*second*/) {
+    if (TypeHasFunction(evaluator, function)) {
+        ValueSetUnavailable(dest);
+    }
+}
+
+void ApplyFunction3(FormulaEvaluator& evaluator, const FormulaToken& function, uint64_t* dest,
+                    const uint64_t* /*first*/, const uint64_t* /*second*/,
+                    const uint64_t* /*third*/) {
+    if (TypeHasFunction(evaluator, function)) {
+        ValueSetUnavailable(dest);
+    }
+}
+
+}  // namespace tallymere

@@ -1,0 +1,189 @@
+#include "formula/value_operations.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "core/number_context.h"
+#include "core/real_compare.h"
+#include "core/real_divide.h"
+#include "core/real_integer.h"
+#include "core/real_rounding.h"
+#include "core/real_text.h"
+
+namespace tallymere {
+
+void ValueCopy(uint64_t* dest, const uint64_t* source) {
+    std::memmove(dest, source, SizeOfNumber());
+}
+
+int ValueCompare(const uint64_t* a, const uint64_t* b, bool ignoreSign) {
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            return RealCompare(RealAt(a), RealAt(b), ignoreSign);
+        default:
+            SetCalcError(CalcErrorUnknownType);
+            return 1;
+    }
+}
+
+int ValueCompareSmall(const uint64_t* a, int64_t k) {
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            return RealCompareInt(RealAt(a), k);
+        default:
+            SetCalcError(CalcErrorUnknownType);
+            return 1;
+    }
+}
+
+bool ValueIsZero(const uint64_t* a) {
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            return RealIsZero(RealAt(a));
+        default:
+            SetCalcError(CalcErrorUnknownType);
+            return false;
+    }
+}
+
+void ValueAbs(uint64_t* dest, const uint64_t* source) {
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            RealCopy(RealAt(dest), RealAt(source));
+            RealSetSign(RealAt(dest), 0);
+            break;
+        default:
+            ValueSetUnavailable(dest);
+    }
+}
+
+void ValueNegate(uint64_t* dest, const uint64_t* source) {
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            RealCopy(RealAt(dest), RealAt(source));
+            RealNegate(RealAt(dest));
+            break;
+        default:
+            ValueSetUnavailable(dest);
+    }
+}
+
+void ValueDivideSmall(uint64_t* dest, const uint64_t* source, uint64_t k) {
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            RealRound(RealAt(dest), RealDivUint(RealAt(dest), RealAt(source), k));
+            break;
+        default:
+            ValueSetUnavailable(dest);
+    }
+}
+
+void ValueFromInteger(uint64_t* dest, int64_t k) {
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            RealFromInt(RealAt(dest), k);
+            break;
+        default:
+            ValueSetUnavailable(dest);
+    }
+}
+
+void ValueFromUnsigned(uint64_t* dest, uint64_t k) {
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            RealRound(RealAt(dest), RealFromUint(RealAt(dest), k));
+            break;
+        default:
+            ValueSetUnavailable(dest);
+    }
+}
+
+void ValueZero(uint64_t* dest) {
+    const int64_t uintWords = numberContext.uintLimbs;
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            RealSetZero(RealAt(dest), 0);
+            break;
+        case NumberTypeComplex:
+            RealSetZero(RealAt(dest), 0);
+            RealSetZero(RealAt(dest + RealWords()), 0);
+            break;
+        case NumberTypeUint:
+            std::fill_n(dest, uintWords, 0);
+            break;
+        case NumberTypeRational:  // 0/1 with a clear sign word
+            std::fill_n(dest, 2 * uintWords + 1, 0);
+            dest[uintWords + 1] = 1;
+            break;
+        default:
+            SetCalcError(CalcErrorUnknownType);
+    }
+}
+
+void ValueSetInvalid(uint64_t* dest) {
+    ValueZero(dest);
+    if (numberContext.numberType == NumberTypeReal ||
+        numberContext.numberType == NumberTypeComplex) {
+        RealSetNaN(RealAt(dest));
+    }
+}
+
+void ValueSetUnavailable(uint64_t* dest) {
+    SetCalcError(CalcErrorUnknownType);
+    ValueSetInvalid(dest);
+}
+
+void ValuePi(uint64_t* dest) {
+    ValueSetUnavailable(dest);
+}
+
+bool ValueToSmall(uint64_t* out, const uint64_t* a) {
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            return RealToUint(out, RealAt(a), AllowNegative);
+        default:
+            SetCalcError(CalcErrorUnknownType);
+            *out = 0;
+            return false;
+    }
+}
+
+bool ValueToSigned(int64_t* out, const uint64_t* a) {
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            return RealToInt(out, RealAt(a), IntegerExact);
+        default:
+            SetCalcError(CalcErrorUnknownType);
+            *out = 0;
+            return false;
+    }
+}
+
+int64_t ValueToText(char16_t* characters, int64_t capacity, const uint64_t* a, uint32_t flags) {
+    const bool terminated = (flags & TextNoTerminator) == 0;
+    if (characters == nullptr) {
+        return RealTextCapacity(flags) + (terminated ? 1 : 0);
+    }
+    TextWriter writer = {0, capacity - (terminated ? 1 : 0), characters};
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            RealToText(writer, RealAt(a), flags | TextNoTerminator);
+            break;
+        default:
+            SetCalcError(CalcErrorUnknownType);
+    }
+    if (WriterOverflowed(writer)) {
+        writer.position = 0;
+        WriteChars(writer, u"[$]", 3);
+        SetCalcError(CalcErrorTextTooLong);
+        if (WriterOverflowed(writer)) {
+            writer.position = 0;
+        }
+    }
+    if (terminated && capacity > 0) {
+        characters[writer.position] = 0;
+    }
+    return writer.position;
+}
+
+}  // namespace tallymere
