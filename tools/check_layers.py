@@ -37,7 +37,7 @@ TOP_OF_CORE = set()
 # Other exceptions, each with its reason: (including folder, included folder).
 ALLOWED = set()
 
-SOURCE_SUFFIXES = {".h", ".cpp"}
+SOURCE_SUFFIXES = {".h", ".cpp", ".inc"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 WINDOWS_HEADER = re.compile(
     r"(windows|windowsx|win(base|def|gdi|nls|nt|ternl|user)|comm(ctrl|dlg)|shellapi|shlobj|"
