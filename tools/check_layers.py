@@ -68,7 +68,7 @@ def is_windows_half(file):
 
 def resolve(root, file, name):
     """The project file that file means by name, relative to root; None if there is none."""
-    bases = ["src"] if file.parts[0] == "src" else ["src", file.parts[0]]
+    bases = ["src"] if file.parts[0] == "src" else ["src", file.parts[0], "."]
     for base in bases:
         candidate = Path(base) / name
         if ".." not in candidate.parts and (root / candidate).is_file():

@@ -1,0 +1,53 @@
+"""The test runner counts what programs print, and never takes silence for success."""
+
+import sys
+import unittest
+from pathlib import Path
+
+sys.dont_write_bytecode = True
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
+from run_tests import count_cases  # noqa: E402
+
+
+class CountCasesTest(unittest.TestCase):
+    def test_google_test(self):
+        good = "[==========] 5 tests from 2 test suites ran. (1 ms total)\n[  PASSED  ] 5 tests.\n"
+        self.assertEqual((5, 0), count_cases(good, 0))
+        self.assertEqual((5, 0), count_cases(good.replace("\n", "\r\n"), 0))
+        self.assertEqual((3, 2), count_cases(
+            "[==========] 5 tests from 2 test suites ran. (1 ms total)\n[  PASSED  ] 3 tests.\n"
+            "[  FAILED  ] 2 tests, listed below:\n", 1))
+        self.assertEqual((1, 0), count_cases(
+            "[==========] 1 test from 1 test suite ran. (0 ms total)\n[  PASSED  ] 1 test.\n", 0))
+
+    def test_unittest(self):
+        self.assertEqual((7, 0), count_cases("Ran 7 tests in 0.1s\n\nOK\n", 0))
+        self.assertEqual((4, 3), count_cases(
+            "Ran 7 tests in 0.1s\n\nFAILED (failures=1, errors=2)\n", 1))
+
+    def test_left_out_cases_did_not_pass(self):
+        self.assertEqual((4, 1), count_cases(
+            "[==========] 5 tests from 2 test suites ran. (1 ms total)\n[  PASSED  ] 4 tests.\n"
+            "[  SKIPPED ] 1 test, listed below:\n", 0))
+        self.assertEqual((5, 2), count_cases(
+            "[==========] 5 tests from 2 test suites ran. (1 ms total)\n[  PASSED  ] 5 tests.\n\n"
+            "  YOU HAVE 2 DISABLED TESTS\n", 0))
+        self.assertEqual((6, 1), count_cases("Ran 7 tests in 0.1s\n\nOK (skipped=1)\n", 0))
+
+    def test_a_program_that_ran_nothing_failed(self):
+        self.assertEqual((0, 1), count_cases("", 0))
+        self.assertEqual((0, 1), count_cases("Ran 0 tests in 0.0s\n\nOK\n", 0))
+        self.assertEqual((0, 1), count_cases(
+            "[==========] 0 tests from 0 test suites ran. (0 ms total)\n[  PASSED  ] 0 tests.\n", 0))
+
+    def test_a_program_that_died_failed(self):
+        self.assertEqual((0, 1), count_cases("[ RUN      ] Limb.Carries\n", -11))
+        self.assertEqual((0, 1), count_cases("", None))
+
+    def test_a_bad_exit_status_after_good_output_failed(self):
+        self.assertEqual((5, 1), count_cases(
+            "[==========] 5 tests from 2 test suites ran. (1 ms total)\n[  PASSED  ] 5 tests.\n", 1))
+
+
+if __name__ == "__main__":
+    unittest.main()
