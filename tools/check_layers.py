@@ -71,7 +71,8 @@ def resolve(root, file, name):
     bases = ["src"] if file.parts[0] == "src" else ["src", file.parts[0], "."]
     for base in bases:
         candidate = Path(base) / name
-        if ".." not in candidate.parts and (root / candidate).is_file():
+        if (candidate.suffix in SOURCE_SUFFIXES and ".." not in candidate.parts
+                and (root / candidate).is_file()):
             return candidate
     return None
 

@@ -31,7 +31,8 @@ class CheckLayersTest(unittest.TestCase):
         self.assertEqual([], self.check({
             "src/core/limb.h": ["<cstdint>"],
             "src/core/limb_tools.h": ['"core/limb.h"'],
-            "src/formula/driver.h": ['"core/limb_tools.h"'],
+            "src/formula/driver.h": ['"core/limb_tools.h"', '"formula/operators.inc"'],
+            "src/formula/operators.inc": [],
             "src/calculator/windows/page.h": ["<windows.h>", '"formula/driver.h"'],
             "src/toolkit/dialog.h": ["<commctrl.h>"],
             "tests/core/limb_test.cpp": ['"core/limb.h"', '"support/seed.h"', "<gtest/gtest.h>"],
