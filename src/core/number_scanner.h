@@ -8,6 +8,9 @@ namespace tallymere {
 /// A length that says: the text ends at a 0 character.
 inline constexpr int64_t TextUntilZero = -1;
 
+/// Infinity as it is written; always accepted where infinity is.
+inline constexpr char16_t InfinitySign = u'\u221E';
+
 struct NumberScanner {
     const char16_t* text;
     bool allowGroups;  ///< group separators may stand between digits
@@ -42,7 +45,10 @@ NumberScanner MakeNumberScanner(const char16_t* text, int64_t length, uint32_t f
                                 int64_t radix);
 
 /// Reads the token at the scanner's position and moves behind it. Never fails: what is no token is
-/// NumberTokenOther of one character.
+/// NumberTokenOther, of one character or of one word of letters and digits.
+///
+/// A number has digits on both sides of its decimal separator, so "1." is the token "1" and then
+/// NumberTokenOther. A group separator belongs to a number only between two digits.
 NumberToken NextNumberToken(NumberScanner& scanner);
 
 /// True if c is one of the context's three decimal separators, or "." in the neutral form.

@@ -1,4 +1,6 @@
 // RealNumber from text and to text, in base 10.
+//
+// `flags` are bits of TextFlags.
 #pragma once
 
 #include "core/number_scanner.h"
@@ -7,6 +9,13 @@
 #include "core/text_writer.h"
 
 namespace tallymere {
+
+/// Fills the limbs of the current layout from `length` characters of digits and separators, leading
+/// zeros left out, and writes the exponent of the first digit stored. Returns the guard limb: the
+/// first digit that did not fit, and nothing of what follows it. Digits that are all zero give
+/// limbs that are all zero, and the exponent means nothing.
+Limb DigitsToLimbs(Limb* limbs, int64_t* exponent, const char16_t* text, int64_t length,
+                   bool neutral);
 
 /// dest = the number that the text denotes; raw. `length` may be TextUntilZero; spaces at both ends
 /// are passed over. The guard limb holds the first digit that did not fit and nothing below it, so

@@ -6,7 +6,8 @@
 namespace tallymere {
 
 /// position <= capacity while all fits; position == capacity + 1 marks an overflow, after which
-/// nothing more is written.
+/// nothing more is written. The capacity does not count the 0 that ends a text: where one is asked
+/// for, the buffer has room for capacity + 1 characters.
 struct TextWriter {
     int64_t position;
     int64_t capacity;  ///< in characters
@@ -26,5 +27,13 @@ void WriteChars(TextWriter& writer, const char16_t* text, int64_t count);
 
 /// Appends `count` times the same character, all or nothing.
 void WriteRepeated(TextWriter& writer, char16_t c, int64_t count);
+
+/// The place of `count` more characters, which the caller fills in at once; null if they do not
+/// fit, and the writer has overflowed.
+char16_t* WriteReserve(TextWriter& writer, int64_t count);
+
+/// Ends the text of a number. One that overflowed becomes "[$]", or empty in a capacity below 3,
+/// and code 300 is noted. A 0 follows unless `flags` has TextNoTerminator. Returns the length.
+int64_t FinishNumberText(TextWriter& writer, uint32_t flags);
 
 }  // namespace tallymere

@@ -1,0 +1,52 @@
+#include "core/number_text.h"
+
+#include "core/real_rounding.h"
+#include "core/real_text.h"
+
+namespace tallymere {
+
+namespace {
+
+void RoundReal(RealNumber* dest, const RealNumber* x, int64_t d) {
+    if (d < 1) {
+        RealSetNaN(dest, CalcErrorUndefined);
+    } else if (RealIsSpecial(x)) {
+        RealCopy(dest, x);
+    } else {
+        RealRoundDigits(dest, x, d);
+    }
+}
+
+}  // namespace
+
+int64_t NumberToText(char16_t* buffer, int64_t capacity, const uint64_t* number, uint32_t flags) {
+    TextWriter writer = {0, capacity, buffer};
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            if (buffer == nullptr) {
+                return RealTextCapacity(flags);
+            }
+            RealToText(writer, RealAt(number), flags);
+            break;
+        default:
+            SetCalcError(CalcErrorUnknownType);
+            if (buffer == nullptr) {
+                return 0;
+            }
+            break;
+    }
+    return FinishNumberText(writer, flags);
+}
+
+void NumberRoundDigits(uint64_t* dest, const uint64_t* number, int64_t d) {
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            RoundReal(RealAt(dest), RealAt(number), d);
+            break;
+        default:
+            SetCalcError(CalcErrorUnknownType);
+            break;
+    }
+}
+
+}  // namespace tallymere
