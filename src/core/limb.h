@@ -109,18 +109,23 @@ constexpr LimbQuotient DivideByPowerOfTen(uint64_t v, int64_t k) {
 }
 
 /// A 128-bit value divided by LimbBase. Needs value.high < LimbBase, so that the quotient fits.
+/// Method: division by invariant integers (Moller and Granlund, "Improved division by invariant
+/// integers", algorithm 4), exact with one wide and one narrow product.
 constexpr LimbQuotient DivideByLimbBase(Wide value) {
-    constexpr uint64_t reciprocal = limb_tables::PowerDividers[DigitsPerLimb].reciprocal;
-    // high * reciprocal + high word of (low * reciprocal), as a 128-bit value, shifted right by 63.
-    const Wide estimate =
-        wide::Add(wide::Multiply(reciprocal, value.high), {0, MultiplyHigh(reciprocal, value.low)});
-    uint64_t quotient = (estimate.high << 1) | (estimate.low >> 63);
-    Wide remainder = wide::Subtract(value, wide::Multiply(quotient, LimbBase));
-    while (AtLeast(remainder, {0, LimbBase})) {
-        remainder = wide::Subtract(remainder, {0, LimbBase});
-        quotient++;
+    // floor((2^128 - 1) / LimbBase) - 2^64.
+    constexpr uint64_t reciprocal = wide::Divide({~LimbBase, ~uint64_t{0}}, LimbBase);
+    const Wide estimate = wide::Add(wide::Multiply(reciprocal, value.high), value);
+    uint64_t quotient = estimate.high + 1;
+    uint64_t remainder = value.low - quotient * LimbBase;
+    if (remainder > estimate.low) {
+        quotient--;
+        remainder += LimbBase;
     }
-    return {quotient, remainder.low};
+    if (remainder >= LimbBase) [[unlikely]] {
+        quotient++;
+        remainder -= LimbBase;
+    }
+    return {quotient, remainder};
 }
 
 /// x * y + c + w split by LimbBase: the remainder is the new limb, the quotient the next carry.
@@ -130,19 +135,26 @@ constexpr LimbQuotient LimbStep(uint64_t x, uint64_t y, uint64_t c, uint64_t w) 
     return DivideByLimbBase(wide::Add(wide::Add(product, {0, c}), {0, w}));
 }
 
-/// Adds two limbs and a carry of 0 or 1, and replaces the carry.
+/// Adds two limbs and a carry of 0 or 1, and replaces the carry. Free of branches, as carries of
+/// random digits cannot be predicted, and with two steps from carry to carry.
 constexpr Limb AddLimbs(Limb a, Limb b, Limb& carry) {
-    // a + b + carry >= LimbBase exactly when a >= LimbBase - b - carry; no sum can wrap this way.
-    const Limb room = LimbBase - b - carry;
-    carry = a >= room ? 1 : 0;
-    return a - room + (carry != 0 ? 0 : LimbBase);
+    // a + b - LimbBase modulo 2^64; negative, that is at the top of the 64-bit range, unless the
+    // sum reaches LimbBase by itself. The carry tips it over only from -1.
+    const Limb excess = a - (LimbBase - b);
+    const Limb generates = a >= LimbBase - b ? 1 : 0;
+    const Limb propagates = excess == ~Limb{0} ? 1 : 0;
+    const Limb sum = excess + carry;
+    carry = generates | (propagates & carry);
+    return sum + ((carry - 1) & LimbBase);
 }
 
-/// Subtracts a limb and a borrow of 0 or 1 from a limb, and replaces the borrow.
+/// Subtracts a limb and a borrow of 0 or 1 from a limb, and replaces the borrow; in the same way.
 constexpr Limb SubtractLimbs(Limb a, Limb b, Limb& borrow) {
-    const Limb taken = b + borrow;
-    borrow = a < taken ? 1 : 0;
-    return a - taken + (borrow != 0 ? LimbBase : 0);
+    const Limb generates = a < b ? 1 : 0;
+    const Limb propagates = a == b ? 1 : 0;
+    const Limb difference = a - b - borrow;
+    borrow = generates | (propagates & borrow);
+    return difference + ((0 - borrow) & LimbBase);
 }
 
 }  // namespace tallymere

@@ -58,6 +58,31 @@ void SeedReciprocal(RealNumber* dest, const Limb* mantissa) {
     dest->header = MakeHeader(exponent, 0);
 }
 
+// w = 2 - w, truncated, for a positive finite w. Newton's products lie just below 1 but for the
+// seed, so that case is a pass of its own: w moves down a digit and is taken from 2 limb by limb,
+// which is what RealAddRaw does in three.
+void SubtractFromTwo(RealNumber* w) {
+    const int64_t n = numberContext.realLimbs;
+    Limb* limbs = RealLimbs(w);
+    if (RealExponent(w) != -1) {
+        CoreScratchScope scratch;
+        RealNumber* two = RealAt(scratch.Take(n + 1));
+        RealFromUint(two, 2);
+        RealAddRaw(w, two, w, true);
+        return;
+    }
+    LimbQuotient parts = DivideByPowerOfTen(limbs[n - 1], 1);
+    Limb borrow = parts.remainder != 0 ? 1 : 0;
+    for (int64_t i = n - 1; i > 0; i--) {
+        const LimbQuotient above = DivideByPowerOfTen(limbs[i - 1], 1);
+        limbs[i] = SubtractLimbs(
+            0, above.remainder * PowerOfTen(DigitsPerLimb - 1) + parts.quotient, borrow);
+        parts = above;
+    }
+    limbs[0] = 2 * PowerOfTen(numberContext.topLimbDigits - 1) - parts.quotient - borrow;
+    w->header = MakeHeader(0, 0);
+}
+
 }  // namespace
 
 uint64_t DivisorReciprocal(uint64_t d) {
@@ -134,23 +159,21 @@ Limb RealDivUint(RealNumber* dest, const RealNumber* x, uint64_t d, uint64_t rec
 }
 
 Limb RealReciprocalRaw(RealNumber* dest, const RealNumber* x) {
+    const int64_t n = numberContext.realLimbs;
     const int64_t p = numberContext.precisionDigits;
-    const int64_t words = RealWords();
     const int64_t exponent = RealExponent(x);
     const uint64_t sign = RealSign(x);
     CoreScratchScope scratch;
-    RealNumber* mantissa = RealAt(scratch.Take(words));
-    RealNumber* w = RealAt(scratch.Take(words));
-    RealNumber* two = RealAt(scratch.Take(words));
-    RealCopy(mantissa, x);
-    mantissa->header = MakeHeader(0, 0);
-    RealFromUint(two, 2);
-    SeedReciprocal(dest, RealLimbs(mantissa));
+    Limb* mantissa = scratch.Take(n);
+    RealNumber* w = RealAt(scratch.Take(n + 1));
+    LimbsAlign(mantissa, RealLimbs(x), n);
+    SeedReciprocal(dest, RealLimbs(x));
     Limb guard = 0;
     int64_t goodDigits = SeedDigits;
     do {
-        RealMulRaw(w, mantissa, dest);
-        RealAddRaw(w, two, w, true);
+        const int moved = LimbsMultiplyAligned(n, RealLimbs(w), &guard, mantissa, RealLimbs(dest));
+        w->header = MakeHeader(RealExponent(dest) + 1 - moved, 0);
+        SubtractFromTwo(w);
         guard = RealMulRaw(dest, dest, w);
         goodDigits *= 2;
     } while (goodDigits < p);

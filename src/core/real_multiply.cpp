@@ -1,5 +1,7 @@
 #include "core/real_multiply.h"
 
+#include <algorithm>
+
 #include "core/limb_tools.h"
 #include "core/real_rounding.h"
 #include "core/scratch.h"
@@ -8,7 +10,7 @@ namespace tallymere {
 
 namespace {
 
-// A column sum of limb products, 192 bits wide. Up to 2^60 products and two carries fit.
+// A column sum of limb products: 192 bits, which up to 2^64 products and a carry cannot fill.
 struct ColumnSum {
     uint64_t overflow = 0;
     Wide sum = {0, 0};
@@ -16,54 +18,152 @@ struct ColumnSum {
 
 // Splits a column sum by LimbBase: returns the limb and leaves the carry, which may exceed 64 bits,
 // as the sum of the next column.
-Limb TakeLimb(ColumnSum& column) {
-    const LimbQuotient upper = DivideByLimbBase({column.overflow, column.sum.high});
+inline Limb TakeLimb(ColumnSum& column) {
+    LimbQuotient upper;
+    if (column.overflow == 0) {
+        const bool fits = column.sum.high < LimbBase;
+        upper = {fits ? 0u : 1u, column.sum.high - (fits ? 0 : LimbBase)};
+    } else {
+        upper = DivideByLimbBase({column.overflow, column.sum.high});
+    }
     const LimbQuotient lower = DivideByLimbBase({upper.remainder, column.sum.low});
     column = {0, {upper.quotient, lower.quotient}};
     return lower.remainder;
 }
 
+// That many products of limbs add up within 128 bits: 3 (10^19 - 1)^2 < 2^128.
+constexpr int64_t ProductsPerGroup = 3;
+
 // Adds a[i] * b[-i] for 0 <= i < count.
-void AddProducts(ColumnSum& column, const Limb* a, const Limb* b, int64_t count) {
+inline void AddProducts(ColumnSum& column, const Limb* a, const Limb* b, int64_t count) {
     uint64_t overflow = column.overflow;
     Wide sum = column.sum;
-    for (int64_t i = 0; i < count; i++) {
+    int64_t i = 0;
+    for (; i + ProductsPerGroup <= count; i += ProductsPerGroup) {
+        const Wide two =
+            wide::Add(wide::Multiply(a[i], b[-i]), wide::Multiply(a[i + 1], b[-i - 1]));
+        wide::Accumulate(overflow, sum, wide::Add(two, wide::Multiply(a[i + 2], b[-i - 2])));
+    }
+    for (; i < count; i++) {
         wide::Accumulate(overflow, sum, wide::Multiply(a[i], b[-i]));
     }
     column = {overflow, sum};
 }
 
-}  // namespace
+// The limbs of an operand that can make products: limb 0 and those from `start` to before `end`.
+// Newton's iteration multiplies by numbers such as 1.000...0ddd and by seeds of one limb, where
+// most of the work would be products with limbs that are 0.
+struct NonZeroSpan {
+    int64_t start;
+    int64_t end;
+};
 
-int LimbsMultiply(int64_t n, Limb* product, Limb* guard, const Limb* a, const Limb* b) {
-    const int64_t t = numberContext.topLimbDigits;
-    CoreScratchScope scratch;
-    Limb* w = scratch.Take(n + 2);
-    if (t < DigitsPerLimb) {
-        Limb* aligned = scratch.Take(n);
-        LimbsShiftLeftDigits(aligned, a, n, DigitsPerLimb - t, 0);
-        a = aligned;
+NonZeroSpan FindNonZeroSpan(const Limb* limbs, int64_t n) {
+    NonZeroSpan span = {1, n};
+    while (span.end > 1 && limbs[span.end - 1] == 0) {
+        span.end--;
     }
-    // Column c + 1 sums a[j] * b[i] over i + j = c. From the last column up to the first each sum
-    // is complete, carry included, before it is split once; the limbs are those of the exact sum of
-    // all products in the columns 0 to n + 1.
+    while (span.start < span.end && limbs[span.start] == 0) {
+        span.start++;
+    }
+    return {span.start == 1 ? 0 : span.start, span.end};
+}
+
+// Column c + 1 of a product w sums a[j] * b[i] over i + j = c. From the last column up to the first
+// each sum is complete, carry included, before it is split once; so the limbs are those of the
+// exact sum of all products in the columns 0 to n + 1. w[n + 1] only feeds the carries and is not
+// written.
+
+// The columns for a length that the compiler can unroll.
+template <int64_t N>
+inline void MultiplyColumns(Limb* w, const Limb* a, const Limb* b) {
     ColumnSum column;
-    w[n + 1] = 0;
-    const int64_t lastColumn = n == 1 ? 1 : n + 1;
-    for (int64_t c = lastColumn - 1; c >= 0; c--) {
-        const int64_t first = c < n ? 0 : c - n + 1;
-        const int64_t last = c < n ? c : n - 1;
-        AddProducts(column, a + first, b + (c - first), last - first + 1);
+#pragma GCC unroll 8
+    for (int64_t c = N == 1 ? 0 : N; c >= 0; c--) {
+#pragma GCC unroll 8
+        for (int64_t i = c < N ? 0 : 1; i < N && i <= c; i += ProductsPerGroup) {
+            Wide group = wide::Multiply(a[i], b[c - i]);
+            if (i + 1 < N && i + 1 <= c) {
+                group = wide::Add(group, wide::Multiply(a[i + 1], b[c - i - 1]));
+            }
+            if (i + 2 < N && i + 2 <= c) {
+                group = wide::Add(group, wide::Multiply(a[i + 2], b[c - i - 2]));
+            }
+            wide::Accumulate(column.overflow, column.sum, group);
+        }
+        const Limb limb = TakeLimb(column);
+        if (c < N) {
+            w[c + 1] = limb;
+        }
+    }
+    w[0] = column.sum.low;
+}
+
+void MultiplyLongColumns(int64_t n, Limb* w, const Limb* a, const Limb* b) {
+    const NonZeroSpan spanA = FindNonZeroSpan(a, n);
+    const NonZeroSpan spanB = FindNonZeroSpan(b, n);
+    ColumnSum column;
+    for (int64_t c = n; c >= 0; c--) {
+        const int64_t first = std::max(spanB.start, c - spanA.end + 1);
+        const int64_t last = std::min(c, spanB.end - 1);
+        AddProducts(column, b + first, a + (c - first), last - first + 1);
+        if (spanB.start > 0 && c < spanA.end) {
+            AddProducts(column, b, a + c, 1);
+        }
         w[c + 1] = TakeLimb(column);
     }
     w[0] = column.sum.low;
-    if (w[0] >= PowerOfTen(t - 1)) {
+}
+
+}  // namespace
+
+void LimbsAlign(Limb* dest, const Limb* src, int64_t n) {
+    LimbsShiftLeftDigits(dest, src, n, DigitsPerLimb - numberContext.topLimbDigits, 0);
+}
+
+int LimbsMultiplyAligned(int64_t n, Limb* product, Limb* guard, const Limb* a, const Limb* b) {
+    CoreScratchScope scratch;
+    Limb* w = scratch.Take(n + 2);
+    switch (n) {
+        case 1:
+            MultiplyColumns<1>(w, a, b);
+            break;
+        case 2:
+            MultiplyColumns<2>(w, a, b);
+            break;
+        case 3:
+            MultiplyColumns<3>(w, a, b);
+            break;
+        case 4:
+            MultiplyColumns<4>(w, a, b);
+            break;
+        case 5:
+            MultiplyColumns<5>(w, a, b);
+            break;
+        case 6:
+            MultiplyColumns<6>(w, a, b);
+            break;
+        default:
+            MultiplyLongColumns(n, w, a, b);
+            break;
+    }
+    if (w[0] >= PowerOfTen(numberContext.topLimbDigits - 1)) {
         LimbsCopy(product, w, n);
         *guard = w[n];
         return 0;
     }
     *guard = LimbsShiftLeftDigits(product, w, n, 1, w[n]);
     return 1;
+}
+
+int LimbsMultiply(int64_t n, Limb* product, Limb* guard, const Limb* a, const Limb* b) {
+    if (numberContext.topLimbDigits == DigitsPerLimb) {
+        return LimbsMultiplyAligned(n, product, guard, a, b);
+    }
+    CoreScratchScope scratch;
+    Limb* aligned = scratch.Take(n);
+    LimbsAlign(aligned, a, n);
+    return LimbsMultiplyAligned(n, product, guard, aligned, b);
 }
 
 Limb RealMulRaw(RealNumber* dest, const RealNumber* a, const RealNumber* b) {

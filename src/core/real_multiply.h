@@ -11,6 +11,11 @@ namespace tallymere {
 /// wholly below column n + 1 are left out. product may be a or b.
 int LimbsMultiply(int64_t n, Limb* product, Limb* guard, const Limb* a, const Limb* b);
 
+/// The two steps of LimbsMultiply, for one operand in several products: brings the n limbs of a
+/// normal form to a full first limb, and multiplies an operand that was brought there.
+void LimbsAlign(Limb* dest, const Limb* src, int64_t n);
+int LimbsMultiplyAligned(int64_t n, Limb* product, Limb* guard, const Limb* aligned, const Limb* b);
+
 /// dest = a * b; raw. Zero times infinity gives NaN and code 203.
 Limb RealMulRaw(RealNumber* dest, const RealNumber* a, const RealNumber* b);
 

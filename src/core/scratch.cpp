@@ -5,15 +5,7 @@
 
 #include "core/number_context.h"
 
-#if defined(__SANITIZE_ADDRESS__)
-#define TALLYMERE_ADDRESS_SANITIZER 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define TALLYMERE_ADDRESS_SANITIZER 1
-#endif
-#endif
-
-#ifdef TALLYMERE_ADDRESS_SANITIZER
+#ifdef TALLYMERE_CHECKED_SCRATCH
 #include <sanitizer/asan_interface.h>
 #endif
 
@@ -21,35 +13,9 @@ namespace tallymere {
 
 namespace {
 
-#ifdef TALLYMERE_ADDRESS_SANITIZER
-constexpr bool CheckedScratch = true;
-constexpr int64_t GapWords = 4;
-#else
-constexpr bool CheckedScratch = false;
-constexpr int64_t GapWords = 0;
+#ifdef TALLYMERE_CHECKED_SCRATCH
+constexpr uint64_t JunkWord = 0xF00DFACEF00DFACEu;
 #endif
-
-[[maybe_unused]] constexpr uint64_t JunkWord = 0xF00DFACEF00DFACEu;
-
-void Forbid([[maybe_unused]] const uint64_t* start, [[maybe_unused]] const uint64_t* end) {
-#ifdef TALLYMERE_ADDRESS_SANITIZER
-    ASAN_POISON_MEMORY_REGION(start, static_cast<size_t>(end - start) * sizeof(uint64_t));
-#endif
-}
-
-void AllowWithJunk([[maybe_unused]] uint64_t* start, [[maybe_unused]] int64_t words) {
-#ifdef TALLYMERE_ADDRESS_SANITIZER
-    ASAN_UNPOISON_MEMORY_REGION(start, static_cast<size_t>(words) * sizeof(uint64_t));
-    for (int64_t i = 0; i < words; i++) {
-        start[i] = JunkWord;
-    }
-#endif
-}
-
-[[noreturn]] void StopExhausted(const ScratchArea& area) {
-    std::fprintf(stderr, "Tallymere: %s is exhausted.\n", area.name);
-    std::abort();
-}
 
 // Gaps are not part of what the program asks for, so a checked build gets more room for them.
 constexpr int64_t AreaWords(int64_t bytes) {
@@ -78,25 +44,25 @@ constinit ScratchArea coreScratch = {coreScratchWords,
                                      coreScratchWords + AreaWords(CoreScratchBytes),
                                      &numberContext.scratchTop, 0, "CoreScratch"};
 
-uint64_t* ScratchTake(ScratchArea& area, int64_t words) {
-    uint64_t* block = *area.top;
-    if (words < 0 || words > area.end - block - GapWords) {
-        StopExhausted(area);
-    }
-    uint64_t* top = block + words;
-    AllowWithJunk(block, words);
-    Forbid(top, top + GapWords);
-    *area.top = top + GapWords;
-    const int64_t used = *area.top - area.base;
-    if (used > area.highWaterWords) {
-        area.highWaterWords = used;
-    }
-    return block;
+void StopScratchExhausted(const ScratchArea& area) {
+    std::fprintf(stderr, "Tallymere: %s is exhausted.\n", area.name);
+    std::abort();
 }
 
-void ScratchRelease(ScratchArea& area, uint64_t* mark) {
-    Forbid(mark, *area.top);
-    *area.top = mark;
+void OpenCheckedBlock([[maybe_unused]] uint64_t* block, [[maybe_unused]] int64_t words) {
+#ifdef TALLYMERE_CHECKED_SCRATCH
+    ASAN_UNPOISON_MEMORY_REGION(block, static_cast<size_t>(words) * sizeof(uint64_t));
+    ASAN_POISON_MEMORY_REGION(block + words, ScratchGapWords * sizeof(uint64_t));
+    for (int64_t i = 0; i < words; i++) {
+        block[i] = JunkWord;
+    }
+#endif
+}
+
+void CloseCheckedBlocks([[maybe_unused]] uint64_t* start, [[maybe_unused]] uint64_t* end) {
+#ifdef TALLYMERE_CHECKED_SCRATCH
+    ASAN_POISON_MEMORY_REGION(start, static_cast<size_t>(end - start) * sizeof(uint64_t));
+#endif
 }
 
 void CreateScratchStack() {
@@ -108,12 +74,12 @@ void CreateScratchStack() {
     }
     scratchStack.top = block;
     scratchStack.area = {block, block + words, &scratchStack.top, 0, "ScratchStack"};
-    Forbid(block, block + words);
+    CloseCheckedBlocks(block, block + words);
 }
 
 void DestroyScratchStack() {
     ScratchArea& area = scratchStack.area;
-#ifdef TALLYMERE_ADDRESS_SANITIZER
+#ifdef TALLYMERE_CHECKED_SCRATCH
     ASAN_UNPOISON_MEMORY_REGION(area.base,
                                 static_cast<size_t>(area.end - area.base) * sizeof(uint64_t));
 #endif

@@ -12,9 +12,25 @@
 #include <cstddef>
 #include <cstdint>
 
+#if defined(__SANITIZE_ADDRESS__)
+#define TALLYMERE_CHECKED_SCRATCH 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define TALLYMERE_CHECKED_SCRATCH 1
+#endif
+#endif
+
 namespace tallymere {
 
 inline constexpr int64_t BytesPerWord = 8;
+
+#ifdef TALLYMERE_CHECKED_SCRATCH
+inline constexpr bool CheckedScratch = true;
+inline constexpr int64_t ScratchGapWords = 4;
+#else
+inline constexpr bool CheckedScratch = false;
+inline constexpr int64_t ScratchGapWords = 0;
+#endif
 
 /// A bump area of 64-bit words: base <= *top <= end. The bump pointer lies where its owner keeps
 /// it.
@@ -26,11 +42,40 @@ struct ScratchArea {
     const char* name;        ///< for the message when the area is exhausted
 };
 
+/// Stops the program with a message that names the area.
+[[noreturn]] void StopScratchExhausted(const ScratchArea& area);
+
+/// In checked builds: allows a block, filled with junk, and forbids the gap behind it.
+void OpenCheckedBlock(uint64_t* block, int64_t words);
+
+/// In checked builds: forbids everything from start to end.
+void CloseCheckedBlocks(uint64_t* start, uint64_t* end);
+
 /// Takes `words` words (0 or more); the content is undefined.
-uint64_t* ScratchTake(ScratchArea& area, int64_t words);
+inline uint64_t* ScratchTake(ScratchArea& area, int64_t words) {
+    uint64_t* block = *area.top;
+    const int64_t taken = words + ScratchGapWords;
+    if (words < 0 || taken > area.end - block) {
+        StopScratchExhausted(area);
+    }
+    if constexpr (CheckedScratch) {
+        OpenCheckedBlock(block, words);
+    }
+    *area.top = block + taken;
+    const int64_t used = *area.top - area.base;
+    if (used > area.highWaterWords) {
+        area.highWaterWords = used;
+    }
+    return block;
+}
 
 /// Gives back everything that was taken since *area.top was `mark`.
-void ScratchRelease(ScratchArea& area, uint64_t* mark);
+inline void ScratchRelease(ScratchArea& area, uint64_t* mark) {
+    if constexpr (CheckedScratch) {
+        CloseCheckedBlocks(mark, *area.top);
+    }
+    *area.top = mark;
+}
 
 /// The scope of one routine on an area: takes words and gives all of them back at its end.
 class ScratchScope {
