@@ -92,7 +92,8 @@ uint64_t DivisorReciprocal(uint64_t d) {
 uint64_t Divide128(uint64_t* remainder, uint64_t high, uint64_t low, uint64_t d,
                    uint64_t reciprocal) {
     const int shift = HighestBit(d);
-    if (reciprocal == PowerOfTwoReciprocal) {
+    // By d itself: the reciprocal of 2^64 - 1 rounds down to PowerOfTwoReciprocal too.
+    if ((d & (d - 1)) == 0) {
         *remainder = low & (d - 1);
         return shift == 0 ? low : (high << (64 - shift)) | (low >> shift);
     }
