@@ -42,10 +42,10 @@ void SetQuotientByZero(RealNumber* dest, uint64_t sign) {
     }
 }
 
-// About 1 / x for a mantissa x in [1, 10), good to SeedDigits digits.
-void SeedReciprocal(RealNumber* dest, const Limb* mantissa) {
-    const double leading = static_cast<double>(RealLeadingDigits(mantissa, DigitsPerLimb));
-    const double quotient = 1e37 / leading;
+// About 1 / x for a mantissa x in [1, 10) with the first 19 digits `leading`; good to SeedDigits
+// digits.
+void SeedReciprocal(RealNumber* dest, Limb leading) {
+    const double quotient = 1e37 / static_cast<double>(leading);
     uint64_t seed = static_cast<uint64_t>(quotient);
     int64_t exponent = -1;
     if (seed < PowerOfTen(18)) {
@@ -168,7 +168,7 @@ Limb RealReciprocalRaw(RealNumber* dest, const RealNumber* x) {
     Limb* mantissa = scratch.Take(n);
     RealNumber* w = RealAt(scratch.Take(n + 1));
     LimbsAlign(mantissa, RealLimbs(x), n);
-    SeedReciprocal(dest, RealLimbs(x));
+    SeedReciprocal(dest, mantissa[0]);
     Limb guard = 0;
     int64_t goodDigits = SeedDigits;
     do {
