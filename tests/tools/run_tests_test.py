@@ -24,6 +24,7 @@ class CountCasesTest(unittest.TestCase):
         self.assertEqual((7, 0), count_cases("Ran 7 tests in 0.1s\n\nOK\n", 0))
         self.assertEqual((4, 3), count_cases(
             "Ran 7 tests in 0.1s\n\nFAILED (failures=1, errors=2)\n", 1))
+        self.assertEqual((0, 1), count_cases("Ran 1 test in 0.1s\n\nFAILED (failures=6)\n", 1))
 
     def test_left_out_cases_did_not_pass(self):
         self.assertEqual((4, 1), count_cases(
