@@ -1,0 +1,50 @@
+"""The documents name only files, folders and functions that exist."""
+
+import re
+import unittest
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+DOCUMENTS = [ROOT / "README.md", *sorted((ROOT / "docs").glob("*.md"))]
+ROOMS = {path.name for path in (ROOT / "src").iterdir()}
+
+
+def named_in(document):
+    """What a document puts in backticks, code blocks left out."""
+    text = re.sub(r"^```.*?^```", "", document.read_text(encoding="utf-8"), flags=re.M | re.S)
+    return set(re.findall(r"`([^`\n]+)`", text))
+
+
+class DocsTest(unittest.TestCase):
+    def test_files_of_the_program_exist(self):
+        for document in DOCUMENTS:
+            for name in named_in(document):
+                match = re.fullmatch(r"(\w+)/([\w.]+)", name)
+                if match and match.group(1) in ROOMS:
+                    with self.subTest(document=document.name, name=name):
+                        self.assertTrue(list((ROOT / "src" / match.group(1)).glob(
+                            match.group(2) + ("" if "." in match.group(2) else ".*"))))
+
+    def test_scripts_and_other_folders_exist(self):
+        for document in DOCUMENTS:
+            for name in named_in(document):
+                if re.fullmatch(r"(tools|tests|cmake|docs)/[\w./-]*", name):
+                    with self.subTest(document=document.name, name=name):
+                        self.assertTrue((ROOT / name).exists())
+
+    def test_functions_and_records_exist(self):
+        declared = "\n".join(path.read_text(encoding="utf-8")
+                             for path in sorted((ROOT / "src").rglob("*.h")))
+        for document in DOCUMENTS:
+            for name in named_in(document):
+                if re.fullmatch(r"(?:[A-Z][a-z0-9]+){2,}", name):
+                    with self.subTest(document=document.name, name=name):
+                        self.assertRegex(declared, rf"\b{name}\b")
+
+    def test_there_is_something_to_check(self):
+        names = set().union(*map(named_in, DOCUMENTS))
+        self.assertGreater(len(names), 40)
+
+
+if __name__ == "__main__":
+    unittest.main()
