@@ -72,7 +72,7 @@ TEST(NumberToText, HasNoTextForAnUnknownType) {
 }
 
 TEST(NumberRoundDigits, RoundsARealNumberAndCopiesSpecialValues) {
-    PrecisionScope scope(20);
+    PrecisionScope scope(19);
     FieldScope type(numberContext.numberType, NumberTypeReal);
     auto round = [](std::string_view plain, int64_t digits) {
         const RealBuffer x(plain);
