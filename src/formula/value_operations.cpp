@@ -8,7 +8,6 @@
 #include "core/real_divide.h"
 #include "core/real_integer.h"
 #include "core/real_rounding.h"
-#include "core/real_text.h"
 
 namespace tallymere {
 
@@ -157,33 +156,6 @@ bool ValueToSigned(int64_t* out, const uint64_t* a) {
             *out = 0;
             return false;
     }
-}
-
-int64_t ValueToText(char16_t* characters, int64_t capacity, const uint64_t* a, uint32_t flags) {
-    const bool terminated = (flags & TextNoTerminator) == 0;
-    if (characters == nullptr) {
-        return RealTextCapacity(flags) + (terminated ? 1 : 0);
-    }
-    TextWriter writer = {0, capacity - (terminated ? 1 : 0), characters};
-    switch (numberContext.numberType) {
-        case NumberTypeReal:
-            RealToText(writer, RealAt(a), flags | TextNoTerminator);
-            break;
-        default:
-            SetCalcError(CalcErrorUnknownType);
-    }
-    if (WriterOverflowed(writer)) {
-        writer.position = 0;
-        WriteChars(writer, u"[$]", 3);
-        SetCalcError(CalcErrorTextTooLong);
-        if (WriterOverflowed(writer)) {
-            writer.position = 0;
-        }
-    }
-    if (terminated && capacity > 0) {
-        characters[writer.position] = 0;
-    }
-    return writer.position;
 }
 
 }  // namespace tallymere

@@ -7,6 +7,8 @@
 
 #include <cstdint>
 
+#include "core/number_text.h"
+
 namespace tallymere {
 
 /// Copies one value.
@@ -15,7 +17,8 @@ void ValueCopy(uint64_t* dest, const uint64_t* source);
 /// -1, 0 or 1 in the order of the type; ignoreSign compares magnitudes. 1 with code 102.
 int ValueCompare(const uint64_t* a, const uint64_t* b, bool ignoreSign);
 
-/// Compares with k: -1, 0 or 1; 1 with code 102.
+/// Compares with k: -1, 0 or 1; 1 with code 102. In real as RealCompareInt does, which looks at no
+/// more digits of k than stand in the first limb.
 int ValueCompareSmall(const uint64_t* a, int64_t k);
 
 /// True for zero; false with code 102.
@@ -54,10 +57,10 @@ bool ValueToSmall(uint64_t* out, const uint64_t* a);
 /// Writes a and returns true when a is an integer in the signed 64-bit range; else writes 0.
 bool ValueToSigned(int64_t* out, const uint64_t* a);
 
-/// Writes a as text with a terminating 0 (unless TextNoTerminator) and returns its length without
-/// it. `capacity` counts the terminating 0 too. A text that does not fit becomes "[$]", or nothing
-/// where not even that fits, with code 300. With characters == nullptr the result is a capacity
-/// that suffices outside fixed notation.
-int64_t ValueToText(char16_t* characters, int64_t capacity, const uint64_t* a, uint32_t flags);
+/// Writes a as text by the rules of NumberToText, which see, and returns the length.
+inline int64_t ValueToText(char16_t* characters, int64_t capacity, const uint64_t* a,
+                           uint32_t flags) {
+    return NumberToText(characters, capacity, a, flags);
+}
 
 }  // namespace tallymere

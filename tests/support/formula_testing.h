@@ -1,0 +1,65 @@
+// What tests of formulas share: the setting of one evaluation, and its outcome in a form that can
+// be compared and printed.
+#pragma once
+
+#include <cstdint>
+#include <iosfwd>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "core/number_context.h"
+#include "core/text_flags.h"
+#include "formula/formula_evaluator.h"
+#include "support/real_testing.h"
+
+namespace tallymere::testing_support {
+
+/// The number type and precision of some evaluations and the ScratchStack that they need, for its
+/// life. At its end context and ScratchStack must be as they were found.
+class FormulaScope {
+public:
+    explicit FormulaScope(int64_t precision = 20, NumberType type = NumberTypeReal);
+    ~FormulaScope();
+    FormulaScope(const FormulaScope&) = delete;
+    FormulaScope& operator=(const FormulaScope&) = delete;
+
+private:
+    ContextCheck check_;
+    FieldScope<NumberType> type_;
+    RealLayoutScope layout_;
+    bool ownsScratchStack_;
+};
+
+/// What became of a formula: an error with its place, or a value.
+struct FormulaOutcome {
+    uint32_t error = FormulaErrorNone;
+    uint64_t position = 0;
+    uint64_t length = 0;
+    std::string value;  ///< PlainText of a real result, the hexadecimal words of another type
+    bool inexact = false;
+
+    bool operator==(const FormulaOutcome&) const = default;
+};
+
+void PrintTo(const FormulaOutcome& outcome, std::ostream* out);
+
+/// The success of a formula in the type real; `value` is what RealFromPlainText reads.
+FormulaOutcome Value(std::string_view value);
+
+/// The outcome of failure.
+FormulaOutcome Failure(uint32_t error, uint64_t position, uint64_t length);
+
+using Variables = std::vector<std::pair<std::u16string, std::u16string>>;
+
+/// Evaluates a formula through EvaluateFormula. Fails the test if CalcError or the ScratchStack are
+/// not as they have to be afterwards, if anything is written behind the result, or if the result of
+/// a failure is not 0.
+FormulaOutcome Evaluate(std::u16string_view text, const Variables& variables = {},
+                        uint64_t flags = TextGroup);
+
+/// Readable form of a formula for failure messages.
+std::string Printable(std::u16string_view text);
+
+}  // namespace tallymere::testing_support
