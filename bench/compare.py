@@ -1,0 +1,292 @@
+#!/usr/bin/env python3
+"""Compares Tallymere's times with those of libmpdec and MPFR; bench/compare builds and calls this.
+
+usage: bench/compare [--markdown] [--rounds N] [--only WORK ...]
+
+  --markdown      the tables for docs/performance.md
+  --rounds N      rounds of measuring, 7 unless said
+  --only WORK     only these kinds of work, such as product or read
+
+Exit status: 0 if every target is met, 1 if one is missed, 2 for bad options.
+
+How it is measured. libmpdec is the C implementation of Python's decimal module, at as many digits
+as ours and with the widest limits of the exponent. Both sides work on the same 16 pairs of random
+operands in turn. A time is the processor time of one operation, the least of many short
+repetitions. From libmpdec's the time is taken off that the interpreter needs for the emptiest
+expression of the same shape. Ours and theirs are measured in turn, round by round; the ratio shown
+is the median of the rounds' ratios, with the least and the largest beside it.
+"""
+
+import argparse
+import decimal
+import gc
+import json
+import platform
+import re
+import subprocess
+import sys
+import time
+from dataclasses import dataclass, field
+from pathlib import Path
+from statistics import median
+
+DIGITS = [20, 50, 100, 1000, 10000]
+LIMBS = [53, 264, 527]
+
+REPETITIONS = 15
+SECONDS_PER_REPETITION = 0.002
+# An operation too slow for that many repetitions gets fewer.
+SECONDS_PER_MEASUREMENT = 0.15
+LEAST_REPETITIONS = 3
+
+
+@dataclass
+class Work:
+    """One kind of work: what it is called, what libmpdec does for it and what we ask of ourselves.
+
+    `theirs` and `empty` are expressions of a and b, the operands as Decimal, and s, the text of a.
+    """
+
+    name: str
+    title: str
+    operands: str
+    theirs: str
+    empty: str
+    targets: dict = field(default_factory=dict)  # digits: the most that ours / theirs may be
+    mpfr: bool = False
+
+
+WORKS = [
+    Work("product", "product", "numbers", "a * b", "a is b",
+         {20: 1.0, 50: 1.0, 100: 1.0, 1000: 0.2, 10000: 0.25}, mpfr=True),
+    Work("quotient", "quotient", "numbers", "a / b", "a is b",
+         {20: 1.0, 50: 1.0, 100: 1.0, 1000: 1.0, 10000: 1.3}, mpfr=True),
+    Work("sum", "sum", "numbers", "a + b", "a is b", mpfr=True),
+    Work("difference", "difference", "numbers", "a - b", "a is b", mpfr=True),
+    Work("reciprocal", "reciprocal", "numbers", "one / a", "one is a"),
+    Work("small-divisor", "division by an integer to 2000", "small", "a / b", "a is b"),
+    Work("large-divisor", "division by an integer to 10^9", "large", "a / b", "a is b"),
+    Work("remainder", "integer remainder", "whole", "a % b", "a is b"),
+    Work("read", "reading text", "numbers", "Decimal(s)", "callable(s)", {10000: 1.0}),
+    Work("write", "writing text", "numbers", "str(a)", "callable(a)", {10000: 1.0}),
+]
+FORMULAS = {
+    "formula-fractions": "(1/3+2.5)*(7-4/9)/1.1",
+    "formula-polynomial": "((x-6)*x+11)*x-6+x*y with x = 2.718281828459 and y = 1/7",
+}
+LIMB_PRODUCT = "limb-product"
+LIMB_PRODUCT_TARGET = 3.5  # the least that twin / ours may be
+
+
+class Program:
+    """The benchmark program; measures in nanoseconds."""
+
+    def __init__(self, path):
+        self.path = path
+
+    def output(self, *arguments):
+        return subprocess.run([self.path, *arguments], check=True, stdout=subprocess.PIPE,
+                              stderr=subprocess.PIPE, text=True).stdout
+
+    def operands(self, kind, digits):
+        return [line.split() for line in self.output("--operands", kind, str(digits)).splitlines()]
+
+    def measure(self, work, side, size, repetitions=REPETITIONS):
+        report = json.loads(self.output(
+            f"--benchmark_filter=^{work}/{side}/{size}$",
+            f"--benchmark_min_time={SECONDS_PER_REPETITION}",
+            f"--benchmark_repetitions={repetitions}", "--benchmark_format=json"))
+        runs = [run for run in report["benchmarks"] if run["run_type"] == "iteration"]
+        failed = [run["error_message"] for run in runs if run.get("error_occurred")]
+        if failed or not runs:
+            sys.exit(f"{work}/{side}/{size}: {failed[0] if failed else 'no such benchmark'}")
+        return min(run["cpu_time"] for run in runs)
+
+
+class DecimalLoop:
+    """An expression evaluated once for each pair of operands in straight code."""
+
+    def __init__(self, expression, pairs):
+        names = {"one": decimal.Decimal(1), "Decimal": decimal.Decimal, "str": str,
+                 "callable": callable, "clock": time.thread_time_ns}
+        lines = []
+        for i, (a, b) in enumerate(pairs):
+            names |= {f"a{i}": decimal.Decimal(a), f"b{i}": decimal.Decimal(b), f"s{i}": a}
+            lines.append("        " + re.sub(r"\b([abs])\b", rf"\g<1>{i}", expression))
+        # As parameters all names are local variables, the cheapest to read.
+        source = "\n".join([f"def loop(count, {', '.join(names)}):", "    start = clock()",
+                            "    for _ in range(count):", *lines, "    return clock() - start"])
+        namespace = {}
+        exec(source, namespace)
+        self.loop = namespace["loop"]
+        self.values = list(names.values())
+        self.pairs = len(pairs)
+        self.count = 1
+        wanted = SECONDS_PER_REPETITION * 1e9
+        self.loop(1, *self.values)
+        while (spent := self.loop(self.count, *self.values)) < wanted / 2:
+            self.count *= 2
+        self.repetitions = int(max(LEAST_REPETITIONS,
+                                   min(REPETITIONS, SECONDS_PER_MEASUREMENT * 1e9 / spent)))
+
+    def measure(self):
+        least = min(self.loop(self.count, *self.values) for _ in range(self.repetitions))
+        return least / self.count / self.pairs
+
+
+@dataclass
+class Row:
+    title: str
+    size: int
+    ours: float
+    theirs: float = None
+    ratios: list = None
+    target: float = None
+    at_least: bool = False  # the target is a lower bound of the ratio
+    mpfr: float = None
+
+    def ratio(self):
+        return median(self.ratios)
+
+    def met(self):
+        if self.target is None:
+            return True
+        return self.ratio() >= self.target if self.at_least else self.ratio() <= self.target
+
+    def verdict(self):
+        return "" if self.target is None else "ok" if self.met() else "MISSED"
+
+
+def compare_with_libmpdec(program, work, digits, rounds):
+    decimal.setcontext(decimal.Context(
+        prec=digits, rounding=decimal.ROUND_HALF_UP, Emin=decimal.MIN_EMIN, Emax=decimal.MAX_EMAX))
+    pairs = program.operands(work.operands, digits)
+    theirs_loop = DecimalLoop(work.theirs, pairs)
+    empty_loop = DecimalLoop(work.empty, pairs)
+    ours, theirs, mpfr = [], [], []
+    for _ in range(rounds):
+        ours.append(program.measure(work.name, "ours", digits, theirs_loop.repetitions))
+        theirs.append(theirs_loop.measure() - empty_loop.measure())
+        if work.mpfr:
+            mpfr.append(program.measure(work.name, "mpfr", digits))
+    return Row(work.title, digits, min(ours), min(theirs), [o / t for o, t in zip(ours, theirs)],
+               work.targets.get(digits), mpfr=min(mpfr, default=None))
+
+
+def compare_with_twin(program, limbs, rounds):
+    ours, twin = [], []
+    for _ in range(rounds):
+        ours.append(program.measure(LIMB_PRODUCT, "ours", limbs))
+        twin.append(program.measure(LIMB_PRODUCT, "twin", limbs))
+    return Row(LIMB_PRODUCT, limbs, min(ours), min(twin), [t / o for o, t in zip(ours, twin)],
+               LIMB_PRODUCT_TARGET, at_least=True)
+
+
+def show_time(nanoseconds):
+    if nanoseconds is None:
+        return ""
+    return f"{nanoseconds:,.1f}" if nanoseconds < 100 else f"{nanoseconds:,.0f}"
+
+
+def show_ratio(ratio):
+    return f"{ratio:.3f}" if ratio < 10 else f"{ratio:.1f}"
+
+
+class Table:
+    """Prints rows as they come, for a terminal or as Markdown. Text columns stand to the left."""
+
+    def __init__(self, markdown, columns):
+        self.markdown = markdown
+        self.columns = columns
+        self.add([title for title, width in columns])
+        if markdown:
+            self.add([":--" if width < 0 else "--:" for title, width in columns])
+
+    def add(self, cells):
+        if self.markdown:
+            print("| " + " | ".join(cells) + " |")
+        else:
+            print("  ".join(cell.ljust(-width) if width < 0 else cell.rjust(width)
+                            for cell, (title, width) in zip(cells, self.columns)).rstrip())
+        sys.stdout.flush()
+
+
+def ratio_cells(row, bound):
+    spread = f"{show_ratio(min(row.ratios))} - {show_ratio(max(row.ratios))}"
+    target = "" if row.target is None else f"{bound} {row.target}"
+    return [show_ratio(row.ratio()), spread, target, row.verdict()]
+
+
+def processor():
+    for line in Path("/proc/cpuinfo").read_text().splitlines():
+        if line.startswith("model name"):
+            return line.split(":", 1)[1].strip()
+    return platform.processor()
+
+
+def print_heading(title, markdown):
+    print(f"\n### {title}\n" if markdown else f"\n{title}")
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, usage=argparse.SUPPRESS,
+                                     formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("program", help=argparse.SUPPRESS)
+    parser.add_argument("--markdown", action="store_true", help=argparse.SUPPRESS)
+    parser.add_argument("--rounds", type=int, default=7, help=argparse.SUPPRESS)
+    names = [work.name for work in WORKS] + list(FORMULAS) + [LIMB_PRODUCT]
+    parser.add_argument("--only", nargs="+", choices=names, default=names, help=argparse.SUPPRESS)
+    options = parser.parse_args()
+    if options.rounds < 1:
+        parser.error("--rounds wants a number from 1 up")
+    if not hasattr(decimal, "__libmpdec_version__"):
+        sys.exit("This Python's decimal module is not the C implementation; nothing to compare.")
+    program = Program(options.program)
+    gc.disable()
+
+    markdown = options.markdown
+    versions = program.output("--versions").split("\n")
+    print(f"{processor()}; {versions[0]}; libmpdec {decimal.__libmpdec_version__} of Python "
+          f"{platform.python_version()}; {versions[1]}; {options.rounds} rounds; times in ns")
+    rows = []
+
+    works = [work for work in WORKS if work.name in options.only]
+    if works:
+        print_heading("Beside libmpdec, and MPFR for information", markdown)
+        table = Table(markdown, [("work", -30), ("digits", 6), ("ours", 11), ("libmpdec", 11),
+                                 ("ratio", 6), ("least - largest", 15), ("target", 7),
+                                 ("", -6), ("MPFR", 9)])
+        for work in works:
+            for digits in DIGITS:
+                row = compare_with_libmpdec(program, work, digits, options.rounds)
+                rows.append(row)
+                table.add([row.title, f"{digits:,}", show_time(row.ours), show_time(row.theirs),
+                           *ratio_cells(row, "≤"), show_time(row.mpfr)])
+
+    if LIMB_PRODUCT in options.only:
+        print_heading("The limb product beside its plain twin, row by row; twin / ours", markdown)
+        table = Table(markdown, [("limbs", 6), ("ours", 11), ("twin", 11), ("ratio", 6),
+                                 ("least - largest", 15), ("target", 7), ("", -6)])
+        for limbs in LIMBS:
+            row = compare_with_twin(program, limbs, options.rounds)
+            rows.append(row)
+            table.add([f"{limbs}", show_time(row.ours), show_time(row.theirs),
+                       *ratio_cells(row, "≥")])
+
+    formulas = {name: text for name, text in FORMULAS.items() if name in options.only}
+    if formulas:
+        print_heading("Evaluating formulas", markdown)
+        table = Table(markdown, [("formula", -58), ("digits", 6), ("ours", 11)])
+        for name, text in formulas.items():
+            for digits in DIGITS:
+                least = min(program.measure(name, "ours", digits) for _ in range(options.rounds))
+                table.add([f"`{text}`" if markdown else text, f"{digits:,}", show_time(least)])
+
+    missed = sum(not row.met() for row in rows)
+    targets = sum(row.target is not None for row in rows)
+    print(f"\n{targets - missed} of {targets} targets met")
+    return 1 if missed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,64 @@
+// The benchmark program: Google Benchmark's own options, and two that bench/compare needs.
+
+#include <mpfr.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+#include "bench/measuring.h"
+#include "bench/rooms.h"
+
+namespace tallymere::bench {
+
+namespace {
+
+/// One pair a line, a space between them.
+int PrintOperands(const char* kindName, const char* digitsText) {
+    OperandKind kind = OperandKind::Numbers;
+    const int64_t digits = std::atoll(digitsText);
+    if (!FindOperandKind(kindName, &kind) || digits < 2) {
+        std::fprintf(stderr, "--operands numbers|whole|small|large DIGITS\n");
+        return 2;
+    }
+    for (const OperandPair& pair : MakeOperands(kind, digits)) {
+        std::printf("%s %s\n", pair.a.c_str(), pair.b.c_str());
+    }
+    return 0;
+}
+
+int PrintVersions() {
+#ifdef __clang__
+    std::printf("Clang %s\n", __clang_version__);
+#else
+    std::printf("GCC %s\n", __VERSION__);
+#endif
+    std::printf("MPFR %s\n", mpfr_get_version());
+    return 0;
+}
+
+}  // namespace
+
+}  // namespace tallymere::bench
+
+int main(int argc, char** argv) {
+    using namespace tallymere::bench;
+    const std::string_view option = argc > 1 ? argv[1] : "";
+    if (option == "--operands" && argc == 4) {
+        return PrintOperands(argv[2], argv[3]);
+    }
+    if (option == "--versions") {
+        return PrintVersions();
+    }
+    AddArithmeticBenchmarks();
+    AddTextBenchmarks();
+    AddFormulaBenchmarks();
+    AddLimbProductBenchmarks();
+    AddMpfrBenchmarks();
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+        return 2;
+    }
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -1,0 +1,79 @@
+#include "bench/operands.h"
+
+#include <random>
+
+namespace tallymere::bench {
+
+namespace {
+
+constexpr uint64_t Seed = 20'240'229;
+constexpr uint64_t ExponentRange = 16;
+
+std::string RandomDigits(std::mt19937_64& random, int64_t count) {
+    std::string digits(1, static_cast<char>('1' + random() % 9));
+    while (static_cast<int64_t>(digits.size()) < count) {
+        digits += static_cast<char>('0' + random() % 10);
+    }
+    return digits;
+}
+
+std::string RandomNumber(std::mt19937_64& random, int64_t digits) {
+    std::string text = RandomDigits(random, digits);
+    text.insert(text.begin() + 1, '.');
+    return text + "e" + std::to_string(random() % ExponentRange);
+}
+
+std::string RandomBetween(std::mt19937_64& random, uint64_t low, uint64_t high) {
+    return std::to_string(low + random() % (high - low + 1));
+}
+
+}  // namespace
+
+std::vector<OperandPair> MakeOperands(OperandKind kind, int64_t digits) {
+    std::mt19937_64 random(Seed + static_cast<uint64_t>(digits));
+    std::vector<OperandPair> pairs;
+    for (int64_t i = 0; i < OperandPairs; i++) {
+        OperandPair pair;
+        switch (kind) {
+            case OperandKind::Numbers:
+                pair.a = RandomNumber(random, digits);
+                pair.b = RandomNumber(random, digits);
+                break;
+            case OperandKind::WholeNumbers:
+                pair.a = RandomDigits(random, digits);
+                pair.b = RandomDigits(random, digits / 2);
+                break;
+            case OperandKind::SmallDivisors:
+                pair.a = RandomNumber(random, digits);
+                pair.b = RandomBetween(random, 2, 2'000);
+                break;
+            case OperandKind::LargeDivisors:
+                pair.a = RandomNumber(random, digits);
+                pair.b = RandomBetween(random, 2'001, 1'000'000'000);
+                break;
+        }
+        pairs.push_back(pair);
+    }
+    return pairs;
+}
+
+bool FindOperandKind(std::string_view name, OperandKind* kind) {
+    constexpr struct {
+        std::string_view name;
+        OperandKind kind;
+    } names[] = {
+        {"numbers", OperandKind::Numbers},
+        {"whole", OperandKind::WholeNumbers},
+        {"small", OperandKind::SmallDivisors},
+        {"large", OperandKind::LargeDivisors},
+    };
+    for (const auto& entry : names) {
+        if (entry.name == name) {
+            *kind = entry.kind;
+            return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace tallymere::bench

@@ -1,0 +1,13 @@
+// What each file of benchmarks adds to the program. A benchmark is named WORK/SIDE/SIZE, as in
+// "product/ours/1000", and its time is that of one operation.
+#pragma once
+
+namespace tallymere::bench {
+
+void AddArithmeticBenchmarks();
+void AddTextBenchmarks();
+void AddFormulaBenchmarks();
+void AddLimbProductBenchmarks();
+void AddMpfrBenchmarks();
+
+}  // namespace tallymere::bench
