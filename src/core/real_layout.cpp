@@ -110,7 +110,10 @@ Limb RealConvertLayout(RealNumber* dest, const RealNumber* src, RealLayout sourc
     if (t < source.topDigits) {
         return LimbsShiftRightDigits(to, to, n, source.topDigits - t, below);
     }
-    return LimbsShiftLeftDigits(to, to, n, t - source.topDigits, below);
+    const int64_t up = t - source.topDigits;
+    const Limb guard = LimbsShiftLeftDigits(to, to, n, up, below);
+    const Limb next = n + 1 < source.limbs ? from[n + 1] : 0;
+    return guard + DivideByPowerOfTen(next, DigitsPerLimb - up).quotient;
 }
 
 void RealConvertPrecision(RealNumber* dest, int64_t digits, const RealNumber* src,
