@@ -1,0 +1,140 @@
+#include "core/number_context.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "core/scratch.h"
+#include "support/real_testing.h"
+
+namespace tallymere {
+namespace {
+
+using namespace testing_support;
+
+TEST(NumberContext, HasItsStartValues) {
+    const NumberContext& context = numberContext;
+    EXPECT_EQ(context.calcError, CalcErrorNone);
+    EXPECT_EQ(context.precisionDigits, 16);
+    EXPECT_EQ(context.realLimbs, 1);
+    EXPECT_EQ(context.topLimbDigits, 16);
+    EXPECT_EQ(context.uintDigits, 19);
+    EXPECT_EQ(context.uintLimbs, 1);
+    EXPECT_EQ(context.numberType, NumberTypeNone);
+    EXPECT_EQ(context.fixedExponentLow, -4);
+    EXPECT_EQ(context.fixedExponentHigh, 10);
+    EXPECT_EQ(context.noRounding, 0);
+    EXPECT_EQ(context.reportUnderflow, 0);
+    EXPECT_EQ(context.reportOverflow, 1);
+    EXPECT_EQ(context.useInfinitySign, 1);
+    EXPECT_EQ(std::u16string(context.decimalSeparators, 3), u"...");
+    EXPECT_EQ(std::u16string(context.groupSeparators, 3), u"'''");
+    EXPECT_EQ(std::u16string(context.exponentChars, 4), u"eEEE");
+    EXPECT_EQ(std::u16string(context.imaginaryChars, 2), u"ii");
+    EXPECT_EQ(context.scratchTop, context.scratchBase);
+    EXPECT_EQ(context.scratchBase, coreScratch.base);
+}
+
+TEST(SetRealPrecision, MapsDigitsToLimbs) {
+    ContextCheck check;
+    RealLayoutScope scope;
+    struct Row {
+        int64_t p, n, t;
+    };
+    for (const Row row : {Row{1, 1, 1}, Row{2, 1, 2}, Row{18, 1, 18}, Row{19, 1, 19}, Row{20, 2, 1},
+                          Row{25, 2, 6}, Row{38, 2, 19}, Row{39, 3, 1}, Row{10'005, 527, 11}}) {
+        EXPECT_TRUE(SetRealPrecision(row.p));
+        EXPECT_EQ(numberContext.precisionDigits, row.p);
+        EXPECT_EQ(numberContext.realLimbs, row.n);
+        EXPECT_EQ(numberContext.topLimbDigits, row.t);
+    }
+    for (int64_t p = 1; p <= MaxPrecisionDigits; p++) {
+        ASSERT_TRUE(SetRealPrecision(p));
+        const int64_t n = numberContext.realLimbs;
+        const int64_t t = numberContext.topLimbDigits;
+        ASSERT_EQ(n, (p + 18) / 19);
+        ASSERT_EQ(t, p - 19 * n + 19);
+        ASSERT_TRUE(t >= 1 && t <= 19);
+    }
+}
+
+TEST(SetRealPrecision, RefusesWhatIsOutOfRangeAndChangesNothing) {
+    PrecisionScope scope(25);
+    for (int64_t p : {int64_t{0}, int64_t{-1}, int64_t{10'006}, INT64_MAX, INT64_MIN}) {
+        EXPECT_FALSE(SetRealPrecision(p));
+        EXPECT_EQ(TakeCode(), CalcErrorBadParameter);
+        EXPECT_EQ(numberContext.precisionDigits, 25);
+        EXPECT_EQ(numberContext.realLimbs, 2);
+        EXPECT_EQ(numberContext.topLimbDigits, 6);
+    }
+}
+
+TEST(SetCalcError, KeepsTheFirstCode) {
+    ContextCheck check;
+    SetCalcError(CalcErrorOverflow);
+    SetCalcError(CalcErrorUndefined);
+    EXPECT_EQ(TakeCode(), CalcErrorOverflow);
+}
+
+TEST(CalcErrorCodes, AreThoseThatCallersKnow) {
+    EXPECT_EQ(CalcErrorBadParameter, 100u);
+    EXPECT_EQ(CalcErrorUnknownType, 102u);
+    EXPECT_EQ(CalcErrorOverflow, 200u);
+    EXPECT_EQ(CalcErrorUnderflow, 201u);
+    EXPECT_EQ(CalcErrorExactDivisionByZero, 202u);
+    EXPECT_EQ(CalcErrorUndefined, 203u);
+    EXPECT_EQ(CalcErrorMalformed, 204u);
+    EXPECT_EQ(CalcErrorComplexNotAllowed, 205u);
+    EXPECT_EQ(CalcErrorCancelled, 207u);
+    EXPECT_EQ(CalcErrorTextTooLong, 300u);
+    EXPECT_EQ(CalcErrorSyntax, 301u);
+    EXPECT_EQ(CalcErrorCapacity, 400u);
+}
+
+TEST(SizeOfNumber, DependsOnTheNumberType) {
+    PrecisionScope scope(25);
+    FieldScope<int64_t> width(numberContext.uintLimbs, 5);
+    const auto sizeAs = [](NumberType type) {
+        FieldScope<NumberType> chosen(numberContext.numberType, type);
+        return SizeOfNumber();
+    };
+    EXPECT_EQ(sizeAs(NumberTypeReal), 24u);
+    EXPECT_EQ(sizeAs(NumberTypeComplex), 48u);
+    EXPECT_EQ(sizeAs(NumberTypeUint), 40u);
+    EXPECT_EQ(sizeAs(NumberTypeRational), 88u);
+    EXPECT_EQ(TakeCode(), CalcErrorNone);
+    EXPECT_EQ(sizeAs(NumberTypeNone), 0u);
+    EXPECT_EQ(TakeCode(), CalcErrorUnknownType);
+    EXPECT_EQ(sizeAs(static_cast<NumberType>(3)), 0u);
+    EXPECT_EQ(TakeCode(), CalcErrorUnknownType);
+}
+
+TEST(RealLayoutScope, PutsTheLayoutBack) {
+    PrecisionScope scope(25);
+    {
+        RealLayoutScope inner;
+        InstallRealLayout(LayoutForDigits(1000));
+        EXPECT_EQ(inner.Saved().digits, 25);
+        EXPECT_EQ(numberContext.realLimbs, 53);
+    }
+    EXPECT_EQ(CurrentRealLayout().digits, 25);
+    EXPECT_EQ(CurrentRealLayout().limbs, 2);
+    EXPECT_EQ(CurrentRealLayout().topDigits, 6);
+}
+
+TEST(AbortRequested, ReadsTheByteThatTheContextPointsTo) {
+    uint8_t stop = 0;
+    {
+        FieldScope<uint8_t*> none(numberContext.abortFlag, nullptr);
+        EXPECT_FALSE(AbortRequested());
+    }
+    FieldScope<uint8_t*> scope(numberContext.abortFlag, &stop);
+    EXPECT_FALSE(AbortRequested());
+    SetAbortByte(&stop, 1);
+    EXPECT_TRUE(AbortRequested());
+    SetAbortByte(&stop, 0);
+    EXPECT_FALSE(AbortRequested());
+}
+
+}  // namespace
+}  // namespace tallymere
