@@ -1,0 +1,100 @@
+// Random formulas against a second evaluator of the same grammar: values, and for what is no
+// formula the error with its place.
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+
+#include "formula/formula_error.h"
+#include "support/formula_generator.h"
+#include "support/formula_model.h"
+#include "support/formula_testing.h"
+
+namespace tallymere {
+namespace {
+
+using namespace testing_support;
+
+class RandomFormulas : public ::testing::Test {
+protected:
+    // Compares the two evaluators on a formula and counts how it ended.
+    void Compare(const std::u16string& text) {
+        const Variables& variables = RandomFormulaVariables();
+        const std::optional<FormulaOutcome> expected = PredictFormula(text, variables);
+        TakeCode();  // of a prediction that was given up
+        const FormulaOutcome actual = Evaluate(text, variables);
+        compared_++;
+        if (!expected) {
+            unmodelled_++;
+            return;
+        }
+        endings_[actual.error]++;
+        ASSERT_EQ(actual, *expected)
+            << Printable(text) << " at " << numberContext.precisionDigits << " digits";
+    }
+
+    // Runs `rounds` formulas at each of some precisions.
+    template <typename Make>
+    void CompareMany(int rounds, Make make) {
+        for (const int64_t p : {1, 3, 19, 20, 38, 57}) {
+            FormulaScope scope(p);
+            for (int i = TestRounds(rounds); i > 0; i--) {
+                std::u16string text = make();
+                KeepShort(text);
+                Compare(text);
+                if (HasFatalFailure()) {
+                    return;
+                }
+            }
+        }
+        EXPECT_LT(unmodelled_ * 10, compared_) << "too few formulas were compared";
+    }
+
+    // What a test is worth shows in how often it saw an ending.
+    void ExpectSeen(std::initializer_list<uint32_t> errors) {
+        for (const uint32_t error : errors) {
+            EXPECT_GE(endings_[error], TestRounds(100)) << error;
+        }
+    }
+
+    RandomSource random_;
+    int compared_ = 0;
+    int unmodelled_ = 0;
+    std::map<uint32_t, int> endings_;
+};
+
+TEST_F(RandomFormulas, HaveTheValueOrErrorOfTheGrammar) {
+    CompareMany(40'000,
+                [this] { return RandomFormula(random_, static_cast<int>(random_.Below(5))); });
+    ExpectSeen({FormulaErrorNone, FormulaErrorOverflow, FormulaErrorArgumentCount,
+                FormulaErrorNeedsComplex, FormulaErrorBadNumber, FormulaErrorNotAvailable,
+                FormulaErrorUndefinedName, FormulaErrorVariableFailed});
+    EXPECT_GT(endings_[FormulaErrorNone], compared_ / 2) << "most formulas are good";
+}
+
+TEST_F(RandomFormulas, ThatAreMangledHaveTheErrorOfTheirFirstFault) {
+    CompareMany(60'000, [this] {
+        std::u16string text = RandomFormula(random_, static_cast<int>(random_.Below(4)));
+        Mangle(random_, text);
+        return text;
+    });
+    ExpectSeen({FormulaErrorNone, FormulaErrorSyntax, FormulaErrorLeftParenMissing,
+                FormulaErrorUnexpectedEnd, FormulaErrorOverflow, FormulaErrorArgumentCount,
+                FormulaErrorNeedsComplex, FormulaErrorBadNumber, FormulaErrorUndefinedName,
+                FormulaErrorVariableFailed});
+}
+
+TEST_F(RandomFormulas, ThatAreNestedDeeplyMeetTheLimitOfTheStack) {
+    CompareMany(9'000, [this] {
+        std::u16string text = RandomNest(random_);
+        if (random_.Below(3) == 0) {
+            Mangle(random_, text);
+        }
+        return text;
+    });
+    ExpectSeen({FormulaErrorNone, FormulaErrorTooComplicated, FormulaErrorLeftParenMissing,
+                FormulaErrorUnexpectedEnd});
+}
+
+}  // namespace
+}  // namespace tallymere
