@@ -1,0 +1,38 @@
+// From the formula of the calculator to its result: what "=" starts.
+#pragma once
+
+#include <cstdint>
+
+#include "formula/formula_error.h"
+
+namespace tallymere {
+
+/// How many ")" the formula lacks, which "=" appends; 0 when there are as many as "(" or more.
+int64_t CountMissingParentheses(const char16_t* formula);
+
+struct CalcEvaluation {
+    FormulaError error;      ///< of the last attempt
+    uint64_t errorPosition;  ///< 1-based character position
+    bool inexactResult;      ///< an exact type lost a remainder
+    bool fellToReal;         ///< no fraction, so the number type is real from now on
+};
+
+/// Evaluates with the settings of the calculator, which must be in force, and its variables, and
+/// writes one value of the type then in force to `result`, CalcResultWords words.
+///
+/// What fails in the type rat is tried in real with the same digits; if that succeeds, real becomes
+/// the number type of the calculator. Else the error of the second attempt counts.
+///
+/// An error is raised as UiErrorFormula with its text, a request to stop as UiErrorStopped.
+/// CalcError is 0 afterwards and the ScratchStack as it was found.
+CalcEvaluation EvaluateCalcFormula(const char16_t* formula, uint64_t* result);
+
+/// The work of the calculating thread: evaluates and, if no error is pending, keeps the result in
+/// the calculator, real and complex numbers rounded to the precision setting. The thread needs a
+/// ScratchStack.
+CalcEvaluation CalculateResult(const char16_t* formula);
+
+/// Writes the text for an error of a formula into a buffer of capacity + 1 characters.
+void FormatFormulaError(char16_t* buffer, int64_t capacity, const CalcEvaluation& evaluation);
+
+}  // namespace tallymere

@@ -1,0 +1,73 @@
+// The state of the calculator: its number settings, the last result and the result's text.
+//
+// NumberContext is shared with the other pages, so the calculator keeps its own settings here and
+// puts them in force anew before it does anything.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+
+#include "core/number_context.h"
+
+namespace tallymere {
+
+/// How the result is shown.
+enum ResultForm : uint32_t {
+    ResultAutomatic = 0,
+    ResultFixed = 1,
+    ResultScientific = 2,
+    ResultMixed = 3,  ///< a fraction with its whole part; other types show it as automatic
+};
+
+/// Decimal digits of the integers of the types uint and rat.
+inline constexpr int64_t CalcUintDigits = 20'000;
+inline constexpr int64_t CalcRationalDigits = 10'000;
+
+/// 64-bit limbs for integers of so many decimal digits: digits * log2(10) / 64, rounded down, and
+/// one. `digits` is 0 to 10^10.
+constexpr int64_t UintLimbsForDigits(int64_t digits) {
+    return ((digits * 891'723'283) >> 34) + 1;
+}
+
+/// The words of the longest value of any type that the calculator can install.
+inline constexpr int64_t CalcResultWords =
+    std::max({2 * (LayoutForDigits(MaxPrecisionDigits).limbs + 1),
+              UintLimbsForDigits(CalcUintDigits), 2 * UintLimbsForDigits(CalcRationalDigits) + 1});
+
+/// Characters of a result, the terminating 0 not counted.
+inline constexpr int64_t CalcResultCharacters = 88'661;
+
+struct CalculatorState {
+    int64_t calcPrecision = 10;      ///< the precision setting; results are rounded to it
+    int64_t calcWorkingDigits = 12;  ///< calcPrecision + 2, the digits of the arithmetic
+    int64_t calcIntegerDigits = 1;   ///< digits of integers; 1 for types that have none
+    int64_t calcOutputBase = 10;     ///< 2, 8, 10 or 16; always 10 unless the type is uint
+    NumberType calcResultType = NumberTypeReal;  ///< the type in force and of calcResult
+    ResultForm resultForm = ResultAutomatic;
+    bool ansAvailable = false;   ///< there was a result
+    bool resultValid = false;    ///< the result shown belongs to the formula and settings shown
+    bool resultBracket = false;  ///< an exact type lost a remainder on the way to the result
+
+    uint64_t calcResult[CalcResultWords] = {};
+    /// The result as shown. `ans` is this text and not the number; empty before the first result.
+    char16_t calcResultText[CalcResultCharacters + 1] = {};
+};
+
+/// The one calculator of the process.
+extern CalculatorState calculator;
+
+/// The result shown is no longer that of the formula and settings shown.
+void MarkResultStale();
+
+/// Takes over the precision setting, |precision| < 2^62, and puts it in force. A precision that
+/// leads outside the layouts of the core sets code 100 and leaves the layout.
+void ApplyPrecision(int64_t precision);
+
+/// Takes over the number type and puts it in force. The base, 2, 8, 10 or 16, matters for uint.
+void ApplyNumberType(NumberType type, int64_t base);
+
+/// Puts type, digits and integer width of the calculator in force again. Sets code 100 instead of
+/// installing what is out of range.
+void RestoreCalcContext();
+
+}  // namespace tallymere

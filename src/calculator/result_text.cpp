@@ -1,0 +1,89 @@
+#include "calculator/result_text.h"
+
+#include "calculator/calculator_state.h"
+#include "core/number_text.h"
+#include "core/text_flags.h"
+#include "shell/ui_error.h"
+#include "shell/ui_text.h"
+
+namespace tallymere {
+
+namespace {
+
+/// Above it the notation window is refused.
+constexpr int64_t MaxFixedExponent = 1'000'000'000;
+
+/// Sets the notation window of automatic notation.
+void InstallNotationWindow() {
+    if (calculator.calcPrecision > MaxFixedExponent) {
+        SetCalcError(CalcErrorBadParameter);
+        return;
+    }
+    numberContext.fixedExponentLow = -4;
+    numberContext.fixedExponentHigh = calculator.calcPrecision;
+}
+
+/// The flags for a result in base 10.
+uint32_t NotationFlags() {
+    switch (calculator.resultForm) {
+        case ResultFixed:
+            return TextFixed | TextStripZeros;
+        case ResultScientific:
+            return TextScientific | TextStripZeros;
+        default:
+            InstallNotationWindow();
+            return 0;
+    }
+}
+
+/// The letter behind the "0" before a number in a base other than 10.
+char16_t PrefixLetter(int64_t base) {
+    return base == 2 ? u'y' : base == 8 ? u't' : u'x';
+}
+
+void WriteBasedResult(uint32_t flags, bool lowerCaseHex) {
+    const int64_t base = calculator.calcOutputBase;
+    char16_t* text = calculator.calcResultText;
+    text[0] = u'0';
+    text[1] = PrefixLetter(base);
+    flags |= static_cast<uint32_t>(base);
+    if (base == 16 && lowerCaseHex) {
+        flags |= TextLowerHex;
+    }
+    NumberToText(text + 2, CalcResultCharacters - 2, calculator.calcResult, flags);
+}
+
+}  // namespace
+
+const char16_t* ShowResult(const ResultStyle& style) {
+    calculator.calcResultText[0] = 0;
+    if (PendingUiError() != UiErrorNone) {
+        return nullptr;
+    }
+    const uint32_t flags = style.groupDigits ? uint32_t{TextGroup} : 0;
+    if (calculator.calcResultType == NumberTypeUint && calculator.calcOutputBase != 10) {
+        WriteBasedResult(flags, style.lowerCaseHex);
+    } else {
+        NumberToText(calculator.calcResultText, CalcResultCharacters, calculator.calcResult,
+                     flags | NotationFlags());
+    }
+    if (numberContext.calcError != CalcErrorTextTooLong) {
+        return calculator.calcResultText;
+    }
+    calculator.calcResultText[0] = 0;
+    numberContext.calcError = CalcErrorNone;
+    return uiText.TextCalcNumberTooLongFixed;
+}
+
+const char16_t* FinishCalculation(const ResultStyle& style) {
+    if (PendingUiError() != UiErrorNone) {
+        MarkResultStale();
+        return nullptr;
+    }
+    const char16_t* shown = ShowResult(style);
+    calculator.ansAvailable = true;
+    calculator.resultValid = true;
+    return shown;
+}
+
+}  // namespace tallymere

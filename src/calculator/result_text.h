@@ -1,0 +1,24 @@
+// The text of the result, in the form that the user asked for.
+#pragma once
+
+namespace tallymere {
+
+/// The display settings that stand in the options.
+struct ResultStyle {
+    bool groupDigits;   ///< group separators in the result
+    bool lowerCaseHex;  ///< small letters in base 16
+};
+
+/// Writes calcResult as calcResultText in the result form and returns what the result field shows:
+/// that text, or, when it is too long for fixed notation, a text of UiText that says so, with an
+/// empty calcResultText. With a UiError pending calcResultText becomes empty and the result null.
+///
+/// The context must be the one that calcResult was kept under. Sets code 102 for a type without a
+/// text form, and 100 where the precision makes no notation window.
+const char16_t* ShowResult(const ResultStyle& style);
+
+/// What the end of the calculating thread leads to: with no UiError pending the result is shown, as
+/// above, and valid; else the result shown before stays and is marked stale, and null is returned.
+const char16_t* FinishCalculation(const ResultStyle& style);
+
+}  // namespace tallymere

@@ -1,0 +1,42 @@
+#include "shell/separators.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "core/number_context.h"
+
+namespace tallymere {
+
+namespace {
+
+constexpr char16_t DecimalCharacters[] = {u'.', u','};
+constexpr char16_t ThousandsCharacters[] = {u'.', u',', u'\'', u'\u202F'};
+
+template <size_t Count>
+void ApplySetting(char16_t (&separators)[3], int32_t setting, const char16_t (&characters)[Count]) {
+    if (setting >= 0 && setting < static_cast<int32_t>(Count)) {
+        StoreSeparator(separators, characters[setting]);
+    }
+}
+
+}  // namespace
+
+bool IsForbiddenSeparator(char16_t c) {
+    return c <= u' ' || c == u'(' || c == u')' || c == u'+' || c == u'-' ||
+           (c >= u'0' && c <= u'9');
+}
+
+void StoreSeparator(char16_t (&separators)[3], char16_t c) {
+    if (IsForbiddenSeparator(c)) {
+        SetCalcError(CalcErrorBadParameter);
+    } else {
+        std::fill(std::begin(separators), std::end(separators), c);
+    }
+}
+
+void ApplySeparators(int32_t decimalSetting, int32_t thousandsSetting) {
+    ApplySetting(numberContext.decimalSeparators, decimalSetting, DecimalCharacters);
+    ApplySetting(numberContext.groupSeparators, thousandsSetting, ThousandsCharacters);
+}
+
+}  // namespace tallymere
