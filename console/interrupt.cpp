@@ -1,0 +1,41 @@
+#include "console/interrupt.h"
+
+#include <atomic>
+#include <cstdlib>
+
+#include "shell/ui_error.h"
+
+namespace tallymere {
+
+namespace {
+
+std::atomic<bool> interrupted = false;
+std::atomic<bool> waiting = false;
+static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler uses them");
+
+}  // namespace
+
+void HandleInterrupt() {
+    interrupted = true;
+    if (waiting) {
+        std::_Exit(InterruptedStatus);
+    }
+    RequestCancel();
+}
+
+bool Interrupted() {
+    return interrupted;
+}
+
+WaitingScope::WaitingScope() {
+    waiting = true;
+    if (interrupted) {
+        std::_Exit(InterruptedStatus);
+    }
+}
+
+WaitingScope::~WaitingScope() {
+    waiting = false;
+}
+
+}  // namespace tallymere

@@ -1,0 +1,25 @@
+// Ctrl+C: ends a running calculation at its next check point, or the program when it waits.
+#pragma once
+
+namespace tallymere {
+
+/// The exit status after Ctrl+C.
+inline constexpr int InterruptedStatus = 130;
+
+/// What Ctrl+C does. Called by a signal handler or another thread.
+void HandleInterrupt();
+
+/// True after Ctrl+C.
+bool Interrupted();
+
+/// The program waits for input while this lives: Ctrl+C then ends it at once, also one that came
+/// shortly before. All output must be written.
+class WaitingScope {
+public:
+    WaitingScope();
+    ~WaitingScope();
+    WaitingScope(const WaitingScope&) = delete;
+    WaitingScope& operator=(const WaitingScope&) = delete;
+};
+
+}  // namespace tallymere

@@ -1,0 +1,29 @@
+// Standard input, line by line.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace tallymere {
+
+/// Bytes of the longest line; of a longer one the rest is passed over.
+inline constexpr size_t MaxLineBytes = 16u << 20;
+
+class LineReader {
+public:
+    /// Reads the next line without its end, LF or CR LF; the last line may have none. A UTF-8
+    /// byte order mark before the first line is dropped. Of a line longer than MaxLineBytes the
+    /// first MaxLineBytes + 1 bytes are given. False at the end of the input.
+    bool Read(std::string& line);
+
+private:
+    bool Fill();
+    bool ReadRaw(std::string& line);
+
+    bool first_ = true;
+    size_t next_ = 0;  ///< of the bytes in buffer_
+    size_t end_ = 0;
+    char buffer_[65536];
+};
+
+}  // namespace tallymere

@@ -1,0 +1,26 @@
+// What the system must do for the console.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace tallymere {
+
+/// Makes input and output plain bytes, and UTF-8 where they are a terminal.
+void PrepareStreams();
+
+/// The arguments behind the program's name, in UTF-8 as far as they are valid text.
+std::vector<std::string> ProgramArguments(int argc, char** argv);
+
+/// True when somebody types at standard input.
+bool InputIsTerminal();
+
+/// Waits for bytes of standard input and stores up to `size` of them. Returns how many; 0 at the
+/// end of the input or when it cannot be read.
+size_t ReadInput(char* bytes, size_t size);
+
+/// Lets Ctrl+C call HandleInterrupt.
+void CatchInterrupts();
+
+}  // namespace tallymere

@@ -1,0 +1,36 @@
+#include "console/platform.h"
+
+#include <cerrno>
+#include <csignal>
+
+#include <unistd.h>
+
+#include "console/interrupt.h"
+
+namespace tallymere {
+
+void PrepareStreams() {}
+
+std::vector<std::string> ProgramArguments(int argc, char** argv) {
+    return argc > 1 ? std::vector<std::string>(argv + 1, argv + argc) : std::vector<std::string>();
+}
+
+bool InputIsTerminal() {
+    return isatty(STDIN_FILENO) != 0;
+}
+
+size_t ReadInput(char* bytes, size_t size) {
+    ssize_t count = 0;
+    do {
+        count = read(STDIN_FILENO, bytes, size);
+    } while (count < 0 && errno == EINTR);
+    return count > 0 ? static_cast<size_t>(count) : 0;
+}
+
+void CatchInterrupts() {
+    struct sigaction action = {};
+    action.sa_handler = [](int) { HandleInterrupt(); };
+    sigaction(SIGINT, &action, nullptr);
+}
+
+}  // namespace tallymere

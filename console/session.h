@@ -1,0 +1,33 @@
+// One run of the calculator without its window: formulas go in, lines come out.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "calculator/result_text.h"
+#include "console/options.h"
+
+namespace tallymere {
+
+struct ConsoleAnswer {
+    std::string line;  ///< without its end
+    bool failed;
+};
+
+class Session {
+public:
+    /// Sets the calculator up; there is one session in a process.
+    explicit Session(const ConsoleOptions& options);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    /// Evaluates one formula, in UTF-8, as the calculator does when "=" is pressed.
+    ConsoleAnswer Answer(std::string_view formula);
+
+private:
+    ResultForm form_;
+    ResultStyle style_;
+};
+
+}  // namespace tallymere

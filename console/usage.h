@@ -1,0 +1,10 @@
+// What the console says about itself.
+#pragma once
+
+namespace tallymere {
+
+extern const char* const UsageText;
+extern const char* const VersionText;
+extern const char* const GreetingText;
+
+}  // namespace tallymere
