@@ -191,8 +191,10 @@ void KeepShort(Text& text) {
                      [&](std::u16string_view word) { return text.find(word) != Text::npos; })) {
         return;
     }
-    const auto isDigit = [&](size_t i) {
-        return i < text.size() && text[i] >= u'0' && text[i] <= u'9';
+    const auto continuesExponent = [&](size_t i) {
+        return i < text.size() &&
+               std::u16string_view(u"0123456789.,' \u2019\u202F\u00B7").find(text[i]) !=
+                   std::u16string_view::npos;
     };
     for (size_t i = 0; i < text.size(); i++) {
         if (text[i] != u'e' && text[i] != u'E') {
@@ -203,7 +205,7 @@ void KeepShort(Text& text) {
             end++;
         }
         size_t digits = end;
-        while (isDigit(digits)) {
+        while (continuesExponent(digits)) {
             digits++;
         }
         if (digits - end > 3) {

@@ -22,8 +22,8 @@ std::u16string RandomNest(RandomSource& random);
 /// formulas.
 void Mangle(RandomSource& random, std::u16string& text);
 
-/// Shortens exponents to three digits where the text has a word whose work grows with the size of
-/// its operands.
+/// Shortens exponents to three characters where the text has a word whose work grows with the size
+/// of its operands.
 void KeepShort(std::u16string& text);
 
 }  // namespace tallymere::testing_support
