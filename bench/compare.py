@@ -124,9 +124,8 @@ class DecimalLoop:
         self.values = list(names.values())
         self.pairs = len(pairs)
         self.count = 1
-        wanted = SECONDS_PER_REPETITION * 1e9
         self.loop(1, *self.values)
-        while (spent := self.loop(self.count, *self.values)) < wanted / 2:
+        while (spent := self.loop(self.count, *self.values)) < SECONDS_PER_REPETITION * 1e9:
             self.count *= 2
         self.repetitions = int(max(LEAST_REPETITIONS,
                                    min(REPETITIONS, SECONDS_PER_MEASUREMENT * 1e9 / spent)))
@@ -242,7 +241,8 @@ def print_heading(title, markdown):
 
 
 def main():
-    parser = argparse.ArgumentParser(prog="bench/compare", description=__doc__, usage=argparse.SUPPRESS,
+    parser = argparse.ArgumentParser(prog="bench/compare", description=__doc__,
+                                     usage=argparse.SUPPRESS,
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("program", help=argparse.SUPPRESS)
     parser.add_argument("--markdown", action="store_true", help=argparse.SUPPRESS)
