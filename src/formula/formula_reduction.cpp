@@ -11,8 +11,6 @@ namespace tallymere {
 
 namespace {
 
-constexpr int64_t MaxArguments = 3;
-
 // True when the operator on the stack is applied before the one that comes.
 bool BindsFirst(uint32_t onStack, uint32_t coming) {
     return IsSignId(onStack) ? IsSignId(coming) : coming != OperatorPower;
@@ -69,7 +67,7 @@ void CallFunction(FormulaEvaluator& evaluator, const FormulaToken& token) {
         return;
     }
     FormulaToken& function = stack[index - 1];
-    if (keyword->argumentCount != argumentCount || argumentCount > MaxArguments) {
+    if (keyword->argumentCount != argumentCount) {
         SetFormulaError(evaluator, FormulaErrorArgumentCount, function);
         return;
     }

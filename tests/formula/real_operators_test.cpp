@@ -111,7 +111,7 @@ TEST(RealOperators, DrawTheLineOfSmallOperandsAtSixtyFourBits) {
     }
 }
 
-// Both ways differ in rare last digits, so each operand must go the way that is laid down for it.
+// By the short way where one operand is a machine integer, by the general one elsewhere.
 TEST(RealOperators, AreTheRoundedOperationsOfTheCore) {
     RandomSource random;
     for (const int64_t p : SmallPrecisions) {
