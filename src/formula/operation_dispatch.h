@@ -14,7 +14,8 @@ namespace tallymere {
 void ValueFromNumberText(uint64_t* dest, const char16_t* digits, int64_t length, uint32_t base,
                          uint64_t flags);
 
-/// left = left (operator) right, for OperatorAdd to OperatorMod.
+/// left = left (operator) right, for OperatorAdd to OperatorMod. The evaluator is there for types
+/// whose operations note a lost remainder in it.
 void ApplyBinaryOperator(FormulaEvaluator& evaluator, uint32_t operatorId, uint64_t* left,
                          const uint64_t* right);
 

@@ -13,7 +13,7 @@ struct Row {
     int arguments;
 };
 
-// The words as the manual lists them.
+// All words, written down a second time.
 const std::map<std::u16string, Row> Words = {
     {u"sqrt", {200, 1}},  {u"cbrt", {201, 1}},   {u"ln", {202, 1}},    {u"log2", {203, 1}},
     {u"log10", {204, 1}}, {u"exp", {205, 1}},    {u"abs", {206, 1}},   {u"sin", {207, 1}},
