@@ -18,8 +18,7 @@ bool RealIsWellFormed(const RealNumber* x) {
     const int64_t n = numberContext.realLimbs;
     const Limb* limbs = RealLimbs(x);
     if (RealIsSpecial(x)) {
-        return limbs[0] <= MarkNaN && LimbsAreZero(limbs + 1, n - 1) &&
-               !(limbs[0] == MarkNaN && RealSign(x) != 0);
+        return limbs[0] <= MarkNaN && LimbsAreZero(limbs + 1, n - 1);
     }
     const int64_t t = numberContext.topLimbDigits;
     if (limbs[0] < PowerOfTen(t - 1) || limbs[0] >= PowerOfTen(t)) {

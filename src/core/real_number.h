@@ -86,7 +86,8 @@ inline bool RealIsNaN(const RealNumber* x) {
     return RealIsSpecial(x) && RealLimbs(x)[0] == MarkNaN;
 }
 
-/// True when the record is in normal form in the current layout.
+/// True when the record is in normal form in the current layout. A sign on a NaN passes: nothing
+/// makes one, and one that came about all the same is shown like any other sign.
 bool RealIsWellFormed(const RealNumber* x);
 
 void RealSetZero(RealNumber* dest, uint64_t sign);

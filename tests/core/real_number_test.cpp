@@ -111,7 +111,7 @@ TEST(RealIsWellFormed, HoldsRecordsToTheNormalForm) {
     EXPECT_FALSE(with("inf", 1, 1));
     RealBuffer negativeNaN("nan");
     negativeNaN.Get()->header |= 1;
-    EXPECT_FALSE(RealIsWellFormed(negativeNaN));
+    EXPECT_TRUE(RealIsWellFormed(negativeNaN));
 }
 
 TEST(RealSetExponent, KeepsTheSignAndReportsTheRange) {

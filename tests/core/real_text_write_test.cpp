@@ -170,6 +170,10 @@ TEST(RealToText, WritesInfinityAndNaN) {
     EXPECT_EQ(Write("nan", TextAlwaysSign), "+NaN");
     EXPECT_EQ(Write("inf", TextFixed | TextKeepFraction | TextGroup), "~");
     EXPECT_EQ(Write("nan", TextScientific | TextKeepFraction), "NaN");
+    RealBuffer negativeNaN("nan");
+    RealSetSign(negativeNaN, 1);
+    EXPECT_EQ(Write(negativeNaN, 0), "-NaN");
+    EXPECT_EQ(Write(negativeNaN, TextAlwaysSign), "-NaN");
     FieldScope letters(numberContext.useInfinitySign, uint8_t{0});
     EXPECT_EQ(Write("inf"), "inf");
     EXPECT_EQ(Write("-inf", TextAlwaysSign), "-inf");
