@@ -57,6 +57,9 @@ TEST(WriteDecimalRun, WritesTheLastDigitsOfALongerValue) {
     EXPECT_EQ(NarrowText(written), "345");
     WriteDecimalRun(written.data(), UINT64_MAX, 3);
     EXPECT_EQ(NarrowText(written), "615");
+    std::u16string all(20, u'#');
+    WriteDecimalRun(all.data(), UINT64_MAX, 19);
+    EXPECT_EQ(NarrowText(all), "8446744073709551615#");
 }
 
 TEST(WriteLimbDigits, WritesNineteenDigits) {

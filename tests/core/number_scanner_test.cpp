@@ -72,6 +72,14 @@ TEST(NumberScanner, TakesTheLengthFromTheTerminatorOrAsCounted) {
     EXPECT_EQ(MakeNumberScanner(u"123456", 2, 0, 10).length, 2);
 }
 
+TEST(NumberScanner, LooksAtNothingBehindTheCountedLength) {
+    constexpr std::u16string_view Text = u"1'2.5e5 e- inf9i2 NaN 1e+7";
+    for (size_t length = 0; length <= Text.size(); length++) {
+        const std::u16string alone(Text.substr(0, length));
+        EXPECT_EQ(Tokens(Text.substr(0, length)), Tokens(alone)) << length;
+    }
+}
+
 TEST(NumberScanner, WantsDigitsOnBothSidesOfTheSeparator) {
     EXPECT_EQ(Tokens(u"1.5"), "101:1.5");
     EXPECT_EQ(Tokens(u"1."), "100:1 1:.");
@@ -132,11 +140,15 @@ TEST(NumberScanner, TakesAnExponentMarkOnlyBeforeASignOrADigit) {
 TEST(NumberScanner, TakesAllFourExponentCharsOfTheContext) {
     ContextCheck check;
     FieldScope mark0(numberContext.exponentChars[0], u'\u23E8');
+    FieldScope mark1(numberContext.exponentChars[1], u'x');
+    FieldScope mark2(numberContext.exponentChars[2], u'_');
     FieldScope mark3(numberContext.exponentChars[3], u'@');
     EXPECT_EQ(Tokens(u"1\u23E85"), "100:1 112:? 100:5");
+    EXPECT_EQ(Tokens(u"1x5"), "100:1 112:x 100:5");
+    EXPECT_EQ(Tokens(u"1_5"), "100:1 112:_ 100:5");
     EXPECT_EQ(Tokens(u"1@5"), "100:1 112:@ 100:5");
-    EXPECT_EQ(Tokens(u"1E5"), "100:1 112:E 100:5");
     EXPECT_EQ(Tokens(u"1e5"), "100:1 1:e5");
+    EXPECT_EQ(Tokens(u"1E5"), "100:1 1:E5");
     EXPECT_EQ(Tokens(u"1@"), "100:1 1:@");
 }
 
@@ -182,6 +194,11 @@ TEST(NumberScanner, TakesTheDigitsOfItsRadix) {
 TEST(NumberScanner, TakesADecimalDigitBehindAnExponentMarkInEveryRadix) {
     EXPECT_EQ(Tokens(u"1e9", 0, 2), "100:1 112:e 1:9");
     EXPECT_EQ(Tokens(u"1e9", 0, 8), "100:1 112:e 1:9");
+}
+
+TEST(NumberScanner, TakesDecimalDigitsIntoAWordInEveryRadix) {
+    EXPECT_EQ(Tokens(u"g19", 0, 2), "1:g19");
+    EXPECT_EQ(Tokens(u"i9", 0, 8), "1:i9");
 }
 
 TEST(NumberScanner, ComesToTheEndOfAnyJunkWithoutGapsOrOverlaps) {

@@ -227,6 +227,17 @@ TEST(RealFromText, ReadsTheContextsSeparatorsUnlessNeutral) {
     EXPECT_EQ(Read(u"1\u202F0", TextNeutral | TextGroup), "nan code 301");
 }
 
+TEST(RealFromText, ReadsTheNeutralFormWhateverTheContextsSeparators) {
+    PrecisionScope scope(16);
+    FieldScope point0(numberContext.decimalSeparators[0], u',');
+    FieldScope point1(numberContext.decimalSeparators[1], u',');
+    FieldScope point2(numberContext.decimalSeparators[2], u',');
+    FieldScope mark(numberContext.groupSeparators[0], u'.');
+    EXPECT_EQ(Read(u"1'000.5", TextGroup | TextNeutral), "1.0005e3");
+    EXPECT_EQ(Read(u"0.05", TextNeutral), "5e-2");
+    EXPECT_EQ(Read(u"1.000,5", TextGroup), "1.0005e3");
+}
+
 // A user may choose one character for both. The scanner then takes it as a group separator and the
 // digits around it as one run; in that run it still is the decimal separator, and the last one
 // counts.
