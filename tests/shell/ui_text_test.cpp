@@ -31,6 +31,18 @@ std::u16string Specifiers(const char16_t* format) {
     return specifiers;
 }
 
+/// The 64-bit FNV-1a hash of all texts of the table in their order, each with its end.
+uint64_t HashOfTable() {
+    uint64_t hash = 0xCBF29CE484222325u;
+    for (const Entry& entry : Entries) {
+        const char16_t* text = uiText.*entry.field;
+        do {
+            hash = (hash ^ *text) * 0x100000001B3u;
+        } while (*text++ != 0);
+    }
+    return hash;
+}
+
 /// Every test starts from an empty table and leaves the process with the English one.
 class UiTextTable : public ::testing::Test {
 protected:
@@ -125,6 +137,14 @@ TEST_F(UiTextTable, GermanWordingIsKept) {
     EXPECT_EQ(uiText.TextErrStringBufferOverflow, std::u16string(u"Stringpuffer\u00FCberlauf!"));
 }
 
+// A change anywhere in the table shows here. One that is wanted gets its new figures.
+TEST_F(UiTextTable, EveryTextIsKeptToTheLetter) {
+    FillUiTextEnglish();
+    EXPECT_EQ(HashOfTable(), 0xB966BEEBC4CD8B35u);
+    FillUiTextGerman();
+    EXPECT_EQ(HashOfTable(), 0xCF9E53CECEEAF942u);
+}
+
 TEST_F(UiTextTable, PagesMayWordTheSameThingDifferently) {
     FillUiTextEnglish();
     EXPECT_EQ(std::u16string(uiText.TextBtnStart), uiText.TextFactorsStart);
@@ -166,7 +186,7 @@ TEST(LanguageChoice, AutomaticFollowsThePrimaryLanguageOfTheSystem) {
     for (uint32_t id : {0x0007u, 0x0407u, 0x0807u, 0x0C07u, 0x1007u, 0x1407u}) {
         EXPECT_EQ(ChooseLanguage(LanguageAutomatic, id), LanguageGerman) << std::hex << id;
     }
-    for (uint32_t id : {0x0000u, 0x0409u, 0x040Cu, 0x0107u, 0x0307u, 0x000Fu, 0x0006u}) {
+    for (uint32_t id : {0x0000u, 0x0409u, 0x040Cu, 0x0107u, 0x0207u, 0x0307u, 0x000Fu, 0x0006u}) {
         EXPECT_EQ(ChooseLanguage(LanguageAutomatic, id), LanguageEnglish) << std::hex << id;
     }
 }
