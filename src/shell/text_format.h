@@ -26,11 +26,10 @@ struct FormatArgument {
     };
 };
 
-/// Appends `format` to the sink, replacing in order "%s" by a text argument, "%c" by a character
-/// and
-/// "%d" by a signed number in decimal; "%%" gives "%". Everything else behind a "%", the end of the
-/// format too, gives "?" and leaves the arguments alone. An argument that is missing, a null text
-/// or of another kind than its specifier also shows as "?". Does nothing when the sink has
+/// Appends `format` to the sink. In order "%s" is replaced by a text argument, "%c" by a character
+/// and "%d" by a signed number in decimal; "%%" gives "%". Everything else behind a "%", the end of
+/// the format too, gives "?" and leaves the arguments alone. An argument that is missing, a null
+/// text or of another kind than its specifier also shows as "?". Does nothing when the sink has
 /// overflowed before.
 void FormatIntoSink(TextSink& sink, const char16_t* format,
                     std::initializer_list<FormatArgument> arguments = {});

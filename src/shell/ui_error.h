@@ -9,7 +9,8 @@
 
 namespace tallymere {
 
-/// What went wrong; shell/ui_message.h finds the text. Any other value is an unknown error.
+/// What went wrong; the comments name the arguments that the code's message wants, in order.
+/// shell/ui_message.h finds the message. Any other value is an unknown error.
 enum UiErrorCode : int32_t {
     UiErrorNone = 0,
 

@@ -54,9 +54,9 @@ void PrintTo(const RealBuffer& x, std::ostream* out);
 /// Digits beyond the precision must be zeros. Shares no code with the program.
 void RealFromPlainText(RealNumber* dest, std::string_view text);
 
-/// The number as RealFromPlainText reads it, in its shortest scientific form: "-1.25e3", "5e0",
-/// "0",
-/// "-0", "inf", "nan"; a record outside the normal form as "malformed:" and its words.
+/// The number as RealFromPlainText reads it, in its shortest scientific form such as "-1.25e3" and
+/// "5e0", or "0", "-0", "inf", "-inf", "nan"; a record outside the normal form as "malformed:" and
+/// its words.
 std::string PlainText(const RealNumber* x);
 
 /// The code noted by the last operations; none is noted afterwards.
