@@ -11,7 +11,9 @@ namespace tallymere {
 bool LineReader::Fill() {
     WaitingScope scope;
     next_ = 0;
-    end_ = ReadInput(buffer_, sizeof(buffer_));
+    const int64_t count = ReadInput(buffer_, sizeof(buffer_));
+    failed_ = count < 0;
+    end_ = count > 0 ? static_cast<size_t>(count) : 0;
     return end_ != 0;
 }
 

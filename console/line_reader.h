@@ -16,11 +16,15 @@ public:
     /// first MaxLineBytes + 1 bytes are given. False at the end of the input.
     bool Read(std::string& line);
 
+    /// True when the input ended because it could not be read.
+    bool Failed() const { return failed_; }
+
 private:
     bool Fill();
     bool ReadRaw(std::string& line);
 
     bool first_ = true;
+    bool failed_ = false;
     size_t next_ = 0;  ///< of the bytes in buffer_
     size_t end_ = 0;
     char buffer_[65536];

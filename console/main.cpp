@@ -22,9 +22,13 @@ bool WriteOutput(const std::string& text) {
            std::fflush(stdout) == 0;
 }
 
-int ReportWriteFailure() {
-    std::fputs("tallymere-console: the output cannot be written\n", stderr);
+int ReportBrokenStream(const char* problem) {
+    std::fprintf(stderr, "tallymere-console: %s\n", problem);
     return SomethingFailed;
+}
+
+int ReportWriteFailure() {
+    return ReportBrokenStream("the output cannot be written");
 }
 
 int PrintText(const char* text) {
@@ -37,7 +41,8 @@ public:
     explicit FormulaSource(const std::vector<std::string>& formulas)
         : formulas_(formulas), prompting_(formulas.empty() && InputIsTerminal()) {
         if (prompting_) {
-            std::fputs(GreetingText, stderr);
+            std::fprintf(stderr, "Tallymere: type a formula and press Enter; %s leaves.\n",
+                         EndOfInputKeys);
         }
     }
 
@@ -46,7 +51,11 @@ public:
             if (prompting_) {
                 std::fputs(Prompt, stderr);
             }
-            return reader_.Read(formula);
+            const bool more = reader_.Read(formula);
+            if (prompting_ && !more) {
+                std::fputs("\n", stderr);
+            }
+            return more;
         }
         if (next_ == formulas_.size()) {
             return false;
@@ -54,6 +63,8 @@ public:
         formula = formulas_[next_++];
         return true;
     }
+
+    bool Failed() const { return reader_.Failed(); }
 
 private:
     const std::vector<std::string>& formulas_;
@@ -79,7 +90,7 @@ int AnswerAll(const ConsoleOptions& options) {
             return InterruptedStatus;
         }
     }
-    return status;
+    return source.Failed() ? ReportBrokenStream("the input cannot be read") : status;
 }
 
 int RunConsole(const std::vector<std::string>& arguments) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -16,9 +17,12 @@ std::vector<std::string> ProgramArguments(int argc, char** argv);
 /// True when somebody types at standard input.
 bool InputIsTerminal();
 
-/// Waits for bytes of standard input and stores up to `size` of them. Returns how many; 0 at the
-/// end of the input or when it cannot be read.
-size_t ReadInput(char* bytes, size_t size);
+/// What a person types to end the input.
+extern const char* const EndOfInputKeys;
+
+/// Waits for bytes of standard input and stores up to `size` of them, size >= 3. Returns how many:
+/// 0 at the end of the input, -1 when it cannot be read.
+int64_t ReadInput(char* bytes, size_t size);
 
 /// Lets Ctrl+C call HandleInterrupt.
 void CatchInterrupts();

@@ -29,13 +29,10 @@ last result as it was shown. Text is UTF-8.
 An argument that begins with "-" and a letter is an option: write -sqrt(2) behind
 "--". A value may also be joined by "=": --digits=50.
 
-Exit status: 0 when all formulas succeeded, 1 when one failed or the answers could
-not be written, 2 for bad options, 130 after Ctrl+C.
+Exit status: 0 when all formulas succeeded, 1 when one failed or input or output
+broke, 2 for bad options, 130 after Ctrl+C.
 )";
 
 const char* const VersionText = "Tallymere 3.9\n";
-
-const char* const GreetingText =
-    "Tallymere 3.9: type a formula and press Enter; --help tells the options.\n";
 
 }  // namespace tallymere

@@ -5,6 +5,5 @@ namespace tallymere {
 
 extern const char* const UsageText;
 extern const char* const VersionText;
-extern const char* const GreetingText;
 
 }  // namespace tallymere

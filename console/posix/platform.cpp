@@ -9,6 +9,8 @@
 
 namespace tallymere {
 
+const char* const EndOfInputKeys = "Ctrl+D on an empty line";
+
 void PrepareStreams() {}
 
 std::vector<std::string> ProgramArguments(int argc, char** argv) {
@@ -19,12 +21,12 @@ bool InputIsTerminal() {
     return isatty(STDIN_FILENO) != 0;
 }
 
-size_t ReadInput(char* bytes, size_t size) {
+int64_t ReadInput(char* bytes, size_t size) {
     ssize_t count = 0;
     do {
         count = read(STDIN_FILENO, bytes, size);
     } while (count < 0 && errno == EINTR);
-    return count > 0 ? static_cast<size_t>(count) : 0;
+    return count;
 }
 
 void CatchInterrupts() {

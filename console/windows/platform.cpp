@@ -37,24 +37,32 @@ void AppendBytes(std::string& bytes, std::wstring_view text) {
     }
 }
 
-// A console gives its characters in UTF-16 only; `size` is at least 3.
-size_t ReadTerminal(HANDLE input, char* bytes, size_t size) {
+// A terminal gives characters beyond ASCII reliably in UTF-16 only.
+int64_t ReadTerminal(HANDLE input, char* bytes, size_t size) {
     // A pair of surrogates needs four bytes for two characters, all others three for one.
     static wchar_t text[4096];
     const DWORD wanted =
         static_cast<DWORD>(size / 3 < std::size(text) ? size / 3 : std::size(text));
     DWORD count = 0;
-    if (ReadConsoleW(input, text, wanted, &count, nullptr) == 0 || count == 0 ||
-        text[0] == EndOfInput) {
+    do {
+        SetLastError(ERROR_SUCCESS);
+        if (ReadConsoleW(input, text, wanted, &count, nullptr) == 0) {
+            return -1;
+        }
+        // Ctrl+C also breaks off the reading, before or after its handler is called.
+    } while (count == 0 && GetLastError() == ERROR_OPERATION_ABORTED);
+    if (count == 0 || text[0] == EndOfInput) {
         return 0;
     }
     std::string encoded;
     AppendBytes(encoded, {text, count});
     encoded.copy(bytes, size);
-    return encoded.size();
+    return static_cast<int64_t>(encoded.size());
 }
 
 }  // namespace
+
+const char* const EndOfInputKeys = "Ctrl+Z and Enter on an empty line";
 
 void PrepareStreams() {
     _setmode(_fileno(stdin), _O_BINARY);
@@ -81,13 +89,16 @@ bool InputIsTerminal() {
     return GetConsoleMode(GetStdHandle(STD_INPUT_HANDLE), &mode) != 0;
 }
 
-size_t ReadInput(char* bytes, size_t size) {
+int64_t ReadInput(char* bytes, size_t size) {
     const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
     if (InputIsTerminal()) {
         return ReadTerminal(input, bytes, size);
     }
     DWORD count = 0;
-    return ReadFile(input, bytes, static_cast<DWORD>(size), &count, nullptr) != 0 ? count : 0;
+    if (ReadFile(input, bytes, static_cast<DWORD>(size), &count, nullptr) != 0) {
+        return count;
+    }
+    return GetLastError() == ERROR_BROKEN_PIPE ? 0 : -1;
 }
 
 void CatchInterrupts() {

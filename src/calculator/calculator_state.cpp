@@ -4,8 +4,8 @@ namespace tallymere {
 
 namespace {
 
-/// Integer widths from here on are refused.
-constexpr int64_t UintLimbsLimit = 2'000;
+/// Wider integers are refused.
+constexpr int64_t MaxUintLimbs = 2'000;
 
 int64_t IntegerDigits(NumberType type) {
     switch (type) {
@@ -20,7 +20,7 @@ int64_t IntegerDigits(NumberType type) {
 
 void InstallIntegerWidth() {
     const int64_t limbs = UintLimbsForDigits(calculator.calcIntegerDigits);
-    if (limbs >= UintLimbsLimit) {
+    if (limbs > MaxUintLimbs) {
         SetCalcError(CalcErrorBadParameter);
         return;
     }
