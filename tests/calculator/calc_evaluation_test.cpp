@@ -40,7 +40,7 @@ TEST_F(CalcEvaluationTest, WorksWithTwoMoreDigits) {
     EXPECT_EQ(Show(u"1/3*3"), u"1");
     ApplyPrecision(5);
     // 1 + 10^-6 has 7 digits, the working digits.
-    EXPECT_EQ(Show(u"1+1e-6-1"), u"0.000001");
+    EXPECT_EQ(Show(u"1+1e-6-1"), u"1e-6");
     EXPECT_EQ(Show(u"1+1e-7-1"), u"0");
 }
 

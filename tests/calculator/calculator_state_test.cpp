@@ -106,14 +106,14 @@ TEST_F(CalculatorStateTest, PutsItsSettingsInForceAfterAnotherPage) {
 }
 
 TEST_F(CalculatorStateTest, RefusesIntegersOfMoreThanTwoThousandLimbs) {
-    // 10^38512 - 1 is the last number of nines in 1,999 limbs; one limb is always added.
-    calculator.calcIntegerDigits = 38'512;
+    // 38531 * 891723283 / 2^34 is just below 2000, to which one limb is added.
+    calculator.calcIntegerDigits = 38'531;
     RestoreCalcContext();
     EXPECT_EQ(TakeCode(), CalcErrorNone);
-    EXPECT_EQ(numberContext.uintLimbs, 1'999 + (38'512 * 891'723'283 >> 34) - 1'998);
+    EXPECT_EQ(numberContext.uintLimbs, 2'000);
     numberContext.uintDigits = 7;
     numberContext.uintLimbs = 3;
-    calculator.calcIntegerDigits = 38'600;
+    calculator.calcIntegerDigits = 38'532;
     RestoreCalcContext();
     EXPECT_EQ(TakeCode(), CalcErrorBadParameter);
     EXPECT_EQ(numberContext.uintDigits, 7);
