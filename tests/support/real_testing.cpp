@@ -9,7 +9,8 @@ namespace tallymere::testing_support {
 
 namespace {
 
-constexpr uint64_t GuardWord = 0x5AFE5AFE5AFE5AFEu;
+// Its leading decimal digit is odd, so that a units digit read past the end shows.
+constexpr uint64_t GuardWord = 0x6AFE6AFE6AFE6AFEu;
 constexpr uint64_t JunkWord = 0xDEADBEEFDEADBEEFu;
 
 /// The decimal digits of the mantissa, p of them, from limbs in normal form.
