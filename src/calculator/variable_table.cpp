@@ -5,8 +5,10 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "core/digit_text.h"
 #include "core/number_context.h"
 #include "core/number_scanner.h"
+#include "formula/formula_lexer.h"
 #include "shell/text_sink.h"
 
 namespace tallymere {
@@ -15,15 +17,6 @@ namespace {
 
 constexpr std::u16string_view NumberedPrefix = u"var";
 constexpr int64_t NumberedNames = 100;
-
-bool IsDigit(char16_t c) {
-    return c >= u'0' && c <= u'9';
-}
-
-bool IsNameLetter(char16_t c) {
-    return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z') || c == u'_' ||
-           (c >= 0x03B1 && c <= 0x03C9) || (c >= 0x0391 && c <= 0x03A9);
-}
 
 char16_t* NewText(int64_t characters) {
     void* block = std::calloc(static_cast<size_t>(characters) + 1, sizeof(char16_t));
@@ -47,7 +40,7 @@ Variable TakeSlot() {
 // The number of a name that is exactly "var" and two digits, else -1.
 int64_t NameNumber(std::u16string_view name) {
     if (name.size() != NumberedPrefix.size() + 2 || !name.starts_with(NumberedPrefix) ||
-        !IsDigit(name[3]) || !IsDigit(name[4])) {
+        !IsDecimalDigit(name[3]) || !IsDecimalDigit(name[4])) {
         return -1;
     }
     return (name[3] - u'0') * 10 + (name[4] - u'0');
@@ -98,9 +91,9 @@ bool IsValidVariableName(const char16_t* name) {
             return false;
         }
     }
-    return (text.empty() || !IsDigit(text.front())) &&
+    return (text.empty() || !IsDecimalDigit(text.front())) &&
            std::all_of(text.begin(), text.end(),
-                       [](char16_t c) { return IsNameLetter(c) || IsDigit(c); });
+                       [](char16_t c) { return IsNameLetter(c) || IsDecimalDigit(c); });
 }
 
 bool AddVariable(int64_t position) {

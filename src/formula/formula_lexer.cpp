@@ -1,5 +1,6 @@
 #include "formula/formula_lexer.h"
 
+#include "core/digit_text.h"
 #include "core/number_scanner.h"
 #include "core/text_flags.h"
 #include "formula/formula_keywords.h"
@@ -12,17 +13,8 @@ bool IsWhiteSpace(char16_t c) {
     return c == 0x0A || c == 0x0D || c == 0x20;
 }
 
-bool IsDigit(char16_t c) {
-    return c >= u'0' && c <= u'9';
-}
-
 bool IsHexLetter(char16_t c) {
     return (c >= u'A' && c <= u'F') || (c >= u'a' && c <= u'f');
-}
-
-bool IsLetter(char16_t c) {
-    return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z') || c == u'_' ||
-           (c >= 0x03B1 && c <= 0x03C9) || (c >= 0x0391 && c <= 0x03A9);
 }
 
 uint32_t SymbolId(char16_t c) {
@@ -56,11 +48,11 @@ uint64_t NumberEnd(const char16_t* text, uint64_t start, uint64_t flags) {
     uint64_t i = start + (base == 10 ? 1 : 2);
     while (text[i] != 0) {
         const char16_t c = text[i];
-        if (IsDigit(c) || (base == 16 && IsHexLetter(c)) || IsDecimalSeparator(c, neutral) ||
+        if (IsDecimalDigit(c) || (base == 16 && IsHexLetter(c)) || IsDecimalSeparator(c, neutral) ||
             (groups && IsGroupSeparator(c, neutral))) {
             i++;
         } else if (base == 10 && IsExponentChar(c) &&
-                   (text[i + 1] == u'+' || text[i + 1] == u'-' || IsDigit(text[i + 1]))) {
+                   (text[i + 1] == u'+' || text[i + 1] == u'-' || IsDecimalDigit(text[i + 1]))) {
             i += 2;
         } else {
             break;
@@ -70,6 +62,11 @@ uint64_t NumberEnd(const char16_t* text, uint64_t start, uint64_t flags) {
 }
 
 }  // namespace
+
+bool IsNameLetter(char16_t c) {
+    return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z') || c == u'_' ||
+           (c >= 0x03B1 && c <= 0x03C9) || (c >= 0x0391 && c <= 0x03A9);
+}
 
 uint32_t NumberBase(const char16_t* text) {
     if (text[0] != u'0') {
@@ -104,17 +101,18 @@ void NextFormulaToken(const FormulaEvaluator& evaluator, FormulaToken& token, ui
         token.length = 0;
         return;
     }
-    if (IsDigit(c)) {
+    if (IsDecimalDigit(c)) {
         token.id = TokenValue;
         position = NumberEnd(text, start, evaluator.flags);
-    } else if (IsImaginaryChar(c) && !IsLetter(text[start + 1]) && !IsDigit(text[start + 1])) {
+    } else if (IsImaginaryChar(c) && !IsNameLetter(text[start + 1]) &&
+               !IsDecimalDigit(text[start + 1])) {
         token.id = TokenImaginaryUnit;
         position++;
         return;
-    } else if (IsLetter(c)) {
+    } else if (IsNameLetter(c)) {
         do {
             position++;
-        } while (IsLetter(text[position]) || IsDigit(text[position]));
+        } while (IsNameLetter(text[position]) || IsDecimalDigit(text[position]));
         const FormulaKeyword* keyword = FindKeyword(text + start, position - start);
         token.id = keyword != nullptr ? keyword->id : uint32_t{TokenIdentifier};
     } else {

@@ -18,6 +18,9 @@ namespace tallymere {
 /// the token before it.
 void NextFormulaToken(const FormulaEvaluator& evaluator, FormulaToken& token, uint64_t& position);
 
+/// True for a letter that a name may start with: Latin, Greek or `_`.
+bool IsNameLetter(char16_t c);
+
 /// The base of a number from its first two characters: 16, 2 or 8 with a prefix, else 10. `text` is
 /// at a digit of a NUL-terminated text.
 uint32_t NumberBase(const char16_t* text);

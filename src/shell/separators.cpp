@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "core/digit_text.h"
 #include "core/number_context.h"
 
 namespace tallymere {
@@ -22,8 +23,7 @@ void ApplySetting(char16_t (&separators)[3], int32_t setting, const char16_t (&c
 }  // namespace
 
 bool IsForbiddenSeparator(char16_t c) {
-    return c <= u' ' || c == u'(' || c == u')' || c == u'+' || c == u'-' ||
-           (c >= u'0' && c <= u'9');
+    return c <= u' ' || c == u'(' || c == u')' || c == u'+' || c == u'-' || IsDecimalDigit(c);
 }
 
 void StoreSeparator(char16_t (&separators)[3], char16_t c) {
