@@ -50,17 +50,23 @@ constexpr uint64_t NormalisedReciprocal(uint64_t d) {
     return wide::Divide({uint64_t{1} << HighestBit(d), 0}, d);
 }
 
+/// v / 10^k is MultiplyHigh(v >> k, reciprocal) >> shift for every 64-bit v.
 struct PowerDivider {
     uint64_t reciprocal;
     int shift;
 };
 
-/// For k = 1 to 19 the reciprocal of 10^k and the bit index of its top bit; entry 0 is unused.
+/// Entry k is for 10^k = 2^k 5^k, k = 1 to 19; entry 0 is unused. Behind the shift by k the
+/// dividend has N = 64 - k bits, and with 5^k < 2^L the reciprocal floor(2^(N + L) / 5^k) + 1 is
+/// exact for all of them (Granlund and Montgomery, "Division by invariant integers using
+/// multiplication", theorem 4.2).
 inline constexpr auto PowerDividers = [] {
     std::array<PowerDivider, DigitsPerLimb + 1> table{};
+    uint64_t fives = 1;
     for (size_t k = 1; k < table.size(); k++) {
-        const Limb power = PowersOfTen[k + 1];
-        table[k] = {NormalisedReciprocal(power), HighestBit(power)};
+        fives *= 5;
+        const int shift = HighestBit(fives) + 1 - static_cast<int>(k);
+        table[k] = {wide::Divide({uint64_t{1} << shift, 0}, fives) + 1, shift};
     }
     return table;
 }();
@@ -74,7 +80,7 @@ constexpr Limb PowerOfTen(int64_t k) {
 
 /// floor(2^(64 + floor(log2 10^k)) / 10^k) for 1 <= k <= 19.
 constexpr uint64_t DivisionReciprocal(int64_t k) {
-    return limb_tables::PowerDividers[static_cast<size_t>(k)].reciprocal;
+    return limb_tables::NormalisedReciprocal(PowerOfTen(k));
 }
 
 /// The number of decimal digits of v; 0 for v = 0.
@@ -91,21 +97,14 @@ struct LimbQuotient {
     uint64_t remainder;
 };
 
-/// Any 64-bit v divided by 10^k, 0 <= k <= 19. The estimate from the reciprocal is never too large
-/// and at most one too small.
+/// Any 64-bit v divided by 10^k, 0 <= k <= 19.
 constexpr LimbQuotient DivideByPowerOfTen(uint64_t v, int64_t k) {
     if (k == 0) {
         return {v, 0};
     }
     const auto divider = limb_tables::PowerDividers[static_cast<size_t>(k)];
-    const Limb power = PowerOfTen(k);
-    uint64_t quotient = MultiplyHigh(divider.reciprocal, v) >> divider.shift;
-    uint64_t remainder = v - quotient * power;
-    while (remainder >= power) {
-        remainder -= power;
-        quotient++;
-    }
-    return {quotient, remainder};
+    const uint64_t quotient = MultiplyHigh(divider.reciprocal, v >> k) >> divider.shift;
+    return {quotient, v - quotient * PowerOfTen(k)};
 }
 
 /// A 128-bit value divided by LimbBase. Needs value.high < LimbBase, so that the quotient fits.
