@@ -105,8 +105,10 @@ public:
 };
 
 /// The bytes of a ScratchStack, the heap block of each calculating thread for the layers above the
-/// core: 1,200,000 for numbers and tokens, and the texts of 101 variables at their longest.
-inline constexpr int64_t ScratchStackBytes = 1'200'000 + 101 * 88'664 * 2;
+/// core: 1,500,000 for numbers, tokens and tables, and the texts of 101 variables at their longest.
+/// The most that numbers ask for is a formula of complex numbers at 10,002 digits with 101
+/// variables and a full stack of 50 values.
+inline constexpr int64_t ScratchStackBytes = 1'500'000 + 101 * 88'664 * 2;
 
 /// Makes the calling thread's ScratchStack; the thread must not have one.
 void CreateScratchStack();
