@@ -1,65 +1,97 @@
 #include "core/real_div_mod.h"
 
+#include <algorithm>
+
 #include "core/limb_tools.h"
+#include "core/real_multiply.h"
 #include "core/scratch.h"
 
 namespace tallymere {
 
 namespace {
 
-constexpr int LargestDigit = 9;
-
-// The working remainder and the multiples 1 to 9 of the divisor's mantissa, each of `limbs` limbs.
-// Where the first limb of a number is full an extra limb in front takes what a multiple has more.
-struct QuotientDigitTable {
-    int64_t limbs;
-    int64_t frontLimbs;  // 1 if topLimbDigits is 19, else 0
-    Limb* remainder;
-    Limb* multiples[LargestDigit + 1];  // entry 0 is unused
+// The long division at work, limb by limb, on mantissas that are moved to a full first limb.
+// Between two passes remainder[0] is 0 and the n limbs behind it hold a number below the divisor;
+// only the first dividend may reach up to ten times the divisor.
+struct LongDivision {
+    int64_t limbs;    // n
+    Limb* divisor;    // n limbs, and a 0 behind them
+    Limb* remainder;  // n + 1 limbs, and a 0 behind them
 };
 
-QuotientDigitTable MakeDigitTable(CoreScratchScope& scratch, const Limb* a, const Limb* b) {
+LongDivision StartDivision(CoreScratchScope& scratch, const Limb* a, const Limb* b) {
     const int64_t n = numberContext.realLimbs;
-    QuotientDigitTable table{};
-    table.frontLimbs = numberContext.topLimbDigits == DigitsPerLimb ? 1 : 0;
-    table.limbs = n + table.frontLimbs;
-    table.remainder = scratch.Take(table.limbs);
-    table.remainder[0] = 0;
-    LimbsCopy(table.remainder + table.frontLimbs, a, n);
-    for (int digit = 1; digit <= LargestDigit; digit++) {
-        Limb* multiple = scratch.Take(table.limbs);
-        table.multiples[digit] = multiple;
-        if (digit == 1) {
-            multiple[0] = 0;
-            LimbsCopy(multiple + table.frontLimbs, b, n);
-        } else {
-            LimbsAdd(multiple, table.multiples[digit - 1], table.multiples[1], table.limbs);
-        }
-    }
-    return table;
+    const LongDivision division = {n, scratch.Take(n + 1), scratch.Take(n + 2)};
+    LimbsAlign(division.divisor, b, n);
+    LimbsAlign(division.remainder + 1, a, n);
+    division.divisor[n] = 0;
+    division.remainder[0] = 0;
+    division.remainder[n + 1] = 0;
+    return division;
 }
 
-// The largest digit whose multiple does not exceed the remainder.
-int FindDigit(const QuotientDigitTable& table) {
-    const auto reaches = [&](int digit) {
-        return LimbsCompare(table.remainder, table.multiples[digit], table.limbs) >= 0;
-    };
-    if (!reaches(5)) {
-        if (reaches(3)) {
-            return reaches(4) ? 4 : 3;
-        }
-        if (reaches(2)) {
-            return 2;
-        }
-        return reaches(1) ? 1 : 0;
+// remainder = remainder * 10^k, 0 <= k <= 19, up to where the quotient is a limb.
+void MoveUp(const LongDivision& division, int64_t k) {
+    Limb* remainder = division.remainder;
+    if (k == DigitsPerLimb) {
+        LimbsCopy(remainder, remainder + 1, division.limbs);
+        remainder[division.limbs] = 0;
+        return;
     }
-    if (reaches(7)) {
-        if (reaches(8)) {
-            return reaches(9) ? 9 : 8;
-        }
-        return 7;
+    const Limb power = PowerOfTen(k);
+    Limb carry = 0;
+    for (int64_t i = division.limbs; i > 0; i--) {
+        const LimbQuotient step = LimbStep(remainder[i], power, carry, 0);
+        remainder[i] = step.remainder;
+        carry = step.quotient;
     }
-    return reaches(6) ? 6 : 5;
+    remainder[0] = carry;
+}
+
+// The quotient of the first three limbs of the remainder by the first two of the divisor: the
+// quotient limb or 1 more. It cannot be less; and as the divisor is at least B^n / 10, leaving out
+// its later limbs raises a quotient below B by less than 1. Method: Knuth, The Art of Computer
+// Programming, volume 2, 4.3.1, algorithm D, step D3, whose correction runs up to about ten times
+// here because the first limb is only sure to be B / 10 or more.
+Limb EstimateQuotient(const LongDivision& division) {
+    const Limb* r = division.remainder;
+    const Limb* d = division.divisor;
+    const Wide top = wide::Add(wide::Multiply(r[0], LimbBase), {0, r[1]});
+    Limb quotient = r[0] >= d[0] ? LimbBase - 1 : wide::Divide(top, d[0]);
+    Wide rest = wide::Subtract(top, wide::Multiply(quotient, d[0]));
+    // While quotient * d[1] > rest * B + r[2]; a rest of B or more is beyond every such product.
+    while (rest.high == 0 && rest.low < LimbBase &&
+           !AtLeast(wide::Add(wide::Multiply(rest.low, LimbBase), {0, r[2]}),
+                    wide::Multiply(quotient, d[1]))) {
+        quotient--;
+        rest = wide::Add(rest, {0, d[0]});
+    }
+    return quotient;
+}
+
+// One pass: the next k digits of the quotient as an integer.
+Limb DivideOnce(const LongDivision& division, int64_t k) {
+    MoveUp(division, k);
+    const int64_t n = division.limbs;
+    Limb* remainder = division.remainder;
+    const Limb quotient = EstimateQuotient(division);
+    if (quotient == 0) {
+        return 0;
+    }
+    Limb carry = 0;
+    Limb borrow = 0;
+    for (int64_t i = n - 1; i >= 0; i--) {
+        const LimbQuotient step = LimbStep(division.divisor[i], quotient, carry, 0);
+        remainder[i + 1] = SubtractLimbs(remainder[i + 1], step.remainder, borrow);
+        carry = step.quotient;
+    }
+    const bool tooLarge = remainder[0] < carry + borrow;
+    remainder[0] = 0;
+    if (!tooLarge) {
+        return quotient;
+    }
+    LimbsAdd(remainder + 1, remainder + 1, division.divisor, n);
+    return quotient - 1;
 }
 
 // What the two results have in common: either may be unwanted.
@@ -90,15 +122,15 @@ void DivModSpecial(RealNumber* quotient, RealNumber* remainder, const RealNumber
     SetBothNaN(quotient, remainder);
 }
 
-void StoreRemainder(RealNumber* dest, const QuotientDigitTable& table, int64_t divisorExponent,
+void StoreRemainder(RealNumber* dest, const LongDivision& division, int64_t divisorExponent,
                     uint64_t sign) {
-    const int64_t n = numberContext.realLimbs;
+    const int64_t aligned = DigitsPerLimb - numberContext.topLimbDigits;
     int64_t shift = 0;
-    LimbsNormalise(RealLimbs(dest), table.remainder + table.frontLimbs, n, &shift, 0);
+    LimbsNormalise(RealLimbs(dest), division.remainder + 1, division.limbs, &shift, 0);
     if (RealLimbs(dest)[0] == 0) {
         RealSetZero(dest, sign);
     } else {
-        RealSetExponentAndSign(dest, divisorExponent - shift, sign);
+        RealSetExponentAndSign(dest, divisorExponent - aligned - shift, sign);
     }
 }
 
@@ -132,38 +164,33 @@ void RealDivMod(RealNumber* quotient, RealNumber* remainder, const RealNumber* a
         SetBothNaN(quotient, remainder);
         return;
     }
-    const QuotientDigitTable table = MakeDigitTable(scratch, RealLimbs(a), RealLimbs(b));
-    int64_t limb = 0;
-    int64_t place = numberContext.topLimbDigits - 1;
-    for (int64_t made = 0; made <= exponent; made++) {
+    // Each pass makes one limb of the quotient: t digits for the first, then 19. Where a's mantissa
+    // is not below b's the first of all digits stands there without a move. Digits past the
+    // precision are worked out and dropped, for the remainder's sake.
+    const LongDivision division = StartDivision(scratch, RealLimbs(a), RealLimbs(b));
+    int64_t wanted = numberContext.topLimbDigits;
+    int64_t ready = startsBelow ? 0 : 1;
+    int64_t left = exponent + 1;
+    for (int64_t limb = 0; left > 0; limb++) {
         if (AbortRequested()) {
             SetCalcError(CalcErrorCancelled);
             SetBothNaN(quotient, remainder);
             return;
         }
-        if (made > 0 || startsBelow) {
-            LimbsShiftLeftDigits(table.remainder, table.remainder, table.limbs, 1, 0);
-        }
-        const int digit = FindDigit(table);
-        // Digits past the precision are worked out and dropped, for the remainder's sake.
+        const int64_t made = std::min(wanted, left);
+        const Limb part = DivideOnce(division, made - ready);
         if (limb < n) {
-            RealLimbs(digits)[limb] += static_cast<Limb>(digit) * PowerOfTen(place);
-            if (place > 0) {
-                place--;
-            } else {
-                place = DigitsPerLimb - 1;
-                limb++;
-            }
+            RealLimbs(digits)[limb] = part * PowerOfTen(wanted - made);
         }
-        if (digit > 0) {
-            LimbsSubtract(table.remainder, table.remainder, table.multiples[digit], table.limbs, 0);
-        }
+        left -= made;
+        wanted = DigitsPerLimb;
+        ready = 0;
     }
     if (quotient != nullptr) {
         RealCopy(quotient, digits);
     }
     if (remainder != nullptr) {
-        StoreRemainder(remainder, table, divisorExponent, sign);
+        StoreRemainder(remainder, division, divisorExponent, sign);
     }
 }
 

@@ -5,11 +5,12 @@
 
 namespace tallymere {
 
-/// a = quotient * b + remainder by decimal long division; either output may be null, and either may
-/// be an operand. The quotient is truncated towards zero and, past p digits, to p digits; the
-/// remainder is exact all the same. Both have the sign of a times that of b, so 7 by -2 gives -3
-/// and -1; where |a| < |b| the remainder is a copy of a. Special operands other than a zero a give
-/// NaN and code 203. Polls the stop byte once for each quotient digit: NaN in both and code 207.
+/// a = quotient * b + remainder by long division, limb by limb; either output may be null, and
+/// either may be an operand. The quotient is truncated towards zero and, past p digits, to p
+/// digits; the remainder is exact all the same. Both have the sign of a times that of b, so 7 by -2
+/// gives -3 and -1; where |a| < |b| the remainder is a copy of a. Special operands other than a
+/// zero a give NaN and code 203. Polls the stop byte once for each limb of the quotient, 19 digits:
+/// NaN in both and code 207.
 void RealDivMod(RealNumber* quotient, RealNumber* remainder, const RealNumber* a,
                 const RealNumber* b);
 
