@@ -5,11 +5,11 @@ namespace tallymere {
 const char* const UsageText =
     R"(usage: tallymere-console [options] [FORMULA ...]
 
-Evaluates each FORMULA, or each line of standard input when there is none, by the
-rules of the calculator. Line n of standard output answers formula n: the result,
-followed by a tab and "[ ]" when an exact number type lost a remainder, or
-"error CODE POSITION: MESSAGE". An empty line answers an empty line. "ans" is the
-last result as it was shown. Text is UTF-8.
+Evaluates each FORMULA, or each line of standard input when there is none, by
+the rules of the calculator. Line n of standard output answers formula n: the
+result, followed by a tab and "[ ]" when an exact number type lost a remainder,
+or "error CODE POSITION: MESSAGE". An empty line answers an empty line. "ans" is
+the last result as it was shown. Text is UTF-8.
 
   --type real|cplx|uint|rat     number type (real)
   --digits N                    precision, 1 to 10000 (10)
@@ -26,8 +26,8 @@ last result as it was shown. Text is UTF-8.
   --                            all that follows are formulas
   --help, --version             print this text, or the version
 
-An argument that begins with "-" and a letter is an option: write -sqrt(2) behind
-"--". A value may also be joined by "=": --digits=50.
+An argument that begins with "-" and a letter is an option; "--" lets -x through.
+A value may also be joined by "=": --digits=50.
 
 Exit status: 0 when all formulas succeeded, 1 when one failed or input or output
 broke, 2 for bad options, 130 after Ctrl+C.

@@ -37,6 +37,7 @@ TEST_F(ResultTextTest, RoundingMayChangeTheNotation) {
 
 TEST_F(ResultTextTest, TheWindowStaysInTheContext) {
     ApplyPrecision(25);
+    numberContext.fixedExponentLow = numberContext.fixedExponentHigh = 0;
     Show(u"1");
     EXPECT_EQ(numberContext.fixedExponentLow, -4);
     EXPECT_EQ(numberContext.fixedExponentHigh, 25);

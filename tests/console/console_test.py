@@ -307,7 +307,7 @@ class OptionTest(ConsoleCase):
         text = "\n".join(lines)
         for option in OPTIONS:
             self.assertIn(option, text)
-        self.assertLessEqual(max(map(len, lines)), 82)
+        self.assertLessEqual(max(map(len, lines)), 80)
 
 
 class BadOptionTest(ConsoleCase):
