@@ -26,7 +26,7 @@ the last result as it was shown. Text is UTF-8.
   --                            all that follows are formulas
   --help, --version             print this text, or the version
 
-What begins with "-" and a letter is an option: write the formula -x behind "--".
+What begins with "-" and a letter is an option; write the formula -x after "--".
 A value may also be joined by "=": --digits=50.
 
 Exit status: 0 when all formulas succeeded, 1 when one failed or input or output
