@@ -68,8 +68,9 @@ void RealRoundDigits(RealNumber* dest, const RealNumber* x, int64_t d) {
     if (d >= numberContext.precisionDigits) {
         return;
     }
-    // The limb of the first digit to go decides. Its rest is half up or not whatever stands in
-    // later limbs. Where all 19 digits of it go the unit lies in the limb before.
+    // The limb of the first digit to go decides: what it loses is half a unit or not whatever
+    // stands in later limbs. Where all 19 digits of it go the unit is LimbBase, which
+    // carries into the limb above.
     const DigitPlace cut = LocateDigit(d);
     const int64_t dropped = cut.below + 1;
     const Limb unit = PowerOfTen(dropped);
@@ -78,11 +79,7 @@ void RealRoundDigits(RealNumber* dest, const RealNumber* x, int64_t d) {
     if (lost < unit / 2 || numberContext.noRounding != 0) {
         return;
     }
-    if (dropped == DigitsPerLimb) {
-        AddToLimb(dest, cut.limb - 1, 1);
-    } else {
-        AddToLimb(dest, cut.limb, unit);
-    }
+    AddToLimb(dest, cut.limb, unit);
 }
 
 bool RealIsInteger(const RealNumber* x) {

@@ -10,9 +10,9 @@ namespace tallymere {
 /// exponent; at the top of the range it makes an infinity (code 200 if reportOverflow).
 void RealRound(RealNumber* x, Limb guard);
 
-/// Rounds a finite non-zero x to d significant digits, d > 0; d >= p copies. Looks only at the limb
-/// that holds digit d: half up in magnitude by the rest of that limb. Truncates under noRounding.
-/// A carry above the exponent range makes an infinity (code 200 if reportOverflow).
+/// Rounds a finite non-zero x to d significant digits, d > 0, half up in magnitude; d >= p copies.
+/// Truncates under noRounding. A carry above the exponent range makes an infinity (code 200 if
+/// reportOverflow).
 void RealRoundDigits(RealNumber* dest, const RealNumber* x, int64_t d);
 
 /// True for zero and integers, false for infinity and NaN. A number whose digits all stand before

@@ -136,6 +136,22 @@ TEST(RealRoundDigits, RoundsHalfUpInMagnitudeAtEveryDigit) {
     }
 }
 
+TEST(RealRoundDigits, CarriesThroughNinesIntoTheDigitBeforeThem) {
+    for (int64_t p : SmallPrecisions) {
+        PrecisionScope scope(p);
+        for (int64_t front = 1; front < p; front++) {
+            const std::string kept = "1" + std::string(static_cast<size_t>(front - 1), '3');
+            std::string up = kept;
+            up.back()++;
+            const std::string rest = "e" + std::to_string(p - front);
+            for (int64_t d = front; d < p; d++) {
+                EXPECT_EQ(RoundedTo(kept + Nines(p - front), d), PlainText(RealBuffer(up + rest)))
+                    << kept << " and nines to " << d << " digits";
+            }
+        }
+    }
+}
+
 TEST(RealRoundDigits, TruncatesUnderNoRounding) {
     PrecisionScope scope(38);
     FieldScope<uint8_t> truncate(numberContext.noRounding, 1);
