@@ -52,11 +52,10 @@ Limb RealNarrow(RealNumber* dest, const RealNumber* src, int64_t g, int64_t oldL
     const Limb* from = RealLimbs(src);
     Limb* to = RealLimbs(dest);
     const Limb below = limbIncrease > 0 ? from[oldLimbs] : 0;
-    const bool special = RealIsSpecial(src);
     dest->header = src->header;
-    if (special || shape.digits == 0 || shape.digits == DigitsPerLimb) {
+    if (RealIsSpecial(src) || shape.digits == 0 || shape.digits == DigitsPerLimb) {
         LimbsCopy(to, from, oldLimbs);
-        return special ? 0 : below;
+        return below;
     }
     if (decrease == 0) {
         return LimbsShiftRightDigits(to, from, oldLimbs, shape.digits, below);
@@ -100,7 +99,7 @@ Limb RealConvertLayout(RealNumber* dest, const RealNumber* src, RealLayout sourc
     Limb* to = RealLimbs(dest);
     const int64_t common = n < source.limbs ? n : source.limbs;
     const bool special = RealIsSpecial(src);
-    Limb below = n < source.limbs && !special ? from[n] : 0;
+    const Limb below = n < source.limbs ? from[n] : 0;
     dest->header = src->header;
     LimbsCopy(to, from, common);
     LimbsClear(to + common, n - common);

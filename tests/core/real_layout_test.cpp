@@ -239,6 +239,9 @@ TEST(RealConvertPrecision, RefusesAPrecisionOutOfRange) {
         RealConvertPrecision(result, digits, source, 20);
         EXPECT_EQ(TakeCode(), CalcErrorBadParameter);
         EXPECT_EQ(PlainText(result), "7e0");
+        RealConvertPrecision(result, 20, source, digits);
+        EXPECT_EQ(TakeCode(), CalcErrorBadParameter);
+        EXPECT_EQ(PlainText(result), "7e0");
     }
 }
 
