@@ -61,7 +61,7 @@ bool RealToUint(uint64_t* out, const RealNumber* x, uint32_t flags) {
         return false;
     }
     const int64_t exponent = RealExponent(x);
-    if (exponent > DigitsPerLimb || (!RealIsInteger(x) && (flags & AllowFraction) == 0)) {
+    if (exponent > DigitsPerLimb || ((flags & AllowFraction) == 0 && !RealIsInteger(x))) {
         return false;
     }
     if (exponent < 0) {
