@@ -106,7 +106,9 @@ void MultiplyLongColumns(int64_t n, Limb* w, const Limb* a, const Limb* b) {
     for (int64_t c = n; c >= 0; c--) {
         const int64_t first = std::max(spanB.start, c - spanA.end + 1);
         const int64_t last = std::min(c, spanB.end - 1);
-        AddProducts(column, b + first, a + (c - first), last - first + 1);
+        if (first <= last) {
+            AddProducts(column, b + first, a + (c - first), last - first + 1);
+        }
         if (spanB.start > 0 && c < spanA.end) {
             AddProducts(column, b, a + c, 1);
         }
