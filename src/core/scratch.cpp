@@ -33,6 +33,7 @@ thread_local ScratchStack scratchStack;
 
 }  // namespace
 
+// Defined here because it starts with its bump pointer in CoreScratch.
 constinit NumberContext numberContext = [] {
     NumberContext context;
     context.scratchBase = coreScratchWords;

@@ -54,10 +54,10 @@ void CloseCheckedBlocks(uint64_t* start, uint64_t* end);
 /// Takes `words` words (0 or more); the content is undefined.
 inline uint64_t* ScratchTake(ScratchArea& area, int64_t words) {
     uint64_t* block = *area.top;
-    const int64_t taken = words + ScratchGapWords;
-    if (words < 0 || taken > area.end - block) {
+    if (words < 0 || words > area.end - block - ScratchGapWords) {
         StopScratchExhausted(area);
     }
+    const int64_t taken = words + ScratchGapWords;
     if constexpr (CheckedScratch) {
         OpenCheckedBlock(block, words);
     }

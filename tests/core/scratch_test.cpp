@@ -87,7 +87,7 @@ TEST(ScratchDeathTest, StopsTheProgramRatherThanHandOutMoreThanThereIs) {
     const int64_t all = coreScratch.end - coreScratch.base;
     EXPECT_DEATH(CoreScratchScope().Take(all + 1), "CoreScratch is exhausted");
     EXPECT_DEATH(CoreScratchScope().Take(-1), "CoreScratch is exhausted");
-    EXPECT_DEATH(CoreScratchScope().Take(INT64_MAX / 2), "CoreScratch is exhausted");
+    EXPECT_DEATH(CoreScratchScope().Take(INT64_MAX), "CoreScratch is exhausted");
     EXPECT_DEATH(
         {
             CreateScratchStack();
