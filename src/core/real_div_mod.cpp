@@ -94,7 +94,7 @@ Limb DivideOnce(const LongDivision& division, int64_t k) {
     return quotient - 1;
 }
 
-// What the two results have in common: either may be unwanted.
+// Either result may be unwanted.
 void SetBothNaN(RealNumber* quotient, RealNumber* remainder) {
     if (quotient != nullptr) {
         RealSetNaN(quotient);

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "core/scratch.h"
 #include "support/real_testing.h"
 
 namespace tallymere {
@@ -125,6 +126,17 @@ TEST(RealDivMod, StopsAtTheByteThatAsksForIt) {
     RealBuffer x("7");
     RealDivMod(x, nullptr, x, RealBuffer("2"));
     EXPECT_EQ(TakeCode(), CalcErrorOverflow);
+}
+
+TEST(RealDivMod, LooksAtTheByteBeforeEveryDigit) {
+    PrecisionScope scope(20);
+    // The byte lies in the first block that the operation takes, its quotient: the highest byte of
+    // the second limb, which the second digit of 333... makes 0x29. The third digit is not made.
+    auto* const quotientWords = reinterpret_cast<uint8_t*>(numberContext.scratchTop);
+    FieldScope<uint8_t*> flag(numberContext.abortFlag, quotientWords + 2 * BytesPerWord + 7);
+    EXPECT_EQ(DivMod("1e1", "3"), "3e0 rest 1e0");
+    EXPECT_EQ(DivMod("1e2", "3"), "3.3e1 rest 1e0");
+    EXPECT_EQ(DivMod("1e3", "3"), "nan rest nan code 207");
 }
 
 TEST(RealDivMod, RemainderBelowTheRangeIsZero) {
