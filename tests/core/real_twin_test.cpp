@@ -7,6 +7,7 @@
 #include "core/real_add.h"
 #include "core/real_div_mod.h"
 #include "core/real_divide.h"
+#include "core/real_layout.h"
 #include "core/real_multiply.h"
 #include "reference/real_twins.h"
 #include "support/real_testing.h"
@@ -278,6 +279,54 @@ TEST(RealTwin, QuotientAndReciprocalAgreeAtTheLongestLayout) {
     RealBuffer dest;
     const Limb guard = RealDivRaw(dest, a, b);
     ExpectResult(dest, guard, reference::Divide(Read(a), Read(b)), "10,005 digits");
+}
+
+/// The number in a layout of g more digits.
+RealBuffer Widened(const RealBuffer& x, int64_t g) {
+    const RealLayout narrow = CurrentRealLayout();
+    RealLayoutScope scope;
+    InstallRealLayout(LayoutForDigits(narrow.digits + g));
+    RealBuffer wide;
+    RealConvertLayout(wide, x, narrow);
+    return wide;
+}
+
+/// The raw result of an operation on numbers of g more digits, rounded to the layout in force.
+template <typename Operation>
+RealBuffer RoundedFromGuardDigits(int64_t g, Operation operation) {
+    const int64_t p = numberContext.precisionDigits;
+    RealBuffer rounded;
+    RealLayoutScope scope;
+    InstallRealLayout(LayoutForDigits(p + g));
+    RealBuffer wide;
+    operation(wide);
+    RealConvertPrecision(rounded, p, wide, p + g);
+    return rounded;
+}
+
+// One guard digit more or less gives the same result for most operands but not for all.
+TEST(RealTwin, RoundedQuotientsHaveThreeGuardDigitsAndReciprocalsTwo) {
+    RandomSource random;
+    for (int64_t p : SmallPrecisions) {
+        PrecisionScope scope(p);
+        for (int round = 0; round < TestRounds(2000); round++) {
+            RealBuffer a;
+            RealBuffer b;
+            FillReal(random, a, 50);
+            FillReal(random, b, 50);
+            RealBuffer result;
+            RealReciprocal(result, b);
+            const RealBuffer wideB = Widened(b, 2);
+            ASSERT_EQ(result, RoundedFromGuardDigits(
+                                  2, [&](RealNumber* dest) { RealReciprocalRaw(dest, wideB); }));
+            RealDiv(result, a, b);
+            const RealBuffer wideA = Widened(a, 3);
+            const RealBuffer wideDivisor = Widened(b, 3);
+            ASSERT_EQ(result, RoundedFromGuardDigits(3, [&](RealNumber* dest) {
+                          RealDivRaw(dest, wideA, wideDivisor);
+                      }));
+        }
+    }
 }
 
 TEST(RealTwin, IntegerQuotientsAndRemaindersAgree) {
