@@ -105,7 +105,7 @@ AllowedResults RoundExact(const ExactValue& exact, const ErrorBounds& bounds) {
 }
 
 bool IsAllowed(const RealNumber* x, uint64_t sign, const AllowedResults& allowed) {
-    if (RealIsSpecial(x) || (x->header & 1) != sign) {
+    if (RealIsSpecial(x) || !RealIsWellFormed(x) || (x->header & 1) != sign) {
         return false;
     }
     RoundedValue found;
@@ -116,7 +116,7 @@ bool IsAllowed(const RealNumber* x, uint64_t sign, const AllowedResults& allowed
 
 bool IsRawWithin(const RealNumber* x, Limb guard, const ExactValue& exact, uint64_t below,
                  uint64_t above) {
-    if (RealIsSpecial(x) || guard >= GuardBase) {
+    if (RealIsSpecial(x) || !RealIsWellFormed(x) || guard >= GuardBase) {
         return false;
     }
     const int64_t exponent = static_cast<int64_t>(x->header) >> 1;
@@ -133,7 +133,7 @@ bool IsRawWithin(const RealNumber* x, Limb guard, const ExactValue& exact, uint6
 }
 
 bool IsExactly(const RealNumber* x, uint64_t sign, const Integer& value, int64_t exponent) {
-    if ((x->header & 1) != sign) {
+    if (!RealIsWellFormed(x) || (x->header & 1) != sign) {
         return false;
     }
     if (value.Sign() == 0) {

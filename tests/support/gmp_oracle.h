@@ -68,15 +68,18 @@ struct AllowedResults {
 };
 AllowedResults RoundExact(const ExactValue& exact, const ErrorBounds& bounds);
 
-/// True when the finite non-zero x has this sign and a magnitude between the two.
+/// True when the finite non-zero x is in normal form, with this sign and a magnitude between the
+/// two.
 bool IsAllowed(const RealNumber* x, uint64_t sign, const AllowedResults& allowed);
 
-/// True when a raw result and its guard limb, taken as one number of p + 19 digits, lies less than
-/// `below` units of that number's last place under the exact value, or at most `above` over it.
+/// True when a raw result in normal form and its guard limb, taken as one number of p + 19 digits,
+/// lies less than `below` units of that number's last place under the exact value, or at most
+/// `above` over it.
 bool IsRawWithin(const RealNumber* x, Limb guard, const ExactValue& exact, uint64_t below,
                  uint64_t above);
 
-/// True when x is exactly this: value * 10^exponent with the sign, zero for a value of 0.
+/// True when x is in normal form and exactly this: value * 10^exponent with the sign, zero for a
+/// value of 0.
 bool IsExactly(const RealNumber* x, uint64_t sign, const Integer& value, int64_t exponent);
 
 }  // namespace tallymere::testing_support
