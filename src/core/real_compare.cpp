@@ -48,7 +48,8 @@ int CompareMagnitude(const RealNumber* x, uint64_t k, int64_t e, int64_t kept) {
     return n > 2 && !LimbsAreZero(limbs + 2, n - 2) ? 1 : 0;
 }
 
-// Compares x, taken with `sign`, with the number k * 10^(...) of sign `integerSign`.
+// Compares x, taken with `sign`, with the number of sign `integerSign` that has the first `kept`
+// digits of k as its mantissa and e as its exponent.
 int CompareWithInteger(const RealNumber* x, uint64_t sign, uint64_t k, uint64_t integerSign,
                        int64_t e, int64_t kept) {
     if (RealIsSpecial(x) && !RealIsZero(x)) {

@@ -4,20 +4,14 @@
 
 #include <string>
 
+#include "reference/limb_twins.h"
 #include "support/random_source.h"
 
 namespace tallymere {
 namespace {
 
 using namespace testing_support;
-
-uint64_t TenTo(int k) {
-    uint64_t power = 1;
-    for (int i = 0; i < k; i++) {
-        power *= 10;
-    }
-    return power;
-}
+using reference::TenTo;
 
 TEST(LimbTables, PowersOfTenFollowTheirRule) {
     for (int k = 0; k <= 19; k++) {

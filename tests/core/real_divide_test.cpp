@@ -101,16 +101,6 @@ TEST(Divide128, DoesNotTakeTheLargestWordForAPowerOfTwo) {
 
 // ---------------------------------------------------------------------------------------------
 
-struct Outcome {
-    std::string text;
-    CalcError code;
-    bool operator==(const Outcome&) const = default;
-};
-
-void PrintTo(const Outcome& outcome, std::ostream* out) {
-    *out << outcome.text << " with code " << outcome.code;
-}
-
 Outcome DividedByUint(std::string_view text, uint64_t d) {
     RealBuffer x(text);
     RealRound(x, RealDivUint(x, x, d));

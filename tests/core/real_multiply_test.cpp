@@ -13,16 +13,6 @@ namespace {
 
 using namespace testing_support;
 
-struct Outcome {
-    std::string text;
-    CalcError code;
-    bool operator==(const Outcome&) const = default;
-};
-
-void PrintTo(const Outcome& outcome, std::ostream* out) {
-    *out << outcome.text << " with code " << outcome.code;
-}
-
 Outcome Product(std::string_view a, std::string_view b) {
     RealBuffer product;
     RealMul(product, RealBuffer(a), RealBuffer(b));
@@ -46,10 +36,6 @@ Outcome ProductWithUint(std::string_view text, uint64_t k) {
     EXPECT_EQ(x, product);
     TakeCode();
     return {PlainText(product), code};
-}
-
-Outcome Silent(const std::string& text) {
-    return {text, CalcErrorNone};
 }
 
 TEST(RealMul, FollowsTheRulesOfSpecialValues) {

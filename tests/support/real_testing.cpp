@@ -5,7 +5,11 @@
 #include <cstring>
 #include <ostream>
 
+#include "reference/limb_twins.h"
+
 namespace tallymere::testing_support {
+
+using reference::TenTo;
 
 namespace {
 
@@ -33,14 +37,6 @@ void WriteDigits(Limb* limbs, const std::string& digits) {
         limbs[i] = std::stoull(digits.substr(at, width));
         at += width;
     }
-}
-
-Limb TenTo(int64_t k) {
-    Limb power = 1;
-    while (k-- > 0) {
-        power *= 10;
-    }
-    return power;
 }
 
 Limb RandomPart(RandomSource& random) {
@@ -181,6 +177,10 @@ CalcError TakeCode() {
     const CalcError code = numberContext.calcError;
     numberContext.calcError = CalcErrorNone;
     return code;
+}
+
+void PrintTo(const Outcome& outcome, std::ostream* out) {
+    *out << outcome.text << " with code " << outcome.code;
 }
 
 ContextCheck::ContextCheck() : before_(numberContext) {}

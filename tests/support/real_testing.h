@@ -62,6 +62,21 @@ std::string PlainText(const RealNumber* x);
 /// The code noted by the last operations; none is noted afterwards.
 CalcError TakeCode();
 
+/// The result of an operation as PlainText and the code that it noted.
+struct Outcome {
+    std::string text;
+    CalcError code;
+    bool operator==(const Outcome&) const = default;
+};
+
+/// Shows an outcome in failure messages.
+void PrintTo(const Outcome& outcome, std::ostream* out);
+
+/// The outcome that notes no code.
+inline Outcome Silent(const std::string& text) {
+    return {text, CalcErrorNone};
+}
+
 /// Puts `value` into a field of the context for the scope's life.
 template <typename T>
 class FieldScope {
