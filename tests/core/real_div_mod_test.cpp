@@ -128,15 +128,15 @@ TEST(RealDivMod, StopsAtTheByteThatAsksForIt) {
     EXPECT_EQ(TakeCode(), CalcErrorOverflow);
 }
 
-TEST(RealDivMod, LooksAtTheByteBeforeEveryDigit) {
+TEST(RealDivMod, LooksAtTheByteBeforeEveryLimb) {
     PrecisionScope scope(20);
-    // The byte lies in the first block that the operation takes, its quotient: the highest byte of
-    // the second limb, which the second digit of 333... makes 0x29. The third digit is not made.
+    // The byte lies in the first block that the operation takes, its quotient: it is the highest of
+    // the second limb, which is not 0 when that limb is 333... The third limb is not made.
     auto* const quotientWords = reinterpret_cast<uint8_t*>(numberContext.scratchTop);
     FieldScope<uint8_t*> flag(numberContext.abortFlag, quotientWords + 2 * BytesPerWord + 7);
     EXPECT_EQ(DivMod("1e1", "3"), "3e0 rest 1e0");
-    EXPECT_EQ(DivMod("1e2", "3"), "3.3e1 rest 1e0");
-    EXPECT_EQ(DivMod("1e3", "3"), "nan rest nan code 207");
+    EXPECT_EQ(DivMod("1e20", "3"), "3.3333333333333333333e19 rest 1e0");
+    EXPECT_EQ(DivMod("1e21", "3"), "nan rest nan code 207");
 }
 
 TEST(RealDivMod, RemainderBelowTheRangeIsZero) {
