@@ -6,12 +6,6 @@
 
 namespace tallymere {
 
-namespace {
-
-constexpr int64_t FarthestShift = int64_t{1} << 31;
-
-}  // namespace
-
 void LimbsClear(Limb* dest, int64_t n) {
     std::memset(dest, 0, static_cast<size_t>(n) * sizeof(Limb));
 }
@@ -71,7 +65,7 @@ Limb LimbsShiftLeftDigits(Limb* dest, const Limb* src, int64_t m, int64_t k, Lim
 
 Limb LimbsShiftRightFar(Limb* dest, const Limb* src, int64_t m, int64_t k) {
     const int64_t whole = k / DigitsPerLimb;
-    if (k >= FarthestShift || whole > m) {
+    if (whole > m) {
         LimbsClear(dest, m);
         return 0;
     }

@@ -20,8 +20,8 @@ Limb LimbsShiftRightDigits(Limb* dest, const Limb* src, int64_t m, int64_t k, Li
 /// top are lost. Returns the digits of `guard` that are left, moved up.
 Limb LimbsShiftLeftDigits(Limb* dest, const Limb* src, int64_t m, int64_t k, Limb guard);
 
-/// Shifts right by any k >= 0 digits, with nothing below the last limb. A k of 2^31 or more clears
-/// dest and gives 0.
+/// Shifts right by any k >= 0 digits, with nothing below the last limb. A k that takes everything
+/// past the guard limb clears dest and gives 0.
 Limb LimbsShiftRightFar(Limb* dest, const Limb* src, int64_t m, int64_t k);
 
 /// Shifts left by any k >= 0 digits; `guard` follows the last limb, and zeros follow the guard.
