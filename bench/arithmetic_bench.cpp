@@ -14,7 +14,7 @@ namespace {
 struct RealPair {
     Words a;
     Words b;
-    uint64_t divisor;  ///< b as a machine integer, where it is one
+    uint64_t divisor;  // b as a machine integer, where it is one
 };
 
 std::vector<RealPair> MakeRealPairs(OperandKind kind, int64_t digits) {
@@ -27,7 +27,7 @@ std::vector<RealPair> MakeRealPairs(OperandKind kind, int64_t digits) {
     return pairs;
 }
 
-/// operation(dest, a, b, divisor) is measured at every number of digits.
+// operation(dest, a, b, divisor) is measured at every number of digits.
 template <typename Operation>
 void Add(const char* work, OperandKind kind, Operation operation) {
     for (const int64_t digits : BenchDigits) {

@@ -10,7 +10,7 @@ namespace tallymere::bench {
 
 namespace {
 
-/// The working digits of quotients at 1,000, 5,000 and 10,000: 53, 264 and 527 limbs.
+// The working digits of quotients at 1,000, 5,000 and 10,000: 53, 264 and 527 limbs.
 constexpr int64_t WorkingDigits[] = {1'003, 5'003, 10'003};
 
 struct MantissaPair {

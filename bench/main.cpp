@@ -13,7 +13,7 @@ namespace tallymere::bench {
 
 namespace {
 
-/// One pair a line, a space between them.
+// One pair a line, a space between them.
 int PrintOperands(const char* kindName, const char* digitsText) {
     OperandKind kind = OperandKind::Numbers;
     const int64_t digits = std::atoll(digitsText);

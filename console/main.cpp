@@ -35,7 +35,7 @@ int PrintText(const char* text) {
     return WriteOutput(text) ? AllSucceeded : ReportWriteFailure();
 }
 
-/// Where the formulas come from: the arguments, else standard input.
+// Where the formulas come from: the arguments, else standard input.
 class FormulaSource {
 public:
     explicit FormulaSource(const std::vector<std::string>& formulas)

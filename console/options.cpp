@@ -38,12 +38,12 @@ constexpr Choice Thousands[] = {{"point", ThousandsPoint},
                                 {"narrow-space", ThousandsNarrowSpace}};
 constexpr Choice Languages[] = {{"en", LanguageEnglish}, {"de", LanguageGerman}};
 
-/// An option; `set` takes over a value that is one of the choices, or any value where there are no
-/// choices, and returns what is wrong with it, or nothing.
+// An option; `set` takes over a value that is one of the choices, or any value where there are no
+// choices, and returns what is wrong with it, or nothing.
 struct Option {
     std::string_view name;
     std::span<const Choice> choices;
-    std::string_view allowed;  ///< what a value may be where there are no choices
+    std::string_view allowed;  // what a value may be where there are no choices
     bool takesValue;
     std::string (*set)(ConsoleOptions& options, std::string_view value, int32_t choice);
 };

@@ -15,7 +15,7 @@ namespace tallymere {
 
 namespace {
 
-/// The position of an error that belongs to no character of the formula.
+// The position of an error that belongs to no character of the formula.
 constexpr uint64_t NoPosition = 1;
 
 ConsoleAnswer ErrorAnswer(uint64_t code, uint64_t position, const char16_t* message) {

@@ -13,7 +13,7 @@ namespace tallymere {
 
 namespace {
 
-/// What Ctrl+Z types.
+// What Ctrl+Z types.
 constexpr char16_t EndOfInput = 0x1A;
 
 // Like EncodeUtf8, but a surrogate without its partner keeps its own three bytes, which are no

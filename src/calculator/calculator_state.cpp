@@ -4,7 +4,7 @@ namespace tallymere {
 
 namespace {
 
-/// Wider integers are refused.
+// Wider integers are refused.
 constexpr int64_t MaxUintLimbs = 2'000;
 
 int64_t IntegerDigits(NumberType type) {

@@ -10,10 +10,10 @@ namespace tallymere {
 
 namespace {
 
-/// Above it the notation window is refused.
+// Above it the notation window is refused.
 constexpr int64_t MaxFixedExponent = 1'000'000'000;
 
-/// Sets the notation window of automatic notation.
+// Sets the notation window of automatic notation.
 void InstallNotationWindow() {
     if (calculator.calcPrecision > MaxFixedExponent) {
         SetCalcError(CalcErrorBadParameter);
@@ -23,7 +23,7 @@ void InstallNotationWindow() {
     numberContext.fixedExponentHigh = calculator.calcPrecision;
 }
 
-/// The flags for a result in base 10.
+// The flags for a result in base 10.
 uint32_t NotationFlags() {
     switch (calculator.resultForm) {
         case ResultFixed:
@@ -36,7 +36,7 @@ uint32_t NotationFlags() {
     }
 }
 
-/// The letter behind the "0" before a number in a base other than 10.
+// The letter behind the "0" before a number in a base other than 10.
 char16_t PrefixLetter(int64_t base) {
     return base == 2 ? u'y' : base == 8 ? u't' : u'x';
 }

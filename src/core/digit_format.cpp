@@ -11,11 +11,11 @@ namespace {
 
 constexpr int64_t GroupOfThousands = 3;
 
-/// What stands behind the decimal separator: zeros, then digits.
+// What stands behind the decimal separator: zeros, then digits.
 struct Fraction {
     int64_t zeros;
     const char16_t* digits;
-    int64_t count;  ///< 0 or less: there is no fraction
+    int64_t count;  // 0 or less: there is no fraction
 };
 
 Fraction WriteFixedInteger(TextWriter& writer, const char16_t* digits, int64_t count,
@@ -35,8 +35,8 @@ Fraction WriteScientificInteger(TextWriter& writer, const char16_t* digits, int6
     return {0, digits + 1, count - 1};
 }
 
-/// Removes the zeros at the end of the fraction that begins with its separator at `start`, and a
-/// separator that is left alone.
+// Removes the zeros at the end of the fraction that begins with its separator at `start`, and a
+// separator that is left alone.
 void StripFraction(TextWriter& writer, int64_t start) {
     while (writer.position > start + 1 && writer.buffer[writer.position - 1] == u'0') {
         writer.position--;

@@ -12,7 +12,7 @@ struct DigitPair {
     char16_t characters[2];
 };
 
-/// "00" to "99".
+// "00" to "99".
 constexpr auto DigitPairs = [] {
     std::array<DigitPair, 100> table{};
     for (size_t v = 0; v < table.size(); v++) {

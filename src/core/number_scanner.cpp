@@ -51,9 +51,9 @@ NumberTokenKind ScanDigits(NumberScanner& scanner) {
     }
 }
 
-/// True if `name` begins with the word. The comparison ends with the word and not with the name, so
-/// "in" stands for "inf", and "N" and "Na" stand for "NaN": texts that were stored so stay
-/// readable.
+// True if `name` begins with the word. The comparison ends with the word and not with the name, so
+// "in" stands for "inf", and "N" and "Na" stand for "NaN": texts that were stored so stay
+// readable.
 bool IsBeginningOf(const char16_t* name, int64_t nameLength, const char16_t* word, int64_t length) {
     if (length > nameLength) {
         return false;
@@ -83,7 +83,7 @@ NumberTokenKind ScanWord(NumberScanner& scanner) {
     return IsBeginningOf(u"NaN", 3, word, length) ? NumberTokenNaN : NumberTokenOther;
 }
 
-/// True if an exponent mark stands at the scanner's position, with a sign or a digit behind it.
+// True if an exponent mark stands at the scanner's position, with a sign or a digit behind it.
 bool IsAtExponentMark(const NumberScanner& scanner) {
     const int64_t next = scanner.position + 1;
     if (next >= scanner.length || !IsExponentChar(scanner.text[scanner.position])) {

@@ -7,17 +7,17 @@ namespace tallymere {
 
 namespace {
 
-/// A walk over the characters of a number that knows where its separator stands.
+// A walk over the characters of a number that knows where its separator stands.
 struct DigitWalk {
     const char16_t* next;
     const char16_t* end;
     bool neutral;
-    int64_t seen = 0;  ///< digits passed from the first non-zero one on
+    int64_t seen = 0;  // digits passed from the first non-zero one on
     bool separatorSeen = false;
-    int64_t exponent = 0;  ///< of the first non-zero digit, once the separator was seen
+    int64_t exponent = 0;  // of the first non-zero digit, once the separator was seen
 };
 
-/// Moves to the next digit; false at the end.
+// Moves to the next digit; false at the end.
 bool MoveToDigit(DigitWalk& walk) {
     for (; walk.next < walk.end; walk.next++) {
         if (IsDecimalDigit(*walk.next)) {
@@ -31,7 +31,7 @@ bool MoveToDigit(DigitWalk& walk) {
     return false;
 }
 
-/// Passes the digits that stand at the walk's position, `limit` at most, and returns their number.
+// Passes the digits that stand at the walk's position, `limit` at most, and returns their number.
 int64_t PassRun(DigitWalk& walk, int64_t limit) {
     const int64_t length =
         DecimalRunLength(walk.next, std::min<int64_t>(limit, walk.end - walk.next));
@@ -54,7 +54,7 @@ struct DigitRun {
     int64_t count;
 };
 
-/// The next digits as an integer: `limit` of them, at most 19, or as many as there are.
+// The next digits as an integer: `limit` of them, at most 19, or as many as there are.
 DigitRun TakeDigits(DigitWalk& walk, int64_t limit) {
     DigitRun taken = {0, 0};
     while (taken.count < limit && MoveToDigit(walk)) {
@@ -66,11 +66,11 @@ DigitRun TakeDigits(DigitWalk& walk, int64_t limit) {
     return taken;
 }
 
-/// Stands for every exponent that is out of range wherever the first digit stands; a sum with the
-/// position of a digit stays inside 64 bits.
+// Stands for every exponent that is out of range wherever the first digit stands; a sum with the
+// position of a digit stays inside 64 bits.
 constexpr uint64_t HugeExponent = uint64_t{3} << 61;
 
-/// Reads the sign and the digits behind an exponent mark; false if that is no integer.
+// Reads the sign and the digits behind an exponent mark; false if that is no integer.
 bool ReadExponent(NumberScanner& scanner, int64_t* exponent) {
     NumberToken token = NextNumberToken(scanner);
     const bool negative = token.kind == NumberTokenMinus;
@@ -89,14 +89,14 @@ bool ReadExponent(NumberScanner& scanner, int64_t* exponent) {
     return true;
 }
 
-/// What a text says before its digits are converted.
+// What a text says before its digits are converted.
 struct WrittenNumber {
     uint64_t sign;
-    NumberToken token;  ///< digits, infinity or NaN
-    int64_t exponent;   ///< as written, or 0
+    NumberToken token;  // digits, infinity or NaN
+    int64_t exponent;   // as written, or 0
 };
 
-/// True when the whole text is a number that `flags` allow.
+// True when the whole text is a number that `flags` allow.
 bool ReadNumber(NumberScanner& scanner, uint32_t flags, WrittenNumber* number) {
     NumberToken token = NextNumberToken(scanner);
     number->sign = token.kind == NumberTokenMinus ? 1 : 0;

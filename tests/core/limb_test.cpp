@@ -68,7 +68,7 @@ TEST(DivideByPowerOfTen, IsExactForEveryWord) {
     }
 }
 
-/// quotient * LimbBase + remainder is x * y + c + w, and the remainder is a limb.
+// quotient * LimbBase + remainder is x * y + c + w, and the remainder is a limb.
 void ExpectStep(uint64_t x, uint64_t y, uint64_t c, uint64_t w) {
     const LimbQuotient step = LimbStep(x, y, c, w);
     ASSERT_LT(step.remainder, LimbBase);

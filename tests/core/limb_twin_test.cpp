@@ -28,7 +28,7 @@ std::vector<int64_t> LimbCounts() {
     return counts;
 }
 
-/// Puts n limbs with t digits in the first in force, also beyond what a program may ask for.
+// Puts n limbs with t digits in the first in force, also beyond what a program may ask for.
 class LayoutScope {
 public:
     LayoutScope(int64_t n, int64_t t)
@@ -44,7 +44,7 @@ private:
 
 using Operation = std::function<Limb(Limb* dest, const Limb* src, int64_t m)>;
 
-/// Runs the operation into another array and in place, and compares both with the twin.
+// Runs the operation into another array and in place, and compares both with the twin.
 void ExpectTwin(const Limbs& src, const Operation& operation, const LimbResult& expected) {
     const int64_t m = static_cast<int64_t>(src.size());
     const Limbs before = src;
@@ -166,7 +166,7 @@ TEST(LimbTwin, NormaliseAgreesForEveryTopDigitCount) {
     }
 }
 
-/// LimbsMultiply into another array and into each operand, against the twin.
+// LimbsMultiply into another array and into each operand, against the twin.
 void ExpectProductTwin(const Limbs& a, const Limbs& b) {
     const int64_t n = static_cast<int64_t>(a.size());
     const LimbResult expected = reference::Multiply(a, b);

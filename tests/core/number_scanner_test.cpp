@@ -14,7 +14,7 @@ namespace {
 using namespace testing_support;
 using namespace std::string_view_literals;
 
-/// The tokens of a text as "kind:characters", with a space between them.
+// The tokens of a text as "kind:characters", with a space between them.
 std::string Tokens(std::u16string_view text, uint32_t flags = TextGroup | TextNeutral,
                    int64_t radix = 10) {
     NumberScanner scanner =

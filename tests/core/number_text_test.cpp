@@ -16,7 +16,7 @@ using namespace testing_support;
 constexpr NumberType TypesWithoutText[] = {NumberTypeNone, static_cast<NumberType>(3),
                                            static_cast<NumberType>(99)};
 
-/// What NumberToText leaves in a buffer of capacity + 1 characters that was full of "#".
+// What NumberToText leaves in a buffer of capacity + 1 characters that was full of "#".
 std::string WriteNumber(std::string_view plain, int64_t capacity, uint32_t flags) {
     const RealBuffer x(plain);
     std::u16string buffer(static_cast<size_t>(capacity) + 2, u'#');

@@ -11,7 +11,7 @@ namespace {
 
 using namespace testing_support;
 
-/// The rounded sum or difference, the same wherever it goes.
+// The rounded sum or difference, the same wherever it goes.
 Outcome Sum(std::string_view a, std::string_view b, bool subtract = false) {
     const RealBuffer x(a);
     const RealBuffer y(b);

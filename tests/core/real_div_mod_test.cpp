@@ -12,7 +12,7 @@ namespace {
 
 using namespace testing_support;
 
-/// Quotient, remainder and code in one line.
+// Quotient, remainder and code in one line.
 std::string DivMod(std::string_view a, std::string_view b) {
     const RealBuffer x(a);
     const RealBuffer y(b);

@@ -14,7 +14,7 @@ namespace {
 
 using namespace testing_support;
 
-/// floor(2^(64 + floor(log2 d)) / d) by long division in binary, for any d >= 2.
+// floor(2^(64 + floor(log2 d)) / d) by long division in binary, for any d >= 2.
 uint64_t ReciprocalByRule(uint64_t d) {
     int shift = 0;
     while (shift < 63 && (d >> (shift + 1)) != 0) {

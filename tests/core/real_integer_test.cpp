@@ -69,7 +69,7 @@ TEST(RealFromInt, RoundsAndTakesTheSign) {
 
 // ---------------------------------------------------------------------------------------------
 
-/// The integer, or "fails" and the output 0.
+// The integer, or "fails" and the output 0.
 std::string ToUint(std::string_view text, uint32_t flags) {
     uint64_t out = 77;
     if (RealToUint(&out, RealBuffer(text), flags)) {

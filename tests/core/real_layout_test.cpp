@@ -22,7 +22,7 @@ std::string Digits(RandomSource& random, int64_t count) {
     return digits;
 }
 
-/// The guard limb with these digits on top.
+// The guard limb with these digits on top.
 Limb GuardOf(std::string digits) {
     digits.resize(19, '0');
     return std::stoull(digits);

@@ -74,7 +74,7 @@ struct Routine {
     std::function<void()> run;
 };
 
-/// Operands of the layout in force, and every routine of the arithmetic on them.
+// Operands of the layout in force, and every routine of the arithmetic on them.
 class Workload {
 public:
     explicit Workload(RandomSource& random) {

@@ -21,7 +21,7 @@ namespace {
 
 using namespace testing_support;
 
-/// A guard unit and a thousandth ulp in units of ErrorBounds, 10^-20 ulp.
+// A guard unit and a thousandth ulp in units of ErrorBounds, 10^-20 ulp.
 constexpr uint64_t ErrorOfGuardUnit = 10;
 constexpr uint64_t ErrorOfMilliUlp = 100'000'000'000'000'000;
 
@@ -36,7 +36,7 @@ ExactValue Exact(const RealNumber* x) {
     return value;
 }
 
-/// a * b.
+// a * b.
 ExactValue ExactProduct(const RealNumber* a, const RealNumber* b) {
     ExactValue product = Exact(a);
     const ExactValue factor = Exact(b);
@@ -45,7 +45,7 @@ ExactValue ExactProduct(const RealNumber* a, const RealNumber* b) {
     return product;
 }
 
-/// a / b.
+// a / b.
 ExactValue ExactQuotient(const RealNumber* a, const RealNumber* b) {
     ExactValue quotient = Exact(a);
     const ExactValue divisor = Exact(b);
@@ -54,7 +54,7 @@ ExactValue ExactQuotient(const RealNumber* a, const RealNumber* b) {
     return quotient;
 }
 
-/// a with its sign plus b with a sign of its own: the magnitude, and the sign in `sign`.
+// a with its sign plus b with a sign of its own: the magnitude, and the sign in `sign`.
 ExactValue ExactSum(const RealNumber* a, const RealNumber* b, uint64_t signB, uint64_t& sign) {
     ExactValue sum = Exact(a);
     ExactValue other = Exact(b);
@@ -262,7 +262,7 @@ TEST(RealOracle, Quotients) {
     }
 }
 
-/// a and b as integers in units of 10^unit.
+// a and b as integers in units of 10^unit.
 struct CommonIntegers {
     Integer a;
     Integer b;

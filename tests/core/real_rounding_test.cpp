@@ -93,7 +93,7 @@ TEST(RealRound, DoesNothingUnderNoRounding) {
 
 // ---------------------------------------------------------------------------------------------
 
-/// text rounded to d digits, also with dest the operand.
+// text rounded to d digits, also with dest the operand.
 std::string RoundedTo(std::string_view text, int64_t d) {
     const RealBuffer x(text);
     const RealBuffer before = x;

@@ -15,9 +15,9 @@ using namespace testing_support;
 
 constexpr uint32_t AcceptSpecial = TextAcceptInfinity | TextAcceptNaN;
 
-/// So many numbers of so many digits, spread over these precisions.
+// So many numbers of so many digits, spread over these precisions.
 struct Batch {
-    int rounds;  ///< for each precision
+    int rounds;  // for each precision
     int64_t mostDigits;
     std::vector<int64_t> precisions;
 };
@@ -45,7 +45,7 @@ void RunBatches(Test test) {
     }
 }
 
-/// Digits with a separator somewhere among them, or none, and group separators at random places.
+// Digits with a separator somewhere among them, or none, and group separators at random places.
 std::u16string DressDigits(RandomSource& random, const std::string& digits, bool groups) {
     std::u16string text;
     const size_t separator = random.Below(2) == 0 ? 0 : random.Below(digits.size());
@@ -188,7 +188,7 @@ WriteStyle RandomStyle(RandomSource& random) {
     return style;
 }
 
-/// p digits: a hostile run, cut or filled up with zeros, in normal form.
+// p digits: a hostile run, cut or filled up with zeros, in normal form.
 std::string MantissaOf(RandomSource& random, int64_t mostDigits, int64_t p) {
     std::string digits = HostileDigits(random, mostDigits, p);
     digits.resize(static_cast<size_t>(p), '0');
@@ -200,7 +200,7 @@ std::string MantissaOf(RandomSource& random, int64_t mostDigits, int64_t p) {
     return digits;
 }
 
-/// A number of those digits: -0 or 0 if they are zero.
+// A number of those digits: -0 or 0 if they are zero.
 RealBuffer NumberOf(const std::string& digits, bool negative, int64_t exponent) {
     RealBuffer x(digits);
     if (digits[0] != '0') {

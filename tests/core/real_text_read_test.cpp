@@ -14,7 +14,7 @@ using namespace testing_support;
 
 constexpr uint32_t AcceptAll = TextGroup | TextNeutral | TextAcceptInfinity | TextAcceptNaN;
 
-/// The text as a rounded number in the form of PlainText, followed by the code if there is one.
+// The text as a rounded number in the form of PlainText, followed by the code if there is one.
 std::string Read(std::u16string_view text, uint32_t flags = AcceptAll) {
     RealBuffer x;
     const Limb guard = RealFromText(x, text.data(), static_cast<int64_t>(text.size()), flags);

@@ -12,8 +12,8 @@ namespace {
 
 using namespace testing_support;
 
-/// What RealToText writes into a writer of that capacity: the text, or "overflow", followed by the
-/// code if there is one.
+// What RealToText writes into a writer of that capacity: the text, or "overflow", followed by the
+// code if there is one.
 std::string Write(const RealNumber* x, uint32_t flags, int64_t capacity = 40'000) {
     std::u16string buffer(static_cast<size_t>(capacity) + 1, u'#');
     TextWriter writer = {0, capacity, buffer.data()};

@@ -20,15 +20,15 @@ using reference::Read;
 using reference::Real;
 using reference::RealResult;
 
-/// The numbers of `rounds` rounds of a test have `limbs` limbs, `topDigits` digits in the first.
+// The numbers of `rounds` rounds of a test have `limbs` limbs, `topDigits` digits in the first.
 struct Layout {
     int64_t limbs;
     int64_t topDigits;
     int rounds;
 };
 
-/// Every limb count from 1 to 40 with every sampled t, and samples up to 527 limbs; `work` scales
-/// the rounds, `longest` bounds the limbs.
+// Every limb count from 1 to 40 with every sampled t, and samples up to 527 limbs; `work` scales
+// the rounds, `longest` bounds the limbs.
 std::vector<Layout> Layouts(int work, int64_t longest) {
     std::vector<Layout> layouts;
     for (int64_t n = 1; n <= 40; n++) {
@@ -102,7 +102,7 @@ void ExpectUnaryTwin(const RealBuffer& x, const RealResult& expected, Operation 
     ASSERT_NO_FATAL_FAILURE(ExpectResult(dest, guard, expected, "destination the operand"));
 }
 
-/// Now and then moves the exponents to an end of the range.
+// Now and then moves the exponents to an end of the range.
 void StretchExponents(RandomSource& random, RealBuffer& a, RealBuffer& b) {
     if (random.Below(12) != 0) {
         return;
@@ -163,7 +163,7 @@ TEST(RealTwin, ProductsAgree) {
     }
 }
 
-/// Small numbers, powers of two and of ten, their neighbours, and any word.
+// Small numbers, powers of two and of ten, their neighbours, and any word.
 uint64_t RandomFactor(RandomSource& random) {
     switch (random.Below(6)) {
         case 0:
@@ -281,7 +281,7 @@ TEST(RealTwin, QuotientAndReciprocalAgreeAtTheLongestLayout) {
     ExpectResult(dest, guard, reference::Divide(Read(a), Read(b)), "10,005 digits");
 }
 
-/// The number in a layout of g more digits.
+// The number in a layout of g more digits.
 RealBuffer Widened(const RealBuffer& x, int64_t g) {
     const RealLayout narrow = CurrentRealLayout();
     RealLayoutScope scope;
@@ -291,7 +291,7 @@ RealBuffer Widened(const RealBuffer& x, int64_t g) {
     return wide;
 }
 
-/// The raw result of an operation on numbers of g more digits, rounded to the layout in force.
+// The raw result of an operation on numbers of g more digits, rounded to the layout in force.
 template <typename Operation>
 RealBuffer RoundedFromGuardDigits(int64_t g, Operation operation) {
     const int64_t p = numberContext.precisionDigits;

@@ -13,7 +13,7 @@ namespace {
 
 using namespace testing_support;
 
-/// A writer into a buffer that has room for its capacity, the 0 and a guard character.
+// A writer into a buffer that has room for its capacity, the 0 and a guard character.
 struct TestWriter {
     explicit TestWriter(int64_t capacity)
         : buffer(static_cast<size_t>(capacity) + 2, u'#'), writer{0, capacity, buffer.data()} {}

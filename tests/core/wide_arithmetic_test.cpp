@@ -9,7 +9,7 @@ namespace {
 
 using namespace testing_support;
 
-/// Words at which carries happen or just do not.
+// Words at which carries happen or just do not.
 uint64_t RandomWord(RandomSource& random) {
     switch (random.Below(6)) {
         case 0:

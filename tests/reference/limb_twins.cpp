@@ -12,7 +12,7 @@ __extension__ typedef unsigned __int128 Word128;
 
 constexpr uint64_t Base = 10'000'000'000'000'000'000u;
 
-/// x * y + carry + w split by the base: the remainder comes back, the quotient is the next carry.
+// x * y + carry + w split by the base: the remainder comes back, the quotient is the next carry.
 uint64_t Step(uint64_t x, uint64_t y, uint64_t& carry, uint64_t w) {
     const Word128 sum = Word128{x} * y + carry + w;
     carry = static_cast<uint64_t>(sum / Base);

@@ -30,7 +30,7 @@ bool IsZero(const Real& x) {
     return IsSpecial(x) && x.limbs[0] == 0;
 }
 
-/// The number of these limbs, in normal form or all zero, with its exponent held to the range.
+// The number of these limbs, in normal form or all zero, with its exponent held to the range.
 RealResult Make(LimbResult parts, int64_t exponent, uint64_t sign) {
     if (parts.limbs[0] == 0) {
         return {Special(0, sign), parts.guard, CalcErrorNone};
@@ -46,7 +46,7 @@ RealResult Make(LimbResult parts, int64_t exponent, uint64_t sign) {
     return {{exponent, sign, std::move(parts.limbs)}, parts.guard, CalcErrorNone};
 }
 
-/// a + b with guard limb below b, moved right by a digit where the sum has one more.
+// a + b with guard limb below b, moved right by a digit where the sum has one more.
 RealResult AddMagnitudes(const Limbs& a, const Limbs& b, uint64_t guard, int64_t exponent,
                          uint64_t sign) {
     LimbResult sum{a, guard};
@@ -68,7 +68,7 @@ RealResult AddMagnitudes(const Limbs& a, const Limbs& b, uint64_t guard, int64_t
     return Make(std::move(sum), exponent, sign);
 }
 
-/// a - b with guard limb below b, in normal form.
+// a - b with guard limb below b, in normal form.
 RealResult SubtractMagnitudes(const Limbs& a, const Limbs& b, uint64_t guard, int64_t exponent,
                               uint64_t sign) {
     Limbs difference = a;
@@ -82,14 +82,14 @@ RealResult SubtractMagnitudes(const Limbs& a, const Limbs& b, uint64_t guard, in
     return Make(normal, exponent - normal.count, sign);
 }
 
-/// 2 with exponent 0 in the current layout.
+// 2 with exponent 0 in the current layout.
 Real Two() {
     Real two{0, 0, Limbs(LimbCount(), 0)};
     two.limbs[0] = 2 * TenTo(TopDigits() - 1);
     return two;
 }
 
-/// The first 19 digits of a mantissa.
+// The first 19 digits of a mantissa.
 uint64_t LeadingDigits(const Limbs& limbs) {
     const int64_t t = TopDigits();
     const uint64_t next = limbs.size() > 1 ? limbs[1] : 0;

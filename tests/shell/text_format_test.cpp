@@ -14,7 +14,7 @@ namespace {
 
 constexpr char16_t Untouched = u'#';
 
-/// What FormatIntoSink makes of a format, in a sink that is large enough.
+// What FormatIntoSink makes of a format, in a sink that is large enough.
 std::u16string Formatted(const char16_t* format,
                          std::initializer_list<FormatArgument> arguments = {}) {
     char16_t text[200];

@@ -53,7 +53,7 @@ const CodeRow CodeRows[] = {
     {9002, &UiText::TextErrStringBufferOverflow},
 };
 
-/// `format` with its "%s" replaced in order by a, b and c, by another way than the formatter's.
+// `format` with its "%s" replaced in order by a, b and c, by another way than the formatter's.
 std::u16string Filled(std::u16string format, const std::u16string& a, const std::u16string& b,
                       const std::u16string& c) {
     size_t from = 0;
@@ -90,7 +90,7 @@ protected:
         return {text, static_cast<size_t>(sink.count)};
     }
 
-    /// Takes the message with the given capacity and says what was in the buffer.
+    // Takes the message with the given capacity and says what was in the buffer.
     std::u16string Take(int64_t capacity = UiErrorMessageCapacity) {
         std::fill(std::begin(text_), std::end(text_), u'#');
         shown_ = TakeUiErrorMessage(text_, capacity);

@@ -19,7 +19,7 @@ const Entry Entries[] = {
 #include "shell/ui_text_entries.inc"
 };
 
-/// The letters behind each "%" of a format, in order.
+// The letters behind each "%" of a format, in order.
 std::u16string Specifiers(const char16_t* format) {
     std::u16string specifiers;
     for (; *format != 0; ++format) {
@@ -31,7 +31,7 @@ std::u16string Specifiers(const char16_t* format) {
     return specifiers;
 }
 
-/// The 64-bit FNV-1a hash of all texts of the table in their order, each with its end.
+// The 64-bit FNV-1a hash of all texts of the table in their order, each with its end.
 uint64_t HashOfTable() {
     uint64_t hash = 0xCBF29CE484222325u;
     for (const Entry& entry : Entries) {
@@ -43,7 +43,7 @@ uint64_t HashOfTable() {
     return hash;
 }
 
-/// Every test starts from an empty table and leaves the process with the English one.
+// Every test starts from an empty table and leaves the process with the English one.
 class UiTextTable : public ::testing::Test {
 protected:
     void SetUp() override { ClearUiText(); }

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int64_t LargestExponent = 4'611'686'018'427'387'903;
 
-/// The parts of a text that an automaton has accepted as a number.
+// The parts of a text that an automaton has accepted as a number.
 struct Parts {
     std::string integer;
     std::string fraction;
@@ -89,7 +89,7 @@ bool Accept(std::u16string_view text, char16_t point, char16_t mark, Parts* part
     return state == State::Integer || state == State::Fraction || state == State::ExponentDigits;
 }
 
-/// The written exponent; one that no position of a digit brings back into the range is cut.
+// The written exponent; one that no position of a digit brings back into the range is cut.
 int64_t ExponentOf(const Parts& parts) {
     constexpr int64_t FarOut = 5'000'000'000'000'000'000;
     std::string digits = parts.exponent;
@@ -103,7 +103,7 @@ int64_t ExponentOf(const Parts& parts) {
     return parts.exponentNegative ? -value : value;
 }
 
-/// Adds one to the last of some digits; true if the result is "1000...", one place further up.
+// Adds one to the last of some digits; true if the result is "1000...", one place further up.
 bool Increment(std::string& digits) {
     for (size_t i = digits.size(); i-- > 0;) {
         if (digits[i] != '9') {

@@ -61,7 +61,7 @@ enum class Kind { End, Invalid, Number, Imaginary, Function, Pi, Name, Symbol };
 
 struct Lexeme {
     Kind kind = Kind::End;
-    Text word;  ///< the characters; of "mod" and the symbols the symbol
+    Text word;  // the characters; of "mod" and the symbols the symbol
     size_t position = 0;
     size_t length = 0;
 };

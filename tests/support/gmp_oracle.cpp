@@ -9,13 +9,13 @@ namespace {
 
 constexpr uint64_t GuardBase = 10'000'000'000'000'000'000u;
 
-/// Decimal digits of a positive integer.
+// Decimal digits of a positive integer.
 int64_t DigitsOf(const Integer& value) {
     const int64_t estimate = static_cast<int64_t>(mpz_sizeinbase(value, 10));
     return mpz_cmp(value, PowerOfTenInteger(estimate - 1)) < 0 ? estimate - 1 : estimate;
 }
 
-/// value * 10^k, rounded down for a negative k.
+// value * 10^k, rounded down for a negative k.
 void Scale(Integer& value, int64_t k) {
     if (k >= 0) {
         mpz_mul(value, value, PowerOfTenInteger(k));
@@ -24,7 +24,7 @@ void Scale(Integer& value, int64_t k) {
     }
 }
 
-/// floor(exact * 10^k).
+// floor(exact * 10^k).
 Integer ScaledFloor(const ExactValue& exact, int64_t k) {
     const int64_t power = exact.exponent + k;
     Integer numerator = exact.numerator;
@@ -34,7 +34,7 @@ Integer ScaledFloor(const ExactValue& exact, int64_t k) {
     return numerator;
 }
 
-/// value * 10^unit rounded half up to p digits; value has more than p digits.
+// value * 10^unit rounded half up to p digits; value has more than p digits.
 RoundedValue RoundHalfUp(Integer value, int64_t unit) {
     const int64_t p = numberContext.precisionDigits;
     const int64_t digits = DigitsOf(value);

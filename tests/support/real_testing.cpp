@@ -17,7 +17,7 @@ namespace {
 constexpr uint64_t GuardWord = 0x6AFE6AFE6AFE6AFEu;
 constexpr uint64_t JunkWord = 0xDEADBEEFDEADBEEFu;
 
-/// The decimal digits of the mantissa, p of them, from limbs in normal form.
+// The decimal digits of the mantissa, p of them, from limbs in normal form.
 std::string MantissaDigits(const Limb* limbs) {
     std::string digits;
     for (int64_t i = 0; i < numberContext.realLimbs; i++) {
@@ -29,7 +29,7 @@ std::string MantissaDigits(const Limb* limbs) {
     return digits;
 }
 
-/// Writes p decimal digits as limbs.
+// Writes p decimal digits as limbs.
 void WriteDigits(Limb* limbs, const std::string& digits) {
     size_t at = 0;
     for (int64_t i = 0; i < numberContext.realLimbs; i++) {
@@ -59,7 +59,7 @@ Limb RandomPart(RandomSource& random) {
     }
 }
 
-/// A run of the digit 0 or 9 across limbs, from a random digit to a random one.
+// A run of the digit 0 or 9 across limbs, from a random digit to a random one.
 void OverlayRun(RandomSource& random, Limb* limbs, int64_t count) {
     const int64_t digits = 19 * count;
     const int64_t from = random.Between(0, digits - 1);
