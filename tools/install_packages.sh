@@ -1,5 +1,6 @@
-# For ./run and ./test to source: installs what is missing on Debian and Ubuntu. All messages go to
-# stderr, what apt prints goes to build/packages.log.
+# For ./run, ./test and bench/compare to source, with `here` set to the root of the project: installs
+# what is missing on Debian and Ubuntu. All messages go to stderr, what apt prints goes to
+# build/packages.log.
 
 packages_log="$here/build/packages.log"
 

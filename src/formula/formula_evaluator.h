@@ -12,9 +12,8 @@
 
 namespace tallymere {
 
-/// The entries of the stack, and thereby the bound on the nesting of a formula: `f(` takes two,
-/// each
-/// `;` two more.
+/// The entries of the stack, and thereby the bound on the nesting of a formula: `f(` takes two
+/// entries, each `;` two more.
 inline constexpr int64_t FormulaStackEntries = 50;
 
 /// A variable that a formula may use. It has no value of its own but the text of a formula, which

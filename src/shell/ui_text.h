@@ -27,7 +27,7 @@ void ClearUiText();
 void FillUiTextEnglish();
 void FillUiTextGerman();
 
-/// The language setting; the values stand in the settings file's walk and choose the help files.
+/// The language setting. Its values are those of the settings file, and they choose the help files.
 enum Language : int32_t {
     LanguageAutomatic = 1,
     LanguageEnglish = 2,
