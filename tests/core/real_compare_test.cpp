@@ -96,7 +96,7 @@ TEST(RealCompare, SeesADifferenceInEveryLimb) {
     }
 }
 
-// ---------------------------------------------------------------------------------------------
+// Comparisons with integers.
 
 int CompareInt(std::string_view text, int64_t k) {
     return RealCompareInt(RealBuffer(text), k);

@@ -99,7 +99,7 @@ TEST(Divide128, DoesNotTakeTheLargestWordForAPowerOfTwo) {
     EXPECT_EQ(PlainText(x), "2.7105054312137610852e-19");
 }
 
-// ---------------------------------------------------------------------------------------------
+// Quotients by a machine integer.
 
 Outcome DividedByUint(std::string_view text, uint64_t d) {
     RealBuffer x(text);
@@ -164,7 +164,7 @@ TEST(RealDivUint, UnderflowsToZeroBelowTheRange) {
     EXPECT_EQ(DividedByUint(least, 2), (Outcome{"-0", CalcErrorUnderflow}));
 }
 
-// ---------------------------------------------------------------------------------------------
+// Quotients of two numbers, and reciprocals.
 
 Outcome Quotient(std::string_view a, std::string_view b) {
     const RealBuffer x(a);

@@ -67,7 +67,7 @@ TEST(RealFromInt, RoundsAndTakesTheSign) {
     EXPECT_EQ(PlainText(x), "-9.9e2");
 }
 
-// ---------------------------------------------------------------------------------------------
+// To machine integers, and the leading digits.
 
 // The integer, or "fails" and the output 0.
 std::string ToUint(std::string_view text, uint32_t flags) {

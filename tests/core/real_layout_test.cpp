@@ -112,7 +112,7 @@ TEST(RealNarrow, ReturnsTheDroppedDigitsAsTheGuardLimb) {
     }
 }
 
-// ---------------------------------------------------------------------------------------------
+// Operations at guard digits.
 
 struct Seen {
     RealLayout layout;
@@ -164,7 +164,7 @@ TEST(WithGuardDigits, RunsTheFunctionInPlaceAtTheWiderLayout) {
     }
 }
 
-// ---------------------------------------------------------------------------------------------
+// Conversions between layouts.
 
 TEST(RealConvertLayout, KeepsTheDigitsThatFitAndReturnsTheNextAsTheGuardLimb) {
     RandomSource random;

@@ -91,7 +91,7 @@ TEST(RealRound, DoesNothingUnderNoRounding) {
     EXPECT_EQ(Rounded(Nines(20), AllNines), PlainText(RealBuffer(Nines(20))));
 }
 
-// ---------------------------------------------------------------------------------------------
+// Rounding to digits.
 
 // text rounded to d digits, also with dest the operand.
 std::string RoundedTo(std::string_view text, int64_t d) {
@@ -173,7 +173,7 @@ TEST(RealRoundDigits, MakesAnInfinityAboveTheExponentRange) {
     EXPECT_EQ(TakeCode(), CalcErrorNone);
 }
 
-// ---------------------------------------------------------------------------------------------
+// Tests for integers.
 
 bool IsInteger(std::string_view text) {
     return RealIsInteger(RealBuffer(text));
@@ -252,7 +252,7 @@ TEST(RealIsEven, KnowsSpecialValuesAndValuesWithoutAUnitsDigit) {
     }
 }
 
-// ---------------------------------------------------------------------------------------------
+// Integer and fraction part.
 
 std::string IntegerPart(std::string_view text) {
     RealBuffer x(text);
