@@ -10,8 +10,6 @@ namespace tallymere {
 
 namespace {
 
-constexpr int64_t CharactersPerWord = BytesPerWord / int64_t{sizeof(char16_t)};
-
 // A stored text with the decimal separator in force, copied only if that makes a difference.
 const char16_t* TextInForce(ScratchScope& scope, const char16_t* stored) {
     const std::u16string_view text = stored;

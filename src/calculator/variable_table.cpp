@@ -63,12 +63,6 @@ void WriteNewName(char16_t* name) {
     *end = 0;
 }
 
-void CopyBounded(char16_t* buffer, int64_t capacity, const char16_t* text) {
-    TextSink sink = {0, capacity, buffer};
-    SinkText(sink, text);
-    EndSinkText(sink);
-}
-
 // From the separators in force to the storage form, in place.
 void ConvertToStorageForm(char16_t* text) {
     char16_t* end = text;

@@ -9,8 +9,6 @@ namespace tallymere {
 
 namespace {
 
-constexpr int64_t CharactersPerWord = BytesPerWord / static_cast<int64_t>(sizeof(char16_t));
-
 // The p digits of the mantissa; a special value must be zero.
 void StageDigits(char16_t* digits, const RealNumber* x) {
     const Limb* limbs = RealLimbs(x);

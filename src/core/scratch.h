@@ -23,6 +23,7 @@
 namespace tallymere {
 
 inline constexpr int64_t BytesPerWord = 8;
+inline constexpr int64_t CharactersPerWord = BytesPerWord / int64_t{sizeof(char16_t)};
 
 #ifdef TALLYMERE_CHECKED_SCRATCH
 inline constexpr bool CheckedScratch = true;

@@ -28,4 +28,10 @@ void EndSinkText(const TextSink& sink) {
     sink.text[length] = 0;
 }
 
+void CopyBounded(char16_t* buffer, int64_t capacity, const char16_t* text) {
+    TextSink sink = {0, capacity, buffer};
+    SinkText(sink, text);
+    EndSinkText(sink);
+}
+
 }  // namespace tallymere

@@ -31,4 +31,8 @@ void SinkText(TextSink& sink, const char16_t* text);
 /// something did not fit, the last character becomes an ellipsis.
 void EndSinkText(const TextSink& sink);
 
+/// Copies a text, as SinkText takes it, into a buffer of capacity + 1 characters, capacity >= 0,
+/// and ends it with a 0. One that is longer than the capacity ends in an ellipsis.
+void CopyBounded(char16_t* buffer, int64_t capacity, const char16_t* text);
+
 }  // namespace tallymere

@@ -7,16 +7,6 @@
 
 namespace tallymere {
 
-namespace {
-
-void SetArgument(char16_t (&argument)[UiErrorArgumentCapacity + 1], const char16_t* text) {
-    TextSink sink{0, UiErrorArgumentCapacity, argument};
-    SinkText(sink, text);
-    EndSinkText(sink);
-}
-
-}  // namespace
-
 UiError uiError;
 uint8_t cancelFlag = 0;
 
@@ -32,9 +22,9 @@ void SetUiError(UiErrorCode code, const char16_t* arg1, const char16_t* arg2,
              .compare_exchange_strong(pending, code, std::memory_order_relaxed)) {
         return;
     }
-    SetArgument(uiError.arg1, arg1);
-    SetArgument(uiError.arg2, arg2);
-    SetArgument(uiError.arg3, arg3);
+    CopyBounded(uiError.arg1, UiErrorArgumentCapacity, arg1);
+    CopyBounded(uiError.arg2, UiErrorArgumentCapacity, arg2);
+    CopyBounded(uiError.arg3, UiErrorArgumentCapacity, arg3);
 }
 
 void TakeCalcError(UiErrorCode fallback) {
@@ -58,9 +48,9 @@ void TakeCalcError(UiErrorCode fallback) {
 
 void ClearErrors() {
     std::atomic_ref<UiErrorCode>(uiError.code).store(UiErrorNone, std::memory_order_relaxed);
-    SetArgument(uiError.arg1, u"");
-    SetArgument(uiError.arg2, u"");
-    SetArgument(uiError.arg3, u"");
+    CopyBounded(uiError.arg1, UiErrorArgumentCapacity, u"");
+    CopyBounded(uiError.arg2, UiErrorArgumentCapacity, u"");
+    CopyBounded(uiError.arg3, UiErrorArgumentCapacity, u"");
     numberContext.calcError = CalcErrorNone;
     SetAbortByte(&cancelFlag, 0);
 }
