@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <span>
+#include <type_traits>
 
 #include "calculator/variable_table.h"
 #include "console/utf8.h"
@@ -97,34 +98,35 @@ std::string SetVariable(ConsoleOptions& options, std::string_view value, int32_t
 
 constexpr std::string_view NoValue = "no value";
 
-#define CHOOSE(field, type)                                                        \
-    [](ConsoleOptions& options, std::string_view, int32_t choice) -> std::string { \
-        options.field = static_cast<type>(choice);                                 \
-        return {};                                                                 \
-    }
-#define SWITCH_ON(field, value)                                             \
-    [](ConsoleOptions& options, std::string_view, int32_t) -> std::string { \
-        options.field = value;                                              \
-        return {};                                                          \
-    }
+// Puts a choice into a field of the options.
+template <auto Field>
+std::string SetChoice(ConsoleOptions& options, std::string_view, int32_t choice) {
+    auto& field = options.*Field;
+    field = static_cast<std::remove_reference_t<decltype(field)>>(choice);
+    return {};
+}
+
+// Puts what an option without a value stands for into a field of the options.
+template <auto Field, auto Value>
+std::string SetTo(ConsoleOptions& options, std::string_view, int32_t) {
+    options.*Field = Value;
+    return {};
+}
 
 const Option Options[] = {
-    {"--type", Types, {}, true, CHOOSE(type, NumberType)},
+    {"--type", Types, {}, true, SetChoice<&ConsoleOptions::type>},
     {"--digits", {}, "1 to 10000", true, SetDigits},
-    {"--base", Bases, {}, true, CHOOSE(base, int64_t)},
-    {"--lower-hex", {}, NoValue, false, SWITCH_ON(lowerHex, true)},
-    {"--form", Forms, {}, true, CHOOSE(form, ResultForm)},
-    {"--group", {}, NoValue, false, SWITCH_ON(groupDigits, true)},
-    {"--decimal", Decimals, {}, true, CHOOSE(decimal, DecimalSeparatorSetting)},
-    {"--thousands", Thousands, {}, true, CHOOSE(thousands, ThousandsSeparatorSetting)},
-    {"--language", Languages, {}, true, CHOOSE(language, Language)},
+    {"--base", Bases, {}, true, SetChoice<&ConsoleOptions::base>},
+    {"--lower-hex", {}, NoValue, false, SetTo<&ConsoleOptions::lowerHex, true>},
+    {"--form", Forms, {}, true, SetChoice<&ConsoleOptions::form>},
+    {"--group", {}, NoValue, false, SetTo<&ConsoleOptions::groupDigits, true>},
+    {"--decimal", Decimals, {}, true, SetChoice<&ConsoleOptions::decimal>},
+    {"--thousands", Thousands, {}, true, SetChoice<&ConsoleOptions::thousands>},
+    {"--language", Languages, {}, true, SetChoice<&ConsoleOptions::language>},
     {"--var", {}, VariableForm, true, SetVariable},
-    {"--help", {}, NoValue, false, SWITCH_ON(action, PrintHelp)},
-    {"--version", {}, NoValue, false, SWITCH_ON(action, PrintVersion)},
+    {"--help", {}, NoValue, false, SetTo<&ConsoleOptions::action, PrintHelp>},
+    {"--version", {}, NoValue, false, SetTo<&ConsoleOptions::action, PrintVersion>},
 };
-
-#undef CHOOSE
-#undef SWITCH_ON
 
 std::string Concatenate(std::initializer_list<std::string_view> parts) {
     std::string text;
