@@ -23,8 +23,8 @@ void InstallNotationWindow() {
     numberContext.fixedExponentHigh = calculator.calcPrecision;
 }
 
-// The flags for a result in base 10.
-uint32_t NotationFlags() {
+// The flags for the notation of a result in base 10; for automatic notation its window as well.
+uint32_t PrepareNotation() {
     switch (calculator.resultForm) {
         case ResultFixed:
             return TextFixed | TextStripZeros;
@@ -65,7 +65,7 @@ const char16_t* ShowResult(const ResultStyle& style) {
         WriteBasedResult(flags, style.lowerCaseHex);
     } else {
         NumberToText(calculator.calcResultText, CalcResultCharacters, calculator.calcResult,
-                     flags | NotationFlags());
+                     flags | PrepareNotation());
     }
     if (numberContext.calcError != CalcErrorTextTooLong) {
         return calculator.calcResultText;
