@@ -45,13 +45,8 @@ inline constexpr auto BitDigits = [] {
     return table;
 }();
 
-/// floor(2^(64 + floor(log2 d)) / d) for a divisor d that is no power of two.
-constexpr uint64_t NormalisedReciprocal(uint64_t d) {
-    return wide::Divide({uint64_t{1} << HighestBit(d), 0}, d);
-}
-
 /// v / 10^k is MultiplyHigh(v >> k, reciprocal) >> shift for every 64-bit v.
-struct PowerDivider {
+struct DivisionReciprocal {
     uint64_t reciprocal;
     int shift;
 };
@@ -60,8 +55,8 @@ struct PowerDivider {
 /// dividend has N = 64 - k bits, and with 5^k < 2^L the reciprocal floor(2^(N + L) / 5^k) + 1 is
 /// exact for all of them (Granlund and Montgomery, "Division by invariant integers using
 /// multiplication", theorem 4.2).
-inline constexpr auto PowerDividers = [] {
-    std::array<PowerDivider, DigitsPerLimb + 1> table{};
+inline constexpr auto DivisionReciprocals = [] {
+    std::array<DivisionReciprocal, DigitsPerLimb + 1> table{};
     uint64_t fives = 1;
     for (size_t k = 1; k < table.size(); k++) {
         fives *= 5;
@@ -76,11 +71,6 @@ inline constexpr auto PowerDividers = [] {
 /// 10^k for 0 <= k <= 19; k = -1 may be read and is no number.
 constexpr Limb PowerOfTen(int64_t k) {
     return limb_tables::PowersOfTen[static_cast<size_t>(k + 1)];
-}
-
-/// floor(2^(64 + floor(log2 10^k)) / 10^k) for 1 <= k <= 19.
-constexpr uint64_t DivisionReciprocal(int64_t k) {
-    return limb_tables::NormalisedReciprocal(PowerOfTen(k));
 }
 
 /// The number of decimal digits of v; 0 for v = 0.
@@ -102,7 +92,7 @@ constexpr LimbQuotient DivideByPowerOfTen(uint64_t v, int64_t k) {
     if (k == 0) {
         return {v, 0};
     }
-    const auto divider = limb_tables::PowerDividers[static_cast<size_t>(k)];
+    const auto divider = limb_tables::DivisionReciprocals[static_cast<size_t>(k)];
     const uint64_t quotient = MultiplyHigh(divider.reciprocal, v >> k) >> divider.shift;
     return {quotient, v - quotient * PowerOfTen(k)};
 }

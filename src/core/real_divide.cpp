@@ -23,7 +23,8 @@ constexpr int64_t ReciprocalGuardDigits = 2;
 constexpr int64_t QuotientGuardDigits = 3;
 
 constexpr uint64_t ComputeReciprocal(uint64_t d) {
-    return (d & (d - 1)) == 0 ? PowerOfTwoReciprocal : limb_tables::NormalisedReciprocal(d);
+    return (d & (d - 1)) == 0 ? PowerOfTwoReciprocal
+                              : wide::Divide({uint64_t{1} << HighestBit(d), 0}, d);
 }
 
 // DivisorReciprocal for the divisors that formulas are full of; entry 0 is unused.

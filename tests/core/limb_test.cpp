@@ -22,17 +22,20 @@ TEST(LimbTables, PowersOfTenFollowTheirRule) {
 }
 
 TEST(LimbTables, DivisionReciprocalsFollowTheirRule) {
-    EXPECT_EQ(DivisionReciprocal(1), 0xCCCCCCCCCCCCCCCCu);
-    EXPECT_EQ(DivisionReciprocal(2), 0xA3D70A3D70A3D70Au);
-    EXPECT_EQ(DivisionReciprocal(19), 0xEC1E4A7DB69561A5u);
-    // r = floor(2^(64+s) / d): r * d <= 2^(64+s) < (r + 1) * d.
-    for (int k = 1; k <= 19; k++) {
+    uint64_t d = 1;
+    for (size_t k = 1; k <= 19; k++) {
         SCOPED_TRACE(k);
-        const uint64_t d = TenTo(k);
-        const Wide power = {uint64_t{1} << HighestBit(d), 0};
-        const Wide least = wide_portable::Multiply(DivisionReciprocal(k), d);
-        EXPECT_TRUE(AtLeast(power, least));
-        EXPECT_FALSE(AtLeast(power, wide_portable::Add(least, {0, d})));
+        d *= 5;
+        const auto entry = limb_tables::DivisionReciprocals[k];
+        // r = floor(2^(64+s) / d) + 1: (r - 1) * d <= 2^(64+s) < r * d. It is exact for dividends
+        // below 2^(64-k) if r * d - 2^(64+s) <= 2^(s+k).
+        const Wide power = {uint64_t{1} << entry.shift, 0};
+        const Wide above = wide_portable::Multiply(entry.reciprocal, d);
+        ASSERT_FALSE(AtLeast(power, above));
+        const Wide excess = wide_portable::Subtract(above, power);
+        EXPECT_TRUE(AtLeast({0, d}, excess));
+        EXPECT_EQ(excess.high, 0u);
+        EXPECT_LE(excess.low, uint64_t{1} << (entry.shift + static_cast<int>(k)));
     }
 }
 

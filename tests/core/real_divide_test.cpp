@@ -307,6 +307,20 @@ TEST(RealReciprocal, UnderflowsAtTheTopOfTheExponentRange) {
     EXPECT_EQ(PlainText(least), "1e" + std::to_string(MaxExponent));
 }
 
+TEST(RealDiv, IsZeroWhereTheReciprocalOfTheDivisorIsBelowTheRange) {
+    PrecisionScope scope(20);
+    FieldScope<uint8_t> report(numberContext.reportUnderflow, 1);
+    const RealBuffer most("2e" + std::to_string(MaxExponent));
+    RealBuffer x;
+    RealDiv(x, most, most);
+    EXPECT_EQ(PlainText(x), "0");
+    EXPECT_EQ(TakeCode(), CalcErrorUnderflow);
+    // One step inside the range the same quotient has its value.
+    const RealBuffer inside("2e" + std::to_string(MaxExponent - 1));
+    RealDiv(x, inside, inside);
+    EXPECT_EQ(PlainText(x), "1e0");
+}
+
 TEST(RealDiv, KeepsTheFirstCode) {
     PrecisionScope scope(20);
     SetCalcError(CalcErrorSyntax);
