@@ -27,7 +27,11 @@ int ReportBrokenStream(const char* problem) {
     return SomethingFailed;
 }
 
+// Ctrl+C also breaks off the writing when nobody reads what was written before.
 int ReportWriteFailure() {
+    if (Interrupted()) {
+        return InterruptedStatus;
+    }
     return ReportBrokenStream("the output cannot be written");
 }
 

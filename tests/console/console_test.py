@@ -4,11 +4,13 @@ TALLYMERE_CONSOLE names the program, TALLYMERE_LAUNCHER what starts it where it 
 TALLYMERE_SEED replaces the seed of the random formulas. Expected values are computed here.
 """
 
+import fcntl
 import os
 import random
 import select
 import signal
 import subprocess
+import termios
 import time
 import unittest
 from decimal import ROUND_HALF_UP, Context, Decimal
@@ -489,6 +491,13 @@ def processor_seconds(pid):
     return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
 
+def blocked_in_writing(process):
+    """True when a console that got all its input in one piece sleeps with answers still unread."""
+    unread = fcntl.ioctl(process.stdout, termios.FIONREAD, b"\0" * 4)
+    state = Path(f"/proc/{process.pid}/stat").read_text().rpartition(")")[2].split()[0]
+    return unread != b"\0" * 4 and state == "S"
+
+
 class InterruptTest(ConsoleCase):
     LONG = b"1e999999999 mod 7\n"
 
@@ -544,6 +553,20 @@ if NATIVE:
                                   stdin=subprocess.DEVNULL, stderr=subprocess.PIPE)
             self.assertEqual(1, done.returncode)
             self.assertIn(b"cannot be written", done.stderr)
+
+        def test_ctrl_c_ends_a_console_whose_output_nobody_reads(self):
+            with start(["--digits", "10000"]) as process:
+                # More than a pipe holds.
+                process.stdin.write(b"1/7\n" * 20)
+                process.stdin.flush()
+                deadline = time.monotonic() + SECONDS
+                while not blocked_in_writing(process):
+                    self.assertLess(time.monotonic(), deadline)
+                while process.poll() is None:
+                    process.send_signal(signal.SIGINT)
+                    self.assertLess(time.monotonic(), deadline)
+                self.assertEqual(130, process.returncode)
+                self.assertEqual(b"", process.stderr.read())
 
         def test_a_reader_that_leaves_ends_the_console(self):
             with start() as process:
