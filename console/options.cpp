@@ -156,8 +156,7 @@ std::string AllowedValues(const Option& option) {
 // An argument as part of a message of one line.
 std::string Quoted(std::string_view argument) {
     std::u16string text = DecodeUtf8(argument).text;
-    std::replace_if(
-        text.begin(), text.end(), [](char16_t c) { return c < u' ' || c == 0x7F; }, u' ');
+    BlankControlCharacters(text);
     constexpr size_t shown = 60;
     if (text.size() > shown) {
         text.resize(shown - 1);

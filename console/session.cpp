@@ -15,8 +15,8 @@ namespace tallymere {
 
 namespace {
 
-// The position of an error that belongs to no character of the formula.
-constexpr uint64_t NoPosition = 1;
+// The position of an error that belongs to no one character of the formula.
+constexpr uint64_t WholeFormulaPosition = 1;
 
 ConsoleAnswer ErrorAnswer(uint64_t code, uint64_t position, const char16_t* message) {
     return {"error " + std::to_string(code) + " " + std::to_string(position) + ": " +
@@ -40,13 +40,8 @@ ConsoleAnswer UiErrorAnswer(uint64_t position) {
 
 // A formula that cannot be read at a 0-based position, quoted in one line.
 ConsoleAnswer InvalidInputAnswer(std::u16string formula, size_t position) {
-    for (char16_t& c : formula) {
-        if (c == 0) {
-            c = ReplacementCharacter;
-        } else if (c < u' ') {
-            c = u' ';
-        }
-    }
+    std::replace(formula.begin(), formula.end(), u'\0', ReplacementCharacter);
+    BlankControlCharacters(formula);
     SetUiError(UiErrorInvalidInput, formula.c_str());
     return UiErrorAnswer(position + 1);
 }
@@ -105,14 +100,13 @@ ConsoleAnswer Session::Answer(std::string_view bytes) {
     RestoreCalcContext();
     calculator.resultForm = form_;
     const CalcEvaluation evaluation = CalculateResult(formula.c_str());
+    const char16_t* shown = FinishCalculation(style_);
     if (evaluation.error != FormulaErrorNone) {
-        FinishCalculation(style_);
         return FormulaErrorAnswer(evaluation);
     }
-    const char16_t* shown = FinishCalculation(style_);
     TakeCalcError(UiErrorCalculation);
     if (PendingUiError() != UiErrorNone) {
-        return UiErrorAnswer(NoPosition);
+        return UiErrorAnswer(WholeFormulaPosition);
     }
     return {EncodeUtf8(shown) + (calculator.resultBracket ? "\t[ ]" : ""), false};
 }

@@ -1,5 +1,7 @@
 #include "console/utf8.h"
 
+#include <algorithm>
+
 namespace tallymere {
 
 namespace {
@@ -97,6 +99,11 @@ DecodedText DecodeUtf8(std::string_view bytes) {
         decoded.text += ReplacementCharacter;
     }
     return decoded;
+}
+
+void BlankControlCharacters(std::u16string& text) {
+    const auto isControl = [](char16_t c) { return c < u' ' || (c >= 0x7F && c <= 0x9F); };
+    std::replace_if(text.begin(), text.end(), isControl, u' ');
 }
 
 std::string EncodeUtf8(std::u16string_view text) {

@@ -22,6 +22,10 @@ struct DecodedText {
 /// ReplacementCharacter.
 DecodedText DecodeUtf8(std::string_view bytes);
 
+/// Puts a blank in place of every control character, so that the text can be quoted in one line and
+/// does nothing to a terminal.
+void BlankControlCharacters(std::u16string& text);
+
 /// Encodes; a surrogate without its partner becomes U+FFFD.
 std::string EncodeUtf8(std::u16string_view text);
 

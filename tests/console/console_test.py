@@ -455,7 +455,8 @@ class InputTest(ConsoleCase):
                    [error_line(1000, 301, argument="1" * 259 + "\u2026")], status=1)
 
     def test_control_characters_in_a_quotation_become_blanks(self):
-        self.check([], b"1\r2\t3\xff\n", [error_line(1000, 6, argument="1 2 3\ufffd")], status=1)
+        self.check([], "1\r2\t3\x1b[m\x7f\x80\x85\x9f\xa0".encode() + b"\xff\n",
+                   [error_line(1000, 14, argument="1 2 3 [m    \xa0\ufffd")], status=1)
 
     def test_huge_lines_and_numbers(self):
         digits = "".join(str(i % 9 + 1) for i in range(100000))
