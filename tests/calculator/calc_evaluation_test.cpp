@@ -214,10 +214,10 @@ TEST_F(CalcEvaluationTest, TheBracketMarkIsThatOfTheLastResult) {
     EXPECT_FALSE(calculator.resultBracket);
 }
 
-TEST_F(CalcEvaluationTest, AnUnknownTypeSetsItsCode) {
+TEST_F(CalcEvaluationTest, AnUnknownTypeFailsAndLeavesNoCode) {
     numberContext.numberType = static_cast<NumberType>(7);
     CalculateResult(u"1");
-    EXPECT_NE(PendingUiError(), UiErrorNone);
+    EXPECT_EQ(PendingUiError(), UiErrorFormula);
     EXPECT_EQ(TakeCode(), CalcErrorNone);
 }
 
