@@ -106,10 +106,10 @@ constexpr LimbQuotient DivideByLimbBase(Wide value) {
     const Wide estimate = wide::Add(wide::Multiply(reciprocal, value.high), value);
     uint64_t quotient = estimate.high + 1;
     uint64_t remainder = value.low - quotient * LimbBase;
-    if (remainder > estimate.low) {
-        quotient--;
-        remainder += LimbBase;
-    }
+    // Needed in a good part of all cases, and unpredictable: better without a branch.
+    const uint64_t tooLarge = remainder > estimate.low ? ~uint64_t{0} : 0;
+    quotient += tooLarge;
+    remainder += tooLarge & LimbBase;
     if (remainder >= LimbBase) [[unlikely]] {
         quotient++;
         remainder -= LimbBase;

@@ -84,6 +84,73 @@ void SubtractFromTwo(RealNumber* w) {
     w->header = MakeHeader(0, 0);
 }
 
+// The mantissa of a finite non-zero number with its limbs moved to a full first limb.
+struct AlignedNumber {
+    Limb* mantissa;  // realLimbs limbs
+    int64_t exponent;
+};
+
+// Takes `limbs` limbs of scratch for x of the current layout; those that x does not have become 0.
+AlignedNumber Align(CoreScratchScope& scratch, const RealNumber* x, int64_t limbs) {
+    const int64_t n = numberContext.realLimbs;
+    const AlignedNumber aligned = {scratch.Take(limbs), RealExponent(x)};
+    LimbsAlign(aligned.mantissa, RealLimbs(x), n);
+    LimbsClear(aligned.mantissa + n, limbs - n);
+    return aligned;
+}
+
+// dest = 1 / x with the sign given; raw. False if that is below the range, and dest then zero.
+bool ReciprocalOfAligned(RealNumber* dest, Limb* guard, const AlignedNumber& x, uint64_t sign) {
+    const int64_t n = numberContext.realLimbs;
+    const int64_t p = numberContext.precisionDigits;
+    CoreScratchScope scratch;
+    RealNumber* w = RealAt(scratch.Take(n + 1));
+    SeedReciprocal(dest, x.mantissa[0]);
+    int64_t goodDigits = SeedDigits;
+    do {
+        const int moved = LimbsMultiplyAligned(n, RealLimbs(w), guard, x.mantissa, RealLimbs(dest));
+        w->header = MakeHeader(RealExponent(dest) + 1 - moved, 0);
+        SubtractFromTwo(w);
+        *guard = RealMulRaw(dest, dest, w);
+        goodDigits *= 2;
+    } while (goodDigits < p);
+    return RealSetExponentAndSign(dest, RealExponent(dest) - x.exponent, sign);
+}
+
+// dest = a * (1 / b) with the sign given; raw. Where 1 / b is below the range the quotient is zero,
+// whatever a is.
+Limb DivideAligned(RealNumber* dest, const AlignedNumber& a, const AlignedNumber& b,
+                   uint64_t sign) {
+    const int64_t n = numberContext.realLimbs;
+    CoreScratchScope scratch;
+    RealNumber* reciprocal = RealAt(scratch.Take(n + 1));
+    Limb guard = 0;
+    if (!ReciprocalOfAligned(reciprocal, &guard, b, 0)) {
+        RealSetZero(dest, sign);
+        return 0;
+    }
+    const int moved =
+        LimbsMultiplyAligned(n, RealLimbs(dest), &guard, a.mantissa, RealLimbs(reciprocal));
+    RealSetExponentAndSign(dest, a.exponent + RealExponent(reciprocal) + 1 - moved, sign);
+    return guard;
+}
+
+// The quotient where a or b is zero, infinite or NaN.
+void DivideSpecial(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
+    const uint64_t sign = RealSign(a) ^ RealSign(b);
+    if (RealIsNaN(a) || RealIsNaN(b)) {
+        RealSetNaN(dest);
+    } else if ((RealIsInfinite(a) && RealIsInfinite(b)) || (RealIsZero(a) && RealIsZero(b))) {
+        RealSetNaN(dest, CalcErrorUndefined);
+    } else if (RealIsInfinite(a)) {
+        RealSetInfinity(dest, sign);
+    } else if (RealIsZero(a) || RealIsInfinite(b)) {
+        RealSetZero(dest, sign);
+    } else {
+        SetQuotientByZero(dest, sign);
+    }
+}
+
 }  // namespace
 
 uint64_t DivisorReciprocal(uint64_t d) {
@@ -161,25 +228,9 @@ Limb RealDivUint(RealNumber* dest, const RealNumber* x, uint64_t d, uint64_t rec
 }
 
 Limb RealReciprocalRaw(RealNumber* dest, const RealNumber* x) {
-    const int64_t n = numberContext.realLimbs;
-    const int64_t p = numberContext.precisionDigits;
-    const int64_t exponent = RealExponent(x);
-    const uint64_t sign = RealSign(x);
     CoreScratchScope scratch;
-    Limb* mantissa = scratch.Take(n);
-    RealNumber* w = RealAt(scratch.Take(n + 1));
-    LimbsAlign(mantissa, RealLimbs(x), n);
-    SeedReciprocal(dest, mantissa[0]);
     Limb guard = 0;
-    int64_t goodDigits = SeedDigits;
-    do {
-        const int moved = LimbsMultiplyAligned(n, RealLimbs(w), &guard, mantissa, RealLimbs(dest));
-        w->header = MakeHeader(RealExponent(dest) + 1 - moved, 0);
-        SubtractFromTwo(w);
-        guard = RealMulRaw(dest, dest, w);
-        goodDigits *= 2;
-    } while (goodDigits < p);
-    RealSetExponentAndSign(dest, RealExponent(dest) - exponent, sign);
+    ReciprocalOfAligned(dest, &guard, Align(scratch, x, numberContext.realLimbs), RealSign(x));
     return guard;
 }
 
@@ -202,29 +253,36 @@ void RealReciprocal(RealNumber* dest, const RealNumber* x) {
 }
 
 Limb RealDivRaw(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
-    const uint64_t sign = RealSign(a) ^ RealSign(b);
-    if (!RealIsSpecial(a) && !RealIsSpecial(b)) {
-        CoreScratchScope scratch;
-        RealNumber* reciprocal = RealAt(scratch.Take(RealWords()));
-        RealReciprocalRaw(reciprocal, b);
-        return RealMulRaw(dest, a, reciprocal);
+    if (RealIsSpecial(a) || RealIsSpecial(b)) {
+        DivideSpecial(dest, a, b);
+        return 0;
     }
-    if (RealIsNaN(a) || RealIsNaN(b)) {
-        RealSetNaN(dest);
-    } else if ((RealIsInfinite(a) && RealIsInfinite(b)) || (RealIsZero(a) && RealIsZero(b))) {
-        RealSetNaN(dest, CalcErrorUndefined);
-    } else if (RealIsInfinite(a)) {
-        RealSetInfinity(dest, sign);
-    } else if (RealIsZero(a) || RealIsInfinite(b)) {
-        RealSetZero(dest, sign);
-    } else {
-        SetQuotientByZero(dest, sign);
-    }
-    return 0;
+    const int64_t n = numberContext.realLimbs;
+    CoreScratchScope scratch;
+    const AlignedNumber alignedA = Align(scratch, a, n);
+    const AlignedNumber alignedB = Align(scratch, b, n);
+    return DivideAligned(dest, alignedA, alignedB, RealSign(a) ^ RealSign(b));
 }
 
+// What WithGuardDigitsBinary makes of RealDivRaw. Aligned mantissas are the same in both layouts
+// but for zeros at the end, so the operands go there in one step instead of two.
 void RealDiv(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
-    RealRound(dest, WithGuardDigitsBinary(dest, a, b, QuotientGuardDigits, RealDivRaw));
+    if (RealIsSpecial(a) || RealIsSpecial(b)) {
+        DivideSpecial(dest, a, b);
+        return;
+    }
+    const int64_t n = numberContext.realLimbs;
+    const RealLayout wide = WidenedLayout(QuotientGuardDigits);
+    CoreScratchScope scratch;
+    const AlignedNumber alignedA = Align(scratch, a, wide.limbs);
+    const AlignedNumber alignedB = Align(scratch, b, wide.limbs);
+    RealNumber* quotient = RealAt(scratch.Take(wide.limbs + 1));
+    {
+        RealLayoutScope layout;
+        InstallRealLayout(wide);
+        DivideAligned(quotient, alignedA, alignedB, RealSign(a) ^ RealSign(b));
+    }
+    RealRound(dest, RealNarrow(dest, quotient, QuotientGuardDigits, n, wide.limbs - n));
 }
 
 }  // namespace tallymere

@@ -57,10 +57,19 @@ int64_t LastFractionExponent() {
 }  // namespace
 
 void RealRound(RealNumber* x, Limb guard) {
-    if (guard < HalfGuard || numberContext.noRounding != 0 || RealIsSpecial(x)) {
+    if (numberContext.noRounding != 0 || RealIsSpecial(x)) {
         return;
     }
-    AddToLimb(x, numberContext.realLimbs - 1, 1);
+    // Every other guard limb rounds up, so only the rare carry is worth a branch.
+    const int64_t last = numberContext.realLimbs - 1;
+    Limb* limbs = RealLimbs(x);
+    const Limb limit = last == 0 ? PowerOfTen(numberContext.topLimbDigits) : LimbBase;
+    const Limb unit = guard >= HalfGuard ? 1 : 0;
+    if (limbs[last] + unit < limit) {
+        limbs[last] += unit;
+    } else {
+        AddToLimb(x, last, unit);
+    }
 }
 
 void RealRoundDigits(RealNumber* dest, const RealNumber* x, int64_t d) {
