@@ -14,15 +14,19 @@ namespace {
 // Between two passes remainder[0] is 0 and the n limbs behind it hold a number below the divisor;
 // only the first dividend may reach up to ten times the divisor.
 struct LongDivision {
-    int64_t limbs;    // n
-    Limb* divisor;    // n limbs, and a 0 behind them
-    Limb* remainder;  // n + 1 limbs, and a 0 behind them
+    int64_t limbs;         // n
+    int64_t divisorLimbs;  // up to the divisor's last limb that is not 0
+    Limb* divisor;         // n limbs, and a 0 behind them
+    Limb* remainder;       // n + 1 limbs, and a 0 behind them
 };
 
 LongDivision StartDivision(CoreScratchScope& scratch, const Limb* a, const Limb* b) {
     const int64_t n = numberContext.realLimbs;
-    const LongDivision division = {n, scratch.Take(n + 1), scratch.Take(n + 2)};
+    LongDivision division = {n, n, scratch.Take(n + 1), scratch.Take(n + 2)};
     LimbsAlign(division.divisor, b, n);
+    while (division.divisor[division.divisorLimbs - 1] == 0) {
+        division.divisorLimbs--;
+    }
     LimbsAlign(division.remainder + 1, a, n);
     division.divisor[n] = 0;
     division.remainder[0] = 0;
@@ -72,7 +76,7 @@ Limb EstimateQuotient(const LongDivision& division) {
 // One pass: the next k digits of the quotient as an integer.
 Limb DivideOnce(const LongDivision& division, int64_t k) {
     MoveUp(division, k);
-    const int64_t n = division.limbs;
+    const int64_t length = division.divisorLimbs;
     Limb* remainder = division.remainder;
     const Limb quotient = EstimateQuotient(division);
     if (quotient == 0) {
@@ -80,7 +84,7 @@ Limb DivideOnce(const LongDivision& division, int64_t k) {
     }
     Limb carry = 0;
     Limb borrow = 0;
-    for (int64_t i = n - 1; i >= 0; i--) {
+    for (int64_t i = length - 1; i >= 0; i--) {
         const LimbQuotient step = LimbStep(division.divisor[i], quotient, carry, 0);
         remainder[i + 1] = SubtractLimbs(remainder[i + 1], step.remainder, borrow);
         carry = step.quotient;
@@ -90,7 +94,7 @@ Limb DivideOnce(const LongDivision& division, int64_t k) {
     if (!tooLarge) {
         return quotient;
     }
-    LimbsAdd(remainder + 1, remainder + 1, division.divisor, n);
+    LimbsAdd(remainder + 1, remainder + 1, division.divisor, length);
     return quotient - 1;
 }
 
