@@ -37,7 +37,7 @@ void Add(const char* work, OperandKind kind, Operation operation) {
                 const std::vector<RealPair> pairs = MakeRealPairs(kind, digits);
                 Words room = RoomForReal();
                 RealNumber* dest = RealAt(room.data());
-                GoRound(state, [&](size_t i) {
+                GoRound(state, pairs.size(), [&](size_t i) {
                     operation(dest, RealAt(pairs[i].a.data()), RealAt(pairs[i].b.data()),
                               pairs[i].divisor);
                 });

@@ -10,8 +10,8 @@ usage: bench/compare [--markdown] [--rounds N] [--only WORK ...]
 Exit status: 0 if every target is met, 1 if one is missed, 2 for bad options.
 
 How it is measured. libmpdec is the C implementation of Python's decimal module, at as many digits
-as ours and with the widest limits of the exponent. Both sides work on the same 16 pairs of random
-operands in turn, and a result goes where the last one was, or in Python's case into a new object. A
+as ours and with the widest limits of the exponent. Both sides work on the same pairs of random
+operands in turn, 512 of them (16 above 1,000 digits), and a result goes where the last one was, or in Python's case into a new object. A
 time is the processor time of one operation, the least of many short repetitions. From libmpdec's
 the time is taken off that the interpreter needs for the emptiest expression of the same shape. What
 the decimal module itself does around the operation stays in; it is at most the time of +x, which is

@@ -32,7 +32,7 @@ std::vector<MantissaPair> MakeMantissas(int64_t digits) {
 void Columns(benchmark::State& state, int64_t digits) {
     const std::vector<MantissaPair> pairs = MakeMantissas(digits);
     reference::Limbs product(pairs[0].a.size());
-    GoRound(state, [&](size_t i) {
+    GoRound(state, pairs.size(), [&](size_t i) {
         Limb guard = 0;
         LimbsMultiply(numberContext.realLimbs, product.data(), &guard, pairs[i].a.data(),
                       pairs[i].b.data());
@@ -42,7 +42,7 @@ void Columns(benchmark::State& state, int64_t digits) {
 
 void Twin(benchmark::State& state, int64_t digits) {
     const std::vector<MantissaPair> pairs = MakeMantissas(digits);
-    GoRound(state, [&](size_t i) {
+    GoRound(state, pairs.size(), [&](size_t i) {
         benchmark::DoNotOptimize(reference::Multiply(pairs[i].a, pairs[i].b));
     });
 }

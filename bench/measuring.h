@@ -36,12 +36,12 @@ inline std::string BenchmarkName(const std::string& work, const std::string& sid
     return work + "/" + side + "/" + std::to_string(size);
 }
 
-/// Calls step(i) for i = 0 to OperandPairs - 1 again and again. A batch goes round all pairs, and
-/// the time is that of one step.
+/// Calls step(i) for i = 0 to count - 1 again and again. A batch goes round all of them, and the
+/// time is that of one step.
 template <typename Step>
-void GoRound(benchmark::State& state, const Step& step) {
-    while (state.KeepRunningBatch(OperandPairs)) {
-        for (size_t i = 0; i < static_cast<size_t>(OperandPairs); i++) {
+void GoRound(benchmark::State& state, size_t count, const Step& step) {
+    while (state.KeepRunningBatch(static_cast<int64_t>(count))) {
+        for (size_t i = 0; i < count; i++) {
             step(i);
             benchmark::ClobberMemory();
         }

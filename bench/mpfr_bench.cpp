@@ -40,7 +40,8 @@ void Measure(benchmark::State& state, BinaryOperation operation, int64_t digits)
         b.push_back(std::make_unique<BinaryNumber>(bits, pair.b));
     }
     BinaryNumber dest(bits, "0");
-    GoRound(state, [&](size_t i) { operation(dest.Get(), a[i]->Get(), b[i]->Get(), MPFR_RNDN); });
+    GoRound(state, a.size(),
+            [&](size_t i) { operation(dest.Get(), a[i]->Get(), b[i]->Get(), MPFR_RNDN); });
 }
 
 }  // namespace

@@ -32,7 +32,7 @@ std::string RandomBetween(std::mt19937_64& random, uint64_t low, uint64_t high) 
 std::vector<OperandPair> MakeOperands(OperandKind kind, int64_t digits) {
     std::mt19937_64 random(Seed + static_cast<uint64_t>(digits));
     std::vector<OperandPair> pairs;
-    for (int64_t i = 0; i < OperandPairs; i++) {
+    for (int64_t i = 0; i < OperandPairs(digits); i++) {
         OperandPair pair;
         switch (kind) {
             case OperandKind::Numbers:

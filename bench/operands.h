@@ -11,8 +11,11 @@ namespace tallymere::bench {
 /// The digits at which everything is measured.
 inline constexpr int64_t BenchDigits[] = {20, 50, 100, 1'000, 10'000};
 
-/// Every measurement goes round this many pairs, so that no branch is learnt from one of them.
-inline constexpr int64_t OperandPairs = 16;
+/// Every measurement goes round so many pairs: enough that a processor cannot learn the branches of
+/// them by heart. At thousands of digits one pair has more branches than that.
+constexpr int64_t OperandPairs(int64_t digits) {
+    return digits <= 1'000 ? 512 : 16;
+}
 
 enum class OperandKind {
     Numbers,        ///< two of the precision, with exponents that differ by less than 16
@@ -26,7 +29,7 @@ struct OperandPair {
     std::string b;
 };
 
-/// OperandPairs pairs of random digits, the same at every call.
+/// OperandPairs(digits) pairs of random digits, the same at every call.
 std::vector<OperandPair> MakeOperands(OperandKind kind, int64_t digits);
 
 /// The kind with the name "numbers", "whole", "small" or "large"; false if there is none.

@@ -15,7 +15,7 @@ void Read(benchmark::State& state, int64_t digits) {
     }
     Words room = RoomForReal();
     RealNumber* dest = RealAt(room.data());
-    GoRound(state, [&](size_t i) {
+    GoRound(state, texts.size(), [&](size_t i) {
         RealRound(dest, RealFromText(dest, texts[i].data(), static_cast<int64_t>(texts[i].size()),
                                      TextNeutral));
     });
@@ -30,7 +30,7 @@ void Write(benchmark::State& state, int64_t digits) {
     }
     const int64_t capacity = RealTextCapacity(flags);
     std::u16string buffer(static_cast<size_t>(capacity) + 1, u' ');
-    GoRound(state, [&](size_t i) {
+    GoRound(state, numbers.size(), [&](size_t i) {
         TextWriter writer = {0, capacity, buffer.data()};
         RealToText(writer, RealAt(numbers[i].data()), flags);
         FinishNumberText(writer, flags);
