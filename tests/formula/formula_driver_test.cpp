@@ -194,6 +194,19 @@ TEST_F(FormulaDriver, ReportsAConstantThatItDoesNotKnowAsInternal) {
     }
 }
 
+TEST_F(FormulaDriver, KeepsTheErrorOfAReductionAtTheEnd) {
+    ScratchStackScope scratch;
+    FormulaEvaluator evaluator{};
+    StartFormulaStack(evaluator);
+    constexpr uint32_t unknownOperator = 699;
+    for (const uint32_t id : {uint32_t{TokenValue}, unknownOperator, uint32_t{TokenValue}}) {
+        PushFormulaToken(evaluator, {id, 0, 1, nullptr});
+    }
+    AcceptFormulaToken(evaluator, {TokenEnd, 4, 0, nullptr});
+    EXPECT_EQ(evaluator.error, uint32_t{FormulaErrorInternal}) << "not 10202";
+    EXPECT_EQ(evaluator.errorPosition, 5u);
+}
+
 // Precedence.
 
 TEST_F(FormulaDriver, BindsProductsTighterThanSums) {
@@ -503,6 +516,17 @@ TEST_F(FormulaDriver, ClearsStackAndTablesOfTheRecord) {
         EXPECT_EQ(evaluator.elementSize, SizeOfNumber());
     }
     EXPECT_EQ(row.value, nullptr);
+}
+
+TEST_F(FormulaDriver, ForgetsARemainderThatWasLostBefore) {
+    RealBuffer result;
+    FormulaEvaluator evaluator{};
+    evaluator.text = u"1+2";
+    evaluator.result = &result.Get()->header;
+    evaluator.inexactResult = true;
+    EvaluateFormula(evaluator);
+    EXPECT_EQ(evaluator.error, uint32_t{FormulaErrorNone});
+    EXPECT_FALSE(evaluator.inexactResult);
 }
 
 TEST_F(FormulaDriver, ForgetsACodeThatWasNotedBefore) {
