@@ -11,6 +11,11 @@ constexpr bool IsDecimalDigit(char16_t c) {
     return c >= u'0' && c <= u'9';
 }
 
+/// A to Z in either case.
+constexpr bool IsLetter(char16_t c) {
+    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
+}
+
 /// 0 to 9 for a decimal digit, 10 to 35 for a letter A to Z of either case, else -1.
 constexpr int DigitValue(char16_t c) {
     if (IsDecimalDigit(c)) {

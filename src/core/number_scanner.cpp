@@ -8,10 +8,6 @@ namespace tallymere {
 
 namespace {
 
-constexpr bool IsLetter(char16_t c) {
-    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
-}
-
 constexpr bool IsDigitOfRadix(char16_t c, int64_t radix) {
     const int value = DigitValue(c);
     return value >= 0 && value < radix;

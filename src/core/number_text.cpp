@@ -1,23 +1,11 @@
 #include "core/number_text.h"
 
+#include "core/complex_arithmetic.h"
+#include "core/complex_text.h"
 #include "core/real_rounding.h"
 #include "core/real_text.h"
 
 namespace tallymere {
-
-namespace {
-
-void RoundReal(RealNumber* dest, const RealNumber* x, int64_t d) {
-    if (d < 1) {
-        RealSetNaN(dest, CalcErrorUndefined);
-    } else if (RealIsSpecial(x)) {
-        RealCopy(dest, x);
-    } else {
-        RealRoundDigits(dest, x, d);
-    }
-}
-
-}  // namespace
 
 int64_t NumberToText(char16_t* buffer, int64_t capacity, const uint64_t* number, uint32_t flags) {
     TextWriter writer = {0, capacity, buffer};
@@ -28,6 +16,8 @@ int64_t NumberToText(char16_t* buffer, int64_t capacity, const uint64_t* number,
             }
             RealToText(writer, RealAt(number), flags);
             break;
+        case NumberTypeComplex:
+            return ComplexToText(buffer, capacity, ComplexAt(number), flags);
         default:
             SetCalcError(CalcErrorUnknownType);
             if (buffer == nullptr) {
@@ -41,7 +31,10 @@ int64_t NumberToText(char16_t* buffer, int64_t capacity, const uint64_t* number,
 void NumberRoundDigits(uint64_t* dest, const uint64_t* number, int64_t d) {
     switch (numberContext.numberType) {
         case NumberTypeReal:
-            RoundReal(RealAt(dest), RealAt(number), d);
+            RealRoundDigitsAny(RealAt(dest), RealAt(number), d);
+            break;
+        case NumberTypeComplex:
+            ComplexRoundDigits(ComplexAt(dest), ComplexAt(number), d);
             break;
         default:
             SetCalcError(CalcErrorUnknownType);

@@ -115,17 +115,18 @@ Limb RealConvertLayout(RealNumber* dest, const RealNumber* src, RealLayout sourc
     return guard + DivideByPowerOfTen(next, DigitsPerLimb - up).quotient;
 }
 
-void RealConvertPrecision(RealNumber* dest, int64_t digits, const RealNumber* src,
+bool RealConvertPrecision(RealNumber* dest, int64_t digits, const RealNumber* src,
                           int64_t sourceDigits) {
     const bool inRange = digits >= 1 && digits <= MaxPrecisionDigits && sourceDigits >= 1 &&
                          sourceDigits <= MaxPrecisionDigits;
     if (!inRange) {
         SetCalcError(CalcErrorBadParameter);
-        return;
+        return false;
     }
     RealLayoutScope layout;
     InstallRealLayout(LayoutForDigits(digits));
     RealRound(dest, RealConvertLayout(dest, src, LayoutForDigits(sourceDigits)));
+    return true;
 }
 
 }  // namespace tallymere

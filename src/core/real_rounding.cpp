@@ -91,6 +91,16 @@ void RealRoundDigits(RealNumber* dest, const RealNumber* x, int64_t d) {
     AddToLimb(dest, cut.limb, unit);
 }
 
+void RealRoundDigitsAny(RealNumber* dest, const RealNumber* x, int64_t d) {
+    if (d < 1) {
+        RealSetNaN(dest, CalcErrorUndefined);
+    } else if (RealIsSpecial(x)) {
+        RealCopy(dest, x);
+    } else {
+        RealRoundDigits(dest, x, d);
+    }
+}
+
 bool RealIsInteger(const RealNumber* x) {
     if (RealIsSpecial(x)) {
         return RealIsZero(x);

@@ -15,6 +15,10 @@ void RealRound(RealNumber* x, Limb guard);
 /// reportOverflow).
 void RealRoundDigits(RealNumber* dest, const RealNumber* x, int64_t d);
 
+/// The same for all values and any d: special values are copied, and a d below 1 gives NaN and code
+/// 203.
+void RealRoundDigitsAny(RealNumber* dest, const RealNumber* x, int64_t d);
+
 /// True for zero and integers, false for infinity and NaN. A number whose digits all stand before
 /// the decimal point is one without a look at them.
 bool RealIsInteger(const RealNumber* x);

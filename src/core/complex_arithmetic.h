@@ -1,0 +1,63 @@
+// Arithmetic of complex numbers, from operations on their parts by the school formulas. Every
+// intermediate value is rounded to the precision in force.
+//
+// Codes are those of the operations on the parts, and CalcErrorComplexNotAllowed where a value that
+// is not real stands in a place that needs an order or an integer. Signs of zero results follow
+// from the sums and products of the parts, unless told otherwise.
+#pragma once
+
+#include "core/complex_number.h"
+
+namespace tallymere {
+
+/// -1, 0 or 1 for two real values, as RealCompare of the real parts, with ignoreSign of their
+/// magnitudes. Otherwise 0 if both parts are equal and 1 if not; there is no order, so ignoreSign
+/// then sets code 205 and gives 1, also for equal values.
+int ComplexCompare(const ComplexNumber* a, const ComplexNumber* b, bool ignoreSign = false);
+
+/// dest = a + b, part by part.
+void ComplexAdd(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber* b);
+
+/// dest = a - b, part by part.
+void ComplexSub(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber* b);
+
+/// dest = a * b: (x + iy)(c + id) = (xc - yd) + i(xd + yc). The product of two real values is real.
+void ComplexMul(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber* b);
+
+/// dest = z * k, part by part. A real z gives a real product.
+void ComplexMulUint(ComplexNumber* dest, const ComplexNumber* z, uint64_t k);
+
+/// dest = a / b: (x + iy) / (c + id) = ((xc + yd) + i(yc - xd)) / (c^2 + d^2). By a real b it is
+/// the quotient of each part, so a finite a that is real gives an infinity and code 200 for b = 0,
+/// and each part of another follows that rule by itself. The quotient of two real values is real.
+void ComplexDiv(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber* b);
+
+/// dest = 1 / z: (x - iy) / (x^2 + y^2). The reciprocal of a real value is real.
+void ComplexReciprocal(ComplexNumber* dest, const ComplexNumber* z);
+
+/// As RealDivMod for two real values; either output may be null, and either may be an operand.
+/// Otherwise code 205 and NaN in what is wanted.
+void ComplexDivMod(ComplexNumber* quotient, ComplexNumber* remainder, const ComplexNumber* a,
+                   const ComplexNumber* b);
+
+/// Rounds each part to d significant digits as RealRoundDigitsAny; a d below 1 gives NaN and code
+/// 203.
+void ComplexRoundDigits(ComplexNumber* dest, const ComplexNumber* z, int64_t d);
+
+/// A real function that rounds its result; dest may be an operand.
+using RealRoundedUnary = void (*)(RealNumber* dest, const RealNumber* x);
+using RealRoundedBinary = void (*)(RealNumber* dest, const RealNumber* a, const RealNumber* b);
+
+/// dest = function(z), or function(a, b), for real values, with +0 as imaginary part. Otherwise the
+/// function does not run, and dest is NaN with code 205.
+void ComplexRealOnly(ComplexNumber* dest, const ComplexNumber* z, RealRoundedUnary function);
+void ComplexRealOnly(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber* b,
+                     RealRoundedBinary function);
+
+/// Writes src, a value of sourceDigits digits, to dest with `digits` digits, both parts rounded;
+/// dest must have room for that layout, and must not be src unless both have the same digits.
+/// Digits outside 1 to MaxPrecisionDigits set code 100 and leave dest as it is.
+void ComplexConvertPrecision(ComplexNumber* dest, int64_t digits, const ComplexNumber* src,
+                             int64_t sourceDigits);
+
+}  // namespace tallymere
