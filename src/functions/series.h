@@ -1,0 +1,33 @@
+// The Taylor series that several functions end in.
+//
+// All are raw and work at the layout in force, for an x that its caller has reduced: there is no
+// limit on the number of terms. Destinations may be x, but not one another.
+#pragma once
+
+#include "core/real_number.h"
+
+namespace tallymere {
+
+/// The one test that ends a series, made after `term` was added to `sum`: one of them is zero or
+/// another special value, or the term lies p - 1 digits or more below the sum.
+inline bool SeriesEnds(const RealNumber* sum, const RealNumber* term) {
+    return RealIsSpecial(sum) || RealIsSpecial(term) ||
+           RealExponent(sum) - RealExponent(term) >= numberContext.precisionDigits - 1;
+}
+
+/// dest = artanh x = x + x^3/3 + x^5/5 + ... Returns the number of terms added to x, at least 1.
+int64_t SeriesAtanh(RealNumber* dest, const RealNumber* x);
+
+/// dest = sin x = x - x^3/3! + x^5/5! - ...
+Limb SeriesSin(RealNumber* dest, const RealNumber* x);
+
+/// dest = cos x = 1 - x^2/2! + x^4/4! - ...
+Limb SeriesCos(RealNumber* dest, const RealNumber* x);
+
+/// sin x and cos x from one sequence of terms, the sine as x times the series of sin x / x.
+void SeriesSinCos(RealNumber* sine, RealNumber* cosine, const RealNumber* x);
+
+/// sinh x and cosh x in the same way.
+void SeriesSinhCosh(RealNumber* sinh, RealNumber* cosh, const RealNumber* x);
+
+}  // namespace tallymere

@@ -1,0 +1,83 @@
+#include "functions/stored_constants.h"
+
+#include <algorithm>
+
+#include "core/limb_tools.h"
+#include "core/real_layout.h"
+#include "core/real_multiply.h"
+#include "core/real_rounding.h"
+#include "core/scratch.h"
+
+namespace tallymere {
+
+namespace {
+
+constexpr int64_t PiGuardDigits = 2;
+
+const Limb* ConstantLimbs(const StoredConstant& constant) {
+    return reinterpret_cast<const Limb*>(&constant + 1);
+}
+
+}  // namespace
+
+namespace stored_constants {
+
+const LongConstant LongConstants[LongConstantCount] = {
+#include "functions/stored_constant_limbs.inc"
+};
+
+const StoredConstantOf<2> TwoPow64 = {{2, 0, 0, 19}, {1844674407370955161u, 6000000000000000000u}};
+const StoredConstantOf<3> TwoPow128 = {
+    {3, 0, 0, 38}, {3402823669209384634u, 6337460743176821145u, 6000000000000000000u}};
+const StoredConstantOf<3> TwoPowMinus64 = {
+    {3, 0, 0, -20}, {5421010862427522170u, 372640043497085571u, 2890625000000000000u}};
+const StoredConstantOf<5> TwoPowMinus128 = {
+    {5, 0, 0, -39},
+    {2938735877055718769u, 9218413430556141945u, 4666389193021880377u, 1879265696043148636u,
+     8179321289062500000u}};
+
+}  // namespace stored_constants
+
+Limb LoadConstant(RealNumber* dest, const StoredConstant& constant) {
+    const int64_t n = numberContext.realLimbs;
+    const int64_t t = numberContext.topLimbDigits;
+    const int64_t stored = constant.limbCount;
+    const uint64_t sign = constant.sign != 0 ? 1 : 0;
+    if (stored == 0) {
+        RealSetZero(dest, sign);
+        return 0;
+    }
+    const int64_t used = std::min(stored, n);
+    const Limb* from = ConstantLimbs(constant);
+    Limb* to = RealLimbs(dest);
+    dest->header = MakeHeader(constant.exponent, sign);
+    LimbsClear(to + used, n - used);
+    if (t == DigitsPerLimb) {
+        LimbsCopy(to, from, used);
+        return stored > n ? from[n] : 0;
+    }
+    const Limb below = LimbsShiftRightDigits(to, from, used, DigitsPerLimb - t, 0);
+    if (n > used) {
+        to[used] = below;
+        return 0;
+    }
+    return below;
+}
+
+void RealPi(RealNumber* dest) {
+    const int64_t oldLimbs = numberContext.realLimbs;
+    const RealLayout wide = WidenedLayout(PiGuardDigits);
+    Limb guard = 0;
+    {
+        CoreScratchScope scratch;
+        RealNumber* pi = RealAt(scratch.Take(wide.limbs + 1));
+        RealLayoutScope layout;
+        InstallRealLayout(wide);
+        LoadConstant(pi, ConstPiQuarter);
+        RealMulUint(pi, pi, 4);
+        guard = RealNarrow(dest, pi, PiGuardDigits, oldLimbs, wide.limbs - oldLimbs);
+    }
+    RealRound(dest, guard);
+}
+
+}  // namespace tallymere
