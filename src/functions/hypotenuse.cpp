@@ -1,0 +1,62 @@
+#include "functions/hypotenuse.h"
+
+#include "core/real_add.h"
+#include "core/real_layout.h"
+#include "core/real_multiply.h"
+#include "core/real_rounding.h"
+#include "core/scratch.h"
+#include "functions/roots.h"
+
+namespace tallymere {
+
+namespace {
+
+constexpr int64_t HypotenuseGuardDigits = 3;
+
+void SetMagnitude(RealNumber* dest, const RealNumber* x) {
+    RealCopy(dest, x);
+    RealSetSign(dest, 0);
+}
+
+}  // namespace
+
+Limb RealHypot(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
+    if (RealIsNaN(a) || RealIsNaN(b)) {
+        RealSetNaN(dest);
+        return 0;
+    }
+    if (RealIsInfinite(a) || RealIsInfinite(b)) {
+        RealSetInfinity(dest, 0);
+        return 0;
+    }
+    if (RealIsZero(a) || RealIsZero(b)) {
+        SetMagnitude(dest, RealIsZero(a) ? b : a);
+        return 0;
+    }
+    const int64_t exponent = RealExponent(a);
+    const int64_t difference = RealExponent(b) - exponent;
+    const int64_t p = numberContext.precisionDigits;
+    if (difference > p || difference < -p) {
+        SetMagnitude(dest, difference > 0 ? b : a);
+        return 0;
+    }
+    CoreScratchScope scratch;
+    RealNumber* squareA = RealAt(scratch.Take(RealWords()));
+    RealNumber* squareB = RealAt(scratch.Take(RealWords()));
+    RealCopy(squareA, a);
+    squareA->header = MakeHeader(0, 0);
+    RealCopy(squareB, b);
+    squareB->header = MakeHeader(difference, 0);
+    RealMulRaw(squareA, squareA, squareA);
+    RealMulRaw(squareB, squareB, squareB);
+    RealAddRaw(squareA, squareA, squareB, false);
+    const Limb guard = RealSqrt(dest, squareA);
+    RealSetExponent(dest, RealExponent(dest) + exponent);
+    return guard;
+}
+
+void RealHypotRounded(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
+    RealRound(dest, WithGuardDigitsBinary(dest, a, b, HypotenuseGuardDigits, RealHypot));
+}
+
+}  // namespace tallymere

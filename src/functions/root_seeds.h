@@ -1,0 +1,41 @@
+// Where Newton's iterations of the square and the cube root begin: a table of first guesses, and a
+// few steps in double arithmetic.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace tallymere {
+
+/// From `threshold` on, `seed` is the guess; both in units of 10^-6.
+struct RootSeed {
+    uint32_t threshold;
+    uint32_t seed;
+};
+
+/// Guesses for the roots of arguments from 1 on, the last threshold included.
+using RootSeedTable = std::array<RootSeed, 26>;
+
+/// The seeds 1.00, 1.04, ... 2.00. A seed s begins at the power (2 or 3) of s - 0.02, the middle
+/// between it and the one before; the first begins at 1.
+constexpr RootSeedTable MakeRootSeedTable(int power) {
+    RootSeedTable table{};
+    for (size_t row = 0; row < table.size(); row++) {
+        const uint32_t hundredths = 100 + 4 * static_cast<uint32_t>(row);
+        const uint32_t middle = row == 0 ? hundredths : hundredths - 2;
+        table[row] = {middle * middle * (power == 2 ? 100 : middle), hundredths * 10'000};
+    }
+    return table;
+}
+
+inline constexpr RootSeedTable SquareRootSeeds = MakeRootSeedTable(2);
+inline constexpr RootSeedTable CubeRootSeeds = MakeRootSeedTable(3);
+
+/// The 19 leading digits of the root of m / 10^18, good to 15 digits from 9 digits of precision on
+/// and to 8 below; 10^18 <= m < 4 10^18 for the square root and 8 10^18 for the cube root. The same
+/// on every platform.
+uint64_t SquareRootSeed(uint64_t m);
+uint64_t CubeRootSeed(uint64_t m);
+
+}  // namespace tallymere

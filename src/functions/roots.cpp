@@ -1,0 +1,123 @@
+#include "functions/roots.h"
+
+#include "core/real_add.h"
+#include "core/real_divide.h"
+#include "core/real_integer.h"
+#include "core/real_layout.h"
+#include "core/real_multiply.h"
+#include "core/real_rounding.h"
+#include "core/scratch.h"
+#include "functions/root_seeds.h"
+
+namespace tallymere {
+
+namespace {
+
+// The digits that a seed is taken to hold; each pass of Newton's iteration doubles them.
+constexpr int64_t SeedDigits = 16;
+
+constexpr int64_t SquareRootGuardDigits = 2;
+constexpr int64_t CubeRootGuardDigits = 3;
+
+// The leading digits by which an argument is scaled.
+constexpr int64_t ScalingDigits = 3;
+
+// The root's last factor for an argument of this exponent, 0 or 1, and leading digits: divided by
+// its square the argument lies in [1, 4).
+uint64_t SquareRootFactor(int64_t exponent, uint64_t leading) {
+    if (exponent == 0) {
+        return leading >= 400 ? 2 : 1;
+    }
+    if (leading >= 250) {
+        return 5;
+    }
+    return leading < 160 ? 2 : 3;
+}
+
+// The same for an exponent of 0 to 2: divided by the factor's cube the argument lies in [1, 8).
+uint64_t CubeRootFactor(int64_t exponent, uint64_t leading) {
+    switch (exponent) {
+        case 0:
+            return leading < 800 ? 1 : 2;
+        case 1:
+            return leading < 640 ? 2 : 4;
+        default:
+            return leading < 512 ? 4 : 8;
+    }
+}
+
+// Writes a seed of 19 digits as a number in [1, 10).
+void SetSeed(RealNumber* dest, uint64_t seed) {
+    RealSetLeading(RealLimbs(dest), seed);
+    dest->header = MakeHeader(0, 0);
+}
+
+}  // namespace
+
+Limb RealSqrt(RealNumber* dest, const RealNumber* x) {
+    if (RealSign(x) != 0 && !RealIsNaN(x) && !RealIsZero(x)) {
+        RealSetNaN(dest, CalcErrorUndefined);
+        return 0;
+    }
+    if (RealIsSpecial(x)) {
+        RealCopy(dest, x);
+        return 0;
+    }
+    const int64_t halfExponent = RealExponent(x) >> 1;
+    CoreScratchScope scratch;
+    RealNumber* scaled = RealAt(scratch.Take(RealWords()));
+    RealNumber* quotient = RealAt(scratch.Take(RealWords()));
+    RealCopy(scaled, x);
+    scaled->header = MakeHeader(RealExponent(x) & 1, 0);
+    const uint64_t factor =
+        SquareRootFactor(RealExponent(scaled), RealLeadingDigits(RealLimbs(scaled), ScalingDigits));
+    RealDivUint(scaled, scaled, factor * factor);
+    SetSeed(dest, SquareRootSeed(RealLeadingDigits(RealLimbs(scaled), DigitsPerLimb)));
+    for (int64_t good = SeedDigits; good < numberContext.precisionDigits; good *= 2) {
+        RealDivRaw(quotient, scaled, dest);
+        RealAddRaw(dest, dest, quotient, false);
+        RealDivUint(dest, dest, 2);
+    }
+    RealSetExponent(dest, RealExponent(dest) + halfExponent);
+    return RealMulUint(dest, dest, factor);
+}
+
+void RealSqrtRounded(RealNumber* dest, const RealNumber* x) {
+    RealRound(dest, WithGuardDigitsUnary(dest, x, SquareRootGuardDigits, RealSqrt));
+}
+
+Limb RealCbrt(RealNumber* dest, const RealNumber* x) {
+    if (RealIsSpecial(x)) {
+        RealCopy(dest, x);
+        return 0;
+    }
+    const uint64_t sign = RealSign(x);
+    const int64_t remainder = ((RealExponent(x) % 3) + 3) % 3;
+    const int64_t thirdOfExponent = (RealExponent(x) - remainder) / 3;
+    CoreScratchScope scratch;
+    RealNumber* scaled = RealAt(scratch.Take(RealWords()));
+    RealNumber* quotient = RealAt(scratch.Take(RealWords()));
+    RealCopy(scaled, x);
+    scaled->header = MakeHeader(remainder, 0);
+    const uint64_t factor =
+        CubeRootFactor(remainder, RealLeadingDigits(RealLimbs(scaled), ScalingDigits));
+    RealDivUint(scaled, scaled, factor * factor * factor);
+    SetSeed(dest, CubeRootSeed(RealLeadingDigits(RealLimbs(scaled), DigitsPerLimb)));
+    for (int64_t good = SeedDigits; good < numberContext.precisionDigits; good *= 2) {
+        RealMulRaw(quotient, dest, dest);
+        RealDivRaw(quotient, scaled, quotient);
+        RealMulUint(dest, dest, 2);
+        RealAddRaw(dest, dest, quotient, false);
+        RealDivUint(dest, dest, 3);
+    }
+    RealSetExponent(dest, RealExponent(dest) + thirdOfExponent);
+    const Limb guard = RealMulUint(dest, dest, factor);
+    RealSetSign(dest, sign);
+    return guard;
+}
+
+void RealCbrtRounded(RealNumber* dest, const RealNumber* x) {
+    RealRound(dest, WithGuardDigitsUnary(dest, x, CubeRootGuardDigits, RealCbrt));
+}
+
+}  // namespace tallymere
