@@ -6,6 +6,7 @@
 
 #include "core/real_layout.h"
 #include "core/real_rounding.h"
+#include "core/scratch.h"
 
 namespace tallymere {
 
@@ -31,6 +32,22 @@ inline void RoundedUnary(RealNumber* dest, const RealNumber* x, int64_t g, RealU
 inline void RoundedBinary(RealNumber* dest, const RealNumber* a, const RealNumber* b, int64_t g,
                           RealBinaryFunction f) {
     RealRound(dest, WithGuardDigitsBinary(dest, a, b, g, f));
+}
+
+/// dest = the number that compute(wide) writes to `wide` under the layout widened by g digits,
+/// rounded. `compute` may read dest, which is written after it.
+template <typename Compute>
+void RoundedResult(RealNumber* dest, int64_t g, Compute compute) {
+    const int64_t oldLimbs = numberContext.realLimbs;
+    const RealLayout widened = WidenedLayout(g);
+    CoreScratchScope scratch;
+    RealNumber* wide = RealAt(scratch.Take(widened.limbs + 1));
+    {
+        RealLayoutScope layout;
+        InstallRealLayout(widened);
+        compute(wide);
+    }
+    RealRound(dest, RealNarrow(dest, wide, g, oldLimbs, widened.limbs - oldLimbs));
 }
 
 }  // namespace tallymere

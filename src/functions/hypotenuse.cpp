@@ -1,10 +1,9 @@
 #include "functions/hypotenuse.h"
 
 #include "core/real_add.h"
-#include "core/real_layout.h"
 #include "core/real_multiply.h"
-#include "core/real_rounding.h"
 #include "core/scratch.h"
+#include "functions/guard_digits.h"
 #include "functions/roots.h"
 
 namespace tallymere {
@@ -56,7 +55,7 @@ Limb RealHypot(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
 }
 
 void RealHypotRounded(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
-    RealRound(dest, WithGuardDigitsBinary(dest, a, b, HypotenuseGuardDigits, RealHypot));
+    RoundedBinary(dest, a, b, HypotenuseGuardDigits, RealHypot);
 }
 
 }  // namespace tallymere

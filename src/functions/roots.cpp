@@ -3,10 +3,9 @@
 #include "core/real_add.h"
 #include "core/real_divide.h"
 #include "core/real_integer.h"
-#include "core/real_layout.h"
 #include "core/real_multiply.h"
-#include "core/real_rounding.h"
 #include "core/scratch.h"
+#include "functions/guard_digits.h"
 #include "functions/root_seeds.h"
 
 namespace tallymere {
@@ -83,7 +82,7 @@ Limb RealSqrt(RealNumber* dest, const RealNumber* x) {
 }
 
 void RealSqrtRounded(RealNumber* dest, const RealNumber* x) {
-    RealRound(dest, WithGuardDigitsUnary(dest, x, SquareRootGuardDigits, RealSqrt));
+    RoundedUnary(dest, x, SquareRootGuardDigits, RealSqrt);
 }
 
 Limb RealCbrt(RealNumber* dest, const RealNumber* x) {
@@ -117,7 +116,7 @@ Limb RealCbrt(RealNumber* dest, const RealNumber* x) {
 }
 
 void RealCbrtRounded(RealNumber* dest, const RealNumber* x) {
-    RealRound(dest, WithGuardDigitsUnary(dest, x, CubeRootGuardDigits, RealCbrt));
+    RoundedUnary(dest, x, CubeRootGuardDigits, RealCbrt);
 }
 
 }  // namespace tallymere

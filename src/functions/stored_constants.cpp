@@ -3,10 +3,8 @@
 #include <algorithm>
 
 #include "core/limb_tools.h"
-#include "core/real_layout.h"
 #include "core/real_multiply.h"
-#include "core/real_rounding.h"
-#include "core/scratch.h"
+#include "functions/guard_digits.h"
 
 namespace tallymere {
 
@@ -65,19 +63,10 @@ Limb LoadConstant(RealNumber* dest, const StoredConstant& constant) {
 }
 
 void RealPi(RealNumber* dest) {
-    const int64_t oldLimbs = numberContext.realLimbs;
-    const RealLayout wide = WidenedLayout(PiGuardDigits);
-    Limb guard = 0;
-    {
-        CoreScratchScope scratch;
-        RealNumber* pi = RealAt(scratch.Take(wide.limbs + 1));
-        RealLayoutScope layout;
-        InstallRealLayout(wide);
+    RoundedResult(dest, PiGuardDigits, [](RealNumber* pi) {
         LoadConstant(pi, ConstPiQuarter);
         RealMulUint(pi, pi, 4);
-        guard = RealNarrow(dest, pi, PiGuardDigits, oldLimbs, wide.limbs - oldLimbs);
-    }
-    RealRound(dest, guard);
+    });
 }
 
 }  // namespace tallymere

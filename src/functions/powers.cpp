@@ -1,0 +1,115 @@
+#include "functions/powers.h"
+
+#include "core/real_divide.h"
+#include "core/real_integer.h"
+#include "core/real_multiply.h"
+#include "core/scratch.h"
+#include "functions/guard_digits.h"
+#include "functions/stored_constants.h"
+
+namespace tallymere {
+
+namespace {
+
+uint64_t Magnitude(int64_t n) {
+    return n < 0 ? 0 - static_cast<uint64_t>(n) : static_cast<uint64_t>(n);
+}
+
+// dest = dest * base^count; raw. Leaves some power in base.
+Limb MultiplyByPower(RealNumber* dest, RealNumber* base, uint64_t count) {
+    Limb guard = 0;
+    while (count != 0) {
+        if ((count & 1) != 0) {
+            guard = RealMulRaw(dest, dest, base);
+        }
+        count >>= 1;
+        // A square that nobody multiplies by could overflow.
+        if (count != 0) {
+            RealMulRaw(base, base, base);
+        }
+    }
+    return guard;
+}
+
+// x^n for a zero, an infinity or NaN, n not 0.
+void PowerOfSpecial(RealNumber* dest, const RealNumber* x, int64_t n) {
+    const uint64_t sign = RealSign(x) & static_cast<uint64_t>(n);
+    if (RealIsNaN(x)) {
+        RealSetNaN(dest);
+    } else if (RealIsInfinite(x)) {
+        if (n > 0) {
+            RealSetInfinity(dest, sign);
+        } else {
+            RealSetZero(dest, sign);
+        }
+    } else if (n > 0) {
+        RealSetZero(dest, sign);
+    } else {
+        RealSetNaN(dest, CalcErrorUndefined);
+    }
+}
+
+void SetZerothPower(RealNumber* dest, const RealNumber* x) {
+    if (RealIsNaN(x)) {
+        RealSetNaN(dest);
+    } else if (RealIsInfinite(x)) {
+        RealSetNaN(dest, CalcErrorUndefined);
+    } else {
+        RealSetOne(dest);
+    }
+}
+
+}  // namespace
+
+Limb RealPowerInt(RealNumber* dest, const RealNumber* x, int64_t n) {
+    if (n == 0) {
+        SetZerothPower(dest, x);
+        return 0;
+    }
+    if (RealIsSpecial(x)) {
+        PowerOfSpecial(dest, x, n);
+        return 0;
+    }
+    CoreScratchScope scratch;
+    RealNumber* base = RealAt(scratch.Take(RealWords()));
+    RealCopy(base, x);
+    RealSetOne(dest);
+    const Limb guard = MultiplyByPower(dest, base, Magnitude(n));
+    return n < 0 ? RealReciprocalAny(dest, dest) : guard;
+}
+
+void RealPowerIntRounded(RealNumber* dest, const RealNumber* x, int64_t n) {
+    const int64_t g = IntegerPowerGuardDigits(n);
+    const int64_t limbs = numberContext.realLimbs;
+    RoundedResult(dest, g, [&](RealNumber* power) {
+        RealWiden(power, x, g, limbs, numberContext.realLimbs - limbs);
+        RealPowerInt(power, power, n);
+    });
+}
+
+Limb RealPowerOfTwo(RealNumber* dest, int64_t n) {
+    const bool negative = n < 0;
+    const uint64_t m = Magnitude(n);
+    const uint64_t lowPower = uint64_t{1} << (m % 64);
+    if ((m & 64) != 0) {
+        LoadConstant(dest, negative ? ConstTwoPowMinus64 : ConstTwoPow64);
+    } else {
+        RealSetOne(dest);
+    }
+    const Limb guard = negative ? RealDivUint(dest, dest, lowPower, PowerOfTwoReciprocal)
+                                : RealMulUint(dest, dest, lowPower);
+    if (m < 128) {
+        return guard;
+    }
+    CoreScratchScope scratch;
+    RealNumber* base = RealAt(scratch.Take(RealWords()));
+    LoadConstant(base, negative ? ConstTwoPowMinus128 : ConstTwoPow128);
+    return MultiplyByPower(dest, base, m / 128);
+}
+
+void RealPowerOfTwoRounded(RealNumber* dest, int64_t n) {
+    RoundedResult(dest, IntegerPowerGuardDigits(n),
+                  [n](RealNumber* power) { RealPowerOfTwo(power, n); });
+}
+
+}  // namespace tallymere

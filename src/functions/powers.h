@@ -1,0 +1,25 @@
+// Powers with integer and with real exponents.
+#pragma once
+
+#include "core/real_number.h"
+
+namespace tallymere {
+
+/// dest = x^n at the current precision; raw. Products of x, right to left over the bits of |n|
+/// (Knuth, "The Art of Computer Programming", volume 2, 4.6.3, algorithm A), then the reciprocal
+/// for n < 0. x^0 is 1, also for zero. An infinity to the 0 and a zero to a negative n give NaN and
+/// code 203. Where x^|n| leaves the range of the exponent the codes are those of its products and,
+/// for n < 0, of the reciprocal.
+Limb RealPowerInt(RealNumber* dest, const RealNumber* x, int64_t n);
+
+/// The same with IntegerPowerGuardDigits(n) guard digits, rounded.
+void RealPowerIntRounded(RealNumber* dest, const RealNumber* x, int64_t n);
+
+/// dest = 2^n at the current precision; raw. From stored powers of two, with one product or
+/// quotient by a machine integer while |n| < 128.
+Limb RealPowerOfTwo(RealNumber* dest, int64_t n);
+
+/// The same with IntegerPowerGuardDigits(n) guard digits, rounded.
+void RealPowerOfTwoRounded(RealNumber* dest, int64_t n);
+
+}  // namespace tallymere
