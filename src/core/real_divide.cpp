@@ -22,16 +22,11 @@ constexpr int64_t SeedDigits = 15;
 constexpr int64_t ReciprocalGuardDigits = 2;
 constexpr int64_t QuotientGuardDigits = 3;
 
-constexpr uint64_t ComputeReciprocal(uint64_t d) {
-    return (d & (d - 1)) == 0 ? PowerOfTwoReciprocal
-                              : wide::Divide({uint64_t{1} << HighestBit(d), 0}, d);
-}
-
 // DivisorReciprocal for the divisors that formulas are full of; entry 0 is unused.
 constexpr auto SmallReciprocal = [] {
     std::array<uint64_t, LargestTableDivisor + 1> table{};
     for (uint64_t d = 1; d < table.size(); d++) {
-        table[d] = ComputeReciprocal(d);
+        table[d] = ComputeDivisorReciprocal(d);
     }
     return table;
 }();
@@ -154,7 +149,7 @@ void DivideSpecial(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
 }  // namespace
 
 uint64_t DivisorReciprocal(uint64_t d) {
-    return d <= LargestTableDivisor ? SmallReciprocal[d] : ComputeReciprocal(d);
+    return d <= LargestTableDivisor ? SmallReciprocal[d] : ComputeDivisorReciprocal(d);
 }
 
 uint64_t Divide128(uint64_t* remainder, uint64_t high, uint64_t low, uint64_t d,

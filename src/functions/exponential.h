@@ -1,0 +1,28 @@
+// The exponential to the bases 10, e and 2.
+#pragma once
+
+#include "core/real_number.h"
+
+namespace tallymere {
+
+enum ExpMode : uint32_t {
+    ExpOfTen = 0,  ///< 10^x
+    ExpOfE = 1,    ///< e^x
+    ExpOfTwo = 2,  ///< 2^x
+};
+
+/// dest = the power that `mode` names; the inner form. Zero gives 1, an infinity +infinity or +0. A
+/// result above the range gives +infinity and code 200 if reportOverflow, one below it +0 and code
+/// 201 if reportUnderflow.
+///
+/// All bases go by base 10, so that the integer part of x log10(base) is the exponent of the
+/// result. What is left is reduced by the powers of 1.2 and 1.01 (functions/reduction_tables.h) and
+/// by 10 to less than 10^-4 for the Taylor series.
+Limb RealExpBase(RealNumber* dest, const RealNumber* x, ExpMode mode);
+
+// With ArgumentGuardDigits(x), rounded.
+void RealExpRounded(RealNumber* dest, const RealNumber* x);
+void RealExp2Rounded(RealNumber* dest, const RealNumber* x);
+void RealExp10Rounded(RealNumber* dest, const RealNumber* x);
+
+}  // namespace tallymere
