@@ -1,0 +1,39 @@
+// Combinations, permutations, greatest common divisor and least common multiple.
+#pragma once
+
+#include "core/real_number.h"
+
+namespace tallymere {
+
+/// dest = the number of combinations, n (n - 1) ... (n - k + 1) / k!, with 19 guard digits,
+/// rounded. k is a non-negative integer below 2^64; n may be any finite number, and is first taken
+/// down to n - k and then counted up again, so a fraction that is lost in n - k stays lost. Of
+/// C(n, k) = C(n, n - k) the shorter product is worked out, also for a k that exceeds 64 bits.
+///
+///   n                        k                       result
+///   NaN, or any              any, or NaN             NaN, no code
+///   infinite                 any                     NaN and code 203
+///   any                      infinite                NaN and code 203
+///   finite                   0                       1
+///   zero                     positive integer        zero: -0 for n = -0 and an odd k, else +0
+///   non-negative integer     integer above n         0
+///   any                      negative or a fraction  NaN and code 203
+///
+/// Each factor is one step, which polls the stop byte: NaN and code 207. A result outside the range
+/// ends the product: infinity and code 200 if reportOverflow, or a zero.
+void RealCombinations(RealNumber* dest, const RealNumber* n, const RealNumber* k);
+
+/// dest = the number of permutations, n (n - 1) ... (n - k + 1); all else as above, but k has to
+/// fit 64 bits.
+void RealPermutations(RealNumber* dest, const RealNumber* n, const RealNumber* k);
+
+/// dest = the greatest common divisor, by Euclid's algorithm on exact remainders; exact, so the
+/// guard limb is 0. Both must be finite integers above 0: anything else gives NaN and code 203, NaN
+/// on either side gives NaN and no code. Polls the stop byte in each remainder: NaN and code 207.
+Limb RealGcd(RealNumber* dest, const RealNumber* a, const RealNumber* b);
+
+/// dest = the least common multiple, a / gcd(a, b) * b; raw: digits that do not fit are cut, also
+/// those of the quotient. Operands and codes as for RealGcd.
+Limb RealLcm(RealNumber* dest, const RealNumber* a, const RealNumber* b);
+
+}  // namespace tallymere
