@@ -1,0 +1,41 @@
+// The factorial of a non-negative integer: a plain product, or from a cut-over that depends on the
+// precision Stirling's series.
+#pragma once
+
+#include <cstdint>
+
+#include "core/real_number.h"
+
+namespace tallymere {
+
+/// From `n` upwards Stirling's series is the faster way at `digits` digits.
+struct FactorialCutoverPair {
+    uint32_t digits;
+    uint32_t n;
+};
+
+inline constexpr int64_t FactorialCutoverCount = 43;
+
+/// Measured, and as uneven as measured values are; `digits` ascends. The last pair closes the table
+/// far above every precision: no cut-over is worked out from it.
+extern const FactorialCutoverPair FactorialCutover[FactorialCutoverCount];
+
+/// The least n whose factorial is worked out by Stirling's series at p digits, p >= 1: on the line
+/// between the two pairs around p, rounded; from 10,000 digits on always that of 10,000, below 10
+/// that of 10. At every p the series reaches the last digit long before its terms grow again.
+int64_t FactorialCutoverAt(int64_t p);
+
+/// dest = n! for n >= 0 as a product of n - 1 factors; raw, each factor truncates. Polls the stop
+/// byte after every factor: NaN and code 207.
+Limb RealProductFactorial(RealNumber* dest, int64_t n);
+
+/// dest = x!; raw, by one method or the other as FactorialCutoverAt says. NaN gives NaN and no
+/// code, +infinity itself; a positive integer from 2^63 on gives +infinity and code 200 if
+/// reportOverflow, all other values NaN and code 203. Both methods poll the stop byte.
+Limb RealFactorial(RealNumber* dest, const RealNumber* x);
+
+/// dest = x! with 7 guard digits and as many more as |x| has digits before the point, but no more
+/// than 38 in all; rounded.
+void RealFactorialRounded(RealNumber* dest, const RealNumber* x);
+
+}  // namespace tallymere

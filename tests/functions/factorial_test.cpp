@@ -1,0 +1,188 @@
+#include "functions/factorial.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "core/scratch.h"
+#include "support/real_testing.h"
+
+namespace tallymere {
+namespace {
+
+using namespace testing_support;
+
+const Outcome Undefined = {"nan", CalcErrorUndefined};
+const Outcome Cancelled = {"nan", CalcErrorCancelled};
+const Outcome Overflow = {"inf", CalcErrorOverflow};
+
+// x! rounded, the same whether the result has a place of its own or not.
+Outcome Factorial(std::string_view x) {
+    const RealBuffer argument(x);
+    RealBuffer result;
+    RealFactorialRounded(result, argument);
+    const Outcome outcome = {PlainText(result), TakeCode()};
+    RealBuffer same(x);
+    RealFactorialRounded(same, same);
+    EXPECT_EQ(same, result);
+    EXPECT_EQ(TakeCode(), outcome.code);
+    return outcome;
+}
+
+Outcome RawFactorial(std::string_view x) {
+    RealBuffer result(x);
+    RealFactorial(result, result);
+    return {PlainText(result), TakeCode()};
+}
+
+TEST(FactorialCutover, IsHighestForTheLongestPrecision) {
+    for (int64_t i = 1; i < FactorialCutoverCount; i++) {
+        EXPECT_LT(FactorialCutover[i - 1].digits, FactorialCutover[i].digits);
+        EXPECT_LT(FactorialCutover[i - 1].n, FactorialCutover[i].n);
+    }
+}
+
+TEST(FactorialCutover, IsThatOfAPairAtItsPrecision) {
+    for (int64_t i = 0; i < FactorialCutoverCount - 1; i++) {
+        const FactorialCutoverPair pair = FactorialCutover[i];
+        EXPECT_EQ(FactorialCutoverAt(pair.digits), pair.n);
+    }
+    EXPECT_EQ(FactorialCutoverAt(10), 70);
+    EXPECT_EQ(FactorialCutoverAt(20), 130);
+    EXPECT_EQ(FactorialCutoverAt(1200), 62520);
+    EXPECT_EQ(FactorialCutoverAt(1400), 62720);
+}
+
+TEST(FactorialCutover, LiesOnTheLineBetweenTwoPairsAndIsRounded) {
+    EXPECT_EQ(FactorialCutoverAt(16), 106);
+    for (int64_t p = 10; p < 10000; p++) {
+        int64_t i = 0;
+        while (FactorialCutover[i + 1].digits <= p) {
+            i++;
+        }
+        const int64_t d = FactorialCutover[i].digits;
+        const int64_t n = FactorialCutover[i].n;
+        const int64_t digits = FactorialCutover[i + 1].digits - d;
+        const int64_t rise = FactorialCutover[i + 1].n - n;
+        EXPECT_EQ(FactorialCutoverAt(p), n + (2 * (p - d) * rise + digits) / (2 * digits)) << p;
+    }
+}
+
+TEST(FactorialCutover, StaysOutsideThePairs) {
+    for (int64_t p = 1; p < 10; p++) {
+        EXPECT_EQ(FactorialCutoverAt(p), 70);
+    }
+    for (int64_t p : {10'001, 10'005, 10'043, 99'999'999, 100'000'000, 200'000'000}) {
+        EXPECT_EQ(FactorialCutoverAt(p), 4'918'983);
+    }
+}
+
+TEST(Factorial, MultipliesSmallNumbers) {
+    for (int64_t p : AllPrecisions) {
+        PrecisionScope scope(p);
+        EXPECT_EQ(Factorial("0"), Silent("1e0"));
+        EXPECT_EQ(Factorial("-0"), Silent("1e0"));
+        EXPECT_EQ(Factorial("1"), Silent("1e0"));
+        EXPECT_EQ(Factorial("2"), Silent("2e0"));
+        EXPECT_EQ(Factorial("3"), Silent("6e0"));
+    }
+    PrecisionScope scope(20);
+    EXPECT_EQ(Factorial("4"), Silent("2.4e1"));
+    EXPECT_EQ(Factorial("10"), Silent("3.6288e6"));
+    EXPECT_EQ(Factorial("20"), Silent("2.43290200817664e18"));
+    EXPECT_EQ(Factorial("25"), Silent("1.5511210043330985984e25"));
+}
+
+TEST(Factorial, RoundsHalfUp) {
+    PrecisionScope scope(2);
+    EXPECT_EQ(Factorial("5"), Silent("1.2e2"));
+    EXPECT_EQ(Factorial("7"), Silent("5e3"));      // 5040
+    EXPECT_EQ(Factorial("9"), Silent("3.6e5"));    // 362880
+    EXPECT_EQ(Factorial("13"), Silent("6.2e9"));   // 6227020800
+    EXPECT_EQ(Factorial("14"), Silent("8.7e10"));  // 87178291200
+    EXPECT_EQ(Factorial("69"), Silent("1.7e98"));  // 1.711...
+}
+
+TEST(Factorial, IsUndefinedForFractionsAndNegativeNumbers) {
+    for (int64_t p : SmallPrecisions) {
+        PrecisionScope scope(p);
+        for (const char* x : {"-1", "-7", "0.5", "-0.5", "2e-9", "-2e30", "-inf"}) {
+            EXPECT_EQ(Factorial(x), Undefined) << x;
+            EXPECT_EQ(RawFactorial(x), Undefined) << x;
+        }
+    }
+    PrecisionScope scope(3);
+    EXPECT_EQ(Factorial("3.5"), Undefined);
+    EXPECT_EQ(Factorial("99.5"), Undefined);
+}
+
+TEST(Factorial, KeepsInfinityAndNaNToItself) {
+    for (int64_t p : SmallPrecisions) {
+        PrecisionScope scope(p);
+        EXPECT_EQ(Factorial("inf"), Silent("inf"));
+        EXPECT_EQ(Factorial("nan"), Silent("nan"));
+    }
+}
+
+TEST(Factorial, OverflowsBeyondMachineIntegers) {
+    for (int64_t p : AllPrecisions) {
+        PrecisionScope scope(p);
+        EXPECT_EQ(Factorial("1e30"), Overflow);
+        EXPECT_EQ(Factorial("2e19"), Overflow);
+        EXPECT_EQ(Factorial("1e4611686018427387903"), Overflow);
+        FieldScope<uint8_t> quiet(numberContext.reportOverflow, 0);
+        EXPECT_EQ(Factorial("1e30"), Silent("inf"));
+    }
+    PrecisionScope scope(20);
+    EXPECT_EQ(Factorial("9223372036854775808"), Overflow);
+    EXPECT_EQ(Factorial("18446744073709551615"), Overflow);
+    EXPECT_EQ(Factorial("18446744073709551616"), Overflow);
+}
+
+TEST(ProductFactorial, TruncatesAfterEveryFactor) {
+    PrecisionScope scope(2);
+    RealBuffer result;
+    // From 720 on: 50|40, 40|0, 36|0, 36|0, 39|6, 46|8, 59|8.
+    const auto raw = [&result](int64_t n) {
+        const Limb guard = RealProductFactorial(result, n);
+        return PlainText(result) + " " + std::to_string(guard);
+    };
+    EXPECT_EQ(raw(0), "1e0 0");
+    EXPECT_EQ(raw(1), "1e0 0");
+    EXPECT_EQ(raw(6), "7.2e2 0");
+    EXPECT_EQ(raw(7), "5e3 4000000000000000000");
+    EXPECT_EQ(raw(8), "4e4 0");
+    EXPECT_EQ(raw(13), "5.9e9 8000000000000000000");
+}
+
+TEST(ProductFactorial, StopsAtTheByteThatAsksForIt) {
+    PrecisionScope scope(20);
+    uint8_t stop = 1;
+    FieldScope<uint8_t*> flag(numberContext.abortFlag, &stop);
+    EXPECT_EQ(Factorial("2"), Cancelled);
+    EXPECT_EQ(Factorial("69"), Cancelled);
+    // Where there is no factor the byte is not looked at.
+    EXPECT_EQ(Factorial("0"), Silent("1e0"));
+    EXPECT_EQ(Factorial("1"), Silent("1e0"));
+    EXPECT_EQ(Factorial("1.5"), Undefined);
+
+    SetCalcError(CalcErrorOverflow);
+    EXPECT_EQ(RawFactorial("5"), (Outcome{"nan", CalcErrorOverflow}));
+}
+
+TEST(ProductFactorial, LooksAtTheByteAfterEveryFactor) {
+    PrecisionScope scope(20);
+    RealBuffer result("2");
+    // The byte is the low end of the result's header and no longer 0 when the product reaches 10.
+    FieldScope<uint8_t*> flag(numberContext.abortFlag,
+                              reinterpret_cast<uint8_t*>(&result.Get()->header));
+    RealProductFactorial(result, 3);
+    EXPECT_EQ(PlainText(result), "6e0");
+    EXPECT_EQ(TakeCode(), CalcErrorNone);
+    RealProductFactorial(result, 4);
+    EXPECT_EQ(PlainText(result), "nan");
+    EXPECT_EQ(TakeCode(), CalcErrorCancelled);
+}
+
+}  // namespace
+}  // namespace tallymere
