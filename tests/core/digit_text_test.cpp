@@ -23,6 +23,7 @@ TEST(DigitValue, KnowsDigitsAndLettersOfBothCasesAndNothingElse) {
         }
         ASSERT_EQ(DigitValue(static_cast<char16_t>(c)), expected) << c;
         ASSERT_EQ(IsDecimalDigit(static_cast<char16_t>(c)), expected >= 0 && expected < 10) << c;
+        ASSERT_EQ(IsLetter(static_cast<char16_t>(c)), expected >= 10) << c;
     }
 }
 

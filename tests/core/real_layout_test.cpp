@@ -218,7 +218,7 @@ TEST(RealConvertPrecision, RoundsToTheDigits) {
             InstallRealLayout(LayoutForDigits(digits));
             return RealBuffer();
         }();
-        RealConvertPrecision(result, digits, source, 20);
+        EXPECT_TRUE(RealConvertPrecision(result, digits, source, 20));
         RealLayoutScope layout;
         InstallRealLayout(LayoutForDigits(digits));
         return PlainText(result);
@@ -236,10 +236,10 @@ TEST(RealConvertPrecision, RefusesAPrecisionOutOfRange) {
     const RealBuffer source("1.5");
     for (int64_t digits : {int64_t{0}, int64_t{-3}, MaxPrecisionDigits + 1}) {
         RealBuffer result("7");
-        RealConvertPrecision(result, digits, source, 20);
+        EXPECT_FALSE(RealConvertPrecision(result, digits, source, 20));
         EXPECT_EQ(TakeCode(), CalcErrorBadParameter);
         EXPECT_EQ(PlainText(result), "7e0");
-        RealConvertPrecision(result, 20, source, digits);
+        EXPECT_FALSE(RealConvertPrecision(result, 20, source, digits));
         EXPECT_EQ(TakeCode(), CalcErrorBadParameter);
         EXPECT_EQ(PlainText(result), "7e0");
     }

@@ -1,0 +1,85 @@
+#include "core/complex_number.h"
+
+#include <gtest/gtest.h>
+
+#include "support/complex_testing.h"
+
+namespace tallymere {
+namespace {
+
+using namespace testing_support;
+
+TEST(ComplexNumber, IsTwoRealRecordsOneBehindTheOther) {
+    for (int64_t p : AllPrecisions) {
+        PrecisionScope scope(p);
+        EXPECT_EQ(ComplexWords(), 2 * (numberContext.realLimbs + 1));
+        FieldScope type(numberContext.numberType, NumberTypeComplex);
+        EXPECT_EQ(SizeOfNumber(), static_cast<uint64_t>(8 * ComplexWords()));
+        ComplexBuffer z("3 -4");
+        EXPECT_EQ(&RealPart(z.Get())->header, z.Words());
+        EXPECT_EQ(&ImaginaryPart(z.Get())->header, z.Words() + RealWords());
+        EXPECT_EQ(PlainText(RealPart(z.Get())), "3e0");
+        EXPECT_EQ(PlainText(ImaginaryPart(z.Get())), "-4e0");
+    }
+}
+
+TEST(ComplexIsReal, AcceptsAZeroOfEitherSignAsImaginaryPartAndNothingElse) {
+    for (int64_t p : SmallPrecisions) {
+        PrecisionScope scope(p);
+        for (const char* real : {"5 0", "5 -0", "0 0", "-0 -0", "inf 0", "nan -0"}) {
+            EXPECT_TRUE(ComplexIsReal(ComplexBuffer(real))) << real;
+        }
+        for (const char* complex : {"5 1", "0 -1", "5 1e-4611686018427387903", "5 inf", "0 nan"}) {
+            EXPECT_FALSE(ComplexIsReal(ComplexBuffer(complex))) << complex;
+        }
+    }
+}
+
+TEST(ComplexIsZero, AcceptsZerosOfEitherSignInBothParts) {
+    PrecisionScope scope(20);
+    for (const char* zero : {"0 0", "-0 0", "0 -0", "-0 -0"}) {
+        EXPECT_TRUE(ComplexIsZero(ComplexBuffer(zero))) << zero;
+    }
+    for (const char* other : {"1 0", "0 1", "nan 0", "0 inf"}) {
+        EXPECT_FALSE(ComplexIsZero(ComplexBuffer(other))) << other;
+    }
+}
+
+TEST(ComplexSetNaN, LeavesAnImaginaryZeroAndTheFirstCode) {
+    for (int64_t p : AllPrecisions) {
+        PrecisionScope scope(p);
+        ComplexBuffer z;
+        ComplexSetNaN(z, CalcErrorComplexNotAllowed);
+        ComplexSetNaN(z, CalcErrorUndefined);
+        EXPECT_EQ(OutcomeOf(z), (Outcome{"nan 0", CalcErrorComplexNotAllowed}));
+    }
+}
+
+TEST(ComplexSetZero, GivesTheSignToTheRealPartAlone) {
+    for (int64_t p : AllPrecisions) {
+        PrecisionScope scope(p);
+        ComplexBuffer z;
+        ComplexSetZero(z, 1);
+        EXPECT_EQ(OutcomeOf(z), Silent("-0 0"));
+        ComplexSetZero(z, 0);
+        EXPECT_EQ(OutcomeOf(z), Silent("0 0"));
+    }
+}
+
+TEST(ComplexCopy, CopiesEveryWord) {
+    RandomSource random;
+    for (int64_t p : AllPrecisions) {
+        PrecisionScope scope(p);
+        const ComplexBuffer z = RandomComplex(random, 100);
+        ComplexBuffer copy;
+        ComplexCopy(copy, z);
+        EXPECT_EQ(copy, z);
+        ComplexCopy(copy, copy);
+        EXPECT_EQ(copy, z);
+        ComplexClearImaginaryPart(copy);
+        EXPECT_EQ(PlainText(copy.Get()), PlainText(RealPart(z.Get())) + " 0");
+    }
+}
+
+}  // namespace
+}  // namespace tallymere
