@@ -3,8 +3,11 @@
 #include "core/real_divide.h"
 #include "core/real_integer.h"
 #include "core/real_multiply.h"
+#include "core/real_rounding.h"
 #include "core/scratch.h"
+#include "functions/exponential.h"
 #include "functions/guard_digits.h"
+#include "functions/logarithm.h"
 #include "functions/stored_constants.h"
 
 namespace tallymere {
@@ -31,43 +34,51 @@ Limb MultiplyByPower(RealNumber* dest, RealNumber* base, uint64_t count) {
     return guard;
 }
 
-// x^n for a zero, an infinity or NaN, n not 0.
-void PowerOfSpecial(RealNumber* dest, const RealNumber* x, int64_t n) {
-    const uint64_t sign = RealSign(x) & static_cast<uint64_t>(n);
-    if (RealIsNaN(x)) {
-        RealSetNaN(dest);
-    } else if (RealIsInfinite(x)) {
-        if (n > 0) {
-            RealSetInfinity(dest, sign);
-        } else {
-            RealSetZero(dest, sign);
-        }
-    } else if (n > 0) {
-        RealSetZero(dest, sign);
-    } else {
-        RealSetNaN(dest, CalcErrorUndefined);
-    }
-}
-
+// x^0: 1 for everything but an infinity.
 void SetZerothPower(RealNumber* dest, const RealNumber* x) {
-    if (RealIsNaN(x)) {
-        RealSetNaN(dest);
-    } else if (RealIsInfinite(x)) {
+    if (RealIsInfinite(x)) {
         RealSetNaN(dest, CalcErrorUndefined);
     } else {
         RealSetOne(dest);
     }
 }
 
+// x^y for a zero or infinite x and a finite y, not 0.
+void PowerOfSpecial(RealNumber* dest, const RealNumber* x, bool negativeY, bool oddY) {
+    const uint64_t sign = oddY ? RealSign(x) : 0;
+    if (RealIsInfinite(x) && !negativeY) {
+        RealSetInfinity(dest, sign);
+    } else if (RealIsInfinite(x) || !negativeY) {
+        RealSetZero(dest, sign);
+    } else {
+        RealSetNaN(dest, CalcErrorUndefined);
+    }
+}
+
+// x^y for an infinite y and any x but NaN.
+void PowerToInfinity(RealNumber* dest, const RealNumber* x, const RealNumber* y) {
+    if (RealIsZero(x) || RealSign(x) != 0) {
+        RealSetNaN(dest, CalcErrorUndefined);
+    } else if (RealSign(y) != 0) {
+        RealSetZero(dest, 0);
+    } else {
+        RealSetInfinity(dest, 0);
+    }
+}
+
 }  // namespace
 
 Limb RealPowerInt(RealNumber* dest, const RealNumber* x, int64_t n) {
+    if (RealIsNaN(x)) {
+        RealSetNaN(dest);
+        return 0;
+    }
     if (n == 0) {
         SetZerothPower(dest, x);
         return 0;
     }
     if (RealIsSpecial(x)) {
-        PowerOfSpecial(dest, x, n);
+        PowerOfSpecial(dest, x, n < 0, n % 2 != 0);
         return 0;
     }
     CoreScratchScope scratch;
@@ -110,6 +121,45 @@ Limb RealPowerOfTwo(RealNumber* dest, int64_t n) {
 void RealPowerOfTwoRounded(RealNumber* dest, int64_t n) {
     RoundedResult(dest, IntegerPowerGuardDigits(n),
                   [n](RealNumber* power) { RealPowerOfTwo(power, n); });
+}
+
+Limb RealPower(RealNumber* dest, const RealNumber* x, const RealNumber* y) {
+    if (RealIsZero(y)) {
+        SetZerothPower(dest, x);
+        return 0;
+    }
+    if (RealIsNaN(x) || RealIsNaN(y)) {
+        RealSetNaN(dest);
+        return 0;
+    }
+    if (RealIsInfinite(y)) {
+        PowerToInfinity(dest, x, y);
+        return 0;
+    }
+    const bool integer = RealIsInteger(y);
+    const bool odd = integer && !RealIsEven(y);
+    if (RealSign(x) != 0 && !integer && !RealIsZero(x)) {
+        RealSetNaN(dest, CalcErrorUndefined);
+        return 0;
+    }
+    if (RealIsSpecial(x)) {
+        PowerOfSpecial(dest, x, RealSign(y) != 0, odd);
+        return 0;
+    }
+    const uint64_t sign = odd ? RealSign(x) : 0;
+    CoreScratchScope scratch;
+    RealNumber* exponent = RealAt(scratch.Take(RealWords()));
+    RealCopy(exponent, x);
+    RealSetSign(exponent, 0);
+    RealLn(exponent, exponent);
+    RealMulRaw(exponent, exponent, y);
+    const Limb guard = RealExpBase(dest, exponent, ExpOfE);
+    RealSetSign(dest, sign);
+    return guard;
+}
+
+void RealPowerRounded(RealNumber* dest, const RealNumber* x, const RealNumber* y) {
+    RoundedBinary(dest, x, y, PowerGuardDigits(y), RealPower);
 }
 
 }  // namespace tallymere

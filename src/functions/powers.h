@@ -22,4 +22,13 @@ Limb RealPowerOfTwo(RealNumber* dest, int64_t n);
 /// The same with IntegerPowerGuardDigits(n) guard digits, rounded.
 void RealPowerOfTwoRounded(RealNumber* dest, int64_t n);
 
+/// dest = x^y = e^(y ln |x|) at the current precision; the inner form. Anything but an infinity to
+/// the power 0 is 1, NaN too. NaN and code 203 where there is no value: an infinity to the 0, a
+/// zero to a negative or infinite power, a negative x to an infinite power or to one that is not an
+/// integer. x^+infinity is +infinity for every positive x, also below 1, and x^-infinity +0.
+Limb RealPower(RealNumber* dest, const RealNumber* x, const RealNumber* y);
+
+/// The same with PowerGuardDigits(y) guard digits, rounded.
+void RealPowerRounded(RealNumber* dest, const RealNumber* x, const RealNumber* y);
+
 }  // namespace tallymere

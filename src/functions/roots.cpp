@@ -4,19 +4,20 @@
 #include "core/real_divide.h"
 #include "core/real_integer.h"
 #include "core/real_multiply.h"
+#include "core/real_rounding.h"
 #include "core/scratch.h"
+#include "functions/exponential.h"
 #include "functions/guard_digits.h"
+#include "functions/logarithm.h"
 #include "functions/root_seeds.h"
 
 namespace tallymere {
 
 namespace {
 
-// The digits that a seed is taken to hold; each pass of Newton's iteration doubles them.
-constexpr int64_t SeedDigits = 16;
-
 constexpr int64_t SquareRootGuardDigits = 2;
 constexpr int64_t CubeRootGuardDigits = 3;
+constexpr int64_t RootGuardDigits = 5;
 
 // The leading digits by which an argument is scaled.
 constexpr int64_t ScalingDigits = 3;
@@ -51,6 +52,37 @@ void SetSeed(RealNumber* dest, uint64_t seed) {
     dest->header = MakeHeader(0, 0);
 }
 
+// The root of an odd or even degree where x is special or has none: true if dest has been written.
+bool RootOfSpecial(RealNumber* dest, const RealNumber* x, bool odd) {
+    if (RealIsNaN(x)) {
+        RealSetNaN(dest);
+    } else if (RealIsZero(x)) {
+        RealCopy(dest, x);
+    } else if (RealSign(x) != 0 && !odd) {
+        RealSetNaN(dest, CalcErrorUndefined);
+    } else if (RealIsInfinite(x)) {
+        RealCopy(dest, x);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+// dest = e^(ln |x| / n) with the sign of x; divide(l) divides l by n.
+template <typename Divide>
+Limb RootByLogarithm(RealNumber* dest, const RealNumber* x, Divide divide) {
+    const uint64_t sign = RealSign(x);
+    CoreScratchScope scratch;
+    RealNumber* logarithm = RealAt(scratch.Take(RealWords()));
+    RealCopy(logarithm, x);
+    RealSetSign(logarithm, 0);
+    RealLn(logarithm, logarithm);
+    divide(logarithm);
+    const Limb guard = RealExpBase(dest, logarithm, ExpOfE);
+    RealSetSign(dest, sign);
+    return guard;
+}
+
 }  // namespace
 
 Limb RealSqrt(RealNumber* dest, const RealNumber* x) {
@@ -72,7 +104,7 @@ Limb RealSqrt(RealNumber* dest, const RealNumber* x) {
         SquareRootFactor(RealExponent(scaled), RealLeadingDigits(RealLimbs(scaled), ScalingDigits));
     RealDivUint(scaled, scaled, factor * factor);
     SetSeed(dest, SquareRootSeed(RealLeadingDigits(RealLimbs(scaled), DigitsPerLimb)));
-    for (int64_t good = SeedDigits; good < numberContext.precisionDigits; good *= 2) {
+    for (int64_t good = SquareRootSeedDigits; good < numberContext.precisionDigits; good *= 2) {
         RealDivRaw(quotient, scaled, dest);
         RealAddRaw(dest, dest, quotient, false);
         RealDivUint(dest, dest, 2);
@@ -102,7 +134,7 @@ Limb RealCbrt(RealNumber* dest, const RealNumber* x) {
         CubeRootFactor(remainder, RealLeadingDigits(RealLimbs(scaled), ScalingDigits));
     RealDivUint(scaled, scaled, factor * factor * factor);
     SetSeed(dest, CubeRootSeed(RealLeadingDigits(RealLimbs(scaled), DigitsPerLimb)));
-    for (int64_t good = SeedDigits; good < numberContext.precisionDigits; good *= 2) {
+    for (int64_t good = CubeRootSeedDigits; good < numberContext.precisionDigits; good *= 2) {
         RealMulRaw(quotient, dest, dest);
         RealDivRaw(quotient, scaled, quotient);
         RealMulUint(dest, dest, 2);
@@ -117,6 +149,39 @@ Limb RealCbrt(RealNumber* dest, const RealNumber* x) {
 
 void RealCbrtRounded(RealNumber* dest, const RealNumber* x) {
     RoundedUnary(dest, x, CubeRootGuardDigits, RealCbrt);
+}
+
+Limb RealRoot(RealNumber* dest, const RealNumber* n, const RealNumber* x) {
+    if (RealIsNaN(n)) {
+        RealSetNaN(dest);
+        return 0;
+    }
+    if (RealIsSpecial(n) || RealSign(n) != 0 || !RealIsInteger(n)) {
+        RealSetNaN(dest, CalcErrorUndefined);
+        return 0;
+    }
+    if (RootOfSpecial(dest, x, !RealIsEven(n))) {
+        return 0;
+    }
+    return RootByLogarithm(dest, x,
+                           [n](RealNumber* logarithm) { RealDivRaw(logarithm, logarithm, n); });
+}
+
+void RealRootRounded(RealNumber* dest, const RealNumber* n, const RealNumber* x) {
+    RoundedBinary(dest, n, x, RootGuardDigits, RealRoot);
+}
+
+Limb RealRootInt(RealNumber* dest, int64_t n, const RealNumber* x) {
+    if (n <= 0) {
+        RealSetNaN(dest, CalcErrorUndefined);
+        return 0;
+    }
+    if (RootOfSpecial(dest, x, n % 2 != 0)) {
+        return 0;
+    }
+    return RootByLogarithm(dest, x, [n](RealNumber* logarithm) {
+        RealDivUint(logarithm, logarithm, static_cast<uint64_t>(n));
+    });
 }
 
 }  // namespace tallymere

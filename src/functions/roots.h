@@ -1,7 +1,8 @@
-// Square and cube root, by Newton's iteration from a seed in machine arithmetic.
+// Roots.
 //
-// The argument is scaled by a small square or cube, so that the iteration runs in [1, 4) or [1, 8)
-// and a perfect power of few digits stays exact.
+// Square and cube root go by Newton's iteration from a seed in machine arithmetic
+// (functions/root_seeds.h), with the argument scaled by a small square or cube to [1, 4) or [1, 8).
+// Roots of other degrees go by logarithm and exponential.
 #pragma once
 
 #include "core/real_number.h"
@@ -21,5 +22,16 @@ Limb RealCbrt(RealNumber* dest, const RealNumber* x);
 
 /// The same with 3 guard digits, rounded.
 void RealCbrtRounded(RealNumber* dest, const RealNumber* x);
+
+/// dest = the n-th root of x, with its sign, at the current precision; the inner form. An n that is
+/// not a positive integer gives NaN and code 203, also beside a NaN x; a NaN n gives NaN silently.
+/// Zero gives itself, an infinity too; a negative x with an even n gives NaN and code 203.
+Limb RealRoot(RealNumber* dest, const RealNumber* n, const RealNumber* x);
+
+/// The same with 5 guard digits, rounded.
+void RealRootRounded(RealNumber* dest, const RealNumber* n, const RealNumber* x);
+
+/// RealRoot for a machine integer.
+Limb RealRootInt(RealNumber* dest, int64_t n, const RealNumber* x);
 
 }  // namespace tallymere
