@@ -29,6 +29,15 @@ int64_t FactorialCutoverAt(int64_t p);
 /// byte after every factor: NaN and code 207.
 Limb RealProductFactorial(RealNumber* dest, int64_t n);
 
+/// dest = n! for n >= 1 by the logarithmic Stirling series, sqrt(2 pi n) (n / e)^n e^S with
+/// S = sum of B_2k / (2k (2k - 1) n^(2k-1)) (Abramowitz and Stegun, "Handbook of Mathematical
+/// Functions", 6.1.40), the Bernoulli numbers B_2k made from tangent numbers on the way; raw. The
+/// series is asymptotic: it ends only if n is large for the precision. Where it does not, and also
+/// where there is no memory for the TangentTable, the result is NaN and code 400. Polls the stop
+/// byte after every term: NaN and code 207. A factorial above the range is +infinity, and code 200
+/// if reportOverflow.
+Limb RealStirlingFactorial(RealNumber* dest, int64_t n);
+
 /// dest = x!; raw, by one method or the other as FactorialCutoverAt says. NaN gives NaN and no
 /// code, +infinity itself; a positive integer from 2^63 on gives +infinity and code 200 if
 /// reportOverflow, all other values NaN and code 203. Both methods poll the stop byte.

@@ -2,9 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdlib>
 #include <string>
 
+#include "core/real_add.h"
 #include "core/scratch.h"
+#include "functions/tangent_testing.h"
 #include "support/real_testing.h"
 
 namespace tallymere {
@@ -182,6 +186,160 @@ TEST(ProductFactorial, LooksAtTheByteAfterEveryFactor) {
     RealProductFactorial(result, 4);
     EXPECT_EQ(PlainText(result), "nan");
     EXPECT_EQ(TakeCode(), CalcErrorCancelled);
+}
+
+Outcome Stirling(int64_t n) {
+    RealBuffer result;
+    RealStirlingFactorial(result, n);
+    return {PlainText(result), TakeCode()};
+}
+
+// |a - b| in units of the last place of a; both have the same exponent or a next one.
+int64_t UlpsBetween(const RealNumber* a, const RealNumber* b) {
+    RealBuffer difference;
+    RealAddRaw(difference, a, b, true);
+    if (RealIsZero(difference)) {
+        return 0;
+    }
+    const int64_t lastPlace = RealExponent(a) - numberContext.precisionDigits + 1;
+    const std::string text = PlainText(difference);
+    const double leading = std::abs(std::stod(text.substr(0, text.find('e'))));
+    const int64_t shift = RealExponent(difference) - lastPlace;
+    return shift > 17 ? INT64_MAX
+                      : std::llround(leading * std::pow(10.0, static_cast<double>(shift)));
+}
+
+TEST(StirlingFactorial, TakesOverAtTheCutover) {
+    TangentMemoryWatch watch;
+    PrecisionScope scope(16);
+    RealBuffer result;
+    const auto tables = [&](const char* x) {
+        const int before = watch.BlocksTaken();
+        RealFactorial(result, RealBuffer(x));
+        EXPECT_EQ(watch.BlocksHeld(), 0);
+        return watch.BlocksTaken() - before;
+    };
+    EXPECT_EQ(tables("69"), 0);
+    EXPECT_EQ(tables("70"), 0);
+    EXPECT_EQ(tables("105"), 0);
+    EXPECT_EQ(tables("106"), 1);
+    EXPECT_EQ(tables("107"), 1);
+    EXPECT_EQ(tables("1e15"), 1);
+}
+
+TEST(StirlingFactorial, IsNeverUsedBelowSeventy) {
+    TangentMemoryWatch watch;
+    for (int64_t p : AllPrecisions) {
+        if (p >= 2) {
+            PrecisionScope scope(p);
+            RealBuffer result;
+            RealFactorial(result, RealBuffer("69"));
+            EXPECT_EQ(watch.BlocksTaken(), 0);
+        }
+    }
+    PrecisionScope scope(2);
+    RealBuffer result;
+    RealFactorial(result, RealBuffer("70"));
+    EXPECT_EQ(watch.BlocksTaken(), 1);
+}
+
+TEST(StirlingFactorial, CountsGuardDigitsForTheCutover) {
+    // 8 of them for numbers of two digits, 9 for numbers of three: 70 at 18 digits is 118.
+    TangentMemoryWatch watch;
+    PrecisionScope scope(9);
+    EXPECT_EQ(Factorial("99").code, CalcErrorNone);
+    EXPECT_EQ(watch.BlocksTaken(), 0);
+    EXPECT_EQ(Factorial("117").code, CalcErrorNone);
+    EXPECT_EQ(watch.BlocksTaken(), 0);
+    EXPECT_EQ(Factorial("118").code, CalcErrorNone);
+    EXPECT_EQ(watch.BlocksTaken(), 2);
+}
+
+TEST(StirlingFactorial, AgreesWithTheProductAroundTheCutover) {
+    for (int64_t p : {10, 16, 19, 20, 37, 38, 39, 57, 100, 300}) {
+        PrecisionScope scope(p);
+        const int64_t cutover = FactorialCutoverAt(p);
+        for (int64_t n = cutover - 3; n <= cutover + 3; n++) {
+            RealBuffer product;
+            RealBuffer series;
+            RealProductFactorial(product, n);
+            RealStirlingFactorial(series, n);
+            EXPECT_EQ(TakeCode(), CalcErrorNone);
+            // A tenth of what the guard digits of the rounded factorial leave room for.
+            const double room = std::pow(10.0, std::floor(std::log10(n)) + 6);
+            EXPECT_LE(static_cast<double>(UlpsBetween(product, series)), room) << n;
+        }
+    }
+}
+
+TEST(StirlingFactorial, GivesKnownDigits) {
+    {
+        PrecisionScope scope(30);
+        EXPECT_EQ(Factorial("1000"), Silent("4.02387260077093773543702433923e2567"));
+        EXPECT_EQ(Factorial("1000000"), Silent("8.26393168833124006237664610317e5565708"));
+    }
+    PrecisionScope scope(10);
+    EXPECT_EQ(Factorial("100"), Silent("9.332621544e157"));
+    EXPECT_EQ(Factorial("1000000000"), Silent("9.904626579e8565705522"));
+}
+
+TEST(StirlingFactorial, OverflowsAboveTheRange) {
+    for (int64_t p : {1, 2, 16, 19, 20, 100}) {
+        PrecisionScope scope(p);
+        EXPECT_EQ(Factorial("9e18"), Overflow);
+        EXPECT_EQ(Factorial("3e17"), Overflow);
+        EXPECT_EQ(Factorial("2e17").code, CalcErrorNone);
+        FieldScope<uint8_t> quiet(numberContext.reportOverflow, 0);
+        EXPECT_EQ(Factorial("9e18"), Silent("inf"));
+    }
+    PrecisionScope scope(19);
+    EXPECT_EQ(Factorial("9223372036854775807"), Overflow);
+}
+
+TEST(StirlingFactorial, StopsAtTheByteThatAsksForIt) {
+    TangentMemoryWatch watch;
+    PrecisionScope scope(20);
+    uint8_t stop = 1;
+    FieldScope<uint8_t*> flag(numberContext.abortFlag, &stop);
+    EXPECT_EQ(Factorial("1000"), Cancelled);
+    EXPECT_EQ(Stirling(1), Cancelled);
+    EXPECT_EQ(watch.BlocksTaken(), 3);
+    EXPECT_EQ(watch.BlocksHeld(), 0);
+}
+
+TEST(StirlingFactorial, LooksAtTheByteAfterEveryTerm) {
+    TangentMemoryWatch watch;
+    PrecisionScope scope(10);
+    FieldScope<uint8_t*> flag(numberContext.abortFlag, nullptr);
+    // Of 10^5! two terms are enough, of 1000! three are needed.
+    watch.StopAtTheThirdNumber();
+    EXPECT_EQ(Stirling(100'000).code, CalcErrorNone);
+    EXPECT_EQ(Stirling(100), Cancelled);
+    EXPECT_EQ(watch.BlocksTaken(), 2);
+    EXPECT_EQ(watch.BlocksHeld(), 0);
+}
+
+TEST(StirlingFactorial, SaysThatTheTableIsFull) {
+    const Outcome full = {"nan", CalcErrorCapacity};
+    TangentMemoryWatch watch;
+    PrecisionScope scope(10);
+    EXPECT_EQ(Stirling(1), full);
+    EXPECT_EQ(watch.BlocksTaken(), 1);
+    EXPECT_EQ(watch.BlocksHeld(), 0);
+}
+
+TEST(StirlingFactorial, SaysThatThereIsNoMemory) {
+    const Outcome full = {"nan", CalcErrorCapacity};
+    TangentMemoryWatch watch;
+    watch.Refuse();
+    for (int64_t p : SmallPrecisions) {
+        PrecisionScope scope(p);
+        EXPECT_EQ(Factorial("9e3"), full);
+    }
+    PrecisionScope scope(20);
+    SetCalcError(CalcErrorOverflow);
+    EXPECT_EQ(Stirling(100), (Outcome{"nan", CalcErrorOverflow}));
+    EXPECT_EQ(watch.BlocksHeld(), 0);
 }
 
 }  // namespace
