@@ -18,7 +18,7 @@ inline bool SeriesEnds(const RealNumber* sum, const RealNumber* term) {
 /// dest = artanh x = x + x^3/3 + x^5/5 + ... Returns the number of terms added to x, at least 1.
 int64_t SeriesAtanh(RealNumber* dest, const RealNumber* x);
 
-/// dest = sin x = x - x^3/3! + x^5/5! - ...
+/// dest = sin x = x - x^3/3! + x^5/5! - ... A zero comes out with the other sign.
 Limb SeriesSin(RealNumber* dest, const RealNumber* x);
 
 /// dest = cos x = 1 - x^2/2! + x^4/4! - ...

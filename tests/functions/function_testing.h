@@ -4,9 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "core/real_layout.h"
+#include "core/real_rounding.h"
 #include "support/real_testing.h"
 
 namespace tallymere::testing_support {
@@ -45,6 +47,14 @@ Outcome ResultOf(Function f, std::string_view first, std::string_view second) {
     EXPECT_EQ(same, dest) << "with the destination as second operand";
     EXPECT_EQ(TakeCode(), outcome.code);
     return outcome;
+}
+
+/// The number that the text denotes, of at most 120 digits, rounded to p digits; as PlainText.
+inline std::string RoundedText(std::string_view text, int64_t p) {
+    PrecisionScope scope(120);
+    RealBuffer x(text);
+    RealRoundDigits(x, x, p);
+    return PlainText(x);
 }
 
 }  // namespace tallymere::testing_support
