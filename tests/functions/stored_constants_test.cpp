@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "functions/function_testing.h"
 #include "support/real_testing.h"
 
 namespace tallymere {
@@ -184,28 +185,14 @@ TEST(LoadConstant, ReadsNoLimbsAsSignedZero) {
 }
 
 TEST(RealPi, IsRoundedAtEveryPrecision) {
-    const std::string pi = "3.14159265358979323846264338327950288419716939937510582097494459230782";
-    const auto rounded = [](int64_t p) {
+    const char* const pi =
+        "3.141592653589793238462643383279502884197169399375105820974944592307816406286208"
+        "9986280348253421170679821480865132823";
+    for (int64_t p : SmallPrecisions) {
         PrecisionScope scope(p);
         RealBuffer dest;
         RealPi(dest);
-        return PlainText(dest);
-    };
-    EXPECT_EQ(rounded(1), "3e0");
-    EXPECT_EQ(rounded(2), "3.1e0");
-    EXPECT_EQ(rounded(3), "3.14e0");
-    EXPECT_EQ(rounded(4), "3.142e0");
-    EXPECT_EQ(rounded(5), "3.1416e0");
-    for (int64_t p : {9, 16, 18, 19, 20, 37, 38, 39, 57}) {
-        std::string expected = pi.substr(0, static_cast<size_t>(p) + 1);
-        if (pi[expected.size()] >= '5') {
-            ASSERT_NE(expected.back(), '9');
-            expected.back()++;
-        }
-        while (expected.back() == '0') {
-            expected.pop_back();
-        }
-        EXPECT_EQ(rounded(p), expected + "e0");
+        EXPECT_EQ(PlainText(dest), RoundedText(pi, p));
     }
 }
 
