@@ -32,11 +32,13 @@ constexpr RootSeedTable MakeRootSeedTable(int power) {
 inline constexpr RootSeedTable SquareRootSeeds = MakeRootSeedTable(2);
 inline constexpr RootSeedTable CubeRootSeeds = MakeRootSeedTable(3);
 
-/// The decimal digits that a seed is sure to hold. The table's guess is off by up to 0.02; a step
-/// squares the error, and in the square root halves it as well. Three steps make 3.4 10^-16 and
-/// 2.5 10^-14 of it, roundings included.
-inline constexpr int64_t SquareRootSeedDigits = 15;
-inline constexpr int64_t CubeRootSeedDigits = 13;
+/// The decimal digits that a seed is sure to hold, in tenths. The table's guess is off by up to
+/// 0.02; a step squares the error, and in the square root halves it as well. Three steps leave less
+/// than 3.7 10^-16, roundings included, and 2.5 10^-14. Each pass of Newton's iteration doubles the
+/// digits (in the square root those of half the error), so that a tenth too many here would be
+/// fifty digits too many at 10,000.
+inline constexpr int64_t SquareRootSeedTenths = 157;
+inline constexpr int64_t CubeRootSeedTenths = 135;
 
 /// The 19 leading digits of the root of m / 10^18, for 10^18 <= m < 4 10^18 in the square root and
 /// m < 8 10^18 in the cube root. Below 9 digits of precision there is one step less and the seed

@@ -46,6 +46,16 @@ uint64_t CubeRootFactor(int64_t exponent, uint64_t leading) {
     }
 }
 
+// The passes of Newton's iteration, each of which doubles the digits, from a seed that holds these
+// tenths of a digit to the precision in force.
+int PassCount(int64_t seedTenths) {
+    int passes = 0;
+    for (int64_t tenths = seedTenths; tenths < 10 * numberContext.precisionDigits; tenths *= 2) {
+        passes++;
+    }
+    return passes;
+}
+
 // Writes a seed of 19 digits as a number in [1, 10).
 void SetSeed(RealNumber* dest, uint64_t seed) {
     RealSetLeading(RealLimbs(dest), seed);
@@ -104,7 +114,7 @@ Limb RealSqrt(RealNumber* dest, const RealNumber* x) {
         SquareRootFactor(RealExponent(scaled), RealLeadingDigits(RealLimbs(scaled), ScalingDigits));
     RealDivUint(scaled, scaled, factor * factor);
     SetSeed(dest, SquareRootSeed(RealLeadingDigits(RealLimbs(scaled), DigitsPerLimb)));
-    for (int64_t good = SquareRootSeedDigits; good < numberContext.precisionDigits; good *= 2) {
+    for (int passes = PassCount(SquareRootSeedTenths); passes > 0; passes--) {
         RealDivRaw(quotient, scaled, dest);
         RealAddRaw(dest, dest, quotient, false);
         RealDivUint(dest, dest, 2);
@@ -134,7 +144,7 @@ Limb RealCbrt(RealNumber* dest, const RealNumber* x) {
         CubeRootFactor(remainder, RealLeadingDigits(RealLimbs(scaled), ScalingDigits));
     RealDivUint(scaled, scaled, factor * factor * factor);
     SetSeed(dest, CubeRootSeed(RealLeadingDigits(RealLimbs(scaled), DigitsPerLimb)));
-    for (int64_t good = CubeRootSeedDigits; good < numberContext.precisionDigits; good *= 2) {
+    for (int passes = PassCount(CubeRootSeedTenths); passes > 0; passes--) {
         RealMulRaw(quotient, dest, dest);
         RealDivRaw(quotient, scaled, quotient);
         RealMulUint(dest, dest, 2);
