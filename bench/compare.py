@@ -5,18 +5,20 @@ usage: bench/compare [--markdown] [--rounds N] [--only WORK ...]
 
   --markdown      the tables for docs/performance.md
   --rounds N      rounds of measuring, 7 unless said
-  --only WORK     only these kinds of work, such as product or read
+  --only WORK     only these kinds of work, such as product or exp
 
 Exit status: 0 if every target is met, 1 if one is missed, 2 for bad options.
 
 How it is measured. libmpdec is the C implementation of Python's decimal module, at as many digits
-as ours and with the widest limits of the exponent. Both sides work on the same pairs of random
-operands in turn, 512 of them (16 above 1,000 digits), and a result goes where the last one was, or in Python's case into a new object. A
-time is the processor time of one operation, the least of many short repetitions. From libmpdec's
-the time is taken off that the interpreter needs for the emptiest expression of the same shape. What
-the decimal module itself does around the operation stays in; it is at most the time of +x, which is
-printed. Ours and theirs are measured in turn, round by round; the ratio shown is the median of the
-rounds' ratios, with the least and the largest beside it.
+as ours and with the widest limits of the exponent. MPFR is part of the benchmark program and works
+in binary at the precision that holds as many digits. All sides work on the same pairs of random
+operands in turn: 512 of them, 16 above 1,000 digits, for functions 16 at 1,000 and 2 at 10,000. A
+result goes where the last one was, or in Python's case into a new object. A time is the processor
+time of one operation, the least of many short repetitions. From libmpdec's the time is taken off
+that the interpreter needs for the emptiest expression of the same shape. What the decimal module
+itself does around the operation stays in; it is at most the time of +x, which is printed. Ours and
+theirs are measured in turn, round by round; the ratio shown is the median of the rounds' ratios,
+with the least and the largest beside it. Slow work gets fewer repetitions and rounds.
 """
 
 import argparse
@@ -40,6 +42,8 @@ SECONDS_PER_REPETITION = 0.002
 # An operation too slow for that many repetitions gets fewer.
 SECONDS_PER_MEASUREMENT = 0.15
 LEAST_REPETITIONS = 3
+# And no more rounds behind the second once they have taken so long.
+SECONDS_PER_ROW = 5
 
 
 @dataclass
@@ -71,13 +75,50 @@ WORKS = [
     Work("remainder", "integer remainder", "whole", "a % b", "a is b"),
     Work("read", "reading text", "numbers", "Decimal(s)", "callable(s)", {10000: 1.0}),
     Work("write", "writing text", "numbers", "str(a)", "callable(a)", {10000: 1.0}),
+    Work("exp", "exp x", "moderate", "a.exp()", "a.is_nan()",
+         {20: 0.2, 50: 0.2, 100: 0.2, 1000: 0.1, 10000: 0.1}),
+    Work("ln", "ln x", "logarithmands", "a.ln()", "a.is_nan()",
+         {20: 0.2, 50: 0.2, 100: 0.2, 1000: 0.1, 10000: 0.1}),
+    Work("power", "x^y", "base-and-exponent", "a ** b", "a is b",
+         {20: 0.2, 50: 0.2, 100: 0.2, 1000: 0.1, 10000: 0.1}),
+    Work("square-root", "square root", "logarithmands", "a.sqrt()", "a.is_nan()",
+         {20: 1.0, 50: 1.0, 100: 1.0, 1000: 1.0, 10000: 1.0}),
 ]
+# What is measured beside MPFR: its title, and where we ask it of ourselves not to be slower.
+FUNCTIONS = {
+    "exp": ("exp x", [20, 50, 100]),
+    "ln": ("ln x", [20, 50, 100]),
+    "power": ("x^y", [20, 50, 100]),
+    "sin": ("sin x", [20, 50, 100]),
+    "atan": ("atan x", [20, 50, 100]),
+    "cos": ("cos x", []),
+    "tan": ("tan x", []),
+    "asin": ("asin x", []),
+    "acos": ("acos x", []),
+    "sinh": ("sinh x", []),
+    "cosh": ("cosh x", []),
+    "tanh": ("tanh x", []),
+    "asinh": ("asinh x", []),
+    "acosh": ("acosh x", []),
+    "atanh": ("atanh x", []),
+    "log10": ("log10 x", []),
+    "square-root": ("square root", []),
+    "cube-root": ("cube root", []),
+    "hypotenuse": ("hypotenuse", []),
+}
+FACTORIAL = "factorial"
+FACTORIAL_DIGITS = [20, 100, 1000]
 FORMULAS = {
     "formula-fractions": "(1/3+2.5)*(7-4/9)/1.1",
     "formula-polynomial": "((x-6)*x+11)*x-6+x*y with x = 2.718281828459 and y = 1/7",
 }
 LIMB_PRODUCT = "limb-product"
 LIMB_PRODUCT_TARGET = 3.5  # the least that twin / ours may be
+
+
+def fitting_repetitions(nanoseconds):
+    """As many repetitions of that length as a measurement has time for."""
+    return int(max(LEAST_REPETITIONS, min(REPETITIONS, SECONDS_PER_MEASUREMENT * 1e9 / nanoseconds)))
 
 
 class Program:
@@ -104,6 +145,11 @@ class Program:
             sys.exit(f"{work}/{side}/{size}: {failed[0] if failed else 'no such benchmark'}")
         return min(run["cpu_time"] for run in runs)
 
+    def repetitions(self, work, side, size, pairs=1):
+        """How many repetitions a measurement of this work is given."""
+        spent = self.measure(work, side, size, 1) * pairs
+        return fitting_repetitions(spent)
+
 
 class DecimalLoop:
     """An expression evaluated once for each pair of operands in straight code."""
@@ -124,11 +170,14 @@ class DecimalLoop:
         self.values = list(names.values())
         self.pairs = len(pairs)
         self.count = 1
-        self.loop(1, *self.values)
+        # The first time warms up and tells nothing yet, unless the work is so slow that it does.
+        spent = self.loop(1, *self.values)
+        if spent > SECONDS_PER_MEASUREMENT * 1e9:
+            self.repetitions = 1
+            return
         while (spent := self.loop(self.count, *self.values)) < SECONDS_PER_REPETITION * 1e9:
             self.count *= 2
-        self.repetitions = int(max(LEAST_REPETITIONS,
-                                   min(REPETITIONS, SECONDS_PER_MEASUREMENT * 1e9 / spent)))
+        self.repetitions = fitting_repetitions(spent)
 
     def measure(self):
         least = min(self.loop(self.count, *self.values) for _ in range(self.repetitions))
@@ -170,14 +219,24 @@ def time_of_plus(program):
     return DecimalLoop("+a", pairs).measure() - DecimalLoop("a is b", pairs).measure()
 
 
+def rounds_of(rounds):
+    """Counts so many rounds, or from the second on as many as there is time for."""
+    start = time.monotonic()
+    for done in range(rounds):
+        if done >= 2 and time.monotonic() - start > SECONDS_PER_ROW:
+            return
+        yield done
+
+
 def compare_with_libmpdec(program, work, digits, rounds):
     use_precision(digits)
     pairs = program.operands(work.operands, digits)
     theirs_loop = DecimalLoop(work.theirs, pairs)
     empty_loop = DecimalLoop(work.empty, pairs)
+    ours_repetitions = program.repetitions(work.name, "ours", digits, len(pairs))
     ours, theirs, mpfr = [], [], []
-    for _ in range(rounds):
-        ours.append(program.measure(work.name, "ours", digits, theirs_loop.repetitions))
+    for _ in rounds_of(rounds):
+        ours.append(program.measure(work.name, "ours", digits, ours_repetitions))
         theirs.append(theirs_loop.measure() - empty_loop.measure())
         if work.mpfr:
             mpfr.append(program.measure(work.name, "mpfr", digits))
@@ -185,13 +244,30 @@ def compare_with_libmpdec(program, work, digits, rounds):
                work.targets.get(digits), mpfr=min(mpfr, default=None))
 
 
+def compare_sides(program, work, sides, size, rounds):
+    """Times of two sides of the program, and their ratios round by round."""
+    repetitions = [program.repetitions(work, side, size) for side in sides]
+    first, second = [], []
+    for _ in rounds_of(rounds):
+        first.append(program.measure(work, sides[0], size, repetitions[0]))
+        second.append(program.measure(work, sides[1], size, repetitions[1]))
+    return min(first), min(second), [a / b for a, b in zip(first, second)]
+
+
+def compare_with_mpfr(program, work, digits, rounds):
+    title, wanted = FUNCTIONS[work]
+    return Row(title, digits, *compare_sides(program, work, ["ours", "mpfr"], digits, rounds),
+               1.0 if digits in wanted else None)
+
+
 def compare_with_twin(program, limbs, rounds):
-    ours, twin = [], []
-    for _ in range(rounds):
-        ours.append(program.measure(LIMB_PRODUCT, "ours", limbs))
-        twin.append(program.measure(LIMB_PRODUCT, "twin", limbs))
-    return Row(LIMB_PRODUCT, limbs, min(ours), min(twin), [t / o for o, t in zip(ours, twin)],
-               LIMB_PRODUCT_TARGET, at_least=True)
+    twin, ours, ratios = compare_sides(program, LIMB_PRODUCT, ["twin", "ours"], limbs, rounds)
+    return Row(LIMB_PRODUCT, limbs, ours, twin, ratios, LIMB_PRODUCT_TARGET, at_least=True)
+
+
+def compare_factorials(program, digits, rounds):
+    return Row(FACTORIAL, digits,
+               *compare_sides(program, FACTORIAL, ["series", "product"], digits, rounds))
 
 
 def show_time(nanoseconds):
@@ -247,7 +323,8 @@ def main():
     parser.add_argument("program", help=argparse.SUPPRESS)
     parser.add_argument("--markdown", action="store_true", help=argparse.SUPPRESS)
     parser.add_argument("--rounds", type=int, default=7, help=argparse.SUPPRESS)
-    names = [work.name for work in WORKS] + list(FORMULAS) + [LIMB_PRODUCT]
+    names = list(dict.fromkeys([work.name for work in WORKS] + list(FUNCTIONS) + list(FORMULAS)
+                               + [LIMB_PRODUCT, FACTORIAL]))
     parser.add_argument("--only", nargs="+", choices=names, default=names, help=argparse.SUPPRESS)
     options = parser.parse_args()
     if options.rounds < 1:
@@ -265,7 +342,7 @@ def main():
 
     works = [work for work in WORKS if work.name in options.only]
     if works:
-        print_heading("Beside libmpdec, and MPFR for information", markdown)
+        print_heading("Beside libmpdec, and for the four operations MPFR for information", markdown)
         print(f"+x takes libmpdec {show_time(time_of_plus(program))} ns at {DIGITS[0]} digits."
               + ("\n" if markdown else ""))
         table = Table(markdown, [("work", -30), ("digits", 6), ("ours", 11), ("libmpdec", 11),
@@ -277,6 +354,28 @@ def main():
                 rows.append(row)
                 table.add([row.title, f"{digits:,}", show_time(row.ours), show_time(row.theirs),
                            *ratio_cells(row, "≤"), show_time(row.mpfr)])
+
+    functions = [name for name in FUNCTIONS if name in options.only]
+    if functions:
+        print_heading("Functions beside MPFR", markdown)
+        table = Table(markdown, [("function", -12), ("digits", 6), ("ours", 11), ("MPFR", 11),
+                                 ("ratio", 6), ("least - largest", 15), ("target", 7), ("", -6)])
+        for name in functions:
+            for digits in DIGITS:
+                row = compare_with_mpfr(program, name, digits, options.rounds)
+                rows.append(row)
+                table.add([row.title, f"{digits:,}", show_time(row.ours), show_time(row.theirs),
+                           *ratio_cells(row, "≤")])
+
+    if FACTORIAL in options.only:
+        print_heading("The factorial where its methods meet: the series beside the product",
+                      markdown)
+        table = Table(markdown, [("digits", 6), ("series", 11), ("product", 11), ("ratio", 6),
+                                 ("least - largest", 15)])
+        for digits in FACTORIAL_DIGITS:
+            row = compare_factorials(program, digits, options.rounds)
+            table.add([f"{digits:,}", show_time(row.ours), show_time(row.theirs),
+                       *ratio_cells(row, "≤")[:2]])
 
     if LIMB_PRODUCT in options.only:
         print_heading("The limb product beside its plain twin, row by row; twin / ours", markdown)

@@ -18,7 +18,7 @@ int PrintOperands(const char* kindName, const char* digitsText) {
     OperandKind kind = OperandKind::Numbers;
     const int64_t digits = std::atoll(digitsText);
     if (!FindOperandKind(kindName, &kind) || digits < 2) {
-        std::fprintf(stderr, "--operands numbers|whole|small|large DIGITS\n");
+        std::fprintf(stderr, "--operands KIND DIGITS\n");
         return 2;
     }
     for (const OperandPair& pair : MakeOperands(kind, digits)) {
@@ -55,6 +55,8 @@ int main(int argc, char** argv) {
     AddFormulaBenchmarks();
     AddLimbProductBenchmarks();
     AddMpfrBenchmarks();
+    AddFunctionBenchmarks();
+    AddFactorialBenchmarks();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 2;

@@ -9,5 +9,7 @@ void AddTextBenchmarks();
 void AddFormulaBenchmarks();
 void AddLimbProductBenchmarks();
 void AddMpfrBenchmarks();
+void AddFunctionBenchmarks();
+void AddFactorialBenchmarks();
 
 }  // namespace tallymere::bench
