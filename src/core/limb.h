@@ -73,6 +73,11 @@ constexpr Limb PowerOfTen(int64_t k) {
     return limb_tables::PowersOfTen[static_cast<size_t>(k + 1)];
 }
 
+/// |k|, also for the smallest k.
+constexpr uint64_t IntegerMagnitude(int64_t k) {
+    return k < 0 ? 0 - static_cast<uint64_t>(k) : static_cast<uint64_t>(k);
+}
+
 /// The number of decimal digits of v; 0 for v = 0.
 constexpr int64_t DigitCount(uint64_t v) {
     if (v == 0) {

@@ -98,7 +98,7 @@ int RealCompare(const RealNumber* a, const RealNumber* b, bool ignoreSign) {
 
 int RealCompareInt(const RealNumber* x, int64_t k) {
     const uint64_t sign = k < 0 ? 1 : 0;
-    const uint64_t magnitude = sign != 0 ? 0 - static_cast<uint64_t>(k) : static_cast<uint64_t>(k);
+    const uint64_t magnitude = IntegerMagnitude(k);
     return CompareWithInteger(x, RealSign(x), magnitude, sign, DigitCount(magnitude) - 1,
                               numberContext.topLimbDigits);
 }

@@ -46,10 +46,8 @@ Limb RealFromUint(RealNumber* dest, uint64_t k) {
 }
 
 void RealFromInt(RealNumber* dest, int64_t k) {
-    const bool negative = k < 0;
-    const uint64_t magnitude = negative ? 0 - static_cast<uint64_t>(k) : static_cast<uint64_t>(k);
-    RealRound(dest, RealFromUint(dest, magnitude));
-    RealSetSign(dest, negative ? 1 : 0);
+    RealRound(dest, RealFromUint(dest, IntegerMagnitude(k)));
+    RealSetSign(dest, k < 0 ? 1 : 0);
 }
 
 bool RealToUint(uint64_t* out, const RealNumber* x, uint32_t flags) {

@@ -15,7 +15,7 @@ int64_t PowerGuardDigits(const RealNumber* y) {
 }
 
 int64_t IntegerPowerGuardDigits(int64_t n) {
-    const uint64_t magnitude = n < 0 ? 0 - static_cast<uint64_t>(n) : static_cast<uint64_t>(n);
+    const uint64_t magnitude = IntegerMagnitude(n);
     return magnitude < 100 ? 3 : std::min(DigitCount(magnitude) + 1, DigitsPerLimb);
 }
 

@@ -14,10 +14,6 @@ namespace tallymere {
 
 namespace {
 
-uint64_t Magnitude(int64_t n) {
-    return n < 0 ? 0 - static_cast<uint64_t>(n) : static_cast<uint64_t>(n);
-}
-
 // dest = dest * base^count; raw. Leaves some power in base.
 Limb MultiplyByPower(RealNumber* dest, RealNumber* base, uint64_t count) {
     Limb guard = 0;
@@ -85,7 +81,7 @@ Limb RealPowerInt(RealNumber* dest, const RealNumber* x, int64_t n) {
     RealNumber* base = RealAt(scratch.Take(RealWords()));
     RealCopy(base, x);
     RealSetOne(dest);
-    const Limb guard = MultiplyByPower(dest, base, Magnitude(n));
+    const Limb guard = MultiplyByPower(dest, base, IntegerMagnitude(n));
     return n < 0 ? RealReciprocalAny(dest, dest) : guard;
 }
 
@@ -100,7 +96,7 @@ void RealPowerIntRounded(RealNumber* dest, const RealNumber* x, int64_t n) {
 
 Limb RealPowerOfTwo(RealNumber* dest, int64_t n) {
     const bool negative = n < 0;
-    const uint64_t m = Magnitude(n);
+    const uint64_t m = IntegerMagnitude(n);
     const uint64_t lowPower = uint64_t{1} << (m % 64);
     if ((m & 64) != 0) {
         LoadConstant(dest, negative ? ConstTwoPowMinus64 : ConstTwoPow64);

@@ -1,0 +1,12 @@
+#include "core/complex_modulus.h"
+
+#include "functions/hypotenuse.h"
+
+namespace tallymere {
+
+void ComplexAbs(ComplexNumber* dest, const ComplexNumber* z) {
+    RealHypotRounded(RealPart(dest), RealPart(z), ImaginaryPart(z));
+    ComplexClearImaginaryPart(dest);
+}
+
+}  // namespace tallymere
