@@ -23,20 +23,22 @@ inline constexpr int64_t TangentTableRows = 3000;
 
 /// A line of the triangle at work. Row 0 holds T_k between two pairs of steps.
 struct TangentTable {
-    uint64_t* rows;  ///< TangentTableRows records of the layout at its making, of which only rows
-                     ///< that were in use are ever touched; null if there was no memory
-    int64_t steps;   ///< odd where row 0 holds a tangent number
-    int64_t length;  ///< rows in use, 2k - 1
+    uint64_t* rows;    ///< TangentTableRows records of the layout at its making, of which only rows
+                       ///< that were in use are ever touched; null if there was no memory
+    int64_t rowWords;  ///< words of a record
+    int64_t steps;     ///< odd where row 0 holds a tangent number
+    int64_t length;    ///< rows in use, 2k - 1
 };
 
-/// Row i, 0 <= i < length. The layout in force must be that of the table's making.
+/// Row i, 0 <= i < length.
 inline RealNumber* TangentRow(const TangentTable& table, int64_t i) {
-    return RealAt(table.rows + i * RealWords());
+    return RealAt(table.rows + i * table.rowWords);
 }
 
 /// One half of the way from T_k to T_(k+1): the first step of each pair makes partial sums, the
 /// second makes them in the other direction, two rows longer, and puts T_(k+1) into row 0. Sums are
-/// raw; they are exact as long as they fit the precision. Past the last row the second step puts
+/// raw; they are exact as long as they fit the precision. The layout in force must be that of the
+/// table's making. Past the last row the second step puts
 /// NaN into row 0, sets code 400 and changes nothing else.
 void TangentStep(TangentTable& table);
 

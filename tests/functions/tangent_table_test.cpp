@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include <cstring>
 #include <string>
 #include <vector>
 
-#include "core/real_compare.h"
+#include "core/real_add.h"
 #include "core/scratch.h"
 #include "functions/tangent_testing.h"
 #include "support/real_testing.h"
@@ -67,6 +67,42 @@ TEST(TangentTable, HoldsOneLineOfTheTriangle) {
     EXPECT_EQ(line(), "1.6e1 1.6e1 1.4e1 1e1 5e0 ");
     EXPECT_EQ(table.steps, 5);
     EXPECT_EQ(table.length, 5);
+}
+
+// The same steps, every sum at the whole length of the records.
+void PlainStep(std::vector<RealBuffer>& rows, bool upwards) {
+    const size_t length = rows.size();
+    if (upwards) {
+        for (size_t i = 1; i < length; i++) {
+            RealAddRaw(rows[i], rows[i], rows[i - 1], false);
+        }
+        return;
+    }
+    rows.resize(length + 2, rows[length - 1]);
+    for (size_t i = length; i >= 1; i--) {
+        RealAddRaw(rows[i], rows[i - 1], rows[i + 1], false);
+    }
+    rows[0] = rows[1];
+}
+
+TEST(TangentTable, IsWordForWordTheTableOfWholeSums) {
+    for (int64_t p : {1, 2, 9, 16, 18, 19, 20, 37, 38, 39, 57, 100, 300, 1000}) {
+        PrecisionScope scope(p);
+        TangentTableScope owner;
+        TangentTable& table = owner.Table();
+        std::vector<RealBuffer> rows = {RealBuffer("1")};
+        const size_t bytes = static_cast<size_t>(RealWords()) * sizeof(uint64_t);
+        for (int step = 2; step <= TestRounds(300); step++) {
+            TangentStep(table);
+            PlainStep(rows, step % 2 == 0);
+            ASSERT_EQ(table.length, static_cast<int64_t>(rows.size()));
+            for (size_t i = 0; i < rows.size(); i++) {
+                const auto row = static_cast<int64_t>(i);
+                ASSERT_EQ(std::memcmp(TangentRow(table, row), rows[i].Get(), bytes), 0)
+                    << step << " " << i;
+            }
+        }
+    }
 }
 
 TEST(TangentTable, TruncatesWhatDoesNotFit) {
