@@ -9,6 +9,7 @@
 #include "core/real_rounding.h"
 #include "core/scratch.h"
 #include "functions/exponential.h"
+#include "functions/factor_range.h"
 #include "functions/guard_digits.h"
 #include "functions/powers.h"
 #include "functions/roots.h"
@@ -162,15 +163,7 @@ int64_t FactorialCutoverAt(int64_t p) {
 
 Limb RealProductFactorial(RealNumber* dest, int64_t n) {
     RealSetOne(dest);
-    Limb guard = 0;
-    for (int64_t i = 2; i <= n; i++) {
-        guard = RealMulUint(dest, dest, static_cast<uint64_t>(i));
-        if (AbortRequested()) {
-            RealSetNaN(dest, CalcErrorCancelled);
-            return 0;
-        }
-    }
-    return guard;
+    return n < 2 ? 0 : RealMulRange(dest, 2, static_cast<uint64_t>(n));
 }
 
 Limb RealStirlingFactorial(RealNumber* dest, int64_t n) {
