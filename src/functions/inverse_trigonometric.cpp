@@ -46,7 +46,6 @@ constexpr uint64_t FineMidway[] = {
 constexpr StepThresholds FineThresholds = {FineMidway, 11};
 static_assert(std::size(FineMidway) + 1 == AtanStepTable.fine.size());
 
-// The step whose angle is nearest to that of the tangent y, for 0 <= y <= 1.
 uint64_t NearestStep(const RealNumber* y, const StepThresholds& thresholds) {
     // The power of ten that puts the nine digits into the unit of the thresholds.
     const int64_t scale = RealExponent(y) - (TangentDigits - 1) + thresholds.places;
@@ -108,13 +107,13 @@ void ShiftByStep(RealNumber* y, std::span<const AtanStep> steps, uint64_t k) {
 // y = the arc tangent of y, for 0 <= y <= 1; raw.
 Limb AtanOfFraction(RealNumber* y) {
     const bool fineSteps = numberContext.precisionDigits >= FineStepDigits;
-    const uint64_t coarse = NearestStep(y, CoarseThresholds);
+    const uint64_t coarse = NearestCoarseStep(y);
     ShiftByStep(y, AtanStepTable.coarse, coarse);
     const uint64_t sign = RealSign(y);
     uint64_t fine = 0;
     if (fineSteps) {
         RealSetSign(y, 0);
-        fine = NearestStep(y, FineThresholds);
+        fine = NearestFineStep(y);
         ShiftByStep(y, AtanStepTable.fine, fine);
     }
     Limb guard = SeriesAtan(y, y);
@@ -133,6 +132,14 @@ Limb AtanOfFraction(RealNumber* y) {
 }
 
 }  // namespace
+
+uint64_t NearestCoarseStep(const RealNumber* y) {
+    return NearestStep(y, CoarseThresholds);
+}
+
+uint64_t NearestFineStep(const RealNumber* y) {
+    return NearestStep(y, FineThresholds);
+}
 
 Limb AtanShift(RealNumber* x, uint64_t numerator, uint64_t denominator) {
     CoreScratchScope scratch;

@@ -50,6 +50,11 @@ inline constexpr AtanSteps AtanStepTable = [] {
     return table;
 }();
 
+/// The entries of the table whose angles are nearest to that of the tangent y, by nine digits of y:
+/// a coarse one for 0 <= y <= 1, a fine one for what a coarse step can leave, 0 <= y < 0.0241.
+uint64_t NearestCoarseStep(const RealNumber* y);
+uint64_t NearestFineStep(const RealNumber* y);
+
 /// Turns the tangent x of an angle into that of the angle less the arc tangent of the fraction:
 /// x = (x d - n) / (x n + d); raw.
 Limb AtanShift(RealNumber* x, uint64_t numerator, uint64_t denominator);

@@ -7,14 +7,15 @@
 #include <string>
 #include <string_view>
 
-#include "core/real_layout.h"
-#include "core/real_rounding.h"
+#include "core/real_add.h"
+#include "core/real_compare.h"
+#include "core/real_integer.h"
+#include "support/decimal_text.h"
 #include "support/real_testing.h"
 
 namespace tallymere::testing_support {
 
 using RoundedUnaryFunction = void (*)(RealNumber* dest, const RealNumber* x);
-using RoundedBinaryFunction = void (*)(RealNumber* dest, const RealNumber* a, const RealNumber* b);
 
 /// The result and the code of f(x), which must be the same with the operand as destination.
 template <typename Function>
@@ -49,12 +50,33 @@ Outcome ResultOf(Function f, std::string_view first, std::string_view second) {
     return outcome;
 }
 
-/// The number that the text denotes, of at most 120 digits, rounded to p digits; as PlainText.
+/// The number that the text denotes, rounded to p digits; as PlainText.
 inline std::string RoundedText(std::string_view text, int64_t p) {
-    PrecisionScope scope(120);
-    RealBuffer x(text);
-    RealRoundDigits(x, x, p);
-    return PlainText(x);
+    return ReadDecimal(WideText(text), p, u'.', 0).plain;
+}
+
+/// What a function gives at the precision in force if it gives the number that the digits begin,
+/// correctly rounded and without a code.
+inline Outcome Digits(std::string_view digits) {
+    return Silent(RoundedText(digits, numberContext.precisionDigits));
+}
+
+/// The number that the digits begin, rounded to the precision in force.
+inline RealBuffer NumberOf(std::string_view digits) {
+    return RealBuffer(Digits(digits).text);
+}
+
+/// Fails unless `actual` is at most `units` units in the last place of `expected` away from it.
+inline void ExpectWithin(int64_t units, const RealBuffer& actual, const RealBuffer& expected) {
+    RealBuffer difference;
+    RealSubtract(difference, actual, expected);
+    RealBuffer bound;
+    RealFromUint(bound, static_cast<uint64_t>(units));
+    RealSetExponent(
+        bound, RealExponent(bound) + RealExponent(expected) - (numberContext.precisionDigits - 1));
+    EXPECT_LE(RealCompare(difference, bound, true), 0)
+        << PlainText(actual) << " is off " << PlainText(expected) << " by "
+        << PlainText(difference);
 }
 
 }  // namespace tallymere::testing_support
