@@ -105,19 +105,6 @@ Limb ApplyFactor(RealNumber* dest, PendingFactor factor) {
                          : RealMulUint(dest, dest, factor.power->power);
 }
 
-// sum = e^v = 1 + v + v^2/2! + ...
-Limb ExpSeries(RealNumber* sum, RealNumber* term, const RealNumber* v) {
-    RealSetOne(sum);
-    RealCopy(term, v);
-    Limb guard = RealAddRaw(sum, sum, term, false);
-    for (uint64_t j = 2; !SeriesEnds(sum, term); j++) {
-        RealMulRaw(term, term, v);
-        RealDivUint(term, term, j);
-        guard = RealAddRaw(sum, sum, term, false);
-    }
-    return guard;
-}
-
 // x = x^10.
 Limb TenthPower(RealNumber* x, RealNumber* square, RealNumber* power) {
     RealMulRaw(square, x, x);
@@ -173,10 +160,10 @@ Limb RealExpBase(RealNumber* dest, const RealNumber* x, ExpMode mode) {
         tenthPowers = RealExponent(v) - SeriesExponent;
         v->header = MakeHeader(SeriesExponent, RealSign(v));
     }
-    RealNumber* term = constant;
-    Limb guard = ExpSeries(dest, term, v);
+    SeriesExp(dest, v);
+    Limb guard = 0;
     for (; tenthPowers > 0; tenthPowers--) {
-        guard = TenthPower(dest, v, term);
+        guard = TenthPower(dest, v, constant);
     }
     for (const PendingFactor& factor : {first, second}) {
         if (factor.power->power != 1) {

@@ -4,10 +4,86 @@
 #include "core/real_divide.h"
 #include "core/real_multiply.h"
 #include "core/scratch.h"
+#include "functions/grid_series.h"
 
 namespace tallymere {
 
 namespace {
+
+// Each series that is computed on the grid of its sum has its plain steps beside it, which also
+// say what the digits are.
+
+bool ExpOnGrid(RealNumber* sum, const RealNumber* x) {
+    RealSetOne(sum);
+    RealAddRaw(sum, sum, x, false);
+    if (SeriesEnds(sum, x)) {
+        return true;
+    }
+    if (!GridCanHold(sum, x, x)) {
+        return false;
+    }
+    CoreScratchScope scratch;
+    const GridFactor factor = MakeGridFactor(scratch, x);
+    GridTerm term = MakeGridTerm(scratch, x, sum);
+    const bool negative = RealSign(x) != 0;
+    GridOutcome outcome = GridOutcome::Added;
+    for (uint64_t j = 2; outcome == GridOutcome::Added; j++) {
+        GridMultiply(term, factor);
+        GridQuotient(term, term, j);
+        outcome = GridAdd(sum, term, negative && j % 2 != 0);
+    }
+    return outcome == GridOutcome::Last;
+}
+
+void ExpBySteps(RealNumber* sum, const RealNumber* x) {
+    CoreScratchScope scratch;
+    RealNumber* term = RealAt(scratch.Take(RealWords()));
+    RealSetOne(sum);
+    RealCopy(term, x);
+    RealAddRaw(sum, sum, term, false);
+    for (uint64_t j = 2; !SeriesEnds(sum, term); j++) {
+        RealMulRaw(term, term, x);
+        RealDivUint(term, term, j);
+        RealAddRaw(sum, sum, term, false);
+    }
+}
+
+// The number of terms, or 0 if it has to be done by steps.
+int64_t AtanhOnGrid(RealNumber* sum, const RealNumber* x, const RealNumber* square) {
+    if (!GridCanHold(x, x, square)) {
+        return 0;
+    }
+    CoreScratchScope scratch;
+    const GridFactor factor = MakeGridFactor(scratch, square);
+    GridTerm power = MakeGridTerm(scratch, x, x);
+    GridTerm term = MakeGridTerm(scratch);
+    RealCopy(sum, x);
+    int64_t terms = 0;
+    GridOutcome outcome = GridOutcome::Added;
+    while (outcome == GridOutcome::Added) {
+        terms++;
+        GridMultiply(power, factor);
+        GridQuotient(term, power, static_cast<uint64_t>(2 * terms + 1));
+        outcome = GridAdd(sum, term, false);
+    }
+    return outcome == GridOutcome::Last ? terms : 0;
+}
+
+int64_t AtanhBySteps(RealNumber* sum, const RealNumber* x, const RealNumber* square) {
+    CoreScratchScope scratch;
+    RealNumber* power = RealAt(scratch.Take(RealWords()));
+    RealNumber* term = RealAt(scratch.Take(RealWords()));
+    RealCopy(power, x);
+    RealCopy(sum, x);
+    int64_t terms = 0;
+    do {
+        terms++;
+        RealMulRaw(power, power, square);
+        RealDivUint(term, power, static_cast<uint64_t>(2 * terms + 1));
+        RealAddRaw(sum, sum, term, false);
+    } while (!SeriesEnds(sum, term));
+    return terms;
+}
 
 // sum = term + the terms that follow it, each the one before times -square / (k (k + 1)), with k
 // growing by 2.
@@ -57,23 +133,22 @@ void PairedFactorialSeries(RealNumber* odd, RealNumber* even, const RealNumber* 
 
 }  // namespace
 
+void SeriesExp(RealNumber* dest, const RealNumber* x) {
+    if (!ExpOnGrid(dest, x)) {
+        ExpBySteps(dest, x);
+    }
+}
+
 int64_t SeriesAtanh(RealNumber* dest, const RealNumber* x) {
     CoreScratchScope scratch;
     RealNumber* square = RealAt(scratch.Take(RealWords()));
-    RealNumber* power = RealAt(scratch.Take(RealWords()));
-    RealNumber* term = RealAt(scratch.Take(RealWords()));
+    RealNumber* sum = RealAt(scratch.Take(RealWords()));
     RealMulRaw(square, x, x);
-    RealCopy(power, x);
-    if (dest != x) {
-        RealCopy(dest, x);
+    int64_t terms = AtanhOnGrid(sum, x, square);
+    if (terms == 0) {
+        terms = AtanhBySteps(sum, x, square);
     }
-    int64_t terms = 0;
-    do {
-        terms++;
-        RealMulRaw(power, power, square);
-        RealDivUint(term, power, static_cast<uint64_t>(2 * terms + 1));
-        RealAddRaw(dest, dest, term, false);
-    } while (!SeriesEnds(dest, term));
+    RealCopy(dest, sum);
     return terms;
 }
 

@@ -15,6 +15,9 @@ inline bool SeriesEnds(const RealNumber* sum, const RealNumber* term) {
            RealExponent(sum) - RealExponent(term) >= numberContext.precisionDigits - 1;
 }
 
+/// dest = e^x = 1 + x + x^2/2! + ... dest must not be x.
+void SeriesExp(RealNumber* dest, const RealNumber* x);
+
 /// dest = artanh x = x + x^3/3 + x^5/5 + ... Returns the number of terms added to x, at least 1.
 int64_t SeriesAtanh(RealNumber* dest, const RealNumber* x);
 

@@ -1,0 +1,161 @@
+#include "functions/grid_series.h"
+
+#include <algorithm>
+
+#include "core/limb_columns.h"
+#include "core/limb_tools.h"
+#include "core/real_divide.h"
+
+namespace tallymere {
+
+namespace {
+
+// The limb below the sum.
+constexpr int64_t SpareLimbs = 1;
+
+// An exponent that no term can bring to the end of the range.
+constexpr int64_t LargestExponent = MaxExponent / 4;
+
+// By how many units of its last limb a term is too small at most. A product leaves out the columns
+// beyond the one behind the last limb, less than a unit for each limb of the term; every step cuts
+// off another unit; and what was there before shrinks by the factor.
+constexpr Limb TermError = 4096;
+
+// A term has to lie that many digits below the sum, so that the error of the steps of p digits is
+// small against the sum's last digit.
+constexpr int64_t LeastGap = 6;
+
+void SkipZeros(GridTerm& term) {
+    while (term.lead < term.length && term.limbs[term.lead] == 0) {
+        term.lead++;
+    }
+}
+
+// By how many units of its last limb a term can differ from the number that the steps of p digits
+// make. Each of them is off by about one unit in the last of its p digits at most, and 20 / 10^gap
+// of the sum's last digit is twice that. False where the term lies too near to the sum.
+bool StepError(const GridTerm& term, Limb* error) {
+    const int64_t gap =
+        numberContext.topLimbDigits + DigitsPerLimb * term.lead - DigitCount(term.limbs[term.lead]);
+    if (gap < LeastGap) {
+        return false;
+    }
+    const Limb units = 20 * static_cast<Limb>(term.steps);
+    *error = TermError + units * PowerOfTen(std::max<int64_t>(DigitsPerLimb - gap, 0));
+    return true;
+}
+
+}  // namespace
+
+bool GridCanHold(const RealNumber* sum, const RealNumber* power, const RealNumber* factor) {
+    const auto moderate = [](const RealNumber* x) {
+        return RealExponent(x) > -LargestExponent && RealExponent(x) < LargestExponent;
+    };
+    return moderate(sum) && moderate(power) && moderate(factor) && RealExponent(factor) < -2 &&
+           RealExponent(power) <= RealExponent(sum);
+}
+
+GridTerm MakeGridTerm(ScratchScope& scratch) {
+    const int64_t length = numberContext.realLimbs + SpareLimbs;
+    return {scratch.Take(length), length, length, 0};
+}
+
+GridTerm MakeGridTerm(ScratchScope& scratch, const RealNumber* x, const RealNumber* sum) {
+    const int64_t n = numberContext.realLimbs;
+    GridTerm term = MakeGridTerm(scratch);
+    LimbsCopy(term.limbs, RealLimbs(x), n);
+    LimbsClear(term.limbs + n, SpareLimbs);
+    LimbsShiftRightFar(term.limbs, term.limbs, term.length, RealExponent(sum) - RealExponent(x));
+    term.lead = 0;
+    SkipZeros(term);
+    return term;
+}
+
+GridFactor MakeGridFactor(ScratchScope& scratch, const RealNumber* x) {
+    const int64_t n = numberContext.realLimbs;
+    GridTerm term = MakeGridTerm(scratch);
+    LimbsShiftLeftDigits(term.limbs, RealLimbs(x), n, DigitsPerLimb - numberContext.topLimbDigits,
+                         0);
+    LimbsClear(term.limbs + n, SpareLimbs);
+    LimbsShiftRightFar(term.limbs, term.limbs, term.length, -1 - RealExponent(x));
+    term.lead = 0;
+    SkipZeros(term);
+    return {term.limbs, term.length, term.lead};
+}
+
+void GridMultiply(GridTerm& term, const GridFactor& factor) {
+    term.steps++;
+    if (term.lead == term.length) {
+        return;
+    }
+    // From the last column up, so that a limb is written when no column needs it any more. The
+    // column behind the last limb only feeds the carries.
+    ColumnSum column;
+    for (int64_t c = term.length; c > term.lead; c--) {
+        const int64_t count = c - factor.lead - term.lead;
+        if (count > 0) {
+            AddProducts(column, term.limbs + term.lead, factor.limbs + (c - 1 - term.lead), count);
+        }
+        const Limb limb = TakeLimb(column);
+        if (c < term.length) {
+            term.limbs[c] = limb;
+        }
+    }
+    term.limbs[term.lead] = column.sum.low;
+    SkipZeros(term);
+}
+
+void GridQuotient(GridTerm& dest, const GridTerm& term, uint64_t d) {
+    dest.lead = term.lead;
+    dest.steps = term.steps + 1;
+    // remainder * LimbBase + limb = d * (remainder * whole) + (remainder * part + limb), and the
+    // second sum fits 64 bits: a quotient of 64 bits for each limb, off by one at most.
+    const uint64_t whole = LimbBase / d;
+    const uint64_t part = LimbBase % d;
+    const bool powerOfTwo = (d & (d - 1)) == 0;
+    const uint64_t reciprocal = powerOfTwo ? ~uint64_t{0} : DivisorReciprocal(d);
+    const int shift = HighestBit(d);
+    uint64_t remainder = 0;
+    for (int64_t i = term.lead; i < term.length; i++) {
+        const uint64_t value = remainder * part + term.limbs[i];
+        uint64_t quotient = MultiplyHigh(value, reciprocal) >> shift;
+        uint64_t rest = value - quotient * d;
+        const uint64_t tooSmall = rest >= d ? 1 : 0;
+        quotient += tooSmall;
+        rest -= d & (0 - tooSmall);
+        dest.limbs[i] = remainder * whole + quotient;
+        remainder = rest;
+    }
+    SkipZeros(dest);
+}
+
+GridOutcome GridAdd(RealNumber* sum, const GridTerm& term, bool subtract) {
+    const int64_t n = numberContext.realLimbs;
+    const int64_t t = numberContext.topLimbDigits;
+    Limb error = 0;
+    if (term.lead == term.length || !StepError(term, &error)) {
+        return GridOutcome::Doubtful;
+    }
+    const Limb below = term.limbs[n];
+    if (below <= error || below >= LimbBase - TermError) {
+        return GridOutcome::Doubtful;
+    }
+    Limb* limbs = RealLimbs(sum);
+    // A difference is truncated too: what lies below the last digit takes one more off it.
+    Limb carry = subtract ? 1 : 0;
+    int64_t i = n - 1;
+    for (; i >= term.lead; i--) {
+        limbs[i] = subtract ? SubtractLimbs(limbs[i], term.limbs[i], carry)
+                            : AddLimbs(limbs[i], term.limbs[i], carry);
+    }
+    for (; carry != 0 && i >= 0; i--) {
+        limbs[i] = subtract ? SubtractLimbs(limbs[i], 0, carry) : AddLimbs(limbs[i], 0, carry);
+    }
+    if (carry != 0 || limbs[0] < PowerOfTen(t - 1) || limbs[0] >= PowerOfTen(t)) {
+        return GridOutcome::Doubtful;
+    }
+    const bool last = term.lead == n || (term.lead == n - 1 && term.limbs[n - 1] < 10);
+    return last ? GridOutcome::Last : GridOutcome::Added;
+}
+
+}  // namespace tallymere

@@ -1,0 +1,132 @@
+// The series on the grid of their sum against their plain twins: the same limbs for every argument.
+#include <gtest/gtest.h>
+
+#include "core/real_layout.h"
+#include "functions/series.h"
+#include "reference/series_twins.h"
+#include "support/real_testing.h"
+
+namespace tallymere {
+namespace {
+
+using namespace testing_support;
+
+struct Layout {
+    int64_t digits;
+    int rounds;
+};
+
+// Every limb count from 1 to 40 with every t, and samples up to the longest.
+std::vector<Layout> Layouts() {
+    std::vector<Layout> layouts;
+    for (int64_t p = 1; p <= 760; p += p < 120 ? 1 : 7) {
+        layouts.push_back({p, TestRounds(p < 120 ? 200 : 10)});
+    }
+    for (int64_t p : {1000, 1007, 1010, 2000}) {
+        layouts.push_back({p, TestRounds(5)});
+    }
+    layouts.push_back({MaxPrecisionDigits, 1});
+    return layouts;
+}
+
+// An argument with a magnitude from 10^lowest to less than 10^(highest + 1), mostly near the upper
+// end. Some have few digits, so that terms end in zeros, and some are all nines.
+void FillArgument(RandomSource& random, RealNumber* x, int64_t lowest, int64_t highest) {
+    FillReal(random, x, 1);
+    const int64_t low = random.Below(4) == 0 ? lowest : highest - 2;
+    x->header = MakeHeader(random.Between(low, highest), RealSign(x));
+}
+
+TEST(SeriesTwins, ExponentialHasTheSameLimbs) {
+    RandomSource random;
+    for (const Layout& layout : Layouts()) {
+        PrecisionScope scope(layout.digits);
+        for (int round = 0; round < layout.rounds; round++) {
+            RealBuffer x;
+            FillArgument(random, x, -layout.digits - 3, -4);
+            RealBuffer actual;
+            RealBuffer expected;
+            SeriesExp(actual, x);
+            reference::SeriesExp(expected, x);
+            ASSERT_EQ(actual, expected) << PlainText(x);
+        }
+    }
+}
+
+TEST(SeriesTwins, AreaTangentHasTheSameLimbs) {
+    RandomSource random;
+    for (const Layout& layout : Layouts()) {
+        PrecisionScope scope(layout.digits);
+        for (int round = 0; round < layout.rounds; round++) {
+            RealBuffer x;
+            FillArgument(random, x, -layout.digits - 3, -2);
+            RealBuffer actual;
+            RealBuffer expected;
+            const int64_t terms = SeriesAtanh(actual, x);
+            EXPECT_EQ(terms, reference::SeriesAtanh(expected, x));
+            ASSERT_EQ(actual, expected) << PlainText(x);
+        }
+    }
+}
+
+// Squares that are powers of ten leave nothing below the digits of a term, which is as doubtful as
+// it gets.
+TEST(SeriesTwins, AgreeWhereTermsAreExact) {
+    for (int64_t p : SmallPrecisions) {
+        PrecisionScope scope(p);
+        for (const char* text : {"1e-3", "-1e-4", "1e-5", "-1e-9", "2e-6", "5e-7"}) {
+            const RealBuffer x(text);
+            RealBuffer actual;
+            RealBuffer expected;
+            SeriesExp(actual, x);
+            reference::SeriesExp(expected, x);
+            EXPECT_EQ(actual, expected) << text;
+            SeriesAtanh(actual, x);
+            reference::SeriesAtanh(expected, x);
+            EXPECT_EQ(actual, expected) << text;
+        }
+    }
+}
+
+// A sum that carries into its leading digit moves on its grid.
+TEST(SeriesTwins, AgreeWhereTheSumGainsOrLosesADigit) {
+    for (int64_t p : SmallPrecisions) {
+        PrecisionScope scope(p);
+        RealBuffer x("9e-3");
+        for (int64_t i = 0; i < x.LimbCount(); i++) {
+            x.Limbs()[i] = LimbBase - 1;
+        }
+        x.Limbs()[0] = PowerOfTen(numberContext.topLimbDigits) - 1;
+        for (uint64_t sign : {0u, 1u}) {
+            RealSetSign(x, sign);
+            RealBuffer actual;
+            RealBuffer expected;
+            SeriesAtanh(actual, x);
+            reference::SeriesAtanh(expected, x);
+            EXPECT_EQ(actual, expected);
+            SeriesExp(actual, x);
+            reference::SeriesExp(expected, x);
+            EXPECT_EQ(actual, expected);
+        }
+    }
+}
+
+TEST(SeriesTwins, AgreeAtTheEndsOfTheExponentRange) {
+    for (int64_t p : {9, 20, 57}) {
+        PrecisionScope scope(p);
+        for (const char* text : {"1e-4611686018427387903", "7.25e-2305843009213693951",
+                                 "7.25e-2305843009213693952", "-3e-1152921504606846976"}) {
+            const RealBuffer x(text);
+            RealBuffer actual;
+            RealBuffer expected;
+            SeriesExp(actual, x);
+            reference::SeriesExp(expected, x);
+            EXPECT_EQ(actual, expected) << text;
+            EXPECT_EQ(SeriesAtanh(actual, x), reference::SeriesAtanh(expected, x)) << text;
+            EXPECT_EQ(actual, expected) << text;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace tallymere
