@@ -22,29 +22,37 @@ inline void RaiseExactly(RealNumber* dest, const RealBuffer& x, int64_t n) {
 }
 
 /// Expects root^degree to be x but for an error of the root of at most `hundredths` hundredths of a
-/// unit in its last place: x lies between the exact powers of the two numbers so far below and
-/// above the root. Both are finite, positive and of the layout in force.
-inline void ExpectRootWithin(const RealNumber* root, const RealNumber* x, int64_t degree,
-                             uint64_t hundredths) {
-    const RealLayout layout = CurrentRealLayout();
-    const std::string message = PlainText(root) + " is no root of " + PlainText(x);
-    RealLayoutScope scope;
-    InstallRealLayout(LayoutForDigits(degree * (layout.digits + 4)));
+/// unit in its last place: x lies between the powers of the two numbers so far below and above the
+/// root. Both are finite and positive; the root is of layout `rootLayout`, and x of the layout in
+/// force, which has room for those powers.
+inline void ExpectWideRootWithin(const RealNumber* root, RealLayout rootLayout, const RealNumber* x,
+                                 int64_t degree, uint64_t hundredths) {
     RealBuffer wideRoot;
-    RealBuffer wideX;
-    RealConvertLayout(wideRoot, root, layout);
-    RealConvertLayout(wideX, x, layout);
+    RealConvertLayout(wideRoot, root, rootLayout);
     RealBuffer error("1e-2");
     RealMulUint(error, error, hundredths);
-    RealSetExponent(error, RealExponent(error) + RealExponent(root) - (layout.digits - 1));
+    RealSetExponent(error, RealExponent(error) + RealExponent(root) - (rootLayout.digits - 1));
     RealBuffer end;
     RealBuffer power;
     RealAddRaw(end, wideRoot, error, true);
     RaiseExactly(power, end, degree);
-    EXPECT_LE(RealCompare(power, wideX), 0) << message << ": too large";
+    EXPECT_LE(RealCompare(power, x), 0)
+        << PlainText(wideRoot) << " is too large as root of " << PlainText(x);
     RealAddRaw(end, wideRoot, error, false);
     RaiseExactly(power, end, degree);
-    EXPECT_GE(RealCompare(power, wideX), 0) << message << ": too small";
+    EXPECT_GE(RealCompare(power, x), 0)
+        << PlainText(wideRoot) << " is too small as root of " << PlainText(x);
+}
+
+/// The same for an x of the root's own layout, which is in force.
+inline void ExpectRootWithin(const RealNumber* root, const RealNumber* x, int64_t degree,
+                             uint64_t hundredths) {
+    const RealLayout layout = CurrentRealLayout();
+    RealLayoutScope scope;
+    InstallRealLayout(LayoutForDigits(degree * (layout.digits + 4)));
+    RealBuffer wideX;
+    RealConvertLayout(wideX, x, layout);
+    ExpectWideRootWithin(root, layout, wideX, degree, hundredths);
 }
 
 }  // namespace tallymere::testing_support
