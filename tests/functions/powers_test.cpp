@@ -5,7 +5,11 @@
 #include <limits>
 #include <string>
 
-#include "core/real_multiply.h"
+#include "core/real_add.h"
+#include "core/real_divide.h"
+#include "core/real_integer.h"
+#include "functions/function_testing.h"
+#include "functions/root_testing.h"
 #include "support/real_testing.h"
 
 namespace tallymere {
@@ -16,14 +20,13 @@ using namespace testing_support;
 constexpr int64_t LeastInt = std::numeric_limits<int64_t>::min();
 constexpr int64_t LargestInt = std::numeric_limits<int64_t>::max();
 
-Outcome PowerInt(std::string_view text, int64_t n) {
-    const RealBuffer x(text);
-    RealBuffer dest;
-    RealPowerIntRounded(dest, x, n);
-    RealBuffer same = x;
-    RealPowerIntRounded(same, same, n);
-    EXPECT_EQ(dest, same) << "with the destination as operand";
-    return {PlainText(dest), TakeCode()};
+Outcome PowerInt(std::string_view x, int64_t n) {
+    return ResultOf([n](RealNumber* dest, const RealNumber* a) { RealPowerIntRounded(dest, a, n); },
+                    x);
+}
+
+Outcome Power(std::string_view x, std::string_view y) {
+    return ResultOf(RealPowerRounded, x, y);
 }
 
 Outcome PowerOfTwo(int64_t n) {
@@ -176,6 +179,210 @@ TEST(RealPowerOfTwo, TakesTheLargestExponents) {
     EXPECT_EQ(PowerOfTwo(LeastInt), Silent("7.2414846221117472434e-2776511644261678567"));
     for (int64_t n : {LargestInt, LeastInt, LargestInt - 63, LeastInt + 64}) {
         EXPECT_EQ(PowerOfTwo(n), PowerInt("2", n)) << n;
+    }
+}
+
+// Real exponents. The rows of RealPower's special values, one test each.
+
+TEST(RealPower, OfNaNIsNaNForEveryExponentButZero) {
+    for (int64_t p : SmallPrecisions) {
+        PrecisionScope scope(p);
+        for (const char* y : {"1", "-2", "0.5", "inf", "-inf", "nan", "1e-900"}) {
+            EXPECT_EQ(Power("nan", y), Silent("nan")) << y;
+        }
+    }
+}
+
+TEST(RealPower, WithExponentZeroIsOneForEverythingButAnInfinity) {
+    for (int64_t p : SmallPrecisions) {
+        PrecisionScope scope(p);
+        for (const char* y : {"0", "-0"}) {
+            EXPECT_EQ(Power("inf", y), Undefined);
+            EXPECT_EQ(Power("-inf", y), Undefined);
+            for (const char* x : {"0", "-0", "1", "-2", "7e-40", "nan"}) {
+                EXPECT_EQ(Power(x, y), Silent("1e0")) << x;
+            }
+        }
+    }
+}
+
+TEST(RealPower, WithExponentNaNIsNaN) {
+    for (int64_t p : SmallPrecisions) {
+        PrecisionScope scope(p);
+        for (const char* x : {"0", "-0", "1", "-2", "0.5", "inf", "-inf"}) {
+            EXPECT_EQ(Power(x, "nan"), Silent("nan")) << x;
+        }
+    }
+}
+
+TEST(RealPower, KnowsInfiniteExponents) {
+    for (int64_t p : SmallPrecisions) {
+        PrecisionScope scope(p);
+        for (const char* x : {"0", "-0", "-1", "-0.5", "-3e40", "-inf"}) {
+            EXPECT_EQ(Power(x, "inf"), Undefined) << x;
+            EXPECT_EQ(Power(x, "-inf"), Undefined) << x;
+        }
+        for (const char* x : {"1", "0.5", "3e40", "1e-900", "inf"}) {
+            EXPECT_EQ(Power(x, "inf"), Silent("inf")) << x;
+            EXPECT_EQ(Power(x, "-inf"), Silent("0")) << x;
+        }
+    }
+}
+
+TEST(RealPower, KnowsPowersOfInfinities) {
+    for (int64_t p : SmallPrecisions) {
+        PrecisionScope scope(p);
+        for (const char* y : {"1", "2", "0.5", "7e30", "1e-900"}) {
+            EXPECT_EQ(Power("inf", y), Silent("inf")) << y;
+            EXPECT_EQ(Power("inf", "-" + std::string(y)), Silent("0")) << y;
+        }
+        for (const char* y : {"1", "3"}) {
+            EXPECT_EQ(Power("-inf", y), Silent("-inf")) << y;
+            EXPECT_EQ(Power("-inf", "-" + std::string(y)), Silent("-0")) << y;
+        }
+        for (const char* y : {"2", "7e30"}) {
+            EXPECT_EQ(Power("-inf", y), Silent("inf")) << y;
+            EXPECT_EQ(Power("-inf", "-" + std::string(y)), Silent("0")) << y;
+        }
+        for (const char* y : {"0.5", "-0.5", "1e-900"}) {
+            EXPECT_EQ(Power("-inf", y), Undefined) << y;
+        }
+    }
+}
+
+TEST(RealPower, KnowsPowersOfZero) {
+    for (int64_t p : SmallPrecisions) {
+        PrecisionScope scope(p);
+        const auto expect = [](const std::string& y, const char* powerOfMinusZero) {
+            EXPECT_EQ(Power("0", y), Silent("0")) << y;
+            EXPECT_EQ(Power("-0", y), Silent(powerOfMinusZero)) << y;
+            EXPECT_EQ(Power("0", "-" + y), Undefined) << y;
+            EXPECT_EQ(Power("-0", "-" + y), Undefined) << y;
+        };
+        expect("1", "-0");
+        expect("3", "-0");
+        expect("2", "0");
+        expect("0.5", "0");
+        expect("7e30", "0");
+        expect("1e-900", "0");
+    }
+}
+
+TEST(RealPower, OfNegativeNumbersWantsAnInteger) {
+    for (int64_t p : SmallPrecisions) {
+        PrecisionScope scope(p);
+        EXPECT_EQ(Power("-8", "0.5"), Undefined);
+        EXPECT_EQ(Power("-8", "-0.2"), Undefined);
+        EXPECT_EQ(Power("-1", "1e-900"), Undefined);
+        EXPECT_EQ(Power("-2", "3"), Silent("-8e0"));
+        EXPECT_EQ(Power("-2", "2"), Silent("4e0"));
+        EXPECT_EQ(Power("-2", "-1"), Silent("-5e-1"));
+        // No units digit is left to be odd.
+        EXPECT_EQ(Power("-1", "7e900"), Silent("1e0"));
+        RealBuffer third("1");
+        RealDiv(third, third, RealBuffer("3"));
+        RealBuffer root("-8");
+        RealPowerRounded(root, root, third);
+        EXPECT_EQ(PlainText(root), "nan");
+        EXPECT_EQ(TakeCode(), CalcErrorUndefined);
+    }
+}
+
+TEST(RealPower, KeepsExactPowersExact) {
+    for (int64_t p : {3, 9, 16, 18, 19, 20, 37, 38, 39, 57, 100}) {
+        PrecisionScope scope(p);
+        EXPECT_EQ(Power("9", "0.5"), Silent("3e0"));
+        EXPECT_EQ(Power("4", "1.5"), Silent("8e0"));
+        EXPECT_EQ(Power("6.25", "-0.5"), Silent("4e-1"));
+        EXPECT_EQ(Power("2", "9"), Silent("5.12e2"));
+        EXPECT_EQ(Power("1", "1e30"), Silent("1e0"));
+        EXPECT_EQ(Power("10", "345"), Silent("1e345"));
+        EXPECT_EQ(Power("1e-4", "2.5"), Silent("1e-10"));
+    }
+}
+
+TEST(RealPower, HasTheKnownDigits) {
+    PrecisionScope scope(57);
+    EXPECT_EQ(Power("2", "0.3"),
+              Silent("1.23114441334491628449939306916774310987613776110081779434e0"));
+    EXPECT_EQ(Power("1.7", "-123.456"),
+              Silent("3.5456671385757786808929696116943562870181758555844670292e-29"));
+}
+
+TEST(RealPower, EndsInInfinityAndZeroOutsideTheRange) {
+    for (int64_t p : {20, 37, 57}) {
+        PrecisionScope scope(p);
+        EXPECT_EQ(Power("10", "1e19"), (Outcome{"inf", CalcErrorOverflow}));
+        EXPECT_EQ(Power("10", "-1e19"), Silent("0"));
+        EXPECT_EQ(Power("-10", "10000000000000000001"), (Outcome{"-inf", CalcErrorOverflow}));
+        EXPECT_EQ(Power("-10", "-10000000000000000001"), Silent("-0"));
+        EXPECT_EQ(Power("0.1", "1e30"), Silent("0"));
+        EXPECT_EQ(Power("0.1", "-1e30"), (Outcome{"inf", CalcErrorOverflow}));
+        FieldScope<uint8_t> quiet(numberContext.reportOverflow, 0);
+        FieldScope<uint8_t> report(numberContext.reportUnderflow, 1);
+        EXPECT_EQ(Power("10", "1e19"), Silent("inf"));
+        EXPECT_EQ(Power("10", "-1e19"), (Outcome{"0", CalcErrorUnderflow}));
+    }
+}
+
+TEST(RealPower, OfANumberByItselfMayOverwriteIt) {
+    PrecisionScope scope(20);
+    RealBuffer x("3");
+    RealPowerRounded(x, x, x);
+    EXPECT_EQ(PlainText(x), "2.7e1");
+}
+
+// Expects two numbers that differ by no more than one unit in the last place.
+void ExpectNeighbours(const RealBuffer& a, const RealBuffer& b) {
+    RealBuffer difference;
+    RealSubtract(difference, a, b);
+    EXPECT_TRUE(RealIsZero(difference) ||
+                RealExponent(difference) <= RealExponent(a) - (numberContext.precisionDigits - 1))
+        << PlainText(a) << "\n"
+        << PlainText(b);
+}
+
+TEST(RealPower, AgreesWithProductsForIntegerExponents) {
+    RandomSource random;
+    for (int round = 0; round < TestRounds(1000); round++) {
+        PrecisionScope scope(random.Between(3, 100));
+        const int64_t n = random.Between(-99, 99);
+        RealBuffer x;
+        FillReal(random, x, 3);
+        RealBuffer byProducts;
+        RealPowerIntRounded(byProducts, x, n);
+        RealBuffer y;
+        RealFromInt(y, n);
+        RealBuffer power;
+        RealPowerRounded(power, x, y);
+        EXPECT_EQ(RealSign(power), RealSign(byProducts));
+        ExpectNeighbours(power, byProducts);
+        EXPECT_EQ(TakeCode(), CalcErrorNone);
+    }
+}
+
+// An integer power is off by one half and what its products leave of the guard digits, in
+// hundredths of a unit in the last place.
+TEST(RealPowerInt, IsRightForRandomNumbers) {
+    constexpr uint64_t powerError = 65;
+    RandomSource random;
+    for (int round = 0; round < TestRounds(1000); round++) {
+        const int64_t p = random.Between(1, 60);
+        PrecisionScope scope(p);
+        const int64_t n = random.Between(1, 40);
+        RealBuffer x;
+        FillReal(random, x, 9);
+        RealSetSign(x, 0);
+        RealBuffer power;
+        RealPowerIntRounded(power, x, n);
+        const RealLayout layout = CurrentRealLayout();
+        RealLayoutScope wide;
+        InstallRealLayout(LayoutForDigits(n * p + 4));
+        RealBuffer wideX;
+        RealConvertLayout(wideX, x, layout);
+        RealBuffer exact;
+        RaiseExactly(exact, wideX, n);
+        ExpectWideRootWithin(power, layout, exact, 1, powerError);
     }
 }
 
