@@ -1,7 +1,7 @@
 #include "formula/formula_operands.h"
 
 #include "core/number_context.h"
-#include "formula/complex_evaluation.h"
+#include "formula/complex_operators.h"
 #include "formula/formula_lexer.h"
 #include "formula/formula_stack.h"
 #include "formula/operation_dispatch.h"
@@ -75,13 +75,13 @@ void ApplyImaginaryUnit(FormulaEvaluator& evaluator, const FormulaToken& token) 
     if (numberContext.numberType != NumberTypeComplex) {
         SetFormulaError(evaluator, FormulaErrorNeedsComplex, token);
     } else if (StackId(evaluator, 0) == TokenValue) {
-        if (!ComplexTurnImaginary(evaluator.stack[evaluator.top].value)) {
+        if (!ComplexTurnImaginary(ComplexAt(evaluator.stack[evaluator.top].value))) {
             SetFormulaError(evaluator, FormulaErrorBadNumber, token);
         }
     } else {
         uint64_t* value = PushOperand(evaluator, token);
         if (value != nullptr) {
-            ComplexSetImaginaryUnit(value);
+            ComplexSetImaginaryUnit(ComplexAt(value));
         }
     }
 }

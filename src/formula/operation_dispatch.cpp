@@ -1,8 +1,11 @@
 #include "formula/operation_dispatch.h"
 
+#include "core/complex_text.h"
 #include "core/number_context.h"
 #include "core/real_rounding.h"
 #include "core/real_text.h"
+#include "formula/complex_evaluation.h"
+#include "formula/complex_operators.h"
 #include "formula/real_evaluation.h"
 #include "formula/real_operators.h"
 #include "formula/value_operations.h"
@@ -54,6 +57,9 @@ void ValueFromNumberText(uint64_t* dest, const char16_t* digits, int64_t length,
         case NumberTypeReal:
             RealRound(RealAt(dest), RealFromText(RealAt(dest), digits, length, textFlags));
             break;
+        case NumberTypeComplex:
+            ComplexFromText(ComplexAt(dest), digits, length, textFlags);
+            break;
         default:
             ValueSetUnavailable(dest);
     }
@@ -64,6 +70,9 @@ void ApplyBinaryOperator(FormulaEvaluator& /*evaluator*/, uint32_t operatorId, u
     switch (numberContext.numberType) {
         case NumberTypeReal:
             RealApplyOperator(operatorId, RealAt(left), RealAt(right));
+            break;
+        case NumberTypeComplex:
+            ComplexApplyOperator(operatorId, ComplexAt(left), ComplexAt(right));
             break;
         default:
             ValueSetUnavailable(left);
@@ -77,7 +86,10 @@ void ApplyFunction1(FormulaEvaluator& evaluator, const FormulaToken& function, u
     }
     switch (numberContext.numberType) {
         case NumberTypeReal:
-            RealApplyFunction1(function.id, RealAt(dest), RealAt(argument));
+            RealApplyFunction1(evaluator, function, RealAt(dest), RealAt(argument));
+            break;
+        case NumberTypeComplex:
+            ComplexApplyFunction1(evaluator, function, ComplexAt(dest), ComplexAt(argument));
             break;
         default:
             ValueSetUnavailable(dest);
@@ -85,17 +97,35 @@ void ApplyFunction1(FormulaEvaluator& evaluator, const FormulaToken& function, u
 }
 
 void ApplyFunction2(FormulaEvaluator& evaluator, const FormulaToken& function, uint64_t* dest,
-                    const uint64_t* /*first*/, const uint64_t* /*second*/) {
-    if (TypeHasFunction(evaluator, function)) {
-        ValueSetUnavailable(dest);
+                    const uint64_t* first, const uint64_t* second) {
+    if (!TypeHasFunction(evaluator, function)) {
+        return;
+    }
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            RealApplyFunction2(function.id, RealAt(dest), RealAt(first), RealAt(second));
+            break;
+        case NumberTypeComplex:
+            ComplexApplyFunction2(function.id, ComplexAt(dest), ComplexAt(first),
+                                  ComplexAt(second));
+            break;
+        default:
+            ValueSetUnavailable(dest);
     }
 }
 
 void ApplyFunction3(FormulaEvaluator& evaluator, const FormulaToken& function, uint64_t* dest,
-                    const uint64_t* /*first*/, const uint64_t* /*second*/,
-                    const uint64_t* /*third*/) {
-    if (TypeHasFunction(evaluator, function)) {
-        ValueSetUnavailable(dest);
+                    const uint64_t* first, const uint64_t* second, const uint64_t* third) {
+    if (!TypeHasFunction(evaluator, function)) {
+        return;
+    }
+    switch (numberContext.numberType) {
+        case NumberTypeComplex:
+            ComplexApplyFunction3(function.id, ComplexAt(dest), ComplexAt(first), ComplexAt(second),
+                                  ComplexAt(third));
+            break;
+        default:
+            ValueSetUnavailable(dest);
     }
 }
 

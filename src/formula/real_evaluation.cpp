@@ -4,27 +4,114 @@
 
 #include "core/real_integer.h"
 #include "core/real_rounding.h"
-#include "formula/formula_token.h"
+#include "formula/angles.h"
+#include "functions/combinatorics.h"
+#include "functions/exponential.h"
+#include "functions/factorial.h"
+#include "functions/hyperbolic.h"
+#include "functions/logarithm.h"
+#include "functions/roots.h"
 
 namespace tallymere {
 
-void RealApplyFunction1(uint32_t functionId, RealNumber* dest, const RealNumber* x) {
+namespace {
+
+using UnaryRoutine = void (*)(RealNumber* dest, const RealNumber* x);
+using BinaryRoutine = void (*)(RealNumber* dest, const RealNumber* a, const RealNumber* b);
+
+void ClearSign(RealNumber* dest, const RealNumber* x) {
+    RealCopy(dest, x);
+    RealSetSign(dest, 0);
+}
+
+void RoundedGcd(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
+    RealRound(dest, RealGcd(dest, a, b));
+}
+
+void RoundedLcm(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
+    RealRound(dest, RealLcm(dest, a, b));
+}
+
+// Null for a function that has no routine of its own.
+UnaryRoutine FindUnaryRoutine(uint32_t functionId) {
     switch (functionId) {
+        case FunctionSqrt:
+            return RealSqrtRounded;
+        case FunctionCbrt:
+            return RealCbrtRounded;
+        case FunctionLn:
+            return RealLnRounded;
+        case FunctionLog2:
+            return RealLog2Rounded;
+        case FunctionLog10:
+            return RealLog10Rounded;
+        case FunctionExp:
+            return RealExpRounded;
         case FunctionAbs:
-            RealCopy(dest, x);
-            RealSetSign(dest, 0);
-            break;
+            return ClearSign;
+        case FunctionSinh:
+            return RealSinhRounded;
+        case FunctionCosh:
+            return RealCoshRounded;
+        case FunctionTanh:
+            return RealTanhRounded;
+        case FunctionAsinh:
+            return RealAsinhRounded;
+        case FunctionAcosh:
+            return RealAcoshRounded;
+        case FunctionAtanh:
+            return RealAtanhRounded;
+        case FunctionFact:
+            return RealFactorialRounded;
         case FunctionTrunc:
-            RealIntegerPart(dest, x);
-            break;
+            return RealIntegerPart;
         case FunctionFrac:
-            RealFractionPart(dest, x);
-            break;
+            return RealFractionPart;
         case FunctionRound:
-            RealRoundToInteger(dest, x);
-            break;
+            return RealRoundToInteger;
         default:
-            RealSetNaN(dest, CalcErrorUnknownType);
+            return nullptr;
+    }
+}
+
+BinaryRoutine FindBinaryRoutine(uint32_t functionId) {
+    switch (functionId) {
+        case FunctionRoot:
+            return RealRootRounded;
+        case FunctionLogX:
+            return RealLogRounded;
+        case FunctionNcr:
+            return RealCombinations;
+        case FunctionNpr:
+            return RealPermutations;
+        case FunctionGcd:
+            return RoundedGcd;
+        case FunctionLcm:
+            return RoundedLcm;
+        default:
+            return nullptr;
+    }
+}
+
+}  // namespace
+
+void RealApplyFunction1(FormulaEvaluator& evaluator, const FormulaToken& function, RealNumber* dest,
+                        const RealNumber* x) {
+    if (IsCircularFunction(function.id)) {
+        ApplyCircularFunction(evaluator, function, dest, x);
+    } else if (const UnaryRoutine routine = FindUnaryRoutine(function.id)) {
+        routine(dest, x);
+    } else {
+        RealSetNaN(dest, CalcErrorUnknownType);
+    }
+}
+
+void RealApplyFunction2(uint32_t functionId, RealNumber* dest, const RealNumber* a,
+                        const RealNumber* b) {
+    if (const BinaryRoutine routine = FindBinaryRoutine(functionId)) {
+        routine(dest, a, b);
+    } else {
+        RealSetNaN(dest, CalcErrorUnknownType);
     }
 }
 

@@ -7,6 +7,7 @@
 #include "core/real_multiply.h"
 #include "core/real_rounding.h"
 #include "formula/formula_token.h"
+#include "formula/real_power.h"
 
 namespace tallymere {
 
@@ -58,6 +59,9 @@ void RealApplyOperator(uint32_t operatorId, RealNumber* a, const RealNumber* b) 
             break;
         case OperatorDivide:
             Divide(a, b);
+            break;
+        case OperatorPower:
+            RealApplyPower(a, b);
             break;
         case OperatorMod:
             RealDivMod(nullptr, a, a, b);

@@ -3,11 +3,15 @@
 #include <algorithm>
 #include <cstring>
 
+#include "core/complex_arithmetic.h"
+#include "core/complex_modulus.h"
 #include "core/number_context.h"
 #include "core/real_compare.h"
 #include "core/real_divide.h"
 #include "core/real_integer.h"
 #include "core/real_rounding.h"
+#include "formula/complex_operators.h"
+#include "functions/stored_constants.h"
 
 namespace tallymere {
 
@@ -19,6 +23,8 @@ int ValueCompare(const uint64_t* a, const uint64_t* b, bool ignoreSign) {
     switch (numberContext.numberType) {
         case NumberTypeReal:
             return RealCompare(RealAt(a), RealAt(b), ignoreSign);
+        case NumberTypeComplex:
+            return ComplexCompare(ComplexAt(a), ComplexAt(b), ignoreSign);
         default:
             SetCalcError(CalcErrorUnknownType);
             return 1;
@@ -29,6 +35,8 @@ int ValueCompareSmall(const uint64_t* a, int64_t k) {
     switch (numberContext.numberType) {
         case NumberTypeReal:
             return RealCompareInt(RealAt(a), k);
+        case NumberTypeComplex:
+            return ComplexIsReal(ComplexAt(a)) ? RealCompareInt(RealPart(ComplexAt(a)), k) : 1;
         default:
             SetCalcError(CalcErrorUnknownType);
             return 1;
@@ -39,6 +47,8 @@ bool ValueIsZero(const uint64_t* a) {
     switch (numberContext.numberType) {
         case NumberTypeReal:
             return RealIsZero(RealAt(a));
+        case NumberTypeComplex:
+            return ComplexIsZero(ComplexAt(a));
         default:
             SetCalcError(CalcErrorUnknownType);
             return false;
@@ -51,6 +61,9 @@ void ValueAbs(uint64_t* dest, const uint64_t* source) {
             RealCopy(RealAt(dest), RealAt(source));
             RealSetSign(RealAt(dest), 0);
             break;
+        case NumberTypeComplex:
+            ComplexAbs(ComplexAt(dest), ComplexAt(source));
+            break;
         default:
             ValueSetUnavailable(dest);
     }
@@ -62,6 +75,10 @@ void ValueNegate(uint64_t* dest, const uint64_t* source) {
             RealCopy(RealAt(dest), RealAt(source));
             RealNegate(RealAt(dest));
             break;
+        case NumberTypeComplex:
+            ComplexCopy(ComplexAt(dest), ComplexAt(source));
+            ComplexNegate(ComplexAt(dest));
+            break;
         default:
             ValueSetUnavailable(dest);
     }
@@ -71,6 +88,9 @@ void ValueDivideSmall(uint64_t* dest, const uint64_t* source, uint64_t k) {
     switch (numberContext.numberType) {
         case NumberTypeReal:
             RealRound(RealAt(dest), RealDivUint(RealAt(dest), RealAt(source), k));
+            break;
+        case NumberTypeComplex:
+            ComplexDivUint(ComplexAt(dest), ComplexAt(source), k);
             break;
         default:
             ValueSetUnavailable(dest);
@@ -82,6 +102,10 @@ void ValueFromInteger(uint64_t* dest, int64_t k) {
         case NumberTypeReal:
             RealFromInt(RealAt(dest), k);
             break;
+        case NumberTypeComplex:
+            RealFromInt(RealPart(ComplexAt(dest)), k);
+            ComplexClearImaginaryPart(ComplexAt(dest));
+            break;
         default:
             ValueSetUnavailable(dest);
     }
@@ -91,6 +115,10 @@ void ValueFromUnsigned(uint64_t* dest, uint64_t k) {
     switch (numberContext.numberType) {
         case NumberTypeReal:
             RealRound(RealAt(dest), RealFromUint(RealAt(dest), k));
+            break;
+        case NumberTypeComplex:
+            RealRound(RealPart(ComplexAt(dest)), RealFromUint(RealPart(ComplexAt(dest)), k));
+            ComplexClearImaginaryPart(ComplexAt(dest));
             break;
         default:
             ValueSetUnavailable(dest);
@@ -104,8 +132,7 @@ void ValueZero(uint64_t* dest) {
             RealSetZero(RealAt(dest), 0);
             break;
         case NumberTypeComplex:
-            RealSetZero(RealAt(dest), 0);
-            RealSetZero(RealAt(dest + RealWords()), 0);
+            ComplexSetZero(ComplexAt(dest), 0);
             break;
         case NumberTypeUint:
             std::fill_n(dest, uintWords, 0);
@@ -133,13 +160,25 @@ void ValueSetUnavailable(uint64_t* dest) {
 }
 
 void ValuePi(uint64_t* dest) {
-    ValueSetUnavailable(dest);
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            RealPi(RealAt(dest));
+            break;
+        case NumberTypeComplex:
+            RealPi(RealPart(ComplexAt(dest)));
+            ComplexClearImaginaryPart(ComplexAt(dest));
+            break;
+        default:
+            ValueSetUnavailable(dest);
+    }
 }
 
 bool ValueToSmall(uint64_t* out, const uint64_t* a) {
     switch (numberContext.numberType) {
         case NumberTypeReal:
             return RealToUint(out, RealAt(a), AllowNegative);
+        case NumberTypeComplex:
+            return ComplexToUint(out, ComplexAt(a));
         default:
             SetCalcError(CalcErrorUnknownType);
             *out = 0;
@@ -151,6 +190,8 @@ bool ValueToSigned(int64_t* out, const uint64_t* a) {
     switch (numberContext.numberType) {
         case NumberTypeReal:
             return RealToInt(out, RealAt(a), IntegerExact);
+        case NumberTypeComplex:
+            return ComplexToInt(out, ComplexAt(a));
         default:
             SetCalcError(CalcErrorUnknownType);
             *out = 0;

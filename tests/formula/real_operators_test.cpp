@@ -83,9 +83,15 @@ TEST(RealOperators, GiveARemainderWithTheSignOfTheQuotient) {
     EXPECT_EQ(Apply(OperatorMod, "-1", "-2"), RealBuffer("-1")) << "a smaller operand is copied";
 }
 
-TEST(RealOperators, HaveNoPowerYet) {
+TEST(RealOperators, RaiseToPowers) {
     PrecisionScope scope(20);
-    EXPECT_EQ(Apply(OperatorPower, "2", "3"), RealBuffer("nan"));
+    EXPECT_EQ(Apply(OperatorPower, "-1.5", "3"), RealBuffer("-3.375"));
+    EXPECT_EQ(Apply(OperatorPower, "3", "-1"), RealBuffer("0.33333333333333333333"));
+}
+
+TEST(RealOperators, WithoutAnOperationGiveNaNAndNoteACode) {
+    PrecisionScope scope(20);
+    EXPECT_EQ(Apply(OperatorMod + 1, "2", "3"), RealBuffer("nan"));
     EXPECT_EQ(TakeCode(), CalcErrorUnknownType);
 }
 

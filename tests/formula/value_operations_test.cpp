@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "core/complex_number.h"
 #include "core/text_flags.h"
 #include "support/formula_testing.h"
 
@@ -160,6 +161,119 @@ TEST_F(RealValues, TellHowMuchRoomTheyNeed) {
     EXPECT_EQ(TakeCode(), CalcErrorNone);
 }
 
+TEST_F(RealValues, HavePi) {
+    RealBuffer dest;
+    ValuePi(Slot(dest));
+    EXPECT_EQ(dest, RealBuffer("3.1415926535897932385"));
+}
+
+// A value of the type cplx in a slot of its own.
+class ComplexValues : public ::testing::Test {
+protected:
+    using Words = std::vector<uint64_t>;
+
+    static Words Make(std::string_view realPart, std::string_view imaginaryPart) {
+        Words words(static_cast<size_t>(ComplexWords()));
+        RealFromPlainText(RealPart(ComplexAt(words.data())), realPart);
+        RealFromPlainText(ImaginaryPart(ComplexAt(words.data())), imaginaryPart);
+        return words;
+    }
+
+    FormulaScope scope_{20, NumberTypeComplex};
+    Words dest_ = Words(static_cast<size_t>(ComplexWords()));
+};
+
+TEST_F(ComplexValues, AreComparedWhereTheyAreReal) {
+    const auto compare = [](const Words& a, const Words& b, bool ignoreSign) {
+        return ValueCompare(a.data(), b.data(), ignoreSign);
+    };
+    EXPECT_EQ(compare(Make("1", "0"), Make("2", "-0"), false), -1);
+    EXPECT_EQ(compare(Make("-2", "0"), Make("1", "0"), true), 1);
+    EXPECT_EQ(compare(Make("1", "2"), Make("1", "2"), false), 0) << "equality needs no order";
+    EXPECT_EQ(compare(Make("1", "2"), Make("1", "3"), false), 1);
+    EXPECT_EQ(TakeCode(), CalcErrorNone);
+    EXPECT_EQ(compare(Make("1", "1"), Make("1", "1"), true), 1);
+    EXPECT_EQ(TakeCode(), CalcErrorComplexNotAllowed);
+}
+
+TEST_F(ComplexValues, AreComparedWithMachineIntegers) {
+    EXPECT_EQ(ValueCompareSmall(Make("-3", "0").data(), -3), 0);
+    EXPECT_EQ(ValueCompareSmall(Make("-3.5", "-0").data(), -3), -1);
+    EXPECT_EQ(ValueCompareSmall(Make("-7", "1").data(), 5), 1) << "not real";
+    EXPECT_EQ(TakeCode(), CalcErrorNone);
+}
+
+TEST_F(ComplexValues, AreTestedForZeroInBothParts) {
+    EXPECT_TRUE(ValueIsZero(Make("0", "-0").data()));
+    EXPECT_FALSE(ValueIsZero(Make("0", "1e-99").data()));
+    EXPECT_FALSE(ValueIsZero(Make("1", "0").data()));
+}
+
+TEST_F(ComplexValues, HaveModulusAndOpposite) {
+    ValueAbs(dest_.data(), Make("3", "-4").data());
+    EXPECT_EQ(dest_, Make("5", "0"));
+    ValueAbs(dest_.data(), Make("-3", "0").data());
+    EXPECT_EQ(dest_, Make("3", "0"));
+    ValueNegate(dest_.data(), Make("3", "-4").data());
+    EXPECT_EQ(dest_, Make("-3", "4"));
+    ValueNegate(dest_.data(), dest_.data());
+    EXPECT_EQ(dest_, Make("3", "-4"));
+    ValueNegate(dest_.data(), Make("0", "0").data());
+    EXPECT_EQ(dest_, Make("-0", "-0"));
+}
+
+TEST_F(ComplexValues, AreDividedByMachineIntegersPartByPart) {
+    ValueDivideSmall(dest_.data(), Make("-2", "1").data(), 3);
+    EXPECT_EQ(dest_, Make("-0.66666666666666666667", "0.33333333333333333333"));
+    ValueDivideSmall(dest_.data(), Make("-2", "-0").data(), 3);
+    EXPECT_EQ(dest_, Make("-0.66666666666666666667", "0"));
+    ValueDivideSmall(dest_.data(), Make("1", "0").data(), 0);
+    EXPECT_EQ(dest_, Make("inf", "0"));
+    EXPECT_EQ(TakeCode(), CalcErrorOverflow);
+    ValueDivideSmall(dest_.data(), Make("0", "-1").data(), 0);
+    EXPECT_EQ(dest_, Make("nan", "-inf"));
+    EXPECT_EQ(TakeCode(), CalcErrorUndefined);
+}
+
+TEST_F(ComplexValues, AreMadeFromMachineIntegers) {
+    ValueFromInteger(dest_.data(), MinInt64);
+    EXPECT_EQ(dest_, Make("-9223372036854775808", "0"));
+    ValueFromUnsigned(dest_.data(), UINT64_MAX);
+    EXPECT_EQ(dest_, Make("18446744073709551615", "0"));
+    ValueZero(dest_.data());
+    EXPECT_EQ(dest_, Make("0", "0"));
+    ValuePi(dest_.data());
+    EXPECT_EQ(dest_, Make("3.1415926535897932385", "0"));
+    ValueSetInvalid(dest_.data());
+    EXPECT_EQ(dest_, Make("nan", "0"));
+    EXPECT_EQ(TakeCode(), CalcErrorNone);
+}
+
+TEST_F(ComplexValues, AreReadAsMachineIntegersWhereTheyAreReal) {
+    uint64_t small = 7;
+    EXPECT_TRUE(ValueToSmall(&small, Make("-18446744073709551615", "-0").data()));
+    EXPECT_EQ(small, UINT64_MAX);
+    EXPECT_FALSE(ValueToSmall(&small, Make("5", "1").data()));
+    EXPECT_EQ(small, 0u);
+    int64_t integer = 7;
+    EXPECT_TRUE(ValueToSigned(&integer, Make("-9223372036854775808", "0").data()));
+    EXPECT_EQ(integer, MinInt64);
+    EXPECT_FALSE(ValueToSigned(&integer, Make("5", "1").data()));
+    EXPECT_EQ(integer, 0);
+    integer = 7;
+    EXPECT_FALSE(ValueToSigned(&integer, Make("0.5", "0").data()));
+    EXPECT_EQ(integer, 0);
+}
+
+TEST_F(ComplexValues, AreWrittenAsText) {
+    char16_t text[64];
+    EXPECT_EQ(ValueToText(text, 64, Make("1.5", "-2e20").data(), 0), 12);
+    EXPECT_EQ(std::u16string(text), u"1.5-(2e+20)i");
+    EXPECT_EQ(ValueToText(text, 5, Make("1.5", "-2e20").data(), 0), 3);
+    EXPECT_EQ(std::u16string(text), u"[$]");
+    EXPECT_EQ(TakeCode(), CalcErrorTextTooLong);
+}
+
 // Types whose operations are not there.
 
 TEST(ValuesOfOtherTypes, AreCopiedAndCleared) {
@@ -190,8 +304,7 @@ TEST(ValuesOfOtherTypes, AreCopiedAndCleared) {
 }
 
 TEST(ValuesOfOtherTypes, NoteThatAnOperationIsMissing) {
-    for (const NumberType type :
-         {NumberTypeComplex, NumberTypeUint, NumberTypeRational, NumberTypeNone}) {
+    for (const NumberType type : {NumberTypeUint, NumberTypeRational, NumberTypeNone}) {
         FormulaScope scope(20, type);
         const size_t words = SizeOfNumber() / 8;
         TakeCode();

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "core/number_context.h"
+
 namespace tallymere::testing_support {
 
 namespace {
@@ -14,8 +16,15 @@ constexpr std::u16string_view Alphabet =
     u"0123456789012345678901234567890123456789++--**//^^(((())));;; \n\r\t.,',eEixXyYtTabcdefmodpi_"
     u"\u03C0\u03B1\u03A9\u00A0\u202F\u2019\u2212\u221E!%&=\uFFFF\u0001";
 
-constexpr std::u16string_view LongWorkers[] = {u"mod", u"fact", u"ncr", u"npr",
-                                               u"gcd", u"lcm",  u"^",   u"root"};
+// Words whose work grows with the size of their operands, and words that make large operands.
+constexpr std::u16string_view LongWorkers[] = {u"mod", u"gcd", u"lcm", u"ncr", u"npr"};
+constexpr std::u16string_view Growers[] = {u"exp", u"sinh", u"cosh", u"fact", u"ncr", u"npr"};
+
+// Functions of one argument whose values stay small enough for anything.
+constexpr const char16_t* TameFunctions[] = {
+    u"sqrt", u"cbrt", u"ln",    u"log2",  u"log10", u"sin",   u"cos",   u"tan",   u"asin",
+    u"acos", u"atan", u"sind",  u"cosd",  u"tand",  u"asind", u"acosd", u"atand", u"sing",
+    u"cosg", u"tang", u"asing", u"acosg", u"atang", u"tanh",  u"asinh", u"acosh", u"atanh"};
 
 template <size_t N>
 const char16_t* Pick(RandomSource& random, const char16_t* const (&choices)[N]) {
@@ -78,6 +87,11 @@ private:
         }
         Operand(depth);
         while (OneIn(random_, 2)) {
+            if (OneIn(random_, 10)) {
+                Put(u"^");
+                Put(Pick(random_, {u"2", u"3", u"(-1)", u"0.5", u"10", u"2^3", u"(-2.5)", u"0"}));
+                continue;
+            }
             Put(OneIn(random_, 60)
                     ? u"^"
                     : Pick(random_, {u"+", u"-", u"*", u"/", u"+", u"-", u"*", u" mod "}));
@@ -89,16 +103,25 @@ private:
         const uint64_t choice = random_.Below(100);
         if (depth == 0 || choice < 50) {
             Put(Number(random_));
+            ImaginaryUnit(4);
         } else if (choice < 60) {
             const Variables& variables = RandomFormulaVariables();
             Put(variables[random_.Below(OneIn(random_, 20) ? variables.size() : 3)].first);
-        } else if (choice < 80) {
+        } else if (choice < 77) {
             Put(u"(");
             Sum(depth - 1);
             Put(u")");
-        } else if (choice < 97) {
+            ImaginaryUnit(20);
+        } else if (choice < 86) {
             Put(Pick(random_, {u"abs", u"trunc", u"frac", u"round"}));
             Arguments(depth, 1);
+        } else if (choice < 90) {
+            Put(Pick(random_, TameFunctions));
+            Arguments(depth, 1);
+        } else if (choice < 94) {
+            Put(FunctionOfNumbers());
+        } else if (choice < 97) {
+            FunctionOfCplx(depth);
         } else if (choice < 98) {
             Put(Pick(random_, {u"arg", u"imagp", u"sqrtc", u"rootc", u"powmod", u"realp"}));
             Arguments(depth, random_.Between(1, 3));
@@ -108,6 +131,54 @@ private:
         } else {
             Put(Pick(random_, {u"pi", u"i", u"3i", u"e", u"nobody", u"0x1F", u"1.2.3", u"5e"}));
         }
+    }
+
+    static bool InCplx() { return numberContext.numberType == NumberTypeComplex; }
+
+    void ImaginaryUnit(uint64_t rarity) {
+        if (InCplx() && OneIn(random_, rarity)) {
+            Put(u"i");
+        }
+    }
+
+    // Those that grow, or that most operands do not suit, get numbers that they can do with.
+    Text FunctionOfNumbers() {
+        const Text x = Digits(random_, 2);
+        const Text y = Digits(random_, 2);
+        switch (random_.Below(6)) {
+            case 0:
+                return Pick(random_, {u"exp(", u"sinh(", u"cosh("}) + x + u"." + y.substr(0, 1) +
+                       u")";
+            case 1:
+                return u"fact(" + x + u")";
+            case 2:
+                return Pick(random_, {u"ncr(", u"npr(", u"gcd(", u"lcm("}) + x + u";" + y + u")";
+            case 3:
+                return Pick(random_, {u"root(", u"logx("}) + x.substr(0, 1) + u";" + y + u")";
+            case 4:
+                return Pick(random_, {u"sind", u"cosd", u"tand"}) + Text(u"(") +
+                       Pick(random_, {u"90", u"180", u"45", u"-270", u"360"}) + u")";
+            default:
+                return Pick(random_, {u"sin", u"cos", u"tan"}) + Text(u"(") +
+                       Pick(random_, {u"pi", u"pi/2", u"3*pi", u"-pi/2", u"1000*pi", u"pi/4"}) +
+                       u")";
+        }
+    }
+
+    // What is refused in the type real.
+    void FunctionOfCplx(int depth) {
+        if (!InCplx() && !OneIn(random_, 10)) {
+            Put(u"1");
+            return;
+        }
+        if (OneIn(random_, 2)) {
+            Put(Pick(random_, {u"arg", u"argd", u"argg", u"realp", u"imagp"}));
+            Arguments(depth, 1);
+            return;
+        }
+        Put(Pick(random_, {u"sqrtc(", u"cbrtc(", u"rootc(5;", u"rootc(4;"}));
+        Sum(depth - 1);
+        Put(Pick(random_, {u";0)", u";1)", u";2)", u";(-1))"}));
     }
 
     void Arguments(int depth, int64_t count) {
@@ -123,6 +194,85 @@ private:
     RandomSource& random_;
     Text text_;
 };
+
+void ShortenExponents(Text& text) {
+    const auto continuesExponent = [&](size_t i) {
+        return i < text.size() &&
+               std::u16string_view(u"0123456789.,' \u2019\u202F\u00B7").find(text[i]) !=
+                   std::u16string_view::npos;
+    };
+    for (size_t i = 0; i < text.size(); i++) {
+        if (text[i] != u'e' && text[i] != u'E') {
+            continue;
+        }
+        size_t end = i + 1;
+        if (end < text.size() && (text[end] == u'+' || text[end] == u'-')) {
+            end++;
+        }
+        size_t digits = end;
+        while (continuesExponent(digits)) {
+            digits++;
+        }
+        if (digits - end > 3) {
+            text.erase(end + 3, digits - end - 3);
+        }
+    }
+}
+
+// The text behind a small number that stands at `at`, in parentheses or not; npos if there is none.
+size_t BehindSmallNumber(const Text& text, size_t at) {
+    const auto peek = [&](size_t i) { return i < text.size() ? text[i] : u'\0'; };
+    const auto isDigit = [&](size_t i) { return peek(i) >= u'0' && peek(i) <= u'9'; };
+    const bool open = peek(at) == u'(';
+    at += open ? 1 : 0;
+    at += peek(at) == u'-' ? 1 : 0;
+    if (!isDigit(at)) {
+        return Text::npos;
+    }
+    at += isDigit(at + 1) ? 2 : 1;
+    if (peek(at) == u'.' && isDigit(at + 1)) {
+        at += 2;
+    }
+    if (open) {
+        return peek(at) == u')' ? at + 1 : Text::npos;
+    }
+    return at;
+}
+
+// True when what stands at `at` makes no longer number of the one before it.
+bool EndsNumber(const Text& text, size_t at) {
+    at = std::min(text.find_first_not_of(u" \n\r", at), text.size());
+    return at == text.size() || std::u16string_view(u")+-*/;").find(text[at]) != Text::npos;
+}
+
+// True when the parenthesis at `at` opens a list of small numbers.
+bool HasSmallArguments(const Text& text, size_t at) {
+    if (at >= text.size() || text[at] != u'(') {
+        return false;
+    }
+    do {
+        at = BehindSmallNumber(text, at + 1);
+    } while (at < text.size() && text[at] == u';');
+    return at < text.size() && text[at] == u')';
+}
+
+// Takes out what makes large numbers of any but small ones: ^ becomes a sum, a function a name.
+void TakeOutGrowers(Text& text) {
+    for (size_t at = text.find(u'^'); at != Text::npos; at = text.find(u'^', at + 1)) {
+        const size_t end = BehindSmallNumber(text, at + 1);
+        if (end == Text::npos || !EndsNumber(text, end)) {
+            text[at] = u'+';
+        }
+    }
+    for (const std::u16string_view grower : Growers) {
+        for (size_t at = text.find(grower); at != Text::npos; at = text.find(grower, at + 1)) {
+            const bool inverse = at > 0 && text[at - 1] == u'a';
+            if (!inverse && !HasSmallArguments(text, at + grower.size())) {
+                text.erase(at, 1);
+            }
+        }
+    }
+}
 
 }  // namespace
 
@@ -187,30 +337,10 @@ void Mangle(RandomSource& random, Text& text) {
 }
 
 void KeepShort(Text& text) {
-    if (std::none_of(std::begin(LongWorkers), std::end(LongWorkers),
-                     [&](std::u16string_view word) { return text.find(word) != Text::npos; })) {
-        return;
-    }
-    const auto continuesExponent = [&](size_t i) {
-        return i < text.size() &&
-               std::u16string_view(u"0123456789.,' \u2019\u202F\u00B7").find(text[i]) !=
-                   std::u16string_view::npos;
-    };
-    for (size_t i = 0; i < text.size(); i++) {
-        if (text[i] != u'e' && text[i] != u'E') {
-            continue;
-        }
-        size_t end = i + 1;
-        if (end < text.size() && (text[end] == u'+' || text[end] == u'-')) {
-            end++;
-        }
-        size_t digits = end;
-        while (continuesExponent(digits)) {
-            digits++;
-        }
-        if (digits - end > 3) {
-            text.erase(end + 3, digits - end - 3);
-        }
+    const auto occurs = [&](std::u16string_view word) { return text.find(word) != Text::npos; };
+    if (std::any_of(std::begin(LongWorkers), std::end(LongWorkers), occurs)) {
+        ShortenExponents(text);
+        TakeOutGrowers(text);
     }
 }
 

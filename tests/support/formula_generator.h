@@ -12,7 +12,8 @@ namespace tallymere::testing_support {
 const Variables& RandomFormulaVariables();
 
 /// A formula that keeps to the grammar, with operands of all kinds, up to `depth` levels of
-/// parentheses and functions, and now and then something that the type real refuses.
+/// parentheses and functions, and now and then something that fails. For the type in force, real or
+/// cplx.
 std::u16string RandomFormula(RandomSource& random, int depth);
 
 /// A nest of up to 45 levels, about half of which fit the stack, mostly closed again.
@@ -22,8 +23,9 @@ std::u16string RandomNest(RandomSource& random);
 /// formulas.
 void Mangle(RandomSource& random, std::u16string& text);
 
-/// Shortens exponents to three characters where the text has a word whose work grows with the size
-/// of its operands.
+/// Where the text has a word whose work grows with the size of its operands, shortens exponents to
+/// three characters and takes out powers, exponentials and products of anything but small numbers,
+/// so that no evaluation takes long.
 void KeepShort(std::u16string& text);
 
 }  // namespace tallymere::testing_support

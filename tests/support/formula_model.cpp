@@ -5,21 +5,13 @@
 #include <string>
 #include <utility>
 
-#include "core/real_add.h"
-#include "core/real_div_mod.h"
-#include "core/real_divide.h"
-#include "core/real_integer.h"
-#include "core/real_multiply.h"
-#include "core/real_rounding.h"
-#include "core/real_text.h"
+#include "support/formula_values.h"
 
 namespace tallymere::testing_support {
 
 namespace {
 
 using Text = std::u16string;
-
-struct Unmodelled {};
 
 struct Refusal {
     uint32_t error;
@@ -142,12 +134,12 @@ private:
 };
 
 struct Operand {
-    RealBuffer value;
+    ModelValue value;
     size_t position;
     size_t end;
 };
 
-using Values = std::map<Text, RealBuffer>;
+using Values = std::map<Text, ModelValue>;
 
 // One formula. `coming_` is the token that has been read but not yet taken; operations that fail
 // show their error there.
@@ -158,7 +150,7 @@ public:
         coming_ = lexer_.Next();
     }
 
-    RealBuffer Formula() {
+    ModelValue Formula() {
         const Operand whole = Sum();
         if (IsSymbol(u";")) {
             throw Refusal{10200, whole.position, whole.end - whole.position};
@@ -195,12 +187,12 @@ private:
 
     Operand Sum() {
         if (!IsSymbol(u"+") && !IsSymbol(u"-")) {
-            return SumFrom(Product());
+            return SumFrom(ProductFrom(Power()));
         }
         const Lexeme sign = Take();
-        Operand operand = Product();
+        Operand operand = ProductFrom(Power());
         if (sign.word == u"-") {
-            RealNegate(operand.value);
+            ModelNegate(operand.value);
         }
         operand.position = sign.position;
         entries_--;
@@ -210,14 +202,13 @@ private:
     Operand SumFrom(Operand left) {
         while (IsSymbol(u"+") || IsSymbol(u"-")) {
             const Lexeme operation = Take();
-            const Operand right = Product();
+            const Operand right = ProductFrom(Power());
             Combine(operation, left, right);
         }
         return left;
     }
 
-    Operand Product() {
-        Operand left = Power();
+    Operand ProductFrom(Operand left) {
         while (IsSymbol(u"*") || IsSymbol(u"/") || IsSymbol(u"mod")) {
             const Lexeme operation = Take();
             const Operand right = Power();
@@ -226,12 +217,13 @@ private:
         return left;
     }
 
-    Operand Power() {
-        Operand base = Atom();
+    Operand Power() { return PowerFrom(Atom()); }
+
+    Operand PowerFrom(Operand base) {
         if (IsSymbol(u"^")) {
-            Take();
-            Power();
-            throw Unmodelled{};
+            const Lexeme operation = Take();
+            const Operand exponent = Power();
+            Combine(operation, base, exponent);
         }
         return base;
     }
@@ -242,8 +234,9 @@ private:
                 case Kind::Number:
                     return Number();
                 case Kind::Pi:
-                    Take();
-                    throw Unmodelled{};
+                    return Pi();
+                case Kind::Imaginary:
+                    return ImaginaryUnit();
                 case Kind::Name:
                     return Variable();
                 case Kind::Function:
@@ -255,22 +248,55 @@ private:
                     return Parentheses();
             }
         }();
+        return BeforeOperator(std::move(atom));
+    }
+
+    // Takes the imaginary units behind a value, and refuses what may not follow one.
+    Operand BeforeOperator(Operand atom) {
+        while (coming_.kind == Kind::Imaginary && InCplx()) {
+            if (!atom.value.IsReal()) {
+                Refuse(10208);
+            }
+            Pass();
+            std::swap(atom.value.realPart, atom.value.imaginaryPart);
+            RealSetZero(atom.value.realPart, 0);
+        }
         if (coming_.kind != Kind::End && (coming_.kind != Kind::Symbol || IsSymbol(u"("))) {
             RefuseHere();
         }
         return atom;
     }
 
+    static bool InCplx() { return numberContext.numberType == NumberTypeComplex; }
+
+    static Operand OperandOf(const Lexeme& token) {
+        return {ModelValue(), token.position, token.position + token.length};
+    }
+
+    Operand ImaginaryUnit() {
+        if (!InCplx()) {
+            RefuseHere();
+        }
+        Operand operand = OperandOf(Take());
+        operand.value.imaginaryPart = RealBuffer("1");
+        return operand;
+    }
+
+    Operand Pi() {
+        Operand operand = OperandOf(Take());
+        operand.value = ModelPi();
+        return operand;
+    }
+
     Operand Number() {
         const Lexeme token = Take();
         const Refusal bad = {10208, token.position, token.length};
-        Operand operand = {RealBuffer(), token.position, token.position + token.length};
+        Operand operand = OperandOf(token);
         if (token.word.size() >= 2 && token.word[0] == u'0' &&
             Text(u"xXyYtT").find(token.word[1]) != Text::npos) {
             throw bad;
         }
-        RealRound(operand.value, RealFromText(operand.value, token.word.c_str(),
-                                              static_cast<int64_t>(token.word.size()), TextGroup));
+        operand.value = ModelNumber(token.word);
         if (TakeCode() != CalcErrorNone) {
             throw bad;
         }
@@ -300,108 +326,76 @@ private:
 
     Operand Call() {
         const Lexeme function = Take();
+        if (coming_.kind == Kind::Imaginary && InCplx()) {
+            RefuseBareArgument();
+        }
         if (!IsSymbol(u"(")) {
             RefuseHere();
         }
         Take();
+        std::vector<ModelValue> arguments;
         Operand argument = Sum();
-        int count = 1;
-        RealBuffer first = argument.value;
+        arguments.push_back(argument.value);
         while (IsSymbol(u";")) {
             Take();
             argument = Sum();
-            count++;
+            arguments.push_back(argument.value);
         }
-        Close();
-        const auto refuse = [&](uint32_t error) {
-            throw Refusal{error, function.position, function.length};
-        };
+        const Lexeme close = Close();
+        const int count = static_cast<int>(arguments.size());
         if (count != ArgumentCounts.at(function.word)) {
-            refuse(10206);
-        }
-        if (function.word == u"powmod") {
-            refuse(10209);
-        }
-        if (IsOneOf(function.word,
-                    {u"rootc", u"sqrtc", u"cbrtc", u"arg", u"argd", u"argg", u"realp", u"imagp"})) {
-            refuse(10207);
+            throw Refusal{10206, function.position, function.length};
         }
         entries_ -= 2 * count;
-        return {Evaluate(function.word, first), function.position, argument.end};
+        return {Evaluate(function, arguments, close), function.position, argument.end};
     }
 
-    static RealBuffer Evaluate(const Text& function, const RealBuffer& x) {
-        RealBuffer value;
-        if (function == u"abs") {
-            value = x;
-            RealSetSign(value, 0);
-        } else if (function == u"trunc") {
-            RealIntegerPart(value, x);
-        } else if (function == u"frac") {
-            RealFractionPart(value, x);
-        } else if (function == u"round") {
-            // |x| cut to an integer, one up when a half or more is cut off.
-            RealBuffer rest;
-            const RealBuffer half("0.5");
-            const RealBuffer one("1");
-            RealIntegerPart(value, x);
-            RealFractionPart(rest, x);
-            RealSetSign(rest, 0);
-            RealSubtract(rest, rest, half);
-            const bool up = RealSign(rest) == 0;
-            const uint64_t sign = RealSign(x);
-            RealSetSign(value, 0);
-            if (up) {
-                RealAdd(value, value, one);
-            }
-            RealSetSign(value, sign);
-        } else {
-            throw Unmodelled{};
+    // An `i` may follow a function for the moment, and so may what continues it; but nothing that
+    // ends this is right.
+    [[noreturn]] void RefuseBareArgument() {
+        const Operand bare = SumFrom(ProductFrom(PowerFrom(BeforeOperator(ImaginaryUnit()))));
+        if (IsSymbol(u";")) {
+            throw Refusal{10200, bare.position, bare.end - bare.position};
+        }
+        Refuse(IsSymbol(u")") ? 10201 : 10202);
+    }
+
+    static ModelValue Evaluate(const Lexeme& function, const std::vector<ModelValue>& arguments,
+                               const Lexeme& close) {
+        const auto refuse = [&](uint32_t error) {
+            TakeCode();
+            throw Refusal{error, function.position, function.length};
+        };
+        ModelValue value;
+        switch (ModelFunction(function.word, arguments, &value)) {
+            case ModelRefusal::None:
+                break;
+            case ModelRefusal::Complex:
+                refuse(10207);
+                break;
+            case ModelRefusal::Type:
+                refuse(10209);
+                break;
+            case ModelRefusal::Pole:
+                refuse(10203);
+                break;
+        }
+        if (TakeCode() != CalcErrorNone) {
+            throw Refusal{10203, close.position, close.length};
         }
         return value;
     }
 
     // Takes the `)` of an open parenthesis, which stays on the stack with its contents.
-    void Close() {
+    Lexeme Close() {
         if (coming_.kind == Kind::End) {
             Refuse(10202);
         }
-        Pass();
+        return Pass();
     }
 
     void Combine(const Lexeme& operation, Operand& left, const Operand& right) {
-        RealBuffer& a = left.value;
-        const RealBuffer& b = right.value;
-        uint64_t k = 0;
-        if (operation.word == u"+") {
-            RealAdd(a, a, b);
-        } else if (operation.word == u"-") {
-            RealSubtract(a, a, b);
-        } else if (operation.word == u"mod") {
-            RealDivMod(nullptr, a, a, b);
-        } else if (operation.word == u"*") {
-            const bool smallLeft = RealToUint(&k, a, AllowNegative);
-            if (smallLeft || RealToUint(&k, b, AllowNegative)) {
-                const RealBuffer& factor = smallLeft ? a : b;
-                const RealBuffer& other = smallLeft ? b : a;
-                const bool negative = RealSign(factor) != 0;
-                RealBuffer product;
-                RealRound(product, RealMulUint(product, other, k));
-                if (negative) {
-                    RealNegate(product);
-                }
-                a = product;
-            } else {
-                RealMul(a, a, b);
-            }
-        } else if (RealToUint(&k, b, AllowNegative)) {
-            RealRound(a, RealDivUint(a, a, k));
-            if (RealSign(b) != 0) {
-                RealNegate(a);
-            }
-        } else {
-            RealDiv(a, a, b);
-        }
+        ModelOperator(operation.word, left.value, right.value);
         if (TakeCode() != CalcErrorNone) {
             Refuse(10203);
         }
@@ -448,16 +442,15 @@ Values UsedValues(std::u16string_view text, const Variables& variables) {
 
 }  // namespace
 
-std::optional<FormulaOutcome> PredictFormula(std::u16string_view text, const Variables& variables) {
+FormulaOutcome PredictFormula(std::u16string_view text, const Variables& variables) {
     try {
         const Values values = variables.empty() ? Values() : UsedValues(text, variables);
-        FormulaOutcome outcome;
-        outcome.value = PlainText(Descent(text, values).Formula());
-        return outcome;
+        const ModelValue value = Descent(text, values).Formula();
+        return numberContext.numberType == NumberTypeReal
+                   ? Value(PlainText(value.realPart))
+                   : Value(PlainText(value.realPart), PlainText(value.imaginaryPart));
     } catch (const Refusal& refusal) {
         return Failure(refusal.error, refusal.position + 1, refusal.length);
-    } catch (const Unmodelled&) {
-        return std::nullopt;
     }
 }
 

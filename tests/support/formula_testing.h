@@ -37,7 +37,9 @@ struct FormulaOutcome {
     uint32_t error = FormulaErrorNone;
     uint64_t position = 0;
     uint64_t length = 0;
-    std::string value;  ///< PlainText of a real result, the hexadecimal words of another type
+    /// PlainText of a real result; those of both parts of a complex one, with a comma between; the
+    /// hexadecimal words of another type.
+    std::string value;
     bool inexact = false;
 
     bool operator==(const FormulaOutcome&) const = default;
@@ -48,14 +50,17 @@ void PrintTo(const FormulaOutcome& outcome, std::ostream* out);
 /// The success of a formula in the type real; `value` is what RealFromPlainText reads.
 FormulaOutcome Value(std::string_view value);
 
+/// The success of a formula in the type cplx, by the parts of its value.
+FormulaOutcome Value(std::string_view realPart, std::string_view imaginaryPart);
+
 /// The outcome of failure.
 FormulaOutcome Failure(uint32_t error, uint64_t position, uint64_t length);
 
 using Variables = std::vector<std::pair<std::u16string, std::u16string>>;
 
-/// Evaluates a formula through EvaluateFormula. Fails the test if CalcError or the ScratchStack are
-/// not as they have to be afterwards, if anything is written behind the result, or if the result of
-/// a failure is not 0.
+/// Evaluates a formula through EvaluateFormula. Fails the test if anything in the context or the
+/// ScratchStack is not as it was, if anything is written behind the result, or if the result of a
+/// failure is not 0.
 FormulaOutcome Evaluate(std::u16string_view text, const Variables& variables = {},
                         uint64_t flags = TextGroup);
 

@@ -1,0 +1,127 @@
+#include "formula/complex_operators.h"
+
+#include "core/complex_arithmetic.h"
+#include "core/real_div_mod.h"
+#include "core/real_divide.h"
+#include "core/real_integer.h"
+#include "core/real_rounding.h"
+#include "formula/formula_token.h"
+#include "formula/real_power.h"
+#include "functions/complex_powers.h"
+
+namespace tallymere {
+
+namespace {
+
+// a = z * k, negated if `negative`; z may be a.
+void MultiplyBySmall(ComplexNumber* a, const ComplexNumber* z, uint64_t k, bool negative) {
+    ComplexMulUint(a, z, k);
+    if (negative) {
+        ComplexNegate(a);
+    }
+}
+
+bool IsNegative(const ComplexNumber* z) {
+    return RealSign(RealPart(z)) != 0;
+}
+
+void Multiply(ComplexNumber* a, const ComplexNumber* b) {
+    uint64_t k = 0;
+    if (ComplexToUint(&k, a)) {
+        MultiplyBySmall(a, b, k, IsNegative(a));
+    } else if (ComplexToUint(&k, b)) {
+        MultiplyBySmall(a, a, k, IsNegative(b));
+    } else {
+        ComplexMul(a, a, b);
+    }
+}
+
+void Divide(ComplexNumber* a, const ComplexNumber* b) {
+    uint64_t k = 0;
+    if (!ComplexToUint(&k, b)) {
+        ComplexDiv(a, a, b);
+        return;
+    }
+    ComplexDivUint(a, a, k);
+    if (IsNegative(b)) {
+        ComplexNegate(a);
+    }
+}
+
+void Power(ComplexNumber* a, const ComplexNumber* b) {
+    if (!ComplexIsReal(b)) {
+        ComplexSetNaN(a, CalcErrorComplexNotAllowed);
+    } else if (ComplexIsReal(a)) {
+        RealApplyPower(RealPart(a), RealPart(b));
+        ComplexClearImaginaryPart(a);
+    } else {
+        ComplexPower(a, a, b);
+    }
+}
+
+}  // namespace
+
+void ComplexApplyOperator(uint32_t operatorId, ComplexNumber* a, const ComplexNumber* b) {
+    switch (operatorId) {
+        case OperatorAdd:
+            ComplexAdd(a, a, b);
+            break;
+        case OperatorSubtract:
+            ComplexSub(a, a, b);
+            break;
+        case OperatorMultiply:
+            Multiply(a, b);
+            break;
+        case OperatorDivide:
+            Divide(a, b);
+            break;
+        case OperatorPower:
+            Power(a, b);
+            break;
+        case OperatorMod:
+            ComplexDivMod(nullptr, a, a, b);
+            break;
+        default:
+            ComplexSetNaN(a, CalcErrorUnknownType);
+    }
+}
+
+void ComplexNegate(ComplexNumber* z) {
+    RealNegate(RealPart(z));
+    RealNegate(ImaginaryPart(z));
+}
+
+void ComplexDivUint(ComplexNumber* dest, const ComplexNumber* z, uint64_t k) {
+    RealRound(RealPart(dest), RealDivUint(RealPart(dest), RealPart(z), k));
+    if (ComplexIsReal(z)) {
+        ComplexClearImaginaryPart(dest);
+    } else {
+        RealRound(ImaginaryPart(dest), RealDivUint(ImaginaryPart(dest), ImaginaryPart(z), k));
+    }
+}
+
+bool ComplexToUint(uint64_t* out, const ComplexNumber* z) {
+    *out = 0;
+    return ComplexIsReal(z) && RealToUint(out, RealPart(z), AllowNegative);
+}
+
+bool ComplexToInt(int64_t* out, const ComplexNumber* z) {
+    *out = 0;
+    return ComplexIsReal(z) && RealToInt(out, RealPart(z), IntegerExact);
+}
+
+void ComplexSetImaginaryUnit(ComplexNumber* z) {
+    RealSetZero(RealPart(z), 0);
+    RealSetOne(ImaginaryPart(z));
+}
+
+bool ComplexTurnImaginary(ComplexNumber* z) {
+    if (!ComplexIsReal(z)) {
+        return false;
+    }
+    RealCopy(ImaginaryPart(z), RealPart(z));
+    RealSetZero(RealPart(z), 0);
+    return true;
+}
+
+}  // namespace tallymere

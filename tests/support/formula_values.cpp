@@ -1,0 +1,465 @@
+#include "support/formula_values.h"
+
+#include <algorithm>
+#include <map>
+
+#include "core/real_add.h"
+#include "core/real_compare.h"
+#include "core/real_div_mod.h"
+#include "core/real_divide.h"
+#include "core/real_integer.h"
+#include "core/real_layout.h"
+#include "core/real_multiply.h"
+#include "core/real_rounding.h"
+#include "core/real_text.h"
+#include "functions/angle_units.h"
+#include "functions/combinatorics.h"
+#include "functions/complex_roots.h"
+#include "functions/exponential.h"
+#include "functions/factorial.h"
+#include "functions/hyperbolic.h"
+#include "functions/hypotenuse.h"
+#include "functions/inverse_trigonometric.h"
+#include "functions/logarithm.h"
+#include "functions/powers.h"
+#include "functions/roots.h"
+#include "functions/stored_constants.h"
+#include "functions/trigonometric.h"
+
+namespace tallymere::testing_support {
+
+namespace {
+
+using Text = std::u16string;
+using Unary = void (*)(RealNumber* dest, const RealNumber* x);
+using Binary = void (*)(RealNumber* dest, const RealNumber* a, const RealNumber* b);
+
+bool Complex() {
+    return numberContext.numberType == NumberTypeComplex;
+}
+
+void Refuse(ModelValue& a, CalcError code) {
+    SetCalcError(code);
+    a = {RealBuffer("nan"), RealBuffer("0")};
+}
+
+RealBuffer Sum(const RealBuffer& a, const RealBuffer& b) {
+    RealBuffer sum;
+    RealAdd(sum, a, b);
+    return sum;
+}
+
+RealBuffer Difference(const RealBuffer& a, const RealBuffer& b) {
+    RealBuffer difference;
+    RealSubtract(difference, a, b);
+    return difference;
+}
+
+RealBuffer Product(const RealBuffer& a, const RealBuffer& b) {
+    RealBuffer product;
+    RealMul(product, a, b);
+    return product;
+}
+
+RealBuffer Quotient(const RealBuffer& a, const RealBuffer& b) {
+    RealBuffer quotient;
+    RealDiv(quotient, a, b);
+    return quotient;
+}
+
+// The signed integer that a value is, if it is one of the machine.
+bool Integer(const ModelValue& a, int64_t* out) {
+    return a.IsReal() && RealToInt(out, a.realPart, IntegerExact);
+}
+
+bool Magnitude(const ModelValue& a, uint64_t* out) {
+    return a.IsReal() && RealToUint(out, a.realPart, AllowNegative);
+}
+
+// Applies a step to the real part and, of a value that is not real, to the imaginary part.
+template <typename Step>
+void ByParts(ModelValue& a, Step step) {
+    step(a.realPart);
+    if (a.IsReal()) {
+        RealSetZero(a.imaginaryPart, 0);
+    } else {
+        step(a.imaginaryPart);
+    }
+}
+
+ModelValue FullProduct(const ModelValue& a, const ModelValue& b) {
+    if (a.IsReal() && b.IsReal()) {
+        return {Product(a.realPart, b.realPart), RealBuffer("0")};
+    }
+    return {Difference(Product(a.realPart, b.realPart), Product(a.imaginaryPart, b.imaginaryPart)),
+            Sum(Product(a.realPart, b.imaginaryPart), Product(a.imaginaryPart, b.realPart))};
+}
+
+void Multiply(ModelValue& a, const ModelValue& b) {
+    uint64_t k = 0;
+    const bool smallLeft = Magnitude(a, &k);
+    if (smallLeft || Magnitude(b, &k)) {
+        const bool negative = RealSign(smallLeft ? a.realPart : b.realPart) != 0;
+        a = smallLeft ? b : a;
+        ByParts(a, [&](RealBuffer& part) { RealRound(part, RealMulUint(part, part, k)); });
+        if (negative) {
+            ModelNegate(a);
+        }
+    } else {
+        a = FullProduct(a, b);
+    }
+}
+
+void Divide(ModelValue& a, const ModelValue& b) {
+    uint64_t k = 0;
+    if (Magnitude(b, &k)) {
+        ByParts(a, [&](RealBuffer& part) { RealRound(part, RealDivUint(part, part, k)); });
+        if (RealSign(b.realPart) != 0) {
+            ModelNegate(a);
+        }
+    } else if (b.IsReal()) {
+        ByParts(a, [&](RealBuffer& part) { part = Quotient(part, b.realPart); });
+    } else {
+        const RealBuffer square =
+            Sum(Product(b.realPart, b.realPart), Product(b.imaginaryPart, b.imaginaryPart));
+        a = {Quotient(
+                 Sum(Product(a.realPart, b.realPart), Product(a.imaginaryPart, b.imaginaryPart)),
+                 square),
+             Quotient(Difference(Product(a.imaginaryPart, b.realPart),
+                                 Product(a.realPart, b.imaginaryPart)),
+                      square)};
+    }
+}
+
+void Remainder(ModelValue& a, const ModelValue& b) {
+    if (!a.IsReal() || !b.IsReal()) {
+        Refuse(a, CalcErrorComplexNotAllowed);
+        return;
+    }
+    RealDivMod(nullptr, a.realPart, a.realPart, b.realPart);
+    RealSetZero(a.imaginaryPart, 0);
+}
+
+void Invert(ModelValue& a) {
+    if (a.IsReal()) {
+        RealReciprocal(a.realPart, a.realPart);
+        RealSetZero(a.imaginaryPart, 0);
+        return;
+    }
+    const RealBuffer square =
+        Sum(Product(a.realPart, a.realPart), Product(a.imaginaryPart, a.imaginaryPart));
+    a = {Quotient(a.realPart, square), Quotient(a.imaginaryPart, square)};
+    RealNegate(a.imaginaryPart);
+}
+
+// a^n for a value that is not real and n other than 0, by the bits of |n| from the last one on.
+void ComplexIntegerPower(ModelValue& a, int64_t n) {
+    ModelValue square = a;
+    bool started = false;
+    for (uint64_t bits = n < 0 ? 0 - static_cast<uint64_t>(n) : static_cast<uint64_t>(n); bits != 0;
+         bits >>= 1) {
+        if ((bits & 1) != 0) {
+            a = started ? FullProduct(a, square) : square;
+            started = true;
+        }
+        if (bits != 1) {
+            square = FullProduct(square, square);
+        }
+    }
+    if (n < 0) {
+        Invert(a);
+    }
+}
+
+void RealPowerBySelection(RealBuffer& x, bool integerBase, int64_t base, const ModelValue& b) {
+    int64_t n = 0;
+    const bool integerExponent = Integer(b, &n);
+    if (integerBase && base == 2 && integerExponent) {
+        RealPowerOfTwoRounded(x, n);
+    } else if (integerBase && base == 10 && integerExponent) {
+        RealSetOne(x);
+        RealSetExponent(x, n);
+    } else if (integerExponent) {
+        RealPowerIntRounded(x, x, n);
+    } else if (integerBase && base == 2) {
+        RealExp2Rounded(x, b.realPart);
+    } else if (integerBase && base == 10) {
+        RealExp10Rounded(x, b.realPart);
+    } else {
+        RealPowerRounded(x, x, b.realPart);
+    }
+}
+
+void Power(ModelValue& a, const ModelValue& b) {
+    int64_t k = 0;
+    if (!b.IsReal()) {
+        Refuse(a, CalcErrorComplexNotAllowed);
+    } else if (a.IsReal()) {
+        const bool integerBase = Integer(a, &k);
+        RealPowerBySelection(a.realPart, integerBase, k, b);
+        RealSetZero(a.imaginaryPart, 0);
+    } else if (!Integer(b, &k)) {
+        Refuse(a, CalcErrorUndefined);
+    } else if (k == 0) {
+        a = {RealBuffer("1"), RealBuffer("0")};
+    } else {
+        ComplexIntegerPower(a, k);
+    }
+}
+
+void Round(RealBuffer& x) {
+    // |x| cut to an integer, one up when a half or more is cut off.
+    RealBuffer rest;
+    const uint64_t sign = RealSign(x);
+    RealFractionPart(rest, x);
+    RealIntegerPart(x, x);
+    RealSetSign(rest, 0);
+    RealSetSign(x, 0);
+    if (RealCompare(rest, RealBuffer("0.5")) >= 0) {
+        x = Sum(x, RealBuffer("1"));
+    }
+    RealSetSign(x, sign);
+}
+
+enum class Turns { No, Odd, Even };
+
+// Which multiple of the quarter turn an angle is, in degrees, gon or, with unit 0, radians.
+Turns QuarterTurnsOf(const RealBuffer& angle, int64_t quarter) {
+    RealBuffer m = angle;
+    RealSetSign(m, 0);
+    if (RealIsZero(m)) {
+        return Turns::Even;
+    }
+    if (RealCompare(m, RealBuffer("1")) < 0 || RealCompare(m, RealBuffer("1e9")) >= 0) {
+        return Turns::No;
+    }
+    RealBuffer turn;
+    RealFromInt(turn, quarter);
+    if (quarter == 0) {
+        RealAtan2Rounded(turn, RealBuffer("1"), RealBuffer("0"));
+    }
+    RealBuffer count;
+    RealBuffer rest;
+    RealDivMod(count, rest, m, turn);
+    if (quarter == 0) {
+        RealBuffer tolerance("1");
+        RealSetExponent(tolerance, RealExponent(m) - numberContext.precisionDigits + 2);
+        const RealBuffer missing = Difference(turn, rest);
+        if (RealCompare(rest, tolerance) < 0) {
+            RealSetZero(rest, 0);
+        } else if (RealCompare(missing, tolerance) < 0) {
+            RealSetZero(rest, 0);
+            count = Sum(count, RealBuffer("1"));
+        }
+    }
+    return !RealIsZero(rest) ? Turns::No : RealIsEven(count) ? Turns::Even : Turns::Odd;
+}
+
+struct AngleUnitOfModel {
+    int64_t quarter;  // 0 for radians
+    Unary toRadians;
+    Unary fromRadians;
+};
+
+AngleUnitOfModel UnitOf(const Text& function) {
+    switch (function == u"arg" ? u' ' : function.back()) {
+        case u'd':
+            return {90, RealDegToRad, RealRadToDeg};
+        case u'g':
+            return {100, RealGonToRad, RealRadToGon};
+        default:
+            return {0, RealCopy, RealCopy};
+    }
+}
+
+// Sine, cosine, tangent and their inverses in any unit; nothing else is touched.
+bool Circular(const Text& function, RealBuffer& x, ModelRefusal* refusal) {
+    static const std::map<Text, Unary> forward = {
+        {u"sin", RealSinRounded}, {u"cos", RealCosRounded}, {u"tan", RealTanRounded}};
+    static const std::map<Text, Unary> inverse = {
+        {u"asin", RealAsinRounded}, {u"acos", RealAcosRounded}, {u"atan", RealAtanRounded}};
+    const AngleUnitOfModel unit = UnitOf(function);
+    const Text name = unit.quarter == 0 ? function : function.substr(0, function.size() - 1);
+    if (const auto found = inverse.find(name); found != inverse.end()) {
+        found->second(x, x);
+        unit.fromRadians(x, x);
+        return true;
+    }
+    const auto found = forward.find(name);
+    if (found == forward.end()) {
+        return false;
+    }
+    const Turns turns = QuarterTurnsOf(x, unit.quarter);
+    if (name == u"tan" && turns == Turns::Odd) {
+        *refusal = ModelRefusal::Pole;
+    } else if (turns == (name == u"cos" ? Turns::Odd : Turns::Even)) {
+        RealSetZero(x, 0);
+    } else {
+        unit.toRadians(x, x);
+        found->second(x, x);
+    }
+    return true;
+}
+
+void RoundedLcm(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
+    RealRound(dest, RealLcm(dest, a, b));
+}
+
+void RoundedGcd(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
+    RealRound(dest, RealGcd(dest, a, b));
+}
+
+// The functions that take real values alone.
+ModelRefusal RealOnly(const Text& function, const std::vector<ModelValue>& arguments,
+                      ModelValue* result) {
+    static const std::map<Text, Unary> unary = {
+        {u"sqrt", RealSqrtRounded},     {u"cbrt", RealCbrtRounded},   {u"ln", RealLnRounded},
+        {u"log2", RealLog2Rounded},     {u"log10", RealLog10Rounded}, {u"exp", RealExpRounded},
+        {u"sinh", RealSinhRounded},     {u"cosh", RealCoshRounded},   {u"tanh", RealTanhRounded},
+        {u"asinh", RealAsinhRounded},   {u"acosh", RealAcoshRounded}, {u"atanh", RealAtanhRounded},
+        {u"fact", RealFactorialRounded}};
+    static const std::map<Text, Binary> binary = {
+        {u"root", RealRootRounded}, {u"logx", RealLogRounded}, {u"ncr", RealCombinations},
+        {u"npr", RealPermutations}, {u"gcd", RoundedGcd},      {u"lcm", RoundedLcm}};
+    if (std::any_of(arguments.begin(), arguments.end(),
+                    [](const ModelValue& value) { return !value.IsReal(); })) {
+        Refuse(*result, CalcErrorComplexNotAllowed);
+        return ModelRefusal::None;
+    }
+    ModelRefusal refusal = ModelRefusal::None;
+    RealBuffer x = arguments[0].realPart;
+    if (const auto found = unary.find(function); found != unary.end()) {
+        found->second(x, x);
+    } else if (const auto two = binary.find(function); two != binary.end()) {
+        two->second(x, x, arguments[1].realPart);
+    } else {
+        EXPECT_TRUE(Circular(function, x, &refusal)) << "a function that the model lacks";
+    }
+    *result = {x, RealBuffer("0")};
+    return refusal;
+}
+
+// A branch of the root of the given degree.
+ModelValue RootBranch(const ModelValue& degree, const ModelValue& z, const ModelValue& branch) {
+    ModelValue root;
+    if (!degree.IsReal() || !branch.IsReal()) {
+        Refuse(root, CalcErrorUndefined);
+        return root;
+    }
+    const auto words = static_cast<size_t>(RealWords());
+    std::vector<uint64_t> value(2 * words);
+    ComplexNumber* record = ComplexAt(value.data());
+    RealCopy(RealPart(record), z.realPart);
+    RealCopy(ImaginaryPart(record), z.imaginaryPart);
+    ComplexRootBranch(record, degree.realPart, record, branch.realPart);
+    RealCopy(root.realPart, RealPart(record));
+    RealCopy(root.imaginaryPart, ImaginaryPart(record));
+    return root;
+}
+
+ModelValue RealModelValue(const RealBuffer& x) {
+    return {x, RealBuffer("0")};
+}
+
+// The functions that only the type cplx has.
+ModelValue ComplexFunction(const Text& function, const std::vector<ModelValue>& arguments) {
+    const ModelValue& z = arguments[0];
+    if (function == u"realp") {
+        return RealModelValue(z.realPart);
+    }
+    if (function == u"imagp") {
+        return RealModelValue(z.imaginaryPart);
+    }
+    if (function == u"sqrtc") {
+        return RootBranch(RealModelValue(RealBuffer("2")), z, arguments[1]);
+    }
+    if (function == u"cbrtc") {
+        return RootBranch(RealModelValue(RealBuffer("3")), z, arguments[1]);
+    }
+    if (function == u"rootc") {
+        return RootBranch(z, arguments[1], arguments[2]);
+    }
+    RealBuffer angle;
+    RealAtan2Rounded(angle, z.imaginaryPart, z.realPart);
+    UnitOf(function).fromRadians(angle, angle);
+    return RealModelValue(angle);
+}
+
+bool IsOneOf(const Text& word, std::initializer_list<const char16_t*> words) {
+    return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+}  // namespace
+
+ModelValue ModelNumber(const Text& text) {
+    ModelValue value;
+    RealRound(value.realPart, RealFromText(value.realPart, text.c_str(),
+                                           static_cast<int64_t>(text.size()), TextGroup));
+    return value;
+}
+
+ModelValue ModelPi() {
+    ModelValue value;
+    RealPi(value.realPart);
+    return value;
+}
+
+void ModelOperator(const Text& operation, ModelValue& a, const ModelValue& b) {
+    if (operation == u"+") {
+        a = {Sum(a.realPart, b.realPart), Sum(a.imaginaryPart, b.imaginaryPart)};
+    } else if (operation == u"-") {
+        a = {Difference(a.realPart, b.realPart), Difference(a.imaginaryPart, b.imaginaryPart)};
+    } else if (operation == u"*") {
+        Multiply(a, b);
+    } else if (operation == u"/") {
+        Divide(a, b);
+    } else if (operation == u"^") {
+        Power(a, b);
+    } else {
+        Remainder(a, b);
+    }
+}
+
+void ModelNegate(ModelValue& a) {
+    RealNegate(a.realPart);
+    RealNegate(a.imaginaryPart);
+}
+
+ModelRefusal ModelFunction(const Text& function, const std::vector<ModelValue>& arguments,
+                           ModelValue* result) {
+    if (function == u"powmod") {
+        return ModelRefusal::Type;
+    }
+    if (IsOneOf(function,
+                {u"rootc", u"sqrtc", u"cbrtc", u"arg", u"argd", u"argg", u"realp", u"imagp"})) {
+        if (!Complex()) {
+            return ModelRefusal::Complex;
+        }
+        *result = ComplexFunction(function, arguments);
+        return ModelRefusal::None;
+    }
+    *result = arguments[0];
+    RealBuffer& x = result->realPart;
+    RealBuffer& y = result->imaginaryPart;
+    if (function == u"abs") {
+        if (Complex()) {
+            RealHypotRounded(x, x, y);
+        }
+        RealSetSign(x, 0);
+        RealSetZero(y, 0);
+    } else if (function == u"trunc") {
+        RealIntegerPart(x, x);
+        RealIntegerPart(y, y);
+    } else if (function == u"frac") {
+        RealFractionPart(x, x);
+        RealFractionPart(y, y);
+    } else if (function == u"round") {
+        Round(x);
+        Round(y);
+    } else {
+        return RealOnly(function, arguments, result);
+    }
+    return ModelRefusal::None;
+}
+
+}  // namespace tallymere::testing_support
