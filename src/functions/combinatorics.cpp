@@ -37,19 +37,29 @@ void CountSpecial(RealNumber* dest, const RealNumber* n, const RealNumber* k) {
     }
 }
 
-// dest = (d + 1) (d + 2) ... (d + count), for combinations divided by count!; raw. Counts d up.
-void MultiplySteps(RealNumber* dest, RealNumber* d, uint64_t count, Counting counting) {
+// dest = (d + 1) (d + 2) ... (d + count), for combinations divided by count!; raw.
+void MultiplySteps(RealNumber* dest, const RealNumber* d, uint64_t count, Counting counting) {
     CoreScratchScope scratch;
+    RealNumber* factor = RealAt(scratch.Take(RealWords()));
     RealNumber* one = RealAt(scratch.Take(RealWords()));
+    RealCopy(factor, d);
     RealSetOne(one);
+    // Machine integers give the same product: with the guard digits a number has two limbs at
+    // least, so that no digit of such a factor is lost and none of its columns is left out.
+    uint64_t start = 0;
+    const bool fits = RealToUint(&start, d, IntegerExact) && count <= UINT64_MAX - start;
     RealSetOne(dest);
     for (uint64_t i = 1; i <= count && !RealIsSpecial(dest); i++) {
         if (AbortRequested()) {
             RealSetNaN(dest, CalcErrorCancelled);
             return;
         }
-        RealAddRaw(d, d, one, false);
-        RealMulRaw(dest, dest, d);
+        if (fits) {
+            RealMulUint(dest, dest, start + i);
+        } else {
+            RealAddRaw(factor, factor, one, false);
+            RealMulRaw(dest, dest, factor);
+        }
         if (counting == Counting::Combinations) {
             RealDivUint(dest, dest, i);
         }

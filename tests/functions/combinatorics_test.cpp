@@ -4,6 +4,13 @@
 
 #include <string>
 
+#include "core/real_add.h"
+#include "core/real_compare.h"
+#include "core/real_divide.h"
+#include "core/real_integer.h"
+#include "core/real_layout.h"
+#include "core/real_multiply.h"
+#include "core/real_rounding.h"
 #include "core/scratch.h"
 #include "support/real_testing.h"
 
@@ -189,6 +196,49 @@ TEST(Combinatorics, FollowsTheRulesOfInfinitiesAndNaN) {
                     EXPECT_EQ(OutcomeOf(operation, other, infinity), Undefined) << other;
                 }
             }
+        }
+    }
+}
+
+// The steps from n - k up, each factor a number like any other.
+template <bool Divides>
+Limb PlainSteps(RealNumber* dest, const RealNumber* n, const RealNumber* k) {
+    uint64_t count = 0;
+    RealToUint(&count, k, IntegerExact);
+    const RealBuffer one("1");
+    RealBuffer factor;
+    RealAddRaw(factor, n, k, true);
+    RealSetOne(dest);
+    for (uint64_t i = 1; i <= count; i++) {
+        RealAddRaw(factor, factor, one, false);
+        RealMulRaw(dest, dest, factor);
+        if (Divides) {
+            RealDivUint(dest, dest, i);
+        }
+    }
+    return 0;
+}
+
+TEST(Combinatorics, AreWordForWordTheStepsOfNumbers) {
+    RandomSource random;
+    for (int64_t p : AllPrecisions) {
+        PrecisionScope scope(p);
+        for (int round = TestRounds(p <= 100 ? 300 : p <= 1000 ? 50 : 3); round > 0; round--) {
+            RealBuffer n;
+            RealBuffer k;
+            RealFromUint(n, random.Word() >> random.Below(56));
+            RealFromUint(k, 1 + random.Below(100));
+            if (RealCompareUint(n, 200) < 0) {
+                continue;
+            }
+            RealBuffer expected;
+            RealBuffer result;
+            RealRound(expected, WithGuardDigitsBinary(expected, n, k, 19, PlainSteps<false>));
+            RealPermutations(result, n, k);
+            ASSERT_EQ(result, expected);
+            RealRound(expected, WithGuardDigitsBinary(expected, n, k, 19, PlainSteps<true>));
+            RealCombinations(result, n, k);
+            ASSERT_EQ(result, expected);
         }
     }
 }

@@ -25,8 +25,8 @@ public:
     /// From now on there is no memory.
     void Refuse() { state.refuses = true; }
 
-    /// Gives each block filled by zeros, and puts the stop byte where the exponent of row 0 is:
-    /// every tangent number from 16 on asks for a stop.
+    /// From now on the stop byte is the low end of the header of row 0, which is no longer 0 when a
+    /// tangent number has two digits: the third one asks for a stop.
     void StopAtTheThirdNumber() { state.stops = true; }
 
     int BlocksTaken() const { return state.taken; }
@@ -57,6 +57,9 @@ private:
     }
     static void GiveBack(void* block) {
         state.givenBack++;
+        if (state.stops) {
+            numberContext.abortFlag = nullptr;
+        }
         std::free(block);
     }
 
