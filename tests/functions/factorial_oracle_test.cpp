@@ -107,7 +107,8 @@ TEST(FactorialOracle, RoundsAroundTheCutover) {
 TEST(FactorialOracle, RoundsLargeFactorials) {
     for (int64_t p : {5, 16, 19, 20, 38, 39, 57, 100, 300, 1000}) {
         PrecisionScope scope(p);
-        ExpectAccurate(MeasureFactorials(50'000, 50'020), MethodError(p));
+        const uint64_t n = p < 1000 ? 10'000 : 50'000;
+        ExpectAccurate(MeasureFactorials(n, n + 20), MethodError(p));
     }
 }
 
