@@ -362,7 +362,7 @@ TEST(Hyperbolic, HasSquaresThatDifferByOne) {
         RealMul(s, s, s);
         RealMul(c, c, c);
         RealSubtract(c, c, s);
-        ExpectWithin(12, c, RealBuffer("1"));
+        ExpectWithin(5, c, RealBuffer("1"));
     }
 }
 
@@ -375,15 +375,17 @@ TEST(Hyperbolic, IsUndoneByItsInverse) {
         RealBuffer y;
         RealAsinhRounded(y, x);
         RealSinhRounded(y, y);
-        ExpectWithin(12, y, x);
-        if (RealExponent(x) < -1) {
+        ExpectWithin(6, y, x);
+        if (RealExponent(x) < -2) {  // nearer to 1 neither keeps all digits
             RealAtanhRounded(y, x);
             RealTanhRounded(y, y);
-            ExpectWithin(100, y, x);
+            ExpectWithin(6, y, x);
         }
     }
 }
 
+// At 200 digits the exponential adds some 25 terms, each off by up to a unit, and two tenth powers
+// make a hundredfold of that; E - 1 loses one of the 3 guard digits in front of it.
 TEST(RealTanh, IsSinhOverCosh) {
     RandomSource random;
     for (int round = 0; round < TestRounds(500); round++) {
@@ -397,7 +399,7 @@ TEST(RealTanh, IsSinhOverCosh) {
         RealCoshRounded(c, x);
         RealTanhRounded(t, x);
         RealDiv(s, s, c);
-        ExpectWithin(100, t, s);
+        ExpectWithin(250, t, s);
     }
 }
 
@@ -429,16 +431,16 @@ TEST(Hyperbolic, WorksAtTheLongestLayout) {
     RealCoshRounded(c, x);
     RealBuffer back;
     RealAsinhRounded(back, s);
-    ExpectWithin(400, back, x);
+    ExpectWithin(20, back, x);
     RealAcoshRounded(back, c);
-    ExpectWithin(400, back, x);
+    ExpectWithin(20, back, x);
     RealDiv(s, s, c);
     RealBuffer t;
     RealTanhRounded(t, x);
-    ExpectWithin(400, t, s);
+    ExpectWithin(20, t, s);
     RealAtanhRounded(back, RealBuffer("0.05"));
     RealTanhRounded(back, back);
-    ExpectWithin(400, back, RealBuffer("0.05"));
+    ExpectWithin(20, back, RealBuffer("0.05"));
 }
 
 }  // namespace

@@ -161,7 +161,7 @@ TEST(AtanShift, TakesAnAngleOff) {
         AtanShift(half, 1, 3);
         RealBuffer seventh;
         RealDiv(seventh, RealBuffer("1"), RealBuffer("7"));
-        ExpectWithin(20, half, seventh);
+        ExpectWithin(5, half, seventh);
     }
 }
 
@@ -180,7 +180,7 @@ TEST(AtanShift, TakesDenominatorsAboveALimb) {
         RealFromUint(numerator, middle.numerator);
         RealFromUint(expected, middle.denominator);
         RealDiv(expected, numerator, expected);
-        ExpectWithin(40, x, expected);
+        ExpectWithin(5, x, expected);
 
         RealFromUint(numerator, last.numerator);
         RealFromUint(x, last.denominator);

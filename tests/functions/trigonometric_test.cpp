@@ -97,8 +97,8 @@ TEST(RealSinCos, GivesBothOutputsAtOnce) {
             RealBuffer s;
             RealBuffer c;
             RealSinCos(s, c, x);
-            ExpectWithin(50, s, sine);
-            ExpectWithin(50, c, cosine);
+            ExpectWithin(20, s, sine);
+            ExpectWithin(20, c, cosine);
             RealBuffer same = x;
             RealSinCos(same, c, same);
             EXPECT_EQ(same, s);
@@ -125,14 +125,14 @@ TEST(RealSinCos, LeavesOutWhatIsNotWanted) {
             if (RealIsSpecial(s)) {
                 EXPECT_EQ(alone, s);
             } else {
-                ExpectWithin(50, alone, s);
+                ExpectWithin(20, alone, s);
             }
             RealSinCos(nullptr, alone, x);
             EXPECT_EQ(TakeCode(), code);
             if (RealIsSpecial(c)) {
                 EXPECT_EQ(alone, c);
             } else {
-                ExpectWithin(50, alone, c);
+                ExpectWithin(20, alone, c);
             }
             RealSinCos(nullptr, nullptr, x);
             EXPECT_EQ(TakeCode(), CalcErrorNone) << "no output, no failure";
