@@ -465,10 +465,6 @@ TEST(ComplexTextRandom, FitsOrSaysSoInEveryCapacity) {
     EXPECT_GT(overflowed, 500);
 }
 
-bool IsSign(char16_t c) {
-    return c == u'+' || c == u'-';
-}
-
 // What a text is as a complex number of p digits in the neutral form with groups, cut into parts by
 // operations on strings.
 std::string ReadByStrings(std::u16string text, int64_t p) {
