@@ -10,6 +10,8 @@
 #include "core/real_add.h"
 #include "core/real_compare.h"
 #include "core/real_integer.h"
+#include "core/real_layout.h"
+#include "core/real_rounding.h"
 #include "support/decimal_text.h"
 #include "support/real_testing.h"
 
@@ -77,6 +79,31 @@ inline void ExpectWithin(int64_t units, const RealBuffer& actual, const RealBuff
     EXPECT_LE(RealCompare(difference, bound, true), 0)
         << PlainText(actual) << " is off " << PlainText(expected) << " by "
         << PlainText(difference);
+}
+
+/// Fails unless `rounded` gives what the inner form f gives with guardDigits(x) guard digits, for
+/// random x of exponents from low to high. Enough of them have digits close enough to a tie for a
+/// digit less to show.
+template <typename GuardDigits>
+void ExpectGuardDigits(RoundedUnaryFunction rounded, RealUnaryFunction f, GuardDigits guardDigits,
+                       int64_t low, int64_t high, bool positive = false) {
+    RandomSource random;
+    for (int round = 0; round < TestRounds(2000); round++) {
+        PrecisionScope scope(random.Between(10, 60));
+        RealBuffer x;
+        FillReal(random, x, 0);
+        RealSetExponent(x, random.Between(low, high));
+        if (positive) {
+            RealSetSign(x, 0);
+        }
+        RealBuffer dest;
+        rounded(dest, x);
+        const CalcError code = TakeCode();
+        RealBuffer expected;
+        RealRound(expected, WithGuardDigitsUnary(expected, x, guardDigits(x), f));
+        EXPECT_EQ(dest, expected) << PlainText(x);
+        EXPECT_EQ(TakeCode(), code);
+    }
 }
 
 }  // namespace tallymere::testing_support

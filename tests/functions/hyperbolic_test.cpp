@@ -8,6 +8,7 @@
 #include "core/real_layout.h"
 #include "core/real_multiply.h"
 #include "functions/function_testing.h"
+#include "functions/guard_digits.h"
 #include "reference/hyperbolic_twins.h"
 
 namespace tallymere {
@@ -231,6 +232,16 @@ TEST(Hyperbolic, EqualsItsTwins) {
         compare(TestRounds(3),
                 random.Between(DigitsPerLimb * (limbs - 1) + 1, DigitsPerLimb * limbs));
     }
+}
+
+TEST(Hyperbolic, WorksWithGuardDigits) {
+    const auto three = [](const RealNumber*) { return int64_t{3}; };
+    ExpectGuardDigits(RealSinhRounded, RealSinh, ArgumentGuardDigits, -3, 12);
+    ExpectGuardDigits(RealCoshRounded, RealCosh, ArgumentGuardDigits, -3, 12);
+    ExpectGuardDigits(RealTanhRounded, RealTanh, three, -3, 1);
+    ExpectGuardDigits(RealAsinhRounded, RealAsinh, three, -3, 12);
+    ExpectGuardDigits(RealAcoshRounded, RealAcosh, three, 0, 12, true);
+    ExpectGuardDigits(RealAtanhRounded, RealAtanh, three, -3, -1);
 }
 
 // Both are the exponential's: e^x leaves the range of exponents above 2^62 ln 10.

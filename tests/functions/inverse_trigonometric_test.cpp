@@ -9,6 +9,7 @@
 
 #include "core/real_divide.h"
 #include "core/real_layout.h"
+#include "core/real_rounding.h"
 #include "functions/function_testing.h"
 #include "functions/stored_constants.h"
 #include "functions/trigonometric.h"
@@ -318,6 +319,26 @@ TEST(RealAtan, EqualsItsTwinWhereTheStepChanges) {
                 }
             }
         }
+    }
+}
+
+TEST(RealAtan, WorksWithFourGuardDigitsAsItsKindredDo) {
+    const auto four = [](const RealNumber*) { return int64_t{4}; };
+    ExpectGuardDigits(RealAtanRounded, RealAtan, four, -3, 3);
+    ExpectGuardDigits(RealAsinRounded, RealAsin, four, -3, -1);
+    ExpectGuardDigits(RealAcosRounded, RealAcos, four, -3, -1);
+    RandomSource random;
+    for (int round = 0; round < TestRounds(2000); round++) {
+        PrecisionScope scope(random.Between(10, 60));
+        RealBuffer y;
+        RealBuffer x;
+        FillReal(random, y, 2);
+        FillReal(random, x, 2);
+        RealBuffer dest;
+        RealAtan2Rounded(dest, y, x);
+        RealBuffer expected;
+        RealRound(expected, WithGuardDigitsBinary(expected, y, x, 4, RealAtan2));
+        EXPECT_EQ(dest, expected);
     }
 }
 

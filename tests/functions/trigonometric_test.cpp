@@ -7,6 +7,7 @@
 #include "core/real_divide.h"
 #include "core/real_multiply.h"
 #include "functions/function_testing.h"
+#include "functions/guard_digits.h"
 #include "reference/trigonometric_twins.h"
 
 namespace tallymere {
@@ -273,6 +274,12 @@ TEST(RealSinCos, EqualsItsTwin) {
         compare(TestRounds(5),
                 random.Between(DigitsPerLimb * (limbs - 1) + 1, DigitsPerLimb * limbs));
     }
+}
+
+TEST(RealSinCos, WorksWithGuardDigitsForTheArgument) {
+    ExpectGuardDigits(RealSinRounded, RealSin, ArgumentGuardDigits, -3, 18);
+    ExpectGuardDigits(RealCosRounded, RealCos, ArgumentGuardDigits, -3, 18);
+    ExpectGuardDigits(RealTanRounded, RealTan, ArgumentGuardDigits, -3, 18);
 }
 
 // Both errors are below one half and a little more of their last places, and the squares and their
