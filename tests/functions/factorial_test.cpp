@@ -7,6 +7,8 @@
 #include <string>
 
 #include "core/real_add.h"
+#include "core/real_divide.h"
+#include "core/real_layout.h"
 #include "core/scratch.h"
 #include "functions/tangent_testing.h"
 #include "support/real_testing.h"
@@ -281,6 +283,47 @@ TEST(StirlingFactorial, GivesKnownDigits) {
     PrecisionScope scope(10);
     EXPECT_EQ(Factorial("100"), Silent("9.332621544e157"));
     EXPECT_EQ(Factorial("1000000000"), Silent("9.904626579e8565705522"));
+}
+
+TEST(StirlingFactorial, GrowsByItsFactorAtLongPrecisions) {
+    for (int64_t p : {1000, 10000}) {
+        PrecisionScope scope(p);
+        RealBuffer larger("1000000000000000");
+        RealBuffer smaller("999999999999999");
+        const RealBuffer factor = larger;
+        RealFactorialRounded(larger, larger);
+        RealFactorialRounded(smaller, smaller);
+        RealDiv(larger, larger, smaller);
+        EXPECT_LE(UlpsBetween(factor, larger), 10);
+        EXPECT_EQ(TakeCode(), CalcErrorNone);
+    }
+}
+
+// How many terms are added until one lies p - 1 digits below the first, from n at p digits on: each
+// is about (2k - 1) 2k / (2 pi n)^2 times the one before it. 0 if they grow before that.
+int64_t TermsOfSeries(int64_t n, int64_t p) {
+    const double turn = 2 * std::acos(-1.0) * static_cast<double>(n);
+    double digits = 0;
+    for (int64_t k = 1; static_cast<double>(2 * k) < turn; k++) {
+        if (digits < static_cast<double>(1 - p)) {
+            return k;
+        }
+        digits += std::log10(static_cast<double>(2 * k - 1)) +
+                  std::log10(static_cast<double>(2 * k)) - 2 * std::log10(turn);
+    }
+    return 0;
+}
+
+TEST(StirlingFactorial, EndsWithinTheTableAtEveryPrecision) {
+    for (int64_t p = 1; p <= MaxPrecisionDigits + MaxGuardDigits; p++) {
+        const int64_t terms = TermsOfSeries(FactorialCutoverAt(p), p);
+        ASSERT_GT(terms, 0) << p;
+        ASSERT_LE(terms, 1100) << p;  // of the 1,500 that fit
+    }
+    // And where the terms grow first the table is full.
+    PrecisionScope scope(100);
+    EXPECT_EQ(TermsOfSeries(3, 100), 0);
+    EXPECT_EQ(Stirling(3).code, CalcErrorCapacity);
 }
 
 TEST(StirlingFactorial, OverflowsAboveTheRange) {
