@@ -53,7 +53,7 @@ TEST_F(VariableRowsTest, TheResultTextHasItsSeparatorsAlready) {
     EXPECT_EQ(std::u16string(BuildVariableRows(scope).rows[0].valueText), u"1.234,5");
 }
 
-// The figure stands in the log of the run.
+// The figures stand in the log of the run.
 TEST_F(VariableRowsTest, AHundredLongestTextsFitWithTheDeepestFormulaAtTheHighestPrecision) {
     ApplyPrecision(10'000);
     const std::u16string value = u"0.5" + Repeat(u"+0.5", 200);
@@ -62,21 +62,24 @@ TEST_F(VariableRowsTest, AHundredLongestTextsFitWithTheDeepestFormulaAtTheHighes
         ASSERT_TRUE(AddVariable(i));
         SetVariableValue(i, longest.c_str());
     }
-    std::fill_n(calculator.calcResultText, 88'661, u'1');
     ApplySeparators(DecimalComma, ThousandsPoint);
-    // Every variable, then the deepest stack.
+    // Every variable, then the deepest stack with a function in it that needs room of its own.
     std::u16string formula = u"var00";
     for (int64_t i = 1; i < 100; i++) {
         formula += u"+var";
         formula += static_cast<char16_t>(u'0' + i / 10);
         formula += static_cast<char16_t>(u'0' + i % 10);
     }
-    formula += u"+0*ans+" + Repeat(u"(", 47) + u"0,5" + Repeat(u")", 47);
-    EXPECT_EQ(Show(formula), u"10050,5");
-    const int64_t bytes = CurrentScratchStack().highWaterWords * BytesPerWord;
-    EXPECT_LE(bytes, ScratchStackBytes);
-    std::printf("ScratchStack at 10002 digits, 100 longest variables: %d bytes\n",
-                static_cast<int>(bytes));
+    formula += u"+0*ans+" + Repeat(u"(", 45) + u"sin(pi)" + Repeat(u")", 45) + u"+0,5";
+    for (const NumberType type : {NumberTypeReal, NumberTypeComplex}) {
+        ApplyNumberType(type, 10);
+        std::fill_n(calculator.calcResultText, 88'661, u'1');
+        EXPECT_EQ(Show(formula), u"10050,5");
+        const int64_t bytes = CurrentScratchStack().highWaterWords * BytesPerWord;
+        EXPECT_LE(bytes, ScratchStackBytes);
+        std::printf("ScratchStack at 10002 digits, 100 longest variables, %s: %d bytes\n",
+                    type == NumberTypeReal ? "real" : "cplx", static_cast<int>(bytes));
+    }
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 """tallymere-console from outside: what goes in, what comes out, how it ends.
 
-TALLYMERE_CONSOLE names the program, TALLYMERE_LAUNCHER what starts it where it cannot start itself.
-TALLYMERE_SEED replaces the seed of the random formulas. Expected values are computed here.
+console_support.py tells of the environment. Expected values are computed here.
 """
 
 import fcntl
@@ -10,17 +9,16 @@ import random
 import select
 import signal
 import subprocess
+import sys
 import termios
 import time
 import unittest
 from decimal import ROUND_HALF_UP, Context, Decimal
 from pathlib import Path
 
-CONSOLE = [part for part in (os.environ.get("TALLYMERE_LAUNCHER"),
-                             os.environ["TALLYMERE_CONSOLE"]) if part]
-NATIVE = len(CONSOLE) == 1
-SECONDS = 120
-SEED = int(os.environ.get("TALLYMERE_SEED", "20240229"))
+sys.dont_write_bytecode = True
+from console_support import (CONSOLE, NATIVE, SECONDS, SEED, TOO_LONG, ConsoleCase,  # noqa: E402
+                             error_line, keep_console_waiting, run, shown, start)
 
 OPTIONS = ["--type", "--digits", "--base", "--lower-hex", "--form", "--group", "--decimal",
            "--thousands", "--language", "--var", "--help", "--version"]
@@ -50,109 +48,10 @@ FORMULA_ERRORS = [
     ("e", 10211, 1),
     ("y+broken", 10212, 3),
 ]
-MESSAGES = {
-    "en": {
-        1000: 'Invalid input "{}" !',
-        1003: "The text entered is too long!",
-        10200: "Syntax error at character position {}!",
-        10201: "The left parenthesis is missing for the right parenthesis at character position "
-               "{}!",
-        10202: "Unexpected end of formula!",
-        10203: "Overflow at character position {}!",
-        10204: "Formula is to complicated because to many parentheses are nested!",
-        10206: "The number of parameters of the function at character position {} is wrong!",
-        10207: "The function or number at character position {} requires a complex number type!",
-        10208: "The number at character position {} has an invalid format or is out of range!",
-        10209: "The function at character position {} is not available for the set number type!",
-        10210: "Calculation was aborted by the user.",
-        10211: "The variable or function at character position {} is not defined!",
-        10212: "The variable at character position {} could not evaluated!",
-    },
-    "de": {
-        1000: 'Ungültige Eingabe "{}" !',
-        10200: "Syntaxfehler bei Zeichenposition {}!",
-        10201: "Die öffnende Klammer für die schließende Klammer bei Zeichenposition {} fehlt!",
-        10202: "Unerwartetes Formelende!",
-        10203: "Überlauf bei Zeichenposition {}!",
-        10204: "Formel ist zu kompliziert, da zu viele Klammern ineinander geschachtelt sind!",
-        10206: "Die Anzahl der Parameter der Funktion bei Zeichenposition {} ist falsch!",
-        10207: "Die Funktion oder Zahl bei Zeichenposition {} erfordert einen komplexen "
-               "Zahlentyp!",
-        10208: "Die Zahl bei Zeichenposition {} hat ein ungültiges Format oder ist außerhalb des "
-               "zulässigen Bereichs!",
-        10209: "Die Funktion bei Zeichenposition {} ist für den eingestellten Zahlentyp nicht "
-               "verfügbar!",
-        10211: "Die Variable oder Funktion bei Zeichenposition {} ist nicht definiert!",
-        10212: "Die Variable bei Zeichenposition {} konnte nicht ausgewertet werden!",
-    },
-}
-TOO_LONG = {"en": "<Number is too long for fixed-point notation>",
-            "de": "<Zahl ist zu lang für die Festkomma-Notation>"}
-
-
-def error_line(code, position, language="en", argument=None):
-    message = MESSAGES[language][code].format(position if argument is None else argument)
-    return f"error {code} {position}: {message}"
-
-
-def run(arguments=(), text=b""):
-    """(lines of standard output, standard error, exit status)."""
-    done = subprocess.run(CONSOLE + list(arguments), input=text, timeout=SECONDS, check=False,
-                          stdout=subprocess.PIPE, stderr=subprocess.PIPE)
-    output = done.stdout.decode("utf-8")
-    lines = output.split("\n")
-    if lines.pop() != "":
-        raise AssertionError(f"the output does not end in a line feed: {output!r}")
-    return lines, done.stderr.decode("utf-8"), done.returncode
-
-
-def start(arguments=()):
-    return subprocess.Popen(CONSOLE + list(arguments), stdin=subprocess.PIPE,
-                            stdout=subprocess.PIPE, stderr=subprocess.PIPE)
 
 
 def setUpModule():
-    """Keeps one console waiting where the launcher is an emulator.
-
-    Its helper processes then start once and not for every run, and what they have to complain of
-    goes to this console's standard error.
-    """
-    if not NATIVE:
-        keeper = subprocess.Popen(CONSOLE, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                                  stderr=subprocess.DEVNULL)
-        keeper.stdin.write(b"1\n")
-        keeper.stdin.flush()
-        keeper.stdout.readline()
-        unittest.addModuleCleanup(keeper.communicate)
-
-
-def shown(value, digits):
-    """A Decimal as the calculator shows it in automatic notation, after rounding to `digits`."""
-    value = Context(prec=digits, rounding=ROUND_HALF_UP).plus(value)
-    if value == 0:
-        return "0"
-    exponent = value.adjusted()
-    mantissa = "".join(map(str, value.as_tuple().digits)).rstrip("0")
-    sign = "-" if value < 0 else ""
-    if exponent <= -4 or exponent >= digits:
-        fraction = "." + mantissa[1:] if len(mantissa) > 1 else ""
-        return f"{sign}{mantissa[0]}{fraction}e{exponent:+d}"
-    if exponent < 0:
-        return f"{sign}0.{'0' * (-exponent - 1)}{mantissa}"
-    whole = mantissa[:exponent + 1].ljust(exponent + 1, "0")
-    fraction = "." + mantissa[exponent + 1:] if len(mantissa) > exponent + 1 else ""
-    return f"{sign}{whole}{fraction}"
-
-
-class ConsoleCase(unittest.TestCase):
-    maxDiff = 2000
-
-    def check(self, arguments, text, expected, status=0):
-        """Runs with a text on standard input; the answers, nothing on standard error, the status."""
-        lines, errors, code = run(arguments, text if isinstance(text, bytes) else text.encode())
-        self.assertEqual(expected, lines)
-        self.assertEqual("", errors)
-        self.assertEqual(status, code)
+    keep_console_waiting()
 
 
 class FormulaTest(ConsoleCase):
@@ -422,7 +321,6 @@ class ArithmeticTest(ConsoleCase):
                    [str(abs(a) % b if a > 0 else -(abs(a) % b)) for a, b in formulas])
         self.check(["1e99999 mod 7"], b"", [str(pow(10, 99999, 7))])
 
-
 class InputTest(ConsoleCase):
     def test_invalid_utf8_is_refused_line_by_line(self):
         cases = [b"\xff", b"1+\x80", b"\xc0\x80", b"\xc1\xbf", b"\xe0\x80\x80", b"\xe0\x9f\xbf",
@@ -524,6 +422,17 @@ class InterruptTest(ConsoleCase):
     def test_a_running_calculation_ends_with_its_error_and_nothing_follows(self):
         self.assertEqual([error_line(10210, 1)],
                          self.interrupt_running(["--digits", "10000"], self.LONG + b"1+1\n"))
+
+    def test_every_long_function_can_be_stopped(self):
+        for number_type in ("real", "cplx"):
+            for formula in ("fact(4000000)", "ncr(1e9;5e8)", "npr(1e12;1e11)",
+                            "gcd(10^1000000000;7)", "lcm(7;10^1000000000)",
+                            "10^1000000000 mod 7"):
+                with self.subTest(formula=formula, type=number_type):
+                    self.assertEqual(
+                        [error_line(10210, 1)],
+                        self.interrupt_running(["--digits", "10000", "--type", number_type],
+                                               formula.encode() + b"\n1+1\n"))
 
     def test_a_running_variable_fails(self):
         self.assertEqual([error_line(10212, 3)],

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "core/complex_arithmetic.h"
 #include "formula/formula_token.h"
+#include "support/complex_testing.h"
 #include "support/formula_testing.h"
 
 namespace tallymere {
@@ -14,22 +14,16 @@ namespace {
 
 using namespace testing_support;
 
-using Words = std::vector<uint64_t>;
-
-Words Make(std::string_view realPart, std::string_view imaginaryPart) {
-    Words words(static_cast<size_t>(ComplexWords()));
-    RealFromPlainText(RealPart(ComplexAt(words.data())), realPart);
-    RealFromPlainText(ImaginaryPart(ComplexAt(words.data())), imaginaryPart);
-    return words;
+ComplexBuffer Make(std::string_view realPart, std::string_view imaginaryPart) {
+    return {RealBuffer(realPart), RealBuffer(imaginaryPart)};
 }
 
 // a (operator) b as text.
-std::string Apply(uint32_t id, Words a, const Words& b) {
-    Words right = b;
-    ComplexApplyOperator(id, ComplexAt(a.data()), ComplexAt(right.data()));
+std::string Apply(uint32_t id, ComplexBuffer a, const ComplexBuffer& b) {
+    const ComplexBuffer right = b;
+    ComplexApplyOperator(id, a, right);
     EXPECT_EQ(right, b) << "the right operand stays";
-    return PlainText(RealPart(ComplexAt(a.data()))) + ", " +
-           PlainText(ImaginaryPart(ComplexAt(a.data())));
+    return PlainText(RealPart(a)) + ", " + PlainText(ImaginaryPart(a));
 }
 
 class ComplexOperators : public ::testing::Test {

@@ -8,6 +8,7 @@
 
 #include "core/complex_number.h"
 #include "core/text_flags.h"
+#include "support/complex_testing.h"
 #include "support/formula_testing.h"
 
 namespace tallymere {
@@ -167,25 +168,19 @@ TEST_F(RealValues, HavePi) {
     EXPECT_EQ(dest, RealBuffer("3.1415926535897932385"));
 }
 
-// A value of the type cplx in a slot of its own.
 class ComplexValues : public ::testing::Test {
 protected:
-    using Words = std::vector<uint64_t>;
-
-    static Words Make(std::string_view realPart, std::string_view imaginaryPart) {
-        Words words(static_cast<size_t>(ComplexWords()));
-        RealFromPlainText(RealPart(ComplexAt(words.data())), realPart);
-        RealFromPlainText(ImaginaryPart(ComplexAt(words.data())), imaginaryPart);
-        return words;
+    static ComplexBuffer Make(std::string_view realPart, std::string_view imaginaryPart) {
+        return {RealBuffer(realPart), RealBuffer(imaginaryPart)};
     }
 
     FormulaScope scope_{20, NumberTypeComplex};
-    Words dest_ = Words(static_cast<size_t>(ComplexWords()));
+    ComplexBuffer dest_;
 };
 
 TEST_F(ComplexValues, AreComparedWhereTheyAreReal) {
-    const auto compare = [](const Words& a, const Words& b, bool ignoreSign) {
-        return ValueCompare(a.data(), b.data(), ignoreSign);
+    const auto compare = [](const ComplexBuffer& a, const ComplexBuffer& b, bool ignoreSign) {
+        return ValueCompare(a.Words(), b.Words(), ignoreSign);
     };
     EXPECT_EQ(compare(Make("1", "0"), Make("2", "-0"), false), -1);
     EXPECT_EQ(compare(Make("-2", "0"), Make("1", "0"), true), 1);
@@ -197,79 +192,79 @@ TEST_F(ComplexValues, AreComparedWhereTheyAreReal) {
 }
 
 TEST_F(ComplexValues, AreComparedWithMachineIntegers) {
-    EXPECT_EQ(ValueCompareSmall(Make("-3", "0").data(), -3), 0);
-    EXPECT_EQ(ValueCompareSmall(Make("-3.5", "-0").data(), -3), -1);
-    EXPECT_EQ(ValueCompareSmall(Make("-7", "1").data(), 5), 1) << "not real";
+    EXPECT_EQ(ValueCompareSmall(Make("-3", "0").Words(), -3), 0);
+    EXPECT_EQ(ValueCompareSmall(Make("-3.5", "-0").Words(), -3), -1);
+    EXPECT_EQ(ValueCompareSmall(Make("-7", "1").Words(), 5), 1) << "not real";
     EXPECT_EQ(TakeCode(), CalcErrorNone);
 }
 
 TEST_F(ComplexValues, AreTestedForZeroInBothParts) {
-    EXPECT_TRUE(ValueIsZero(Make("0", "-0").data()));
-    EXPECT_FALSE(ValueIsZero(Make("0", "1e-99").data()));
-    EXPECT_FALSE(ValueIsZero(Make("1", "0").data()));
+    EXPECT_TRUE(ValueIsZero(Make("0", "-0").Words()));
+    EXPECT_FALSE(ValueIsZero(Make("0", "1e-99").Words()));
+    EXPECT_FALSE(ValueIsZero(Make("1", "0").Words()));
 }
 
 TEST_F(ComplexValues, HaveModulusAndOpposite) {
-    ValueAbs(dest_.data(), Make("3", "-4").data());
+    ValueAbs(dest_.Words(), Make("3", "-4").Words());
     EXPECT_EQ(dest_, Make("5", "0"));
-    ValueAbs(dest_.data(), Make("-3", "0").data());
+    ValueAbs(dest_.Words(), Make("-3", "0").Words());
     EXPECT_EQ(dest_, Make("3", "0"));
-    ValueNegate(dest_.data(), Make("3", "-4").data());
+    ValueNegate(dest_.Words(), Make("3", "-4").Words());
     EXPECT_EQ(dest_, Make("-3", "4"));
-    ValueNegate(dest_.data(), dest_.data());
+    ValueNegate(dest_.Words(), dest_.Words());
     EXPECT_EQ(dest_, Make("3", "-4"));
-    ValueNegate(dest_.data(), Make("0", "0").data());
+    ValueNegate(dest_.Words(), Make("0", "0").Words());
     EXPECT_EQ(dest_, Make("-0", "-0"));
 }
 
 TEST_F(ComplexValues, AreDividedByMachineIntegersPartByPart) {
-    ValueDivideSmall(dest_.data(), Make("-2", "1").data(), 3);
+    ValueDivideSmall(dest_.Words(), Make("-2", "1").Words(), 3);
     EXPECT_EQ(dest_, Make("-0.66666666666666666667", "0.33333333333333333333"));
-    ValueDivideSmall(dest_.data(), Make("-2", "-0").data(), 3);
+    ValueDivideSmall(dest_.Words(), Make("-2", "-0").Words(), 3);
     EXPECT_EQ(dest_, Make("-0.66666666666666666667", "0"));
-    ValueDivideSmall(dest_.data(), Make("1", "0").data(), 0);
+    ValueDivideSmall(dest_.Words(), Make("1", "0").Words(), 0);
     EXPECT_EQ(dest_, Make("inf", "0"));
     EXPECT_EQ(TakeCode(), CalcErrorOverflow);
-    ValueDivideSmall(dest_.data(), Make("0", "-1").data(), 0);
+    ValueDivideSmall(dest_.Words(), Make("0", "-1").Words(), 0);
     EXPECT_EQ(dest_, Make("nan", "-inf"));
     EXPECT_EQ(TakeCode(), CalcErrorUndefined);
 }
 
 TEST_F(ComplexValues, AreMadeFromMachineIntegers) {
-    ValueFromInteger(dest_.data(), MinInt64);
+    ValueFromInteger(dest_.Words(), MinInt64);
     EXPECT_EQ(dest_, Make("-9223372036854775808", "0"));
-    ValueFromUnsigned(dest_.data(), UINT64_MAX);
+    ValueFromUnsigned(dest_.Words(), UINT64_MAX);
     EXPECT_EQ(dest_, Make("18446744073709551615", "0"));
-    ValueZero(dest_.data());
+    ValueZero(dest_.Words());
     EXPECT_EQ(dest_, Make("0", "0"));
-    ValuePi(dest_.data());
+    ValuePi(dest_.Words());
     EXPECT_EQ(dest_, Make("3.1415926535897932385", "0"));
-    ValueSetInvalid(dest_.data());
+    ValueSetInvalid(dest_.Words());
     EXPECT_EQ(dest_, Make("nan", "0"));
     EXPECT_EQ(TakeCode(), CalcErrorNone);
 }
 
 TEST_F(ComplexValues, AreReadAsMachineIntegersWhereTheyAreReal) {
     uint64_t small = 7;
-    EXPECT_TRUE(ValueToSmall(&small, Make("-18446744073709551615", "-0").data()));
+    EXPECT_TRUE(ValueToSmall(&small, Make("-18446744073709551615", "-0").Words()));
     EXPECT_EQ(small, UINT64_MAX);
-    EXPECT_FALSE(ValueToSmall(&small, Make("5", "1").data()));
+    EXPECT_FALSE(ValueToSmall(&small, Make("5", "1").Words()));
     EXPECT_EQ(small, 0u);
     int64_t integer = 7;
-    EXPECT_TRUE(ValueToSigned(&integer, Make("-9223372036854775808", "0").data()));
+    EXPECT_TRUE(ValueToSigned(&integer, Make("-9223372036854775808", "0").Words()));
     EXPECT_EQ(integer, MinInt64);
-    EXPECT_FALSE(ValueToSigned(&integer, Make("5", "1").data()));
+    EXPECT_FALSE(ValueToSigned(&integer, Make("5", "1").Words()));
     EXPECT_EQ(integer, 0);
     integer = 7;
-    EXPECT_FALSE(ValueToSigned(&integer, Make("0.5", "0").data()));
+    EXPECT_FALSE(ValueToSigned(&integer, Make("0.5", "0").Words()));
     EXPECT_EQ(integer, 0);
 }
 
 TEST_F(ComplexValues, AreWrittenAsText) {
     char16_t text[64];
-    EXPECT_EQ(ValueToText(text, 64, Make("1.5", "-2e20").data(), 0), 12);
+    EXPECT_EQ(ValueToText(text, 64, Make("1.5", "-2e20").Words(), 0), 12);
     EXPECT_EQ(std::u16string(text), u"1.5-(2e+20)i");
-    EXPECT_EQ(ValueToText(text, 5, Make("1.5", "-2e20").data(), 0), 3);
+    EXPECT_EQ(ValueToText(text, 5, Make("1.5", "-2e20").Words(), 0), 3);
     EXPECT_EQ(std::u16string(text), u"[$]");
     EXPECT_EQ(TakeCode(), CalcErrorTextTooLong);
 }

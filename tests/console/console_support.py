@@ -1,0 +1,120 @@
+"""What tests of tallymere-console share: starting it, its messages, and numbers as it shows them.
+
+TALLYMERE_CONSOLE names the program, TALLYMERE_LAUNCHER what starts it where it cannot start itself.
+TALLYMERE_SEED replaces the seed of random formulas.
+"""
+
+import os
+import subprocess
+import unittest
+from decimal import ROUND_HALF_UP, Context, Decimal
+
+CONSOLE = [part for part in (os.environ.get("TALLYMERE_LAUNCHER"),
+                             os.environ["TALLYMERE_CONSOLE"]) if part]
+NATIVE = len(CONSOLE) == 1
+SECONDS = 120
+SEED = int(os.environ.get("TALLYMERE_SEED", "20240229"))
+
+MESSAGES = {
+    "en": {
+        1000: 'Invalid input "{}" !',
+        1003: "The text entered is too long!",
+        10200: "Syntax error at character position {}!",
+        10201: "The left parenthesis is missing for the right parenthesis at character position "
+               "{}!",
+        10202: "Unexpected end of formula!",
+        10203: "Overflow at character position {}!",
+        10204: "Formula is to complicated because to many parentheses are nested!",
+        10206: "The number of parameters of the function at character position {} is wrong!",
+        10207: "The function or number at character position {} requires a complex number type!",
+        10208: "The number at character position {} has an invalid format or is out of range!",
+        10209: "The function at character position {} is not available for the set number type!",
+        10210: "Calculation was aborted by the user.",
+        10211: "The variable or function at character position {} is not defined!",
+        10212: "The variable at character position {} could not evaluated!",
+    },
+    "de": {
+        1000: 'Ungültige Eingabe "{}" !',
+        10200: "Syntaxfehler bei Zeichenposition {}!",
+        10201: "Die öffnende Klammer für die schließende Klammer bei Zeichenposition {} fehlt!",
+        10202: "Unerwartetes Formelende!",
+        10203: "Überlauf bei Zeichenposition {}!",
+        10204: "Formel ist zu kompliziert, da zu viele Klammern ineinander geschachtelt sind!",
+        10206: "Die Anzahl der Parameter der Funktion bei Zeichenposition {} ist falsch!",
+        10207: "Die Funktion oder Zahl bei Zeichenposition {} erfordert einen komplexen "
+               "Zahlentyp!",
+        10208: "Die Zahl bei Zeichenposition {} hat ein ungültiges Format oder ist außerhalb des "
+               "zulässigen Bereichs!",
+        10209: "Die Funktion bei Zeichenposition {} ist für den eingestellten Zahlentyp nicht "
+               "verfügbar!",
+        10211: "Die Variable oder Funktion bei Zeichenposition {} ist nicht definiert!",
+        10212: "Die Variable bei Zeichenposition {} konnte nicht ausgewertet werden!",
+    },
+}
+TOO_LONG = {"en": "<Number is too long for fixed-point notation>",
+            "de": "<Zahl ist zu lang für die Festkomma-Notation>"}
+
+
+def error_line(code, position, language="en", argument=None):
+    message = MESSAGES[language][code].format(position if argument is None else argument)
+    return f"error {code} {position}: {message}"
+
+
+def run(arguments=(), text=b""):
+    """(lines of standard output, standard error, exit status)."""
+    done = subprocess.run(CONSOLE + list(arguments), input=text, timeout=SECONDS, check=False,
+                          stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+    output = done.stdout.decode("utf-8")
+    lines = output.split("\n")
+    if lines.pop() != "":
+        raise AssertionError(f"the output does not end in a line feed: {output!r}")
+    return lines, done.stderr.decode("utf-8"), done.returncode
+
+
+def start(arguments=()):
+    return subprocess.Popen(CONSOLE + list(arguments), stdin=subprocess.PIPE,
+                            stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+
+
+def keep_console_waiting():
+    """Keeps one console waiting where the launcher is an emulator.
+
+    Its helper processes then start once and not for every run, and what they have to complain of
+    goes to this console's standard error.
+    """
+    if not NATIVE:
+        keeper = subprocess.Popen(CONSOLE, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                  stderr=subprocess.DEVNULL)
+        keeper.stdin.write(b"1\n")
+        keeper.stdin.flush()
+        keeper.stdout.readline()
+        unittest.addModuleCleanup(keeper.communicate)
+
+
+def shown(value, digits):
+    """A Decimal as the calculator shows it in automatic notation, after rounding to `digits`."""
+    value = Context(prec=digits, rounding=ROUND_HALF_UP).plus(value)
+    if value == 0:
+        return "0"
+    exponent = value.adjusted()
+    mantissa = "".join(map(str, value.as_tuple().digits)).rstrip("0")
+    sign = "-" if value < 0 else ""
+    if exponent <= -4 or exponent >= digits:
+        fraction = "." + mantissa[1:] if len(mantissa) > 1 else ""
+        return f"{sign}{mantissa[0]}{fraction}e{exponent:+d}"
+    if exponent < 0:
+        return f"{sign}0.{'0' * (-exponent - 1)}{mantissa}"
+    whole = mantissa[:exponent + 1].ljust(exponent + 1, "0")
+    fraction = "." + mantissa[exponent + 1:] if len(mantissa) > exponent + 1 else ""
+    return f"{sign}{whole}{fraction}"
+
+
+class ConsoleCase(unittest.TestCase):
+    maxDiff = 2000
+
+    def check(self, arguments, text, expected, status=0):
+        """Runs with a text on standard input; the answers, nothing on standard error, the status."""
+        lines, errors, code = run(arguments, text if isinstance(text, bytes) else text.encode())
+        self.assertEqual(expected, lines)
+        self.assertEqual("", errors)
+        self.assertEqual(status, code)
