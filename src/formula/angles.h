@@ -2,9 +2,8 @@
 // that sin(180 degrees) is 0 and no rounding residue.
 #pragma once
 
-#include "formula/formula_evaluator.h"
-
 #include "core/real_number.h"
+#include "formula/formula_evaluator.h"
 
 namespace tallymere {
 

@@ -1,9 +1,8 @@
 // The functions of formulas in the number type real.
 #pragma once
 
-#include "formula/formula_evaluator.h"
-
 #include "core/real_number.h"
+#include "formula/formula_evaluator.h"
 
 namespace tallymere {
 

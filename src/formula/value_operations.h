@@ -14,20 +14,21 @@ namespace tallymere {
 /// Copies one value.
 void ValueCopy(uint64_t* dest, const uint64_t* source);
 
-/// -1, 0 or 1 in the order of the type; ignoreSign compares magnitudes. 1 with code 102.
+/// -1, 0 or 1 in the order of the type; ignoreSign compares magnitudes. 1 with code 102. Values of
+/// cplx that are not real have no order: as ComplexCompare, which see.
 int ValueCompare(const uint64_t* a, const uint64_t* b, bool ignoreSign);
 
 /// Compares with k: -1, 0 or 1; 1 with code 102. In real as RealCompareInt does, which looks at no
-/// more digits of k than stand in the first limb.
+/// more digits of k than stand in the first limb; a value of cplx that is not real gives 1.
 int ValueCompareSmall(const uint64_t* a, int64_t k);
 
-/// True for zero; false with code 102.
+/// True for zero, in cplx when both parts are; false with code 102.
 bool ValueIsZero(const uint64_t* a);
 
-/// dest = |source|.
+/// dest = |source|, in cplx the modulus.
 void ValueAbs(uint64_t* dest, const uint64_t* source);
 
-/// dest = -source, also for a zero.
+/// dest = -source, also for a zero; in cplx both parts.
 void ValueNegate(uint64_t* dest, const uint64_t* source);
 
 /// dest = source / k, rounded.

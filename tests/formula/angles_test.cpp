@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -129,8 +130,8 @@ TEST(ReduceAngleArgument, AllowsAHundredUnitsOfTheLastPlaceInRadians) {
 TEST(ReduceAngleArgument, FindsRoundedMultiplesInRadians) {
     for (const int64_t p : {16, 19, 20, 38, 57, 100, 1000}) {
         FormulaScope scope(p);
-        for (const uint64_t k :
-             {1ul, 2ul, 3ul, 4ul, 7ul, 22ul, 1001ul, 123'456'789ul, 636'619'771ul, 636'619'772ul}) {
+        for (const uint64_t k : std::initializer_list<uint64_t>{
+                 1, 2, 3, 4, 7, 22, 1001, 123'456'789, 636'619'771, 636'619'772}) {
             RealBuffer angle;
             {
                 // k pi / 2 at 30 more digits, so that it is rounded once.

@@ -305,6 +305,39 @@ TEST(Functions, GiveTheAnglesOfTheAxesAndDiagonals) {
     }
 }
 
+// Each of them polls the stop byte, at guard digits that have to be taken back.
+TEST(Functions, ThatRunLongCanBeStopped) {
+    uint8_t stop = 1;
+    const FieldScope<uint8_t*> flag(numberContext.abortFlag, &stop);
+    for (const NumberType type : {NumberTypeReal, NumberTypeComplex}) {
+        for (const int64_t p : {20, 38, 100}) {
+            FormulaScope scope(p, type);
+            for (const char16_t* formula :
+                 {u"2+fact(30)", u"fact(100000)", u"ncr(30;4)", u"npr(30;4)", u"gcd(84;60)",
+                  u"lcm(84;60)", u"84 mod 60+1", u"cosd(90)"}) {
+                EXPECT_EQ(Evaluate(formula), Failure(FormulaErrorAborted, 1, 0))
+                    << Printable(formula);
+            }
+        }
+    }
+}
+
+// The longest layout of the calculator, for those that take the most memory.
+TEST(Functions, HaveValuesAtTheHighestPrecision) {
+    FormulaScope scope(10'002, NumberTypeComplex);
+    for (const char16_t* formula :
+         {u"tand(7)", u"argg(2-7i)", u"7^0.7", u"logx(5;7)", u"rootc(5;2-7i;2)", u"(2-7i)^(-5)"}) {
+        EXPECT_EQ(Evaluate(formula).error, uint32_t{FormulaErrorNone}) << Printable(formula);
+    }
+}
+
+TEST(Functions, NeedATypeThatHasPi) {
+    for (const NumberType type : {NumberTypeUint, NumberTypeRational}) {
+        FormulaScope scope(20, type);
+        EXPECT_EQ(Evaluate(u"(pi"), Failure(FormulaErrorOverflow, 2, 2));
+    }
+}
+
 TEST(Functions, OfIntegersKeepTheirArgumentsInOrder) {
     FormulaScope scope(20);
     EXPECT_EQ(Evaluate(u"root(3;-8)"), Value("-2"));

@@ -82,10 +82,12 @@ protected:
         evaluator.variableCount = withVariables ? static_cast<int64_t>(rows_.size()) : 0;
         evaluator.variables = rows_.data();
         evaluator.result = result_.data();
-        EvaluateFormula(evaluator);
+        {
+            const ContextCheck check;
+            EvaluateFormula(evaluator);
+        }
 
-        bool sound = *CurrentScratchStack().top == mark && result_[words] == Canary &&
-                     numberContext.calcError == CalcErrorNone;
+        bool sound = *CurrentScratchStack().top == mark && result_[words] == Canary;
         if (evaluator.error == FormulaErrorNone) {
             sound = sound && IsWellFormed(result_.data());
         } else {

@@ -261,6 +261,7 @@ struct AngleUnitOfModel {
     Unary fromRadians;
 };
 
+// By the last letter of the name, which in "arg" is not one of the unit.
 AngleUnitOfModel UnitOf(const Text& function) {
     switch (function == u"arg" ? u' ' : function.back()) {
         case u'd':
