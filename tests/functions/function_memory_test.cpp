@@ -1,0 +1,170 @@
+// What the functions take of CoreScratch at the longest layout of the calculator, guard digits
+// included: always within its bounds, and given back.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "core/complex_arithmetic.h"
+#include "core/complex_modulus.h"
+#include "core/scratch.h"
+#include "functions/angle_units.h"
+#include "functions/combinatorics.h"
+#include "functions/complex_powers.h"
+#include "functions/complex_roots.h"
+#include "functions/exponential.h"
+#include "functions/factorial.h"
+#include "functions/hyperbolic.h"
+#include "functions/hypotenuse.h"
+#include "functions/inverse_trigonometric.h"
+#include "functions/logarithm.h"
+#include "functions/powers.h"
+#include "functions/roots.h"
+#include "functions/stored_constants.h"
+#include "functions/trigonometric.h"
+#include "support/real_testing.h"
+
+namespace tallymere {
+namespace {
+
+using namespace testing_support;
+
+// 10,000 digits and the two that the calculator adds.
+constexpr int64_t LongestPrecision = 10'002;
+
+class ComplexBuffer {
+public:
+    ComplexBuffer(std::string_view real, std::string_view imaginary)
+        : words_(static_cast<size_t>(ComplexWords())) {
+        RealFromPlainText(RealPart(Get()), real);
+        RealFromPlainText(ImaginaryPart(Get()), imaginary);
+    }
+    ComplexNumber* Get() { return ComplexAt(words_.data()); }
+
+private:
+    std::vector<uint64_t> words_;
+};
+
+struct MeasuredFunction {
+    const char* name;
+    std::function<void(RealNumber* dest)> run;
+};
+
+using Unary = void (*)(RealNumber* dest, const RealNumber* x);
+using Binary = void (*)(RealNumber* dest, const RealNumber* a, const RealNumber* b);
+
+MeasuredFunction Of(const char* name, Unary function, std::string argument) {
+    return {name, [=](RealNumber* dest) { function(dest, RealBuffer(argument)); }};
+}
+
+MeasuredFunction Of(const char* name, Binary function, std::string a, std::string b) {
+    return {name, [=](RealNumber* dest) { function(dest, RealBuffer(a), RealBuffer(b)); }};
+}
+
+MeasuredFunction OfComplex(const char* name, std::function<void(ComplexNumber* z)> function) {
+    return {name, [=](RealNumber*) {
+                ComplexBuffer z("1.25e0", "-7.5e-1");
+                function(z.Get());
+            }};
+}
+
+// Arguments take the longest way through a function and as many guard digits as it ever adds.
+std::vector<MeasuredFunction> MeasuredFunctions() {
+    return {
+        {"RealPi", RealPi},
+        Of("RealExpRounded", RealExpRounded, "1.7e18"),
+        Of("RealExp2Rounded", RealExp2Rounded, "1.7e18"),
+        Of("RealExp10Rounded", RealExp10Rounded, "1.0000000000000000017e18"),
+        Of("RealLnRounded", RealLnRounded, "1.7e18"),
+        Of("RealLog2Rounded", RealLog2Rounded, "1.7e18"),
+        Of("RealLog10Rounded", RealLog10Rounded, "1.7e18"),
+        Of("RealLogRounded", RealLogRounded, "7e0", "1.7e18"),
+        Of("RealSqrtRounded", RealSqrtRounded, "1.7e0"),
+        Of("RealCbrtRounded", RealCbrtRounded, "1.7e0"),
+        Of("RealRootRounded", RealRootRounded, "7e0", "-1.7e0"),
+        Of("RealHypotRounded", RealHypotRounded, "1.7e0", "1.3e0"),
+        {"RealPowerIntRounded",
+         [](RealNumber* dest) {
+             RealPowerIntRounded(dest, RealBuffer("1.000000000000000001e0"),
+                                 -9'007'199'254'740'993);
+         }},
+        {"RealPowerOfTwoRounded",
+         [](RealNumber* dest) { RealPowerOfTwoRounded(dest, -1'125'899'906'842'623); }},
+        Of("RealPowerRounded", RealPowerRounded, "1.000000000000000000000000000000001e0", "1.7e35"),
+        Of("RealSinRounded", RealSinRounded, "1.1e19"),
+        Of("RealCosRounded", RealCosRounded, "1.1e19"),
+        Of("RealTanRounded", RealTanRounded, "1.1e19"),
+        Of("RealAsinRounded", RealAsinRounded, "7e-1"),
+        Of("RealAcosRounded", RealAcosRounded, "7e-1"),
+        Of("RealAtanRounded", RealAtanRounded, "1.7e0"),
+        Of("RealAtan2Rounded", RealAtan2Rounded, "1.7e0", "-1.3e0"),
+        Of("RealSinhRounded", RealSinhRounded, "1.7e18"),
+        Of("RealCoshRounded", RealCoshRounded, "1.7e18"),
+        Of("RealTanhRounded", RealTanhRounded, "1.7e0"),
+        Of("RealTanhRounded, small", RealTanhRounded, "1.7e-2"),
+        Of("RealAsinhRounded", RealAsinhRounded, "1.7e0"),
+        Of("RealAcoshRounded", RealAcoshRounded, "1.7e0"),
+        Of("RealAcoshRounded, near 1", RealAcoshRounded, "1.03e0"),
+        Of("RealAtanhRounded", RealAtanhRounded, "7e-1"),
+        Of("RealDegToRad", RealDegToRad, "1.7e0"),
+        Of("RealRadToDeg", RealRadToDeg, "1.7e0"),
+        Of("RealGonToRad", RealGonToRad, "1.7e0"),
+        Of("RealRadToGon", RealRadToGon, "1.7e0"),
+        Of("RealFactorialRounded", RealFactorialRounded, "7.1e2"),
+        {"RealFactorialRounded, Stirling",
+         [](RealNumber* dest) { RealFactorialRounded(dest, RealBuffer("1.7e17")); }},
+        Of("RealCombinations", RealCombinations, "7.5e-1", "9e0"),
+        Of("RealPermutations", RealPermutations, "7.5e-1", "9e0"),
+        {"RealGcd",
+         [](RealNumber* dest) { RealGcd(dest, RealBuffer("1.8e1"), RealBuffer("1.2e1")); }},
+        {"RealLcm",
+         [](RealNumber* dest) { RealLcm(dest, RealBuffer("1.8e1"), RealBuffer("1.2e1")); }},
+        OfComplex("ComplexMul", [](ComplexNumber* z) { ComplexMul(z, z, z); }),
+        OfComplex("ComplexDiv",
+                  [](ComplexNumber* z) {
+                      ComplexBuffer w("7e-1", "1.3e0");
+                      ComplexDiv(z, z, w.Get());
+                  }),
+        OfComplex("ComplexReciprocal", [](ComplexNumber* z) { ComplexReciprocal(z, z); }),
+        OfComplex("ComplexAbs", [](ComplexNumber* z) { ComplexAbs(z, z); }),
+        OfComplex("ComplexPowerInt", [](ComplexNumber* z) { ComplexPowerInt(z, z, -13); }),
+        OfComplex("ComplexPower",
+                  [](ComplexNumber* z) {
+                      ComplexBuffer y("-1.3e1", "0");
+                      ComplexPower(z, z, y.Get());
+                  }),
+        OfComplex("ComplexSqrtBranch",
+                  [](ComplexNumber* z) { ComplexSqrtBranch(z, z, RealBuffer("1e0")); }),
+        OfComplex("ComplexCbrtBranch",
+                  [](ComplexNumber* z) { ComplexCbrtBranch(z, z, RealBuffer("1e0")); }),
+        OfComplex("ComplexRootBranch",
+                  [](ComplexNumber* z) {
+                      ComplexRootBranch(z, RealBuffer("7e0"), z, RealBuffer("5e0"));
+                  }),
+    };
+}
+
+// The figures stand in the log of the run and in docs/architecture.md.
+TEST(FunctionMemory, StaysWithinCoreScratchAtTheLongestLayout) {
+    const PrecisionScope scope(LongestPrecision);
+    const int64_t usual = coreScratch.highWaterWords;
+    for (const MeasuredFunction& function : MeasuredFunctions()) {
+        RealBuffer dest;
+        coreScratch.highWaterWords = 0;
+        function.run(dest);
+        const int64_t bytes = coreScratch.highWaterWords * BytesPerWord;
+        EXPECT_EQ(TakeCode(), CalcErrorNone) << function.name;
+        EXPECT_LT(bytes, CoreScratchBytes) << function.name;
+        EXPECT_EQ(numberContext.scratchTop, numberContext.scratchBase) << function.name;
+        std::printf("CoreScratch: %-32s %7d bytes, %4.1f records\n", function.name,
+                    static_cast<int>(bytes),
+                    static_cast<double>(bytes) / static_cast<double>(BytesPerWord * RealWords()));
+    }
+    coreScratch.highWaterWords = std::max(usual, coreScratch.highWaterWords);
+}
+
+}  // namespace
+}  // namespace tallymere
