@@ -160,8 +160,7 @@ Limb RealExpBase(RealNumber* dest, const RealNumber* x, ExpMode mode) {
         tenthPowers = RealExponent(v) - SeriesExponent;
         v->header = MakeHeader(SeriesExponent, RealSign(v));
     }
-    SeriesExp(dest, v);
-    Limb guard = 0;
+    Limb guard = SeriesExp(dest, v);
     for (; tenthPowers > 0; tenthPowers--) {
         guard = TenthPower(dest, v, constant);
     }

@@ -5,6 +5,7 @@
 #include "core/limb_columns.h"
 #include "core/limb_tools.h"
 #include "core/real_divide.h"
+#include "core/real_integer.h"
 
 namespace tallymere {
 
@@ -17,13 +18,13 @@ constexpr int64_t SpareLimbs = 1;
 constexpr int64_t LargestExponent = MaxExponent / 4;
 
 // By how many units of its last limb a term is too small at most. A product leaves out the columns
-// beyond the one behind the last limb, less than a unit for each limb of the term; every step cuts
-// off another unit; and what was there before shrinks by the factor.
+// beyond the one behind the last limb, less than a unit for each of the 530 limbs of the longest
+// term; every step cuts off another unit; and what was there before shrinks by the factor.
 constexpr Limb TermError = 4096;
 
 // A term has to lie that many digits below the sum, so that the error of the steps of p digits is
 // small against the sum's last digit.
-constexpr int64_t LeastGap = 6;
+constexpr int64_t LeastGap = 5;
 
 void SkipZeros(GridTerm& term) {
     while (term.lead < term.length && term.limbs[term.lead] == 0) {
@@ -51,13 +52,19 @@ bool GridCanHold(const RealNumber* sum, const RealNumber* power, const RealNumbe
     const auto moderate = [](const RealNumber* x) {
         return RealExponent(x) > -LargestExponent && RealExponent(x) < LargestExponent;
     };
-    return moderate(sum) && moderate(power) && moderate(factor) && RealExponent(factor) < -2 &&
-           RealExponent(power) <= RealExponent(sum);
+    if (!moderate(sum) || !moderate(power) || !moderate(factor)) {
+        return false;
+    }
+    const int64_t largestNext = RealExponent(power) + RealExponent(factor) + 1;
+    return RealExponent(power) <= RealExponent(sum) &&
+           RealExponent(sum) - largestNext >= LeastGap &&
+           (RealExponent(factor) < -1 ||
+            (RealExponent(factor) == -1 && RealLeadingDigits(RealLimbs(factor), 1) < 7));
 }
 
 GridTerm MakeGridTerm(ScratchScope& scratch) {
     const int64_t length = numberContext.realLimbs + SpareLimbs;
-    return {scratch.Take(length), length, length, 0};
+    return {scratch.Take(length), length, length, 0, false};
 }
 
 GridTerm MakeGridTerm(ScratchScope& scratch, const RealNumber* x, const RealNumber* sum) {
@@ -67,6 +74,7 @@ GridTerm MakeGridTerm(ScratchScope& scratch, const RealNumber* x, const RealNumb
     LimbsClear(term.limbs + n, SpareLimbs);
     LimbsShiftRightFar(term.limbs, term.limbs, term.length, RealExponent(sum) - RealExponent(x));
     term.lead = 0;
+    term.negative = RealSign(x) != 0;
     SkipZeros(term);
     return term;
 }
@@ -80,11 +88,12 @@ GridFactor MakeGridFactor(ScratchScope& scratch, const RealNumber* x) {
     LimbsShiftRightFar(term.limbs, term.limbs, term.length, -1 - RealExponent(x));
     term.lead = 0;
     SkipZeros(term);
-    return {term.limbs, term.length, term.lead};
+    return {term.limbs, term.length, term.lead, RealSign(x) != 0};
 }
 
 void GridMultiply(GridTerm& term, const GridFactor& factor) {
     term.steps++;
+    term.negative = term.negative != factor.negative;
     if (term.lead == term.length) {
         return;
     }
@@ -108,6 +117,7 @@ void GridMultiply(GridTerm& term, const GridFactor& factor) {
 void GridQuotient(GridTerm& dest, const GridTerm& term, uint64_t d) {
     dest.lead = term.lead;
     dest.steps = term.steps + 1;
+    dest.negative = term.negative;
     // remainder * LimbBase + limb = d * (remainder * whole) + (remainder * part + limb), and the
     // second sum fits 64 bits: a quotient of 64 bits for each limb, off by one at most.
     const uint64_t whole = LimbBase / d;
@@ -129,17 +139,19 @@ void GridQuotient(GridTerm& dest, const GridTerm& term, uint64_t d) {
     SkipZeros(dest);
 }
 
-GridOutcome GridAdd(RealNumber* sum, const GridTerm& term, bool subtract) {
+SeriesOutcome GridAdd(RealNumber* sum, Limb* guard, const GridTerm& term) {
     const int64_t n = numberContext.realLimbs;
     const int64_t t = numberContext.topLimbDigits;
+    const bool subtract = term.negative != (RealSign(sum) != 0);
     Limb error = 0;
     if (term.lead == term.length || !StepError(term, &error)) {
-        return GridOutcome::Doubtful;
+        return SeriesOutcome::Doubtful;
     }
     const Limb below = term.limbs[n];
     if (below <= error || below >= LimbBase - TermError) {
-        return GridOutcome::Doubtful;
+        return SeriesOutcome::Doubtful;
     }
+    *guard = subtract ? LimbBase - below : below;
     Limb* limbs = RealLimbs(sum);
     // A difference is truncated too: what lies below the last digit takes one more off it.
     Limb carry = subtract ? 1 : 0;
@@ -152,10 +164,10 @@ GridOutcome GridAdd(RealNumber* sum, const GridTerm& term, bool subtract) {
         limbs[i] = subtract ? SubtractLimbs(limbs[i], 0, carry) : AddLimbs(limbs[i], 0, carry);
     }
     if (carry != 0 || limbs[0] < PowerOfTen(t - 1) || limbs[0] >= PowerOfTen(t)) {
-        return GridOutcome::Doubtful;
+        return SeriesOutcome::Doubtful;
     }
     const bool last = term.lead == n || (term.lead == n - 1 && term.limbs[n - 1] < 10);
-    return last ? GridOutcome::Last : GridOutcome::Added;
+    return last ? SeriesOutcome::Last : SeriesOutcome::Added;
 }
 
 }  // namespace tallymere

@@ -14,13 +14,14 @@
 
 namespace tallymere {
 
-/// A number on the grid of a sum: realLimbs limbs beside those of the sum and one more. A positive
-/// magnitude; all limbs before `lead` are 0.
+/// A number on the grid of a sum: realLimbs limbs beside those of the sum and one more. All limbs
+/// before `lead` are 0.
 struct GridTerm {
     Limb* limbs;
     int64_t length;
     int64_t lead;
     int64_t steps;  ///< products and quotients since it was a number, each truncated to p digits
+    bool negative;
 };
 
 /// A number below 1 as a fraction: limbs[i] counts 10^(-19 (i + 1)). All before `lead` are 0.
@@ -28,26 +29,27 @@ struct GridFactor {
     Limb* limbs;
     int64_t length;
     int64_t lead;
+    bool negative;
 };
 
-enum class GridOutcome {
+enum class SeriesOutcome {
     Added,
-    Last,      ///< added, and the series ends by SeriesEnds
-    Doubtful,  ///< nothing can be said of the sum any more
+    Last,  ///< added, and the series ends by SeriesEnds
+    Doubtful,
 };
 
-/// True when a series with this sum and this first power, multiplied by `factor` from term to term,
-/// can be computed on the grid: nothing special, factor < 10^-2, no exponent that is near the ends
-/// of the range.
+/// True when a series can go on from this sum and this power, whose product by `factor` makes the
+/// next term, on the grid: the term is far enough below the sum, factor < 0.7, and nothing special
+/// or with an exponent near the ends of the range.
 bool GridCanHold(const RealNumber* sum, const RealNumber* power, const RealNumber* factor);
 
-/// |x| on the grid of `sum`, which must not be smaller.
+/// x on the grid of `sum`; |x| must not have a larger exponent than the sum.
 GridTerm MakeGridTerm(ScratchScope& scratch, const RealNumber* x, const RealNumber* sum);
 
 /// A term to be written by GridQuotient.
 GridTerm MakeGridTerm(ScratchScope& scratch);
 
-/// |x| for |x| < 1.
+/// x, for |x| < 1.
 GridFactor MakeGridFactor(ScratchScope& scratch, const RealNumber* x);
 
 /// term = term * factor.
@@ -56,7 +58,8 @@ void GridMultiply(GridTerm& term, const GridFactor& factor);
 /// dest = term / d for 1 <= d < 2^31. dest may be term.
 void GridQuotient(GridTerm& dest, const GridTerm& term, uint64_t d);
 
-/// Adds the term to the magnitude of the sum, or subtracts it.
-GridOutcome GridAdd(RealNumber* sum, const GridTerm& term, bool subtract);
+/// sum = sum + term, truncated; `guard` gets the limb below, whose last digits are not certain. A
+/// doubtful sum is of no use any more.
+SeriesOutcome GridAdd(RealNumber* sum, Limb* guard, const GridTerm& term);
 
 }  // namespace tallymere

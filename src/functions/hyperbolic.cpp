@@ -19,27 +19,6 @@ namespace {
 
 constexpr int64_t HyperbolicGuardDigits = 3;
 
-// dest = x + x^3 / 3! + x^5 / 5! + ...; raw.
-Limb SeriesSinh(RealNumber* dest, const RealNumber* x) {
-    CoreScratchScope scratch;
-    RealNumber* square = RealAt(scratch.Take(RealWords()));
-    RealNumber* term = RealAt(scratch.Take(RealWords()));
-    RealMulRaw(square, x, x);
-    RealCopy(term, x);
-    if (dest != x) {
-        RealCopy(dest, x);
-    }
-    Limb guard = 0;
-    uint64_t j = 0;
-    do {
-        RealMulRaw(term, term, square);
-        j += 2;
-        RealDivUint(term, term, j * (j + 1));
-        guard = RealAddRaw(dest, dest, term, false);
-    } while (!SeriesEnds(dest, term));
-    return guard;
-}
-
 // dest = x - 1 / 2 x^3 / 3 + (1 3) / (2 4) x^5 / 5 - ..., each term without its last factor made
 // from the one before; raw.
 Limb SeriesAsinh(RealNumber* dest, const RealNumber* x) {

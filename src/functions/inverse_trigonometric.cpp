@@ -66,29 +66,6 @@ Limb AddMultiple(RealNumber* sum, const StoredConstant& constant, uint64_t k) {
     return RealAddRaw(sum, sum, multiple, false);
 }
 
-// dest = the sum of x - x^3 / 3 + x^5 / 5 - ...; raw.
-Limb SeriesAtan(RealNumber* dest, const RealNumber* x) {
-    CoreScratchScope scratch;
-    RealNumber* square = RealAt(scratch.Take(RealWords()));
-    RealNumber* power = RealAt(scratch.Take(RealWords()));
-    RealNumber* term = RealAt(scratch.Take(RealWords()));
-    RealMulRaw(square, x, x);
-    RealCopy(power, x);
-    if (dest != x) {
-        RealCopy(dest, x);
-    }
-    Limb guard = 0;
-    uint64_t j = 1;
-    do {
-        RealNegate(power);
-        RealMulRaw(power, power, square);
-        j += 2;
-        RealDivUint(term, power, j);
-        guard = RealAddRaw(dest, dest, term, false);
-    } while (!SeriesEnds(dest, term));
-    return guard;
-}
-
 // dest = k pi / 4 with the sign given; raw.
 Limb SetOctants(RealNumber* dest, uint64_t k, uint64_t sign) {
     LoadConstant(dest, ConstPiQuarter);

@@ -1,7 +1,11 @@
 // The Taylor series that several functions end in.
 //
-// All are raw and work at the layout in force, for an x that its caller has reduced: there is no
-// limit on the number of terms. Destinations may be x, but not one another.
+// All work at the layout in force, for an x that its caller has reduced: there is no limit on the
+// number of terms. Raw: the guard limb is that of the last addition, and its last digits are not
+// certain. Destinations may be x, but not one another.
+//
+// The digits are those of the plain steps: every term a number of p digits, made by truncated
+// products and quotients from the one before and added to the sum, truncated.
 #pragma once
 
 #include "core/real_number.h"
@@ -15,17 +19,23 @@ inline bool SeriesEnds(const RealNumber* sum, const RealNumber* term) {
            RealExponent(sum) - RealExponent(term) >= numberContext.precisionDigits - 1;
 }
 
-/// dest = e^x = 1 + x + x^2/2! + ... dest must not be x.
-void SeriesExp(RealNumber* dest, const RealNumber* x);
+/// dest = e^x = 1 + x + x^2/2! + ...
+Limb SeriesExp(RealNumber* dest, const RealNumber* x);
 
 /// dest = artanh x = x + x^3/3 + x^5/5 + ... Returns the number of terms added to x, at least 1.
 int64_t SeriesAtanh(RealNumber* dest, const RealNumber* x);
+
+/// dest = arctan x = x - x^3/3 + x^5/5 - ...
+Limb SeriesAtan(RealNumber* dest, const RealNumber* x);
 
 /// dest = sin x = x - x^3/3! + x^5/5! - ... A zero comes out with the other sign.
 Limb SeriesSin(RealNumber* dest, const RealNumber* x);
 
 /// dest = cos x = 1 - x^2/2! + x^4/4! - ...
 Limb SeriesCos(RealNumber* dest, const RealNumber* x);
+
+/// dest = sinh x = x + x^3/3! + x^5/5! + ...
+Limb SeriesSinh(RealNumber* dest, const RealNumber* x);
 
 /// sin x and cos x from one sequence of terms, the sine as x times the series of sin x / x.
 void SeriesSinCos(RealNumber* sine, RealNumber* cosine, const RealNumber* x);

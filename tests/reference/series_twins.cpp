@@ -21,6 +21,48 @@ bool Ends(const RealNumber* sum, const RealNumber* term) {
            RealExponent(sum) - RealExponent(term) >= numberContext.precisionDigits - 1;
 }
 
+int64_t OddQuotients(RealNumber* dest, const RealNumber* x, bool alternating) {
+    Number sum;
+    Number square;
+    Number power;
+    Number term;
+    RealCopy(sum, x);
+    RealCopy(power, x);
+    RealMulRaw(square, x, x);
+    int64_t terms = 0;
+    uint64_t k = 1;
+    do {
+        if (alternating) {
+            RealNegate(power);
+        }
+        RealMulRaw(power, power, square);
+        k += 2;
+        RealDivUint(term, power, k);
+        RealAddRaw(sum, sum, term, false);
+        terms++;
+    } while (!Ends(sum, term));
+    RealCopy(dest, sum);
+    return terms;
+}
+
+void Factorials(RealNumber* dest, RealNumber* term, const RealNumber* x, uint64_t k,
+                bool alternating) {
+    Number sum;
+    Number square;
+    RealCopy(sum, term);
+    RealMulRaw(square, x, x);
+    do {
+        RealMulRaw(term, term, square);
+        RealDivUint(term, term, k * (k + 1));
+        if (alternating) {
+            RealNegate(term);
+        }
+        RealAddRaw(sum, sum, term, false);
+        k += 2;
+    } while (!Ends(sum, term));
+    RealCopy(dest, sum);
+}
+
 }  // namespace
 
 void SeriesExp(RealNumber* dest, const RealNumber* x) {
@@ -39,24 +81,75 @@ void SeriesExp(RealNumber* dest, const RealNumber* x) {
 }
 
 int64_t SeriesAtanh(RealNumber* dest, const RealNumber* x) {
-    Number sum;
+    return OddQuotients(dest, x, false);
+}
+
+void SeriesAtan(RealNumber* dest, const RealNumber* x) {
+    OddQuotients(dest, x, true);
+}
+
+void SeriesSin(RealNumber* dest, const RealNumber* x) {
+    Number first;
+    RealCopy(first, x);
+    Factorials(dest, first, x, 2, true);
+}
+
+void SeriesSinh(RealNumber* dest, const RealNumber* x) {
+    Number first;
+    RealCopy(first, x);
+    Factorials(dest, first, x, 2, false);
+}
+
+void SeriesCos(RealNumber* dest, const RealNumber* x) {
+    Number first;
+    RealSetOne(first);
+    Factorials(dest, first, x, 1, true);
+}
+
+void SeriesSinCos(RealNumber* sine, RealNumber* cosine, const RealNumber* x) {
     Number square;
-    Number power;
     Number term;
-    RealCopy(sum, x);
-    RealCopy(power, x);
+    Number even;
+    Number odd;
     RealMulRaw(square, x, x);
-    int64_t terms = 0;
-    uint64_t k = 1;
+    RealSetOne(term);
+    RealSetOne(even);
+    RealSetOne(odd);
+    uint64_t k = 2;
     do {
-        RealMulRaw(power, power, square);
+        RealNegate(term);
+        RealMulRaw(term, term, square);
+        RealDivUint(term, term, k);
+        RealAddRaw(even, even, term, false);
+        RealDivUint(term, term, k + 1);
+        RealAddRaw(odd, odd, term, false);
         k += 2;
-        RealDivUint(term, power, k);
-        RealAddRaw(sum, sum, term, false);
-        terms++;
-    } while (!Ends(sum, term));
-    RealCopy(dest, sum);
-    return terms;
+    } while (!Ends(odd, term));
+    RealMulRaw(sine, odd, x);
+    RealCopy(cosine, even);
+}
+
+void SeriesSinhCosh(RealNumber* sinh, RealNumber* cosh, const RealNumber* x) {
+    Number square;
+    Number term;
+    Number even;
+    Number odd;
+    RealMulRaw(square, x, x);
+    RealCopy(term, square);
+    RealSetOne(even);
+    RealSetOne(odd);
+    for (uint64_t k = 2;; k += 2) {
+        RealDivUint(term, term, k);
+        RealAddRaw(even, even, term, false);
+        RealDivUint(term, term, k + 1);
+        RealAddRaw(odd, odd, term, false);
+        if (Ends(odd, term)) {
+            break;
+        }
+        RealMulRaw(term, term, square);
+    }
+    RealMulRaw(sinh, odd, x);
+    RealCopy(cosh, even);
 }
 
 }  // namespace tallymere::reference

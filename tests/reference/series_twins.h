@@ -10,5 +10,11 @@ namespace tallymere::reference {
 
 void SeriesExp(RealNumber* dest, const RealNumber* x);
 int64_t SeriesAtanh(RealNumber* dest, const RealNumber* x);
+void SeriesAtan(RealNumber* dest, const RealNumber* x);
+void SeriesSin(RealNumber* dest, const RealNumber* x);
+void SeriesCos(RealNumber* dest, const RealNumber* x);
+void SeriesSinh(RealNumber* dest, const RealNumber* x);
+void SeriesSinCos(RealNumber* sine, RealNumber* cosine, const RealNumber* x);
+void SeriesSinhCosh(RealNumber* sinh, RealNumber* cosh, const RealNumber* x);
 
 }  // namespace tallymere::reference
