@@ -1,0 +1,158 @@
+#include "functions/grid_series.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "support/real_testing.h"
+
+namespace tallymere {
+namespace {
+
+using namespace testing_support;
+
+// sum + x on the grid, as the series sees it.
+struct GridSum {
+    SeriesOutcome outcome;
+    std::string text;
+    Limb guard;
+};
+
+GridSum Add(std::string_view sumText, std::string_view termText, int64_t steps = 2) {
+    RealBuffer sum(sumText);
+    const RealBuffer x(termText);
+    CoreScratchScope scratch;
+    GridTerm term = MakeGridTerm(scratch, x, sum);
+    term.steps = steps;
+    GridSum result = {};
+    result.outcome = GridAdd(sum, &result.guard, term);
+    result.text = PlainText(sum);
+    return result;
+}
+
+// At 20 digits the last of 1 is 10^-19, and the limb below it ends at 10^-38.
+TEST(GridAdd, AddsTheDigitsThatReachTheSum) {
+    PrecisionScope scope(20);
+    const GridSum sum = Add("1", "1.2345678901234567891e-9");
+    EXPECT_EQ(sum.outcome, SeriesOutcome::Added);
+    EXPECT_EQ(sum.text, "1.0000000012345678901e0");
+    EXPECT_EQ(sum.guard, 2345678910000000000u);
+}
+
+TEST(GridAdd, TruncatesADifference) {
+    PrecisionScope scope(20);
+    const GridSum sum = Add("2", "-1.2345678901234567891e-9");
+    EXPECT_EQ(sum.outcome, SeriesOutcome::Added);
+    EXPECT_EQ(sum.text, "1.9999999987654321098e0");
+    EXPECT_EQ(sum.guard, 7654321090000000000u);
+}
+
+TEST(GridAdd, GoesAwayFromZeroForANegativeSum) {
+    PrecisionScope scope(20);
+    EXPECT_EQ(Add("-1", "-1.2345678901234567891e-9").text, "-1.0000000012345678901e0");
+    EXPECT_EQ(Add("-2", "1.2345678901234567891e-9").text, "-1.9999999987654321098e0");
+}
+
+TEST(GridAdd, EndsWithTheTermOfWhichOneDigitCounts) {
+    PrecisionScope scope(20);
+    EXPECT_EQ(Add("1", "1.05e-18").outcome, SeriesOutcome::Added);
+    EXPECT_EQ(Add("1", "9.95e-19").outcome, SeriesOutcome::Last);
+    EXPECT_EQ(Add("1", "9.95e-20").outcome, SeriesOutcome::Last);
+    EXPECT_EQ(Add("1", "9.95e-20").text, "1e0");
+}
+
+// Digits just above or just below a unit of the sum's last digit may be on its other side in the
+// steps of p digits.
+TEST(GridAdd, DoubtsWhatIsNextToAUnit) {
+    PrecisionScope scope(20);
+    EXPECT_EQ(Add("1", "1e-9").outcome, SeriesOutcome::Doubtful);
+    EXPECT_EQ(Add("1", "1.0000000000000000001e-9").outcome, SeriesOutcome::Doubtful);
+    EXPECT_EQ(Add("1", "5e-19").outcome, SeriesOutcome::Doubtful);
+    EXPECT_EQ(Add("1", "5.00000000001e-19").outcome, SeriesOutcome::Last);
+    EXPECT_EQ(Add("1", "5.9999999999999999999e-19").outcome, SeriesOutcome::Doubtful);
+}
+
+// The error of the steps of p digits is in proportion to the term and to their number: it is
+// 20 steps / 10^gap of the sum's last digit.
+TEST(GridAdd, DoubtsMoreAfterMoreSteps) {
+    PrecisionScope scope(20);
+    EXPECT_EQ(Add("1", "1.0000000000100000000e-8", 1).outcome, SeriesOutcome::Doubtful);
+    EXPECT_EQ(Add("1", "1.0000000000000001000e-9", 4).outcome, SeriesOutcome::Added);
+    EXPECT_EQ(Add("1", "1.0000000000100000010e-9", 4).outcome, SeriesOutcome::Added);
+    EXPECT_EQ(Add("1", "1.0000000000100000010e-9", 40000000).outcome, SeriesOutcome::Doubtful);
+}
+
+TEST(GridAdd, DoubtsATermNearToTheSumAndATermOfNothing) {
+    PrecisionScope scope(20);
+    EXPECT_EQ(Add("1", "1.2345678901234567891e-4").outcome, SeriesOutcome::Doubtful);
+    EXPECT_EQ(Add("1", "1.2345678901234567891e-5").outcome, SeriesOutcome::Added);
+    EXPECT_EQ(Add("1", "1e-60").outcome, SeriesOutcome::Doubtful);
+}
+
+TEST(GridAdd, DoubtsASumThatGainsOrLosesADigit) {
+    for (int64_t p : {19, 20, 38}) {
+        PrecisionScope scope(p);
+        EXPECT_EQ(Add("9.9999999999", "1.2345678901234567e-9").outcome, SeriesOutcome::Doubtful);
+        EXPECT_EQ(Add("1.0000000001", "-1.2345678901234567e-9").outcome, SeriesOutcome::Doubtful);
+    }
+}
+
+bool CanHold(std::string_view sum, std::string_view power, std::string_view factor) {
+    return GridCanHold(RealBuffer(sum), RealBuffer(power), RealBuffer(factor));
+}
+
+TEST(GridCanHold, WantsAFactorThatShrinksTheTermsFarBelowTheSum) {
+    PrecisionScope scope(20);
+    EXPECT_TRUE(CanHold("1", "1", "1e-6"));
+    EXPECT_FALSE(CanHold("1", "1", "1e-5"));
+    EXPECT_TRUE(CanHold("1", "9e-1", "1e-5"));
+    EXPECT_TRUE(CanHold("1", "1e-9", "0.69"));
+    EXPECT_FALSE(CanHold("1", "1e-9", "0.7"));
+    EXPECT_FALSE(CanHold("1", "1e-9", "1"));
+    EXPECT_FALSE(CanHold("1", "10", "1e-9"));
+}
+
+TEST(GridCanHold, RefusesSpecialValuesAndTheEndsOfTheRange) {
+    PrecisionScope scope(20);
+    for (const char* text :
+         {"0", "-0", "inf", "nan", "1e4000000000000000000", "1e-4000000000000000000"}) {
+        EXPECT_FALSE(CanHold(text, "1e-9", "1e-9")) << text;
+        EXPECT_FALSE(CanHold("1", text, "1e-9")) << text;
+        EXPECT_FALSE(CanHold("1", "1e-9", text)) << text;
+    }
+}
+
+// The quotients are those of school division for every kind of divisor.
+TEST(GridQuotient, DividesByEveryDivisor) {
+    RandomSource random;
+    for (int64_t p : {19, 57, 190}) {
+        PrecisionScope scope(p);
+        for (int round = 0; round < TestRounds(2000); round++) {
+            CoreScratchScope scratch;
+            GridTerm term = MakeGridTerm(scratch);
+            FillLimbs(random, term.limbs, term.length);
+            term.lead = 0;
+            uint64_t d = 1 + random.Below((uint64_t{1} << (1 + random.Below(31))) - 1);
+            if (random.Below(4) == 0) {
+                d = uint64_t{1} << random.Below(31);
+            }
+            GridTerm quotient = MakeGridTerm(scratch);
+            GridQuotient(quotient, term, d);
+            EXPECT_EQ(quotient.steps, term.steps + 1);
+            uint64_t remainder = 0;
+            for (int64_t i = 0; i < term.length; i++) {
+                // remainder * 10^19 + limb = d * quotient + the next remainder.
+                const Wide value = wide_portable::Add(wide_portable::Multiply(remainder, LimbBase),
+                                                      {0, term.limbs[i]});
+                const Wide back = wide_portable::Multiply(d, quotient.limbs[i]);
+                const Wide rest = wide_portable::Subtract(value, back);
+                ASSERT_EQ(rest.high, 0u);
+                ASSERT_LT(rest.low, d);
+                remainder = rest.low;
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace tallymere
