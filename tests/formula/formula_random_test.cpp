@@ -80,7 +80,7 @@ TEST_F(RandomFormulas, ThatAreMangledHaveTheErrorOfTheirFirstFault) {
 }
 
 TEST_F(RandomFormulas, ThatAreNestedDeeplyMeetTheLimitOfTheStack) {
-    CompareMany(9'000, [this] {
+    CompareMany(5'000, [this] {
         std::u16string text = RandomNest(random_);
         if (random_.Below(3) == 0) {
             Mangle(random_, text);
