@@ -90,6 +90,33 @@ Limb LimbsShiftLeftFar(Limb* dest, const Limb* src, int64_t m, int64_t k, Limb g
     return LimbsShiftLeftDigits(dest, dest, m, k % DigitsPerLimb, 0);
 }
 
+// With v = remainder * LimbBase + limb = d (remainder * whole) + value, where value is remainder *
+// part + limb, a limb of the quotient is remainder * whole + value / d. The reciprocal makes value
+// / d too small by one at most, and what then remains, below 2 d, goes on as it is: value still
+// fits 64 bits. It is put right beside the chain from limb to limb, which is what takes the time:
+// one high product, one low product and a difference.
+uint64_t LimbsDivideSmall(Limb* dest, const Limb* src, int64_t m, int64_t zeros, uint64_t d,
+                          uint64_t remainder) {
+    const uint64_t whole = LimbBase / d;
+    const uint64_t part = LimbBase % d;
+    const uint64_t reciprocal = ~uint64_t{0} / d;
+    const uint64_t step = part * d;
+    const int64_t count = m + zeros;
+    uint64_t value = remainder * part + (m > 0 ? src[0] : 0);
+    uint64_t excess = 0;  // by which the remainder in `value` is too large, in units of d
+    for (int64_t i = 0; i < count; i++) {
+        const Limb below = i + 1 < m ? src[i + 1] : 0;
+        const uint64_t quotient = MultiplyHigh(value, reciprocal);
+        const uint64_t rest = value - quotient * d;
+        value = value * part + below - quotient * step;  // rest * part + below, modulo 2^64
+        const uint64_t tooSmall = rest >= d ? 1 : 0;
+        dest[i] = remainder * whole + quotient + tooSmall - excess * part;
+        remainder = rest - (d & (0 - tooSmall));
+        excess = tooSmall;
+    }
+    return remainder;
+}
+
 Limb LimbsNormalise(Limb* dest, const Limb* src, int64_t m, int64_t* count, Limb guard) {
     int64_t first = 0;
     while (first < m && src[first] == 0) {

@@ -40,6 +40,15 @@ Limb LimbsAdd(Limb* dest, const Limb* a, const Limb* b, int64_t n);
 /// `guard` below its last limb. Returns the guard limb of the difference, 10^19 - guard or 0.
 Limb LimbsSubtract(Limb* dest, const Limb* a, const Limb* b, int64_t n, Limb guard);
 
+/// What LimbsDivideSmall can divide by lies below this.
+inline constexpr uint64_t SmallDivisorLimit = uint64_t{1} << 30;
+
+/// Divides the number that is made of `remainder` and behind it the m limbs of src and `zeros`
+/// limbs that are 0, by 1 <= d < SmallDivisorLimit, for remainder < d: writes m + zeros limbs of
+/// the quotient and returns the remainder. dest may be src, or overlap it from below.
+uint64_t LimbsDivideSmall(Limb* dest, const Limb* src, int64_t m, int64_t zeros, uint64_t d,
+                          uint64_t remainder);
+
 /// Sets n limbs to 0.
 void LimbsClear(Limb* dest, int64_t n);
 

@@ -205,11 +205,15 @@ Limb RealDivUint(RealNumber* dest, const RealNumber* x, uint64_t d, uint64_t rec
         const Wide value = wide::Add(wide::Multiply(remainder, LimbBase), {0, limb});
         return Divide128(&remainder, value.high, value.low, d, reciprocal);
     };
-    for (int64_t i = skipped; i < n; i++) {
-        to[i - skipped] = nextLimb(from[i]);
-    }
-    if (skipped != 0) {
-        to[n - 1] = nextLimb(0);
+    if (d < SmallDivisorLimit) {
+        remainder = LimbsDivideSmall(to, from + skipped, n - skipped, skipped, d, remainder);
+    } else {
+        for (int64_t i = skipped; i < n; i++) {
+            to[i - skipped] = nextLimb(from[i]);
+        }
+        if (skipped != 0) {
+            to[n - 1] = nextLimb(0);
+        }
     }
     Limb guard = nextLimb(0);
     const int64_t shift = numberContext.topLimbDigits - DigitCount(to[0]);

@@ -118,24 +118,8 @@ void GridQuotient(GridTerm& dest, const GridTerm& term, uint64_t d) {
     dest.lead = term.lead;
     dest.steps = term.steps + 1;
     dest.negative = term.negative;
-    // remainder * LimbBase + limb = d * (remainder * whole) + (remainder * part + limb), and the
-    // second sum fits 64 bits: a quotient of 64 bits for each limb, off by one at most.
-    const uint64_t whole = LimbBase / d;
-    const uint64_t part = LimbBase % d;
-    const bool powerOfTwo = (d & (d - 1)) == 0;
-    const uint64_t reciprocal = powerOfTwo ? ~uint64_t{0} : DivisorReciprocal(d);
-    const int shift = HighestBit(d);
-    uint64_t remainder = 0;
-    for (int64_t i = term.lead; i < term.length; i++) {
-        const uint64_t value = remainder * part + term.limbs[i];
-        uint64_t quotient = MultiplyHigh(value, reciprocal) >> shift;
-        uint64_t rest = value - quotient * d;
-        const uint64_t tooSmall = rest >= d ? 1 : 0;
-        quotient += tooSmall;
-        rest -= d & (0 - tooSmall);
-        dest.limbs[i] = remainder * whole + quotient;
-        remainder = rest;
-    }
+    LimbsDivideSmall(dest.limbs + term.lead, term.limbs + term.lead, term.length - term.lead, 0, d,
+                     0);
     SkipZeros(dest);
 }
 

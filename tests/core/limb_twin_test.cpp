@@ -137,6 +137,64 @@ TEST(LimbTwin, FarShiftsAgreeAtEveryDistance) {
     }
 }
 
+uint64_t RandomSmallDivisor(RandomSource& random) {
+    switch (random.Below(5)) {
+        case 0:
+            return random.Between(1, 20);
+        case 1:
+            return SmallDivisorLimit - random.Between(1, 20);
+        case 2:
+            return uint64_t{1} << random.Below(30);
+        case 3:
+            return reference::TenTo(random.Between(0, 9)) + random.Below(3) - 1;
+        default:
+            return random.Below(SmallDivisorLimit) >> random.Below(30);
+    }
+}
+
+TEST(LimbTwin, QuotientsBySmallDivisorsAgree) {
+    ContextCheck check;
+    RandomSource random;
+    for (int64_t m : LimbCounts()) {
+        SCOPED_TRACE(m);
+        for (int round = 0; round < TestRounds(300); round++) {
+            const uint64_t d = std::max<uint64_t>(1, RandomSmallDivisor(random));
+            const uint64_t remainder = round % 3 == 0 ? d - 1 : random.Below(d);
+            SCOPED_TRACE(std::to_string(remainder) + " and limbs by " + std::to_string(d));
+            const int64_t zeros = static_cast<int64_t>(random.Below(3));
+            Limbs src = RandomLimbs(random, m);
+            Limbs apart(src.size() + static_cast<size_t>(zeros), 77);
+            const uint64_t left =
+                LimbsDivideSmall(apart.data(), src.data(), m, zeros, d, remainder);
+            src.resize(apart.size(), 0);
+            uint64_t expectedLeft = remainder;
+            const Limbs expected = reference::Divide(src, d, expectedLeft);
+            ASSERT_EQ(apart, expected);
+            ASSERT_EQ(left, expectedLeft);
+            LimbsDivideSmall(src.data(), src.data(), m, zeros, d, remainder);
+            ASSERT_EQ(src, expected);
+        }
+    }
+}
+
+// Limbs of multiples of d and their neighbours: there the estimate of each limb is at its worst.
+TEST(LimbTwin, QuotientsNextToMultiplesAgree) {
+    RandomSource random;
+    for (int round = 0; round < TestRounds(20'000); round++) {
+        const uint64_t d = std::max<uint64_t>(1, RandomSmallDivisor(random));
+        SCOPED_TRACE(d);
+        Limbs src;
+        for (int i = 0; i < 6; i++) {
+            const uint64_t multiple = (random.Word() % LimbBase) / d * d;
+            src.push_back((multiple + random.Below(3) + LimbBase - 1) % LimbBase);
+        }
+        Limbs quotient(src.size());
+        LimbsDivideSmall(quotient.data(), src.data(), 6, 0, d, 0);
+        uint64_t remainder = 0;
+        ASSERT_EQ(quotient, reference::Divide(src, d, remainder));
+    }
+}
+
 TEST(LimbTwin, NormaliseAgreesForEveryTopDigitCount) {
     ContextCheck check;
     RandomSource random;

@@ -114,6 +114,16 @@ LimbResult Normalise(const Limbs& src, uint64_t guard) {
     return result;
 }
 
+Limbs Divide(const Limbs& src, uint64_t d, uint64_t& remainder) {
+    Limbs quotient;
+    for (uint64_t limb : src) {
+        const Word128 value = Word128{remainder} * Base + limb;
+        quotient.push_back(static_cast<uint64_t>(value / d));
+        remainder = static_cast<uint64_t>(value % d);
+    }
+    return quotient;
+}
+
 LimbResult Multiply(const Limbs& a, const Limbs& b) {
     const int64_t n = static_cast<int64_t>(a.size());
     const int64_t t = TopDigits();

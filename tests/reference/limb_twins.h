@@ -28,6 +28,9 @@ LimbResult ShiftRightFar(const Limbs& src, int64_t k);
 LimbResult ShiftLeftFar(const Limbs& src, int64_t k, uint64_t guard);
 LimbResult Normalise(const Limbs& src, uint64_t guard);
 
+/// The quotient by d of `remainder` < d and src behind it, whose remainder replaces the first.
+Limbs Divide(const Limbs& src, uint64_t d, uint64_t& remainder);
+
 /// The short product of two mantissas, row by row with one reduction for each limb product.
 LimbResult Multiply(const Limbs& a, const Limbs& b);
 

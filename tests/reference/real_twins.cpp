@@ -164,16 +164,11 @@ RealResult MultiplyByUint(const Real& x, uint64_t k) {
 
 RealResult DivideByUint(const Real& x, uint64_t d) {
     const size_t n = x.limbs.size();
-    Limbs dividend = x.limbs;
-    dividend.resize(n + 2, 0);
-    const size_t skipped = dividend[0] < d ? 1 : 0;
-    Word128 remainder = skipped != 0 ? dividend[0] : 0;
-    Limbs quotient;
-    for (size_t i = skipped; quotient.size() < n + 1; i++) {
-        const Word128 value = remainder * Base + dividend[i];
-        quotient.push_back(static_cast<uint64_t>(value / d));
-        remainder = value % d;
-    }
+    const size_t skipped = x.limbs[0] < d ? 1 : 0;
+    Limbs dividend(x.limbs.begin() + static_cast<int64_t>(skipped), x.limbs.end());
+    dividend.resize(n + 1, 0);
+    uint64_t remainder = skipped != 0 ? x.limbs[0] : 0;
+    Limbs quotient = Divide(dividend, d, remainder);
     const uint64_t guard = quotient.back();
     quotient.pop_back();
     const int64_t shift = TopDigits() - CountDigits(quotient[0]);
