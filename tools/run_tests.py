@@ -96,7 +96,7 @@ def report(kind, name, outcome, started, log=None):
 
 def check_sources(totals):
     """Checks that need no build: each is one test, those of the tools as many as they have."""
-    sources = [str(path.relative_to(ROOT)) for top in ("src", "console", "tests", "bench")
+    sources = [str(path.relative_to(ROOT)) for top in ("src", "console", "tests", "bench", "tools")
                for path in sorted((ROOT / top).rglob("*")) if path.suffix in (".h", ".cpp")]
     checks = [("layers", [sys.executable, "tools/check_layers.py"])]
     if shutil.which("clang-format-14"):
