@@ -50,8 +50,8 @@ const std::map<std::string, WiderBound> WiderBounds = {
     {"z * w", {12, 12}},
     {"z / w", {25, 25}},
     {"1 / z", {20, 20}},
-    {"z^n", {100, 100}},
-    {"rootc", {2.5, 10}},
+    {"z^n", {200, 200}},
+    {"rootc", {2.5, 15}},
 };
 
 // What may be lost beside a result that is small, or beyond the digits before the point of a

@@ -305,7 +305,7 @@ std::vector<TestedFunction> ComplexFunctions() {
         Operation("z * w", ComplexMul, false),
         Operation("z / w", ComplexDiv, true),
         OfOne("1 / z", ComplexReciprocal, Reciprocal, 2),
-        OfOne("|z|", ComplexAbs, Modulus, 1),
+        OfOne("abs z", ComplexAbs, Modulus, 1),
         Power(),
         Root("sqrtc", 2,
              [](ComplexNumber* z, int64_t, int64_t k) {
