@@ -6,7 +6,6 @@
 
 #include "core/complex_arithmetic.h"
 #include "core/complex_modulus.h"
-#include "core/real_integer.h"
 #include "functions/complex_powers.h"
 #include "functions/complex_roots.h"
 #include "support/function_oracle.h"
@@ -150,9 +149,9 @@ std::vector<FunctionValue> RootBranch(const DecimalValue& real, const DecimalVal
     std::vector<FunctionValue> parts(2, FunctionValue{angle, (unit - rest) / n, 0});
     mpfr_sin_cos(parts[1].value, parts[0].value, angle, MPFR_RNDN);
     // Where z lies on an axis and its quarter turns are divisible by n, a part is 0.
-    const int axis = real.IsZero() ? (imaginary.Sign() > 0 ? 1 : -1)
-                                   : (imaginary.IsZero() ? (real.Sign() > 0 ? 0 : 2) : 99);
-    const bool exact = axis != 99 && (axis + 4 * k) % n == 0;
+    const bool onAxis = real.IsZero() || imaginary.IsZero();
+    const int64_t axis = real.IsZero() ? imaginary.Sign() : 1 - real.Sign();
+    const bool exact = onAxis && (axis + 4 * k) % n == 0;
     for (size_t i = 0; i < 2; i++) {
         FunctionValue& part = parts[i];
         const bool quarterIsOdd = exact && (axis + 4 * k) / n % 2 != 0;

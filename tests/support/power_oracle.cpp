@@ -3,8 +3,6 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "core/real_integer.h"
-#include "core/real_rounding.h"
 #include "functions/powers.h"
 #include "functions/roots.h"
 #include "support/function_oracle.h"
@@ -85,7 +83,7 @@ const ArgumentDomain& Bases() {
     return bases;
 }
 
-// An exponent y such that |y * log10 x| lies mostly below 10^`size` or a small power of ten.
+// Base and exponent such that the power mostly stays in the range of exponents and is not 1.
 void DrawPower(RandomSource& random, FunctionArguments& x) {
     DrawArgument(random, x.reals[0], Bases());
     DrawArgument(random, x.reals[1],
@@ -145,9 +143,7 @@ TestedFunction PowerOfTwo() {
         RealPowerOfTwoRounded(results[0], x.n);
     };
     function.exact = [](const ExactArguments& x, int64_t digits) {
-        Float two(digits);
-        mpfr_set_ui(two, 2, MPFR_RNDN);
-        DecimalValue base{Integer(2), 0, 1};
+        const DecimalValue base{Integer(2), 0, 1};
         return std::vector{IntegerPowerOf(base, x.n, digits)};
     };
     function.draw = [](RandomSource& random, FunctionArguments& x) {
