@@ -92,14 +92,31 @@ struct LimbQuotient {
     uint64_t remainder;
 };
 
+/// Divides by 10^k, 1 <= k <= 19; for loops that do it again and again.
+class PowerOfTenDivider {
+public:
+    explicit constexpr PowerOfTenDivider(int64_t k)
+        : divisor_(PowerOfTen(k)),
+          reciprocal_(limb_tables::DivisionReciprocals[static_cast<size_t>(k)].reciprocal),
+          digits_(static_cast<int>(k)),
+          shift_(limb_tables::DivisionReciprocals[static_cast<size_t>(k)].shift) {}
+
+    /// Any 64-bit v.
+    constexpr LimbQuotient Divide(uint64_t v) const {
+        const uint64_t quotient = MultiplyHigh(reciprocal_, v >> digits_) >> shift_;
+        return {quotient, v - quotient * divisor_};
+    }
+
+private:
+    uint64_t divisor_;
+    uint64_t reciprocal_;
+    int digits_;
+    int shift_;
+};
+
 /// Any 64-bit v divided by 10^k, 0 <= k <= 19.
 constexpr LimbQuotient DivideByPowerOfTen(uint64_t v, int64_t k) {
-    if (k == 0) {
-        return {v, 0};
-    }
-    const auto divider = limb_tables::DivisionReciprocals[static_cast<size_t>(k)];
-    const uint64_t quotient = MultiplyHigh(divider.reciprocal, v >> k) >> divider.shift;
-    return {quotient, v - quotient * PowerOfTen(k)};
+    return k == 0 ? LimbQuotient{v, 0} : PowerOfTenDivider(k).Divide(v);
 }
 
 /// A 128-bit value divided by LimbBase. Needs value.high < LimbBase, so that the quotient fits.

@@ -60,6 +60,47 @@ inline void MultiplyColumns(Limb* w, const Limb* a, const Limb* b) {
     w[0] = column.sum.low;
 }
 
+// LimbsMultiply or LimbsMultiplyAligned for a length that the compiler can unroll: there the moves
+// before and behind the product take as long as it does, and here they cost no calls.
+template <int64_t N>
+int MultiplyShort(Limb* product, Limb* guard, const Limb* a, const Limb* b, bool isAligned) {
+    Limb w[N + 1];
+    const int64_t t = numberContext.topLimbDigits;
+    if (isAligned || t == DigitsPerLimb) {
+        MultiplyColumns<N>(w, a, b);
+    } else {
+        Limb aligned[N];
+        const PowerOfTenDivider missing(t);
+        const Limb scale = PowerOfTen(DigitsPerLimb - t);
+        Limb upper = a[0];
+#pragma GCC unroll 8
+        for (int64_t i = 0; i < N; i++) {
+            const LimbQuotient next = i + 1 < N ? missing.Divide(a[i + 1]) : LimbQuotient{0, 0};
+            aligned[i] = upper * scale + next.quotient;
+            upper = next.remainder;
+        }
+        MultiplyColumns<N>(w, aligned, b);
+    }
+    if (w[0] >= PowerOfTen(t - 1)) {
+#pragma GCC unroll 8
+        for (int64_t i = 0; i < N; i++) {
+            product[i] = w[i];
+        }
+        *guard = w[N];
+        return 0;
+    }
+    constexpr PowerOfTenDivider firstDigit(DigitsPerLimb - 1);
+    Limb upper = w[0];
+#pragma GCC unroll 8
+    for (int64_t i = 0; i < N; i++) {
+        const LimbQuotient next = firstDigit.Divide(w[i + 1]);
+        product[i] = upper * 10 + next.quotient;
+        upper = next.remainder;
+    }
+    *guard = upper * 10;
+    return 1;
+}
+
 void MultiplyLongColumns(int64_t n, Limb* w, const Limb* a, const Limb* b) {
     const NonZeroSpan spanA = FindNonZeroSpan(a, n);
     const NonZeroSpan spanB = FindNonZeroSpan(b, n);
@@ -78,38 +119,17 @@ void MultiplyLongColumns(int64_t n, Limb* w, const Limb* a, const Limb* b) {
     w[0] = column.sum.low;
 }
 
-}  // namespace
-
-void LimbsAlign(Limb* dest, const Limb* src, int64_t n) {
-    LimbsShiftLeftDigits(dest, src, n, DigitsPerLimb - numberContext.topLimbDigits, 0);
-}
-
-int LimbsMultiplyAligned(int64_t n, Limb* product, Limb* guard, const Limb* a, const Limb* b) {
+// LimbsMultiply or LimbsMultiplyAligned for any length.
+int MultiplyLong(int64_t n, Limb* product, Limb* guard, const Limb* a, const Limb* b,
+                 bool isAligned) {
     CoreScratchScope scratch;
     Limb* w = scratch.Take(n + 2);
-    switch (n) {
-        case 1:
-            MultiplyColumns<1>(w, a, b);
-            break;
-        case 2:
-            MultiplyColumns<2>(w, a, b);
-            break;
-        case 3:
-            MultiplyColumns<3>(w, a, b);
-            break;
-        case 4:
-            MultiplyColumns<4>(w, a, b);
-            break;
-        case 5:
-            MultiplyColumns<5>(w, a, b);
-            break;
-        case 6:
-            MultiplyColumns<6>(w, a, b);
-            break;
-        default:
-            MultiplyLongColumns(n, w, a, b);
-            break;
+    if (!isAligned && numberContext.topLimbDigits != DigitsPerLimb) {
+        Limb* aligned = scratch.Take(n);
+        LimbsAlign(aligned, a, n);
+        a = aligned;
     }
+    MultiplyLongColumns(n, w, a, b);
     if (w[0] >= PowerOfTen(numberContext.topLimbDigits - 1)) {
         LimbsCopy(product, w, n);
         *guard = w[n];
@@ -119,14 +139,38 @@ int LimbsMultiplyAligned(int64_t n, Limb* product, Limb* guard, const Limb* a, c
     return 1;
 }
 
-int LimbsMultiply(int64_t n, Limb* product, Limb* guard, const Limb* a, const Limb* b) {
-    if (numberContext.topLimbDigits == DigitsPerLimb) {
-        return LimbsMultiplyAligned(n, product, guard, a, b);
+int Multiply(int64_t n, Limb* product, Limb* guard, const Limb* a, const Limb* b, bool isAligned) {
+    switch (n) {
+        case 1:
+            return MultiplyShort<1>(product, guard, a, b, isAligned);
+        case 2:
+            return MultiplyShort<2>(product, guard, a, b, isAligned);
+        case 3:
+            return MultiplyShort<3>(product, guard, a, b, isAligned);
+        case 4:
+            return MultiplyShort<4>(product, guard, a, b, isAligned);
+        case 5:
+            return MultiplyShort<5>(product, guard, a, b, isAligned);
+        case 6:
+            return MultiplyShort<6>(product, guard, a, b, isAligned);
+        default:
+            return MultiplyLong(n, product, guard, a, b, isAligned);
     }
-    CoreScratchScope scratch;
-    Limb* aligned = scratch.Take(n);
-    LimbsAlign(aligned, a, n);
-    return LimbsMultiplyAligned(n, product, guard, aligned, b);
+}
+
+}  // namespace
+
+void LimbsAlign(Limb* dest, const Limb* src, int64_t n) {
+    LimbsShiftLeftDigits(dest, src, n, DigitsPerLimb - numberContext.topLimbDigits, 0);
+}
+
+int LimbsMultiply(int64_t n, Limb* product, Limb* guard, const Limb* a, const Limb* b) {
+    return Multiply(n, product, guard, a, b, false);
+}
+
+int LimbsMultiplyAligned(int64_t n, Limb* product, Limb* guard, const Limb* aligned,
+                         const Limb* b) {
+    return Multiply(n, product, guard, aligned, b, true);
 }
 
 Limb RealMulRaw(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
