@@ -31,13 +31,6 @@ constexpr auto SmallReciprocal = [] {
     return table;
 }();
 
-void SetQuotientByZero(RealNumber* dest, uint64_t sign) {
-    RealSetInfinity(dest, sign);
-    if (numberContext.reportOverflow != 0) {
-        SetCalcError(CalcErrorOverflow);
-    }
-}
-
 // About 1 / x for a mantissa x in [1, 10) with the first 19 digits `leading`; good to SeedDigits
 // digits.
 void SeedReciprocal(RealNumber* dest, Limb leading) {
@@ -142,7 +135,7 @@ void DivideSpecial(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
     } else if (RealIsZero(a) || RealIsInfinite(b)) {
         RealSetZero(dest, sign);
     } else {
-        SetQuotientByZero(dest, sign);
+        RealSetOverflow(dest, sign);
     }
 }
 
@@ -182,7 +175,7 @@ Limb RealDivUint(RealNumber* dest, const RealNumber* x, uint64_t d, uint64_t rec
         if (RealIsZero(x)) {
             RealSetNaN(dest, CalcErrorUndefined);
         } else {
-            SetQuotientByZero(dest, sign);
+            RealSetOverflow(dest, sign);
         }
         return 0;
     }
@@ -240,7 +233,7 @@ Limb RealReciprocalAny(RealNumber* dest, const RealNumber* x) {
     if (RealIsNaN(x)) {
         RealSetNaN(dest);
     } else if (RealIsZero(x)) {
-        SetQuotientByZero(dest, RealSign(x));
+        RealSetOverflow(dest, RealSign(x));
     } else {
         RealSetZero(dest, RealSign(x));
     }

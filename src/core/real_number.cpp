@@ -49,6 +49,20 @@ void RealSetNaN(RealNumber* dest, CalcError code) {
     RealSetNaN(dest);
 }
 
+void RealSetOverflow(RealNumber* dest, uint64_t sign) {
+    RealSetInfinity(dest, sign);
+    if (numberContext.reportOverflow != 0) {
+        SetCalcError(CalcErrorOverflow);
+    }
+}
+
+void RealSetUnderflow(RealNumber* dest, uint64_t sign) {
+    RealSetZero(dest, sign);
+    if (numberContext.reportUnderflow != 0) {
+        SetCalcError(CalcErrorUnderflow);
+    }
+}
+
 void RealSetOne(RealNumber* dest) {
     dest->header = MakeHeader(0, 0);
     LimbsClear(RealLimbs(dest), numberContext.realLimbs);
@@ -76,17 +90,11 @@ bool RealSetExponent(RealNumber* x, int64_t exponent) {
 
 bool RealSetExponentAndSign(RealNumber* x, int64_t exponent, uint64_t sign) {
     if (exponent > MaxExponent) {
-        RealSetInfinity(x, sign);
-        if (numberContext.reportOverflow != 0) {
-            SetCalcError(CalcErrorOverflow);
-        }
+        RealSetOverflow(x, sign);
         return false;
     }
     if (exponent < MinExponent) {
-        RealSetZero(x, sign);
-        if (numberContext.reportUnderflow != 0) {
-            SetCalcError(CalcErrorUnderflow);
-        }
+        RealSetUnderflow(x, sign);
         return false;
     }
     x->header = MakeHeader(exponent, sign);

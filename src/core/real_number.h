@@ -94,6 +94,13 @@ void RealSetZero(RealNumber* dest, uint64_t sign);
 void RealSetInfinity(RealNumber* dest, uint64_t sign);
 void RealSetNaN(RealNumber* dest);
 
+/// A result above the range, or at a pole: an infinity of that sign, and code 200 if
+/// reportOverflow.
+void RealSetOverflow(RealNumber* dest, uint64_t sign);
+
+/// A result below the range: a zero of that sign, and code 201 if reportUnderflow.
+void RealSetUnderflow(RealNumber* dest, uint64_t sign);
+
 /// NaN, and notes `code`.
 void RealSetNaN(RealNumber* dest, CalcError code);
 
@@ -109,8 +116,8 @@ void RealNegate(RealNumber* x);
 void RealCopy(RealNumber* dest, const RealNumber* src);
 
 /// Gives x, whose limbs are in normal form, an exponent and keeps its sign. True if the exponent is
-/// in range. Above the range x becomes an infinity (code 200 if reportOverflow), below it a zero
-/// (code 201 if reportUnderflow), both of its sign, and the result is false.
+/// in range; above it x becomes RealSetOverflow and below it RealSetUnderflow of its sign, and the
+/// result is false.
 bool RealSetExponent(RealNumber* x, int64_t exponent);
 
 /// The same, with the sign 0 or 1 from the argument.

@@ -30,20 +30,6 @@ void ExpOfSpecial(RealNumber* dest, const RealNumber* x) {
     }
 }
 
-void ExpOutOfRange(RealNumber* dest, bool above) {
-    if (above) {
-        RealSetInfinity(dest, 0);
-        if (numberContext.reportOverflow != 0) {
-            SetCalcError(CalcErrorOverflow);
-        }
-    } else {
-        RealSetZero(dest, 0);
-        if (numberContext.reportUnderflow != 0) {
-            SetCalcError(CalcErrorUnderflow);
-        }
-    }
-}
-
 // x log10(base).
 void DecimalLogarithmOfPower(RealNumber* dest, RealNumber* constant, const RealNumber* x,
                              ExpMode mode) {
@@ -140,7 +126,11 @@ Limb RealExpBase(RealNumber* dest, const RealNumber* x, ExpMode mode) {
     uint64_t magnitude = 0;
     if (!RealToUint(&magnitude, v, AllowFraction | AllowNegative) ||
         magnitude > uint64_t{MaxExponent}) {
-        ExpOutOfRange(dest, !negative);
+        if (negative) {
+            RealSetUnderflow(dest, 0);
+        } else {
+            RealSetOverflow(dest, 0);
+        }
         return 0;
     }
     int64_t decimalExponent = static_cast<int64_t>(magnitude);

@@ -77,10 +77,7 @@ void FactorialOutside(RealNumber* dest, const RealNumber* x) {
     } else if (RealSign(x) == 0 && RealIsInfinite(x)) {
         RealSetInfinity(dest, 0);
     } else if (RealSign(x) == 0 && RealIsInteger(x)) {
-        RealSetInfinity(dest, 0);
-        if (numberContext.reportOverflow != 0) {
-            SetCalcError(CalcErrorOverflow);
-        }
+        RealSetOverflow(dest, 0);
     } else {
         RealSetNaN(dest, CalcErrorUndefined);
     }

@@ -200,10 +200,7 @@ Limb RealAtanh(RealNumber* dest, const RealNumber* x) {
         return 0;
     }
     if (size == 0) {
-        RealSetInfinity(dest, RealSign(x));
-        if (numberContext.reportOverflow != 0) {
-            SetCalcError(CalcErrorOverflow);
-        }
+        RealSetOverflow(dest, RealSign(x));
         return 0;
     }
     if (RealExponent(x) < -2) {

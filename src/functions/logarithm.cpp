@@ -30,10 +30,7 @@ bool LogarithmOfSpecial(RealNumber* dest, const RealNumber* x) {
     if (RealIsNaN(x)) {
         RealSetNaN(dest);
     } else if (RealIsZero(x)) {
-        RealSetInfinity(dest, 1);
-        if (numberContext.reportOverflow != 0) {
-            SetCalcError(CalcErrorOverflow);
-        }
+        RealSetOverflow(dest, 1);
     } else if (RealSign(x) != 0) {
         RealSetNaN(dest, CalcErrorUndefined);
     } else if (RealIsInfinite(x)) {
