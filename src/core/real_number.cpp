@@ -84,6 +84,11 @@ void RealCopy(RealNumber* dest, const RealNumber* src) {
     LimbsCopy(RealLimbs(dest), RealLimbs(src), numberContext.realLimbs);
 }
 
+void RealAbs(RealNumber* dest, const RealNumber* x) {
+    RealCopy(dest, x);
+    RealSetSign(dest, 0);
+}
+
 bool RealSetExponent(RealNumber* x, int64_t exponent) {
     return RealSetExponentAndSign(x, exponent, RealSign(x));
 }

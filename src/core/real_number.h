@@ -115,6 +115,9 @@ void RealNegate(RealNumber* x);
 /// Copies the n + 1 words of a record.
 void RealCopy(RealNumber* dest, const RealNumber* src);
 
+/// dest = |x|.
+void RealAbs(RealNumber* dest, const RealNumber* x);
+
 /// Gives x, whose limbs are in normal form, an exponent and keeps its sign. True if the exponent is
 /// in range; above it x becomes RealSetOverflow and below it RealSetUnderflow of its sign, and the
 /// result is false.

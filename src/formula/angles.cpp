@@ -80,8 +80,7 @@ QuarterTurns ReduceAngleArgument(RealNumber* dest, const RealNumber* x, AngleUni
     RealNumber* quotient = RealAt(scratch.Take(RealWords()));
     RealNumber* remainder = RealAt(scratch.Take(RealWords()));
     RealNumber* quarter = RealAt(scratch.Take(RealWords()));
-    RealCopy(remainder, x);
-    RealSetSign(remainder, 0);
+    RealAbs(remainder, x);
     AngleToRadians(dest, x, unit);
 
     const int64_t exponent = RealExponent(remainder);

@@ -19,11 +19,6 @@ namespace {
 using UnaryRoutine = void (*)(RealNumber* dest, const RealNumber* x);
 using BinaryRoutine = void (*)(RealNumber* dest, const RealNumber* a, const RealNumber* b);
 
-void ClearSign(RealNumber* dest, const RealNumber* x) {
-    RealCopy(dest, x);
-    RealSetSign(dest, 0);
-}
-
 void RoundedGcd(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
     RealRound(dest, RealGcd(dest, a, b));
 }
@@ -48,7 +43,7 @@ UnaryRoutine FindUnaryRoutine(uint32_t functionId) {
         case FunctionExp:
             return RealExpRounded;
         case FunctionAbs:
-            return ClearSign;
+            return RealAbs;
         case FunctionSinh:
             return RealSinhRounded;
         case FunctionCosh:

@@ -58,8 +58,7 @@ bool ValueIsZero(const uint64_t* a) {
 void ValueAbs(uint64_t* dest, const uint64_t* source) {
     switch (numberContext.numberType) {
         case NumberTypeReal:
-            RealCopy(RealAt(dest), RealAt(source));
-            RealSetSign(RealAt(dest), 0);
+            RealAbs(RealAt(dest), RealAt(source));
             break;
         case NumberTypeComplex:
             ComplexAbs(ComplexAt(dest), ComplexAt(source));

@@ -139,8 +139,7 @@ Limb RealAsinh(RealNumber* dest, const RealNumber* x) {
     const uint64_t sign = RealSign(x);
     CoreScratchScope scratch;
     RealNumber* magnitude = RealAt(scratch.Take(RealWords()));
-    RealCopy(magnitude, x);
-    RealSetSign(magnitude, 0);
+    RealAbs(magnitude, x);
     Limb guard = 0;
     if (RealExponent(x) < -1) {
         guard = SeriesAsinh(dest, magnitude);

@@ -12,11 +12,6 @@ namespace {
 
 constexpr int64_t HypotenuseGuardDigits = 3;
 
-void SetMagnitude(RealNumber* dest, const RealNumber* x) {
-    RealCopy(dest, x);
-    RealSetSign(dest, 0);
-}
-
 }  // namespace
 
 Limb RealHypot(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
@@ -29,14 +24,14 @@ Limb RealHypot(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
         return 0;
     }
     if (RealIsZero(a) || RealIsZero(b)) {
-        SetMagnitude(dest, RealIsZero(a) ? b : a);
+        RealAbs(dest, RealIsZero(a) ? b : a);
         return 0;
     }
     const int64_t exponent = RealExponent(a);
     const int64_t difference = RealExponent(b) - exponent;
     const int64_t p = numberContext.precisionDigits;
     if (difference > p || difference < -p) {
-        SetMagnitude(dest, difference > 0 ? b : a);
+        RealAbs(dest, difference > 0 ? b : a);
         return 0;
     }
     CoreScratchScope scratch;

@@ -145,8 +145,7 @@ Limb RealPower(RealNumber* dest, const RealNumber* x, const RealNumber* y) {
     const uint64_t sign = odd ? RealSign(x) : 0;
     CoreScratchScope scratch;
     RealNumber* exponent = RealAt(scratch.Take(RealWords()));
-    RealCopy(exponent, x);
-    RealSetSign(exponent, 0);
+    RealAbs(exponent, x);
     RealLn(exponent, exponent);
     RealMulRaw(exponent, exponent, y);
     const Limb guard = RealExpBase(dest, exponent, ExpOfE);

@@ -84,8 +84,7 @@ Limb RootByLogarithm(RealNumber* dest, const RealNumber* x, Divide divide) {
     const uint64_t sign = RealSign(x);
     CoreScratchScope scratch;
     RealNumber* logarithm = RealAt(scratch.Take(RealWords()));
-    RealCopy(logarithm, x);
-    RealSetSign(logarithm, 0);
+    RealAbs(logarithm, x);
     RealLn(logarithm, logarithm);
     divide(logarithm);
     const Limb guard = RealExpBase(dest, logarithm, ExpOfE);

@@ -29,8 +29,7 @@ bool ReduceAngle(RealNumber* rest, Quadrant* quadrant, const RealNumber* x) {
     RealNumber* quarterPi = RealAt(scratch.Take(RealWords()));
     RealNumber* quotient = RealAt(scratch.Take(RealWords()));
     LoadConstant(quarterPi, ConstPiQuarter);
-    RealCopy(rest, x);
-    RealSetSign(rest, 0);
+    RealAbs(rest, x);
     RealDivMod(quotient, rest, rest, quarterPi);
     uint64_t octant = 0;
     if (!RealToUint(&octant, quotient, AllowFraction)) {

@@ -90,6 +90,26 @@ TEST(RealCopy, CopiesHeaderAndLimbs) {
     }
 }
 
+TEST(RealAbs, TakesTheSignOff) {
+    for (int64_t p : SmallPrecisions) {
+        PrecisionScope scope(p);
+        const auto magnitude = [](std::string_view text) {
+            const RealBuffer x(text);
+            RealBuffer dest;
+            RealAbs(dest, x);
+            RealBuffer same = x;
+            RealAbs(same, same);
+            EXPECT_EQ(same, dest);
+            return PlainText(dest);
+        };
+        EXPECT_EQ(magnitude("-3e-7"), "3e-7");
+        EXPECT_EQ(magnitude("3e-7"), "3e-7");
+        EXPECT_EQ(magnitude("-0"), "0");
+        EXPECT_EQ(magnitude("-inf"), "inf");
+        EXPECT_EQ(magnitude("nan"), "nan");
+    }
+}
+
 TEST(RealIsWellFormed, HoldsRecordsToTheNormalForm) {
     PrecisionScope scope(39);  // 1, 19 and 19 digits
     EXPECT_EQ(RealWords(), 4);
