@@ -53,8 +53,7 @@ void SinCosOfShare(RealNumber* sine, RealNumber* cosine, RealNumber* rest, int64
     if (quarters % n != 0) {
         CoreScratchScope scratch;
         RealNumber* turned = RealAt(scratch.Take(RealWords()));
-        LoadConstant(turned, ConstPiQuarter);
-        RealMulUint(turned, turned, 2 * IntegerMagnitude(quarters));
+        LoadConstantMultiple(turned, ConstPiQuarter, 2 * IntegerMagnitude(quarters));
         RealSetSign(turned, quarters < 0 ? 1 : 0);
         RealAddRaw(turned, turned, rest, false);
         RealDivUint(turned, turned, degree);

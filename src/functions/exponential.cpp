@@ -73,15 +73,14 @@ struct PendingFactor {
 
 // Brings v nearer to 0 by a multiple of the table's constant; the powers of ten in it go into
 // *decimalExponent.
-PendingFactor ReduceExponent(const ExpReductionTable& table, RealNumber* v, RealNumber* constant,
+PendingFactor ReduceExponent(const ExpReductionTable& table, RealNumber* v,
                              int64_t* decimalExponent) {
     const int64_t k = NearestStep(table, v);
     const bool negative = RealSign(v) != 0;
     if (k > 0) {
-        LoadConstant(constant, *table.constant);
-        RealMulUint(constant, constant, static_cast<uint64_t>(k));
-        RealAddRaw(v, v, constant, !negative);
-        *decimalExponent += (negative ? k : -k) * table.decimalStep;
+        const int64_t steps = negative ? k : -k;
+        AddConstantMultiple(v, *table.constant, steps);
+        *decimalExponent += steps * table.decimalStep;
     }
     return {&table.powers[k], negative};
 }
@@ -141,10 +140,8 @@ Limb RealExpBase(RealNumber* dest, const RealNumber* x, ExpMode mode) {
     LoadConstant(constant, ConstLn10);
     RealMulRaw(v, v, constant);
 
-    const PendingFactor first =
-        ReduceExponent(ExpReductionTables[0], v, constant, &decimalExponent);
-    const PendingFactor second =
-        ReduceExponent(ExpReductionTables[1], v, constant, &decimalExponent);
+    const PendingFactor first = ReduceExponent(ExpReductionTables[0], v, &decimalExponent);
+    const PendingFactor second = ReduceExponent(ExpReductionTables[1], v, &decimalExponent);
     int64_t tenthPowers = 0;
     if (!RealIsSpecial(v) && RealExponent(v) > SeriesExponent) {
         tenthPowers = RealExponent(v) - SeriesExponent;

@@ -87,8 +87,7 @@ void FactorialOutside(RealNumber* dest, const RealNumber* x) {
 void StirlingLeadingTerm(RealNumber* dest, int64_t n) {
     CoreScratchScope scratch;
     RealNumber* power = RealAt(scratch.Take(RealWords()));
-    LoadConstant(dest, ConstPiQuarter);
-    RealMulUint(dest, dest, 4);
+    LoadConstantMultiple(dest, ConstPiQuarter, 4);
     RealMulUint(dest, dest, 2 * static_cast<uint64_t>(n));
     RealSqrt(dest, dest);
     RealSetOne(power);

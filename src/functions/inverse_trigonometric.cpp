@@ -57,19 +57,9 @@ uint64_t NearestStep(const RealNumber* y, const StepThresholds& thresholds) {
     return static_cast<uint64_t>(reached - thresholds.midway.begin());
 }
 
-// sum = sum + k * constant; raw.
-Limb AddMultiple(RealNumber* sum, const StoredConstant& constant, uint64_t k) {
-    CoreScratchScope scratch;
-    RealNumber* multiple = RealAt(scratch.Take(RealWords()));
-    LoadConstant(multiple, constant);
-    RealMulUint(multiple, multiple, k);
-    return RealAddRaw(sum, sum, multiple, false);
-}
-
 // dest = k pi / 4 with the sign given; raw.
 Limb SetOctants(RealNumber* dest, uint64_t k, uint64_t sign) {
-    LoadConstant(dest, ConstPiQuarter);
-    const Limb guard = RealMulUint(dest, dest, k);
+    const Limb guard = LoadConstantMultiple(dest, ConstPiQuarter, k);
     RealSetSign(dest, sign);
     return guard;
 }
@@ -95,15 +85,15 @@ Limb AtanOfFraction(RealNumber* y) {
     }
     Limb guard = SeriesAtan(y, y);
     if (fine != 0) {
-        guard = AddMultiple(y, ConstAtan351, fine);
+        guard = AddConstantMultiple(y, ConstAtan351, static_cast<int64_t>(fine));
     }
     if (fineSteps) {
         RealSetSign(y, sign);
     }
     if (coarse == AtanStepTable.coarse.size() - 1) {
-        guard = AddMultiple(y, ConstPiQuarter, 1);
+        guard = AddConstantMultiple(y, ConstPiQuarter, 1);
     } else if (coarse != 0) {
-        guard = AddMultiple(y, ConstAtan21, coarse);
+        guard = AddConstantMultiple(y, ConstAtan21, static_cast<int64_t>(coarse));
     }
     return guard;
 }

@@ -69,18 +69,6 @@ int64_t ReduceNumber(const LnReductionTable& table, RealNumber* x) {
     return steps;
 }
 
-// dest = dest + steps * constant; the guard limb of a sum that needs no step is `guard`.
-Limb AddMultiple(RealNumber* dest, RealNumber* product, const StoredConstant& constant,
-                 int64_t steps, Limb guard) {
-    if (steps == 0) {
-        return guard;
-    }
-    const bool negative = steps < 0;
-    LoadConstant(product, constant);
-    RealMulUint(product, product, static_cast<uint64_t>(negative ? -steps : steps));
-    return RealAddRaw(dest, dest, product, negative);
-}
-
 Limb RealLog2(RealNumber* dest, const RealNumber* x) {
     CoreScratchScope scratch;
     RealNumber* ln2 = RealAt(scratch.Take(RealWords()));
@@ -119,10 +107,16 @@ Limb RealLn(RealNumber* dest, const RealNumber* x) {
     RealAddRaw(reduced, reduced, one, false);
     RealDivRaw(quotient, quotient, reduced);
     Limb guard = TwiceArtanh(dest, quotient);
-    RealNumber* product = reduced;
-    guard = AddMultiple(dest, product, ConstLn10, decimalExponent, guard);
-    guard = AddMultiple(dest, product, *LnReductionTables[0].constant, firstSteps, guard);
-    return AddMultiple(dest, product, *LnReductionTables[1].constant, secondSteps, guard);
+    if (decimalExponent != 0) {
+        guard = AddConstantMultiple(dest, ConstLn10, decimalExponent);
+    }
+    if (firstSteps != 0) {
+        guard = AddConstantMultiple(dest, *LnReductionTables[0].constant, firstSteps);
+    }
+    if (secondSteps != 0) {
+        guard = AddConstantMultiple(dest, *LnReductionTables[1].constant, secondSteps);
+    }
+    return guard;
 }
 
 Limb RealLnSmall(RealNumber* dest, const RealNumber* y) {

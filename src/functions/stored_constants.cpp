@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "core/limb_tools.h"
+#include "core/real_add.h"
 #include "core/real_multiply.h"
+#include "core/scratch.h"
 #include "functions/guard_digits.h"
 
 namespace tallymere {
@@ -62,11 +64,21 @@ Limb LoadConstant(RealNumber* dest, const StoredConstant& constant) {
     return below;
 }
 
+Limb LoadConstantMultiple(RealNumber* dest, const StoredConstant& constant, uint64_t k) {
+    LoadConstant(dest, constant);
+    return RealMulUint(dest, dest, k);
+}
+
+Limb AddConstantMultiple(RealNumber* sum, const StoredConstant& constant, int64_t k) {
+    CoreScratchScope scratch;
+    RealNumber* multiple = RealAt(scratch.Take(RealWords()));
+    LoadConstantMultiple(multiple, constant, IntegerMagnitude(k));
+    return RealAddRaw(sum, sum, multiple, k < 0);
+}
+
 void RealPi(RealNumber* dest) {
-    RoundedResult(dest, PiGuardDigits, [](RealNumber* pi) {
-        LoadConstant(pi, ConstPiQuarter);
-        RealMulUint(pi, pi, 4);
-    });
+    RoundedResult(dest, PiGuardDigits,
+                  [](RealNumber* pi) { LoadConstantMultiple(pi, ConstPiQuarter, 4); });
 }
 
 }  // namespace tallymere

@@ -63,6 +63,12 @@ inline constexpr const StoredConstant& ConstTwoPowMinus128 = stored_constants::T
 /// next stored limb where all digits of that one are used.
 Limb LoadConstant(RealNumber* dest, const StoredConstant& constant);
 
+/// dest = k * constant; raw.
+Limb LoadConstantMultiple(RealNumber* dest, const StoredConstant& constant, uint64_t k);
+
+/// sum = sum + k * constant for k other than 0; raw.
+Limb AddConstantMultiple(RealNumber* sum, const StoredConstant& constant, int64_t k);
+
 /// dest = pi, with 2 guard digits, rounded.
 void RealPi(RealNumber* dest);
 

@@ -184,6 +184,22 @@ TEST(LoadConstant, ReadsNoLimbsAsSignedZero) {
     }
 }
 
+TEST(LoadConstantMultiple, TruncatesTheProduct) {
+    PrecisionScope scope(20);
+    RealBuffer dest;
+    LoadConstantMultiple(dest, ConstLn10, 3);  // 3 * 2.3025850929940456840
+    EXPECT_EQ(PlainText(dest), "6.907755278982137052e0");
+}
+
+TEST(AddConstantMultiple, AddsOrSubtracts) {
+    PrecisionScope scope(20);
+    RealBuffer sum("1");
+    AddConstantMultiple(sum, ConstLn10, 3);
+    EXPECT_EQ(PlainText(sum), "7.907755278982137052e0");
+    AddConstantMultiple(sum, ConstLn10, -3);
+    EXPECT_EQ(PlainText(sum), "1e0");
+}
+
 TEST(RealPi, IsRoundedAtEveryPrecision) {
     const char* const pi =
         "3.141592653589793238462643383279502884197169399375105820974944592307816406286208"
