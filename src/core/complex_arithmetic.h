@@ -3,7 +3,7 @@
 //
 // Codes are those of the operations on the parts, and CalcErrorComplexNotAllowed where a value that
 // is not real stands in a place that needs an order or an integer. Signs of zero results follow
-// from the sums and products of the parts, unless told otherwise.
+// from the sums and products of the parts, unless a function says otherwise.
 #pragma once
 
 #include "core/complex_number.h"

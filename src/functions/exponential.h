@@ -20,7 +20,7 @@ enum ExpMode : uint32_t {
 /// by 10 to less than 10^-4 for the Taylor series.
 Limb RealExpBase(RealNumber* dest, const RealNumber* x, ExpMode mode);
 
-// With ArgumentGuardDigits(x), rounded.
+/// e^x, 2^x and 10^x as RealExpBase, with ArgumentGuardDigits(x) guard digits, rounded.
 void RealExpRounded(RealNumber* dest, const RealNumber* x);
 void RealExp2Rounded(RealNumber* dest, const RealNumber* x);
 void RealExp10Rounded(RealNumber* dest, const RealNumber* x);

@@ -188,9 +188,7 @@ Limb RealFactorial(RealNumber* dest, const RealNumber* x) {
 }
 
 void RealFactorialRounded(RealNumber* dest, const RealNumber* x) {
-    const int64_t exponent = RealExponent(x);
-    const int64_t g = exponent < 0 ? 7 : std::min(exponent + 7, MaxGuardDigits);
-    RoundedUnary(dest, x, g, RealFactorial);
+    RoundedUnary(dest, x, FactorialGuardDigits(x), RealFactorial);
 }
 
 }  // namespace tallymere

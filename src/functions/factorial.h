@@ -43,8 +43,7 @@ Limb RealStirlingFactorial(RealNumber* dest, int64_t n);
 /// reportOverflow, all other values NaN and code 203. Both methods poll the stop byte.
 Limb RealFactorial(RealNumber* dest, const RealNumber* x);
 
-/// dest = x! with 7 guard digits and as many more as |x| has digits before the point, but no more
-/// than 38 in all; rounded.
+/// The same with FactorialGuardDigits(x) guard digits, rounded.
 void RealFactorialRounded(RealNumber* dest, const RealNumber* x);
 
 }  // namespace tallymere

@@ -10,14 +10,18 @@
 
 namespace tallymere {
 
-/// For the exponential, the circular and the hyperbolic functions, where the digits of x before the
-/// decimal point are lost to the reduction: 4, and from an exponent of 2 on exponent + 3, at most
+/// For exponentials, sine, cosine, tangent, sinh and cosh, where the digits of x before the decimal
+/// point are lost to the reduction: 4, and from an exponent of 2 on exponent + 3, at most
 /// MaxGuardDigits.
 int64_t ArgumentGuardDigits(const RealNumber* x);
 
 /// For x^y, where the digits of y before the decimal point are lost: 5, and from an exponent of 0
 /// on exponent + 5, at most MaxGuardDigits.
 int64_t PowerGuardDigits(const RealNumber* y);
+
+/// For x!, whose factors add up their errors: 7, and from an exponent of 0 on exponent + 7, at most
+/// MaxGuardDigits.
+int64_t FactorialGuardDigits(const RealNumber* x);
 
 /// For x^n and 2^n, whose products add up their errors: 3 for |n| < 100, else one more than |n| has
 /// digits, at most 19.

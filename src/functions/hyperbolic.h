@@ -35,9 +35,11 @@ Limb RealAcosh(RealNumber* dest, const RealNumber* x);
 /// 200 if reportOverflow, |x| > 1 NaN and code 203.
 Limb RealAtanh(RealNumber* dest, const RealNumber* x);
 
-/// The same with guard digits, by the size of x for sinh and cosh and 3 for the others, rounded.
+/// The same with ArgumentGuardDigits(x) guard digits, rounded.
 void RealSinhRounded(RealNumber* dest, const RealNumber* x);
 void RealCoshRounded(RealNumber* dest, const RealNumber* x);
+
+/// The same with 3 guard digits, rounded.
 void RealTanhRounded(RealNumber* dest, const RealNumber* x);
 void RealAsinhRounded(RealNumber* dest, const RealNumber* x);
 void RealAcoshRounded(RealNumber* dest, const RealNumber* x);

@@ -21,7 +21,8 @@ Limb RealLnSmall(RealNumber* dest, const RealNumber* y);
 /// and code 200 if reportOverflow; x = +infinity gives itself; negative x NaN and code 203.
 Limb RealLog(RealNumber* dest, const RealNumber* base, const RealNumber* x);
 
-// With 3 guard digits, rounded.
+/// The logarithms of x to the bases e, 2 and 10, with the codes of RealLn; with 3 guard digits,
+/// rounded.
 void RealLnRounded(RealNumber* dest, const RealNumber* x);
 void RealLog2Rounded(RealNumber* dest, const RealNumber* x);
 void RealLog10Rounded(RealNumber* dest, const RealNumber* x);

@@ -23,7 +23,7 @@ Limb RealCos(RealNumber* dest, const RealNumber* x);
 /// pi / 2 the tangent is very large. Codes as RealSinCos.
 Limb RealTan(RealNumber* dest, const RealNumber* x);
 
-/// The same with guard digits by the size of x, rounded.
+/// The same with ArgumentGuardDigits(x) guard digits, rounded.
 void RealSinRounded(RealNumber* dest, const RealNumber* x);
 void RealCosRounded(RealNumber* dest, const RealNumber* x);
 void RealTanRounded(RealNumber* dest, const RealNumber* x);

@@ -19,6 +19,10 @@ int64_t ForPower(std::string_view text) {
     return PowerGuardDigits(RealBuffer(text));
 }
 
+int64_t ForFactorial(std::string_view text) {
+    return FactorialGuardDigits(RealBuffer(text));
+}
+
 TEST(GuardDigits, GrowWithTheIntegerDigitsOfAnArgument) {
     PrecisionScope scope(20);
     EXPECT_EQ(ForArgument("1e-900"), 4);
@@ -47,6 +51,18 @@ TEST(GuardDigits, GrowWithTheIntegerDigitsOfAPower) {
     EXPECT_EQ(ForPower("-1e4611686018427387903"), 38);
     EXPECT_EQ(ForPower("0"), 5);
     EXPECT_EQ(ForPower("-inf"), 5);
+}
+
+TEST(GuardDigits, GrowWithTheIntegerDigitsOfAFactorial) {
+    PrecisionScope scope(20);
+    EXPECT_EQ(ForFactorial("0"), 7);
+    EXPECT_EQ(ForFactorial("0.5"), 7);
+    EXPECT_EQ(ForFactorial("9"), 7);
+    EXPECT_EQ(ForFactorial("10"), 8);
+    EXPECT_EQ(ForFactorial("1e31"), 38);
+    EXPECT_EQ(ForFactorial("1e32"), 38);
+    EXPECT_EQ(ForFactorial("1e4611686018427387903"), 38);
+    EXPECT_EQ(ForFactorial("inf"), 7);
 }
 
 TEST(GuardDigits, GrowWithTheDigitsOfAnIntegerPower) {
