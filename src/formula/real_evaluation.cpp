@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/real_integer.h"
+#include "core/real_compare.h"
 #include "core/real_rounding.h"
 #include "formula/angles.h"
 #include "functions/combinatorics.h"
@@ -118,7 +118,7 @@ void RealRoundToInteger(RealNumber* dest, const RealNumber* x) {
         RealCopy(dest, x);
     } else if (exponent >= 0) {
         RealRoundDigits(dest, x, std::min(exponent + 1, maxDigits));
-    } else if (exponent == -1 && RealLeadingDigits(RealLimbs(x), 1) >= 5) {
+    } else if (RealCompareScaled(x, 5, -1, true) >= 0) {
         RealSetOne(dest);
         RealSetSign(dest, sign);
     } else {

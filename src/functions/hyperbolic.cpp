@@ -3,7 +3,6 @@
 #include "core/real_add.h"
 #include "core/real_compare.h"
 #include "core/real_divide.h"
-#include "core/real_integer.h"
 #include "core/real_multiply.h"
 #include "core/scratch.h"
 #include "functions/exponential.h"
@@ -41,12 +40,6 @@ Limb SeriesAsinh(RealNumber* dest, const RealNumber* x) {
         guard = RealAddRaw(dest, dest, term, false);
     } while (!SeriesEnds(dest, term));
     return guard;
-}
-
-// |x| < 0.5 for a finite non-zero x.
-bool IsBelowHalf(const RealNumber* x) {
-    const int64_t exponent = RealExponent(x);
-    return exponent < -1 || (exponent == -1 && RealLeadingDigits(RealLimbs(x), 1) < 5);
 }
 
 // dest = (E - 1 / E) / 2 for E = e^x, or the sum with `plus`; raw.
@@ -91,7 +84,8 @@ Limb RealSinh(RealNumber* dest, const RealNumber* x) {
         RealCopy(dest, x);
         return 0;
     }
-    return IsBelowHalf(x) ? SeriesSinh(dest, x) : HalfOfExponentials(dest, x, false);
+    const bool belowHalf = RealCompareScaled(x, 5, -1, true) < 0;
+    return belowHalf ? SeriesSinh(dest, x) : HalfOfExponentials(dest, x, false);
 }
 
 Limb RealCosh(RealNumber* dest, const RealNumber* x) {

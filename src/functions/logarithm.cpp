@@ -128,9 +128,7 @@ Limb RealLnSmall(RealNumber* dest, const RealNumber* y) {
         RealSetZero(dest, RealSign(y));
         return 0;
     }
-    const int64_t exponent = RealExponent(y);
-    const bool small = exponent < -1 || (exponent == -1 && RealLeadingDigits(RealLimbs(y), 1) < 5);
-    if (RealIsInfinite(y) || !small) {
+    if (RealCompareScaled(y, 5, -1, true) >= 0) {
         RealSetNaN(dest, CalcErrorUndefined);
         return 0;
     }
