@@ -6,7 +6,6 @@
 #include "core/real_divide.h"
 #include "core/real_layout.h"
 #include "core/real_multiply.h"
-#include "core/real_rounding.h"
 #include "core/scratch.h"
 
 namespace tallymere {
@@ -170,15 +169,6 @@ void ComplexRoundDigits(ComplexNumber* dest, const ComplexNumber* z, int64_t d) 
     }
     RealRoundDigitsAny(RealPart(dest), RealPart(z), d);
     RealRoundDigitsAny(ImaginaryPart(dest), ImaginaryPart(z), d);
-}
-
-void ComplexRealOnly(ComplexNumber* dest, const ComplexNumber* z, RealRoundedUnary function) {
-    if (!ComplexIsReal(z)) {
-        ComplexSetNaN(dest, CalcErrorComplexNotAllowed);
-        return;
-    }
-    function(RealPart(dest), RealPart(z));
-    ComplexClearImaginaryPart(dest);
 }
 
 void ComplexRealOnly(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber* b,

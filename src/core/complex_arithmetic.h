@@ -7,6 +7,7 @@
 #pragma once
 
 #include "core/complex_number.h"
+#include "core/real_rounding.h"
 
 namespace tallymere {
 
@@ -44,13 +45,8 @@ void ComplexDivMod(ComplexNumber* quotient, ComplexNumber* remainder, const Comp
 /// 203.
 void ComplexRoundDigits(ComplexNumber* dest, const ComplexNumber* z, int64_t d);
 
-/// A real function that rounds its result; dest may be an operand.
-using RealRoundedUnary = void (*)(RealNumber* dest, const RealNumber* x);
-using RealRoundedBinary = void (*)(RealNumber* dest, const RealNumber* a, const RealNumber* b);
-
-/// dest = function(z), or function(a, b), for real values, with +0 as imaginary part. Otherwise the
-/// function does not run, and dest is NaN with code 205.
-void ComplexRealOnly(ComplexNumber* dest, const ComplexNumber* z, RealRoundedUnary function);
+/// dest = function(a, b) for real values, with +0 as imaginary part. Otherwise the function does
+/// not run, and dest is NaN with code 205.
 void ComplexRealOnly(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber* b,
                      RealRoundedBinary function);
 

@@ -24,6 +24,7 @@ void RealWiden(RealNumber* dest, const RealNumber* src, int64_t g, int64_t oldLi
 Limb RealNarrow(RealNumber* dest, const RealNumber* src, int64_t g, int64_t oldLimbs,
                 int64_t limbIncrease);
 
+/// A raw function, which returns the guard limb; dest may be an operand.
 using RealUnaryFunction = Limb (*)(RealNumber* dest, const RealNumber* x);
 using RealBinaryFunction = Limb (*)(RealNumber* dest, const RealNumber* a, const RealNumber* b);
 

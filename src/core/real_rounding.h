@@ -5,6 +5,10 @@
 
 namespace tallymere {
 
+/// A function that rounds its result; dest may be an operand.
+using RealRoundedUnary = void (*)(RealNumber* dest, const RealNumber* x);
+using RealRoundedBinary = void (*)(RealNumber* dest, const RealNumber* a, const RealNumber* b);
+
 /// Rounds half up in magnitude by the guard limb alone: ties go away from zero. Special values
 /// stay, and so does everything under noRounding. A carry out of the leading digit raises the
 /// exponent; at the top of the range it makes an infinity (code 200 if reportOverflow).

@@ -16,9 +16,6 @@ namespace tallymere {
 
 namespace {
 
-using UnaryRoutine = void (*)(RealNumber* dest, const RealNumber* x);
-using BinaryRoutine = void (*)(RealNumber* dest, const RealNumber* a, const RealNumber* b);
-
 void RoundedGcd(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
     RealRound(dest, RealGcd(dest, a, b));
 }
@@ -28,7 +25,7 @@ void RoundedLcm(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
 }
 
 // Null for a function that has no routine of its own.
-UnaryRoutine FindUnaryRoutine(uint32_t functionId) {
+RealRoundedUnary FindUnaryRoutine(uint32_t functionId) {
     switch (functionId) {
         case FunctionSqrt:
             return RealSqrtRounded;
@@ -69,7 +66,7 @@ UnaryRoutine FindUnaryRoutine(uint32_t functionId) {
     }
 }
 
-BinaryRoutine FindBinaryRoutine(uint32_t functionId) {
+RealRoundedBinary FindBinaryRoutine(uint32_t functionId) {
     switch (functionId) {
         case FunctionRoot:
             return RealRootRounded;
@@ -94,7 +91,7 @@ void RealApplyFunction1(FormulaEvaluator& evaluator, const FormulaToken& functio
                         const RealNumber* x) {
     if (IsCircularFunction(function.id)) {
         ApplyCircularFunction(evaluator, function, dest, x);
-    } else if (const UnaryRoutine routine = FindUnaryRoutine(function.id)) {
+    } else if (const RealRoundedUnary routine = FindUnaryRoutine(function.id)) {
         routine(dest, x);
     } else {
         RealSetNaN(dest, CalcErrorUnknownType);
@@ -103,7 +100,7 @@ void RealApplyFunction1(FormulaEvaluator& evaluator, const FormulaToken& functio
 
 void RealApplyFunction2(uint32_t functionId, RealNumber* dest, const RealNumber* a,
                         const RealNumber* b) {
-    if (const BinaryRoutine routine = FindBinaryRoutine(functionId)) {
+    if (const RealRoundedBinary routine = FindBinaryRoutine(functionId)) {
         routine(dest, a, b);
     } else {
         RealSetNaN(dest, CalcErrorUnknownType);

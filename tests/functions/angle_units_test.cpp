@@ -12,13 +12,13 @@ namespace {
 
 using namespace testing_support;
 
-constexpr RoundedUnaryFunction AllConversions[] = {RealDegToRad, RealGonToRad, RealRadToDeg,
-                                                   RealRadToGon};
+constexpr RealRoundedUnary AllConversions[] = {RealDegToRad, RealGonToRad, RealRadToDeg,
+                                               RealRadToGon};
 
 TEST(AngleUnits, KeepSpecialValues) {
     for (int64_t p : SmallPrecisions) {
         PrecisionScope scope(p);
-        for (RoundedUnaryFunction f : AllConversions) {
+        for (RealRoundedUnary f : AllConversions) {
             for (const char* text : {"0", "-0", "inf", "-inf", "nan"}) {
                 EXPECT_EQ(ResultOf(f, text), Silent(text));
             }

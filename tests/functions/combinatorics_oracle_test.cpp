@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/real_rounding.h"
 #include "functions/combinatorics.h"
 #include "support/gmp_oracle.h"
 #include "support/real_testing.h"
@@ -13,8 +14,6 @@ namespace tallymere {
 namespace {
 
 using namespace testing_support;
-
-using Operation = void (*)(RealNumber* dest, const RealNumber* n, const RealNumber* k);
 
 // n (n - 1) ... (n - k + 1) for n = `units` * 10^-places.
 ExactValue FallingProduct(int64_t units, int64_t places, uint64_t k, uint64_t& sign) {
@@ -39,7 +38,7 @@ void CheckCounts(int64_t units, int64_t places, uint64_t k) {
     const RealBuffer steps(std::to_string(k));
     uint64_t sign = 0;
     ExactValue exact = FallingProduct(units, places, k, sign);
-    for (Operation operation : {RealPermutations, RealCombinations}) {
+    for (RealRoundedBinary operation : {RealPermutations, RealCombinations}) {
         RealBuffer result;
         operation(result, n, steps);
         EXPECT_EQ(TakeCode(), CalcErrorNone);

@@ -28,12 +28,12 @@ Outcome Exp10(std::string_view text) {
     return ResultOf(RealExp10Rounded, text);
 }
 
-constexpr RoundedUnaryFunction Exponentials[] = {RealExpRounded, RealExp2Rounded, RealExp10Rounded};
+constexpr RealRoundedUnary Exponentials[] = {RealExpRounded, RealExp2Rounded, RealExp10Rounded};
 
 TEST(Exponentials, KnowSpecialValues) {
     for (int64_t p : AllPrecisions) {
         PrecisionScope scope(p);
-        for (RoundedUnaryFunction function : Exponentials) {
+        for (RealRoundedUnary function : Exponentials) {
             EXPECT_EQ(ResultOf(function, "nan"), Silent("nan"));
             EXPECT_EQ(ResultOf(function, "0"), Silent("1e0"));
             EXPECT_EQ(ResultOf(function, "-0"), Silent("1e0"));
@@ -46,7 +46,7 @@ TEST(Exponentials, KnowSpecialValues) {
 TEST(Exponentials, OverflowToInfinityAndUnderflowToZero) {
     for (int64_t p : SmallPrecisions) {
         PrecisionScope scope(p);
-        for (RoundedUnaryFunction function : Exponentials) {
+        for (RealRoundedUnary function : Exponentials) {
             for (const char* text : {"1e30", "2e20", "9e4611686018427387903"}) {
                 EXPECT_EQ(ResultOf(function, text), (Outcome{"inf", CalcErrorOverflow})) << text;
             }
@@ -61,7 +61,7 @@ TEST(Exponentials, ReportWhatTheFlagsAskFor) {
     PrecisionScope scope(20);
     FieldScope<uint8_t> overflow(numberContext.reportOverflow, 0);
     FieldScope<uint8_t> underflow(numberContext.reportUnderflow, 1);
-    for (RoundedUnaryFunction function : Exponentials) {
+    for (RealRoundedUnary function : Exponentials) {
         EXPECT_EQ(ResultOf(function, "1e30"), Silent("inf"));
         EXPECT_EQ(ResultOf(function, "-1e30"), (Outcome{"0", CalcErrorUnderflow}));
     }
@@ -94,7 +94,7 @@ TEST(Exponentials, DoNotLeaveTheRangeOnTheWayToAResultWithinIt) {
 TEST(Exponentials, OfTinyArgumentsAreOne) {
     for (int64_t p : SmallPrecisions) {
         PrecisionScope scope(p);
-        for (RoundedUnaryFunction function : Exponentials) {
+        for (RealRoundedUnary function : Exponentials) {
             EXPECT_EQ(ResultOf(function, "1e-4611686018427387903"), Silent("1e0"));
             EXPECT_EQ(ResultOf(function, "9e-200"), Silent("1e0"));
         }
@@ -183,7 +183,7 @@ TEST(Exponentials, AgreeWithOneAnother) {
             if (RealExponent(x) > 2) {
                 x.Get()->header = MakeHeader(2, RealSign(x));
             }
-            for (RoundedUnaryFunction function : Exponentials) {
+            for (RealRoundedUnary function : Exponentials) {
                 RealBuffer a;
                 RealBuffer b;
                 function(a, x);

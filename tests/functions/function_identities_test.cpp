@@ -12,6 +12,7 @@
 #include "core/real_integer.h"
 #include "core/real_layout.h"
 #include "core/real_multiply.h"
+#include "core/real_rounding.h"
 #include "functions/complex_powers.h"
 #include "functions/complex_roots.h"
 #include "functions/exponential.h"
@@ -58,11 +59,9 @@ RealBuffer RandomNumber(RandomSource& random, int64_t low, int64_t high, bool ne
     return x;
 }
 
-using Unary = void (*)(RealNumber* dest, const RealNumber* x);
-
 struct Function {
     const char* name;
-    Unary run;
+    RealRoundedUnary run;
     int64_t leastExponent;
     int64_t greatestExponent;
     bool negative;

@@ -10,6 +10,7 @@
 
 #include "core/complex_arithmetic.h"
 #include "core/complex_modulus.h"
+#include "core/real_rounding.h"
 #include "core/scratch.h"
 #include "functions/angle_units.h"
 #include "functions/combinatorics.h"
@@ -53,14 +54,11 @@ struct MeasuredFunction {
     std::function<void(RealNumber* dest)> run;
 };
 
-using Unary = void (*)(RealNumber* dest, const RealNumber* x);
-using Binary = void (*)(RealNumber* dest, const RealNumber* a, const RealNumber* b);
-
-MeasuredFunction Of(const char* name, Unary function, std::string argument) {
+MeasuredFunction Of(const char* name, RealRoundedUnary function, std::string argument) {
     return {name, [=](RealNumber* dest) { function(dest, RealBuffer(argument)); }};
 }
 
-MeasuredFunction Of(const char* name, Binary function, std::string a, std::string b) {
+MeasuredFunction Of(const char* name, RealRoundedBinary function, std::string a, std::string b) {
     return {name, [=](RealNumber* dest) { function(dest, RealBuffer(a), RealBuffer(b)); }};
 }
 

@@ -17,8 +17,6 @@
 
 namespace tallymere::testing_support {
 
-using RoundedUnaryFunction = void (*)(RealNumber* dest, const RealNumber* x);
-
 /// The result and the code of f(x), which must be the same with the operand as destination.
 template <typename Function>
 Outcome ResultOf(Function f, std::string_view text) {
@@ -85,7 +83,7 @@ inline void ExpectWithin(int64_t units, const RealBuffer& actual, const RealBuff
 /// random x of exponents from low to high. Enough of them have digits close enough to a tie for a
 /// digit less to show.
 template <typename GuardDigits>
-void ExpectGuardDigits(RoundedUnaryFunction rounded, RealUnaryFunction f, GuardDigits guardDigits,
+void ExpectGuardDigits(RealRoundedUnary rounded, RealUnaryFunction f, GuardDigits guardDigits,
                        int64_t low, int64_t high, bool positive = false) {
     RandomSource random;
     for (int round = 0; round < TestRounds(2000); round++) {

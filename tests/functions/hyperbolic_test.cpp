@@ -21,8 +21,8 @@ const Outcome Undefined = {"nan", CalcErrorUndefined};
 TEST(Hyperbolic, PassesNaNWithoutACode) {
     for (int64_t p : SmallPrecisions) {
         PrecisionScope scope(p);
-        for (RoundedUnaryFunction f : {RealSinhRounded, RealCoshRounded, RealTanhRounded,
-                                       RealAsinhRounded, RealAcoshRounded, RealAtanhRounded}) {
+        for (RealRoundedUnary f : {RealSinhRounded, RealCoshRounded, RealTanhRounded,
+                                   RealAsinhRounded, RealAcoshRounded, RealAtanhRounded}) {
             EXPECT_EQ(ResultOf(f, "nan"), Silent("nan"));
         }
     }
@@ -56,7 +56,7 @@ TEST(Hyperbolic, KnowsZerosAndInfinities) {
 // in the last place the method may be off: an exponential of 4 guard digits loses up to three of
 // them in the tenth powers that undo its reduction, and E - 1 one more.
 struct KnownValue {
-    RoundedUnaryFunction f;
+    RealRoundedUnary f;
     const char* x;
     const char* value;
     int64_t units;
@@ -141,7 +141,7 @@ TEST(Hyperbolic, KnowsDigitsOnBothSidesOfEveryChangeOfMethod) {
 TEST(Hyperbolic, KnowsAHundredDigits) {
     for (int64_t p : {1, 2, 3, 9, 16, 100}) {
         PrecisionScope scope(p);
-        const auto expect = [](RoundedUnaryFunction f, const char* x, const char* digits) {
+        const auto expect = [](RealRoundedUnary f, const char* x, const char* digits) {
             RealBuffer dest;
             f(dest, RealBuffer(x));
             ExpectWithin(4, dest, NumberOf(digits));
@@ -177,7 +177,7 @@ TEST(Hyperbolic, GivesTheSmallestArgumentsBack) {
     for (int64_t p : SmallPrecisions) {
         PrecisionScope scope(p);
         for (const char* text : {"1e-200", "-3e-1000", "7e-4000000000000000000"}) {
-            for (RoundedUnaryFunction f :
+            for (RealRoundedUnary f :
                  {RealSinhRounded, RealTanhRounded, RealAsinhRounded, RealAtanhRounded}) {
                 EXPECT_EQ(ResultOf(f, text), Silent(text));
             }
@@ -261,7 +261,7 @@ TEST(RealSinh, OverflowsWithTheExponential) {
             EXPECT_EQ(ResultOf(RealSinhRounded, minus), Silent("-inf"));
             EXPECT_EQ(ResultOf(RealCoshRounded, minus), Silent("inf"));
         }
-        for (RoundedUnaryFunction f : {RealSinhRounded, RealCoshRounded}) {
+        for (RealRoundedUnary f : {RealSinhRounded, RealCoshRounded}) {
             RealBuffer dest;
             f(dest, RealBuffer("1.06e19"));
             EXPECT_FALSE(RealIsSpecial(dest));

@@ -17,7 +17,7 @@ namespace {
 
 using namespace testing_support;
 
-constexpr RoundedUnaryFunction Logarithms[] = {RealLnRounded, RealLog2Rounded, RealLog10Rounded};
+constexpr RealRoundedUnary Logarithms[] = {RealLnRounded, RealLog2Rounded, RealLog10Rounded};
 
 // 101 digits, cut off.
 constexpr const char* LnOf3 =
@@ -36,7 +36,7 @@ constexpr const char* Log3Of7 =
 TEST(Logarithms, KnowSpecialValues) {
     for (int64_t p : AllPrecisions) {
         PrecisionScope scope(p);
-        for (RoundedUnaryFunction function : Logarithms) {
+        for (RealRoundedUnary function : Logarithms) {
             EXPECT_EQ(ResultOf(function, "nan"), Silent("nan"));
             EXPECT_EQ(ResultOf(function, "inf"), Silent("inf"));
             EXPECT_EQ(ResultOf(function, "0"), (Outcome{"-inf", CalcErrorOverflow}));
@@ -52,7 +52,7 @@ TEST(Logarithms, KnowSpecialValues) {
 TEST(Logarithms, OfZeroAreSilentUnlessOverflowIsReported) {
     PrecisionScope scope(20);
     FieldScope<uint8_t> quiet(numberContext.reportOverflow, 0);
-    for (RoundedUnaryFunction function : Logarithms) {
+    for (RealRoundedUnary function : Logarithms) {
         EXPECT_EQ(ResultOf(function, "0"), Silent("-inf"));
         EXPECT_EQ(ResultOf(function, "-3"), (Outcome{"nan", CalcErrorUndefined}));
     }

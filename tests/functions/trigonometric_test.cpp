@@ -26,7 +26,7 @@ TEST(RealSinCos, KnowsSpecialValues) {
         EXPECT_EQ(ResultOf(RealCosRounded, "-0"), Silent("1e0"));
         EXPECT_EQ(ResultOf(RealTanRounded, "0"), Silent("0"));
         EXPECT_EQ(ResultOf(RealTanRounded, "-0"), Silent("-0"));
-        for (RoundedUnaryFunction f : {RealSinRounded, RealCosRounded, RealTanRounded}) {
+        for (RealRoundedUnary f : {RealSinRounded, RealCosRounded, RealTanRounded}) {
             EXPECT_EQ(ResultOf(f, "nan"), Silent("nan"));
             for (const char* text : {"inf", "-inf", "1e20", "-1e20", "1e4000000000000000000"}) {
                 EXPECT_EQ(ResultOf(f, text), Undefined) << text;
@@ -237,7 +237,7 @@ TEST(RealSinCos, StopsInTheReductionWhenAsked) {
     PrecisionScope scope(20);
     uint8_t stop = 1;
     FieldScope<uint8_t*> flag(numberContext.abortFlag, &stop);
-    for (RoundedUnaryFunction f : {RealSinRounded, RealCosRounded, RealTanRounded}) {
+    for (RealRoundedUnary f : {RealSinRounded, RealCosRounded, RealTanRounded}) {
         EXPECT_EQ(ResultOf(f, "1000"), (Outcome{"nan", CalcErrorCancelled}));
         EXPECT_EQ(ResultOf(f, "0.5").code, CalcErrorNone) << "nothing to reduce";
     }

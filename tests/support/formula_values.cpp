@@ -31,8 +31,6 @@ namespace tallymere::testing_support {
 namespace {
 
 using Text = std::u16string;
-using Unary = void (*)(RealNumber* dest, const RealNumber* x);
-using Binary = void (*)(RealNumber* dest, const RealNumber* a, const RealNumber* b);
 
 bool Complex() {
     return numberContext.numberType == NumberTypeComplex;
@@ -257,8 +255,8 @@ Turns QuarterTurnsOf(const RealBuffer& angle, int64_t quarter) {
 
 struct AngleUnitOfModel {
     int64_t quarter;  // 0 for radians
-    Unary toRadians;
-    Unary fromRadians;
+    RealRoundedUnary toRadians;
+    RealRoundedUnary fromRadians;
 };
 
 // By the last letter of the name, which in "arg" is not one of the unit.
@@ -275,9 +273,9 @@ AngleUnitOfModel UnitOf(const Text& function) {
 
 // Sine, cosine, tangent and their inverses in any unit; nothing else is touched.
 bool Circular(const Text& function, RealBuffer& x, ModelRefusal* refusal) {
-    static const std::map<Text, Unary> forward = {
+    static const std::map<Text, RealRoundedUnary> forward = {
         {u"sin", RealSinRounded}, {u"cos", RealCosRounded}, {u"tan", RealTanRounded}};
-    static const std::map<Text, Unary> inverse = {
+    static const std::map<Text, RealRoundedUnary> inverse = {
         {u"asin", RealAsinRounded}, {u"acos", RealAcosRounded}, {u"atan", RealAtanRounded}};
     const AngleUnitOfModel unit = UnitOf(function);
     const Text name = unit.quarter == 0 ? function : function.substr(0, function.size() - 1);
@@ -313,13 +311,13 @@ void RoundedGcd(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
 // The functions that take real values alone.
 ModelRefusal RealOnly(const Text& function, const std::vector<ModelValue>& arguments,
                       ModelValue* result) {
-    static const std::map<Text, Unary> unary = {
+    static const std::map<Text, RealRoundedUnary> unary = {
         {u"sqrt", RealSqrtRounded},     {u"cbrt", RealCbrtRounded},   {u"ln", RealLnRounded},
         {u"log2", RealLog2Rounded},     {u"log10", RealLog10Rounded}, {u"exp", RealExpRounded},
         {u"sinh", RealSinhRounded},     {u"cosh", RealCoshRounded},   {u"tanh", RealTanhRounded},
         {u"asinh", RealAsinhRounded},   {u"acosh", RealAcoshRounded}, {u"atanh", RealAtanhRounded},
         {u"fact", RealFactorialRounded}};
-    static const std::map<Text, Binary> binary = {
+    static const std::map<Text, RealRoundedBinary> binary = {
         {u"root", RealRootRounded}, {u"logx", RealLogRounded}, {u"ncr", RealCombinations},
         {u"npr", RealPermutations}, {u"gcd", RoundedGcd},      {u"lcm", RoundedLcm}};
     if (std::any_of(arguments.begin(), arguments.end(),
