@@ -12,14 +12,12 @@
 #include "core/real_multiply.h"
 #include "core/real_rounding.h"
 #include "core/scratch.h"
-#include "support/real_testing.h"
+#include "functions/function_testing.h"
 
 namespace tallymere {
 namespace {
 
 using namespace testing_support;
-
-using Operation = void (*)(RealNumber* dest, const RealNumber* a, const RealNumber* b);
 
 void Gcd(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
     EXPECT_EQ(RealGcd(dest, a, b), 0u);
@@ -29,29 +27,11 @@ void Lcm(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
     RealLcm(dest, a, b);
 }
 
-// The outcome, the same whether the result has a place of its own or is one of the operands.
-Outcome OutcomeOf(Operation operation, std::string_view a, std::string_view b) {
-    const RealBuffer x(a);
-    const RealBuffer y(b);
-    RealBuffer result;
-    operation(result, x, y);
-    const Outcome outcome = {PlainText(result), TakeCode()};
-    RealBuffer first(a);
-    operation(first, first, y);
-    EXPECT_EQ(first, result);
-    EXPECT_EQ(TakeCode(), outcome.code);
-    RealBuffer second(b);
-    operation(second, x, second);
-    EXPECT_EQ(second, result);
-    EXPECT_EQ(TakeCode(), outcome.code);
-    return outcome;
-}
-
 Outcome C(std::string_view n, std::string_view k) {
-    return OutcomeOf(RealCombinations, n, k);
+    return ResultOf(RealCombinations, n, k);
 }
 Outcome P(std::string_view n, std::string_view k) {
-    return OutcomeOf(RealPermutations, n, k);
+    return ResultOf(RealPermutations, n, k);
 }
 
 const Outcome Undefined = {"nan", CalcErrorUndefined};
@@ -168,16 +148,16 @@ TEST(Combinatorics, TakesTheShorterWay) {
 TEST(Combinatorics, FollowsTheRulesOfZeros) {
     for (int64_t p : SmallPrecisions) {
         PrecisionScope scope(p);
-        for (Operation operation : {RealCombinations, RealPermutations}) {
+        for (RealRoundedBinary operation : {RealCombinations, RealPermutations}) {
             for (const char* n : {"0", "-0", "1", "-1", "5", "2e-3", "-2e-3", "3e40"}) {
-                EXPECT_EQ(OutcomeOf(operation, n, "0"), Silent("1e0"));
-                EXPECT_EQ(OutcomeOf(operation, n, "-0"), Silent("1e0"));
+                EXPECT_EQ(ResultOf(operation, n, "0"), Silent("1e0"));
+                EXPECT_EQ(ResultOf(operation, n, "-0"), Silent("1e0"));
             }
-            EXPECT_EQ(OutcomeOf(operation, "0", "3"), Silent("0"));
-            EXPECT_EQ(OutcomeOf(operation, "0", "4"), Silent("0"));
-            EXPECT_EQ(OutcomeOf(operation, "-0", "3"), Silent("-0"));
-            EXPECT_EQ(OutcomeOf(operation, "-0", "4"), Silent("0"));
-            EXPECT_EQ(OutcomeOf(operation, "-0", "1e30"), Silent("0"));
+            EXPECT_EQ(ResultOf(operation, "0", "3"), Silent("0"));
+            EXPECT_EQ(ResultOf(operation, "0", "4"), Silent("0"));
+            EXPECT_EQ(ResultOf(operation, "-0", "3"), Silent("-0"));
+            EXPECT_EQ(ResultOf(operation, "-0", "4"), Silent("0"));
+            EXPECT_EQ(ResultOf(operation, "-0", "1e30"), Silent("0"));
         }
     }
 }
@@ -185,15 +165,15 @@ TEST(Combinatorics, FollowsTheRulesOfZeros) {
 TEST(Combinatorics, FollowsTheRulesOfInfinitiesAndNaN) {
     for (int64_t p : SmallPrecisions) {
         PrecisionScope scope(p);
-        for (Operation operation : {RealCombinations, RealPermutations}) {
+        for (RealRoundedBinary operation : {RealCombinations, RealPermutations}) {
             for (const char* other : {"nan", "0", "-0", "3", "-3", "inf", "-inf"}) {
-                EXPECT_EQ(OutcomeOf(operation, "nan", other), Silent("nan"));
-                EXPECT_EQ(OutcomeOf(operation, other, "nan"), Silent("nan"));
+                EXPECT_EQ(ResultOf(operation, "nan", other), Silent("nan"));
+                EXPECT_EQ(ResultOf(operation, other, "nan"), Silent("nan"));
             }
             for (const char* infinity : {"inf", "-inf"}) {
                 for (const char* other : {"0", "-0", "3", "-3", "2e-1", "inf", "-inf"}) {
-                    EXPECT_EQ(OutcomeOf(operation, infinity, other), Undefined) << other;
-                    EXPECT_EQ(OutcomeOf(operation, other, infinity), Undefined) << other;
+                    EXPECT_EQ(ResultOf(operation, infinity, other), Undefined) << other;
+                    EXPECT_EQ(ResultOf(operation, other, infinity), Undefined) << other;
                 }
             }
         }
@@ -299,34 +279,34 @@ TEST(Combinatorics, LooksAtTheByteBeforeEveryStep) {
 TEST(Gcd, DividesBoth) {
     for (int64_t p : AllPrecisions) {
         PrecisionScope scope(p);
-        EXPECT_EQ(OutcomeOf(Gcd, "6", "4"), Silent("2e0"));
-        EXPECT_EQ(OutcomeOf(Gcd, "4", "6"), Silent("2e0"));
-        EXPECT_EQ(OutcomeOf(Gcd, "7", "7"), Silent("7e0"));
-        EXPECT_EQ(OutcomeOf(Gcd, "1", "9"), Silent("1e0"));
-        EXPECT_EQ(OutcomeOf(Gcd, "9", "1"), Silent("1e0"));
-        EXPECT_EQ(OutcomeOf(Gcd, "1e40", "4e0"), Silent("4e0"));
-        EXPECT_EQ(OutcomeOf(Gcd, "4e0", "1e40"), Silent("4e0"));
-        EXPECT_EQ(OutcomeOf(Gcd, "2e40", "3e30"), Silent("1e30"));
+        EXPECT_EQ(ResultOf(Gcd, "6", "4"), Silent("2e0"));
+        EXPECT_EQ(ResultOf(Gcd, "4", "6"), Silent("2e0"));
+        EXPECT_EQ(ResultOf(Gcd, "7", "7"), Silent("7e0"));
+        EXPECT_EQ(ResultOf(Gcd, "1", "9"), Silent("1e0"));
+        EXPECT_EQ(ResultOf(Gcd, "9", "1"), Silent("1e0"));
+        EXPECT_EQ(ResultOf(Gcd, "1e40", "4e0"), Silent("4e0"));
+        EXPECT_EQ(ResultOf(Gcd, "4e0", "1e40"), Silent("4e0"));
+        EXPECT_EQ(ResultOf(Gcd, "2e40", "3e30"), Silent("1e30"));
     }
     PrecisionScope scope(20);
-    EXPECT_EQ(OutcomeOf(Gcd, "12", "18"), Silent("6e0"));
-    EXPECT_EQ(OutcomeOf(Gcd, "1071", "462"), Silent("2.1e1"));
+    EXPECT_EQ(ResultOf(Gcd, "12", "18"), Silent("6e0"));
+    EXPECT_EQ(ResultOf(Gcd, "1071", "462"), Silent("2.1e1"));
     // Neighbours in Fibonacci's sequence: the most steps.
-    EXPECT_EQ(OutcomeOf(Gcd, "12200160415121876738", "7540113804746346429"), Silent("1e0"));
+    EXPECT_EQ(ResultOf(Gcd, "12200160415121876738", "7540113804746346429"), Silent("1e0"));
 }
 
 TEST(Lcm, IsAMultipleOfBoth) {
     for (int64_t p : AllPrecisions) {
         if (p >= 2) {
             PrecisionScope scope(p);
-            EXPECT_EQ(OutcomeOf(Lcm, "4", "6"), Silent("1.2e1"));
-            EXPECT_EQ(OutcomeOf(Lcm, "6", "4"), Silent("1.2e1"));
-            EXPECT_EQ(OutcomeOf(Lcm, "7", "7"), Silent("7e0"));
-            EXPECT_EQ(OutcomeOf(Lcm, "1", "9"), Silent("9e0"));
+            EXPECT_EQ(ResultOf(Lcm, "4", "6"), Silent("1.2e1"));
+            EXPECT_EQ(ResultOf(Lcm, "6", "4"), Silent("1.2e1"));
+            EXPECT_EQ(ResultOf(Lcm, "7", "7"), Silent("7e0"));
+            EXPECT_EQ(ResultOf(Lcm, "1", "9"), Silent("9e0"));
         }
     }
     PrecisionScope scope(9);
-    EXPECT_EQ(OutcomeOf(Lcm, "123456789", "1000"), Silent("1.23456789e11"));
+    EXPECT_EQ(ResultOf(Lcm, "123456789", "1000"), Silent("1.23456789e11"));
 }
 
 TEST(Lcm, CutsWhatDoesNotFit) {
@@ -336,23 +316,23 @@ TEST(Lcm, CutsWhatDoesNotFit) {
     EXPECT_EQ(RealLcm(result, RealBuffer("997"), RealBuffer("991")), 270'000'000'000'000'000u);
     EXPECT_EQ(PlainText(result), "9.88e5");
     // 10^30 / 256 has more than three digits, of which three are left: 3.90 * 256.
-    EXPECT_EQ(OutcomeOf(Lcm, "1e30", "256"), Silent("9.98e29"));
+    EXPECT_EQ(ResultOf(Lcm, "1e30", "256"), Silent("9.98e29"));
 }
 
 TEST(GcdAndLcm, TakePositiveIntegersOnly) {
     for (int64_t p : {2, 16, 19, 20, 38, 39}) {
         PrecisionScope scope(p);
-        for (Operation operation : {Gcd, Lcm}) {
+        for (RealRoundedBinary operation : {Gcd, Lcm}) {
             for (const char* wrong : {"0", "-0", "-3", "1.5", "0.3", "-1.5", "inf", "-inf"}) {
-                EXPECT_EQ(OutcomeOf(operation, wrong, "5"), Undefined) << wrong;
-                EXPECT_EQ(OutcomeOf(operation, "5", wrong), Undefined) << wrong;
-                EXPECT_EQ(OutcomeOf(operation, wrong, wrong), Undefined) << wrong;
-                EXPECT_EQ(OutcomeOf(operation, "nan", wrong), Silent("nan"));
-                EXPECT_EQ(OutcomeOf(operation, wrong, "nan"), Silent("nan"));
+                EXPECT_EQ(ResultOf(operation, wrong, "5"), Undefined) << wrong;
+                EXPECT_EQ(ResultOf(operation, "5", wrong), Undefined) << wrong;
+                EXPECT_EQ(ResultOf(operation, wrong, wrong), Undefined) << wrong;
+                EXPECT_EQ(ResultOf(operation, "nan", wrong), Silent("nan"));
+                EXPECT_EQ(ResultOf(operation, wrong, "nan"), Silent("nan"));
             }
-            EXPECT_EQ(OutcomeOf(operation, "nan", "nan"), Silent("nan"));
-            EXPECT_EQ(OutcomeOf(operation, "nan", "3"), Silent("nan"));
-            EXPECT_EQ(OutcomeOf(operation, "3", "nan"), Silent("nan"));
+            EXPECT_EQ(ResultOf(operation, "nan", "nan"), Silent("nan"));
+            EXPECT_EQ(ResultOf(operation, "nan", "3"), Silent("nan"));
+            EXPECT_EQ(ResultOf(operation, "3", "nan"), Silent("nan"));
         }
     }
 }
@@ -361,11 +341,11 @@ TEST(GcdAndLcm, StopAtTheByteThatAsksForIt) {
     PrecisionScope scope(20);
     uint8_t stop = 1;
     FieldScope<uint8_t*> flag(numberContext.abortFlag, &stop);
-    for (Operation operation : {Gcd, Lcm}) {
-        EXPECT_EQ(OutcomeOf(operation, "12", "18"), Cancelled);
-        EXPECT_EQ(OutcomeOf(operation, "18", "12"), Cancelled);
-        EXPECT_EQ(OutcomeOf(operation, "1e4611686018427387902", "3"), Cancelled);
-        EXPECT_EQ(OutcomeOf(operation, "0", "3"), Undefined);
+    for (RealRoundedBinary operation : {Gcd, Lcm}) {
+        EXPECT_EQ(ResultOf(operation, "12", "18"), Cancelled);
+        EXPECT_EQ(ResultOf(operation, "18", "12"), Cancelled);
+        EXPECT_EQ(ResultOf(operation, "1e4611686018427387902", "3"), Cancelled);
+        EXPECT_EQ(ResultOf(operation, "0", "3"), Undefined);
     }
     SetCalcError(CalcErrorOverflow);
     RealBuffer x("18");

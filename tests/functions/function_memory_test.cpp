@@ -26,7 +26,7 @@
 #include "functions/roots.h"
 #include "functions/stored_constants.h"
 #include "functions/trigonometric.h"
-#include "support/real_testing.h"
+#include "support/complex_testing.h"
 
 namespace tallymere {
 namespace {
@@ -35,19 +35,6 @@ using namespace testing_support;
 
 // 10,000 digits and the two that the calculator adds.
 constexpr int64_t LongestPrecision = 10'002;
-
-class ComplexBuffer {
-public:
-    ComplexBuffer(std::string_view real, std::string_view imaginary)
-        : words_(static_cast<size_t>(ComplexWords())) {
-        RealFromPlainText(RealPart(Get()), real);
-        RealFromPlainText(ImaginaryPart(Get()), imaginary);
-    }
-    ComplexNumber* Get() { return ComplexAt(words_.data()); }
-
-private:
-    std::vector<uint64_t> words_;
-};
 
 struct MeasuredFunction {
     const char* name;
@@ -64,8 +51,8 @@ MeasuredFunction Of(const char* name, RealRoundedBinary function, std::string a,
 
 MeasuredFunction OfComplex(const char* name, std::function<void(ComplexNumber* z)> function) {
     return {name, [=](RealNumber*) {
-                ComplexBuffer z("1.25e0", "-7.5e-1");
-                function(z.Get());
+                ComplexBuffer z("1.25 -0.75");
+                function(z);
             }};
 }
 
@@ -122,18 +109,12 @@ std::vector<MeasuredFunction> MeasuredFunctions() {
          [](RealNumber* dest) { RealLcm(dest, RealBuffer("1.8e1"), RealBuffer("1.2e1")); }},
         OfComplex("ComplexMul", [](ComplexNumber* z) { ComplexMul(z, z, z); }),
         OfComplex("ComplexDiv",
-                  [](ComplexNumber* z) {
-                      ComplexBuffer w("7e-1", "1.3e0");
-                      ComplexDiv(z, z, w.Get());
-                  }),
+                  [](ComplexNumber* z) { ComplexDiv(z, z, ComplexBuffer("0.7 1.3")); }),
         OfComplex("ComplexReciprocal", [](ComplexNumber* z) { ComplexReciprocal(z, z); }),
         OfComplex("ComplexAbs", [](ComplexNumber* z) { ComplexAbs(z, z); }),
         OfComplex("ComplexPowerInt", [](ComplexNumber* z) { ComplexPowerInt(z, z, -13); }),
         OfComplex("ComplexPower",
-                  [](ComplexNumber* z) {
-                      ComplexBuffer y("-1.3e1", "0");
-                      ComplexPower(z, z, y.Get());
-                  }),
+                  [](ComplexNumber* z) { ComplexPower(z, z, ComplexBuffer("-13 0")); }),
         OfComplex("ComplexSqrtBranch",
                   [](ComplexNumber* z) { ComplexSqrtBranch(z, z, RealBuffer("1e0")); }),
         OfComplex("ComplexCbrtBranch",
