@@ -34,9 +34,6 @@ Outcome P(std::string_view n, std::string_view k) {
     return ResultOf(RealPermutations, n, k);
 }
 
-const Outcome Undefined = {"nan", CalcErrorUndefined};
-const Outcome Cancelled = {"nan", CalcErrorCancelled};
-
 TEST(Combinations, CountsSubsets) {
     for (int64_t p : AllPrecisions) {
         PrecisionScope scope(p);

@@ -10,29 +10,18 @@
 #include "core/real_divide.h"
 #include "core/real_layout.h"
 #include "core/scratch.h"
+#include "functions/function_testing.h"
 #include "functions/tangent_testing.h"
-#include "support/real_testing.h"
 
 namespace tallymere {
 namespace {
 
 using namespace testing_support;
 
-const Outcome Undefined = {"nan", CalcErrorUndefined};
-const Outcome Cancelled = {"nan", CalcErrorCancelled};
 const Outcome Overflow = {"inf", CalcErrorOverflow};
 
-// x! rounded, the same whether the result has a place of its own or not.
 Outcome Factorial(std::string_view x) {
-    const RealBuffer argument(x);
-    RealBuffer result;
-    RealFactorialRounded(result, argument);
-    const Outcome outcome = {PlainText(result), TakeCode()};
-    RealBuffer same(x);
-    RealFactorialRounded(same, same);
-    EXPECT_EQ(same, result);
-    EXPECT_EQ(TakeCode(), outcome.code);
-    return outcome;
+    return ResultOf(RealFactorialRounded, x);
 }
 
 Outcome RawFactorial(std::string_view x) {

@@ -22,7 +22,7 @@
 #include "functions/powers.h"
 #include "functions/roots.h"
 #include "functions/trigonometric.h"
-#include "support/real_testing.h"
+#include "support/complex_testing.h"
 
 namespace tallymere {
 namespace {
@@ -195,17 +195,7 @@ TEST(FunctionIdentities, PowersOfTwoAgreeByAllThreeRoads) {
     }
 }
 
-class ComplexBuffer {
-public:
-    ComplexBuffer() : words_(static_cast<size_t>(ComplexWords())) {}
-    ComplexNumber* Get() { return ComplexAt(words_.data()); }
-    operator ComplexNumber*() { return Get(); }
-
-private:
-    std::vector<uint64_t> words_;
-};
-
-int64_t LargerExponent(ComplexNumber* z) {
+int64_t LargerExponent(const ComplexNumber* z) {
     const RealNumber* real = RealPart(z);
     const RealNumber* imaginary = ImaginaryPart(z);
     return RealIsZero(imaginary) ||
@@ -223,8 +213,8 @@ TEST(FunctionIdentities, AllBranchesOfARootAreRoots) {
         RealBuffer degree;
         RealFromInt(degree, n);
         ComplexBuffer z;
-        FillReal(random, RealPart(z), 3);
-        FillPartner(random, ImaginaryPart(z), RealPart(z), 3);
+        FillReal(random, RealPart(z.Get()), 3);
+        FillPartner(random, ImaginaryPart(z.Get()), RealPart(z.Get()), 3);
         const int64_t exponent = LargerExponent(z);
         ComplexBuffer sum;
         ComplexSetZero(sum, 0);
@@ -241,17 +231,17 @@ TEST(FunctionIdentities, AllBranchesOfARootAreRoots) {
             // A unit of the root counts n times in its power, ten times as much where the root
             // begins with 1 and the power with 9; the rounded products double theirs.
             const double bound = 30.0 * static_cast<double>(n);
-            EXPECT_LE(UnitsApart(RealPart(root), RealPart(z), exponent), bound);
-            ASSERT_LE(UnitsApart(ImaginaryPart(root), ImaginaryPart(z), exponent), bound)
-                << "branch " << k << " of " << n << " of " << PlainText(RealPart(z)) << " + i "
-                << PlainText(ImaginaryPart(z));
+            EXPECT_LE(UnitsApart(RealPart(root.Get()), RealPart(z.Get()), exponent), bound);
+            ASSERT_LE(UnitsApart(ImaginaryPart(root.Get()), ImaginaryPart(z.Get()), exponent),
+                      bound)
+                << "branch " << k << " of " << n << " of " << PlainText(z);
         }
         if (n > 1) {
             // Each sum on the way may have one digit more than the roots, and rounds it off.
             const RealBuffer zero("0");
             const double bound = 6.0 * static_cast<double>(n);
-            EXPECT_LE(UnitsApart(RealPart(sum), zero, rootExponent), bound);
-            ASSERT_LE(UnitsApart(ImaginaryPart(sum), zero, rootExponent), bound);
+            EXPECT_LE(UnitsApart(RealPart(sum.Get()), zero, rootExponent), bound);
+            ASSERT_LE(UnitsApart(ImaginaryPart(sum.Get()), zero, rootExponent), bound);
         }
     }
 }

@@ -17,6 +17,10 @@
 
 namespace tallymere::testing_support {
 
+/// What a function gives where it has no value, and when it is asked to stop.
+inline const Outcome Undefined = {"nan", CalcErrorUndefined};
+inline const Outcome Cancelled = {"nan", CalcErrorCancelled};
+
 /// The result and the code of f(x), which must be the same with the operand as destination.
 template <typename Function>
 Outcome ResultOf(Function f, std::string_view text) {

@@ -16,8 +16,6 @@ namespace {
 
 using namespace testing_support;
 
-const Outcome Undefined = {"nan", CalcErrorUndefined};
-
 TEST(Hyperbolic, PassesNaNWithoutACode) {
     for (int64_t p : SmallPrecisions) {
         PrecisionScope scope(p);

@@ -20,8 +20,6 @@ namespace {
 
 using namespace testing_support;
 
-const Outcome Undefined = {"nan", CalcErrorUndefined};
-
 constexpr const char* Pi =
     "3.14159265358979323846264338327950288419716939937510582097494459230781640628620899862803482534"
     "211706798214808651";

@@ -35,8 +35,6 @@ Outcome PowerOfTwo(int64_t n) {
     return {PlainText(dest), TakeCode()};
 }
 
-const Outcome Undefined = {"nan", CalcErrorUndefined};
-
 TEST(RealPowerInt, OfAnythingButInfinityIsOneForAnExponentOfZero) {
     for (int64_t p : SmallPrecisions) {
         PrecisionScope scope(p);

@@ -17,8 +17,6 @@ namespace {
 
 using namespace testing_support;
 
-const Outcome Undefined = {"nan", CalcErrorUndefined};
-
 // What a rounded root may be off by, in hundredths of a unit in the last place: one half, and what
 // roundings on the way make of the guard digits.
 constexpr uint64_t SquareRootError = 60;
