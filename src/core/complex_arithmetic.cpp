@@ -134,6 +134,16 @@ void ComplexDiv(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber
     RealDiv(ImaginaryPart(dest), ImaginaryPart(numerator), denominator);
 }
 
+void ComplexDivUint(ComplexNumber* dest, const ComplexNumber* z, uint64_t k) {
+    const bool isReal = ComplexIsReal(z);
+    RealRound(RealPart(dest), RealDivUint(RealPart(dest), RealPart(z), k));
+    if (isReal) {
+        ComplexClearImaginaryPart(dest);
+    } else {
+        RealRound(ImaginaryPart(dest), RealDivUint(ImaginaryPart(dest), ImaginaryPart(z), k));
+    }
+}
+
 void ComplexReciprocal(ComplexNumber* dest, const ComplexNumber* z) {
     if (ComplexIsReal(z)) {
         RealReciprocal(RealPart(dest), RealPart(z));

@@ -33,6 +33,9 @@ void ComplexMulUint(ComplexNumber* dest, const ComplexNumber* z, uint64_t k);
 /// and each part of another follows that rule by itself. The quotient of two real values is real.
 void ComplexDiv(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber* b);
 
+/// dest = z / k, part by part. A real z gives a real quotient.
+void ComplexDivUint(ComplexNumber* dest, const ComplexNumber* z, uint64_t k);
+
 /// dest = 1 / z: (x - iy) / (x^2 + y^2). The reciprocal of a real value is real.
 void ComplexReciprocal(ComplexNumber* dest, const ComplexNumber* z);
 

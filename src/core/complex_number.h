@@ -73,6 +73,12 @@ inline void ComplexSetZero(ComplexNumber* dest, uint64_t sign) {
     ComplexClearImaginaryPart(dest);
 }
 
+/// Flips the signs of both parts, also of zeros; a NaN keeps its cleared sign.
+inline void ComplexNegate(ComplexNumber* z) {
+    RealNegate(RealPart(z));
+    RealNegate(ImaginaryPart(z));
+}
+
 /// Copies both parts.
 inline void ComplexCopy(ComplexNumber* dest, const ComplexNumber* src) {
     RealCopy(RealPart(dest), RealPart(src));

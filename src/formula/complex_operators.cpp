@@ -1,10 +1,7 @@
 #include "formula/complex_operators.h"
 
 #include "core/complex_arithmetic.h"
-#include "core/real_div_mod.h"
-#include "core/real_divide.h"
 #include "core/real_integer.h"
-#include "core/real_rounding.h"
 #include "formula/formula_token.h"
 #include "formula/real_power.h"
 #include "functions/complex_powers.h"
@@ -83,20 +80,6 @@ void ComplexApplyOperator(uint32_t operatorId, ComplexNumber* a, const ComplexNu
             break;
         default:
             ComplexSetNaN(a, CalcErrorUnknownType);
-    }
-}
-
-void ComplexNegate(ComplexNumber* z) {
-    RealNegate(RealPart(z));
-    RealNegate(ImaginaryPart(z));
-}
-
-void ComplexDivUint(ComplexNumber* dest, const ComplexNumber* z, uint64_t k) {
-    RealRound(RealPart(dest), RealDivUint(RealPart(dest), RealPart(z), k));
-    if (ComplexIsReal(z)) {
-        ComplexClearImaginaryPart(dest);
-    } else {
-        RealRound(ImaginaryPart(dest), RealDivUint(ImaginaryPart(dest), ImaginaryPart(z), k));
     }
 }
 

@@ -11,12 +11,6 @@ namespace tallymere {
 /// 203. NaN and code 102 for an operator without an operation.
 void ComplexApplyOperator(uint32_t operatorId, ComplexNumber* a, const ComplexNumber* b);
 
-/// Flips the signs of both parts, also of zeros; a NaN keeps its cleared sign.
-void ComplexNegate(ComplexNumber* z);
-
-/// dest = z / k, part by part, rounded. A real z gives a real quotient.
-void ComplexDivUint(ComplexNumber* dest, const ComplexNumber* z, uint64_t k);
-
 /// Writes |z| and returns true when z is a real integer whose magnitude fits 64 bits; else writes
 /// 0.
 bool ComplexToUint(uint64_t* out, const ComplexNumber* z);

@@ -321,6 +321,7 @@ class ArithmeticTest(ConsoleCase):
                    [str(abs(a) % b if a > 0 else -(abs(a) % b)) for a, b in formulas])
         self.check(["1e99999 mod 7"], b"", [str(pow(10, 99999, 7))])
 
+
 class InputTest(ConsoleCase):
     def test_invalid_utf8_is_refused_line_by_line(self):
         cases = [b"\xff", b"1+\x80", b"\xc0\x80", b"\xc1\xbf", b"\xe0\x80\x80", b"\xe0\x9f\xbf",

@@ -180,6 +180,24 @@ TEST(ComplexMulUint, MultipliesEachPart) {
     EXPECT_EQ(Multiple("1.11 -1", 18'446'744'073'709'551'615u), Silent("2.05e19 -1.84e19"));
 }
 
+TEST(ComplexDivUint, DividesEachPart) {
+    const auto part = [](std::string_view z, uint64_t k) {
+        return UnaryOutcome(
+            [k](ComplexNumber* dest, const ComplexNumber* x) { ComplexDivUint(dest, x, k); },
+            ComplexBuffer(z));
+    };
+    for (int64_t p : AllPrecisions) {
+        PrecisionScope scope(p);
+        EXPECT_EQ(part("6 -9", 3), Silent("2e0 -3e0"));
+        EXPECT_EQ(part("-6 -0", 3), Silent("-2e0 0"));
+        EXPECT_EQ(part("nan -6", 2), Silent("nan -3e0"));
+        EXPECT_EQ(part("6 0", 0), (Outcome{"inf 0", CalcErrorOverflow}));
+        EXPECT_EQ(part("6 -1", 0), (Outcome{"inf -inf", CalcErrorOverflow}));
+    }
+    PrecisionScope scope(3);
+    EXPECT_EQ(part("2 1", 3), Silent("6.67e-1 3.33e-1"));
+}
+
 TEST(ComplexDiv, DividesByTheSchoolFormula) {
     for (int64_t p : AllPrecisions) {
         PrecisionScope scope(p);

@@ -66,6 +66,18 @@ TEST(ComplexSetZero, GivesTheSignToTheRealPartAlone) {
     }
 }
 
+TEST(ComplexNegate, FlipsBothSignsButThatOfNaN) {
+    for (int64_t p : AllPrecisions) {
+        PrecisionScope scope(p);
+        ComplexBuffer z("3 -0");
+        ComplexNegate(z);
+        EXPECT_EQ(OutcomeOf(z), Silent("-3e0 0"));
+        z = ComplexBuffer("nan -inf");
+        ComplexNegate(z);
+        EXPECT_EQ(OutcomeOf(z), Silent("nan inf"));
+    }
+}
+
 TEST(ComplexCopy, CopiesEveryWord) {
     RandomSource random;
     for (int64_t p : AllPrecisions) {
