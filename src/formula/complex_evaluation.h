@@ -9,10 +9,10 @@
 
 namespace tallymere {
 
-// dest = function of one, two or three arguments, rounded; dest may be none of them but z. Errors
-// and codes of the functions of real are those of RealApplyFunction1 and RealApplyFunction2. Roots
-// with a branch that is no integer from 0 to degree - 1, or with a degree that is no integer from 1
-// to 2^61 - 1, are NaN and code 203.
+// dest = function of one, two or three arguments, rounded; dest may be a single argument, but none
+// of several. Errors and codes of the functions of real are those of RealApplyFunction1 and
+// RealApplyFunction2. Roots with a branch that is no integer from 0 to degree - 1, or with a degree
+// that is no integer from 1 to 2^61 - 1, are NaN and code 203.
 
 /// Beyond the functions of real: the modulus, the angle in three units, the parts, and whole and
 /// rest part by part.
