@@ -59,7 +59,7 @@ FunctionDeviation CompareFunction(const TestedFunction& function, const Function
             largest = std::max(largest, parts.back().exponent);
         }
     }
-    deviation.exponent = largest;
+    deviation.exponent = largest == std::numeric_limits<int64_t>::min() ? 0 : largest;
     for (const Deviation& part : parts) {
         const double ulps = failed ? std::numeric_limits<double>::infinity() : part.ulps;
         deviation.partUlps = std::max(deviation.partUlps, ulps);

@@ -60,7 +60,7 @@ struct FunctionDeviation {
     double logUlps = 0;  ///< log10 of it, also beyond the range of double
     double partUlps = 0;
     int wrongRoundings = 0;  ///< parts that are not the exact value rounded half away from zero
-    int64_t exponent = 0;    ///< of the exact value, or the larger one of its parts
+    int64_t exponent = 0;    ///< of the exact value or its larger part; 0 for an exact zero
     bool inDomain = true;
 };
 
