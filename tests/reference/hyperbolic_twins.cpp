@@ -8,8 +8,8 @@
 #include "functions/exponential.h"
 #include "functions/logarithm.h"
 #include "functions/roots.h"
-#include "functions/series.h"
 #include "functions/stored_constants.h"
+#include "reference/series_twins.h"
 #include "support/real_testing.h"
 
 namespace tallymere::reference {
@@ -74,29 +74,12 @@ RealBuffer LnTwice(const RealNumber* x) {
     return Sum(ln2, Ln(x));
 }
 
-bool SeriesIsOver(const RealNumber* sum, const RealNumber* term) {
-    if (RealIsSpecial(sum) || RealIsSpecial(term)) {
-        return true;
-    }
-    return RealExponent(sum) - RealExponent(term) >= numberContext.precisionDigits - 1;
-}
-
 }  // namespace
 
 void TwinSinh(RealNumber* dest, const RealNumber* x) {
     const int64_t exponent = RealExponent(x);
     if (exponent < -1 || (exponent == -1 && RealLeadingDigits(RealLimbs(x), 1) < 5)) {
-        RealBuffer s = Copy(x);
-        RealBuffer u = s;
-        const RealBuffer w = Product(x, x);
-        uint64_t j = 0;
-        do {
-            u = Product(u, w);
-            j += 2;
-            RealDivUint(u, u, (j + 1) * j);
-            s = Sum(s, u);
-        } while (!SeriesIsOver(s, u));
-        RealCopy(dest, s);
+        reference::SeriesSinh(dest, x);
         return;
     }
     const RealBuffer e = Exp(x);
@@ -114,7 +97,7 @@ void TwinTanh(RealNumber* dest, const RealNumber* x) {
     if (RealExponent(x) < -1) {
         RealBuffer s;
         RealBuffer c;
-        SeriesSinhCosh(s, c, x);
+        reference::SeriesSinhCosh(s, c, x);
         RealCopy(dest, Quotient(s, c));
         return;
     }
@@ -172,7 +155,7 @@ void TwinAcosh(RealNumber* dest, const RealNumber* x) {
 void TwinAtanh(RealNumber* dest, const RealNumber* x) {
     const RealBuffer one("1");
     if (RealExponent(x) < -2) {
-        SeriesAtanh(dest, x);
+        reference::SeriesAtanh(dest, x);
     } else {
         RealCopy(dest, Half(Ln(Quotient(Sum(one, x), Difference(one, x)))));
     }

@@ -1,31 +1,21 @@
 #include "reference/series_twins.h"
 
-#include <vector>
-
 #include "core/real_add.h"
 #include "core/real_divide.h"
 #include "core/real_multiply.h"
+#include "support/real_testing.h"
 
 namespace tallymere::reference {
 
 namespace {
 
-// A record of its own for the layout in force.
-struct Number {
-    std::vector<uint64_t> words = std::vector<uint64_t>(static_cast<size_t>(RealWords()));
-    operator RealNumber*() { return RealAt(words.data()); }
-};
-
-bool Ends(const RealNumber* sum, const RealNumber* term) {
-    return RealIsSpecial(sum) || RealIsSpecial(term) ||
-           RealExponent(sum) - RealExponent(term) >= numberContext.precisionDigits - 1;
-}
+using testing_support::RealBuffer;
 
 int64_t OddQuotients(RealNumber* dest, const RealNumber* x, bool alternating) {
-    Number sum;
-    Number square;
-    Number power;
-    Number term;
+    RealBuffer sum;
+    RealBuffer square;
+    RealBuffer power;
+    RealBuffer term;
     RealCopy(sum, x);
     RealCopy(power, x);
     RealMulRaw(square, x, x);
@@ -40,15 +30,15 @@ int64_t OddQuotients(RealNumber* dest, const RealNumber* x, bool alternating) {
         RealDivUint(term, power, k);
         RealAddRaw(sum, sum, term, false);
         terms++;
-    } while (!Ends(sum, term));
+    } while (!SeriesIsOver(sum, term));
     RealCopy(dest, sum);
     return terms;
 }
 
 void Factorials(RealNumber* dest, RealNumber* term, const RealNumber* x, uint64_t k,
                 bool alternating) {
-    Number sum;
-    Number square;
+    RealBuffer sum;
+    RealBuffer square;
     RealCopy(sum, term);
     RealMulRaw(square, x, x);
     do {
@@ -59,15 +49,20 @@ void Factorials(RealNumber* dest, RealNumber* term, const RealNumber* x, uint64_
         }
         RealAddRaw(sum, sum, term, false);
         k += 2;
-    } while (!Ends(sum, term));
+    } while (!SeriesIsOver(sum, term));
     RealCopy(dest, sum);
 }
 
 }  // namespace
 
+bool SeriesIsOver(const RealNumber* sum, const RealNumber* term) {
+    return RealIsSpecial(sum) || RealIsSpecial(term) ||
+           RealExponent(sum) - RealExponent(term) >= numberContext.precisionDigits - 1;
+}
+
 void SeriesExp(RealNumber* dest, const RealNumber* x) {
-    Number sum;
-    Number term;
+    RealBuffer sum;
+    RealBuffer term;
     RealSetOne(sum);
     RealSetOne(term);
     uint64_t j = 0;
@@ -76,7 +71,7 @@ void SeriesExp(RealNumber* dest, const RealNumber* x) {
         j++;
         RealDivUint(term, term, j);
         RealAddRaw(sum, sum, term, false);
-    } while (!Ends(sum, term));
+    } while (!SeriesIsOver(sum, term));
     RealCopy(dest, sum);
 }
 
@@ -89,28 +84,28 @@ void SeriesAtan(RealNumber* dest, const RealNumber* x) {
 }
 
 void SeriesSin(RealNumber* dest, const RealNumber* x) {
-    Number first;
+    RealBuffer first;
     RealCopy(first, x);
     Factorials(dest, first, x, 2, true);
 }
 
 void SeriesSinh(RealNumber* dest, const RealNumber* x) {
-    Number first;
+    RealBuffer first;
     RealCopy(first, x);
     Factorials(dest, first, x, 2, false);
 }
 
 void SeriesCos(RealNumber* dest, const RealNumber* x) {
-    Number first;
+    RealBuffer first;
     RealSetOne(first);
     Factorials(dest, first, x, 1, true);
 }
 
 void SeriesSinCos(RealNumber* sine, RealNumber* cosine, const RealNumber* x) {
-    Number square;
-    Number term;
-    Number even;
-    Number odd;
+    RealBuffer square;
+    RealBuffer term;
+    RealBuffer even;
+    RealBuffer odd;
     RealMulRaw(square, x, x);
     RealSetOne(term);
     RealSetOne(even);
@@ -124,16 +119,16 @@ void SeriesSinCos(RealNumber* sine, RealNumber* cosine, const RealNumber* x) {
         RealDivUint(term, term, k + 1);
         RealAddRaw(odd, odd, term, false);
         k += 2;
-    } while (!Ends(odd, term));
+    } while (!SeriesIsOver(odd, term));
     RealMulRaw(sine, odd, x);
     RealCopy(cosine, even);
 }
 
 void SeriesSinhCosh(RealNumber* sinh, RealNumber* cosh, const RealNumber* x) {
-    Number square;
-    Number term;
-    Number even;
-    Number odd;
+    RealBuffer square;
+    RealBuffer term;
+    RealBuffer even;
+    RealBuffer odd;
     RealMulRaw(square, x, x);
     RealCopy(term, square);
     RealSetOne(even);
@@ -143,7 +138,7 @@ void SeriesSinhCosh(RealNumber* sinh, RealNumber* cosh, const RealNumber* x) {
         RealAddRaw(even, even, term, false);
         RealDivUint(term, term, k + 1);
         RealAddRaw(odd, odd, term, false);
-        if (Ends(odd, term)) {
+        if (SeriesIsOver(odd, term)) {
             break;
         }
         RealMulRaw(term, term, square);

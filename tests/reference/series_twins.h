@@ -8,6 +8,9 @@
 
 namespace tallymere::reference {
 
+/// The end of a series, after `term` was added to `sum`.
+bool SeriesIsOver(const RealNumber* sum, const RealNumber* term);
+
 void SeriesExp(RealNumber* dest, const RealNumber* x);
 int64_t SeriesAtanh(RealNumber* dest, const RealNumber* x);
 void SeriesAtan(RealNumber* dest, const RealNumber* x);

@@ -8,6 +8,7 @@
 #include "core/real_multiply.h"
 #include "functions/inverse_trigonometric.h"
 #include "functions/stored_constants.h"
+#include "reference/series_twins.h"
 #include "support/real_testing.h"
 
 namespace tallymere::reference {
@@ -15,47 +16,6 @@ namespace tallymere::reference {
 namespace {
 
 using testing_support::RealBuffer;
-
-bool SeriesIsOver(const RealNumber* sum, const RealNumber* term) {
-    if (RealIsSpecial(sum) || RealIsSpecial(term)) {
-        return true;
-    }
-    return RealExponent(sum) - RealExponent(term) >= numberContext.precisionDigits - 1;
-}
-
-// sum = term - term r^2 / (k (k + 1)) + ...
-void AlternatingSeries(RealNumber* sum, RealBuffer term, const RealNumber* r, uint64_t k) {
-    RealBuffer square;
-    RealMulRaw(square, r, r);
-    RealCopy(sum, term);
-    do {
-        RealMulRaw(term, term, square);
-        RealDivUint(term, term, k * (k + 1));
-        RealNegate(term);
-        RealAddRaw(sum, sum, term, false);
-        k += 2;
-    } while (!SeriesIsOver(sum, term));
-}
-
-void BothSeries(RealNumber* sine, RealNumber* cosine, const RealNumber* r) {
-    RealBuffer square;
-    RealMulRaw(square, r, r);
-    RealBuffer term("1");
-    RealBuffer even("1");
-    RealBuffer odd("1");
-    uint64_t k = 2;
-    do {
-        RealNegate(term);
-        RealMulRaw(term, term, square);
-        RealDivUint(term, term, k);
-        RealAddRaw(even, even, term, false);
-        RealDivUint(term, term, k + 1);
-        RealAddRaw(odd, odd, term, false);
-        k += 2;
-    } while (!SeriesIsOver(odd, term));
-    RealMulRaw(sine, odd, r);
-    RealCopy(cosine, even);
-}
 
 // 'c' and 's' for the series of the cosine and the sine, capitals for their negatives.
 struct OctantRow {
@@ -72,9 +32,9 @@ bool IsNegative(char entry) {
 
 void OneSeries(RealNumber* dest, char entry, const RealBuffer& r) {
     if (entry == 's' || entry == 'S') {
-        AlternatingSeries(dest, r, r, 2);
+        reference::SeriesSin(dest, r);
     } else {
-        AlternatingSeries(dest, RealBuffer("1"), r, 1);
+        reference::SeriesCos(dest, r);
     }
 }
 
@@ -163,7 +123,7 @@ void TwinSinCos(RealNumber* sine, RealNumber* cosine, const RealNumber* x) {
     const bool negative = RealSign(x) != 0;
     if (sine != nullptr && cosine != nullptr) {
         const bool straight = row.sine == 's' || row.sine == 'S';
-        BothSeries(straight ? sine : cosine, straight ? cosine : sine, r);
+        reference::SeriesSinCos(straight ? sine : cosine, straight ? cosine : sine, r);
     } else if (sine != nullptr) {
         OneSeries(sine, row.sine, r);
     } else {
@@ -199,19 +159,8 @@ void TwinAtan(RealNumber* dest, const RealNumber* x) {
         fine = FineStep(y);
         Shift(y, AtanStepTable.fine[fine]);
     }
-    RealBuffer s = y;
-    RealBuffer u = y;
-    RealBuffer w;
-    RealBuffer v;
-    RealMulRaw(w, y, y);
-    uint64_t j = 1;
-    do {
-        RealNegate(u);
-        RealMulRaw(u, u, w);
-        j += 2;
-        RealDivUint(v, u, j);
-        RealAddRaw(s, s, v, false);
-    } while (!SeriesIsOver(s, v));
+    RealBuffer s;
+    reference::SeriesAtan(s, y);
     if (p >= 70) {
         AddMultiple(s, ConstAtan351, fine);
         RealSetSign(s, ySign);
