@@ -9,6 +9,10 @@
 // outside 1 to 2^61 - 1 or a branch outside 0 to degree - 1 gives NaN and code 203. Otherwise z
 // with zeros in both parts gives the zero of the sign of its real part. Computed with 4 guard
 // digits, and each part rounded once. The degree and the branch may lie in dest.
+//
+// For degrees other than 2 and 3, 1 among them, the root of the modulus is e^(ln |z| / n), whose
+// error is larger than the guard digits hold: the last digit may be one off, and where the exponent
+// of |z| has more than three digits, so may as many of the last digits as it has more.
 #pragma once
 
 #include "core/complex_number.h"

@@ -189,11 +189,63 @@ TEST(ComplexRootBranch, PassesNaNOnAndFollowsTheRulesOfInfinity) {
     }
 }
 
+TEST(ComplexRootBranch, TurnsTheInfinityOfTheModulusByTheAngleOfTheParts) {
+    for (int64_t p : SmallPrecisions) {
+        PrecisionScope scope(p);
+        EXPECT_EQ(Branch("2", "1 inf", "0"), Silent("inf inf"));
+        EXPECT_EQ(Branch("2", "1 -inf", "0"), Silent("inf -inf"));
+        EXPECT_EQ(Branch("2", "1 -inf", "1"), Silent("-inf inf"));
+        EXPECT_EQ(Branch("3", "-inf -0", "0"), Silent("inf inf"));
+        EXPECT_EQ(Branch("3", "-inf -1", "0"), Silent("inf -inf"));
+        EXPECT_EQ(Branch("4", "0 inf", "1"), Silent("-inf inf"));
+        EXPECT_EQ(Branch("2", "-inf 1", "0"), (Outcome{"nan inf", CalcErrorUndefined}));
+        EXPECT_EQ(Branch("2", "-inf -1", "0"), (Outcome{"nan -inf", CalcErrorUndefined}));
+        EXPECT_EQ(Branch("1", "-inf 1", "0"), (Outcome{"-inf nan", CalcErrorUndefined}));
+        EXPECT_EQ(Branch("1", "1 -inf", "0"), (Outcome{"nan -inf", CalcErrorUndefined}));
+        EXPECT_EQ(Branch("3", "-inf inf", "0"), (Outcome{"nan nan", CalcErrorUndefined}));
+    }
+}
+
 TEST(ComplexRootBranch, ReachesTheEndsOfTheExponentRange) {
     PrecisionScope scope(20);
     EXPECT_EQ(SquareRoot("0 2e4611686018427387902", "0"),
               Silent("1e2305843009213693951 1e2305843009213693951"));
     EXPECT_EQ(CubeRoot("-8e-4611686018427387903 0", "1"), Silent("-2e-1537228672809129301 0"));
+    EXPECT_EQ(SquareRoot("1e-4611686018427387903 -0", "1"),
+              Silent("-3.162277660168379332e-2305843009213693952 0"));
+    EXPECT_EQ(Branch("3", "0 -1e-4611686018427387903", "1").code, CalcErrorNone);
+}
+
+// There the reciprocal of the larger part, by which the smaller is divided, is below the range, and
+// a quotient by such a number is zero.
+TEST(ComplexRootBranch, TakesTheSmallerPartForZeroAtTheTopOfTheExponentRange) {
+    PrecisionScope scope(20);
+    EXPECT_EQ(SquareRoot("4e4611686018427387903 3e4611686018427387903", "0"),
+              Silent("7.071067811865475244e2305843009213693951 0"));
+    EXPECT_EQ(SquareRoot("4e4611686018427387902 3e4611686018427387902", "0"),
+              Silent("2.1213203435596425732e2305843009213693951 "
+                     "7.071067811865475244e2305843009213693950"));
+    EXPECT_EQ(SquareRoot("9e4611686018427387903 9e4611686018427387903", "0"),
+              (Outcome{"inf nan", CalcErrorOverflow}));
+    EXPECT_EQ(CubeRoot("9e4611686018427387903 9e4611686018427387903", "1"),
+              (Outcome{"-inf inf", CalcErrorOverflow}));
+}
+
+// exp(ln r / n) is not as exact as a square or cube root: its tenth powers cost digits, and those
+// of a large exponent of r are lost to its reduction.
+TEST(ComplexRootBranch, OfOtherDegreesMayBeOffInTheLastDigits) {
+    {
+        PrecisionScope scope(57);
+        // The exact digits go on as ...8221635 and ...7127097.
+        EXPECT_EQ(Branch("4", "0 -1e-1", "0"),
+                  Silent("5.19535640628637191305315110206842008821783794864558548221e-1 "
+                         "-2.15198708484575905410808009312880642287844236692271274271e-1"));
+    }
+    PrecisionScope scope(16);
+    EXPECT_EQ(Branch("1", "1e10 0", "0"), Silent("1e10 0"));
+    EXPECT_EQ(Branch("1", "1e100000 0", "0"), Silent("9.999999999999954e99999 0"));
+    EXPECT_EQ(Branch("4", "1e1000000000004 0", "0"), Silent("9.999999539482992e250000000000 0"));
+    EXPECT_EQ(Branch("2", "1e1000000000004 0", "0"), Silent("1e500000000002 0"));
 }
 
 std::complex<double> ToDouble(const ComplexNumber* z) {
