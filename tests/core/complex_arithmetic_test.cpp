@@ -177,6 +177,7 @@ TEST(ComplexMulUint, MultipliesEachPart) {
     }
     PrecisionScope scope(3);
     EXPECT_EQ(Multiple("1.25 9.99", 7), Silent("8.75e0 6.99e1"));
+    EXPECT_EQ(Multiple("9.98 -9.98", 7), Silent("6.99e1 -6.99e1"));
     EXPECT_EQ(Multiple("1.11 -1", 18'446'744'073'709'551'615u), Silent("2.05e19 -1.84e19"));
 }
 
@@ -317,6 +318,14 @@ TEST(ComplexDivMod, RefusesValuesThatAreNotReal) {
     }
 }
 
+TEST(ComplexDivMod, StopsAtTheByteThatAsksForIt) {
+    PrecisionScope scope(20);
+    uint8_t stop = 1;
+    FieldScope<uint8_t*> flag(numberContext.abortFlag, &stop);
+    const Outcome cancelled = {"nan 0", CalcErrorCancelled};
+    EXPECT_EQ(DividedWithRemainder("7 -0", "2 0"), (DivModOutcome{cancelled, cancelled}));
+}
+
 TEST(ComplexRoundDigits, RoundsEachPartAndCopiesSpecialValues) {
     PrecisionScope scope(39);
     EXPECT_EQ(Rounded("1.2345 -9.96e5", 2), Silent("1.2e0 -1e6"));
@@ -354,7 +363,7 @@ TEST(ComplexRealOnly, RunsAFunctionOnTheRealParts) {
 }
 
 TEST(ComplexConvertPrecision, RoundsBothPartsToTheDigits) {
-    const int64_t precisions[] = {1, 2, 19, 20, 38, 39, 57, 100, 1000};
+    const int64_t precisions[] = {1, 2, 19, 20, 38, 39, 57, 100, 1000, 10'005};
     for (int64_t from : precisions) {
         for (int64_t to : precisions) {
             PrecisionScope outer(16);

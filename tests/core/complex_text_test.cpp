@@ -94,6 +94,7 @@ TEST(ComplexFromText, UnwrapsOnePairOfParentheses) {
     EXPECT_EQ(Read(u"1+( 2 )i"), "1e0 2e0");
     EXPECT_EQ(Read(u"((2))i"), "0 nan code 301");
     EXPECT_EQ(Read(u"()i"), "0 nan code 301");
+    EXPECT_EQ(Read(u"()i", 16), "0 nan code 301");
     EXPECT_EQ(Read(u"(i"), "0 nan code 301");
     EXPECT_EQ(Read(u")i"), "0 nan code 301");
     EXPECT_EQ(Read(u"(2i"), "0 nan code 301");

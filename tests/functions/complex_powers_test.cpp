@@ -90,6 +90,8 @@ TEST(ComplexPowerInt, GoesByTheRealPartForTheExponentZero) {
         EXPECT_EQ(PowerInt("0 1", 0), Silent("1e0 0"));
         EXPECT_EQ(PowerInt("5 -7", 0), Silent("1e0 0"));
         EXPECT_EQ(PowerInt("inf -7", 0), Undefined);
+        EXPECT_EQ(PowerInt("5 nan", 0), Silent("1e0 0"));
+        EXPECT_EQ(PowerInt("nan 5", 0), Silent("nan 0"));
     }
 }
 
@@ -101,6 +103,20 @@ TEST(ComplexPowerInt, CopiesTheFirstPower) {
     EXPECT_EQ(PowerInt("nan -7", 1), Silent("nan -7e0"));
 }
 
+TEST(ComplexPowerInt, FollowsTheRulesOfSpecialValuesInItsProducts) {
+    for (int64_t p : SmallPrecisions) {
+        PrecisionScope scope(p);
+        for (int64_t n : {-3, -2, -1, 2, 3}) {
+            for (const char* z : {"nan 1", "1 nan", "nan nan", "inf nan"}) {
+                EXPECT_EQ(PowerInt(z, n), Silent("nan nan")) << z << " " << n;
+            }
+        }
+        EXPECT_EQ(PowerInt("inf 1", 2), Silent("inf inf"));
+        EXPECT_EQ(PowerInt("inf 1", 3), (Outcome{"nan inf", CalcErrorUndefined}));
+        EXPECT_EQ(PowerInt("inf 1", -1), (Outcome{"nan -0", CalcErrorUndefined}));
+    }
+}
+
 TEST(ComplexPowerInt, SquaresNoMoreThanItNeeds) {
     PrecisionScope scope(20);
     EXPECT_EQ(PowerInt("1e2000000000000000000 1", 2).code, CalcErrorNone);
@@ -108,6 +124,9 @@ TEST(ComplexPowerInt, SquaresNoMoreThanItNeeds) {
               Silent("0 2e4000000000000000000"));
     EXPECT_EQ(PowerInt("1e2000000000000000000 1e2000000000000000000", 3),
               (Outcome{"-inf inf", CalcErrorOverflow}));
+    // The cube is in range, the fourth power is not.
+    EXPECT_EQ(PowerInt("1e1200000000000000000 1e1200000000000000000", 3),
+              Silent("-2e3600000000000000000 2e3600000000000000000"));
 }
 
 // x from 1 on, multiplied by the powers of z for each bit of n: what a finite z must give but for
@@ -162,6 +181,12 @@ TEST(ComplexPower, IsTheRealPowerOfRealValues) {
         EXPECT_EQ(Power("4 0", "5e-1 0"), Silent("2e0 0"));
         EXPECT_EQ(Power("-8 0", "5e-1 0"), Undefined);
         EXPECT_EQ(Power("0 0", "-1 0"), Undefined);
+        EXPECT_EQ(Power("2 0", "inf 0"), Silent("inf 0"));
+        EXPECT_EQ(Power("2 0", "-inf 0"), Silent("0 0"));
+        EXPECT_EQ(Power("-2 0", "inf 0"), Undefined);
+        EXPECT_EQ(Power("2 0", "nan 0"), Silent("nan 0"));
+        EXPECT_EQ(Power("nan 0", "0 0"), Silent("1e0 0"));
+        EXPECT_EQ(Power("inf 0", "0 0"), Undefined);
     }
 }
 
