@@ -47,8 +47,8 @@ std::string PlainText(const ComplexNumber* z);
 /// The value in PlainText and the code noted by the last operations, which is taken.
 Outcome OutcomeOf(const ComplexBuffer& z);
 
-/// A value whose parts are as FillReal, each of them often a zero of either sign, and in two
-/// of hundred an infinity or NaN.
+/// A value whose parts are as FillReal, each of them often a zero of either sign, and in two of a
+/// hundred cases an infinity or NaN.
 ComplexBuffer RandomComplex(RandomSource& random, int64_t exponentRange);
 
 /// The outcome of `operation(dest, z)`. It must be the same, word by word, with z as destination.
