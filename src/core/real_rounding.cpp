@@ -1,6 +1,7 @@
 #include "core/real_rounding.h"
 
 #include "core/limb_tools.h"
+#include "core/real_compare.h"
 #include "core/scratch.h"
 
 namespace tallymere {
@@ -141,6 +142,20 @@ void RealIntegerPart(RealNumber* dest, const RealNumber* x) {
     }
     const DigitPlace units = LocateDigit(RealExponent(x));
     CutLimb(RealLimbs(dest), units.limb, units.below);
+}
+
+void RealRoundToInteger(RealNumber* dest, const RealNumber* x) {
+    const uint64_t sign = RealSign(x);
+    if (RealIsSpecial(x)) {
+        RealCopy(dest, x);
+    } else if (RealExponent(x) >= 0) {
+        RealRoundDigits(dest, x, RealExponent(x) + 1);
+    } else if (RealCompareScaled(x, 5, -1, true) >= 0) {
+        RealSetOne(dest);
+        RealSetSign(dest, sign);
+    } else {
+        RealSetZero(dest, sign);
+    }
 }
 
 void RealFractionPart(RealNumber* dest, const RealNumber* x) {

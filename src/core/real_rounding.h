@@ -33,6 +33,11 @@ bool RealIsEven(const RealNumber* x);
 /// Truncates towards zero. Special values are copied, a magnitude below 1 gives signed zero.
 void RealIntegerPart(RealNumber* dest, const RealNumber* x);
 
+/// Rounds to the nearest integer, as RealRoundDigits to the digits before the decimal point. A
+/// magnitude below 1 gives 1 from 0.5 on and zero below, with the sign of x. Special values are
+/// copied.
+void RealRoundToInteger(RealNumber* dest, const RealNumber* x);
+
 /// x minus its integer part, in normal form. Zero, infinity and integers give signed zero.
 void RealFractionPart(RealNumber* dest, const RealNumber* x);
 

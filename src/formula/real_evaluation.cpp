@@ -1,8 +1,5 @@
 #include "formula/real_evaluation.h"
 
-#include <algorithm>
-
-#include "core/real_compare.h"
 #include "core/real_rounding.h"
 #include "formula/angles.h"
 #include "functions/combinatorics.h"
@@ -104,22 +101,6 @@ void RealApplyFunction2(uint32_t functionId, RealNumber* dest, const RealNumber*
         routine(dest, a, b);
     } else {
         RealSetNaN(dest, CalcErrorUnknownType);
-    }
-}
-
-void RealRoundToInteger(RealNumber* dest, const RealNumber* x) {
-    constexpr int64_t maxDigits = (int64_t{1} << 31) - 1;
-    const int64_t exponent = RealExponent(x);
-    const uint64_t sign = RealSign(x);
-    if (RealIsSpecial(x)) {
-        RealCopy(dest, x);
-    } else if (exponent >= 0) {
-        RealRoundDigits(dest, x, std::min(exponent + 1, maxDigits));
-    } else if (RealCompareScaled(x, 5, -1, true) >= 0) {
-        RealSetOne(dest);
-        RealSetSign(dest, sign);
-    } else {
-        RealSetZero(dest, sign);
     }
 }
 

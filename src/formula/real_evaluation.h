@@ -17,9 +17,4 @@ void RealApplyFunction1(FormulaEvaluator& evaluator, const FormulaToken& functio
 void RealApplyFunction2(uint32_t functionId, RealNumber* dest, const RealNumber* a,
                         const RealNumber* b);
 
-/// Rounds to the nearest integer: to the digits before the decimal point, half up in magnitude by
-/// the limb that holds the last of them. Below 1, the first decimal decides: 0.5 and more give +-1,
-/// anything less a zero, always with the sign of x. Special values are copied.
-void RealRoundToInteger(RealNumber* dest, const RealNumber* x);
-
 }  // namespace tallymere

@@ -286,6 +286,61 @@ TEST(RealIntegerPart, CopiesSpecialValuesAndClearsMagnitudesBelowOne) {
     }
 }
 
+RealBuffer ToInteger(std::string_view text) {
+    const RealBuffer x(text);
+    RealBuffer dest;
+    RealRoundToInteger(dest, x);
+    RealBuffer same = x;
+    RealRoundToInteger(same, same);
+    EXPECT_EQ(same, dest) << "in place";
+    return dest;
+}
+
+TEST(RealRoundToInteger, TakesHalvesAwayFromZero) {
+    for (const int64_t p : {6, 9, 16, 19, 20, 38, 39, 57, 100}) {
+        PrecisionScope scope(p);
+        EXPECT_EQ(ToInteger("2.5"), RealBuffer("3"));
+        EXPECT_EQ(ToInteger("-2.5"), RealBuffer("-3"));
+        EXPECT_EQ(ToInteger("2.4999"), RealBuffer("2"));
+        EXPECT_EQ(ToInteger("9.5"), RealBuffer("10"));
+        EXPECT_EQ(ToInteger("99999.5"), RealBuffer("100000"));
+        EXPECT_EQ(ToInteger("-1.49"), RealBuffer("-1"));
+        EXPECT_EQ(ToInteger("7"), RealBuffer("7"));
+        EXPECT_EQ(ToInteger("-1.25e99"), RealBuffer("-1.25e99"));
+    }
+}
+
+TEST(RealRoundToInteger, BelowOneGoesByTheFirstDecimal) {
+    for (const int64_t p : {1, 2, 18, 19, 20, 57}) {
+        PrecisionScope scope(p);
+        EXPECT_EQ(ToInteger("0.5"), RealBuffer("1"));
+        EXPECT_EQ(ToInteger("-0.5"), RealBuffer("-1"));
+        EXPECT_EQ(ToInteger("0.9"), RealBuffer("1"));
+        EXPECT_EQ(ToInteger("0.4"), RealBuffer("0"));
+        EXPECT_EQ(ToInteger("-0.4"), RealBuffer("-0"));
+        EXPECT_EQ(ToInteger("-0.04"), RealBuffer("-0"));
+        EXPECT_EQ(ToInteger("0.09"), RealBuffer("0"));
+        EXPECT_EQ(ToInteger("9e-100"), RealBuffer("0"));
+    }
+    PrecisionScope scope(20);
+    EXPECT_EQ(ToInteger("0.49999999999999999999"), RealBuffer("0"));
+}
+
+TEST(RealRoundToInteger, CopiesSpecialValues) {
+    PrecisionScope scope(20);
+    EXPECT_EQ(ToInteger("-0"), RealBuffer("-0"));
+    EXPECT_EQ(ToInteger("0"), RealBuffer("0"));
+    EXPECT_EQ(ToInteger("-inf"), RealBuffer("-inf"));
+    EXPECT_EQ(ToInteger("nan"), RealBuffer("nan"));
+}
+
+TEST(RealRoundToInteger, LeavesHugeNumbersAlone) {
+    PrecisionScope scope(20);
+    EXPECT_EQ(ToInteger("1.5e2147483646"), RealBuffer("1.5e2147483646"));
+    EXPECT_EQ(ToInteger("1.5e2147483648"), RealBuffer("1.5e2147483648"));
+    EXPECT_EQ(ToInteger("1.5e4611686018427387903"), RealBuffer("1.5e4611686018427387903"));
+}
+
 TEST(RealFractionPart, GivesSignedZeroForZeroInfinityAndIntegers) {
     for (int64_t p : SmallPrecisions) {
         PrecisionScope scope(p);

