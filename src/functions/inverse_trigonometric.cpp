@@ -57,6 +57,11 @@ uint64_t NearestStep(const RealNumber* y, const StepThresholds& thresholds) {
     return static_cast<uint64_t>(reached - thresholds.midway.begin());
 }
 
+// sum = sum + k * constant; raw. Without a multiple nothing stands behind the last limb.
+Limb AddSteps(RealNumber* sum, const StoredConstant& constant, uint64_t k) {
+    return k == 0 ? 0 : AddConstantMultiple(sum, constant, static_cast<int64_t>(k));
+}
+
 // dest = k pi / 4 with the sign given; raw.
 Limb SetOctants(RealNumber* dest, uint64_t k, uint64_t sign) {
     const Limb guard = LoadConstantMultiple(dest, ConstPiQuarter, k);
@@ -83,19 +88,13 @@ Limb AtanOfFraction(RealNumber* y) {
         fine = NearestFineStep(y);
         ShiftByStep(y, AtanStepTable.fine, fine);
     }
-    Limb guard = SeriesAtan(y, y);
-    if (fine != 0) {
-        guard = AddConstantMultiple(y, ConstAtan351, static_cast<int64_t>(fine));
-    }
+    SeriesAtan(y, y);
     if (fineSteps) {
+        AddSteps(y, ConstAtan351, fine);
         RealSetSign(y, sign);
     }
-    if (coarse == AtanStepTable.coarse.size() - 1) {
-        guard = AddConstantMultiple(y, ConstPiQuarter, 1);
-    } else if (coarse != 0) {
-        guard = AddConstantMultiple(y, ConstAtan21, static_cast<int64_t>(coarse));
-    }
-    return guard;
+    return coarse == AtanStepTable.coarse.size() - 1 ? AddSteps(y, ConstPiQuarter, 1)
+                                                     : AddSteps(y, ConstAtan21, coarse);
 }
 
 }  // namespace

@@ -74,7 +74,8 @@ Limb RealAcos(RealNumber* dest, const RealNumber* x);
 
 /// The angle of the point (x, y), above -pi and up to pi; raw. The sign of a zero x never counts,
 /// that of a zero y only for positive x; (0, 0) has the angle +0. Two infinities give NaN and code
-/// 203.
+/// 203. The quotient y / x is worked out on the way: one above the range is an infinity, with the
+/// angle +-pi / 2 and code 200 if reportOverflow.
 Limb RealAtan2(RealNumber* dest, const RealNumber* y, const RealNumber* x);
 
 /// The same with 4 guard digits, rounded.

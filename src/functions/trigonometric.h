@@ -19,8 +19,9 @@ Limb RealSinCos(RealNumber* sine, RealNumber* cosine, const RealNumber* x);
 Limb RealSin(RealNumber* dest, const RealNumber* x);
 Limb RealCos(RealNumber* dest, const RealNumber* x);
 
-/// sine / cosine; raw. The cosine of a number is never exactly 0, so next to odd multiples of
-/// pi / 2 the tangent is very large. Codes as RealSinCos.
+/// sine / cosine; raw. Next to odd multiples of pi / 2 the tangent is very large, and at the
+/// multiple itself, as the layout in force holds it, an infinity and code 200 if reportOverflow;
+/// with guard digits no x gets there. Codes else as RealSinCos.
 Limb RealTan(RealNumber* dest, const RealNumber* x);
 
 /// The same with ArgumentGuardDigits(x) guard digits, rounded.
