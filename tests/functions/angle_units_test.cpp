@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "core/real_divide.h"
+#include "core/real_multiply.h"
 #include "functions/function_testing.h"
 #include "functions/stored_constants.h"
 
@@ -62,6 +64,30 @@ TEST(AngleUnits, KnowDigits) {
             Digits("63.661977236758134307553505349005744813783858296182579499066937623558719053"
                    "69061403604552110650123438243"));
     }
+}
+
+template <uint64_t UnitsPerOctant>
+Limb PlainToRadians(RealNumber* dest, const RealNumber* x) {
+    RealBuffer quarterPi;
+    LoadConstant(quarterPi, ConstPiQuarter);
+    RealDivUint(dest, x, UnitsPerOctant);
+    return RealMulRaw(dest, dest, quarterPi);
+}
+
+template <uint64_t UnitsPerOctant>
+Limb PlainFromRadians(RealNumber* dest, const RealNumber* x) {
+    RealBuffer quarterPi;
+    LoadConstant(quarterPi, ConstPiQuarter);
+    RealMulUint(dest, x, UnitsPerOctant);
+    return RealDivRaw(dest, dest, quarterPi);
+}
+
+TEST(AngleUnits, WorkWithTwoGuardDigits) {
+    const auto two = [](const RealNumber*) { return int64_t{2}; };
+    ExpectGuardDigits(RealDegToRad, PlainToRadians<45>, two, -3, 3);
+    ExpectGuardDigits(RealGonToRad, PlainToRadians<50>, two, -3, 3);
+    ExpectGuardDigits(RealRadToDeg, PlainFromRadians<45>, two, -3, 3);
+    ExpectGuardDigits(RealRadToGon, PlainFromRadians<50>, two, -3, 3);
 }
 
 TEST(AngleUnits, LeadBackToWhereTheyCameFrom) {

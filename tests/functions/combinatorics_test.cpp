@@ -220,6 +220,26 @@ TEST(Combinatorics, AreWordForWordTheStepsOfNumbers) {
     }
 }
 
+// Somewhere among the factors a 65th bit is needed.
+TEST(Combinatorics, CountBeyondMachineIntegers) {
+    for (int64_t p : {20, 38, 39, 57}) {
+        PrecisionScope scope(p);
+        for (const char* text : {"18446744073709551614", "18446744073709551615",
+                                 "18446744073709551616", "18446744073709551620"}) {
+            const RealBuffer n(text);
+            const RealBuffer k("7");
+            RealBuffer expected;
+            RealBuffer result;
+            RealRound(expected, WithGuardDigitsBinary(expected, n, k, 19, PlainSteps<false>));
+            RealPermutations(result, n, k);
+            EXPECT_EQ(result, expected) << text;
+            RealRound(expected, WithGuardDigitsBinary(expected, n, k, 19, PlainSteps<true>));
+            RealCombinations(result, n, k);
+            EXPECT_EQ(result, expected) << text;
+        }
+    }
+}
+
 TEST(Combinatorics, LosesWhatNMinusKLoses) {
     PrecisionScope scope(16);
     // 1e-35 - 1 has 35 digits and fits; of 1e-36 - 1 the last digit is cut, of 1e-60 - 1 nothing is

@@ -70,6 +70,28 @@ TEST(MulRange, TakesProductsNextToAPowerOfTen) {
     }
 }
 
+// The product of the first factors lies on a power of ten or just misses it, in digits far behind
+// the leading ones.
+TEST(MulRange, TakesGroupsNextToAPowerOfTen) {
+    for (int64_t p : {39, 57, 77, 100}) {
+        PrecisionScope scope(p);
+        for (uint64_t k = 2; k < 400; k++) {
+            for (uint64_t factors : {2, 3, 4}) {
+                RealBuffer below("1e30");
+                for (uint64_t i = 0; i < factors; i++) {
+                    RealDivUint(below, below, k + i);
+                }
+                RealBuffer above = below;
+                above.Limbs()[above.LimbCount() - 1] += factors;
+                if (above.Limbs()[above.LimbCount() - 1] < LimbBase) {
+                    CheckRange(above, k, k + factors + 3);
+                }
+                CheckRange(below, k, k + factors + 3);
+            }
+        }
+    }
+}
+
 TEST(MulRange, LeavesTheNumberAloneWithoutAFactor) {
     for (int64_t p : {1, 20, 100}) {
         PrecisionScope scope(p);

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <iterator>
 #include <string>
 
 #include "core/real_add.h"
@@ -28,6 +29,60 @@ Outcome RawFactorial(std::string_view x) {
     RealBuffer result(x);
     RealFactorial(result, result);
     return {PlainText(result), TakeCode()};
+}
+
+// Measurements follow no rule, so they are written down once more.
+TEST(FactorialCutover, HoldsWhatWasMeasured) {
+    constexpr FactorialCutoverPair Measured[] = {
+        {10, 70},
+        {20, 130},
+        {30, 200},
+        {40, 320},
+        {50, 400},
+        {60, 510},
+        {70, 680},
+        {80, 760},
+        {90, 880},
+        {100, 1200},
+        {120, 1600},
+        {140, 2280},
+        {160, 2460},
+        {180, 3120},
+        {200, 3420},
+        {250, 5670},
+        {300, 6970},
+        {350, 9320},
+        {400, 10070},
+        {450, 13370},
+        {500, 14420},
+        {600, 19620},
+        {700, 25220},
+        {800, 31520},
+        {900, 35420},
+        {1000, 48320},
+        {1200, 62520},
+        {1400, 62720},
+        {1600, 124520},
+        {1800, 148920},
+        {2000, 210520},
+        {2500, 325277},
+        {3000, 484496},
+        {3500, 617028},
+        {4000, 838484},
+        {4500, 1038036},
+        {5000, 1264746},
+        {6000, 1822122},
+        {7000, 2407437},
+        {8000, 3280519},
+        {9000, 4076780},
+        {10000, 4918983},
+        {100000000, 912870929},
+    };
+    ASSERT_EQ(std::size(Measured), size_t{FactorialCutoverCount});
+    for (size_t i = 0; i < std::size(Measured); i++) {
+        EXPECT_EQ(FactorialCutover[i].digits, Measured[i].digits);
+        EXPECT_EQ(FactorialCutover[i].n, Measured[i].n);
+    }
 }
 
 TEST(FactorialCutover, IsHighestForTheLongestPrecision) {
@@ -198,6 +253,18 @@ int64_t UlpsBetween(const RealNumber* a, const RealNumber* b) {
     const int64_t shift = RealExponent(difference) - lastPlace;
     return shift > 17 ? INT64_MAX
                       : std::llround(leading * std::pow(10.0, static_cast<double>(shift)));
+}
+
+TEST(StirlingFactorial, ReturnsTheGuardLimbOfItsLastProduct) {
+    for (int64_t p : {16, 19, 20, 57}) {
+        PrecisionScope scope(p);
+        const RealBuffer x("300");
+        RealBuffer result;
+        const Limb guard = RealStirlingFactorial(result, 300);
+        EXPECT_NE(guard, 0u);
+        EXPECT_EQ(RealFactorial(result, x),
+                  FactorialCutoverAt(p) <= 300 ? guard : RealProductFactorial(result, 300));
+    }
 }
 
 TEST(StirlingFactorial, TakesOverAtTheCutover) {

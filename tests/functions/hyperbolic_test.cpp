@@ -185,10 +185,9 @@ TEST(Hyperbolic, GivesTheSmallestArgumentsBack) {
 }
 
 TEST(Hyperbolic, EqualsItsTwins) {
-    using Twin = void (*)(RealNumber * dest, const RealNumber* x);
     struct Pair {
         RealUnaryFunction f;
-        Twin twin;
+        RealUnaryFunction twin;
         int64_t lowExponent;
         int64_t highExponent;
         bool positive;
@@ -215,11 +214,14 @@ TEST(Hyperbolic, EqualsItsTwins) {
                 SCOPED_TRACE(PlainText(x));
                 RealBuffer dest;
                 RealBuffer twin;
-                pair.f(dest, x);
+                const Limb guard = pair.f(dest, x);
                 const CalcError code = TakeCode();
-                pair.twin(twin, x);
+                const Limb twinGuard = pair.twin(twin, x);
                 EXPECT_EQ(dest, twin);
                 EXPECT_EQ(TakeCode(), code);
+                if (pair.f != RealSinh || RealExponent(x) >= 0) {
+                    EXPECT_EQ(guard, twinGuard);  // that of a series has no certain last digits
+                }
             }
         }
     };
@@ -230,6 +232,51 @@ TEST(Hyperbolic, EqualsItsTwins) {
         compare(TestRounds(3),
                 random.Between(DigitsPerLimb * (limbs - 1) + 1, DigitsPerLimb * limbs));
     }
+}
+
+// Every bound between two methods, from both sides, at the digits of the twin.
+TEST(Hyperbolic, EqualsItsTwinsWhereTheMethodChanges) {
+    struct Bound {
+        RealUnaryFunction f;
+        RealUnaryFunction twin;
+        const char* x;
+    };
+    constexpr Bound Bounds[] = {
+        {RealSinh, reference::TwinSinh, "5e-1"},   {RealSinh, reference::TwinSinh, "4e-1"},
+        {RealSinh, reference::TwinSinh, "1e-1"},   {RealTanh, reference::TwinTanh, "1e-1"},
+        {RealAsinh, reference::TwinAsinh, "1e-1"}, {RealAcosh, reference::TwinAcosh, "1.1"},
+        {RealAtanh, reference::TwinAtanh, "1e-2"},
+    };
+    for (int64_t p : {2, 3, 9, 16, 18, 19, 20, 37, 38, 39, 57, 69, 70, 100, 300}) {
+        PrecisionScope scope(p);
+        for (const Bound& bound : Bounds) {
+            RealBuffer unit("1e-1");
+            RealSetExponent(unit, RealExponent(RealBuffer(bound.x)) - p + 1);
+            RealBuffer x(bound.x);
+            for (int steps = 0; steps < 3; steps++) {
+                SCOPED_TRACE(PlainText(x));
+                RealBuffer dest;
+                RealBuffer twin;
+                bound.f(dest, x);
+                const CalcError code = TakeCode();
+                bound.twin(twin, x);
+                EXPECT_EQ(dest, twin);
+                EXPECT_EQ(TakeCode(), code);
+                RealSubtract(x, x, unit);
+            }
+        }
+    }
+}
+
+TEST(Hyperbolic, HasNothingToStop) {
+    PrecisionScope scope(39);
+    uint8_t stop = 1;
+    FieldScope<uint8_t*> flag(numberContext.abortFlag, &stop);
+    for (RealRoundedUnary f :
+         {RealSinhRounded, RealCoshRounded, RealTanhRounded, RealAsinhRounded, RealAtanhRounded}) {
+        EXPECT_EQ(ResultOf(f, "0.7").code, CalcErrorNone);
+    }
+    EXPECT_EQ(ResultOf(RealAcoshRounded, "7").code, CalcErrorNone);
 }
 
 TEST(Hyperbolic, WorksWithGuardDigits) {

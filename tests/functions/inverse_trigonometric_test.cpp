@@ -9,8 +9,10 @@
 
 #include "core/real_divide.h"
 #include "core/real_layout.h"
+#include "core/real_multiply.h"
 #include "core/real_rounding.h"
 #include "functions/function_testing.h"
+#include "functions/roots.h"
 #include "functions/stored_constants.h"
 #include "functions/trigonometric.h"
 #include "reference/trigonometric_twins.h"
@@ -278,8 +280,7 @@ TEST(RealAtan, EqualsItsTwin) {
             SCOPED_TRACE(PlainText(x));
             RealBuffer dest;
             RealBuffer twin;
-            RealAtan(dest, x);
-            reference::TwinAtan(twin, x);
+            EXPECT_EQ(RealAtan(dest, x), reference::TwinAtan(twin, x));
             EXPECT_EQ(dest, twin);
         }
     };
@@ -311,8 +312,7 @@ TEST(RealAtan, EqualsItsTwinWhereTheStepChanges) {
                     SCOPED_TRACE(PlainText(x));
                     RealBuffer dest;
                     RealBuffer twin;
-                    RealAtan(dest, x);
-                    reference::TwinAtan(twin, x);
+                    EXPECT_EQ(RealAtan(dest, x), reference::TwinAtan(twin, x));
                     EXPECT_EQ(dest, twin);
                 }
             }
@@ -460,6 +460,28 @@ TEST(RealAtan2, KnowsTheQuadrants) {
     }
 }
 
+// The quotient of the coordinates leaves the range before the angle is worked out.
+TEST(RealAtan2, NotesAQuotientBeyondTheRange) {
+    for (int64_t p : SmallPrecisions) {
+        PrecisionScope scope(p);
+        const auto angle = [](const char* y, const char* x) {
+            return ResultOf(RealAtan2Rounded, y, x);
+        };
+        const std::string right = RoundedText(HalfPi, p);
+        EXPECT_EQ(angle("1e4000000000000000000", "1e-4000000000000000000"),
+                  (Outcome{right, CalcErrorOverflow}));
+        EXPECT_EQ(angle("-1e4000000000000000000", "-1e-4000000000000000000"),
+                  (Outcome{"-" + right, CalcErrorOverflow}));
+        EXPECT_EQ(angle("-1e-4000000000000000000", "1e4000000000000000000"), Silent("-0"));
+        EXPECT_EQ(angle("1e-4000000000000000000", "-1e4000000000000000000"), Digits(Pi));
+        FieldScope<uint8_t> quiet(numberContext.reportOverflow, 0);
+        EXPECT_EQ(angle("1e4000000000000000000", "1e-4000000000000000000"), Silent(right));
+        FieldScope<uint8_t> loud(numberContext.reportUnderflow, 1);
+        EXPECT_EQ(angle("-1e-4000000000000000000", "1e4000000000000000000"),
+                  (Outcome{"-0", CalcErrorUnderflow}));
+    }
+}
+
 TEST(RealAtan2, PassesNaNAndRefusesTwoInfinities) {
     for (int64_t p : SmallPrecisions) {
         PrecisionScope scope(p);
@@ -473,6 +495,66 @@ TEST(RealAtan2, PassesNaNAndRefusesTwoInfinities) {
             }
         }
     }
+}
+
+TEST(InverseTrigonometric, ReturnsTheGuardLimbOfItsLastStep) {
+    RandomSource random;
+    for (int64_t p : {16, 19, 20, 39, 100}) {
+        PrecisionScope scope(p);
+        for (int round = 0; round < TestRounds(20); round++) {
+            RealBuffer x;
+            FillReal(random, x, 0);
+            RealSetExponentAndSign(x, -1, 0);
+            SCOPED_TRACE(PlainText(x));
+            const RealBuffer one("1");
+            RealBuffer above;
+            RealBuffer below;
+            RealBuffer expected;
+            RealBuffer dest;
+            RealAddRaw(above, one, x, false);
+            RealAddRaw(below, one, x, true);
+
+            RealMulRaw(expected, below, above);
+            RealSqrt(expected, expected);
+            RealDivRaw(expected, x, expected);
+            const Limb ofAsin = RealAtan(expected, expected);
+            EXPECT_EQ(RealAsin(dest, x), ofAsin);
+            EXPECT_EQ(dest, expected);
+
+            RealDivRaw(expected, below, above);
+            RealSqrt(expected, expected);
+            RealAtan(expected, expected);
+            const Limb ofAcos = RealMulUint(expected, expected, 2);
+            EXPECT_EQ(RealAcos(dest, x), ofAcos);
+            EXPECT_EQ(dest, expected);
+
+            RealBuffer left("-3");
+            RealBuffer halfTurn;
+            LoadConstant(halfTurn, ConstPiQuarter);
+            RealMulUint(halfTurn, halfTurn, 4);
+            RealDivRaw(expected, x, left);
+            RealAtan(expected, expected);
+            const Limb ofAtan2 = RealAddRaw(expected, expected, halfTurn, false);
+            EXPECT_EQ(RealAtan2(dest, x, left), ofAtan2);
+            EXPECT_EQ(dest, expected);
+
+            RealNegate(left);
+            RealDivRaw(expected, x, left);
+            const Limb ofRightHalf = RealAtan(expected, expected);
+            EXPECT_EQ(RealAtan2(dest, x, left), ofRightHalf);
+            EXPECT_EQ(dest, expected);
+        }
+    }
+}
+
+TEST(InverseTrigonometric, HasNothingToStop) {
+    PrecisionScope scope(100);
+    uint8_t stop = 1;
+    FieldScope<uint8_t*> flag(numberContext.abortFlag, &stop);
+    for (RealRoundedUnary f : {RealAtanRounded, RealAsinRounded, RealAcosRounded}) {
+        EXPECT_EQ(ResultOf(f, "0.3").code, CalcErrorNone);
+    }
+    EXPECT_EQ(ResultOf(RealAtan2Rounded, "-3", "-2").code, CalcErrorNone);
 }
 
 // With |x| < 1 neither function makes an error larger.

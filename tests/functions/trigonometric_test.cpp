@@ -218,6 +218,38 @@ TEST(RealSinCos, GivesTinyAnglesBack) {
     }
 }
 
+TEST(RealTan, ReturnsTheGuardLimbOfTheQuotient) {
+    for (int64_t p : {16, 19, 20, 39}) {
+        PrecisionScope scope(p);
+        const RealBuffer x("2");
+        RealBuffer sine;
+        RealBuffer cosine;
+        RealSinCos(sine, cosine, x);
+        RealBuffer quotient;
+        const Limb guard = RealDivRaw(quotient, sine, cosine);
+        RealBuffer dest;
+        EXPECT_EQ(RealTan(dest, x), guard);
+        EXPECT_EQ(dest, quotient);
+        EXPECT_NE(guard, 0u);
+    }
+}
+
+// pi / 4 as 3 digits hold it is 0.785, and twice that leaves no rest. Rounding works with four more
+// digits, which see the difference.
+TEST(RealTan, IsInfiniteWhereTheLayoutHoldsThePoleItself) {
+    PrecisionScope scope(3);
+    const RealBuffer x("1.57");
+    RealBuffer dest;
+    RealTan(dest, x);
+    EXPECT_EQ(PlainText(dest), "-inf");
+    EXPECT_EQ(TakeCode(), CalcErrorOverflow);
+    FieldScope<uint8_t> quiet(numberContext.reportOverflow, 0);
+    RealTan(dest, x);
+    EXPECT_EQ(PlainText(dest), "-inf");
+    EXPECT_EQ(TakeCode(), CalcErrorNone);
+    EXPECT_EQ(ResultOf(RealTanRounded, "1.57"), Digits("1255.7655915007896"));
+}
+
 TEST(RealTan, IsVeryLargeNextToAPole) {
     PrecisionScope scope(20);
     // They lie 3.1322e-20 below and 6.8678e-20 above pi / 2.

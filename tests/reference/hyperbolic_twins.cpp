@@ -43,11 +43,6 @@ RealBuffer Quotient(const RealNumber* a, const RealNumber* b) {
     RealDivRaw(quotient, a, b);
     return quotient;
 }
-RealBuffer Half(const RealNumber* x) {
-    RealBuffer half;
-    RealDivUint(half, x, 2);
-    return half;
-}
 RealBuffer Exp(const RealNumber* x) {
     RealBuffer power;
     RealExpBase(power, x, ExpOfE);
@@ -68,54 +63,54 @@ RealBuffer Ln(const RealNumber* x) {
     RealLn(ln, x);
     return ln;
 }
-RealBuffer LnTwice(const RealNumber* x) {
+Limb LnTwice(RealNumber* dest, const RealNumber* x) {
     RealBuffer ln2;
     LoadConstant(ln2, ConstLn2);
-    return Sum(ln2, Ln(x));
+    return RealAddRaw(dest, ln2, Ln(x), false);
 }
 
 }  // namespace
 
-void TwinSinh(RealNumber* dest, const RealNumber* x) {
+Limb TwinSinh(RealNumber* dest, const RealNumber* x) {
     const int64_t exponent = RealExponent(x);
     if (exponent < -1 || (exponent == -1 && RealLeadingDigits(RealLimbs(x), 1) < 5)) {
         reference::SeriesSinh(dest, x);
-        return;
+        return 0;
     }
     const RealBuffer e = Exp(x);
-    RealCopy(dest, Half(Difference(e, Inverse(e))));
+    return RealDivUint(dest, Difference(e, Inverse(e)), 2);
 }
 
-void TwinCosh(RealNumber* dest, const RealNumber* x) {
+Limb TwinCosh(RealNumber* dest, const RealNumber* x) {
     const RealBuffer e = Exp(x);
-    RealCopy(dest, Half(Sum(e, Inverse(e))));
+    return RealDivUint(dest, Sum(e, Inverse(e)), 2);
 }
 
-void TwinTanh(RealNumber* dest, const RealNumber* x) {
+Limb TwinTanh(RealNumber* dest, const RealNumber* x) {
     const RealBuffer one("1");
     const int64_t p = numberContext.precisionDigits;
     if (RealExponent(x) < -1) {
         RealBuffer s;
         RealBuffer c;
         reference::SeriesSinhCosh(s, c, x);
-        RealCopy(dest, Quotient(s, c));
-        return;
+        return RealDivRaw(dest, s, c);
     }
     if (RealCompareUint(x, static_cast<uint64_t>(295 * p / 256 + 1), true) >= 0) {
         RealCopy(dest, one);
         RealSetSign(dest, RealSign(x));
-        return;
+        return 0;
     }
     RealBuffer twice;
     RealMulUint(twice, x, 2);
     const RealBuffer e = Exp(twice);
-    RealCopy(dest, Quotient(Difference(e, one), Sum(e, one)));
+    return RealDivRaw(dest, Difference(e, one), Sum(e, one));
 }
 
-void TwinAsinh(RealNumber* dest, const RealNumber* x) {
+Limb TwinAsinh(RealNumber* dest, const RealNumber* x) {
     RealBuffer t = Copy(x);
     RealSetSign(t, 0);
     RealBuffer result;
+    Limb guard = 0;
     if (RealExponent(x) < -1) {
         result = t;
         RealBuffer u = t;
@@ -127,38 +122,37 @@ void TwinAsinh(RealNumber* dest, const RealNumber* x) {
             j += 2;
             RealDivUint(u, u, (j - 1) * j);
             RealNegate(u);
-            result = Sum(result, u);
+            guard = RealAddRaw(result, result, u, false);
         } while (!SeriesIsOver(result, u));
     } else if (2 * RealExponent(x) >= numberContext.precisionDigits) {
-        result = LnTwice(t);
+        guard = LnTwice(result, t);
     } else {
-        result = Ln(Sum(t, Root(Sum(Product(t, t), RealBuffer("1")))));
+        guard = RealLn(result, Sum(t, Root(Sum(Product(t, t), RealBuffer("1")))));
     }
     RealCopy(dest, result);
     RealSetSign(dest, RealSign(x));
+    return guard;
 }
 
-void TwinAcosh(RealNumber* dest, const RealNumber* x) {
+Limb TwinAcosh(RealNumber* dest, const RealNumber* x) {
     const RealBuffer one("1");
     if (2 * RealExponent(x) >= numberContext.precisionDigits) {
-        RealCopy(dest, LnTwice(x));
-        return;
+        return LnTwice(dest, x);
     }
     const RealBuffer w = Root(Difference(Product(x, x), one));
     if (RealCompareScaled(x, 11, 0) < 0) {
-        RealLnSmall(dest, Sum(Difference(x, one), w));
-    } else {
-        RealLn(dest, Sum(x, w));
+        return RealLnSmall(dest, Sum(Difference(x, one), w));
     }
+    return RealLn(dest, Sum(x, w));
 }
 
-void TwinAtanh(RealNumber* dest, const RealNumber* x) {
+Limb TwinAtanh(RealNumber* dest, const RealNumber* x) {
     const RealBuffer one("1");
     if (RealExponent(x) < -2) {
         reference::SeriesAtanh(dest, x);
-    } else {
-        RealCopy(dest, Half(Ln(Quotient(Sum(one, x), Difference(one, x)))));
+        return 0;
     }
+    return RealDivUint(dest, Ln(Quotient(Sum(one, x), Difference(one, x))), 2);
 }
 
 }  // namespace tallymere::reference

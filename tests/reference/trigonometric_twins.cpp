@@ -97,11 +97,11 @@ uint64_t FineStep(const RealNumber* y) {
     }
 }
 
-void AddMultiple(RealNumber* sum, const StoredConstant& constant, uint64_t k) {
+Limb AddMultiple(RealNumber* sum, const StoredConstant& constant, uint64_t k) {
     RealBuffer multiple;
     LoadConstant(multiple, constant);
     RealMulUint(multiple, multiple, k);
-    RealAddRaw(sum, sum, multiple, false);
+    return RealAddRaw(sum, sum, multiple, false);
 }
 
 }  // namespace
@@ -140,7 +140,7 @@ void TwinSinCos(RealNumber* sine, RealNumber* cosine, const RealNumber* x) {
     }
 }
 
-void TwinAtan(RealNumber* dest, const RealNumber* x) {
+Limb TwinAtan(RealNumber* dest, const RealNumber* x) {
     const int64_t p = numberContext.precisionDigits;
     const uint64_t sign = RealSign(x);
     RealBuffer y;
@@ -165,19 +165,16 @@ void TwinAtan(RealNumber* dest, const RealNumber* x) {
         AddMultiple(s, ConstAtan351, fine);
         RealSetSign(s, ySign);
     }
-    if (k == 17) {
-        AddMultiple(s, ConstPiQuarter, 1);
-    } else {
-        AddMultiple(s, ConstAtan21, k);
-    }
+    Limb guard = k == 17 ? AddMultiple(s, ConstPiQuarter, 1) : AddMultiple(s, ConstAtan21, k);
     if (inverted) {
         RealBuffer right;
         LoadConstant(right, ConstPiQuarter);
         RealMulUint(right, right, 2);
-        RealAddRaw(s, right, s, true);
+        guard = RealAddRaw(s, right, s, true);
     }
     RealCopy(dest, s);
     RealSetSign(dest, sign);
+    return guard;
 }
 
 }  // namespace tallymere::reference

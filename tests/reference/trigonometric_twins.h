@@ -10,7 +10,7 @@ namespace tallymere::reference {
 /// RealSinCos for a finite non-zero x below 10^19; an output may be null.
 void TwinSinCos(RealNumber* sine, RealNumber* cosine, const RealNumber* x);
 
-/// RealAtan for a finite non-zero x.
-void TwinAtan(RealNumber* dest, const RealNumber* x);
+/// RealAtan for a finite non-zero x; returns the guard limb.
+Limb TwinAtan(RealNumber* dest, const RealNumber* x);
 
 }  // namespace tallymere::reference
