@@ -268,6 +268,19 @@ TEST(Hyperbolic, EqualsItsTwinsWhereTheMethodChanges) {
     }
 }
 
+TEST(RealAcosh, EqualsItsTwinNextToOne) {
+    for (int64_t p : {3, 9, 16, 18, 19, 20, 37, 38, 39, 57, 100, 300}) {
+        PrecisionScope scope(p);
+        for (const char* text : {"1", "1.01", "1.05", "1.08"}) {
+            const RealBuffer x(text);
+            RealBuffer dest;
+            RealBuffer twin;
+            EXPECT_EQ(RealAcosh(dest, x), reference::TwinAcosh(twin, x)) << text;
+            EXPECT_EQ(dest, twin) << text;
+        }
+    }
+}
+
 TEST(Hyperbolic, HasNothingToStop) {
     PrecisionScope scope(39);
     uint8_t stop = 1;
