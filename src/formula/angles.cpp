@@ -40,6 +40,7 @@ void AngleToRadians(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
 void QuarterTurn(RealNumber* dest, AngleUnit unit) {
     switch (unit) {
         case AngleUnit::Radians:
+            // The arc sine of 1 is rounded once, which half of a rounded pi is not.
             RealSetOne(dest);
             RealAsinRounded(dest, dest);
             break;

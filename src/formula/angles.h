@@ -22,7 +22,7 @@ enum class QuarterTurns {
 /// Zero is an even multiple. Beyond that only 1 <= |x| < 10^9 is looked at; smaller and larger
 /// angles are no multiples. A multiple in degrees or gon is one exactly. In radians, where the
 /// quarter turn is not exact, it may differ by less than 10^(e - p + 2), e being the exponent of x
-/// and p the precision.
+/// and p the precision; for p <= e + 2 that lets every angle pass.
 QuarterTurns ReduceAngleArgument(RealNumber* dest, const RealNumber* x, AngleUnit unit);
 
 /// dest = the angle x, in radians, in the unit; rounded. dest may be x.

@@ -35,6 +35,23 @@ TEST_F(CalcEvaluationTest, KeepsTheResultRoundedToThePrecision) {
     EXPECT_EQ(PlainText(RealAt(calculator.calcResult)), "-3e0");
 }
 
+// The formula has a value, and its error comes with the result.
+TEST_F(CalcEvaluationTest, AResultThatIsRoundedAboveTheRangeIsAnError) {
+    ApplyPrecision(1);
+    for (const NumberType type : {NumberTypeReal, NumberTypeComplex}) {
+        ApplyNumberType(type, 10);
+        EXPECT_EQ(Show(u"9.4e4611686018427387903"), u"9e+4611686018427387903");
+        EXPECT_EQ(TakeCode(), CalcErrorNone);
+        EXPECT_EQ(Show(u"-9.6e4611686018427387903"), u"-\u221E");
+        EXPECT_EQ(evaluation.error, FormulaErrorNone);
+        EXPECT_EQ(PendingUiError(), UiErrorNone);
+        EXPECT_EQ(TakeCode(), CalcErrorOverflow);
+        Show(u"ans");
+        EXPECT_EQ(evaluation.error, FormulaErrorVariableFailed);
+        ClearErrors();
+    }
+}
+
 TEST_F(CalcEvaluationTest, WorksWithTwoMoreDigits) {
     ApplyPrecision(1);
     EXPECT_EQ(Show(u"1/3*3"), u"1");

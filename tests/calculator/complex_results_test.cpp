@@ -24,6 +24,12 @@ TEST_F(ComplexResultsTest, AreKeptWithBothPartsRoundedToThePrecision) {
     EXPECT_EQ(calculator.calcResultType, NumberTypeComplex);
 }
 
+TEST_F(ComplexResultsTest, AreOfTheTypeThatWasInForce) {
+    calculator.calcResultType = NumberTypeReal;
+    EXPECT_EQ(Show(u"1+2i"), u"1+2i");
+    EXPECT_EQ(calculator.calcResultType, NumberTypeComplex);
+}
+
 TEST_F(ComplexResultsTest, LeaveOutWhatIsZeroOrOne) {
     EXPECT_EQ(Show(u"0i"), u"0");
     EXPECT_EQ(Show(u"3+0i"), u"3");

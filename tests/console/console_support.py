@@ -18,6 +18,7 @@ SEED = int(os.environ.get("TALLYMERE_SEED", "20240229"))
 MESSAGES = {
     "en": {
         1000: 'Invalid input "{}" !',
+        1001: "Error in mathematical calculation!",
         1003: "The text entered is too long!",
         10200: "Syntax error at character position {}!",
         10201: "The left parenthesis is missing for the right parenthesis at character position "
@@ -35,6 +36,7 @@ MESSAGES = {
     },
     "de": {
         1000: 'Ungültige Eingabe "{}" !',
+        1001: "Fehler bei mathematischer Berechnung!",
         10200: "Syntaxfehler bei Zeichenposition {}!",
         10201: "Die öffnende Klammer für die schließende Klammer bei Zeichenposition {} fehlt!",
         10202: "Unerwartetes Formelende!",

@@ -118,6 +118,12 @@ class ErrorTest(ConsoleCase):
     def test_one_failure_decides_the_exit_status(self):
         self.check(["1", "2+", "3"], b"", ["1", error_line(10202, 3), "3"], status=1)
 
+    def test_a_result_that_is_rounded_above_the_range_belongs_to_no_place(self):
+        for language in ("en", "de"):
+            self.check(["--digits", "1", "--language", language, "9.6e4611686018427387903", "ans",
+                        "1"], b"", [error_line(1001, 1, language),
+                                    error_line(10212, 1, language), "1"], status=1)
+
     def test_positions_count_16_bit_characters(self):
         self.check(["\u03c9+?", "\U0001f600"], b"",
                    [error_line(10211, 1), error_line(10200, 1)], status=1)

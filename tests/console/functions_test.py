@@ -116,6 +116,9 @@ class ComplexTest(ConsoleCase):
         self.check(["--type", "cplx", "(1+2i)*(3+4i)", "ans/2", "ans^2", "1e20i+1", "ans-1"], b"",
                    ["-5+10i", "-2.5+5i", "-18.75-25i", "1+(1e+20)i", "(1e+20)i"])
 
+    def test_a_negative_unit_stands_behind_two_hyphens(self):
+        self.check(["--type", "cplx", "--", "-i", "-i*2"], b"", ["-i", "-2i"])
+
     def test_forms_and_separators(self):
         self.check(["--type", "cplx", "--form", "scientific", "12-1.5i"], b"",
                    ["1.2e+1-(1.5e+0)i"])

@@ -126,6 +126,43 @@ TEST(ReduceAngleArgument, AllowsAHundredUnitsOfTheLastPlaceInRadians) {
     }
 }
 
+// With few digits the difference that is allowed grows up to the quarter turn itself, so that every
+// angle from 1 on is taken for a multiple. The rule is the same at every precision.
+TEST(ReduceAngleArgument, TakesCoarseAnglesForMultiplesWhereDigitsAreFew) {
+    struct Case {
+        int64_t precision;
+        const char* angle;
+        QuarterTurns expected;
+    };
+    for (const Case& c : {
+             Case{3, "3.1", QuarterTurns::Even},  // 0.04 from 2 * 1.57, and less than 0.1 allowed
+             Case{3, "3", QuarterTurns::NoMultiple},  // 0.14 from it
+             Case{3, "11", QuarterTurns::Odd},        // 0.01 from 7 * 1.57, and less than 1 allowed
+             Case{3, "12", QuarterTurns::Even},       // 0.56 from 8 * 1.57
+             Case{5, "1001", QuarterTurns::Odd},      // 0.4 from 637 * 1.5708
+             Case{2, "1", QuarterTurns::Odd},         // 0.6 from 1.6
+             Case{2, "0.9", QuarterTurns::NoMultiple},
+             Case{1, "1", QuarterTurns::Even},  // 1 from 0, and less than 10 allowed
+             Case{1, "0.9", QuarterTurns::NoMultiple},
+         }) {
+        FormulaScope scope(c.precision);
+        EXPECT_EQ(Reduce(c.angle, AngleUnit::Radians), c.expected)
+            << c.angle << " at " << c.precision;
+    }
+    for (const int64_t p : {1, 2, 3}) {
+        FormulaScope scope(p);
+        EXPECT_EQ(Reduce("90", AngleUnit::Degrees), QuarterTurns::Odd);
+        EXPECT_EQ(Reduce("900", AngleUnit::Degrees), QuarterTurns::Even);
+        EXPECT_EQ(Reduce("80", AngleUnit::Degrees), QuarterTurns::NoMultiple);
+        EXPECT_EQ(Reduce("300", AngleUnit::Gon), QuarterTurns::Odd);
+        EXPECT_EQ(Reduce("4e8", AngleUnit::Gon), QuarterTurns::Even);
+        EXPECT_EQ(Reduce("50", AngleUnit::Gon), QuarterTurns::NoMultiple);
+    }
+    FormulaScope scope(3);
+    EXPECT_EQ(Evaluate(u"sin(12)"), Value("0"));
+    EXPECT_EQ(Evaluate(u"tan(11)"), Failure(FormulaErrorOverflow, 1, 3));
+}
+
 // Multiples of pi / 2 as good as the precision allows are found up to the last, at every precision.
 TEST(ReduceAngleArgument, FindsRoundedMultiplesInRadians) {
     for (const int64_t p : {16, 19, 20, 38, 57, 100, 1000}) {

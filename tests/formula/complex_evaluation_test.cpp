@@ -15,15 +15,17 @@ using namespace testing_support;
 
 class ComplexFunctions : public ::testing::Test {
 protected:
-    // The outcome of a function of one argument, which must stay as it is.
+    // The outcome of a function of one argument, which must stay as it is; the same in place.
     static Outcome Apply(uint32_t id, std::string_view z) {
         const ComplexBuffer argument(z);
-        ComplexBuffer dest;
         FormulaEvaluator evaluator{};
-        ComplexApplyFunction1(evaluator, {id, 4, 3, nullptr}, dest, argument);
+        const auto function = [&](ComplexNumber* dest, const ComplexNumber* x) {
+            ComplexApplyFunction1(evaluator, {id, 4, 3, nullptr}, dest, x);
+        };
+        const Outcome outcome = UnaryOutcome(function, argument);
         EXPECT_EQ(argument, ComplexBuffer(z));
         EXPECT_EQ(evaluator.error, uint32_t{FormulaErrorNone});
-        return OutcomeOf(dest);
+        return outcome;
     }
 
     static Outcome Apply(uint32_t id, std::string_view a, std::string_view b) {

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "formula/formula_token.h"
+#include "formula/real_power.h"
 #include "support/complex_testing.h"
 #include "support/formula_testing.h"
 
@@ -51,6 +52,9 @@ TEST_F(ComplexOperators, TakeTheSmallWayWithARealIntegerOnEitherSide) {
     EXPECT_EQ(Apply(OperatorDivide, Make("1", "-3"), Make("-4", "-0")), "-2.5e-1, 7.5e-1");
     EXPECT_EQ(Apply(OperatorDivide, Make("1", "1"), Make("3", "0")),
               "3.3333333333333333333e-1, 3.3333333333333333333e-1");
+    EXPECT_EQ(Apply(OperatorDivide, Make("2", "-5"), Make("3", "0")),
+              "6.6666666666666666667e-1, -1.6666666666666666667e0")
+        << "both parts rounded";
     // Zeros tell the ways apart: the full product would have +0 - (-0) for a real part.
     EXPECT_EQ(Apply(OperatorMultiply, Make("-0", "0"), Make("0", "1")), "-0, -0");
     EXPECT_EQ(Apply(OperatorMultiply, Make("2", "1e-9"), Make("0", "1")), "-1e-9, 2e0")
@@ -63,6 +67,9 @@ TEST_F(ComplexOperators, NegateTheZeroBesideARealProductOfANegativeInteger) {
     EXPECT_EQ(Apply(OperatorMultiply, Make("-2", "0"), Make("3.5", "0")), "-7e0, -0");
     EXPECT_EQ(Apply(OperatorDivide, Make("7", "0"), Make("-2", "0")), "-3.5e0, -0");
     EXPECT_EQ(Apply(OperatorMultiply, Make("2", "0"), Make("3.5", "-0")), "7e0, 0");
+    // Of two integers the left one is the factor.
+    EXPECT_EQ(Apply(OperatorMultiply, Make("2", "0"), Make("-3", "0")), "-6e0, 0");
+    EXPECT_EQ(Apply(OperatorMultiply, Make("-2", "0"), Make("3", "0")), "-6e0, -0");
 }
 
 TEST_F(ComplexOperators, DivideByZero) {
@@ -97,6 +104,26 @@ TEST_F(ComplexOperators, RaiseRealValuesAsTheTypeRealDoes) {
     EXPECT_EQ(TakeCode(), CalcErrorUndefined);
     EXPECT_EQ(Apply(OperatorPower, Make("0", "0"), Make("-1", "0")), "nan, 0");
     EXPECT_EQ(TakeCode(), CalcErrorUndefined);
+}
+
+// Digit for digit: each of the ways of that type rounds differently.
+TEST_F(ComplexOperators, RaiseRealValuesByTheRoutinesOfTheTypeReal) {
+    RandomSource random;
+    const int rounds = TestRounds(500);
+    for (int i = 0; i < rounds; i++) {
+        RealBuffer y;
+        FillReal(random, y, 3);
+        RealBuffer x;
+        FillReal(random, x, 3);
+        for (const RealBuffer& base : {RealBuffer("2"), RealBuffer("1e1"), x}) {
+            RealBuffer expected = base;
+            RealApplyPower(expected, y);
+            const CalcError code = TakeCode();
+            EXPECT_EQ(Apply(OperatorPower, {base, RealBuffer("-0")}, {y, RealBuffer("0")}),
+                      PlainText(expected) + ", 0");
+            EXPECT_EQ(TakeCode(), code);
+        }
+    }
 }
 
 TEST_F(ComplexOperators, RaiseOtherValuesToIntegers) {
@@ -138,6 +165,7 @@ TEST_F(ComplexOperators, AreReadInFormulas) {
     EXPECT_EQ(Evaluate(u"2-3i"), Value("2", "-3"));
     EXPECT_EQ(Evaluate(u"(1+2)i"), Value("0", "3"));
     EXPECT_EQ(Evaluate(u"1.5e1i"), Value("0", "15"));
+    EXPECT_EQ(Evaluate(u"1'000.5i-2'000"), Value("-2000", "1000.5"));
     EXPECT_EQ(Evaluate(u"2i^2"), Value("-4", "0")) << "i belongs to its number";
     EXPECT_EQ(Evaluate(u"pi i"), Value("0", "3.1415926535897932385"));
     EXPECT_EQ(Evaluate(u"sqrt(4)i"), Value("0", "2"));

@@ -57,5 +57,21 @@ TEST(OperationDispatch, RefusesPowmodInEveryTypeButUint) {
     EXPECT_EQ(ErrorOfCall(NumberTypeUint, FunctionPowMod, 3), uint32_t{FormulaErrorNone});
 }
 
+// What stands where a number could not be read is a value of the type.
+TEST(OperationDispatch, ReadsNumbersOfOtherBasesInUintAlone) {
+    FieldScope<int64_t> limbs(numberContext.uintLimbs, 3);
+    for (const NumberType type : {NumberTypeReal, NumberTypeComplex, NumberTypeRational}) {
+        FormulaScope scope(20, type);
+        std::vector<uint64_t> invalid(SizeOfNumber() / 8);
+        ValueSetInvalid(invalid.data());
+        for (const uint32_t base : {2u, 8u, 16u}) {
+            std::vector<uint64_t> dest(invalid.size(), 99);
+            ValueFromNumberText(dest.data(), u"101", 3, base, TextGroup);
+            EXPECT_EQ(dest, invalid) << type;
+            EXPECT_EQ(TakeCode(), CalcErrorSyntax) << type;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace tallymere

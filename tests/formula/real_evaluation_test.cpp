@@ -129,7 +129,7 @@ TEST(RealFunctions, OfTwoArgumentsHaveTheDegreeOrBaseFirst) {
 TEST(RealFunctions, LcmIsRounded) {
     FormulaScope scope(3);
     EXPECT_EQ(Apply(FunctionLcm, "998", "999"), RealBuffer("997000"));
-    EXPECT_EQ(Apply(FunctionLcm, "993", "997"), RealBuffer("990000"));
+    EXPECT_EQ(Apply(FunctionLcm, "971", "977"), RealBuffer("949000")) << "948667, rounded up";
 }
 
 TEST(RealFunctions, AreCalledByTheirNames) {

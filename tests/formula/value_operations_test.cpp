@@ -100,8 +100,8 @@ TEST_F(RealValues, AreMadeFromMachineIntegers) {
     RealBuffer rounded;
     ValueFromInteger(Slot(rounded), -12350);
     EXPECT_EQ(rounded, RealBuffer("-12400"));
-    ValueFromUnsigned(Slot(rounded), 12349);
-    EXPECT_EQ(rounded, RealBuffer("12300"));
+    ValueFromUnsigned(Slot(rounded), 12350);
+    EXPECT_EQ(rounded, RealBuffer("12400"));
 }
 
 TEST_F(RealValues, AreReadAsSmallMagnitudes) {
@@ -230,18 +230,31 @@ TEST_F(ComplexValues, AreDividedByMachineIntegersPartByPart) {
     EXPECT_EQ(TakeCode(), CalcErrorUndefined);
 }
 
+// Each in a slot that holds another value.
 TEST_F(ComplexValues, AreMadeFromMachineIntegers) {
+    const ComplexBuffer stale = Make("7", "-1");
+    dest_ = stale;
     ValueFromInteger(dest_.Words(), MinInt64);
     EXPECT_EQ(dest_, Make("-9223372036854775808", "0"));
+    dest_ = stale;
     ValueFromUnsigned(dest_.Words(), UINT64_MAX);
     EXPECT_EQ(dest_, Make("18446744073709551615", "0"));
+    dest_ = stale;
     ValueZero(dest_.Words());
     EXPECT_EQ(dest_, Make("0", "0"));
+    dest_ = stale;
     ValuePi(dest_.Words());
     EXPECT_EQ(dest_, Make("3.1415926535897932385", "0"));
+    dest_ = stale;
     ValueSetInvalid(dest_.Words());
     EXPECT_EQ(dest_, Make("nan", "0"));
     EXPECT_EQ(TakeCode(), CalcErrorNone);
+    FormulaScope three(3, NumberTypeComplex);
+    ComplexBuffer rounded;
+    ValueFromInteger(rounded.Words(), -12350);
+    EXPECT_EQ(rounded, Make("-12400", "0"));
+    ValueFromUnsigned(rounded.Words(), 12350);
+    EXPECT_EQ(rounded, Make("12400", "0"));
 }
 
 TEST_F(ComplexValues, AreReadAsMachineIntegersWhereTheyAreReal) {
