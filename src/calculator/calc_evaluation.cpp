@@ -93,6 +93,9 @@ CalcEvaluation EvaluateCalcFormula(const char16_t* formula, uint64_t* result) {
 }
 
 CalcEvaluation CalculateResult(const char16_t* formula) {
+    if (PendingUiError() != UiErrorNone) {
+        return {};
+    }
     ScratchStackScope scope;
     uint64_t* value = scope.Take(CalcResultWords);
     const CalcEvaluation evaluation = EvaluateCalcFormula(formula, value);

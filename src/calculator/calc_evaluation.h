@@ -27,9 +27,9 @@ struct CalcEvaluation {
 /// CalcError is 0 afterwards and the ScratchStack as it was found.
 CalcEvaluation EvaluateCalcFormula(const char16_t* formula, uint64_t* result);
 
-/// The work of the calculating thread: evaluates and, if no error is pending, keeps the result in
-/// the calculator, real and complex numbers rounded to the precision setting. The thread needs a
-/// ScratchStack.
+/// The work of the calculating thread: evaluates and, if that raises no error, keeps the result in
+/// the calculator, real and complex numbers rounded to the precision setting. With a UiError
+/// pending it does nothing. The thread needs a ScratchStack.
 CalcEvaluation CalculateResult(const char16_t* formula);
 
 /// Writes the text for an error of a formula into a buffer of capacity + 1 characters.

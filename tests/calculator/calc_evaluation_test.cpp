@@ -149,6 +149,22 @@ TEST_F(CalcEvaluationTest, AFailureKeepsTheOldResult) {
     EXPECT_EQ(Show(u"ans"), u"5");
 }
 
+TEST_F(CalcEvaluationTest, APendingErrorLetsNothingBeEvaluated) {
+    EXPECT_EQ(Show(u"2+3"), u"5");
+    ApplyNumberType(NumberTypeRational, 10);
+    SetUiError(UiErrorInternal);
+    for (const char16_t* formula : {u"2+2", u"1.5", u"1+"}) {
+        EXPECT_EQ(Show(formula), u"(none)");
+        EXPECT_EQ(evaluation.error, FormulaErrorNone);
+        EXPECT_FALSE(evaluation.fellToReal);
+    }
+    EXPECT_EQ(PendingUiError(), UiErrorInternal);
+    EXPECT_EQ(numberContext.numberType, NumberTypeRational);
+    EXPECT_EQ(PlainText(RealAt(calculator.calcResult)), "5e0");
+    EXPECT_EQ(std::u16string(calculator.calcResultText), u"5");
+    EXPECT_FALSE(calculator.resultValid);
+}
+
 TEST_F(CalcEvaluationTest, AStopIsSilentAndKeepsTheOldResult) {
     EXPECT_EQ(Show(u"2+3"), u"5");
     RequestCancel();
