@@ -2,8 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <initializer_list>
 #include <string>
+#include <vector>
 
+#include "core/limb_tools.h"
+#include "core/real_layout.h"
 #include "support/real_testing.h"
 
 namespace tallymere {
@@ -82,6 +87,36 @@ TEST(GridAdd, DoubtsMoreAfterMoreSteps) {
     EXPECT_EQ(Add("1", "1.0000000000100000010e-9", 40000000).outcome, SeriesOutcome::Doubtful);
 }
 
+// A term of the limbs given, the last of them below the sum.
+GridTerm TermOf(ScratchScope& scratch, std::initializer_list<Limb> limbs) {
+    GridTerm term = MakeGridTerm(scratch);
+    EXPECT_EQ(static_cast<size_t>(term.length), limbs.size());
+    std::copy(limbs.begin(), limbs.end(), term.limbs);
+    term.lead = 0;
+    while (term.limbs[term.lead] == 0) {
+        term.lead++;
+    }
+    return term;
+}
+
+// By how many units of its last limb a term may be too small; more is in doubt.
+constexpr Limb LargestTermError = 4096;
+
+TEST(GridAdd, DoubtsWhatATermMayBeTooSmallBy) {
+    PrecisionScope scope(57);
+    const auto outcome = [](Limb below) {
+        RealBuffer sum("1");
+        CoreScratchScope scratch;
+        Limb guard = 0;
+        return GridAdd(sum, &guard, TermOf(scratch, {0, 5, 7, below}));
+    };
+    EXPECT_EQ(outcome(0), SeriesOutcome::Doubtful);
+    EXPECT_EQ(outcome(LargestTermError), SeriesOutcome::Doubtful);
+    EXPECT_EQ(outcome(LargestTermError + 1), SeriesOutcome::Added);
+    EXPECT_EQ(outcome(LimbBase - LargestTermError - 1), SeriesOutcome::Added);
+    EXPECT_EQ(outcome(LimbBase - LargestTermError), SeriesOutcome::Doubtful);
+}
+
 TEST(GridAdd, DoubtsATermNearToTheSumAndATermOfNothing) {
     PrecisionScope scope(20);
     EXPECT_EQ(Add("1", "1.2345678901234567891e-4").outcome, SeriesOutcome::Doubtful);
@@ -119,6 +154,53 @@ TEST(GridCanHold, RefusesSpecialValuesAndTheEndsOfTheRange) {
         EXPECT_FALSE(CanHold(text, "1e-9", "1e-9")) << text;
         EXPECT_FALSE(CanHold("1", text, "1e-9")) << text;
         EXPECT_FALSE(CanHold("1", "1e-9", text)) << text;
+    }
+}
+
+// The limbs of 0.0999... * 0.6999...^turns, both numbers with `nines` limbs behind the point.
+std::vector<Limb> ProductOfNines(int64_t limbs, int64_t nines, int turns) {
+    RealLayoutScope layout;
+    InstallRealLayout(LayoutForDigits(DigitsPerLimb * limbs));
+    RealBuffer x("9e-1");
+    std::fill_n(x.Limbs(), nines, LimbBase - 1);
+    CoreScratchScope scratch;
+    GridTerm term = MakeGridTerm(scratch, x, RealBuffer("1"));
+    x.Limbs()[0] = 7 * PowerOfTen(18) - 1;
+    const GridFactor factor = MakeGridFactor(scratch, x);
+    for (int turn = 0; turn < turns; turn++) {
+        GridMultiply(term, factor);
+    }
+    EXPECT_EQ(term.steps, turns);
+    return {term.limbs, term.limbs + term.length};
+}
+
+// Nines lose most, and in the longest layout more products lie below the last limb than in any
+// other. Three limbs more show by how much.
+TEST(GridMultiply, IsTooSmallByLessThanADoubt) {
+    constexpr int64_t longest = 529;
+    for (int turns : {1, 2, 40}) {
+        const std::vector<Limb> product = ProductOfNines(longest, longest, turns);
+        const std::vector<Limb> exact = ProductOfNines(longest + 3, longest, turns);
+        std::vector<Limb> error(product.size());
+        LimbsSubtract(error.data(), exact.data(), product.data(), longest + 1, 0);
+        EXPECT_TRUE(LimbsAreZero(error.data(), longest));
+        EXPECT_GE(error.back(), static_cast<Limb>(longest - 2));
+        EXPECT_LT(error.back(), LargestTermError / 2);
+    }
+}
+
+TEST(GridMultiply, HasTheSignOfTheProduct) {
+    PrecisionScope scope(20);
+    for (const char* text : {"0.25", "-0.25"}) {
+        CoreScratchScope scratch;
+        const RealBuffer one("1");
+        const GridFactor factor = MakeGridFactor(scratch, RealBuffer(text));
+        GridTerm positive = MakeGridTerm(scratch, RealBuffer("1e-9"), one);
+        GridTerm negative = MakeGridTerm(scratch, RealBuffer("-1e-9"), one);
+        GridMultiply(positive, factor);
+        GridMultiply(negative, factor);
+        EXPECT_EQ(positive.negative, factor.negative);
+        EXPECT_EQ(negative.negative, !factor.negative);
     }
 }
 

@@ -134,6 +134,15 @@ TEST(Series, OfPairsHaveTheDigitsOfTheirFunctions) {
               HyperbolicCosine);
 }
 
+// The last term of e^x is x^3 / 6 = 3.136127287077337039... 10^-19, and the digits behind the first
+// are those of the guard limb.
+TEST(SeriesExp, ReturnsTheGuardLimbOfItsLastAddition) {
+    PrecisionScope scope(20);
+    RealBuffer dest;
+    const Limb guard = SeriesExp(dest, RealBuffer("1.2345678901e-6"));
+    EXPECT_EQ(guard / PowerOfTen(5), 1'361'272'870'773'370'390u / PowerOfTen(5));
+}
+
 TEST(Series, KeepTheSignOfAnOddFunction) {
     PrecisionScope scope(20);
     const RealBuffer minus("-0.01");

@@ -1,8 +1,13 @@
 // The series on the grid of their sum against their plain twins: the same limbs for every argument.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "core/real_integer.h"
 #include "core/real_layout.h"
+#include "core/real_multiply.h"
+#include "core/real_rounding.h"
+#include "functions/roots.h"
 #include "functions/series.h"
 #include "reference/series_twins.h"
 #include "support/real_testing.h"
@@ -83,6 +88,15 @@ TEST(SeriesTwins, HaveTheSameLimbsForReducedArguments) {
     }
 }
 
+TEST(SeriesTwins, HaveTheSameLimbsInTheLongestLayout) {
+    RandomSource random;
+    RealLayoutScope layout;
+    InstallRealLayout(LayoutForDigits(MaxPrecisionDigits + MaxGuardDigits));
+    RealBuffer x;
+    FillArgument(random, x, -6, -3);
+    ASSERT_NO_FATAL_FAILURE(ExpectTwins(x));
+}
+
 // Up to 0.7, beyond which the series of artanh gets very long.
 TEST(SeriesTwins, HaveTheSameLimbsForLargeArguments) {
     RandomSource random;
@@ -94,6 +108,47 @@ TEST(SeriesTwins, HaveTheSameLimbsForLargeArguments) {
             const bool below = RealLeadingDigits(x.Limbs(), 1) < 7;
             x.Get()->header = MakeHeader(below ? -1 : -2, RealSign(x));
             ASSERT_NO_FATAL_FAILURE(ExpectTwins(x));
+        }
+    }
+}
+
+// x for which x^n / d is a number that ends on the last digit of 1, as nearly as x can: the terms
+// of the plain steps then lie on either side of that digit.
+RealBuffer ArgumentOfTerm(RandomSource& random, int64_t n, uint64_t d) {
+    const int64_t p = numberContext.precisionDigits;
+    const int64_t digits = random.Between(1, std::max<int64_t>(p - 5, 1));
+    RealBuffer x;
+    FillReal(random, x, 0);
+    RealSetSign(x, 0);
+    RealRoundDigits(x, x, digits);
+    RealSetExponent(x, digits - p);
+    RealMulUint(x, x, d);
+    RealRootInt(x, n, x);
+    return x;
+}
+
+TEST(SeriesTwins, HaveTheSameLimbsForTermsThatEndOnADigitOfTheSum) {
+    struct Term {
+        int64_t n;
+        uint64_t d;
+    };
+    RandomSource random;
+    for (int64_t p = 6; p <= 120; p++) {
+        PrecisionScope scope(p);
+        for (const Term term : {Term{2, 2}, Term{2, 6}, Term{2, 3}, Term{3, 6}, Term{4, 24},
+                                Term{4, 120}, Term{4, 5}, Term{6, 720}, Term{6, 7}, Term{8, 9}}) {
+            for (int round = 0; round < TestRounds(5); round++) {
+                RealBuffer x = ArgumentOfTerm(random, term.n, term.d);
+                if (RealExponent(x) > -2) {
+                    continue;
+                }
+                ASSERT_NO_FATAL_FAILURE(ExpectTwins(x));
+                Limb& last = x.Limbs()[x.LimbCount() - 1];
+                if (last < PowerOfTen(numberContext.topLimbDigits) - 1) {
+                    last++;
+                    ASSERT_NO_FATAL_FAILURE(ExpectTwins(x));
+                }
+            }
         }
     }
 }
