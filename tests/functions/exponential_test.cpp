@@ -10,6 +10,7 @@
 #include "core/real_multiply.h"
 #include "core/real_rounding.h"
 #include "functions/function_testing.h"
+#include "functions/guard_digits.h"
 #include "functions/logarithm.h"
 #include "support/real_testing.h"
 
@@ -197,6 +198,18 @@ TEST(Exponentials, AgreeWithOneAnother) {
             }
         }
     }
+}
+
+template <ExpMode Mode>
+Limb ExpBase(RealNumber* dest, const RealNumber* x) {
+    return RealExpBase(dest, x, Mode);
+}
+
+// The digits before the decimal point are lost to the reduction.
+TEST(Exponentials, WorkWithGuardDigitsForTheArgument) {
+    ExpectGuardDigits(RealExpRounded, ExpBase<ExpOfE>, ArgumentGuardDigits, -3, 12);
+    ExpectGuardDigits(RealExp2Rounded, ExpBase<ExpOfTwo>, ArgumentGuardDigits, -3, 12);
+    ExpectGuardDigits(RealExp10Rounded, ExpBase<ExpOfTen>, ArgumentGuardDigits, -3, 12);
 }
 
 // The inner form names its power by a number.

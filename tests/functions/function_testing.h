@@ -108,4 +108,30 @@ void ExpectGuardDigits(RealRoundedUnary rounded, RealUnaryFunction f, GuardDigit
     }
 }
 
+/// The same for a function of two numbers, which fill(random, a, b) makes; guardDigits gets both.
+template <typename GuardDigits, typename Fill>
+void ExpectBinaryGuardDigits(RealRoundedBinary rounded, RealBinaryFunction f,
+                             GuardDigits guardDigits, Fill fill) {
+    RandomSource random;
+    for (int round = 0; round < TestRounds(2000); round++) {
+        PrecisionScope scope(random.Between(10, 60));
+        RealBuffer a;
+        RealBuffer b;
+        fill(random, a, b);
+        RealBuffer dest;
+        rounded(dest, a, b);
+        const CalcError code = TakeCode();
+        RealBuffer expected;
+        RealRound(expected, WithGuardDigitsBinary(expected, a, b, guardDigits(a, b), f));
+        EXPECT_EQ(dest, expected) << PlainText(a) << " and " << PlainText(b);
+        EXPECT_EQ(TakeCode(), code);
+    }
+}
+
+/// A finite number above zero with an exponent from low to high.
+inline void FillPositive(RandomSource& random, RealNumber* x, int64_t low, int64_t high) {
+    FillReal(random, x, 0);
+    x->header = MakeHeader(random.Between(low, high), 0);
+}
+
 }  // namespace tallymere::testing_support

@@ -100,6 +100,16 @@ TEST(RealHypot, TakesNoRootBeyondThePrecision) {
     }
 }
 
+TEST(RealHypot, WorksWithThreeGuardDigits) {
+    ExpectBinaryGuardDigits(
+        RealHypotRounded, RealHypot,
+        [](const RealNumber*, const RealNumber*) { return int64_t{3}; },
+        [](RandomSource& random, RealNumber* a, RealNumber* b) {
+            FillReal(random, a, 5);
+            FillReal(random, b, 5);
+        });
+}
+
 TEST(RealHypot, DoesNotLeaveTheRangeOnItsWay) {
     for (int64_t p : SmallPrecisions) {
         PrecisionScope scope(p);

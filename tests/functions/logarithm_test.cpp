@@ -10,6 +10,7 @@
 #include "core/real_multiply.h"
 #include "core/real_rounding.h"
 #include "functions/function_testing.h"
+#include "functions/stored_constants.h"
 #include "support/real_testing.h"
 
 namespace tallymere {
@@ -138,6 +139,33 @@ TEST(RealLn, AgreesOnBothSidesOfEveryThreshold) {
             EXPECT_TRUE(RealIsZero(above) || RealExponent(above) < -(p - 2)) << PlainText(above);
         }
     }
+}
+
+// The inner forms of the binary and the decimal logarithm.
+Limb LnByLn2(RealNumber* dest, const RealNumber* x) {
+    RealBuffer ln2;
+    LoadConstant(ln2, ConstLn2);
+    RealLn(dest, x);
+    return RealDivRaw(dest, dest, ln2);
+}
+Limb LnTimesLog10E(RealNumber* dest, const RealNumber* x) {
+    RealBuffer log10E;
+    LoadConstant(log10E, ConstLog10E);
+    RealLn(dest, x);
+    return RealMulRaw(dest, dest, log10E);
+}
+
+TEST(Logarithms, WorkWithThreeGuardDigitsAndFourToABase) {
+    const auto three = [](const RealNumber*) { return int64_t{3}; };
+    ExpectGuardDigits(RealLnRounded, RealLn, three, -3, 3, true);
+    ExpectGuardDigits(RealLog2Rounded, LnByLn2, three, -3, 3, true);
+    ExpectGuardDigits(RealLog10Rounded, LnTimesLog10E, three, -3, 3, true);
+    ExpectBinaryGuardDigits(
+        RealLogRounded, RealLog, [](const RealNumber*, const RealNumber*) { return int64_t{4}; },
+        [](RandomSource& random, RealNumber* base, RealNumber* x) {
+            FillPositive(random, base, -3, 3);
+            FillPositive(random, x, -3, 3);
+        });
 }
 
 TEST(RealLnSmall, KnowsSpecialValues) {

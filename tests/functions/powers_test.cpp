@@ -9,6 +9,7 @@
 #include "core/real_divide.h"
 #include "core/real_integer.h"
 #include "functions/function_testing.h"
+#include "functions/guard_digits.h"
 #include "functions/root_testing.h"
 #include "support/real_testing.h"
 
@@ -145,6 +146,28 @@ TEST(RealPowerInt, RoundsTheLastDigit) {
     EXPECT_EQ(PowerInt("3", 50), Silent("7.1789798769185258877e23"));
     EXPECT_EQ(PowerInt("3", -50), Silent("1.3929555690985383463e-24"));
     EXPECT_EQ(PowerInt("-7", 99), Silent("-4.6206807280353685591e83"));
+}
+
+template <int64_t N>
+void PowerRounded(RealNumber* dest, const RealNumber* x) {
+    RealPowerIntRounded(dest, x, N);
+}
+template <int64_t N>
+Limb InnerPower(RealNumber* dest, const RealNumber* x) {
+    return RealPowerInt(dest, x, N);
+}
+template <int64_t N>
+void ExpectPowerGuardDigits(int64_t g) {
+    ExpectGuardDigits(
+        PowerRounded<N>, InnerPower<N>, [g](const RealNumber*) { return g; }, -3, 3);
+}
+
+TEST(RealPowerInt, WorksWithGuardDigitsForItsProducts) {
+    ExpectPowerGuardDigits<97>(3);
+    ExpectPowerGuardDigits<-97>(3);
+    ExpectPowerGuardDigits<101>(4);
+    ExpectPowerGuardDigits<99'999>(6);
+    ExpectPowerGuardDigits<-100'001>(7);
 }
 
 TEST(RealPowerOfTwo, IsExactWhereTheDigitsFit) {
@@ -321,6 +344,31 @@ TEST(RealPower, EndsInInfinityAndZeroOutsideTheRange) {
         EXPECT_EQ(Power("10", "1e19"), Silent("inf"));
         EXPECT_EQ(Power("10", "-1e19"), (Outcome{"0", CalcErrorUnderflow}));
     }
+}
+
+// y ln x leaves the range by itself before the exponential sees on which side.
+TEST(RealPower, NotesAnOverflowOfItsExponentWhateverTheResult) {
+    for (int64_t p : {20, 37, 57}) {
+        PrecisionScope scope(p);
+        EXPECT_EQ(Power("0.1", "9e4611686018427387902"), Silent("0"));
+        EXPECT_EQ(Power("0.1", "9e4611686018427387903"), (Outcome{"0", CalcErrorOverflow}));
+        EXPECT_EQ(Power("10", "-9e4611686018427387903"), (Outcome{"0", CalcErrorOverflow}));
+        FieldScope<uint8_t> quiet(numberContext.reportOverflow, 0);
+        FieldScope<uint8_t> report(numberContext.reportUnderflow, 1);
+        EXPECT_EQ(Power("0.1", "9e4611686018427387902"), (Outcome{"0", CalcErrorUnderflow}));
+        EXPECT_EQ(Power("0.1", "9e4611686018427387903"), Silent("0"));
+    }
+}
+
+TEST(RealPower, WorksWithGuardDigitsForTheExponent) {
+    ExpectBinaryGuardDigits(
+        RealPowerRounded, RealPower,
+        [](const RealNumber*, const RealNumber* y) { return PowerGuardDigits(y); },
+        [](RandomSource& random, RealNumber* x, RealNumber* y) {
+            FillPositive(random, x, -3, 3);
+            FillReal(random, y, 0);
+            RealSetExponent(y, random.Between(-3, 12));
+        });
 }
 
 TEST(RealPower, OfANumberByItselfMayOverwriteIt) {

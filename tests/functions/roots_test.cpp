@@ -287,6 +287,19 @@ TEST(RealRoot, KeepsExactRootsExact) {
     }
 }
 
+TEST(Roots, WorkWithGuardDigits) {
+    ExpectGuardDigits(
+        RealSqrtRounded, RealSqrt, [](const RealNumber*) { return int64_t{2}; }, -3, 3, true);
+    ExpectGuardDigits(
+        RealCbrtRounded, RealCbrt, [](const RealNumber*) { return int64_t{3}; }, -3, 3);
+    ExpectBinaryGuardDigits(
+        RealRootRounded, RealRoot, [](const RealNumber*, const RealNumber*) { return int64_t{5}; },
+        [](RandomSource& random, RealNumber* n, RealNumber* x) {
+            RealFromUint(n, 1 + random.Below(9));
+            FillPositive(random, x, -3, 3);
+        });
+}
+
 TEST(RealRoot, TakesHugeDegrees) {
     PrecisionScope scope(20);
     const int64_t largest = std::numeric_limits<int64_t>::max();

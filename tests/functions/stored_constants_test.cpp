@@ -204,7 +204,8 @@ TEST(RealPi, IsRoundedAtEveryPrecision) {
     const char* const pi =
         "3.141592653589793238462643383279502884197169399375105820974944592307816406286208"
         "9986280348253421170679821480865132823";
-    for (int64_t p : SmallPrecisions) {
+    // One guard digit would not do at 31, 48 and 109 digits.
+    for (int64_t p = 1; p <= 110; p++) {
         PrecisionScope scope(p);
         RealBuffer dest;
         RealPi(dest);
