@@ -14,8 +14,8 @@
 
 namespace tallymere {
 
-/// A number on the grid of a sum: realLimbs limbs beside those of the sum and one more. All limbs
-/// before `lead` are 0.
+/// A number on the grid of a sum: realLimbs limbs beside those of the sum and one more. The limbs
+/// before `lead` stand for 0 and are not looked at.
 struct GridTerm {
     Limb* limbs;
     int64_t length;

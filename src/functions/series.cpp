@@ -99,8 +99,7 @@ bool FinishOnGrid(PlainSteps& plain, Turn turn, uint64_t* turns) {
 
 bool CanGoOnGrid(const PlainSteps& plain) {
     return GridCanHold(plain.sum, plain.power, plain.factor) &&
-           (plain.otherSum == nullptr || (!RealIsSpecial(plain.otherSum) &&
-                                          RealExponent(plain.otherSum) == RealExponent(plain.sum)));
+           (plain.otherSum == nullptr || RealExponent(plain.otherSum) == RealExponent(plain.sum));
 }
 
 // Runs turns 1, 2, 3, ... of a series until it ends and returns their number: in numbers as long as
