@@ -205,26 +205,6 @@ TEST(RealLnSmall, HasTheDigitsOfItsFunction) {
     EXPECT_EQ(shown("1e-12"), "9.999999999995000000000003e-13");
 }
 
-TEST(RealLog, TakesFourGuardDigits) {
-    RandomSource random;
-    for (int round = 0; round < TestRounds(2000); round++) {
-        PrecisionScope scope(random.Between(10, 60));
-        RealBuffer base;
-        RealBuffer x;
-        FillReal(random, base, 3);
-        FillReal(random, x, 3);
-        RealSetSign(base, 0);
-        RealSetSign(x, 0);
-        RealBuffer dest;
-        RealLogRounded(dest, base, x);
-        const CalcError code = TakeCode();
-        RealBuffer expected;
-        RealRound(expected, WithGuardDigitsBinary(expected, base, x, 4, RealLog));
-        EXPECT_EQ(dest, expected) << PlainText(base) << ", " << PlainText(x);
-        EXPECT_EQ(TakeCode(), code);
-    }
-}
-
 TEST(RealLog, KnowsItsTable) {
     for (int64_t p : SmallPrecisions) {
         PrecisionScope scope(p);
