@@ -31,9 +31,10 @@ void AngleFromRadians(RealNumber* dest, const RealNumber* x, AngleUnit unit);
 /// True for the ids of sine, cosine, tangent and their inverses in any unit.
 bool IsCircularFunction(uint32_t functionId);
 
-/// dest = one of those functions of x. The zeros of the forward functions are +0; a tangent at an
-/// odd multiple of the quarter turn is error 10203 at the function, and dest then an angle in
-/// radians. dest may be x.
+/// dest = one of those functions of x. Angles in degrees and gon are rounded in radians on the way,
+/// so the digits that a large one has before its point are missing from its sine. The zeros of the
+/// forward functions are +0; a tangent at an odd multiple of the quarter turn is error 10203 at the
+/// function, and dest then an angle in radians. dest may be x.
 void ApplyCircularFunction(FormulaEvaluator& evaluator, const FormulaToken& function,
                            RealNumber* dest, const RealNumber* x);
 

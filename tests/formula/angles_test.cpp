@@ -255,6 +255,15 @@ TEST(CircularFunctions, AreComputedWhereTheyAreNotZero) {
         << "next to a multiple only the guard digits are left";
 }
 
+// The sine of 100,000,030 degrees is that of 310, -0.76604444311897803520. It is worked out of
+// 1745329.77559 radians, and of 1745329.7755931051752.
+TEST(CircularFunctions, OfLargeAnglesInDegreesLackTheDigitsBeforeThePoint) {
+    FormulaScope twelve(12);
+    EXPECT_EQ(Evaluate(u"sind(100000030)"), Value("-0.766046439083"));
+    FormulaScope twenty(20);
+    EXPECT_EQ(Evaluate(u"sind(100000030)"), Value("-0.76604444311899253896"));
+}
+
 TEST(CircularFunctions, HaveNoTangentAtOddMultiples) {
     for (const NumberType type : {NumberTypeReal, NumberTypeComplex}) {
         FormulaScope scope(20, type);
