@@ -15,14 +15,12 @@ namespace tallymere::bench {
 
 namespace {
 
-using Number = const RealNumber*;
-
 // One function on both sides; of one argument, or of two.
 struct FunctionWork {
     const char* name;
     OperandKind operands;
-    void (*unary)(RealNumber*, Number);
-    void (*binary)(RealNumber*, Number, Number);
+    RealRoundedUnary unary;
+    RealRoundedBinary binary;
     int (*mpfrUnary)(mpfr_ptr, mpfr_srcptr, mpfr_rnd_t);
     MpfrOperation mpfrBinary;
 };

@@ -90,7 +90,7 @@ std::string ArgumentsText(const TestedFunction& function, const FunctionArgument
     return text;
 }
 
-TestedFunction UnaryFunction(std::string name, RealRoundedFunction run, ExactFunction exact,
+TestedFunction UnaryFunction(std::string name, RealRoundedUnary run, ExactFunction exact,
                              ArgumentDomain domain) {
     TestedFunction function;
     function.name = std::move(name);
@@ -106,7 +106,7 @@ TestedFunction UnaryFunction(std::string name, RealRoundedFunction run, ExactFun
     return function;
 }
 
-TestedFunction BinaryFunction(std::string name, RealRoundedFunction2 run, ExactFunction2 exact,
+TestedFunction BinaryFunction(std::string name, RealRoundedBinary run, ExactFunction2 exact,
                               std::function<void(RandomSource&, FunctionArguments&)> draw) {
     TestedFunction function;
     function.name = std::move(name);

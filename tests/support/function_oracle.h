@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "core/real_rounding.h"
 #include "support/function_arguments_oracle.h"
 #include "support/mpfr_oracle.h"
 #include "support/real_testing.h"
@@ -70,16 +71,14 @@ FunctionDeviation CompareFunction(const TestedFunction& function, const Function
 /// The arguments as text, numbers as PlainText.
 std::string ArgumentsText(const TestedFunction& function, const FunctionArguments& x);
 
-using RealRoundedFunction = void (*)(RealNumber* dest, const RealNumber* x);
-using RealRoundedFunction2 = void (*)(RealNumber* dest, const RealNumber* a, const RealNumber* b);
 using ExactFunction = std::function<FunctionValue(const DecimalValue& x, int64_t digits)>;
 using ExactFunction2 =
     std::function<FunctionValue(const DecimalValue& a, const DecimalValue& b, int64_t digits)>;
 
 /// The records of real functions of one and of two real arguments.
-TestedFunction UnaryFunction(std::string name, RealRoundedFunction run, ExactFunction exact,
+TestedFunction UnaryFunction(std::string name, RealRoundedUnary run, ExactFunction exact,
                              ArgumentDomain domain);
-TestedFunction BinaryFunction(std::string name, RealRoundedFunction2 run, ExactFunction2 exact,
+TestedFunction BinaryFunction(std::string name, RealRoundedBinary run, ExactFunction2 exact,
                               std::function<void(RandomSource&, FunctionArguments&)> draw);
 
 /// A value that says "outside the domain".
