@@ -4,8 +4,8 @@
 
 #include "core/limb_columns.h"
 #include "core/limb_tools.h"
+#include "core/real_compare.h"
 #include "core/real_divide.h"
-#include "core/real_integer.h"
 
 namespace tallymere {
 
@@ -58,8 +58,7 @@ bool GridCanHold(const RealNumber* sum, const RealNumber* power, const RealNumbe
     const int64_t largestNext = RealExponent(power) + RealExponent(factor) + 1;
     return RealExponent(power) <= RealExponent(sum) &&
            RealExponent(sum) - largestNext >= LeastGap &&
-           (RealExponent(factor) < -1 ||
-            (RealExponent(factor) == -1 && RealLeadingDigits(RealLimbs(factor), 1) < 7));
+           RealCompareScaled(factor, 7, -1, true) < 0;
 }
 
 GridTerm MakeGridTerm(ScratchScope& scratch) {
