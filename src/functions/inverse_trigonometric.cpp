@@ -69,6 +69,13 @@ Limb SetOctants(RealNumber* dest, uint64_t k, uint64_t sign) {
     return guard;
 }
 
+// minus = 1 - x and plus = 1 + x; raw.
+void OneMinusAndPlus(RealNumber* minus, RealNumber* plus, const RealNumber* x) {
+    RealSetOne(plus);
+    RealAddRaw(minus, plus, x, true);
+    RealAddRaw(plus, plus, x, false);
+}
+
 // Takes the angle of step k off that of the tangent y. Step 0 would change no limb.
 void ShiftByStep(RealNumber* y, std::span<const AtanStep> steps, uint64_t k) {
     if (k != 0) {
@@ -163,12 +170,10 @@ Limb RealAsin(RealNumber* dest, const RealNumber* x) {
         return SetOctants(dest, 2, RealSign(x));
     }
     CoreScratchScope scratch;
-    RealNumber* one = RealAt(scratch.Take(RealWords()));
+    RealNumber* plus = RealAt(scratch.Take(RealWords()));
     RealNumber* cosine = RealAt(scratch.Take(RealWords()));
-    RealSetOne(one);
-    RealAddRaw(cosine, one, x, true);
-    RealAddRaw(one, one, x, false);
-    RealMulRaw(cosine, cosine, one);
+    OneMinusAndPlus(cosine, plus, x);
+    RealMulRaw(cosine, cosine, plus);
     RealSqrt(cosine, cosine);
     RealDivRaw(dest, x, cosine);
     return RealAtan(dest, dest);
@@ -192,12 +197,10 @@ Limb RealAcos(RealNumber* dest, const RealNumber* x) {
         return SetOctants(dest, 4, 0);
     }
     CoreScratchScope scratch;
-    RealNumber* one = RealAt(scratch.Take(RealWords()));
+    RealNumber* plus = RealAt(scratch.Take(RealWords()));
     RealNumber* tangent = RealAt(scratch.Take(RealWords()));
-    RealSetOne(one);
-    RealAddRaw(tangent, one, x, true);
-    RealAddRaw(one, one, x, false);
-    RealDivRaw(tangent, tangent, one);
+    OneMinusAndPlus(tangent, plus, x);
+    RealDivRaw(tangent, tangent, plus);
     RealSqrt(tangent, tangent);
     RealAtan(tangent, tangent);
     return RealMulUint(dest, tangent, 2);
