@@ -4,9 +4,6 @@ namespace tallymere {
 
 namespace {
 
-// Wider integers are refused.
-constexpr int64_t MaxUintLimbs = 2'000;
-
 int64_t IntegerDigits(NumberType type) {
     switch (type) {
         case NumberTypeUint:
@@ -16,16 +13,6 @@ int64_t IntegerDigits(NumberType type) {
         default:
             return 1;
     }
-}
-
-void InstallIntegerWidth() {
-    const int64_t limbs = UintLimbsForDigits(calculator.calcIntegerDigits);
-    if (limbs > MaxUintLimbs) {
-        SetCalcError(CalcErrorBadParameter);
-        return;
-    }
-    numberContext.uintDigits = calculator.calcIntegerDigits;
-    numberContext.uintLimbs = limbs;
 }
 
 }  // namespace
@@ -48,14 +35,14 @@ void ApplyNumberType(NumberType type, int64_t base) {
     calculator.calcResultType = type;
     numberContext.numberType = type;
     calculator.calcIntegerDigits = IntegerDigits(type);
-    InstallIntegerWidth();
+    SetUintDigits(calculator.calcIntegerDigits);
     MarkResultStale();
 }
 
 void RestoreCalcContext() {
     numberContext.numberType = calculator.calcResultType;
     SetRealPrecision(calculator.calcWorkingDigits);
-    InstallIntegerWidth();
+    SetUintDigits(calculator.calcIntegerDigits);
 }
 
 }  // namespace tallymere

@@ -23,12 +23,6 @@ enum ResultForm : uint32_t {
 inline constexpr int64_t CalcUintDigits = 20'000;
 inline constexpr int64_t CalcRationalDigits = 10'000;
 
-/// 64-bit limbs for integers of so many decimal digits: digits * log2(10) / 64, rounded down, and
-/// one. `digits` is 0 to 10^10.
-constexpr int64_t UintLimbsForDigits(int64_t digits) {
-    return ((digits * 891'723'283) >> 34) + 1;
-}
-
 /// The words of the longest value of any type that the calculator can install.
 inline constexpr int64_t CalcResultWords =
     std::max({2 * (LayoutForDigits(MaxPrecisionDigits).limbs + 1),

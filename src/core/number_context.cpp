@@ -22,6 +22,16 @@ bool SetRealPrecision(int64_t p) {
     return true;
 }
 
+bool SetUintDigits(int64_t digits) {
+    const int64_t limbs = UintLimbsForDigits(digits);
+    if (limbs > MaxUintLimbs) {
+        SetCalcError(CalcErrorBadParameter);
+        return false;
+    }
+    InstallUintWidth({digits, limbs});
+    return true;
+}
+
 uint64_t SizeOfNumber() {
     const uint64_t realBytes = 8 * static_cast<uint64_t>(numberContext.realLimbs + 1);
     const uint64_t uintBytes = 8 * static_cast<uint64_t>(numberContext.uintLimbs);

@@ -118,6 +118,76 @@ private:
     RealLayout saved_;
 };
 
+/// How long a BigUint is.
+struct UintWidth {
+    int64_t digits;  ///< decimal digits that surely fit
+    int64_t limbs;   ///< of 64 bits
+};
+
+/// Wider integers are refused by SetUintDigits and by conversions that are given a width.
+inline constexpr int64_t MaxUintLimbs = 2'000;
+
+/// The limbs for integers of so many decimal digits: digits * log2(10) / 64, rounded down, and
+/// one. `digits` is 0 to 10^10.
+constexpr int64_t UintLimbsForDigits(int64_t digits) {
+    return ((digits * 891'723'283) >> 34) + 1;
+}
+
+/// The width of so many limbs, 1 to 4,000: limbs * 64 * log10(2) digits, rounded down.
+constexpr UintWidth UintWidthForLimbs(int64_t limbs) {
+    return {(limbs * 0x9A209A85) >> 27, limbs};
+}
+
+/// The width in force.
+inline UintWidth CurrentUintWidth() {
+    return {numberContext.uintDigits, numberContext.uintLimbs};
+}
+
+/// Puts a width in force, unchecked.
+inline void InstallUintWidth(UintWidth width) {
+    numberContext.uintDigits = width.digits;
+    numberContext.uintLimbs = width.limbs;
+}
+
+/// Sets the width for integers of so many decimal digits, 0 to 10^10, and returns true. One that
+/// needs more than MaxUintLimbs limbs sets code 100, leaves the width as it is and returns false.
+bool SetUintDigits(int64_t digits);
+
+/// Puts the width that it found back at the end of its life.
+class UintWidthScope {
+public:
+    UintWidthScope() : saved_(CurrentUintWidth()) {}
+    /// And works with so many limbs until then.
+    explicit UintWidthScope(int64_t limbs) : UintWidthScope() {
+        InstallUintWidth(UintWidthForLimbs(limbs));
+    }
+    ~UintWidthScope() { InstallUintWidth(saved_); }
+    UintWidthScope(const UintWidthScope&) = delete;
+    UintWidthScope& operator=(const UintWidthScope&) = delete;
+
+    const UintWidth& Saved() const { return saved_; }
+
+private:
+    UintWidth saved_;
+};
+
+/// Takes a code that was noted before out of the way of a routine that looks at its own codes, and
+/// puts it back over them at the end of its life.
+class CalcErrorScope {
+public:
+    CalcErrorScope() : saved_(numberContext.calcError) { numberContext.calcError = CalcErrorNone; }
+    ~CalcErrorScope() {
+        if (saved_ != CalcErrorNone) {
+            numberContext.calcError = saved_;
+        }
+    }
+    CalcErrorScope(const CalcErrorScope&) = delete;
+    CalcErrorScope& operator=(const CalcErrorScope&) = delete;
+
+private:
+    CalcError saved_;
+};
+
 /// Bytes of one value of the current number type: real 8 (n + 1), cplx twice that, uint
 /// 8 uintLimbs, rat 16 uintLimbs + 8. Any other type gives 0 and code 102.
 uint64_t SizeOfNumber();

@@ -1,0 +1,33 @@
+// BigUint from text and to text, in bases 2, 8, 10 and 16.
+//
+// `flags` are bits of TextFlags: base (0 means 10), TextGroup, TextNeutral; for output also
+// TextAlwaysSign, TextScientific, TextStripZeros, TextNoExponentPlus, TextLowerHex,
+// TextNoTerminator.
+#pragma once
+
+#include <cstdint>
+
+#include "core/text_flags.h"
+#include "core/text_writer.h"
+
+namespace tallymere {
+
+/// dest = the integer that the text denotes; `length` may be TextUntilZero. Spaces at both ends are
+/// passed over and a "+" may lead. In base 10 a fraction and an exponent are allowed as long as the
+/// value is an integer: "1.5e1", "100e-2". A failure gives 0: code 301 for a text that denotes no
+/// unsigned integer, 200 for one that does not fit, 100 for another base. A code that was noted
+/// before is kept.
+void BigUintFromText(uint64_t* dest, const char16_t* text, int64_t length, uint32_t flags);
+
+/// Appends the digits of a, grouped by 3 in base 10 and by 4 in others, or its scientific form.
+/// Another base, and the scientific form in a base other than 10, append "[P]" with code 100.
+void BigUintWrite(TextWriter& writer, const uint64_t* a, uint32_t flags);
+
+/// Writes a and returns the length, by the rules of NumberToText for buffer, capacity and
+/// terminator; the capacity that suffices is BigUintTextLength.
+int64_t BigUintToText(char16_t* buffer, int64_t capacity, const uint64_t* a, uint32_t flags);
+
+/// An upper bound of the characters of any BigUint of the width in force.
+int64_t BigUintTextLength(uint32_t flags);
+
+}  // namespace tallymere

@@ -1,0 +1,62 @@
+// Sums, products, quotients of fractions.
+//
+// Products are made at twice the width and reduced there, so a result overflows only when it does
+// not fit in lowest terms. A failure gives +0/1 and code 203 unless another is stated; a code that
+// was noted before is kept.
+#pragma once
+
+#include "exact/rational_number.h"
+
+namespace tallymere {
+
+/// Divides both by their greatest common divisor. A numerator of 0 makes the denominator 1; a
+/// denominator of 0 with another numerator is code 202.
+void ReduceFraction(uint64_t* numerator, uint64_t* denominator);
+
+/// dest = a + b, or a - b with `subtract`. A zero that comes of different signs has the sign of b
+/// (of -b with `subtract`). Code 200 when the result does not fit.
+void RationalAddSub(RationalNumber* dest, const RationalNumber* a, const RationalNumber* b,
+                    bool subtract);
+
+/// dest = a * b, or a / b with `divide`. Code 200 when the result does not fit, 202 for b = 0.
+void RationalMulDiv(RationalNumber* dest, const RationalNumber* a, const RationalNumber* b,
+                    bool divide);
+
+/// dest = a * k. Code 200 when it does not fit.
+void RationalMulSmall(RationalNumber* dest, const RationalNumber* a, uint64_t k);
+
+/// dest = a / k. 0 / 0 is 0; else code 202 for k = 0. Code 200 when it does not fit.
+void RationalDivSmall(RationalNumber* dest, const RationalNumber* a, uint64_t k);
+
+/// quotient = the integer |a / b| rounded down, remainder = |a| - quotient |b|, both with the sign
+/// of a / b. Either may be null; they must not be the same record. Code 202 for b = 0.
+void RationalDivMod(RationalNumber* quotient, RationalNumber* remainder, const RationalNumber* a,
+                    const RationalNumber* b);
+
+/// dest = 1 / a. Code 202 for a = 0.
+void RationalReciprocal(RationalNumber* dest, const RationalNumber* a);
+
+/// dest = the integer part of a, towards 0, with the sign of a.
+void RationalTrunc(RationalNumber* dest, const RationalNumber* a);
+
+/// dest = a - trunc(a), with the sign of a.
+void RationalFraction(RationalNumber* dest, const RationalNumber* a);
+
+/// -1, 0 or 1 as a is below, equal to or above b; `ignoreSign` compares magnitudes. Zeros are equal
+/// whatever their signs.
+int RationalCompare(const RationalNumber* a, const RationalNumber* b, bool ignoreSign);
+
+/// Compares a with k, or -k if `negative`.
+int RationalCompareSmall(const RationalNumber* a, uint64_t k, bool negative);
+
+/// How RationalToUnsigned takes what is no unsigned integer.
+enum RationalConversion : uint32_t {
+    RationalExact = 0,
+    RationalTruncates = 0x200000,    ///< the fraction is dropped; else it must be 0
+    RationalIgnoresSign = 0x400000,  ///< a negative number gives its magnitude
+};
+
+/// *out = a as an unsigned 64-bit number; false and 0 when it is none by `flags`.
+bool RationalToUnsigned(uint64_t* out, const RationalNumber* a, uint32_t flags);
+
+}  // namespace tallymere
