@@ -1,0 +1,247 @@
+#include "core/exact_conversions.h"
+
+#include <algorithm>
+
+#include "core/limb_tools.h"
+#include "core/real_divide.h"
+#include "core/real_layout.h"
+#include "core/real_rounding.h"
+#include "core/scratch.h"
+#include "exact/big_uint.h"
+
+namespace tallymere {
+
+namespace {
+
+constexpr int64_t QuotientGuardDigits = 2;
+
+// Above it no number is converted; the widest integers end far below.
+constexpr int64_t MaxConvertedExponent = (int64_t{1} << 31) - 1;
+
+int64_t SignificantWords(const uint64_t* words, int64_t m) {
+    while (m > 0 && words[m - 1] == 0) {
+        m--;
+    }
+    return m;
+}
+
+// The most limbs of base 10^19 that m words of 64 bits can make: 1039 / 1024 is just above
+// 64 log10(2) / 19.
+constexpr int64_t DecimalLimbs(int64_t m) {
+    return (m * 1039 + 1023) / 1024;
+}
+
+// Writes the integer in m words, which are used up, as limbs that end at `end`, and returns how
+// many.
+int64_t WordsToLimbs(Limb* end, uint64_t* words, int64_t m) {
+    int64_t count = 0;
+    while ((m = SignificantWords(words, m)) > 0) {
+        Limb remainder = 0;
+        for (int64_t i = m - 1; i >= 0; i--) {
+            const LimbQuotient parts = DivideByLimbBase({remainder, words[i]});
+            words[i] = parts.quotient;
+            remainder = parts.remainder;
+        }
+        count++;
+        end[-count] = remainder;
+    }
+    return count;
+}
+
+// An integer that grows within an array of m words.
+struct GrowingInteger {
+    uint64_t* words;
+    int64_t capacity;
+    int64_t length;  // words in use
+};
+
+// x = x factor + addend; false, with x then of no use, when that needs more words than there are.
+bool MultiplyAdd(GrowingInteger& x, uint64_t factor, uint64_t addend) {
+    for (int64_t i = 0; i < x.length; i++) {
+        const Wide sum = wide::Add(wide::Multiply(x.words[i], factor), {0, addend});
+        x.words[i] = sum.low;
+        addend = sum.high;
+    }
+    if (addend == 0) {
+        return true;
+    }
+    if (x.length == x.capacity) {
+        return false;
+    }
+    x.words[x.length++] = addend;
+    return true;
+}
+
+// The integer part of a finite |x| >= 1 with an exponent of at most MaxConvertedExponent; false
+// when it does not fit.
+bool IntegerFromLimbs(GrowingInteger& out, const RealNumber* x) {
+    const int64_t n = numberContext.realLimbs;
+    const int64_t p = numberContext.precisionDigits;
+    const int64_t exponent = RealExponent(x);
+    CoreScratchScope scratch;
+    Limb* integer = scratch.Take(n);
+    LimbsShiftRightFar(integer, RealLimbs(x), n, std::max<int64_t>(p - exponent - 1, 0));
+    for (int64_t i = 0; i < n; i++) {
+        if (!MultiplyAdd(out, LimbBase, integer[i])) {
+            return false;
+        }
+    }
+    const int64_t places = std::max<int64_t>(exponent - p + 1, 0);
+    if (!MultiplyAdd(out, PowerOfTen(places % DigitsPerLimb), 0)) {
+        return false;
+    }
+    for (int64_t i = 0; i < places / DigitsPerLimb; i++) {
+        if (!MultiplyAdd(out, LimbBase, 0)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// Puts a precision and a width in force for its life.
+class ConversionScope {
+public:
+    // Installs nothing and notes code 100 for what is out of range.
+    ConversionScope(int64_t digits, int64_t limbs)
+        : valid_(digits >= 1 && digits <= MaxPrecisionDigits && limbs >= 1 &&
+                 limbs <= MaxUintLimbs) {
+        if (valid_) {
+            InstallRealLayout(LayoutForDigits(digits));
+            InstallUintWidth(UintWidthForLimbs(limbs));
+        } else {
+            SetCalcError(CalcErrorBadParameter);
+        }
+    }
+    ConversionScope(const ConversionScope&) = delete;
+    ConversionScope& operator=(const ConversionScope&) = delete;
+
+    bool Valid() const { return valid_; }
+
+private:
+    RealLayoutScope layout_;
+    UintWidthScope width_;
+    bool valid_;
+};
+
+}  // namespace
+
+Limb RealFromBigUint(RealNumber* dest, const uint64_t* limbs, int64_t m) {
+    m = SignificantWords(limbs, m);
+    if (m == 0) {
+        RealSetZero(dest, 0);
+        return 0;
+    }
+    const int64_t n = numberContext.realLimbs;
+    CoreScratchScope scratch;
+    uint64_t* words = scratch.Take(m);
+    std::copy_n(limbs, m, words);
+    const int64_t area = DecimalLimbs(m);
+    Limb* end = scratch.Take(area) + area;
+    const int64_t count = WordsToLimbs(end, words, m);
+    const Limb* first = end - count;
+    const int64_t used = std::min(count, n);
+    Limb* to = RealLimbs(dest);
+    LimbsCopy(to, first, used);
+    LimbsClear(to + used, n - used);
+    const Limb below = count > n ? first[n] : 0;
+    const int64_t digits = DigitCount(first[0]);
+    const int64_t shift = numberContext.topLimbDigits - digits;
+    const Limb guard = shift >= 0 ? LimbsShiftLeftDigits(to, to, n, shift, below)
+                                  : LimbsShiftRightDigits(to, to, n, -shift, below);
+    RealSetExponentAndSign(dest, DigitsPerLimb * (count - 1) + digits - 1, 0);
+    return guard;
+}
+
+void BigUintFromReal(uint64_t* out, int64_t m, const RealNumber* x) {
+    std::fill_n(out, m, 0);
+    if (RealIsNaN(x)) {
+        SetCalcError(CalcErrorUndefined);
+        return;
+    }
+    if (RealIsZero(x) || (!RealIsInfinite(x) && RealExponent(x) < 0)) {
+        return;
+    }
+    GrowingInteger integer = {out, m, 0};
+    if (RealIsInfinite(x) || RealExponent(x) > MaxConvertedExponent ||
+        !IntegerFromLimbs(integer, x)) {
+        std::fill_n(out, m, 0);
+        SetCalcError(CalcErrorOverflow);
+    }
+}
+
+void RealFromRational(RealNumber* dest, const RationalNumber* q) {
+    const int64_t oldLimbs = numberContext.realLimbs;
+    const int64_t width = numberContext.uintLimbs;
+    const RealLayout wide = WidenedLayout(QuotientGuardDigits);
+    const int64_t increase = wide.limbs - oldLimbs;
+    CoreScratchScope scratch;
+    RealNumber* quotient = RealAt(scratch.Take(wide.limbs + 1));
+    {
+        RealLayoutScope layout;
+        InstallRealLayout(wide);
+        RealFromBigUint(quotient, RationalNumerator(q), width);
+        RealSetSign(quotient, RationalSign(q));
+        const uint64_t* denominator = RationalDenominator(q);
+        if (!BigUintFitsWord(denominator)) {
+            RealNumber* divisor = RealAt(scratch.Take(wide.limbs + 1));
+            RealFromBigUint(divisor, denominator, width);
+            RealDivRaw(quotient, quotient, divisor);
+        } else if (denominator[0] != 1) {
+            RealDivUint(quotient, quotient, denominator[0]);
+        }
+    }
+    RealRound(dest, RealNarrow(dest, quotient, QuotientGuardDigits, oldLimbs, increase));
+}
+
+void ConvertRealToUint(uint64_t* out, int64_t limbs, const RealNumber* x, int64_t digits) {
+    CalcErrorScope codes;
+    ConversionScope scope(digits, limbs);
+    if (!scope.Valid()) {
+        return;
+    }
+    const bool isNatural = RealIsZero(x) || (RealIsInteger(x) && RealSign(x) == 0);
+    if (!isNatural) {
+        BigUintClear(out);
+        SetCalcError(CalcErrorUndefined);
+        return;
+    }
+    BigUintFromReal(out, limbs, x);
+}
+
+void ConvertRealToRational(RationalNumber* out, int64_t limbs, const RealNumber* x,
+                           int64_t digits) {
+    CalcErrorScope codes;
+    ConversionScope scope(digits, limbs);
+    if (!scope.Valid()) {
+        return;
+    }
+    if (!RealIsInteger(x)) {
+        RationalSetFailed(out);
+        return;
+    }
+    out->sign = RealSign(x);
+    BigUintFromReal(RationalNumerator(out), limbs, x);
+    BigUintFromWord(RationalDenominator(out), 1);
+    if (numberContext.calcError != CalcErrorNone) {
+        RationalSetFailed(out);
+    }
+}
+
+void ConvertRationalToReal(RealNumber* dest, int64_t digits, const RationalNumber* q,
+                           int64_t limbs) {
+    ConversionScope scope(digits, limbs);
+    if (scope.Valid()) {
+        RealFromRational(dest, q);
+    }
+}
+
+void ConvertRationalToComplex(ComplexNumber* dest, int64_t digits, const RationalNumber* q,
+                              int64_t limbs) {
+    ConversionScope scope(digits, limbs);
+    if (scope.Valid()) {
+        RealFromRational(RealPart(dest), q);
+        ComplexClearImaginaryPart(dest);
+    }
+}
+
+}  // namespace tallymere
