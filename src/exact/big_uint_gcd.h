@@ -5,6 +5,9 @@
 
 namespace tallymere {
 
+/// dest = gcd(a, b), where gcd(a, 0) = a and gcd(0, 0) = 0. Notes no code.
+void BigUintGreatestDivisor(uint64_t* dest, const uint64_t* a, const uint64_t* b);
+
 /// dest = gcd(a, b). A zero argument has none here: 0 and code 203.
 void BigUintGcd(uint64_t* dest, const uint64_t* a, const uint64_t* b);
 
