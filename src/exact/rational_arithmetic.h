@@ -25,6 +25,9 @@ void RationalMulDiv(RationalNumber* dest, const RationalNumber* a, const Rationa
 /// dest = a * k. Code 200 when it does not fit.
 void RationalMulSmall(RationalNumber* dest, const RationalNumber* a, uint64_t k);
 
+/// dest = a * k / d for k and d without a common factor, in one go. Codes as those of the two.
+void RationalScaleSmall(RationalNumber* dest, const RationalNumber* a, uint64_t k, uint64_t d);
+
 /// dest = a / k. 0 / 0 is 0; else code 202 for k = 0. Code 200 when it does not fit.
 void RationalDivSmall(RationalNumber* dest, const RationalNumber* a, uint64_t k);
 

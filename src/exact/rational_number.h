@@ -58,6 +58,9 @@ void RationalSetZero(RationalNumber* dest);
 /// What stands where an operation failed: +0/1, and code 203 unless one is noted already.
 void RationalSetFailed(RationalNumber* dest);
 
+/// RationalSetFailed where a code is noted: how an operation ends that has put earlier codes aside.
+void RationalFailOnCode(RationalNumber* dest);
+
 /// k/1 with the sign 0 or 1.
 void RationalFromWord(RationalNumber* dest, uint64_t k, uint64_t sign);
 

@@ -1,0 +1,112 @@
+#include "exact/rational_combinatorics.h"
+
+#include "core/scratch.h"
+#include "exact/big_uint.h"
+#include "exact/big_uint_combinatorics.h"
+#include "exact/big_uint_gcd.h"
+#include "exact/rational_arithmetic.h"
+
+namespace tallymere {
+
+namespace {
+
+bool IsNaturalOrZero(const RationalNumber* x) {
+    return RationalIsInteger(x) && (RationalSign(x) == 0 || RationalIsZero(x));
+}
+
+bool IsPositiveInteger(const RationalNumber* x) {
+    return RationalIsInteger(x) && RationalSign(x) == 0 && !RationalIsZero(x);
+}
+
+// dest = dest * factor / i. The factors of a long product mostly have parts of one limb.
+void MultiplyStep(RationalNumber* dest, RationalNumber* factor, uint64_t i) {
+    RationalDivSmall(factor, factor, i);
+    const uint64_t* numerator = RationalNumerator(factor);
+    const uint64_t* denominator = RationalDenominator(factor);
+    if (BigUintFitsWord(numerator) && BigUintFitsWord(denominator)) {
+        RationalScaleSmall(dest, dest, numerator[0], denominator[0]);
+        dest->sign ^= RationalSign(factor);
+    } else {
+        RationalMulDiv(dest, dest, factor, false);
+    }
+}
+
+// dest = (n - count + 1) ... (n - 1) n, or each factor divided by its number. Ends at the first
+// code.
+void MultiplySteps(RationalNumber* dest, const RationalNumber* n, uint64_t count, bool falling) {
+    CoreScratchScope scratch;
+    RationalNumber* position = RationalAt(scratch.Take(RationalWords()));
+    RationalNumber* factor = RationalAt(scratch.Take(RationalWords()));
+    RationalNumber* one = RationalAt(scratch.Take(RationalWords()));
+    RationalFromWord(one, 1, 0);
+    RationalFromWord(factor, count, 0);
+    RationalAddSub(position, n, factor, true);
+    RationalFromWord(dest, 1, 0);
+    for (uint64_t i = 1; i <= count && numberContext.calcError == CalcErrorNone; i++) {
+        if (AbortRequested()) {
+            SetCalcError(CalcErrorCancelled);
+            return;
+        }
+        RationalAddSub(position, position, one, false);
+        RationalCopy(factor, position);
+        MultiplyStep(dest, factor, falling ? 1 : i);
+    }
+}
+
+}  // namespace
+
+void RationalFactorial(RationalNumber* dest, const RationalNumber* n) {
+    CalcErrorScope codes;
+    // A zero with a sign is refused like any number that has one.
+    if (!RationalIsInteger(n) || RationalSign(n) != 0) {
+        RationalSetFailed(dest);
+        return;
+    }
+    dest->sign = 0;
+    BigUintFactorial(RationalNumerator(dest), RationalNumerator(n));
+    BigUintFromWord(RationalDenominator(dest), 1);
+    RationalFailOnCode(dest);
+}
+
+void RationalBinomial(RationalNumber* dest, const RationalNumber* n, const RationalNumber* k,
+                      bool falling) {
+    CalcErrorScope codes;
+    uint64_t count = 0;
+    if (IsNaturalOrZero(n) && IsNaturalOrZero(k)) {
+        dest->sign = 0;
+        BigUintBinomial(RationalNumerator(dest), RationalNumerator(n), RationalNumerator(k),
+                        falling);
+        BigUintFromWord(RationalDenominator(dest), 1);
+    } else if (RationalToUnsigned(&count, k, RationalExact)) {
+        MultiplySteps(dest, n, count, falling);
+    } else {
+        SetCalcError(CalcErrorUndefined);
+    }
+    RationalFailOnCode(dest);
+}
+
+void RationalGcd(RationalNumber* dest, const RationalNumber* a, const RationalNumber* b) {
+    CalcErrorScope codes;
+    if (!IsPositiveInteger(a) || !IsPositiveInteger(b)) {
+        RationalSetFailed(dest);
+        return;
+    }
+    dest->sign = 0;
+    BigUintGcd(RationalNumerator(dest), RationalNumerator(a), RationalNumerator(b));
+    BigUintFromWord(RationalDenominator(dest), 1);
+    RationalFailOnCode(dest);
+}
+
+void RationalLcm(RationalNumber* dest, const RationalNumber* a, const RationalNumber* b) {
+    CalcErrorScope codes;
+    if (!IsPositiveInteger(a) || !IsPositiveInteger(b)) {
+        RationalSetFailed(dest);
+        return;
+    }
+    dest->sign = 0;
+    BigUintLcm(RationalNumerator(dest), RationalNumerator(a), RationalNumerator(b));
+    BigUintFromWord(RationalDenominator(dest), 1);
+    RationalFailOnCode(dest);
+}
+
+}  // namespace tallymere

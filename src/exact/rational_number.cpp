@@ -1,0 +1,46 @@
+#include "exact/rational_number.h"
+
+#include "exact/big_uint.h"
+
+namespace tallymere {
+
+void RationalSetZero(RationalNumber* dest) {
+    RationalFromWord(dest, 0, 0);
+}
+
+void RationalSetFailed(RationalNumber* dest) {
+    RationalSetZero(dest);
+    SetCalcError(CalcErrorUndefined);
+}
+
+void RationalFailOnCode(RationalNumber* dest) {
+    if (numberContext.calcError != CalcErrorNone) {
+        RationalSetFailed(dest);
+    }
+}
+
+void RationalFromWord(RationalNumber* dest, uint64_t k, uint64_t sign) {
+    dest->sign = sign;
+    BigUintFromWord(RationalNumerator(dest), k);
+    BigUintFromWord(RationalDenominator(dest), 1);
+}
+
+void RationalCopy(RationalNumber* dest, const RationalNumber* src) {
+    dest->sign = src->sign;
+    BigUintCopy(RationalNumerator(dest), RationalNumerator(src));
+    BigUintCopy(RationalDenominator(dest), RationalDenominator(src));
+}
+
+void RationalNegate(RationalNumber* q) {
+    q->sign ^= 1;
+}
+
+bool RationalIsZero(const RationalNumber* q) {
+    return BigUintIsZero(RationalNumerator(q));
+}
+
+bool RationalIsInteger(const RationalNumber* q) {
+    return BigUintIsWord(RationalDenominator(q), 1);
+}
+
+}  // namespace tallymere

@@ -1,0 +1,163 @@
+#include "exact/rational_powers.h"
+
+#include "core/limb.h"
+#include "core/scratch.h"
+#include "exact/big_uint.h"
+#include "exact/big_uint_logarithms.h"
+#include "exact/big_uint_powers.h"
+#include "exact/big_uint_roots.h"
+#include "exact/rational_arithmetic.h"
+
+namespace tallymere {
+
+namespace {
+
+// Magnitude and sign of an exponent or degree p / q, in memory of their own: the result may stand
+// in the place of the number that they come from.
+struct Exponent {
+    uint64_t* p;
+    uint64_t* q;
+    bool negative;
+    bool whole;
+};
+
+Exponent TakeExponent(CoreScratchScope& scratch, const RationalNumber* e) {
+    const Exponent result = {scratch.Take(numberContext.uintLimbs),
+                             scratch.Take(numberContext.uintLimbs), RationalSign(e) != 0,
+                             RationalIsInteger(e)};
+    BigUintCopy(result.p, RationalNumerator(e));
+    BigUintCopy(result.q, RationalDenominator(e));
+    return result;
+}
+
+bool IsNegative(const RationalNumber* x) {
+    return RationalSign(x) != 0 && !RationalIsZero(x);
+}
+
+// q = q^p for both parts.
+void RaiseParts(RationalNumber* q, const uint64_t* p) {
+    BigUintPower(RationalNumerator(q), RationalNumerator(q), p);
+    BigUintPower(RationalDenominator(q), RationalDenominator(q), p);
+}
+
+// Ends an operation with what stands in dest, or its reciprocal.
+void Finish(RationalNumber* dest, bool reciprocal) {
+    RationalFailOnCode(dest);
+    if (reciprocal && numberContext.calcError == CalcErrorNone) {
+        RationalReciprocal(dest, dest);
+    }
+}
+
+void PowerOfWord(RationalNumber* dest, const RationalNumber* e,
+                 void (*power)(uint64_t*, const uint64_t*)) {
+    CalcErrorScope codes;
+    if (!RationalIsInteger(e)) {
+        RationalSetFailed(dest);
+        return;
+    }
+    const bool negative = RationalSign(e) != 0;
+    dest->sign = 0;
+    power(RationalNumerator(dest), RationalNumerator(e));
+    BigUintFromWord(RationalDenominator(dest), 1);
+    Finish(dest, negative);
+}
+
+}  // namespace
+
+void RationalPower(RationalNumber* dest, const RationalNumber* base, const RationalNumber* e) {
+    CalcErrorScope codes;
+    CoreScratchScope scratch;
+    const Exponent exponent = TakeExponent(scratch, e);
+    const uint64_t sign = RationalSign(base) & exponent.p[0];
+    if (exponent.whole) {
+        RationalCopy(dest, base);
+    } else {
+        // The roots taken are those of q, with the parts of the base as degrees, and the power of
+        // them is not reduced. So 1^(1/2) is 2/2, and 4^(1/2), the fourth root of 2, is refused:
+        // whoever wants the value of such a power goes on with real numbers.
+        if (IsNegative(base) ||
+            !BigUintRoot(RationalNumerator(dest), RationalNumerator(base), exponent.q) ||
+            !BigUintRoot(RationalDenominator(dest), RationalDenominator(base), exponent.q)) {
+            RationalSetFailed(dest);
+            return;
+        }
+    }
+    dest->sign = sign;
+    RaiseParts(dest, exponent.p);
+    Finish(dest, exponent.negative);
+}
+
+void RationalPowerSmall(RationalNumber* dest, const RationalNumber* base, int64_t e) {
+    CalcErrorScope codes;
+    CoreScratchScope scratch;
+    uint64_t* p = scratch.Take(numberContext.uintLimbs);
+    BigUintFromWord(p, IntegerMagnitude(e));
+    RationalCopy(dest, base);
+    dest->sign = RationalSign(base) & p[0];
+    RaiseParts(dest, p);
+    Finish(dest, e < 0);
+}
+
+void RationalPowerOfTwo(RationalNumber* dest, const RationalNumber* e) {
+    PowerOfWord(dest, e, BigUintPowerOfTwo);
+}
+
+void RationalPowerOfTen(RationalNumber* dest, const RationalNumber* e) {
+    PowerOfWord(dest, e, BigUintPowerOfTen);
+}
+
+void RationalSquareRoot(RationalNumber* dest, const RationalNumber* x) {
+    CalcErrorScope codes;
+    if (IsNegative(x) || !BigUintSquareRoot(RationalNumerator(dest), RationalNumerator(x)) ||
+        !BigUintSquareRoot(RationalDenominator(dest), RationalDenominator(x))) {
+        RationalSetFailed(dest);
+        return;
+    }
+    dest->sign = RationalSign(x);
+}
+
+void RationalCubeRoot(RationalNumber* dest, const RationalNumber* x) {
+    CalcErrorScope codes;
+    if (!BigUintRootSmall(RationalNumerator(dest), 3, RationalNumerator(x)) ||
+        !BigUintRootSmall(RationalDenominator(dest), 3, RationalDenominator(x))) {
+        RationalSetFailed(dest);
+        return;
+    }
+    dest->sign = RationalSign(x);
+}
+
+void RationalRoot(RationalNumber* dest, const RationalNumber* n, const RationalNumber* x) {
+    CalcErrorScope codes;
+    CoreScratchScope scratch;
+    const Exponent degree = TakeExponent(scratch, n);
+    const bool odd = degree.whole && (degree.p[0] & 1) != 0;
+    if (RationalIsZero(n) || (IsNegative(x) && !odd) ||
+        !BigUintRoot(RationalNumerator(dest), degree.p, RationalNumerator(x)) ||
+        !BigUintRoot(RationalDenominator(dest), degree.p, RationalDenominator(x))) {
+        RationalSetFailed(dest);
+        return;
+    }
+    dest->sign = RationalSign(x);
+    RaiseParts(dest, degree.q);
+    Finish(dest, degree.negative);
+}
+
+void RationalLog(RationalNumber* dest, const RationalNumber* base, const RationalNumber* x) {
+    CalcErrorScope codes;
+    const bool whole = RationalIsInteger(x);
+    const uint64_t* power = whole ? RationalNumerator(x) : RationalDenominator(x);
+    const bool baseIsRight = RationalIsInteger(base) && RationalSign(base) == 0 &&
+                             !BigUintIsZero(RationalNumerator(base)) &&
+                             !BigUintIsWord(RationalNumerator(base), 1);
+    const bool argumentIsRight = RationalSign(x) == 0 && !RationalIsZero(x) &&
+                                 (whole || BigUintIsWord(RationalNumerator(x), 1));
+    if (!baseIsRight || !argumentIsRight ||
+        !BigUintLog(RationalNumerator(dest), RationalNumerator(base), power)) {
+        RationalSetFailed(dest);
+        return;
+    }
+    dest->sign = whole ? 0 : 1;
+    BigUintFromWord(RationalDenominator(dest), 1);
+}
+
+}  // namespace tallymere
