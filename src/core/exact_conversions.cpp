@@ -8,6 +8,7 @@
 #include "core/real_rounding.h"
 #include "core/scratch.h"
 #include "exact/big_uint.h"
+#include "exact/radix_conversion.h"
 
 namespace tallymere {
 
@@ -17,60 +18,6 @@ constexpr int64_t QuotientGuardDigits = 2;
 
 // Above it no number is converted; the widest integers end far below.
 constexpr int64_t MaxConvertedExponent = (int64_t{1} << 31) - 1;
-
-int64_t SignificantWords(const uint64_t* words, int64_t m) {
-    while (m > 0 && words[m - 1] == 0) {
-        m--;
-    }
-    return m;
-}
-
-// The most limbs of base 10^19 that m words of 64 bits can make: 1039 / 1024 is just above
-// 64 log10(2) / 19.
-constexpr int64_t DecimalLimbs(int64_t m) {
-    return (m * 1039 + 1023) / 1024;
-}
-
-// Writes the integer in m words, which are used up, as limbs that end at `end`, and returns how
-// many.
-int64_t WordsToLimbs(Limb* end, uint64_t* words, int64_t m) {
-    int64_t count = 0;
-    while ((m = SignificantWords(words, m)) > 0) {
-        Limb remainder = 0;
-        for (int64_t i = m - 1; i >= 0; i--) {
-            const LimbQuotient parts = DivideByLimbBase({remainder, words[i]});
-            words[i] = parts.quotient;
-            remainder = parts.remainder;
-        }
-        count++;
-        end[-count] = remainder;
-    }
-    return count;
-}
-
-// An integer that grows within an array of m words.
-struct GrowingInteger {
-    uint64_t* words;
-    int64_t capacity;
-    int64_t length;  // words in use
-};
-
-// x = x factor + addend; false, with x then of no use, when that needs more words than there are.
-bool MultiplyAdd(GrowingInteger& x, uint64_t factor, uint64_t addend) {
-    for (int64_t i = 0; i < x.length; i++) {
-        const Wide sum = wide::Add(wide::Multiply(x.words[i], factor), {0, addend});
-        x.words[i] = sum.low;
-        addend = sum.high;
-    }
-    if (addend == 0) {
-        return true;
-    }
-    if (x.length == x.capacity) {
-        return false;
-    }
-    x.words[x.length++] = addend;
-    return true;
-}
 
 // The integer part of a finite |x| >= 1 with an exponent of at most MaxConvertedExponent; false
 // when it does not fit.
@@ -86,16 +33,7 @@ bool IntegerFromLimbs(GrowingInteger& out, const RealNumber* x) {
             return false;
         }
     }
-    const int64_t places = std::max<int64_t>(exponent - p + 1, 0);
-    if (!MultiplyAdd(out, PowerOfTen(places % DigitsPerLimb), 0)) {
-        return false;
-    }
-    for (int64_t i = 0; i < places / DigitsPerLimb; i++) {
-        if (!MultiplyAdd(out, LimbBase, 0)) {
-            return false;
-        }
-    }
-    return true;
+    return MultiplyByPowerOfTen(out, std::max<int64_t>(exponent - p + 1, 0));
 }
 
 // Puts a precision and a width in force for its life.
@@ -126,7 +64,9 @@ private:
 }  // namespace
 
 Limb RealFromBigUint(RealNumber* dest, const uint64_t* limbs, int64_t m) {
-    m = SignificantWords(limbs, m);
+    while (m > 0 && limbs[m - 1] == 0) {
+        m--;
+    }
     if (m == 0) {
         RealSetZero(dest, 0);
         return 0;
@@ -135,9 +75,9 @@ Limb RealFromBigUint(RealNumber* dest, const uint64_t* limbs, int64_t m) {
     CoreScratchScope scratch;
     uint64_t* words = scratch.Take(m);
     std::copy_n(limbs, m, words);
-    const int64_t area = DecimalLimbs(m);
+    const int64_t area = MaxDecimalLimbs(m);
     Limb* end = scratch.Take(area) + area;
-    const int64_t count = WordsToLimbs(end, words, m);
+    const int64_t count = WordsToDecimalLimbs(end, words, m);
     const Limb* first = end - count;
     const int64_t used = std::min(count, n);
     Limb* to = RealLimbs(dest);

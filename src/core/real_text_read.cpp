@@ -1,70 +1,11 @@
 #include <algorithm>
 
-#include "core/digit_text.h"
+#include "core/digit_walk.h"
 #include "core/real_text.h"
 
 namespace tallymere {
 
 namespace {
-
-// A walk over the characters of a number that knows where its separator stands.
-struct DigitWalk {
-    const char16_t* next;
-    const char16_t* end;
-    bool neutral;
-    int64_t seen = 0;  // digits passed from the first non-zero one on
-    bool separatorSeen = false;
-    int64_t exponent = 0;  // of the first non-zero digit, once the separator was seen
-};
-
-// Moves to the next digit; false at the end.
-bool MoveToDigit(DigitWalk& walk) {
-    for (; walk.next < walk.end; walk.next++) {
-        if (IsDecimalDigit(*walk.next)) {
-            return true;
-        }
-        if (IsDecimalSeparator(*walk.next, walk.neutral)) {
-            walk.separatorSeen = true;
-            walk.exponent = walk.seen - 1;
-        }
-    }
-    return false;
-}
-
-// Passes the digits that stand at the walk's position, `limit` at most, and returns their number.
-int64_t PassRun(DigitWalk& walk, int64_t limit) {
-    const int64_t length =
-        DecimalRunLength(walk.next, std::min<int64_t>(limit, walk.end - walk.next));
-    walk.next += length;
-    walk.seen += length;
-    return length;
-}
-
-void SkipLeadingZeros(DigitWalk& walk) {
-    while (MoveToDigit(walk) && *walk.next == u'0') {
-        walk.next++;
-        if (walk.separatorSeen) {
-            walk.exponent--;
-        }
-    }
-}
-
-struct DigitRun {
-    uint64_t value;
-    int64_t count;
-};
-
-// The next digits as an integer: `limit` of them, at most 19, or as many as there are.
-DigitRun TakeDigits(DigitWalk& walk, int64_t limit) {
-    DigitRun taken = {0, 0};
-    while (taken.count < limit && MoveToDigit(walk)) {
-        const char16_t* digits = walk.next;
-        const int64_t length = PassRun(walk, limit - taken.count);
-        taken.value = taken.value * PowerOfTen(length) + DecimalRunValue(digits, length);
-        taken.count += length;
-    }
-    return taken;
-}
 
 // Stands for every exponent that is out of range wherever the first digit stands; a sum with the
 // position of a digit stays inside 64 bits.
@@ -72,20 +13,12 @@ constexpr uint64_t HugeExponent = uint64_t{3} << 61;
 
 // Reads the sign and the digits behind an exponent mark; false if that is no integer.
 bool ReadExponent(NumberScanner& scanner, int64_t* exponent) {
-    NumberToken token = NextNumberToken(scanner);
-    const bool negative = token.kind == NumberTokenMinus;
-    if (negative || token.kind == NumberTokenPlus) {
-        token = NextNumberToken(scanner);
-    }
-    if (token.kind != NumberTokenDigits) {
+    WrittenExponent written;
+    if (!ReadWrittenExponent(scanner, &written)) {
         return false;
     }
-    const char16_t* digits = scanner.text + token.start;
-    DigitWalk walk = {digits, digits + token.length, scanner.neutral};
-    SkipLeadingZeros(walk);
-    const uint64_t value = TakeDigits(walk, DigitsPerLimb).value;
-    const uint64_t magnitude = MoveToDigit(walk) ? HugeExponent : std::min(value, HugeExponent);
-    *exponent = negative ? -static_cast<int64_t>(magnitude) : static_cast<int64_t>(magnitude);
+    const int64_t magnitude = static_cast<int64_t>(std::min(written.magnitude, HugeExponent));
+    *exponent = written.negative ? -magnitude : magnitude;
     return true;
 }
 

@@ -12,6 +12,11 @@
 
 namespace tallymere {
 
+/// The bits of a digit in base 2, 8 and 16; 0 for every other base.
+constexpr int BitsPerDigit(int64_t base) {
+    return base == 2 ? 1 : base == 8 ? 3 : base == 16 ? 4 : 0;
+}
+
 /// dest = the integer that the text denotes; `length` may be TextUntilZero. Spaces at both ends are
 /// passed over and a "+" may lead. In base 10 a fraction and an exponent are allowed as long as the
 /// value is an integer: "1.5e1", "100e-2". A failure gives 0: code 301 for a text that denotes no

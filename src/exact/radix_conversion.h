@@ -1,0 +1,36 @@
+// Integers between 64-bit limbs, least significant first, and limbs of base 10^19, most significant
+// first. All counts are of limbs; the width in force plays no part.
+#pragma once
+
+#include <cstdint>
+
+#include "core/limb.h"
+
+namespace tallymere {
+
+/// The most limbs of base 10^19 that m words of 64 bits can make: 1039 / 1024 is just above
+/// 64 log10(2) / 19.
+constexpr int64_t MaxDecimalLimbs(int64_t m) {
+    return (m * 1039 + 1023) / 1024;
+}
+
+/// Writes the integer in m words, which are used up, as limbs of base 10^19 that end at `end`, and
+/// returns how many; the first is not 0, and 0 has none. Up to MaxDecimalLimbs(m) are written.
+int64_t WordsToDecimalLimbs(Limb* end, uint64_t* words, int64_t m);
+
+/// An integer that grows within an array of `capacity` words. Those from `length` on are undefined;
+/// the highest in use is not 0.
+struct GrowingInteger {
+    uint64_t* words;
+    int64_t capacity;
+    int64_t length;  ///< words in use
+};
+
+/// x = x factor + addend, factor >= 1; false, with x then of no use, when that does not fit.
+bool MultiplyAdd(GrowingInteger& x, uint64_t factor, uint64_t addend);
+
+/// x = x 10^places; false, with x then of no use, when that does not fit. Any number of places is
+/// dealt with at once: 0 stays, and everything else soon does not fit.
+bool MultiplyByPowerOfTen(GrowingInteger& x, uint64_t places);
+
+}  // namespace tallymere
