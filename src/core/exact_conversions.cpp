@@ -73,11 +73,9 @@ Limb RealFromBigUint(RealNumber* dest, const uint64_t* limbs, int64_t m) {
     }
     const int64_t n = numberContext.realLimbs;
     CoreScratchScope scratch;
-    uint64_t* words = scratch.Take(m);
-    std::copy_n(limbs, m, words);
     const int64_t area = MaxDecimalLimbs(m);
     Limb* end = scratch.Take(area) + area;
-    const int64_t count = WordsToDecimalLimbs(end, words, m);
+    const int64_t count = WordsToDecimalLimbs(end, limbs, m);
     const Limb* first = end - count;
     const int64_t used = std::min(count, n);
     Limb* to = RealLimbs(dest);

@@ -51,11 +51,9 @@ void WriteBits(TextWriter& writer, const uint64_t* a, int bitsPerDigit, uint32_t
 // limbs of a; returns how many.
 int64_t StageDigits(char16_t* end, const uint64_t* a, int64_t length) {
     CoreScratchScope scratch;
-    uint64_t* words = scratch.Take(length);
-    std::copy_n(a, length, words);
     const int64_t area = MaxDecimalLimbs(length);
     Limb* limbs = scratch.Take(area) + area;
-    const int64_t count = WordsToDecimalLimbs(limbs, words, length);
+    const int64_t count = WordsToDecimalLimbs(limbs, a, length);
     char16_t* digits = end - DigitsPerLimb * count;
     for (int64_t i = 0; i < count; i++) {
         WriteLimbDigits(digits + DigitsPerLimb * i, limbs[i - count]);

@@ -1,24 +1,131 @@
 #include "exact/radix_conversion.h"
 
+#include <algorithm>
+
+#include "core/limb_columns.h"
+#include "core/scratch.h"
+
 namespace tallymere {
 
-int64_t WordsToDecimalLimbs(Limb* end, uint64_t* words, int64_t m) {
-    Limb* first = end;
-    for (;;) {
-        while (m > 0 && words[m - 1] == 0) {
-            m--;
-        }
-        if (m == 0) {
-            return end - first;
-        }
+namespace {
+
+// Up to so many words, divisions are faster than products.
+constexpr int64_t DirectWords = 12;
+
+// How often an integer can be halved; CoreScratch ends long before.
+constexpr int MaxHalvings = 32;
+
+// By dividing by 10^19 until nothing is left.
+void ConvertDirectly(Limb* dest, const uint64_t* words, int64_t m) {
+    uint64_t rest[DirectWords + 1];
+    std::copy_n(words, m, rest);
+    for (int64_t i = MaxDecimalLimbs(m) - 1; i >= 0; i--) {
         Limb remainder = 0;
-        for (int64_t i = m - 1; i >= 0; i--) {
-            const LimbQuotient parts = DivideByLimbBase({remainder, words[i]});
-            words[i] = parts.quotient;
+        for (int64_t k = m - 1; k >= 0; k--) {
+            const LimbQuotient parts = DivideByLimbBase({remainder, rest[k]});
+            rest[k] = parts.quotient;
             remainder = parts.remainder;
         }
-        *--first = remainder;
+        dest[i] = remainder;
+        while (m > 0 && rest[m - 1] == 0) {
+            m--;
+        }
     }
+}
+
+struct LimbArray {
+    const Limb* limbs;
+    int64_t count;
+};
+
+LimbArray WithoutLeadingZeros(LimbArray a) {
+    while (a.count > 0 && a.limbs[0] == 0) {
+        a = {a.limbs + 1, a.count - 1};
+    }
+    return a;
+}
+
+// dest = a b + addend over n limbs, which must suffice and overlap no operand.
+void MultiplyArrays(Limb* dest, int64_t n, LimbArray a, LimbArray b, LimbArray addend) {
+    ColumnSum column;
+    for (int64_t c = 0; c < n; c++) {
+        const int64_t first = std::max<int64_t>(0, c - b.count + 1);
+        const int64_t last = std::min(c, a.count - 1);
+        if (first <= last) {
+            AddProducts(column, a.limbs + (a.count - 1 - last), b.limbs + (b.count - 1 - c + last),
+                        last - first + 1);
+        }
+        if (c < addend.count) {
+            wide::Accumulate(column.overflow, column.sum, {0, addend.limbs[addend.count - 1 - c]});
+        }
+        dest[n - 1 - c] = TakeLimb(column);
+    }
+}
+
+// Halves integers of up to `part` 2^halvings words; powers[i] is 2^(64 part 2^i).
+struct Halving {
+    int64_t part;
+    LimbArray powers[MaxHalvings];
+};
+
+void ComputePowers(Halving& halving, int halvings, ScratchScope& scratch) {
+    uint64_t words[DirectWords + 1] = {};
+    words[halving.part] = 1;
+    int64_t count = MaxDecimalLimbs(halving.part + 1);
+    Limb* limbs = scratch.Take(count);
+    ConvertDirectly(limbs, words, halving.part + 1);
+    halving.powers[0] = WithoutLeadingZeros({limbs, count});
+    for (int i = 1; i < halvings; i++) {
+        const LimbArray root = halving.powers[i - 1];
+        count = 2 * root.count;
+        limbs = scratch.Take(count);
+        MultiplyArrays(limbs, count, root, root, {nullptr, 0});
+        halving.powers[i] = WithoutLeadingZeros({limbs, count});
+    }
+}
+
+// For m of up to part 2^level words.
+void ConvertByHalves(Limb* dest, const uint64_t* words, int64_t m, const Halving& halving,
+                     int level) {
+    if (level == 0) {
+        ConvertDirectly(dest, words, m);
+        return;
+    }
+    const int64_t lowWords = halving.part << (level - 1);
+    if (m <= lowWords) {
+        ConvertByHalves(dest, words, m, halving, level - 1);
+        return;
+    }
+    const int64_t lowCount = MaxDecimalLimbs(lowWords);
+    const int64_t highCount = MaxDecimalLimbs(m - lowWords);
+    CoreScratchScope scratch;
+    Limb* low = scratch.Take(lowCount);
+    Limb* high = scratch.Take(highCount);
+    ConvertByHalves(low, words, lowWords, halving, level - 1);
+    ConvertByHalves(high, words + lowWords, m - lowWords, halving, level - 1);
+    MultiplyArrays(dest, MaxDecimalLimbs(m), WithoutLeadingZeros({high, highCount}),
+                   halving.powers[level - 1], {low, lowCount});
+}
+
+}  // namespace
+
+int64_t WordsToDecimalLimbs(Limb* end, const uint64_t* words, int64_t m) {
+    if (m == 0) {
+        return 0;
+    }
+    Halving halving = {m, {}};
+    int halvings = 0;
+    while (halving.part > DirectWords) {
+        halving.part = (halving.part + 1) / 2;
+        halvings++;
+    }
+    CoreScratchScope scratch;
+    if (halvings > 0) {
+        ComputePowers(halving, halvings, scratch);
+    }
+    const int64_t count = MaxDecimalLimbs(m);
+    ConvertByHalves(end - count, words, m, halving, halvings);
+    return WithoutLeadingZeros({end - count, count}).count;
 }
 
 bool MultiplyAdd(GrowingInteger& x, uint64_t factor, uint64_t addend) {
