@@ -1,0 +1,77 @@
+#include "exact/big_uint_combinatorics.h"
+
+#include <utility>
+
+#include "core/number_context.h"
+#include "core/scratch.h"
+#include "exact/big_uint.h"
+#include "exact/big_uint_division.h"
+#include "exact/big_uint_multiply.h"
+
+namespace tallymere {
+
+namespace {
+
+// dest = (m + 1) (m + 2) ... (m + count), divided by count! unless `falling`; m goes up with it.
+// Ends early when a code is noted.
+//
+// The product of i consecutive integers is divisible by i!, so that every division is exact.
+void MultiplyUpwards(uint64_t* dest, uint64_t* m, uint64_t count, bool falling) {
+    BigUintFromWord(dest, 1);
+    for (uint64_t i = 0; i < count && numberContext.calcError == CalcErrorNone; i++) {
+        if (AbortRequested()) {
+            SetCalcError(CalcErrorCancelled);
+            return;
+        }
+        BigUintAddSmall(m, m, 1);
+        BigUintMul(dest, m, dest);
+        if (!falling) {
+            uint64_t remainder = 0;
+            BigUintDivideSmall(dest, &remainder, dest, i + 1, 0);
+            if (remainder != 0) {
+                SetCalcError(CalcErrorCapacity);
+            }
+        }
+    }
+}
+
+}  // namespace
+
+void BigUintFactorial(uint64_t* dest, const uint64_t* n) {
+    if (!BigUintFitsWord(n)) {
+        SetCalcError(CalcErrorOverflow);
+    }
+    const uint64_t last = n[0];
+    BigUintFromWord(dest, 1);
+    for (uint64_t i = 2; i <= last && numberContext.calcError == CalcErrorNone; i++) {
+        BigUintMulSmall(dest, dest, i);
+    }
+    if (numberContext.calcError != CalcErrorNone) {
+        BigUintClear(dest);
+    }
+}
+
+void BigUintBinomial(uint64_t* dest, const uint64_t* n, const uint64_t* k, bool falling) {
+    if (BigUintCompare(k, n) > 0) {
+        BigUintClear(dest);
+        return;
+    }
+    CoreScratchScope scratch;
+    uint64_t* count = scratch.Take(numberContext.uintLimbs);
+    uint64_t* m = scratch.Take(numberContext.uintLimbs);
+    BigUintCopy(count, k);
+    BigUintSub(m, n, k);
+    if (!falling && BigUintCompare(m, count) < 0) {
+        std::swap(m, count);
+    }
+    if (BigUintFitsWord(count)) {
+        MultiplyUpwards(dest, m, count[0], falling);
+    } else {
+        SetCalcError(CalcErrorUndefined);
+    }
+    if (numberContext.calcError != CalcErrorNone) {
+        BigUintClear(dest);
+    }
+}
+
+}  // namespace tallymere

@@ -1,0 +1,103 @@
+#include "exact/big_uint_logarithms.h"
+
+#include <algorithm>
+#include <bit>
+
+#include "core/number_context.h"
+#include "core/scratch.h"
+#include "core/wide_arithmetic.h"
+#include "exact/big_uint.h"
+#include "exact/big_uint_powers.h"
+
+namespace tallymere {
+
+namespace {
+
+bool RefuseLogarithm(uint64_t* dest) {
+    BigUintClear(dest);
+    SetCalcError(CalcErrorOverflow);
+    return false;
+}
+
+// log2 of mantissa / 2^63 * 2^exponent, for a mantissa with its highest bit set.
+//
+// Every squaring cuts off less than 2^-63 of the mantissa and counts half as much as the one before
+// it; with what the mantissa itself had lost, that makes less than 2^-61 for the logarithm.
+uint64_t BinaryLogOf(uint64_t mantissa, int64_t exponent) {
+    uint64_t log = static_cast<uint64_t>(exponent);
+    for (int place = 0; place < BinaryLogPlaces; place++) {
+        const Wide square = wide::Multiply(mantissa, mantissa);
+        const uint64_t bit = square.high >> 63;
+        mantissa = bit != 0 ? square.high : square.high << 1 | square.low >> 63;
+        log = log << 1 | bit;
+    }
+    return log;
+}
+
+}  // namespace
+
+uint64_t BinaryLogOfWord(uint64_t x) {
+    const int exponent = HighestBit(x);
+    return BinaryLogOf(x << (63 - exponent), exponent);
+}
+
+uint64_t BinaryLog(const uint64_t* x) {
+    const int64_t length = BigUintLength(x);
+    const int shift = 63 - HighestBit(x[length - 1]);
+    const uint64_t below = length > 1 ? x[length - 2] : 0;
+    const uint64_t mantissa = x[length - 1] << shift | below >> 1 >> (63 - shift);
+    return BinaryLogOf(mantissa, BitsPerUintLimb * length - 1 - shift);
+}
+
+bool BigUintLogTwo(uint64_t* dest, const uint64_t* x) {
+    const int64_t length = BigUintLength(x);
+    if (length == 0) {
+        return RefuseLogarithm(dest);
+    }
+    const uint64_t* top = x + length - 1;
+    const bool exact =
+        std::has_single_bit(*top) && std::all_of(x, top, [](uint64_t limb) { return limb == 0; });
+    BigUintFromWord(dest, static_cast<uint64_t>(BitsPerUintLimb * (length - 1) + HighestBit(*top)));
+    return exact;
+}
+
+bool BigUintLogTen(uint64_t* dest, const uint64_t* x) {
+    CoreScratchScope scratch;
+    uint64_t* ten = scratch.Take(numberContext.uintLimbs);
+    BigUintFromWord(ten, 10);
+    return BigUintLog(dest, ten, x);
+}
+
+bool BigUintLog(uint64_t* dest, const uint64_t* base, const uint64_t* x) {
+    if (BigUintIsZero(x) || BigUintIsZero(base) || BigUintIsWord(base, 1)) {
+        return RefuseLogarithm(dest);
+    }
+    if (BigUintIsWord(base, 2)) {
+        return BigUintLogTwo(dest, x);
+    }
+    if (BigUintCompare(x, base) < 0) {
+        const bool one = BigUintIsWord(x, 1);
+        BigUintClear(dest);
+        return one;
+    }
+    // Bounds of the quotient of the true logarithms, which lies strictly between them. Where they
+    // have the same floor it is no whole number; else they differ by so little that there is only
+    // one whole number between them.
+    const uint64_t logX = BinaryLog(x);
+    const uint64_t logBase = BinaryLog(base);
+    uint64_t floor = logX / (logBase + 2);
+    bool exact = false;
+    if (const uint64_t candidate = (logX + 2) / logBase; candidate != floor) {
+        CoreScratchScope scratch;
+        uint64_t* power = scratch.Take(numberContext.uintLimbs);
+        if (BigUintPowerIfFits(power, base, static_cast<int64_t>(candidate))) {
+            const int order = BigUintCompare(power, x);
+            exact = order == 0;
+            floor = order <= 0 ? candidate : floor;
+        }
+    }
+    BigUintFromWord(dest, floor);
+    return exact;
+}
+
+}  // namespace tallymere

@@ -1,0 +1,108 @@
+#include "exact/big_uint_powers.h"
+
+#include "core/limb.h"
+#include "core/number_context.h"
+#include "core/scratch.h"
+#include "exact/big_uint.h"
+#include "exact/big_uint_multiply.h"
+
+namespace tallymere {
+
+namespace {
+
+void RefusePower(uint64_t* dest, CalcError code) {
+    BigUintClear(dest);
+    SetCalcError(code);
+}
+
+}  // namespace
+
+// From the highest bit of e down: every value on the way is a power of the base that is no larger
+// than the result, so that nothing overflows unless the result does.
+bool BigUintPowerIfFits(uint64_t* dest, const uint64_t* base, int64_t e) {
+    const CalcErrorScope codes;
+    CoreScratchScope scratch;
+    uint64_t* factor = scratch.Take(numberContext.uintLimbs);
+    BigUintCopy(factor, base);
+    BigUintCopy(dest, base);
+    const uint64_t bits = static_cast<uint64_t>(e);
+    for (int i = HighestBit(bits) - 1; i >= 0 && numberContext.calcError == CalcErrorNone; i--) {
+        BigUintMul(dest, dest, dest);
+        if ((bits >> i & 1) != 0) {
+            BigUintMul(dest, factor, dest);
+        }
+    }
+    const bool fits = numberContext.calcError == CalcErrorNone;
+    numberContext.calcError = CalcErrorNone;
+    return fits;
+}
+
+void BigUintPowerSmall(uint64_t* dest, const uint64_t* base, int64_t e) {
+    if (e == 0) {
+        BigUintFromWord(dest, 1);
+    } else if (e < 0) {
+        RefusePower(dest, CalcErrorUndefined);
+    } else if (!BigUintPowerIfFits(dest, base, e)) {
+        RefusePower(dest, CalcErrorOverflow);
+    }
+}
+
+void BigUintPower(uint64_t* dest, const uint64_t* base, const uint64_t* e) {
+    if (BigUintFitsSigned(e)) {
+        BigUintPowerSmall(dest, base, static_cast<int64_t>(e[0]));
+    } else if (BigUintIsZero(base) || BigUintIsWord(base, 1)) {
+        BigUintCopy(dest, base);
+    } else {
+        RefusePower(dest, CalcErrorOverflow);
+    }
+}
+
+void BigUintPowerOfTwo(uint64_t* dest, const uint64_t* n) {
+    if (BigUintFitsSigned(n)) {
+        BigUintPowerOfTwoSmall(dest, static_cast<int64_t>(n[0]));
+    } else {
+        RefusePower(dest, CalcErrorOverflow);
+    }
+}
+
+void BigUintPowerOfTwoSmall(uint64_t* dest, int64_t n) {
+    if (n < 0) {
+        RefusePower(dest, CalcErrorUndefined);
+    } else if (n >= BitsPerUintLimb * numberContext.uintLimbs) {
+        RefusePower(dest, CalcErrorOverflow);
+    } else {
+        BigUintClear(dest);
+        dest[n / BitsPerUintLimb] = uint64_t{1} << (n % BitsPerUintLimb);
+    }
+}
+
+void BigUintPowerOfTen(uint64_t* dest, const uint64_t* n) {
+    if (BigUintFitsSigned(n)) {
+        BigUintPowerOfTenSmall(dest, static_cast<int64_t>(n[0]));
+    } else {
+        RefusePower(dest, CalcErrorOverflow);
+    }
+}
+
+// As BigUintPowerIfFits, but the highest bits of n come from the table of one-limb powers.
+void BigUintPowerOfTenSmall(uint64_t* dest, int64_t n) {
+    if (n < 0) {
+        RefusePower(dest, CalcErrorUndefined);
+        return;
+    }
+    const CalcErrorScope codes;
+    int left = 0;
+    while (n >> left > DigitsPerLimb) {
+        left++;
+    }
+    BigUintFromWord(dest, PowerOfTen(n >> left));
+    while (left > 0 && numberContext.calcError == CalcErrorNone) {
+        left--;
+        BigUintMul(dest, dest, dest);
+        if ((n >> left & 1) != 0) {
+            BigUintMulSmall(dest, dest, 10);
+        }
+    }
+}
+
+}  // namespace tallymere

@@ -1,0 +1,123 @@
+#include "exact/big_uint_roots.h"
+
+#include <algorithm>
+
+#include "core/number_context.h"
+#include "core/scratch.h"
+#include "exact/big_uint.h"
+#include "exact/big_uint_division.h"
+#include "exact/big_uint_logarithms.h"
+#include "exact/big_uint_multiply.h"
+#include "exact/big_uint_powers.h"
+#include "exact/limb_division.h"
+
+namespace tallymere {
+
+namespace {
+
+// Roots of up to so many bits come from the logarithm alone.
+constexpr int64_t BitsFromLogarithm = 40;
+
+// dest = dest * 2^bits, which must fit.
+void ShiftLeftFar(uint64_t* dest, int64_t bits) {
+    const int64_t limbs = bits / BitsPerUintLimb;
+    const int64_t moved = numberContext.uintLimbs - limbs;
+    LimbsMoveLeft(dest + limbs, dest, moved, static_cast<int>(bits % BitsPerUintLimb));
+    std::fill_n(dest, limbs, uint64_t{0});
+}
+
+// The smallest word whose BinaryLogOfWord is above `log`, and so a word above 2^log; it has up to
+// `bits` bits.
+uint64_t WordAboveLog(uint64_t log, int64_t bits) {
+    uint64_t word = 0;
+    for (uint64_t step = uint64_t{1} << (bits - 1); step != 0; step >>= 1) {
+        if (BinaryLogOfWord(word + step) <= log) {
+            word += step;
+        }
+    }
+    return word + 1;
+}
+
+// s = floor(((n - 1) s + x / s^(n - 1)) / n) + 1, which is above the n-th root of x for every s:
+// the mean of n numbers whose product is x is at least their geometric mean.
+void StepAboveRoot(uint64_t* s, int64_t n, const uint64_t* x) {
+    CoreScratchScope scratch;
+    uint64_t* quotient = scratch.Take(numberContext.uintLimbs);
+    BigUintPowerIfFits(quotient, s, n - 1);
+    BigUintDivide(quotient, nullptr, x, quotient);
+    BigUintMulSmall(s, s, static_cast<uint64_t>(n - 1));
+    BigUintAdd(s, s, quotient);
+    BigUintDivideSmall(s, nullptr, s, static_cast<uint64_t>(n), 0);
+    BigUintAddSmall(s, s, 1);
+}
+
+// s = a number above the n-th root r of x / 2^(n drop) and below r + 2. r has `bits` bits before
+// the point.
+//
+// With s = r (1 + e), a step leaves an error of at most r (n - 1) e^2 / 2. Half the bits of r, and
+// enough more to make up for n, give e < 2^(2 - leading), and after the step an error below 1, to
+// which the 1 is added that keeps s above r. A number above the root of a shortened x stays above
+// when both are made longer, being whole.
+void RootFromAbove(uint64_t* s, int64_t n, const uint64_t* x, int64_t drop, int64_t bits) {
+    if (bits <= BitsFromLogarithm) {
+        const uint64_t log = (BinaryLog(x) + 2) / static_cast<uint64_t>(n) + 1;
+        BigUintFromWord(s,
+                        WordAboveLog(log - (static_cast<uint64_t>(drop) << BinaryLogPlaces), bits));
+        return;
+    }
+    const int64_t leading = (bits + HighestBit(static_cast<uint64_t>(n)) + 6) / 2;
+    RootFromAbove(s, n, x, drop + bits - leading, leading);
+    ShiftLeftFar(s, bits - leading);
+    CoreScratchScope scratch;
+    uint64_t* shortened = scratch.Take(numberContext.uintLimbs);
+    BigUintShiftRight(shortened, x, n * drop);
+    StepAboveRoot(s, n, shortened);
+}
+
+// n >= 2, x >= 1.
+bool RootOfDegree(uint64_t* dest, int64_t n, const uint64_t* x) {
+    const int64_t bits = BigUintBitLength(x);
+    if (n >= bits) {
+        const bool exact = bits == 1;
+        BigUintFromWord(dest, 1);
+        return exact;
+    }
+    CoreScratchScope scratch;
+    uint64_t* root = scratch.Take(numberContext.uintLimbs);
+    uint64_t* power = scratch.Take(numberContext.uintLimbs);
+    RootFromAbove(root, n, x, 0, (bits - 1) / n + 1);
+    // An exact root is below a whole number that is less than 2 above it, and so is 1 below it.
+    BigUintSubOne(root, root);
+    const int order = BigUintPowerIfFits(power, root, n) ? BigUintCompare(power, x) : 1;
+    if (order > 0) {
+        BigUintSubOne(root, root);
+    }
+    BigUintCopy(dest, root);
+    return order == 0;
+}
+
+}  // namespace
+
+bool BigUintSquareRoot(uint64_t* dest, const uint64_t* x) {
+    return BigUintRootSmall(dest, 2, x);
+}
+
+bool BigUintRoot(uint64_t* dest, const uint64_t* n, const uint64_t* x) {
+    // To a degree of 2^63 and above every root is as to this one.
+    return BigUintRootSmall(dest, BigUintFitsSigned(n) ? static_cast<int64_t>(n[0]) : INT64_MAX, x);
+}
+
+bool BigUintRootSmall(uint64_t* dest, int64_t n, const uint64_t* x) {
+    if (n == 0) {
+        BigUintClear(dest);
+        SetCalcError(CalcErrorUndefined);
+        return false;
+    }
+    if (n == 1 || BigUintIsZero(x)) {
+        BigUintCopy(dest, x);
+        return true;
+    }
+    return RootOfDegree(dest, n < 0 ? INT64_MAX : n, x);
+}
+
+}  // namespace tallymere
