@@ -16,11 +16,7 @@ namespace {
 
 constexpr int64_t QuotientGuardDigits = 2;
 
-// Above it no number is converted; the widest integers end far below.
-constexpr int64_t MaxConvertedExponent = (int64_t{1} << 31) - 1;
-
-// The integer part of a finite |x| >= 1 with an exponent of at most MaxConvertedExponent; false
-// when it does not fit.
+// The integer part of a finite |x| >= 1; false when it does not fit.
 bool IntegerFromLimbs(GrowingInteger& out, const RealNumber* x) {
     const int64_t n = numberContext.realLimbs;
     const int64_t p = numberContext.precisionDigits;
@@ -63,8 +59,8 @@ private:
 
 }  // namespace
 
-Limb RealFromBigUint(RealNumber* dest, const uint64_t* limbs, int64_t m) {
-    while (m > 0 && limbs[m - 1] == 0) {
+Limb RealFromBigUint(RealNumber* dest, const uint64_t* words, int64_t m) {
+    while (m > 0 && words[m - 1] == 0) {
         m--;
     }
     if (m == 0) {
@@ -75,7 +71,7 @@ Limb RealFromBigUint(RealNumber* dest, const uint64_t* limbs, int64_t m) {
     CoreScratchScope scratch;
     const int64_t area = MaxDecimalLimbs(m);
     Limb* end = scratch.Take(area) + area;
-    const int64_t count = WordsToDecimalLimbs(end, limbs, m);
+    const int64_t count = WordsToDecimalLimbs(end, words, m);
     const Limb* first = end - count;
     const int64_t used = std::min(count, n);
     Limb* to = RealLimbs(dest);
@@ -100,8 +96,7 @@ void BigUintFromReal(uint64_t* out, int64_t m, const RealNumber* x) {
         return;
     }
     GrowingInteger integer = {out, m, 0};
-    if (RealIsInfinite(x) || RealExponent(x) > MaxConvertedExponent ||
-        !IntegerFromLimbs(integer, x)) {
+    if (RealIsInfinite(x) || !IntegerFromLimbs(integer, x)) {
         std::fill_n(out, m, 0);
         SetCalcError(CalcErrorOverflow);
     }
