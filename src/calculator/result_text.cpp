@@ -1,7 +1,12 @@
 #include "calculator/result_text.h"
 
 #include "calculator/calculator_state.h"
+#include "calculator/mixed_fraction.h"
+#include "core/exact_conversions.h"
 #include "core/number_text.h"
+#include "core/real_rounding.h"
+#include "core/real_text.h"
+#include "core/scratch.h"
 #include "core/text_flags.h"
 #include "shell/ui_error.h"
 #include "shell/ui_text.h"
@@ -53,6 +58,36 @@ void WriteBasedResult(uint32_t flags, bool lowerCaseHex) {
     NumberToText(text + 2, CalcResultCharacters - 2, calculator.calcResult, flags);
 }
 
+// A fraction as a real number of the precision setting.
+void WriteFractionAsReal(const RationalNumber* q, uint32_t flags) {
+    ScratchStackScope scope;
+    RealNumber* x = RealAt(scope.Take(RealWords()));
+    RealFromRational(x, q);
+    RealRoundDigitsAny(x, x, calculator.calcPrecision);
+    TextWriter writer = {0, CalcResultCharacters, calculator.calcResultText};
+    RealToText(writer, x, flags);
+    FinishNumberText(writer, flags);
+}
+
+void WriteFraction(uint32_t flags) {
+    const RationalNumber* q = RationalAt(calculator.calcResult);
+    switch (calculator.resultForm) {
+        case ResultFixed:
+        case ResultScientific:
+            WriteFractionAsReal(q, flags);
+            break;
+        case ResultMixed:
+            if (!RationalIsInteger(q)) {
+                MixedFractionToText(calculator.calcResultText, CalcResultCharacters, q, flags);
+                break;
+            }
+            [[fallthrough]];
+        default:
+            NumberToText(calculator.calcResultText, CalcResultCharacters, calculator.calcResult,
+                         flags);
+    }
+}
+
 }  // namespace
 
 const char16_t* ShowResult(const ResultStyle& style) {
@@ -63,6 +98,8 @@ const char16_t* ShowResult(const ResultStyle& style) {
     const uint32_t flags = style.groupDigits ? uint32_t{TextGroup} : 0;
     if (calculator.calcResultType == NumberTypeUint && calculator.calcOutputBase != 10) {
         WriteBasedResult(flags, style.lowerCaseHex);
+    } else if (calculator.calcResultType == NumberTypeRational) {
+        WriteFraction(flags | PrepareNotation());
     } else {
         NumberToText(calculator.calcResultText, CalcResultCharacters, calculator.calcResult,
                      flags | PrepareNotation());
