@@ -20,7 +20,8 @@ Limb RealFromBigUint(RealNumber* dest, const uint64_t* words, int64_t m);
 /// 0 and code 200 when it does not fit, as infinity does not; 0 and code 203 for NaN.
 void BigUintFromReal(uint64_t* out, int64_t m, const RealNumber* x);
 
-/// dest = q, divided with 2 guard digits and rounded once. A zero keeps its sign.
+/// dest = q, divided with 2 guard digits and rounded once. A zero keeps its sign. Parts that are
+/// longer are cut to the guard digits before, which may move the last digit of the result by one.
 void RealFromRational(RealNumber* dest, const RationalNumber* q);
 
 /// out = x, a BigUint of `limbs` limbs. 0 for zeros of either sign; 0 and code 203 unless x is an

