@@ -1,27 +1,26 @@
 #include "exact/big_uint_multiply.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/scratch.h"
-#include "core/wide_arithmetic.h"
+#include "core/word_products.h"
 #include "exact/big_uint.h"
 
 namespace tallymere {
 
 namespace {
 
-// a[0 .. la) * b[0 .. lb) in la + lb limbs at dest, which overlaps neither.
+// a[0 .. la) * b[0 .. lb) in la + lb limbs at dest, which overlaps neither; la, lb >= 1.
 void MultiplyLimbs(uint64_t* dest, const uint64_t* a, int64_t la, const uint64_t* b, int64_t lb) {
-    std::fill_n(dest, la + lb, uint64_t{0});
-    for (int64_t i = 0; i < la; i++) {
-        uint64_t carry = 0;
-        for (int64_t j = 0; j < lb; j++) {
-            const Wide term = wide::Add(wide::Multiply(a[i], b[j]), {0, dest[i + j]});
-            const Wide sum = wide::Add(term, {0, carry});
-            dest[i + j] = sum.low;
-            carry = sum.high;
-        }
-        dest[i + lb] = carry;
+    // The passes go over the longer operand.
+    if (la > lb) {
+        std::swap(a, b);
+        std::swap(la, lb);
+    }
+    dest[lb] = MultiplyWords(dest, b, lb, a[0]);
+    for (int64_t i = 1; i < la; i++) {
+        dest[i + lb] = MultiplyAddWords(dest + i, b, lb, a[i]);
     }
 }
 
@@ -33,13 +32,7 @@ void Overflow(uint64_t* dest) {
 }  // namespace
 
 void BigUintMulSmall(uint64_t* dest, const uint64_t* a, uint64_t k) {
-    uint64_t carry = 0;
-    for (int64_t i = 0; i < numberContext.uintLimbs; i++) {
-        const Wide sum = wide::Add(wide::Multiply(a[i], k), {0, carry});
-        dest[i] = sum.low;
-        carry = sum.high;
-    }
-    if (carry != 0) {
+    if (MultiplyWords(dest, a, numberContext.uintLimbs, k) != 0) {
         Overflow(dest);
     }
 }
@@ -76,7 +69,13 @@ void BigUintMulFull(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
         std::fill_n(dest, 2 * width, uint64_t{0});
         return;
     }
-    MultiplyLimbs(dest, a, la, b, lb);
+    CoreScratchScope scratch;
+    const bool inPlace = dest == a || dest == b;
+    uint64_t* product = inPlace ? scratch.Take(la + lb) : dest;
+    MultiplyLimbs(product, a, la, b, lb);
+    if (inPlace) {
+        std::copy_n(product, la + lb, dest);
+    }
     std::fill_n(dest + la + lb, 2 * width - la - lb, uint64_t{0});
 }
 

@@ -11,8 +11,7 @@ void BigUintMulSmall(uint64_t* dest, const uint64_t* a, uint64_t k);
 /// dest = a * b. 0 and code 200 when it does not fit.
 void BigUintMul(uint64_t* dest, const uint64_t* a, const uint64_t* b);
 
-/// The full product: dest has 2 uintLimbs limbs, all of which are written. dest must not overlap an
-/// operand.
+/// The full product: dest has 2 uintLimbs limbs, all of which are written.
 void BigUintMulFull(uint64_t* dest, const uint64_t* a, const uint64_t* b);
 
 }  // namespace tallymere

@@ -122,6 +122,127 @@ TEST(RealLayoutScope, PutsTheLayoutBack) {
     EXPECT_EQ(CurrentRealLayout().topDigits, 6);
 }
 
+TEST(UintLimbsForDigits, IsTheWholePartOfTheLimbsAndOne) {
+    struct Row {
+        int64_t digits, limbs;
+    };
+    // 10^19 < 2^64 < 10^20: 19 digits need 63.1 bits, 20 digits 66.4.
+    for (const Row row : {Row{0, 1}, Row{1, 1}, Row{19, 1}, Row{20, 2}, Row{38, 2}, Row{39, 3},
+                          Row{500, 26}, Row{1252, 65}, Row{10'000, 520}, Row{20'000, 1039}}) {
+        EXPECT_EQ(UintLimbsForDigits(row.digits), row.limbs) << row.digits << " digits";
+    }
+}
+
+TEST(UintWidthForLimbs, TellsTheDigitsThatSurelyFit) {
+    struct Row {
+        int64_t limbs, digits;
+    };
+    // The whole part of limbs * 64 * log10(2) = limbs * 19.2659...
+    for (const Row row : {Row{1, 19}, Row{2, 38}, Row{3, 57}, Row{4, 77}, Row{26, 500},
+                          Row{65, 1252}, Row{520, 10'018}, Row{1039, 20'017}, Row{2000, 38'531}}) {
+        EXPECT_EQ(UintWidthForLimbs(row.limbs).digits, row.digits) << row.limbs << " limbs";
+        EXPECT_EQ(UintWidthForLimbs(row.limbs).limbs, row.limbs);
+    }
+}
+
+TEST(UintWidthForLimbs, GivesADoubledWidthTheDigitsOfItsLimbs) {
+    // limbs * 128 * log10(2) by a factor of its own is what twice as many limbs have.
+    for (int64_t limbs = 1; limbs <= MaxUintLimbs; limbs++) {
+        ASSERT_EQ(UintWidthForLimbs(2 * limbs).digits, (limbs * 5'171'655'946) >> 27);
+    }
+    EXPECT_EQ(UintWidthForLimbs(2 * 1039).digits, 40'034);
+}
+
+TEST(SetUintDigits, SetsTheWidthAndKeepsTheDigitsAsAsked) {
+    ContextCheck check;
+    UintWidthScope scope;
+    for (int64_t digits : {0, 1, 19, 20, 38, 500, 1252, 10'000, 20'000, 38'516, 38'531}) {
+        EXPECT_TRUE(SetUintDigits(digits));
+        EXPECT_EQ(numberContext.uintDigits, digits);
+        EXPECT_EQ(numberContext.uintLimbs, UintLimbsForDigits(digits));
+    }
+}
+
+TEST(SetUintDigits, RefusesMoreThanTheLargestWidthAndChangesNothing) {
+    ContextCheck check;
+    UintWidthScope scope;
+    // The most digits whose product with the limbs of a digit, shifted, is 1,999.
+    int64_t most = 38'000;
+    while (UintLimbsForDigits(most + 1) <= MaxUintLimbs) {
+        most++;
+    }
+    EXPECT_TRUE(SetUintDigits(most));
+    EXPECT_EQ(numberContext.uintLimbs, 2000);
+    EXPECT_EQ(numberContext.uintDigits, most);
+    EXPECT_TRUE(SetUintDigits(25));
+    for (int64_t digits : {most + 1, int64_t{100'000}, int64_t{10'000'000'000}}) {
+        EXPECT_FALSE(SetUintDigits(digits));
+        EXPECT_EQ(TakeCode(), CalcErrorBadParameter);
+        EXPECT_EQ(numberContext.uintDigits, 25);
+        EXPECT_EQ(numberContext.uintLimbs, 2);
+    }
+}
+
+TEST(SetUintDigits, KeepsACodeThatWasNotedBefore) {
+    ContextCheck check;
+    SetCalcError(CalcErrorOverflow);
+    EXPECT_FALSE(SetUintDigits(100'000));
+    EXPECT_EQ(TakeCode(), CalcErrorOverflow);
+}
+
+TEST(UintWidthScope, PutsBothFieldsOfTheWidthBack) {
+    ContextCheck check;
+    UintWidthScope outer;
+    // 500 digits have 26 limbs, and 26 limbs have 500 digits; 501 show which of the two came back.
+    InstallUintWidth({501, 27});
+    {
+        UintWidthScope doubled(2 * numberContext.uintLimbs);
+        EXPECT_EQ(numberContext.uintLimbs, 54);
+        EXPECT_EQ(numberContext.uintDigits, 1040);
+        EXPECT_EQ(doubled.Saved().limbs, 27);
+        EXPECT_EQ(doubled.Saved().digits, 501);
+        {
+            UintWidthScope narrow(1);
+            EXPECT_EQ(numberContext.uintLimbs, 1);
+            EXPECT_EQ(numberContext.uintDigits, 19);
+        }
+        EXPECT_EQ(numberContext.uintLimbs, 54);
+        EXPECT_EQ(numberContext.uintDigits, 1040);
+    }
+    EXPECT_EQ(numberContext.uintLimbs, 27);
+    EXPECT_EQ(numberContext.uintDigits, 501);
+    {
+        UintWidthScope unchanged;
+        EXPECT_EQ(numberContext.uintLimbs, 27);
+        InstallUintWidth({1, 1});
+    }
+    EXPECT_EQ(CurrentUintWidth().limbs, 27);
+    EXPECT_EQ(CurrentUintWidth().digits, 501);
+}
+
+TEST(CalcErrorScope, PutsTheEarlierCodeBackOverLaterOnes) {
+    ContextCheck check;
+    SetCalcError(CalcErrorUndefined);
+    {
+        CalcErrorScope scope;
+        EXPECT_EQ(numberContext.calcError, CalcErrorNone);
+        SetCalcError(CalcErrorOverflow);
+        EXPECT_EQ(numberContext.calcError, CalcErrorOverflow);
+    }
+    EXPECT_EQ(TakeCode(), CalcErrorUndefined);
+}
+
+TEST(CalcErrorScope, LetsACodeOutWhenNoneWasNotedBefore) {
+    ContextCheck check;
+    {
+        CalcErrorScope scope;
+        SetCalcError(CalcErrorOverflow);
+    }
+    EXPECT_EQ(TakeCode(), CalcErrorOverflow);
+    { CalcErrorScope scope; }
+    EXPECT_EQ(TakeCode(), CalcErrorNone);
+}
+
 TEST(AbortRequested, ReadsTheByteThatTheContextPointsTo) {
     uint8_t stop = 0;
     {

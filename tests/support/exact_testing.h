@@ -54,8 +54,8 @@ private:
 void PrintTo(const UintBuffer& a, std::ostream* out);
 
 /// Makes a value of the width in force of "1234" in decimal, "0x12ab" in hexadecimal, or "2^100",
-/// "2^100-7", "2^100+7". A text whose value does not fit fails the test. Shares no code with the
-/// program.
+/// "2^100-7", "2^100+7" with an addend below 2^63. A text whose value does not fit fails the test.
+/// Shares no code with the program.
 void UintFromPlainText(uint64_t* dest, std::string_view text);
 
 /// The value in decimal, without leading zeros; of the width in force, or of so many limbs.

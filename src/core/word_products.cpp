@@ -1,0 +1,208 @@
+#include "core/word_products.h"
+
+#include "core/wide_arithmetic.h"
+
+#ifdef TALLYMERE_CARRY_CHAINS
+#include <cpuid.h>
+#endif
+
+namespace tallymere {
+
+namespace words_portable {
+
+uint64_t Multiply(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
+    uint64_t carry = 0;
+    for (int64_t i = 0; i < n; i++) {
+        const Wide sum = wide::Add(wide::Multiply(src[i], k), {0, carry});
+        dest[i] = sum.low;
+        carry = sum.high;
+    }
+    return carry;
+}
+
+uint64_t MultiplyAdd(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
+    uint64_t carry = 0;
+    for (int64_t i = 0; i < n; i++) {
+        const Wide product = wide::Add(wide::Multiply(src[i], k), {0, carry});
+        const Wide sum = wide::Add(product, {0, dest[i]});
+        dest[i] = sum.low;
+        carry = sum.high;
+    }
+    return carry;
+}
+
+uint64_t MultiplySubtract(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
+    uint64_t borrow = 0;
+    for (int64_t i = 0; i < n; i++) {
+        const Wide product = wide::Add(wide::Multiply(src[i], k), {0, borrow});
+        borrow = product.high + (dest[i] < product.low ? 1 : 0);
+        dest[i] -= product.low;
+    }
+    return borrow;
+}
+
+}  // namespace words_portable
+
+#ifdef TALLYMERE_CARRY_CHAINS
+
+namespace words_carry_chains {
+
+namespace {
+
+constexpr int64_t WordsPerBlock = 8;
+
+// The loops over the blocks. MULX touches no flag, ADCX keeps its carry in CF and ADOX in OF. Both
+// stay in the flags from word to word and from block to block, which is why the pointers and the
+// counter move by LEA and the counter is tested by JRCXZ. The high word of each product waits in
+// `carry` and `high` in turn for the next word.
+//
+// WORD(AT, BELOW, ABOVE) is the work on the word AT bytes into the block: BELOW holds the high word
+// of the product below, ABOVE takes this one's.
+// clang-format off
+#define TALLYMERE_RUN_BLOCKS(WORD)                                                        \
+    uint64_t low;                                                                         \
+    uint64_t high;                                                                        \
+    uint64_t old;                                                                         \
+    uint64_t zero;                                                                        \
+    asm volatile(                                                                         \
+        "xorl %k[zero], %k[zero]\n"                                                       \
+        "1:\n"                                                                            \
+        WORD("0", "carry", "high") WORD("8", "high", "carry")                             \
+        WORD("16", "carry", "high") WORD("24", "high", "carry")                           \
+        WORD("32", "carry", "high") WORD("40", "high", "carry")                           \
+        WORD("48", "carry", "high") WORD("56", "high", "carry")                           \
+        "leaq 64(%[src]), %[src]\n"                                                       \
+        "leaq 64(%[dest]), %[dest]\n"                                                     \
+        "leaq -1(%[blocks]), %[blocks]\n"                                                 \
+        "jrcxz 2f\n"                                                                      \
+        "jmp 1b\n"                                                                        \
+        "2:\n"                                                                            \
+        "adcxq %[zero], %[carry]\n"                                                       \
+        "adoxq %[zero], %[carry]\n"                                                       \
+        : [carry] "+&r"(carry), [dest] "+&r"(dest), [src] "+&r"(src),                     \
+          [blocks] "+&c"(blocks), [low] "=&r"(low), [high] "=&r"(high), [old] "=&r"(old), \
+          [zero] "=&r"(zero)                                                              \
+        : "d"(k)                                                                          \
+        : "cc", "memory")
+
+#define TALLYMERE_MULTIPLY(AT, BELOW, ABOVE)         \
+    "mulxq " AT "(%[src]), %[low], %[" ABOVE "]\n"   \
+    "adcxq %[" BELOW "], %[low]\n"                   \
+    "movq %[low], " AT "(%[dest])\n"
+
+#define TALLYMERE_MULTIPLY_ADD(AT, BELOW, ABOVE)     \
+    "mulxq " AT "(%[src]), %[low], %[" ABOVE "]\n"   \
+    "adcxq " AT "(%[dest]), %[low]\n"                \
+    "adoxq %[" BELOW "], %[low]\n"                   \
+    "movq %[low], " AT "(%[dest])\n"
+
+// With ~x = -1 - x, the difference is ~(~dest + src * k).
+#define TALLYMERE_MULTIPLY_SUBTRACT(AT, BELOW, ABOVE) \
+    "movq " AT "(%[dest]), %[old]\n"                  \
+    "mulxq " AT "(%[src]), %[low], %[" ABOVE "]\n"    \
+    "notq %[old]\n"                                   \
+    "adcxq %[old], %[low]\n"                          \
+    "adoxq %[" BELOW "], %[low]\n"                    \
+    "notq %[low]\n"                                   \
+    "movq %[low], " AT "(%[dest])\n"
+// clang-format on
+
+// `blocks` is at least 1.
+
+uint64_t MultiplyBlocks(uint64_t* dest, const uint64_t* src, int64_t blocks, uint64_t k,
+                        uint64_t carry) {
+    TALLYMERE_RUN_BLOCKS(TALLYMERE_MULTIPLY);
+    return carry;
+}
+
+uint64_t MultiplyAddBlocks(uint64_t* dest, const uint64_t* src, int64_t blocks, uint64_t k,
+                           uint64_t carry) {
+    TALLYMERE_RUN_BLOCKS(TALLYMERE_MULTIPLY_ADD);
+    return carry;
+}
+
+uint64_t MultiplySubtractBlocks(uint64_t* dest, const uint64_t* src, int64_t blocks, uint64_t k,
+                                uint64_t carry) {
+    TALLYMERE_RUN_BLOCKS(TALLYMERE_MULTIPLY_SUBTRACT);
+    return carry;
+}
+
+#undef TALLYMERE_MULTIPLY_SUBTRACT
+#undef TALLYMERE_MULTIPLY_ADD
+#undef TALLYMERE_MULTIPLY
+#undef TALLYMERE_RUN_BLOCKS
+
+}  // namespace
+
+bool Supported() {
+    constexpr unsigned bmi2 = 1u << 8;
+    constexpr unsigned adx = 1u << 19;
+    unsigned eax = 0;
+    unsigned ebx = 0;
+    unsigned ecx = 0;
+    unsigned edx = 0;
+    return __get_cpuid_count(7, 0, &eax, &ebx, &ecx, &edx) != 0 && (ebx & bmi2) != 0 &&
+           (ebx & adx) != 0;
+}
+
+// The few words that make no block come first.
+
+uint64_t Multiply(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
+    const int64_t few = n % WordsPerBlock;
+    const uint64_t carry = words_portable::Multiply(dest, src, few, k);
+    return few == n ? carry : MultiplyBlocks(dest + few, src + few, n / WordsPerBlock, k, carry);
+}
+
+uint64_t MultiplyAdd(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
+    const int64_t few = n % WordsPerBlock;
+    const uint64_t carry = words_portable::MultiplyAdd(dest, src, few, k);
+    return few == n ? carry : MultiplyAddBlocks(dest + few, src + few, n / WordsPerBlock, k, carry);
+}
+
+uint64_t MultiplySubtract(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
+    const int64_t few = n % WordsPerBlock;
+    const uint64_t borrow = words_portable::MultiplySubtract(dest, src, few, k);
+    return few == n ? borrow
+                    : MultiplySubtractBlocks(dest + few, src + few, n / WordsPerBlock, k, borrow);
+}
+
+}  // namespace words_carry_chains
+
+namespace {
+
+const bool HasCarryChains = words_carry_chains::Supported();
+
+}  // namespace
+
+uint64_t MultiplyWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
+    return HasCarryChains ? words_carry_chains::Multiply(dest, src, n, k)
+                          : words_portable::Multiply(dest, src, n, k);
+}
+
+uint64_t MultiplyAddWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
+    return HasCarryChains ? words_carry_chains::MultiplyAdd(dest, src, n, k)
+                          : words_portable::MultiplyAdd(dest, src, n, k);
+}
+
+uint64_t MultiplySubtractWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
+    return HasCarryChains ? words_carry_chains::MultiplySubtract(dest, src, n, k)
+                          : words_portable::MultiplySubtract(dest, src, n, k);
+}
+
+#else
+
+uint64_t MultiplyWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
+    return words_portable::Multiply(dest, src, n, k);
+}
+
+uint64_t MultiplyAddWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
+    return words_portable::MultiplyAdd(dest, src, n, k);
+}
+
+uint64_t MultiplySubtractWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
+    return words_portable::MultiplySubtract(dest, src, n, k);
+}
+
+#endif
+
+}  // namespace tallymere
