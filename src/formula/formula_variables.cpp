@@ -31,6 +31,7 @@ void EvaluateUsedVariable(FormulaEvaluator& outer, UsedVariable& used) {
     RunFormula(inner);
     if (inner.error != FormulaErrorNone) {
         SetFormulaError(outer, FormulaErrorVariableFailed, used.position, used.length);
+        return;
     }
     if (inner.inexactResult) {
         outer.inexactResult = true;
