@@ -4,6 +4,8 @@
 #include "core/complex_text.h"
 #include "core/real_rounding.h"
 #include "core/real_text.h"
+#include "exact/big_uint_text.h"
+#include "exact/rational_text.h"
 
 namespace tallymere {
 
@@ -18,6 +20,10 @@ int64_t NumberToText(char16_t* buffer, int64_t capacity, const uint64_t* number,
             break;
         case NumberTypeComplex:
             return ComplexToText(buffer, capacity, ComplexAt(number), flags);
+        case NumberTypeUint:
+            return BigUintToText(buffer, capacity, number, flags);
+        case NumberTypeRational:
+            return RationalToText(buffer, capacity, RationalAt(number), flags);
         default:
             SetCalcError(CalcErrorUnknownType);
             if (buffer == nullptr) {

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 
+#include "core/number_context.h"
 #include "formula/formula_error.h"
 #include "formula/formula_token.h"
 
@@ -65,6 +66,13 @@ inline void SetFormulaError(FormulaEvaluator& evaluator, FormulaError error, uin
 inline void SetFormulaError(FormulaEvaluator& evaluator, FormulaError error,
                             const FormulaToken& token) {
     SetFormulaError(evaluator, error, token.position, token.length);
+}
+
+/// Notes an integer operation that dropped a remainder. One that failed has no result to be exact.
+inline void NoteExactness(FormulaEvaluator& evaluator, bool exact) {
+    if (!exact && numberContext.calcError == CalcErrorNone) {
+        evaluator.inexactResult = true;
+    }
 }
 
 /// Notes that the user stopped the calculation, which has no place in the text.

@@ -4,10 +4,16 @@
 #include "core/number_context.h"
 #include "core/real_rounding.h"
 #include "core/real_text.h"
+#include "exact/big_uint_text.h"
+#include "exact/rational_text.h"
 #include "formula/complex_evaluation.h"
 #include "formula/complex_operators.h"
+#include "formula/rational_evaluation.h"
+#include "formula/rational_operators.h"
 #include "formula/real_evaluation.h"
 #include "formula/real_operators.h"
+#include "formula/uint_evaluation.h"
+#include "formula/uint_operators.h"
 #include "formula/value_operations.h"
 
 namespace tallymere {
@@ -60,12 +66,18 @@ void ValueFromNumberText(uint64_t* dest, const char16_t* digits, int64_t length,
         case NumberTypeComplex:
             ComplexFromText(ComplexAt(dest), digits, length, textFlags);
             break;
+        case NumberTypeUint:
+            BigUintFromText(dest, digits, length, textFlags | (base == 10 ? 0 : base));
+            break;
+        case NumberTypeRational:
+            RationalFromText(RationalAt(dest), digits, length, textFlags);
+            break;
         default:
             ValueSetUnavailable(dest);
     }
 }
 
-void ApplyBinaryOperator(FormulaEvaluator& /*evaluator*/, uint32_t operatorId, uint64_t* left,
+void ApplyBinaryOperator(FormulaEvaluator& evaluator, uint32_t operatorId, uint64_t* left,
                          const uint64_t* right) {
     switch (numberContext.numberType) {
         case NumberTypeReal:
@@ -73,6 +85,12 @@ void ApplyBinaryOperator(FormulaEvaluator& /*evaluator*/, uint32_t operatorId, u
             break;
         case NumberTypeComplex:
             ComplexApplyOperator(operatorId, ComplexAt(left), ComplexAt(right));
+            break;
+        case NumberTypeUint:
+            UintApplyOperator(evaluator, operatorId, left, right);
+            break;
+        case NumberTypeRational:
+            RationalApplyOperator(operatorId, RationalAt(left), RationalAt(right));
             break;
         default:
             ValueSetUnavailable(left);
@@ -90,6 +108,12 @@ void ApplyFunction1(FormulaEvaluator& evaluator, const FormulaToken& function, u
             break;
         case NumberTypeComplex:
             ComplexApplyFunction1(evaluator, function, ComplexAt(dest), ComplexAt(argument));
+            break;
+        case NumberTypeUint:
+            UintApplyFunction1(evaluator, function.id, dest, argument);
+            break;
+        case NumberTypeRational:
+            RationalApplyFunction1(function.id, RationalAt(dest), RationalAt(argument));
             break;
         default:
             ValueSetUnavailable(dest);
@@ -109,6 +133,13 @@ void ApplyFunction2(FormulaEvaluator& evaluator, const FormulaToken& function, u
             ComplexApplyFunction2(function.id, ComplexAt(dest), ComplexAt(first),
                                   ComplexAt(second));
             break;
+        case NumberTypeUint:
+            UintApplyFunction2(evaluator, function.id, dest, first, second);
+            break;
+        case NumberTypeRational:
+            RationalApplyFunction2(function.id, RationalAt(dest), RationalAt(first),
+                                   RationalAt(second));
+            break;
         default:
             ValueSetUnavailable(dest);
     }
@@ -123,6 +154,9 @@ void ApplyFunction3(FormulaEvaluator& evaluator, const FormulaToken& function, u
         case NumberTypeComplex:
             ComplexApplyFunction3(function.id, ComplexAt(dest), ComplexAt(first), ComplexAt(second),
                                   ComplexAt(third));
+            break;
+        case NumberTypeUint:
+            UintApplyFunction3(function.id, dest, first, second, third);
             break;
         default:
             ValueSetUnavailable(dest);

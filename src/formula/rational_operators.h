@@ -5,8 +5,12 @@
 
 namespace tallymere {
 
-/// a = a (operator) b for OperatorAdd to OperatorMod, exact. What is no fraction is 0/1 with the
-/// code of its routine; 102 for an operator without an operation.
+/// a = a (operator) b for OperatorAdd to OperatorMod, exact. The remainder of mod has the sign of
+/// the quotient, so 7 mod (-2) is -1. 0/0 is 0, by the way of small divisors. What is no fraction
+/// is +0/1 with the code of its routine; 102 for an operator without an operation.
 void RationalApplyOperator(uint32_t operatorId, RationalNumber* a, const RationalNumber* b);
+
+/// Writes q and returns true when q is an integer in the signed 64-bit range; else writes 0.
+bool RationalToInt(int64_t* out, const RationalNumber* q);
 
 }  // namespace tallymere

@@ -1,6 +1,5 @@
 #include "formula/value_operations.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include "core/complex_arithmetic.h"
@@ -10,10 +9,48 @@
 #include "core/real_divide.h"
 #include "core/real_integer.h"
 #include "core/real_rounding.h"
+#include "exact/big_uint.h"
+#include "exact/rational_arithmetic.h"
 #include "formula/complex_operators.h"
+#include "formula/rational_operators.h"
 #include "functions/stored_constants.h"
 
 namespace tallymere {
+
+namespace {
+
+uint64_t Magnitude(int64_t k) {
+    return k < 0 ? 0 - static_cast<uint64_t>(k) : static_cast<uint64_t>(k);
+}
+
+int UintCompareInt(const uint64_t* a, int64_t k) {
+    if (k < 0 || !BigUintFitsWord(a)) {
+        return 1;
+    }
+    const auto word = static_cast<uint64_t>(k);
+    return a[0] < word ? -1 : static_cast<int>(a[0] > word);
+}
+
+void UintFromInt(uint64_t* dest, int64_t k) {
+    BigUintFromWord(dest, k < 0 ? 0 : static_cast<uint64_t>(k));
+    if (k < 0) {
+        SetCalcError(CalcErrorUndefined);
+    }
+}
+
+bool UintToWord(uint64_t* out, const uint64_t* a) {
+    const bool fits = BigUintFitsWord(a);
+    *out = fits ? a[0] : 0;
+    return fits;
+}
+
+bool UintToInt(int64_t* out, const uint64_t* a) {
+    const bool fits = BigUintFitsSigned(a);
+    *out = fits ? static_cast<int64_t>(a[0]) : 0;
+    return fits;
+}
+
+}  // namespace
 
 void ValueCopy(uint64_t* dest, const uint64_t* source) {
     std::memmove(dest, source, SizeOfNumber());
@@ -25,6 +62,10 @@ int ValueCompare(const uint64_t* a, const uint64_t* b, bool ignoreSign) {
             return RealCompare(RealAt(a), RealAt(b), ignoreSign);
         case NumberTypeComplex:
             return ComplexCompare(ComplexAt(a), ComplexAt(b), ignoreSign);
+        case NumberTypeUint:
+            return BigUintCompare(a, b);
+        case NumberTypeRational:
+            return RationalCompare(RationalAt(a), RationalAt(b), ignoreSign);
         default:
             SetCalcError(CalcErrorUnknownType);
             return 1;
@@ -37,6 +78,10 @@ int ValueCompareSmall(const uint64_t* a, int64_t k) {
             return RealCompareInt(RealAt(a), k);
         case NumberTypeComplex:
             return ComplexIsReal(ComplexAt(a)) ? RealCompareInt(RealPart(ComplexAt(a)), k) : 1;
+        case NumberTypeUint:
+            return UintCompareInt(a, k);
+        case NumberTypeRational:
+            return RationalCompareSmall(RationalAt(a), Magnitude(k), k < 0);
         default:
             SetCalcError(CalcErrorUnknownType);
             return 1;
@@ -49,6 +94,10 @@ bool ValueIsZero(const uint64_t* a) {
             return RealIsZero(RealAt(a));
         case NumberTypeComplex:
             return ComplexIsZero(ComplexAt(a));
+        case NumberTypeUint:
+            return BigUintIsZero(a);
+        case NumberTypeRational:
+            return RationalIsZero(RationalAt(a));
         default:
             SetCalcError(CalcErrorUnknownType);
             return false;
@@ -62,6 +111,13 @@ void ValueAbs(uint64_t* dest, const uint64_t* source) {
             break;
         case NumberTypeComplex:
             ComplexAbs(ComplexAt(dest), ComplexAt(source));
+            break;
+        case NumberTypeUint:
+            BigUintCopy(dest, source);
+            break;
+        case NumberTypeRational:
+            RationalCopy(RationalAt(dest), RationalAt(source));
+            RationalAt(dest)->sign = 0;
             break;
         default:
             ValueSetUnavailable(dest);
@@ -78,6 +134,10 @@ void ValueNegate(uint64_t* dest, const uint64_t* source) {
             ComplexCopy(ComplexAt(dest), ComplexAt(source));
             ComplexNegate(ComplexAt(dest));
             break;
+        case NumberTypeRational:
+            RationalCopy(RationalAt(dest), RationalAt(source));
+            RationalNegate(RationalAt(dest));
+            break;
         default:
             ValueSetUnavailable(dest);
     }
@@ -90,6 +150,9 @@ void ValueDivideSmall(uint64_t* dest, const uint64_t* source, uint64_t k) {
             break;
         case NumberTypeComplex:
             ComplexDivUint(ComplexAt(dest), ComplexAt(source), k);
+            break;
+        case NumberTypeRational:
+            RationalDivSmall(RationalAt(dest), RationalAt(source), k);
             break;
         default:
             ValueSetUnavailable(dest);
@@ -105,6 +168,12 @@ void ValueFromInteger(uint64_t* dest, int64_t k) {
             RealFromInt(RealPart(ComplexAt(dest)), k);
             ComplexClearImaginaryPart(ComplexAt(dest));
             break;
+        case NumberTypeUint:
+            UintFromInt(dest, k);
+            break;
+        case NumberTypeRational:
+            RationalFromWord(RationalAt(dest), Magnitude(k), k < 0 ? 1 : 0);
+            break;
         default:
             ValueSetUnavailable(dest);
     }
@@ -119,13 +188,18 @@ void ValueFromUnsigned(uint64_t* dest, uint64_t k) {
             RealRound(RealPart(ComplexAt(dest)), RealFromUint(RealPart(ComplexAt(dest)), k));
             ComplexClearImaginaryPart(ComplexAt(dest));
             break;
+        case NumberTypeUint:
+            BigUintFromWord(dest, k);
+            break;
+        case NumberTypeRational:
+            RationalFromWord(RationalAt(dest), k, 0);
+            break;
         default:
             ValueSetUnavailable(dest);
     }
 }
 
 void ValueZero(uint64_t* dest) {
-    const int64_t uintWords = numberContext.uintLimbs;
     switch (numberContext.numberType) {
         case NumberTypeReal:
             RealSetZero(RealAt(dest), 0);
@@ -134,11 +208,10 @@ void ValueZero(uint64_t* dest) {
             ComplexSetZero(ComplexAt(dest), 0);
             break;
         case NumberTypeUint:
-            std::fill_n(dest, uintWords, 0);
+            BigUintClear(dest);
             break;
-        case NumberTypeRational:  // 0/1 with a clear sign word
-            std::fill_n(dest, 2 * uintWords + 1, 0);
-            dest[uintWords + 1] = 1;
+        case NumberTypeRational:
+            RationalSetZero(RationalAt(dest));
             break;
         default:
             SetCalcError(CalcErrorUnknownType);
@@ -178,6 +251,10 @@ bool ValueToSmall(uint64_t* out, const uint64_t* a) {
             return RealToUint(out, RealAt(a), AllowNegative);
         case NumberTypeComplex:
             return ComplexToUint(out, ComplexAt(a));
+        case NumberTypeUint:
+            return UintToWord(out, a);
+        case NumberTypeRational:
+            return RationalToUnsigned(out, RationalAt(a), RationalIgnoresSign);
         default:
             SetCalcError(CalcErrorUnknownType);
             *out = 0;
@@ -191,6 +268,10 @@ bool ValueToSigned(int64_t* out, const uint64_t* a) {
             return RealToInt(out, RealAt(a), IntegerExact);
         case NumberTypeComplex:
             return ComplexToInt(out, ComplexAt(a));
+        case NumberTypeUint:
+            return UintToInt(out, a);
+        case NumberTypeRational:
+            return RationalToInt(out, RationalAt(a));
         default:
             SetCalcError(CalcErrorUnknownType);
             *out = 0;

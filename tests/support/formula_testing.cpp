@@ -9,6 +9,7 @@
 #include "core/scratch.h"
 #include "formula/formula_evaluation.h"
 #include "formula/value_operations.h"
+#include "support/exact_testing.h"
 
 namespace tallymere::testing_support {
 
@@ -16,24 +17,11 @@ namespace {
 
 constexpr uint64_t Canary = 0xCA5CADEu;
 
-std::string ValueText(const std::vector<uint64_t>& words) {
-    if (numberContext.numberType == NumberTypeReal) {
-        return PlainText(RealAt(words.data()));
-    }
-    if (numberContext.numberType == NumberTypeComplex) {
-        const ComplexNumber* z = ComplexAt(words.data());
-        return PlainText(RealPart(z)) + ", " + PlainText(ImaginaryPart(z));
-    }
-    std::string text;
-    for (const uint64_t word : words) {
-        char digits[24];
-        std::snprintf(digits, sizeof digits, "%llx ", static_cast<unsigned long long>(word));
-        text += digits;
-    }
-    return text;
-}
-
 }  // namespace
+
+FormulaScope::FormulaScope(NumberType type, int64_t limbs) : FormulaScope(20, type) {
+    InstallUintWidth(UintWidthForLimbs(limbs));
+}
 
 FormulaScope::FormulaScope(int64_t precision, NumberType type)
     : type_(numberContext.numberType, type), ownsScratchStack_(false) {
@@ -50,13 +38,50 @@ FormulaScope::~FormulaScope() {
     }
 }
 
+std::string ValueText(const uint64_t* words) {
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            return PlainText(RealAt(words));
+        case NumberTypeComplex:
+            return PlainText(RealPart(ComplexAt(words))) + ", " +
+                   PlainText(ImaginaryPart(ComplexAt(words)));
+        case NumberTypeUint:
+            return UintText(words);
+        case NumberTypeRational: {
+            const std::string denominator = UintText(words + 1 + numberContext.uintLimbs);
+            return (words[0] != 0 ? "-" : "") + UintText(words + 1) +
+                   (denominator != "1" ? "/" + denominator : "");
+        }
+        default:
+            return "(no number type)";
+    }
+}
+
+std::vector<uint64_t> ExactWords(std::string_view text) {
+    std::vector<uint64_t> words(SizeOfNumber() / 8);
+    if (numberContext.numberType == NumberTypeUint) {
+        UintFromPlainText(words.data(), text);
+        return words;
+    }
+    if (text.starts_with('-')) {
+        words[0] = 1;
+        text.remove_prefix(1);
+    }
+    const size_t slash = text.find('/');
+    UintFromPlainText(&words[1], text.substr(0, slash));
+    UintFromPlainText(&words[static_cast<size_t>(1 + numberContext.uintLimbs)],
+                      slash == std::string_view::npos ? "1" : text.substr(slash + 1));
+    return words;
+}
+
 void PrintTo(const FormulaOutcome& outcome, std::ostream* out) {
     if (outcome.error != FormulaErrorNone) {
         *out << "error " << outcome.error << " at " << outcome.position << " length "
              << outcome.length;
     } else {
-        *out << "value " << outcome.value << (outcome.inexact ? " inexact" : "");
+        *out << "value " << outcome.value;
     }
+    *out << (outcome.inexact ? " inexact" : "");
 }
 
 FormulaOutcome Value(std::string_view value) {
@@ -68,6 +93,18 @@ FormulaOutcome Value(std::string_view value) {
 FormulaOutcome Value(std::string_view realPart, std::string_view imaginaryPart) {
     FormulaOutcome outcome = Value(realPart);
     outcome.value += ", " + Value(imaginaryPart).value;
+    return outcome;
+}
+
+FormulaOutcome Exactly(std::string_view value) {
+    FormulaOutcome outcome;
+    outcome.value = value;
+    return outcome;
+}
+
+FormulaOutcome Rounded(std::string_view value) {
+    FormulaOutcome outcome = Exactly(value);
+    outcome.inexact = true;
     return outcome;
 }
 
@@ -115,7 +152,7 @@ FormulaOutcome Evaluate(std::u16string_view text, const Variables& variables, ui
         ValueZero(zero.data());
         EXPECT_EQ(result, zero) << Printable(text);
     } else {
-        outcome.value = ValueText(result);
+        outcome.value = ValueText(result.data());
     }
     return outcome;
 }

@@ -21,6 +21,8 @@ namespace tallymere::testing_support {
 class FormulaScope {
 public:
     explicit FormulaScope(int64_t precision = 20, NumberType type = NumberTypeReal);
+    /// For exact types: at 20 digits, and so many limbs.
+    FormulaScope(NumberType type, int64_t limbs);
     ~FormulaScope();
     FormulaScope(const FormulaScope&) = delete;
     FormulaScope& operator=(const FormulaScope&) = delete;
@@ -29,16 +31,25 @@ private:
     ContextCheck check_;
     FieldScope<NumberType> type_;
     RealLayoutScope layout_;
+    UintWidthScope width_;
     bool ownsScratchStack_;
 };
+
+/// The value of the current number type in `words`: PlainText of a real number; those of both parts
+/// of a complex one, with a comma between; an integer in decimal; a fraction as "-3/4", or "-3"
+/// with a denominator of 1.
+std::string ValueText(const uint64_t* words);
+
+/// The words of a value of an exact type, of a text as ValueText writes it; its numbers are those
+/// of UintFromPlainText. Shares no code with the program.
+std::vector<uint64_t> ExactWords(std::string_view text);
 
 /// What became of a formula: an error with its place, or a value.
 struct FormulaOutcome {
     uint32_t error = FormulaErrorNone;
     uint64_t position = 0;
     uint64_t length = 0;
-    /// PlainText of a real result; those of both parts of a complex one, with a comma between; the
-    /// hexadecimal words of another type.
+    /// ValueText of the result.
     std::string value;
     bool inexact = false;
 
@@ -52,6 +63,12 @@ FormulaOutcome Value(std::string_view value);
 
 /// The success of a formula in the type cplx, by the parts of its value.
 FormulaOutcome Value(std::string_view realPart, std::string_view imaginaryPart);
+
+/// The success of a formula in an exact type; `value` is as ValueText writes it.
+FormulaOutcome Exactly(std::string_view value);
+
+/// The same, and a remainder was lost.
+FormulaOutcome Rounded(std::string_view value);
 
 /// The outcome of failure.
 FormulaOutcome Failure(uint32_t error, uint64_t position, uint64_t length);

@@ -1,0 +1,100 @@
+#include "formula/rational_operators.h"
+
+#include "exact/big_uint.h"
+#include "exact/rational_arithmetic.h"
+#include "exact/rational_powers.h"
+#include "formula/formula_token.h"
+#include "formula/value_operations.h"
+
+namespace tallymere {
+
+namespace {
+
+// True when q is an integer whose magnitude, which is written, fits 64 bits.
+bool IsSmall(uint64_t* magnitude, const RationalNumber* q) {
+    return RationalToUnsigned(magnitude, q, RationalIgnoresSign);
+}
+
+// a = routine(x, k) for a small operand of magnitude k, negated if `negative`. A failure has no
+// sign.
+void ApplySmall(void (*routine)(RationalNumber*, const RationalNumber*, uint64_t),
+                RationalNumber* a, const RationalNumber* x, uint64_t k, bool negative) {
+    CalcErrorScope scope;
+    routine(a, x, k);
+    if (negative && numberContext.calcError == CalcErrorNone) {
+        RationalNegate(a);
+    }
+}
+
+void Multiply(RationalNumber* a, const RationalNumber* b) {
+    uint64_t k = 0;
+    if (IsSmall(&k, a)) {
+        ApplySmall(RationalMulSmall, a, b, k, RationalSign(a) != 0);
+    } else if (IsSmall(&k, b)) {
+        ApplySmall(RationalMulSmall, a, a, k, RationalSign(b) != 0);
+    } else {
+        RationalMulDiv(a, a, b, false);
+    }
+}
+
+void Divide(RationalNumber* a, const RationalNumber* b) {
+    uint64_t k = 0;
+    if (IsSmall(&k, b)) {
+        ApplySmall(RationalDivSmall, a, a, k, RationalSign(b) != 0);
+    } else {
+        RationalMulDiv(a, a, b, true);
+    }
+}
+
+void Power(RationalNumber* a, const RationalNumber* b) {
+    int64_t base = 0;  // stays 0 where a is no machine integer
+    int64_t exponent = 0;
+    RationalToInt(&base, a);
+    if (base == 2) {
+        RationalPowerOfTwo(a, b);
+    } else if (base == 10) {
+        RationalPowerOfTen(a, b);
+    } else if (RationalToInt(&exponent, b)) {
+        RationalPowerSmall(a, a, exponent);
+    } else {
+        RationalPower(a, a, b);
+    }
+}
+
+}  // namespace
+
+void RationalApplyOperator(uint32_t operatorId, RationalNumber* a, const RationalNumber* b) {
+    switch (operatorId) {
+        case OperatorAdd:
+            RationalAddSub(a, a, b, false);
+            break;
+        case OperatorSubtract:
+            RationalAddSub(a, a, b, true);
+            break;
+        case OperatorMultiply:
+            Multiply(a, b);
+            break;
+        case OperatorDivide:
+            Divide(a, b);
+            break;
+        case OperatorPower:
+            Power(a, b);
+            break;
+        case OperatorMod:
+            RationalDivMod(nullptr, a, a, b);
+            break;
+        default:
+            ValueSetUnavailable(&a->sign);
+    }
+}
+
+bool RationalToInt(int64_t* out, const RationalNumber* q) {
+    const bool negative = RationalSign(q) != 0;
+    const uint64_t limit = (uint64_t{1} << 63) - (negative ? 0 : 1);
+    uint64_t magnitude = 0;
+    const bool fits = IsSmall(&magnitude, q) && magnitude <= limit;
+    *out = fits ? static_cast<int64_t>(negative ? 0 - magnitude : magnitude) : 0;
+    return fits;
+}
+
+}  // namespace tallymere

@@ -1,0 +1,60 @@
+#include "support/exact_operations.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <vector>
+
+#include "formula/operation_dispatch.h"
+#include "support/formula_testing.h"
+
+namespace tallymere::testing_support {
+
+namespace {
+
+constexpr uint64_t Canary = 0xCA5CADEu;
+
+}  // namespace
+
+void PrintTo(const ExactOutcome& outcome, std::ostream* out) {
+    *out << outcome.text << " code " << outcome.code << (outcome.inexact ? " inexact" : "");
+}
+
+ExactOutcome Apply(uint32_t id, std::initializer_list<std::string_view> operands, uint64_t stale) {
+    std::vector<std::vector<uint64_t>> values;
+    for (const std::string_view text : operands) {
+        values.push_back(ExactWords(text));
+        values.back().push_back(Canary);
+    }
+    auto before = values;
+    std::vector<uint64_t> dest(values[0].size() - 1, stale);
+    dest.push_back(Canary);
+
+    FormulaEvaluator evaluator{};
+    const FormulaToken function = {id, 4, 6, dest.data()};
+    {
+        const ContextCheck check;
+        const CalcError code = numberContext.calcError;
+        if (IsOperatorId(id)) {
+            ApplyBinaryOperator(evaluator, id, values[0].data(), values[1].data());
+            dest = values[0];
+            before[0] = values[0];
+        } else if (operands.size() == 1) {
+            ApplyFunction1(evaluator, function, dest.data(), values[0].data());
+        } else if (operands.size() == 2) {
+            ApplyFunction2(evaluator, function, dest.data(), values[0].data(), values[1].data());
+        } else {
+            ApplyFunction3(evaluator, function, dest.data(), values[0].data(), values[1].data(),
+                           values[2].data());
+        }
+        EXPECT_TRUE(code == CalcErrorNone || numberContext.calcError == code)
+            << "a code that was there is kept";
+        ExactOutcome outcome = {ValueText(dest.data()), TakeCode(), evaluator.inexactResult};
+        EXPECT_EQ(values, before);
+        EXPECT_EQ(dest.back(), Canary);
+        EXPECT_EQ(evaluator.error, uint32_t{FormulaErrorNone});
+        return outcome;
+    }
+}
+
+}  // namespace tallymere::testing_support
