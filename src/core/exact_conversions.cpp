@@ -24,12 +24,8 @@ bool IntegerFromLimbs(GrowingInteger& out, const RealNumber* x) {
     CoreScratchScope scratch;
     Limb* integer = scratch.Take(n);
     LimbsShiftRightFar(integer, RealLimbs(x), n, std::max<int64_t>(p - exponent - 1, 0));
-    for (int64_t i = 0; i < n; i++) {
-        if (!MultiplyAdd(out, LimbBase, integer[i])) {
-            return false;
-        }
-    }
-    return MultiplyByPowerOfTen(out, std::max<int64_t>(exponent - p + 1, 0));
+    const int64_t places = std::max<int64_t>(exponent - p + 1, 0);
+    return AppendLimbs(out, integer, n) && MultiplyByPowerOfTen(out, places);
 }
 
 // Puts a precision and a width in force for its life.

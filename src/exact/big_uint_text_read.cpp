@@ -59,20 +59,28 @@ int64_t IntegerPartLength(const NumberScanner& scanner, const NumberToken& token
 
 // x = x 10^k + the next k digits of the walk, where k is the digits left or `limit`, whichever is
 // less; false when that does not fit.
-bool AppendDigits(GrowingInteger& x, DigitWalk& walk, uint64_t limit, uint64_t* count) {
-    *count = 0;
-    while (*count < limit) {
-        const uint64_t wanted = std::min<uint64_t>(limit - *count, DigitsPerLimb);
-        const DigitRun digits = TakeDigits(walk, static_cast<int64_t>(wanted));
-        if (digits.count == 0) {
-            return true;
+bool AppendDigits(GrowingInteger& x, DigitWalk& walk, uint64_t limit, uint64_t* k) {
+    constexpr int64_t limbsAtOnce = 16;
+    *k = 0;
+    for (;;) {
+        Limb limbs[limbsAtOnce];
+        int64_t count = 0;
+        DigitRun run = {0, DigitsPerLimb};
+        while (run.count == DigitsPerLimb && count < limbsAtOnce) {
+            const uint64_t wanted = std::min<uint64_t>(limit - *k, DigitsPerLimb);
+            run = TakeDigits(walk, static_cast<int64_t>(wanted));
+            *k += static_cast<uint64_t>(run.count);
+            if (run.count == DigitsPerLimb) {
+                limbs[count++] = run.value;
+            }
         }
-        if (!MultiplyAdd(x, PowerOfTen(digits.count), digits.value)) {
+        if (!AppendLimbs(x, limbs, count)) {
             return false;
         }
-        *count += static_cast<uint64_t>(digits.count);
+        if (run.count < DigitsPerLimb) {
+            return MultiplyAdd(x, PowerOfTen(run.count), run.value);
+        }
     }
-    return true;
 }
 
 // x = x / 10^places, where x is a BigUint; false when that is no integer.

@@ -107,6 +107,33 @@ void ConvertByHalves(Limb* dest, const uint64_t* words, int64_t m, const Halving
                    halving.powers[level - 1], {low, lowCount});
 }
 
+// How many limbs one pass over a growing integer takes in.
+constexpr int64_t LimbsPerPass = 4;
+
+// x = x 10^(19 LimbsPerPass) + limbs, for an x with room for as many words. One multiplication by
+// 10^19 hands its words to the next as they come, since a single one would wait for its carries.
+void TakeInLimbs(GrowingInteger& x, const Limb* limbs) {
+    uint64_t carries[LimbsPerPass];
+    std::copy_n(limbs, LimbsPerPass, carries);
+    const auto passThrough = [&](uint64_t word, int64_t from) {
+        for (int64_t k = from; k < LimbsPerPass; k++) {
+            const Wide sum = wide::Add(wide::Multiply(word, LimbBase), {0, carries[k]});
+            word = sum.low;
+            carries[k] = sum.high;
+        }
+        return word;
+    };
+    for (int64_t i = 0; i < x.length; i++) {
+        x.words[i] = passThrough(x.words[i], 0);
+    }
+    for (int64_t k = 0; k < LimbsPerPass; k++) {
+        x.words[x.length++] = passThrough(carries[k], k + 1);
+    }
+    while (x.length > 0 && x.words[x.length - 1] == 0) {
+        x.length--;
+    }
+}
+
 }  // namespace
 
 int64_t WordsToDecimalLimbs(Limb* end, const uint64_t* words, int64_t m) {
@@ -144,14 +171,34 @@ bool MultiplyAdd(GrowingInteger& x, uint64_t factor, uint64_t addend) {
     return true;
 }
 
+bool AppendLimbs(GrowingInteger& x, const Limb* limbs, int64_t count) {
+    while (count > 0) {
+        if (count >= LimbsPerPass && x.capacity - x.length >= LimbsPerPass) {
+            TakeInLimbs(x, limbs);
+            limbs += LimbsPerPass;
+            count -= LimbsPerPass;
+        } else {
+            if (!MultiplyAdd(x, LimbBase, *limbs)) {
+                return false;
+            }
+            limbs++;
+            count--;
+        }
+    }
+    return true;
+}
+
 bool MultiplyByPowerOfTen(GrowingInteger& x, uint64_t places) {
+    constexpr Limb zeros[LimbsPerPass] = {};
     if (x.length == 0) {
         return true;
     }
-    for (; places >= DigitsPerLimb; places -= DigitsPerLimb) {
-        if (!MultiplyAdd(x, LimbBase, 0)) {
+    while (places >= DigitsPerLimb) {
+        const int64_t count = places >= LimbsPerPass * DigitsPerLimb ? LimbsPerPass : 1;
+        if (!AppendLimbs(x, zeros, count)) {
             return false;
         }
+        places -= static_cast<uint64_t>(count * DigitsPerLimb);
     }
     return MultiplyAdd(x, PowerOfTen(static_cast<int64_t>(places)), 0);
 }

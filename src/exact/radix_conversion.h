@@ -32,6 +32,10 @@ struct GrowingInteger {
 /// x = x factor + addend, factor >= 1; false, with x then of no use, when that does not fit.
 bool MultiplyAdd(GrowingInteger& x, uint64_t factor, uint64_t addend);
 
+/// x = x 10^(19 count) + the integer in so many limbs, each below 10^19; false, with x then of no
+/// use, when that does not fit.
+bool AppendLimbs(GrowingInteger& x, const Limb* limbs, int64_t count);
+
 /// x = x 10^places; false, with x then of no use, when that does not fit. Any number of places is
 /// dealt with at once: 0 stays, and everything else soon does not fit.
 bool MultiplyByPowerOfTen(GrowingInteger& x, uint64_t places);
