@@ -31,16 +31,6 @@ uint64_t MultiplyAdd(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k)
     return carry;
 }
 
-uint64_t MultiplySubtract(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
-    uint64_t borrow = 0;
-    for (int64_t i = 0; i < n; i++) {
-        const Wide product = wide::Add(wide::Multiply(src[i], k), {0, borrow});
-        borrow = product.high + (dest[i] < product.low ? 1 : 0);
-        dest[i] -= product.low;
-    }
-    return borrow;
-}
-
 }  // namespace words_portable
 
 #ifdef TALLYMERE_CARRY_CHAINS
@@ -62,7 +52,6 @@ constexpr int64_t WordsPerBlock = 8;
 #define TALLYMERE_RUN_BLOCKS(WORD)                                                        \
     uint64_t low;                                                                         \
     uint64_t high;                                                                        \
-    uint64_t old;                                                                         \
     uint64_t zero;                                                                        \
     asm volatile(                                                                         \
         "xorl %k[zero], %k[zero]\n"                                                       \
@@ -80,7 +69,7 @@ constexpr int64_t WordsPerBlock = 8;
         "adcxq %[zero], %[carry]\n"                                                       \
         "adoxq %[zero], %[carry]\n"                                                       \
         : [carry] "+&r"(carry), [dest] "+&r"(dest), [src] "+&r"(src),                     \
-          [blocks] "+&c"(blocks), [low] "=&r"(low), [high] "=&r"(high), [old] "=&r"(old), \
+          [blocks] "+&c"(blocks), [low] "=&r"(low), [high] "=&r"(high),                   \
           [zero] "=&r"(zero)                                                              \
         : "d"(k)                                                                          \
         : "cc", "memory")
@@ -94,16 +83,6 @@ constexpr int64_t WordsPerBlock = 8;
     "mulxq " AT "(%[src]), %[low], %[" ABOVE "]\n"   \
     "adcxq " AT "(%[dest]), %[low]\n"                \
     "adoxq %[" BELOW "], %[low]\n"                   \
-    "movq %[low], " AT "(%[dest])\n"
-
-// With ~x = -1 - x, the difference is ~(~dest + src * k).
-#define TALLYMERE_MULTIPLY_SUBTRACT(AT, BELOW, ABOVE) \
-    "movq " AT "(%[dest]), %[old]\n"                  \
-    "mulxq " AT "(%[src]), %[low], %[" ABOVE "]\n"    \
-    "notq %[old]\n"                                   \
-    "adcxq %[old], %[low]\n"                          \
-    "adoxq %[" BELOW "], %[low]\n"                    \
-    "notq %[low]\n"                                   \
     "movq %[low], " AT "(%[dest])\n"
 // clang-format on
 
@@ -121,13 +100,6 @@ uint64_t MultiplyAddBlocks(uint64_t* dest, const uint64_t* src, int64_t blocks, 
     return carry;
 }
 
-uint64_t MultiplySubtractBlocks(uint64_t* dest, const uint64_t* src, int64_t blocks, uint64_t k,
-                                uint64_t carry) {
-    TALLYMERE_RUN_BLOCKS(TALLYMERE_MULTIPLY_SUBTRACT);
-    return carry;
-}
-
-#undef TALLYMERE_MULTIPLY_SUBTRACT
 #undef TALLYMERE_MULTIPLY_ADD
 #undef TALLYMERE_MULTIPLY
 #undef TALLYMERE_RUN_BLOCKS
@@ -159,13 +131,6 @@ uint64_t MultiplyAdd(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k)
     return few == n ? carry : MultiplyAddBlocks(dest + few, src + few, n / WordsPerBlock, k, carry);
 }
 
-uint64_t MultiplySubtract(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
-    const int64_t few = n % WordsPerBlock;
-    const uint64_t borrow = words_portable::MultiplySubtract(dest, src, few, k);
-    return few == n ? borrow
-                    : MultiplySubtractBlocks(dest + few, src + few, n / WordsPerBlock, k, borrow);
-}
-
 }  // namespace words_carry_chains
 
 namespace {
@@ -184,11 +149,6 @@ uint64_t MultiplyAddWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64
                           : words_portable::MultiplyAdd(dest, src, n, k);
 }
 
-uint64_t MultiplySubtractWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
-    return HasCarryChains ? words_carry_chains::MultiplySubtract(dest, src, n, k)
-                          : words_portable::MultiplySubtract(dest, src, n, k);
-}
-
 #else
 
 uint64_t MultiplyWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
@@ -197,10 +157,6 @@ uint64_t MultiplyWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t 
 
 uint64_t MultiplyAddWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
     return words_portable::MultiplyAdd(dest, src, n, k);
-}
-
-uint64_t MultiplySubtractWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
-    return words_portable::MultiplySubtract(dest, src, n, k);
 }
 
 #endif

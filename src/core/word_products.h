@@ -1,5 +1,5 @@
 // Arrays of 64-bit words times one word: the inner loops of products and divisions of exact
-// integers.
+// integers. A quotient's loop, which subtracts, is the one that adds on complements.
 //
 // Arrays hold n words, least significant first. Every loop exists in portable form in
 // `words_portable`. On x86-64 it exists in `words_carry_chains` as well, with two chains of carries
@@ -21,14 +21,9 @@ uint64_t MultiplyWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t 
 /// dest = dest + src * k; returns the word above the top one. dest may be src.
 uint64_t MultiplyAddWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k);
 
-/// dest = dest - src * k modulo 2^(64 n); returns what was borrowed from above, 0 to 2^64 - 1. dest
-/// may be src.
-uint64_t MultiplySubtractWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k);
-
 namespace words_portable {
 uint64_t Multiply(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k);
 uint64_t MultiplyAdd(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k);
-uint64_t MultiplySubtract(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k);
 }  // namespace words_portable
 
 #ifdef TALLYMERE_CARRY_CHAINS
@@ -37,7 +32,6 @@ namespace words_carry_chains {
 bool Supported();
 uint64_t Multiply(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k);
 uint64_t MultiplyAdd(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k);
-uint64_t MultiplySubtract(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k);
 }  // namespace words_carry_chains
 #endif
 
