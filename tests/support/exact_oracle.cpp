@@ -154,7 +154,7 @@ void FillFactors(RandomSource& random, uint64_t* a, uint64_t* b) {
 }
 
 int64_t RandomLength(RandomSource& random, int64_t most) {
-    return random.Below(4) == 0 ? random.Between(0, most)
+    return random.Below(8) == 0 ? random.Between(0, most)
                                 : random.Between(0, std::min<int64_t>(most, 8));
 }
 

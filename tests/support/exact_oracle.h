@@ -23,6 +23,8 @@ public:
     /// A BigUint of the width in force.
     explicit LimbsView(const uint64_t* a) : LimbsView(a, numberContext.uintLimbs) {}
     bool IsZero() const { return mpz_sgn(value_) == 0; }
+    /// The lowest limb.
+    uint64_t Low() const { return mpz_get_ui(value_); }
     operator mpz_srcptr() const { return value_; }
 
 private:
@@ -82,7 +84,8 @@ void FillUintPartner(RandomSource& random, uint64_t* dest, const uint64_t* a);
 /// Two values whose product just fits, or just does not, or that are as FillUint makes them.
 void FillFactors(RandomSource& random, uint64_t* a, uint64_t* b);
 
-/// A small or a random number of limbs from 0 to `most`, mostly short at large widths.
+/// A number of limbs up to `most`, and in seven of eight cases up to 8: for operations whose work
+/// at the full length forbids many sets.
 int64_t RandomLength(RandomSource& random, int64_t most);
 
 /// The operands of one operation: Count integers of the width in force and one word.
