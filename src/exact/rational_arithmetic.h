@@ -1,8 +1,12 @@
 // Sums, products, quotients of fractions.
 //
-// Products are made at twice the width and reduced there, so a result overflows only when it does
-// not fit in lowest terms. A failure gives +0/1 and code 203 unless another is stated; a code that
-// was noted before is kept.
+// Products are made at twice the width and reduced there, so a product, quotient or remainder
+// overflows only when it does not fit in lowest terms; sums have two more limits. A failure gives
+// +0/1 and code 203 unless another is stated; a code that was noted before is kept.
+//
+// Operands out of lowest terms, which only some powers leave, are taken for their value. Operations
+// by way of both products give lowest terms again; those by a word, the integer part, the fraction
+// and the reciprocal keep what factor they do not touch.
 #pragma once
 
 #include "exact/rational_number.h"
@@ -14,7 +18,9 @@ namespace tallymere {
 void ReduceFraction(uint64_t* numerator, uint64_t* denominator);
 
 /// dest = a + b, or a - b with `subtract`. A zero that comes of different signs has the sign of b
-/// (of -b with `subtract`). Code 200 when the result does not fit.
+/// (of -b with `subtract`). Code 200 when the result does not fit, and also when the sum of the
+/// numerators of equal denominators does not, or that of the cross products of others does not fit
+/// twice the width.
 void RationalAddSub(RationalNumber* dest, const RationalNumber* a, const RationalNumber* b,
                     bool subtract);
 
@@ -32,7 +38,8 @@ void RationalScaleSmall(RationalNumber* dest, const RationalNumber* a, uint64_t 
 void RationalDivSmall(RationalNumber* dest, const RationalNumber* a, uint64_t k);
 
 /// quotient = the integer |a / b| rounded down, remainder = |a| - quotient |b|, both with the sign
-/// of a / b. Either may be null; they must not be the same record. Code 202 for b = 0.
+/// of a / b. Either may be null; they must not be the same record. Code 202 for b = 0, 200 when one
+/// that is asked for does not fit; both are failed then.
 void RationalDivMod(RationalNumber* quotient, RationalNumber* remainder, const RationalNumber* a,
                     const RationalNumber* b);
 
@@ -59,7 +66,8 @@ enum RationalConversion : uint32_t {
     RationalIgnoresSign = 0x400000,  ///< a negative number gives its magnitude
 };
 
-/// *out = a as an unsigned 64-bit number; false and 0 when it is none by `flags`.
+/// *out = a as an unsigned 64-bit number; false and 0 when it is none by `flags`. A zero, also one
+/// that truncation leaves, is never negative.
 bool RationalToUnsigned(uint64_t* out, const RationalNumber* a, uint32_t flags);
 
 }  // namespace tallymere

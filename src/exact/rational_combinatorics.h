@@ -7,11 +7,13 @@
 
 namespace tallymere {
 
-/// dest = n! for a non-negative integer n. Code 200 when it does not fit.
+/// dest = n! for an integer n without a sign; a minus zero has one. Code 200 when it does not fit.
 void RationalFactorial(RationalNumber* dest, const RationalNumber* n);
 
 /// dest = n over k, or with `falling` n (n - 1) ... (n - k + 1), for any n and an integer k >= 0 of
-/// one limb. Asked to stop, code 207: polled once for each factor.
+/// one limb; for integers n >= 0 as BigUintBinomial. Zeros count as such whatever their signs.
+/// Code 200 when one of the products on the way does not fit. Asked to stop, code 207: polled once
+/// for each factor.
 void RationalBinomial(RationalNumber* dest, const RationalNumber* n, const RationalNumber* k,
                       bool falling);
 
