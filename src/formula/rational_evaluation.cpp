@@ -23,7 +23,8 @@ void Logarithm(RationalNumber* dest, uint64_t base, const RationalNumber* x) {
     RationalLog(dest, baseNumber, x);
 }
 
-// The sum is made from x, not from its integer part: users know the results that this gives.
+// The sum is made from x and not from its integer part. It stays so, as results that users have
+// noted down came from it.
 void Round(RationalNumber* dest, const RationalNumber* x) {
     ScratchStackScope scope;
     RationalNumber* fraction = TakeRational(scope);

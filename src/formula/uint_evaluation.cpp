@@ -16,8 +16,9 @@ namespace tallymere {
 
 namespace {
 
-// The one way of "frac" for both exact types takes its operand for a fraction. What stands behind
-// the words of an integer counts as 0, so its denominator is 0.
+// "frac" has no way of its own for integers: it takes the words for those of a fraction. What
+// stands behind them counts as 0, so the denominator is 0 and the function fails for every operand.
+// It stays so, as an integer has no fraction that a formula could be after.
 void FractionOfWords(uint64_t* dest, const uint64_t* x) {
     ScratchStackScope scope;
     uint64_t* words = scope.Take(RationalWords());
@@ -51,6 +52,8 @@ void UintApplyFunction1(FormulaEvaluator& evaluator, uint32_t functionId, uint64
             FractionOfWords(dest, x);
             break;
         case FunctionRound:
+            // An integer needs no rounding, and so little is done that dest is not even written.
+            // It stays so: whoever rounds integers learns from the result that it means nothing.
             break;
         case FunctionFact:
             BigUintFactorial(dest, x);

@@ -19,10 +19,6 @@ namespace tallymere {
 
 namespace {
 
-uint64_t Magnitude(int64_t k) {
-    return k < 0 ? 0 - static_cast<uint64_t>(k) : static_cast<uint64_t>(k);
-}
-
 int UintCompareInt(const uint64_t* a, int64_t k) {
     if (k < 0 || !BigUintFitsWord(a)) {
         return 1;
@@ -81,7 +77,7 @@ int ValueCompareSmall(const uint64_t* a, int64_t k) {
         case NumberTypeUint:
             return UintCompareInt(a, k);
         case NumberTypeRational:
-            return RationalCompareSmall(RationalAt(a), Magnitude(k), k < 0);
+            return RationalCompareSmall(RationalAt(a), IntegerMagnitude(k), k < 0);
         default:
             SetCalcError(CalcErrorUnknownType);
             return 1;
@@ -172,7 +168,7 @@ void ValueFromInteger(uint64_t* dest, int64_t k) {
             UintFromInt(dest, k);
             break;
         case NumberTypeRational:
-            RationalFromWord(RationalAt(dest), Magnitude(k), k < 0 ? 1 : 0);
+            RationalFromWord(RationalAt(dest), IntegerMagnitude(k), k < 0 ? 1 : 0);
             break;
         default:
             ValueSetUnavailable(dest);

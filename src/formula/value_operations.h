@@ -15,11 +15,12 @@ namespace tallymere {
 void ValueCopy(uint64_t* dest, const uint64_t* source);
 
 /// -1, 0 or 1 in the order of the type; ignoreSign compares magnitudes. 1 with code 102. Values of
-/// cplx that are not real have no order: as ComplexCompare, which see.
+/// cplx that are not real have no order: as ComplexCompare, which see. Integers ignore ignoreSign.
 int ValueCompare(const uint64_t* a, const uint64_t* b, bool ignoreSign);
 
 /// Compares with k: -1, 0 or 1; 1 with code 102. In real as RealCompareInt does, which looks at no
-/// more digits of k than stand in the first limb; a value of cplx that is not real gives 1.
+/// more digits of k than stand in the first limb; a value of cplx that is not real gives 1. Any
+/// integer is above a negative k.
 int ValueCompareSmall(const uint64_t* a, int64_t k);
 
 /// True for zero, in cplx when both parts are; false with code 102.
@@ -28,13 +29,13 @@ bool ValueIsZero(const uint64_t* a);
 /// dest = |source|, in cplx the modulus.
 void ValueAbs(uint64_t* dest, const uint64_t* source);
 
-/// dest = -source, also for a zero; in cplx both parts.
+/// dest = -source, also for a zero; in cplx both parts. uint does not have it.
 void ValueNegate(uint64_t* dest, const uint64_t* source);
 
-/// dest = source / k, rounded.
+/// dest = source / k, rounded, in rat exact; uint does not have it. 0/0 is 0 in rat.
 void ValueDivideSmall(uint64_t* dest, const uint64_t* source, uint64_t k);
 
-/// dest = k, rounded.
+/// dest = k, rounded. 0 and code 203 for a negative k in uint.
 void ValueFromInteger(uint64_t* dest, int64_t k);
 
 /// dest = k, rounded.

@@ -54,32 +54,70 @@ TEST_F(VariableRowsTest, TheResultTextHasItsSeparatorsAlready) {
 }
 
 // The figures stand in the log of the run.
-TEST_F(VariableRowsTest, AHundredLongestTextsFitWithTheDeepestFormulaAtTheHighestPrecision) {
-    ApplyPrecision(10'000);
-    const std::u16string value = u"0.5" + Repeat(u"+0.5", 200);
-    const std::u16string longest = value + Repeat(u" ", 88'661 - value.size());
-    for (int64_t i = 0; i < 100; i++) {
-        ASSERT_TRUE(AddVariable(i));
-        SetVariableValue(i, longest.c_str());
-    }
-    ApplySeparators(DecimalComma, ThousandsPoint);
-    // Every variable, then the deepest stack with a function in it that needs room of its own.
-    std::u16string formula = u"var00";
-    for (int64_t i = 1; i < 100; i++) {
-        formula += u"+var";
-        formula += static_cast<char16_t>(u'0' + i / 10);
-        formula += static_cast<char16_t>(u'0' + i % 10);
-    }
-    formula += u"+0*ans+" + Repeat(u"(", 45) + u"sin(pi)" + Repeat(u")", 45) + u"+0,5";
-    for (const NumberType type : {NumberTypeReal, NumberTypeComplex}) {
+class LongestVariableRowsTest : public VariableRowsTest {
+protected:
+    // 100 variables with the longest text, `value` and blanks; ans is `last` and blanks. Their sum,
+    // then a call of five entries on top of the deepest stack, all 50 of which are in use.
+    void Run(NumberType type, const std::u16string& value, const std::u16string& last,
+             const std::u16string& call, const std::u16string& expected) {
+        const std::u16string longest = value + Repeat(u" ", 88'661 - value.size());
+        std::u16string formula = u"0*ans";
+        for (int64_t i = 0; i < 100; i++) {
+            ASSERT_TRUE(AddVariable(i));
+            SetVariableValue(i, longest.c_str());
+            formula += u"+var";
+            formula += static_cast<char16_t>(u'0' + i / 10);
+            formula += static_cast<char16_t>(u'0' + i % 10);
+        }
+        formula += u"+" + Repeat(u"(", 43) + call + Repeat(u")", 43);
+        ApplySeparators(DecimalComma, ThousandsPoint);
         ApplyNumberType(type, 10);
-        std::fill_n(calculator.calcResultText, 88'661, u'1');
-        EXPECT_EQ(Show(formula), u"10050,5");
+        std::fill_n(calculator.calcResultText, 88'661, u' ');
+        last.copy(calculator.calcResultText, last.size());
+        EXPECT_EQ(Show(formula), expected)
+            << evaluation.error << " at " << evaluation.errorPosition;
+        EXPECT_EQ(numberContext.numberType, type);
         const int64_t bytes = CurrentScratchStack().highWaterWords * BytesPerWord;
         EXPECT_LE(bytes, ScratchStackBytes);
-        std::printf("ScratchStack at 10002 digits, 100 longest variables, %s: %d bytes\n",
-                    type == NumberTypeReal ? "real" : "cplx", static_cast<int>(bytes));
+        std::printf("ScratchStack with 100 longest variables, %s: %d bytes\n", TypeName(type),
+                    static_cast<int>(bytes));
     }
+
+private:
+    static const char* TypeName(NumberType type) {
+        switch (type) {
+            case NumberTypeReal:
+                return "real at 10002 digits";
+            case NumberTypeComplex:
+                return "cplx at 10002 digits";
+            case NumberTypeUint:
+                return "uint at 1039 limbs";
+            default:
+                return "rat at 520 limbs";
+        }
+    }
+};
+
+TEST_F(LongestVariableRowsTest, FitInRealWithTheDeepestFormula) {
+    ApplyPrecision(10'000);
+    Run(NumberTypeReal, u"0.5" + Repeat(u"+0.5", 200), Repeat(u"1", 88'661), u"sin(1*pi)",
+        u"10050");
+}
+
+TEST_F(LongestVariableRowsTest, FitInCplxWithTheDeepestFormula) {
+    ApplyPrecision(10'000);
+    Run(NumberTypeComplex, u"0.5" + Repeat(u"+0.5", 200), Repeat(u"1", 88'661), u"sin(1*pi)",
+        u"10050");
+}
+
+TEST_F(LongestVariableRowsTest, FitInUintWithTheDeepestFormula) {
+    Run(NumberTypeUint, u"5.0" + Repeat(u"+5.0", 200), u"0y" + Repeat(u"1", 66'496), u"gcd(6;4)",
+        u"100502");
+}
+
+TEST_F(LongestVariableRowsTest, FitInRatWithTheDeepestFormula) {
+    Run(NumberTypeRational, u"1.0/2" + Repeat(u"+1.0/2", 200),
+        Repeat(u"1", 10'000) + u"/" + Repeat(u"3", 10'000), u"round(7/3)", u"10052");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/scratch.h"
@@ -218,7 +219,13 @@ TEST_F(FormulaVariables, AllFitTheScratchStackAtTheLongestNumbers) {
         variables.emplace_back(name, std::u16string(49, u'(') + u"1" + std::u16string(49, u')'));
         sum += u"+" + name;
     }
-    EXPECT_EQ(Evaluate(sum + std::u16string(46, u')'), variables), Value("101"));
+    sum += std::u16string(46, u')');
+    EXPECT_EQ(Evaluate(sum, variables), Value("101"));
+    for (const auto& [type, digits] :
+         {std::pair{NumberTypeUint, 20'000}, std::pair{NumberTypeRational, 10'000}}) {
+        FormulaScope exact(type, UintLimbsForDigits(digits));
+        EXPECT_EQ(Evaluate(sum, variables), Exactly("101"));
+    }
 }
 
 }  // namespace
