@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Compares Tallymere's times with those of libmpdec and MPFR; bench/compare builds and calls this.
+"""Compares Tallymere's times with those of libmpdec, MPFR and GMP; bench/compare builds and calls it.
 
 usage: bench/compare [--markdown] [--rounds N] [--only WORK ...]
 
@@ -19,6 +19,9 @@ that the interpreter needs for the emptiest expression of the same shape. What t
 itself does around the operation stays in; it is at most the time of +x, which is printed. Ours and
 theirs are measured in turn, round by round; the ratio shown is the median of the rounds' ratios,
 with the least and the largest beside it. Slow work gets fewer repetitions and rounds.
+
+Exact integers are measured beside GMP, which is part of the benchmark program as well, and beside
+plain twins of our own methods where there are some.
 """
 
 import argparse
@@ -111,6 +114,30 @@ FACTORIAL_DIGITS = [20, 100, 1000]
 FORMULAS = {
     "formula-fractions": "(1/3+2.5)*(7-4/9)/1.1",
     "formula-polynomial": "((x-6)*x+11)*x-6+x*y with x = 2.718281828459 and y = 1/7",
+}
+
+
+@dataclass
+class ExactWork:
+    """One kind of work on exact integers; its sizes are limbs, for texts digits."""
+
+    title: str
+    sizes: list
+    targets: dict = field(default_factory=dict)  # size: the most that ours / GMP's may be
+    twin_target: float = None  # the least that twin / ours may be
+    twin: bool = False
+
+
+EXACT = {
+    "uint-product": ExactWork("product", [26, 65, 1039], {26: 1.5, 65: 2.0}, twin=True),
+    "uint-fitting-product": ExactWork("product that just fits", [26, 65, 1039]),
+    "uint-small-product": ExactWork("product with one limb", [26, 65, 1039]),
+    "uint-small-quotient": ExactWork("quotient by one limb", [26, 65, 1039]),
+    "uint-quotient": ExactWork("quotient by half as many limbs", [130, 1039]),
+    "uint-mod-power": ExactWork("modular power", [65]),
+    "uint-gcd": ExactWork("greatest common divisor", [520]),
+    "uint-read": ExactWork("reading decimal text", [20000]),
+    "uint-write": ExactWork("writing decimal text", [20000]),
 }
 LIMB_PRODUCT = "limb-product"
 LIMB_PRODUCT_TARGET = 3.5  # the least that twin / ours may be
@@ -265,6 +292,18 @@ def compare_with_twin(program, limbs, rounds):
     return Row(LIMB_PRODUCT, limbs, ours, twin, ratios, LIMB_PRODUCT_TARGET, at_least=True)
 
 
+def compare_with_gmp(program, name, size, rounds):
+    work = EXACT[name]
+    return Row(work.title, size, *compare_sides(program, name, ["ours", "gmp"], size, rounds),
+               work.targets.get(size))
+
+
+def compare_with_exact_twin(program, name, size, rounds):
+    work = EXACT[name]
+    twin, ours, ratios = compare_sides(program, name, ["twin", "ours"], size, rounds)
+    return Row(work.title, size, ours, twin, ratios, work.twin_target, at_least=True)
+
+
 def compare_factorials(program, digits, rounds):
     return Row(FACTORIAL, digits,
                *compare_sides(program, FACTORIAL, ["series", "product"], digits, rounds))
@@ -323,8 +362,8 @@ def main():
     parser.add_argument("program", help=argparse.SUPPRESS)
     parser.add_argument("--markdown", action="store_true", help=argparse.SUPPRESS)
     parser.add_argument("--rounds", type=int, default=7, help=argparse.SUPPRESS)
-    names = list(dict.fromkeys([work.name for work in WORKS] + list(FUNCTIONS) + list(FORMULAS)
-                               + [LIMB_PRODUCT, FACTORIAL]))
+    names = list(dict.fromkeys([work.name for work in WORKS] + list(FUNCTIONS) + list(EXACT)
+                               + list(FORMULAS) + [LIMB_PRODUCT, FACTORIAL]))
     parser.add_argument("--only", nargs="+", choices=names, default=names, help=argparse.SUPPRESS)
     options = parser.parse_args()
     if options.rounds < 1:
@@ -337,7 +376,7 @@ def main():
     markdown = options.markdown
     versions = program.output("--versions").split("\n")
     print(f"{processor()}; {versions[0]}; libmpdec {decimal.__libmpdec_version__} of Python "
-          f"{platform.python_version()}; {versions[1]}; {options.rounds} rounds; times in ns.")
+          f"{platform.python_version()}; {versions[1]}; {versions[2]}; {options.rounds} rounds; times in ns.")
     rows = []
 
     works = [work for work in WORKS if work.name in options.only]
@@ -366,6 +405,27 @@ def main():
                 rows.append(row)
                 table.add([row.title, f"{digits:,}", show_time(row.ours), show_time(row.theirs),
                            *ratio_cells(row, "≤")])
+
+    exact = [name for name in EXACT if name in options.only]
+    if exact:
+        print_heading("Exact integers beside GMP, and twin / ours", markdown)
+        table = Table(markdown, [("work", -31), ("size", 6), ("ours", 11), ("GMP", 11),
+                                 ("ratio", 6), ("least - largest", 15), ("target", 7), ("", -6),
+                                 ("twin", 13), ("ratio", 6), ("target", 7), ("", -6)])
+        for name in exact:
+            for size in EXACT[name].sizes:
+                row = compare_with_gmp(program, name, size, options.rounds)
+                rows.append(row)
+                cells = [row.title, f"{size:,}", show_time(row.ours), show_time(row.theirs),
+                         *ratio_cells(row, "≤")]
+                if EXACT[name].twin:
+                    row = compare_with_exact_twin(program, name, size, options.rounds)
+                    rows.append(row)
+                    ratio, _, target, verdict = ratio_cells(row, "≥")
+                    cells += [show_time(row.theirs), ratio, target, verdict]
+                else:
+                    cells += [""] * 4
+                table.add(cells)
 
     if FACTORIAL in options.only:
         print_heading("The factorial where its methods meet: the series beside the product",

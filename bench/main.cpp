@@ -1,5 +1,6 @@
 // The benchmark program: Google Benchmark's own options, and two that bench/compare needs.
 
+#include <gmp.h>
 #include <mpfr.h>
 
 #include <cstdio>
@@ -34,6 +35,7 @@ int PrintVersions() {
     std::printf("GCC %s\n", __VERSION__);
 #endif
     std::printf("MPFR %s\n", mpfr_get_version());
+    std::printf("GMP %s\n", gmp_version);
     return 0;
 }
 
@@ -57,6 +59,7 @@ int main(int argc, char** argv) {
     AddMpfrBenchmarks();
     AddFunctionBenchmarks();
     AddFactorialBenchmarks();
+    AddExactBenchmarks();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 2;

@@ -11,5 +11,6 @@ void AddLimbProductBenchmarks();
 void AddMpfrBenchmarks();
 void AddFunctionBenchmarks();
 void AddFactorialBenchmarks();
+void AddExactBenchmarks();
 
 }  // namespace tallymere::bench
