@@ -179,8 +179,11 @@ class OptionTest(ConsoleCase):
     def test_the_last_of_an_option_counts(self):
         self.check(["--digits", "3", "--digits", "5", "2/3"], b"", ["0.66667"])
 
-    def test_base_and_letters_do_not_matter_for_real_numbers(self):
-        self.check(["--base", "16", "--lower-hex", "255"], b"", ["255"])
+    def test_base_and_letters_matter_for_unsigned_integers_only(self):
+        for number_type in ("real", "cplx", "rat"):
+            self.check(["--type", number_type, "--base", "16", "--lower-hex", "255"], b"", ["255"])
+        self.check(["--type", "uint", "--base", "16", "--lower-hex", "255"], b"", ["0xff"])
+        self.check(["--type", "uint", "--base", "8", "--lower-hex", "255"], b"", ["0t377"])
 
     def test_variables(self):
         self.check(["--var", "x=1+1", "--var=y=3", "x*y", "y-x"], b"", ["6", "1"])
@@ -440,6 +443,15 @@ class InterruptTest(ConsoleCase):
                         [error_line(10210, 1)],
                         self.interrupt_running(["--digits", "10000", "--type", number_type],
                                                formula.encode() + b"\n1+1\n"))
+
+    def test_exact_numbers_can_be_stopped_too(self):
+        # A fraction gives up 0.5 at once; it is the attempt in real numbers that is stopped.
+        for number_type, formula in (("uint", b"powmod(3;10^20000-1;10^20000-3)"),
+                                     ("rat", b"0.5+fact(4000000)")):
+            with self.subTest(type=number_type):
+                arguments = ["--digits", "10000", "--type", number_type]
+                self.assertEqual([error_line(10210, 1)],
+                                 self.interrupt_running(arguments, formula + b"\n1+1\n"))
 
     def test_a_running_variable_fails(self):
         self.assertEqual([error_line(10212, 3)],
