@@ -7,6 +7,8 @@
 
 #include "core/complex_number.h"
 #include "core/scratch.h"
+#include "exact/big_uint.h"
+#include "exact/rational_number.h"
 #include "formula/formula_evaluation.h"
 #include "formula/value_operations.h"
 #include "support/formula_generator.h"
@@ -30,6 +32,11 @@ bool IsWellFormed(const uint64_t* value) {
         case NumberTypeComplex:
             return RealIsWellFormed(RealPart(ComplexAt(value))) &&
                    RealIsWellFormed(ImaginaryPart(ComplexAt(value)));
+        case NumberTypeRational: {
+            const RationalNumber* q = RationalAt(value);
+            return q->sign <= 1 && !BigUintIsZero(RationalDenominator(q)) &&
+                   (!RationalIsZero(q) || RationalIsInteger(q));
+        }
         default:
             return true;
     }
@@ -120,6 +127,7 @@ TEST_F(FormulaFuzz, AMillionMangledFormulasEndWithAValueOrAnError) {
         const int64_t precision = random.Between(1, 40);
         SetSeparators(random);
         FormulaScope scope(precision, types[block % 6]);
+        InstallUintWidth(UintWidthForLimbs(random.Between(1, 4)));
         const std::vector<std::u16string> seeds = MakeSeeds(random);
         for (int i = 0; i < FormulasPerSetting; i++) {
             std::u16string text = seeds[random.Below(seeds.size())];

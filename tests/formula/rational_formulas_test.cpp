@@ -172,7 +172,13 @@ TEST(LongestRationalFormulas, HaveValues) {
     EXPECT_EQ(Evaluate(u"(3^20000/2^33000)*(2^32999/3^19998)"), Exactly("9/2"));
     EXPECT_EQ(Evaluate(u"sqrt(10^10000)-10^5000"), Exactly("-0"));
     EXPECT_EQ(Evaluate(u"log10(1/10^10000)"), Exactly("-10000"));
-    EXPECT_EQ(Evaluate(u"round(7^11000/3)*3-7^11000").error, uint32_t{FormulaErrorNone});
+    EXPECT_EQ(Evaluate(u"round(10^9999/7)*7-10^9999"), Exactly("7")) << "1 more, for 6/7";
+    EXPECT_EQ(Evaluate(u"frac(-10^9999/7)*7"), Exactly("-6"));
+    EXPECT_EQ(Evaluate(u"((5^14000/3) mod (7^11000/2)*6) mod 7^5"), Exactly("14344"));
+    EXPECT_EQ(Evaluate(u"cbrt(8^3000/27^2000)*9^1000/2^3000"), Exactly("1"));
+    EXPECT_EQ(Evaluate(u"root(-5;3^20000/2^30000)*3^4000/2^6000"), Exactly("1"));
+    EXPECT_EQ(Evaluate(u"fact(3200)/fact(3199)"), Exactly("3200"));
+    EXPECT_EQ(Evaluate(u"fact(3300)"), Failure(10203, 10, 1));
     EXPECT_EQ(Evaluate(u"ncr(1/2;300)/ncr(1/2;299)"), Exactly("-199/200"));
 }
 

@@ -107,6 +107,8 @@ TEST_F(RationalOperators, RaiseTwoAndTenByTheirOwnRoutines) {
             EXPECT_EQ(Apply(OperatorPower, {base, exponent}), Fails(CalcErrorOverflow)) << exponent;
         }
         EXPECT_EQ(Apply(OperatorPower, {base, "1/2"}), Fails(CalcErrorUndefined));
+        EXPECT_EQ(Apply(OperatorPower, {base, "1/1024"}), Fails(CalcErrorUndefined))
+            << "1024 has a second and a tenth root, but these bases ask for none";
     }
 }
 

@@ -249,6 +249,14 @@ TEST(LongestUintFormulas, HaveValues) {
     EXPECT_EQ(Evaluate(u"sqrt(10^20000)-10^10000"), Exactly("0"));
     EXPECT_EQ(Evaluate(u"gcd(10^20000;6^7000)/2^7000"), Exactly("1"));
     EXPECT_EQ(Evaluate(u"ncr(66400;66398)"), Exactly("2204446800"));
+    EXPECT_EQ(Evaluate(u"powmod(10^20000-1;3;10^20000+2)+25-10^20000"), Exactly("0"));
+    EXPECT_EQ(Evaluate(u"fact(5900)/fact(5899)"), Exactly("5900"));
+    EXPECT_EQ(Evaluate(u"fact(6000)"), Failure(10203, 10, 1));
+    EXPECT_EQ(Evaluate(u"cbrt(10^19998)-10^6666"), Exactly("0"));
+    EXPECT_EQ(Evaluate(u"root(7;3^40000)/3^5714"), Rounded("1"));
+    EXPECT_EQ(Evaluate(u"logx(3;3^41000)"), Exactly("41000"));
+    EXPECT_EQ(Evaluate(u"lcm(10^10000;6^9999)*gcd(10^10000;6^9999)/10^10000/6^9999"), Exactly("1"));
+    EXPECT_EQ(Evaluate(u"frac(10^20000)"), Failure(10203, 14, 1));
     const std::u16string digits(20'000, u'9');
     EXPECT_EQ(Evaluate(digits + u"+1-10^20000"), Exactly("0"));
 }
