@@ -11,12 +11,13 @@ result, followed by a tab and "[ ]" when an exact number type lost a remainder,
 or "error CODE POSITION: MESSAGE". An empty line answers an empty line. "ans" is
 the last result as it was shown. Text is UTF-8.
 
-  --type real|cplx|uint|rat     number type (real)
+  --type real|cplx|uint|rat     number type (real); the first result that is
+                                no fraction turns rat into real
   --digits N                    precision, 1 to 10000 (10)
   --base 2|8|10|16              output base for uint (10)
   --lower-hex                   small letters in base 16
   --form auto|fixed|scientific|mixed
-                                notation of results (auto)
+                                notation of results (auto); mixed is for rat
   --group                       group digits in results
   --decimal point|comma         decimal separator (point)
   --thousands point|comma|apostrophe|narrow-space
