@@ -54,9 +54,7 @@ void RationalFromText(RationalNumber* dest, const char16_t* text, int64_t length
     CalcErrorScope codes;
     const NumberScanner stripped = MakeNumberScanner(text, length, flags, 10);
     ReadRational(dest, stripped.text, stripped.text + stripped.length, flags);
-    if (numberContext.calcError != CalcErrorNone) {
-        RationalSetFailed(dest);
-    }
+    RationalFailOnCode(dest);
 }
 
 int64_t RationalToText(char16_t* buffer, int64_t capacity, const RationalNumber* q,

@@ -126,6 +126,26 @@ TEST(MultiplyAdd, TakesAnyWords) {
     EXPECT_EQ(words[0], 9u);
 }
 
+// At every capacity around what is needed, also where zeros lead and where x is not 0 before.
+TEST(AppendLimbs, MultipliesAndAddsLimbByLimb) {
+    RandomSource random;
+    for (int round = 0; round < TestRounds(5'000); round++) {
+        Limbs limbs(1 + random.Below(30));
+        FillLimbs(random, limbs.data(), static_cast<int64_t>(limbs.size()));
+        std::fill_n(limbs.begin(), std::min<uint64_t>(random.Below(6), limbs.size()), Limb{0});
+        const Limbs head(limbs.begin(), limbs.begin() + random.Below(limbs.size() + 1));
+        for (int64_t capacity = 0; capacity <= static_cast<int64_t>(limbs.size()) + 1; capacity++) {
+            std::vector<uint64_t> words(static_cast<size_t>(capacity), 0);
+            GrowingInteger x = {words.data(), capacity, 0};
+            const bool fits = AppendLimbs(x, head.data(), static_cast<int64_t>(head.size())) &&
+                              AppendLimbs(x, limbs.data() + head.size(),
+                                          static_cast<int64_t>(limbs.size() - head.size()));
+            words.resize(fits ? static_cast<size_t>(x.length) : 0);
+            ASSERT_EQ(fits ? words : std::vector<uint64_t>{DoesNotFit}, WordsOf(limbs, capacity));
+        }
+    }
+}
+
 TEST(MultiplyByPowerOfTen, TakesAnyNumberOfPlaces) {
     uint64_t words[2] = {0, 0};
     GrowingInteger zero = {words, 2, 0};
@@ -136,6 +156,13 @@ TEST(MultiplyByPowerOfTen, TakesAnyNumberOfPlaces) {
         GrowingInteger x = {words, 2, 1};
         ASSERT_TRUE(MultiplyByPowerOfTen(x, places));
         ASSERT_EQ(UintText(words, x.length), "3" + std::string(places, '0'));
+    }
+    std::vector<uint64_t> wide(40);
+    for (uint64_t places = 0; places <= 700; places++) {
+        wide[0] = 7;
+        GrowingInteger x = {wide.data(), 40, 1};
+        ASSERT_TRUE(MultiplyByPowerOfTen(x, places));
+        ASSERT_EQ(UintText(wide.data(), x.length), "7" + std::string(places, '0'));
     }
     for (const uint64_t places : {uint64_t{39}, uint64_t{57}, uint64_t{1} << 40, ~uint64_t{0}}) {
         words[0] = 4;
