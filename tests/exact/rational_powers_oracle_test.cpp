@@ -333,7 +333,7 @@ void FillBinomial(RandomSource& random, RationalSet<2>& set) {
         mpz_set_ui(above, random.Below(100));
     }
     WriteRational(set[0], random.Below(2), above, below);
-    WriteRational(set[1], random.Below(16) == 0 ? 1 : 0, Integer(random.Below(20)),
+    WriteRational(set[1], random.Below(16) == 0 ? 1 : 0, Integer(random.Below(12)),
                   Integer(random.Below(16) == 0 ? 2 : 1));
     if (random.Below(32) == 0) {
         FillFraction(random, set[1]);
