@@ -28,7 +28,7 @@ void BigUintFromText(uint64_t* dest, const char16_t* text, int64_t length, uint3
 
 /// Appends the digits of a, grouped by 3 in base 10 and by 4 in others, or its scientific form, "+"
 /// before it with TextAlwaysSign. Another base, and the scientific form in a base other than 10,
-/// append "[P]" with code 100. Uses CoreScratch, about 4 words for each limb of a, for base 10.
+/// append "[P]" with code 100. Base 10 uses CoreScratch, about 6 words for each limb of a.
 void BigUintWrite(TextWriter& writer, const uint64_t* a, uint32_t flags);
 
 /// Writes a and returns the length, by the rules of NumberToText for buffer, capacity and

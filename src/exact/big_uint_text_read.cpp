@@ -57,19 +57,18 @@ int64_t IntegerPartLength(const NumberScanner& scanner, const NumberToken& token
     return length;
 }
 
-// x = x 10^k + the next k digits of the walk, where k is the digits left or `limit`, whichever is
-// less; false when that does not fit.
-bool AppendDigits(GrowingInteger& x, DigitWalk& walk, uint64_t limit, uint64_t* k) {
+// x = x 10^k + the next k digits of the walk, where k is the digits that are there or *limit,
+// whichever is less; *limit falls by k. False when that does not fit.
+bool AppendDigits(GrowingInteger& x, DigitWalk& walk, uint64_t* limit) {
     constexpr int64_t limbsAtOnce = 16;
-    *k = 0;
     for (;;) {
         Limb limbs[limbsAtOnce];
         int64_t count = 0;
         DigitRun run = {0, DigitsPerLimb};
         while (run.count == DigitsPerLimb && count < limbsAtOnce) {
-            const uint64_t wanted = std::min<uint64_t>(limit - *k, DigitsPerLimb);
+            const uint64_t wanted = std::min<uint64_t>(*limit, DigitsPerLimb);
             run = TakeDigits(walk, static_cast<int64_t>(wanted));
-            *k += static_cast<uint64_t>(run.count);
+            *limit -= static_cast<uint64_t>(run.count);
             if (run.count == DigitsPerLimb) {
                 limbs[count++] = run.value;
             }
@@ -84,7 +83,7 @@ bool AppendDigits(GrowingInteger& x, DigitWalk& walk, uint64_t limit, uint64_t* 
 }
 
 // x = x / 10^places, where x is a BigUint; false when that is no integer.
-bool DivideByPowersOfTen(uint64_t* x, uint64_t places) {
+bool DivideByPowerOfTen(uint64_t* x, uint64_t places) {
     if (BigUintIsZero(x)) {
         return true;
     }
@@ -102,34 +101,34 @@ bool DivideByPowersOfTen(uint64_t* x, uint64_t places) {
 
 CalcError ReadDecimal(uint64_t* dest, const NumberScanner& scanner, const WrittenInteger& number) {
     const NumberToken& token = number.token;
+    const WrittenExponent& exponent = number.exponent;
     const int64_t integerLength = IntegerPartLength(scanner, token);
-    const uint64_t places = number.exponent.magnitude;
-    const uint64_t digitsToMove = number.exponent.negative ? 0 : places;
-
-    GrowingInteger x = {dest, numberContext.uintLimbs, 0};
-    uint64_t count = 0;
     DigitWalk integer = MakeDigitWalk(scanner, token.start, integerLength);
-    if (!AppendDigits(x, integer, MaxWrittenExponent, &count)) {
-        return CalcErrorOverflow;
-    }
     DigitWalk fraction =
         MakeDigitWalk(scanner, token.start + integerLength, token.length - integerLength);
-    if (!AppendDigits(x, fraction, digitsToMove, &count)) {
+
+    GrowingInteger x = {dest, numberContext.uintLimbs, 0};
+    uint64_t noLimit = ~uint64_t{0};
+    uint64_t places = exponent.negative ? 0 : exponent.magnitude;
+    if (!AppendDigits(x, integer, &noLimit) || !AppendDigits(x, fraction, &places)) {
         return CalcErrorOverflow;
     }
     SkipLeadingZeros(fraction);
     if (MoveToDigit(fraction)) {
         return CalcErrorSyntax;
     }
-    if (!MultiplyByPowerOfTen(x, digitsToMove - count)) {
+    if (!MultiplyByPowerOfTen(x, places)) {
         return CalcErrorOverflow;
     }
     std::fill(dest + x.length, dest + numberContext.uintLimbs, uint64_t{0});
-    return number.exponent.negative && !DivideByPowersOfTen(dest, places) ? CalcErrorSyntax
-                                                                          : CalcErrorNone;
+    if (exponent.negative && !DivideByPowerOfTen(dest, exponent.magnitude)) {
+        return CalcErrorSyntax;
+    }
+    return CalcErrorNone;
 }
 
-// The digits of radix 2^bitsPerDigit from the last one on, each put where its bits belong.
+// In base 2, 8 and 16: from the last digit on, each is put where its bits belong. What is no digit
+// separates groups.
 CalcError ReadBits(uint64_t* dest, const NumberScanner& scanner, const NumberToken& token) {
     const int bitsPerDigit = BitsPerDigit(scanner.radix);
     const int64_t width = BitsPerUintLimb * numberContext.uintLimbs;

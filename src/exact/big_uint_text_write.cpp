@@ -47,33 +47,25 @@ void WriteBits(TextWriter& writer, const uint64_t* a, int bitsPerDigit, uint32_t
     }
 }
 
-// The decimal digits of a, without leading zeros, in a block that ends at `end` with room for all
-// limbs of a; returns how many.
-int64_t StageDigits(char16_t* end, const uint64_t* a, int64_t length) {
-    CoreScratchScope scratch;
-    const int64_t area = MaxDecimalLimbs(length);
-    Limb* limbs = scratch.Take(area) + area;
-    const int64_t count = WordsToDecimalLimbs(limbs, a, length);
-    char16_t* digits = end - DigitsPerLimb * count;
-    for (int64_t i = 0; i < count; i++) {
-        WriteLimbDigits(digits + DigitsPerLimb * i, limbs[i - count]);
-    }
-    return count == 0 ? 0 : DigitsPerLimb * (count - 1) + DigitCount(limbs[-count]);
-}
-
 void WriteDecimal(TextWriter& writer, const uint64_t* a, uint32_t flags) {
     const int64_t length = std::max<int64_t>(BigUintLength(a), 1);
-    const int64_t area = DigitsPerLimb * MaxDecimalLimbs(length);
+    const int64_t area = MaxDecimalLimbs(length);
     CoreScratchScope scratch;
-    char16_t* end = reinterpret_cast<char16_t*>(
-                        scratch.Take((area + CharactersPerWord - 1) / CharactersPerWord)) +
-                    area;
-    int64_t count = StageDigits(end, a, length);
-    if (count == 0) {
-        end[-1] = u'0';
-        count = 1;
+    Limb* end = scratch.Take(area) + area;
+    int64_t limbs = WordsToDecimalLimbs(end, a, length);
+    if (limbs == 0) {
+        limbs = 1;
+        end[-1] = 0;
     }
-    const char16_t* digits = end - count;
+    const int64_t characters = DigitsPerLimb * limbs;
+    auto* staged = reinterpret_cast<char16_t*>(
+        scratch.Take((characters + CharactersPerWord - 1) / CharactersPerWord));
+    for (int64_t i = 0; i < limbs; i++) {
+        WriteLimbDigits(staged + DigitsPerLimb * i, end[i - limbs]);
+    }
+    const int64_t leadingZeros = DigitsPerLimb - std::max<int64_t>(DigitCount(end[-limbs]), 1);
+    const char16_t* digits = staged + leadingZeros;
+    const int64_t count = characters - leadingZeros;
     if ((flags & TextScientific) == 0) {
         WriteInteger(writer, digits, count, count, (flags & TextGroup) != 0 ? DecimalGroup : 0,
                      WrittenGroupSeparator(flags));
