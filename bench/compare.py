@@ -124,8 +124,8 @@ class ExactWork:
     title: str
     sizes: list
     targets: dict = field(default_factory=dict)  # size: the most that ours / GMP's may be
-    twin_target: float = None  # the least that twin / ours may be
     twin: bool = False
+    twin_target: float = None  # the least that twin / ours may be
 
 
 EXACT = {
@@ -136,8 +136,8 @@ EXACT = {
     "uint-quotient": ExactWork("quotient by half as many limbs", [130, 1039]),
     "uint-mod-power": ExactWork("modular power", [65]),
     "uint-gcd": ExactWork("greatest common divisor", [520]),
-    "uint-read": ExactWork("reading decimal text", [20000]),
-    "uint-write": ExactWork("writing decimal text", [20000]),
+    "uint-read": ExactWork("reading decimal text", [20000], twin=True, twin_target=2.0),
+    "uint-write": ExactWork("writing decimal text", [20000], twin=True, twin_target=2.0),
 }
 LIMB_PRODUCT = "limb-product"
 LIMB_PRODUCT_TARGET = 3.5  # the least that twin / ours may be

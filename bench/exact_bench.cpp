@@ -16,6 +16,7 @@
 #include "exact/big_uint_multiply.h"
 #include "exact/big_uint_text.h"
 #include "reference/uint_multiply_twins.h"
+#include "reference/uint_text_twins.h"
 
 namespace tallymere::bench {
 
@@ -218,16 +219,27 @@ std::vector<std::string> RandomTexts(int64_t digits) {
     return texts;
 }
 
-void ReadOurs(benchmark::State& state, int64_t digits) {
+// Calls read(dest, text) for each of them.
+template <typename Reader>
+void MeasureReading(benchmark::State& state, int64_t digits, const Reader& read) {
     SetUintDigits(digits);
     std::vector<std::u16string> texts;
     for (const std::string& text : RandomTexts(digits)) {
         texts.push_back(Widen(text));
     }
     Words room(static_cast<size_t>(numberContext.uintLimbs));
-    GoRound(state, texts.size(), [&](size_t i) {
-        BigUintFromText(room.data(), texts[i].data(), static_cast<int64_t>(texts[i].size()),
-                        TextNeutral);
+    GoRound(state, texts.size(), [&](size_t i) { read(room.data(), texts[i]); });
+}
+
+void ReadOurs(benchmark::State& state, int64_t digits) {
+    MeasureReading(state, digits, [](uint64_t* dest, const std::u16string& text) {
+        BigUintFromText(dest, text.data(), static_cast<int64_t>(text.size()), TextNeutral);
+    });
+}
+
+void ReadTwin(benchmark::State& state, int64_t digits) {
+    MeasureReading(state, digits, [](uint64_t* dest, const std::u16string& text) {
+        reference::TwinUintFromText(dest, text, TextNeutral);
     });
 }
 
@@ -237,8 +249,9 @@ void ReadGmp(benchmark::State& state, int64_t digits) {
     GoRound(state, texts.size(), [&](size_t i) { mpz_set_str(dest.Get(), texts[i].c_str(), 10); });
 }
 
-void WriteOurs(benchmark::State& state, int64_t digits) {
-    SetUintDigits(digits);
+// Calls write(value) for the value of each of them.
+template <typename Writer>
+void MeasureWriting(benchmark::State& state, int64_t digits, const Writer& write) {
     std::vector<Words> values;
     for (const std::string& text : RandomTexts(digits)) {
         const std::u16string wide = Widen(text);
@@ -246,10 +259,22 @@ void WriteOurs(benchmark::State& state, int64_t digits) {
         BigUintFromText(values.back().data(), wide.data(), static_cast<int64_t>(wide.size()),
                         TextNeutral);
     }
+    GoRound(state, values.size(), [&](size_t i) { write(values[i].data()); });
+}
+
+void WriteOurs(benchmark::State& state, int64_t digits) {
+    SetUintDigits(digits);
     const int64_t capacity = BigUintTextLength(TextNeutral);
     std::u16string buffer(static_cast<size_t>(capacity) + 1, u' ');
-    GoRound(state, values.size(), [&](size_t i) {
-        BigUintToText(buffer.data(), capacity, values[i].data(), TextNeutral);
+    MeasureWriting(state, digits, [&](const uint64_t* a) {
+        BigUintToText(buffer.data(), capacity, a, TextNeutral);
+    });
+}
+
+void WriteTwin(benchmark::State& state, int64_t digits) {
+    SetUintDigits(digits);
+    MeasureWriting(state, digits, [](const uint64_t* a) {
+        benchmark::DoNotOptimize(reference::TwinUintText(a, TextNeutral));
     });
 }
 
@@ -294,8 +319,8 @@ void AddExactBenchmarks() {
         {"uint-quotient", {130, 1039}, QuotientOurs, QuotientGmp, nullptr},
         {"uint-mod-power", {65}, ModPowerOurs, ModPowerGmp, nullptr},
         {"uint-gcd", {520}, GcdOurs, GcdGmp, nullptr},
-        {"uint-read", {20'000}, ReadOurs, ReadGmp, nullptr},
-        {"uint-write", {20'000}, WriteOurs, WriteGmp, nullptr},
+        {"uint-read", {20'000}, ReadOurs, ReadGmp, ReadTwin},
+        {"uint-write", {20'000}, WriteOurs, WriteGmp, WriteTwin},
     };
     for (const ExactWork& work : works) {
         Add(work, "ours", work.ours);
