@@ -119,24 +119,34 @@ constexpr LimbQuotient DivideByPowerOfTen(uint64_t v, int64_t k) {
     return k == 0 ? LimbQuotient{v, 0} : PowerOfTenDivider(k).Divide(v);
 }
 
-/// A 128-bit value divided by LimbBase. Needs value.high < LimbBase, so that the quotient fits.
-/// Method: division by invariant integers (Moller and Granlund, "Improved division by invariant
-/// integers", algorithm 4), exact with one wide and one narrow product.
-constexpr LimbQuotient DivideByLimbBase(Wide value) {
-    // floor((2^128 - 1) / LimbBase) - 2^64.
-    constexpr uint64_t reciprocal = wide::Divide({~LimbBase, ~uint64_t{0}}, LimbBase);
+/// floor((2^128 - 1) / d) - 2^64 for a d with its highest bit set.
+constexpr uint64_t WordReciprocal(uint64_t d) {
+    return wide::Divide({~d, ~uint64_t{0}}, d);
+}
+
+/// A 128-bit value divided by a d with its highest bit set, for value.high < d, so that the
+/// quotient fits; `reciprocal` is WordReciprocal(d). Method: division by invariant integers (Moller
+/// and Granlund, "Improved division by invariant integers", algorithm 4), exact with one wide and
+/// one narrow product.
+constexpr LimbQuotient DivideByWord(Wide value, uint64_t d, uint64_t reciprocal) {
     const Wide estimate = wide::Add(wide::Multiply(reciprocal, value.high), value);
     uint64_t quotient = estimate.high + 1;
-    uint64_t remainder = value.low - quotient * LimbBase;
+    uint64_t remainder = value.low - quotient * d;
     // Needed in a good part of all cases, and unpredictable: better without a branch.
     const uint64_t tooLarge = remainder > estimate.low ? ~uint64_t{0} : 0;
     quotient += tooLarge;
-    remainder += tooLarge & LimbBase;
-    if (remainder >= LimbBase) [[unlikely]] {
+    remainder += tooLarge & d;
+    if (remainder >= d) [[unlikely]] {
         quotient++;
-        remainder -= LimbBase;
+        remainder -= d;
     }
     return {quotient, remainder};
+}
+
+/// A 128-bit value divided by LimbBase, for value.high < LimbBase.
+constexpr LimbQuotient DivideByLimbBase(Wide value) {
+    constexpr uint64_t reciprocal = WordReciprocal(LimbBase);
+    return DivideByWord(value, LimbBase, reciprocal);
 }
 
 /// x * y + c + w split by LimbBase: the remainder is the new limb, the quotient the next carry.

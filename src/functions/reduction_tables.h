@@ -8,7 +8,7 @@
 
 #include <array>
 
-#include "core/real_divide.h"
+#include "core/word_division.h"
 #include "functions/stored_constants.h"
 
 namespace tallymere {
