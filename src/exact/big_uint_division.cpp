@@ -1,5 +1,7 @@
 #include "exact/big_uint_division.h"
 
+#include <algorithm>
+
 #include "core/number_context.h"
 #include "core/scratch.h"
 #include "exact/big_uint.h"
@@ -9,10 +11,17 @@ namespace tallymere {
 
 namespace {
 
+// Clears the limbs from `index` up.
 void ClearFrom(uint64_t* dest, int64_t index) {
-    for (int64_t i = index; i < numberContext.uintLimbs; i++) {
-        dest[i] = 0;
-    }
+    std::fill(dest + index, dest + numberContext.uintLimbs, uint64_t{0});
+}
+
+// WordReciprocal of d moved left to a full word, from DivisorReciprocal(d); d no power of two. That
+// is floor(2^127 / d) for the moved d, which leaves the last bit open.
+uint64_t RefineReciprocal(uint64_t d, uint64_t reciprocal) {
+    const uint64_t refined = 2 * reciprocal;
+    const Wide product = wide::Add(wide::Multiply(refined, d), {d, 0});
+    return refined + (AtLeast({0, d}, wide::Subtract({0, 0}, product)) ? 0 : 1);
 }
 
 }  // namespace
@@ -46,7 +55,7 @@ void BigUintDivide(uint64_t* quotient, uint64_t* remainder, const uint64_t* a, c
         ClearFrom(quotient, la + 1 - lb);
     }
     if (remainder != nullptr) {
-        LimbsMoveRight(remainder, rest, lb, divisor.shift, 0);
+        LimbsMoveRight(remainder, rest, lb, divisor.shift);
         ClearFrom(remainder, lb);
     }
 }
@@ -59,28 +68,45 @@ bool BigUintDivideExact(uint64_t* quotient, const uint64_t* a, const uint64_t* b
 }
 
 void BigUintDivideSmall(uint64_t* quotient, uint64_t* remainder, const uint64_t* a, uint64_t d,
-                        [[maybe_unused]] uint64_t reciprocal) {
+                        uint64_t reciprocal) {
+    const int64_t n = BigUintLength(a);
     uint64_t rest = 0;
     if (d == 0) {
         SetCalcError(CalcErrorExactDivisionByZero);
         if (quotient != nullptr) {
             BigUintClear(quotient);
         }
+    } else if ((d & (d - 1)) == 0) {
+        rest = a[0] & (d - 1);
+        if (quotient != nullptr) {
+            BigUintShiftRight(quotient, a, HighestBit(d));
+        }
+    } else if (n == 0) {
+        if (quotient != nullptr) {
+            BigUintClear(quotient);
+        }
     } else {
         const int shift = 63 - HighestBit(d);
-        const uint64_t top = d << shift;
-        const uint64_t inverse = WordReciprocal(top);
-        const int64_t n = numberContext.uintLimbs;
+        const uint64_t divisor = d << shift;
+        const uint64_t inverse =
+            RefineReciprocal(divisor, reciprocal != 0 ? reciprocal : DivisorReciprocal(d));
+        // a is moved left with d on the way, in two steps as no limb moves by 64 bits at once.
+        const auto fromBelow = [shift](uint64_t limb) { return (limb >> 1) >> (63 - shift); };
+        uint64_t limb = a[n - 1];
+        rest = fromBelow(limb);
         for (int64_t i = n - 1; i >= 0; i--) {
-            // The remainder so far and the limb, moved left with the divisor.
-            const Wide value = shift == 0
-                                   ? Wide{rest, a[i]}
-                                   : Wide{(rest << shift) | (a[i] >> (64 - shift)), a[i] << shift};
-            const LimbQuotient parts = DivideByWord(value, top, inverse);
-            rest = parts.remainder >> shift;
+            const uint64_t below = i > 0 ? a[i - 1] : 0;
+            const LimbQuotient parts =
+                DivideByWord({rest, (limb << shift) | fromBelow(below)}, divisor, inverse);
+            rest = parts.remainder;
+            limb = below;
             if (quotient != nullptr) {
                 quotient[i] = parts.quotient;
             }
+        }
+        rest >>= shift;
+        if (quotient != nullptr) {
+            ClearFrom(quotient, n);
         }
     }
     if (remainder != nullptr) {

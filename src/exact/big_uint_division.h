@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "core/word_division.h"
+
 namespace tallymere {
 
 /// quotient = floor(a / b), remainder = a mod b. Either may be null; they must not be the same
@@ -11,10 +13,6 @@ void BigUintDivide(uint64_t* quotient, uint64_t* remainder, const uint64_t* a, c
 
 /// quotient = floor(a / b); returns true when b divides a.
 bool BigUintDivideExact(uint64_t* quotient, const uint64_t* a, const uint64_t* b);
-
-/// floor(2^(64 + k) / d) modulo 2^64, with k the index of the highest bit of d >= 1; for a power of
-/// two the marker 2^63. From a table for d up to 2,000, else by one long division.
-uint64_t DivisorReciprocal(uint64_t d);
 
 /// quotient = floor(a / d), *remainder = a mod d; either may be null. `reciprocal` is
 /// DivisorReciprocal(d), or 0 to have it looked up.

@@ -1,95 +1,128 @@
 #include "exact/limb_division.h"
 
+#include "core/word_products.h"
+
 namespace tallymere {
 
 namespace {
 
-// r += b over n limbs, the carry out of them being of no interest.
-void AddBack(uint64_t* r, const uint64_t* b, int64_t n) {
-    uint64_t carry = 0;
+// Shorter rows of products are not worth a call.
+constexpr int64_t LongRow = 6;
+
+void Complement(uint64_t* limbs, int64_t n) {
     for (int64_t i = 0; i < n; i++) {
-        const Wide sum = wide::Add(wide::Add({0, r[i]}, {0, b[i]}), {0, carry});
-        r[i] = sum.low;
-        carry = sum.high;
+        limbs[i] = ~limbs[i];
     }
 }
 
-}  // namespace
-
-uint64_t LimbsMoveLeft(uint64_t* dest, const uint64_t* src, int64_t n, int shift) {
-    if (shift == 0) {
-        for (int64_t i = n - 1; i >= 0; i--) {
-            dest[i] = src[i];
-        }
-        return 0;
-    }
-    uint64_t limb = n == 0 ? 0 : src[n - 1];
-    const uint64_t out = limb >> (64 - shift);
-    for (int64_t i = n - 1; i > 0; i--) {
-        const uint64_t below = src[i - 1];
-        dest[i] = (limb << shift) | (below >> (64 - shift));
-        limb = below;
-    }
-    if (n != 0) {
-        dest[0] = limb << shift;
-    }
-    return out;
-}
-
-void LimbsMoveRight(uint64_t* dest, const uint64_t* src, int64_t n, int shift, uint64_t above) {
-    if (shift == 0) {
-        for (int64_t i = 0; i < n; i++) {
-            dest[i] = src[i];
-        }
-        return;
-    }
-    for (int64_t i = 0; i < n; i++) {
-        const uint64_t next = i + 1 < n ? src[i + 1] : above;
-        dest[i] = (src[i] >> shift) | (next << (64 - shift));
-    }
-}
-
-uint64_t LimbsSubtractProduct(uint64_t* r, const uint64_t* b, int64_t n, uint64_t k) {
+// r -= b over n limbs; returns what is borrowed from above, 0 or 1.
+uint64_t SubtractRow(uint64_t* r, const uint64_t* b, int64_t n) {
     uint64_t borrow = 0;
     for (int64_t i = 0; i < n; i++) {
-        const Wide product = wide::Add(wide::Multiply(b[i], k), {0, borrow});
-        borrow = product.high + (r[i] < product.low ? 1 : 0);
-        r[i] -= product.low;
+        const Wide difference = wide::Subtract(wide::Subtract({0, r[i]}, {0, b[i]}), {0, borrow});
+        r[i] = difference.low;
+        borrow = difference.high & 1;
     }
     return borrow;
 }
 
-LimbDivisor PrepareDivisor(uint64_t* store, const uint64_t* b, int64_t n) {
-    const int shift = 63 - HighestBit(b[n - 1]);
-    LimbsMoveLeft(store, b, n, shift);
-    return {store, n, shift, WideReciprocal({store[n - 1], store[n - 2]})};
+void DivideByOneLimb(uint64_t* quotient, uint64_t* r, int64_t m, const LimbDivisor& divisor) {
+    uint64_t remainder = r[m];
+    for (int64_t j = m - 1; j >= 0; j--) {
+        const LimbQuotient parts =
+            DivideByWord({remainder, r[j]}, divisor.limbs[0], divisor.reciprocal);
+        remainder = parts.remainder;
+        if (quotient != nullptr) {
+            quotient[j] = parts.quotient;
+        }
+    }
+    r[0] = remainder;
 }
 
-void LimbsDivide(uint64_t* quotient, uint64_t* r, int64_t m, const LimbDivisor& divisor) {
-    const int64_t n = divisor.count;
+// r += k b over n limbs; returns the limb above.
+uint64_t AddProduct(uint64_t* r, const uint64_t* b, int64_t n, uint64_t k) {
+    if (n >= LongRow) {
+        return MultiplyAddWords(r, b, n, k);
+    }
+    uint64_t carry = 0;
+    for (int64_t i = 0; i < n; i++) {
+        const Wide sum = wide::Add(wide::Add(wide::Multiply(b[i], k), {0, r[i]}), {0, carry});
+        r[i] = sum.low;
+        carry = sum.high;
+    }
+    return carry;
+}
+
+// For a divisor of at least two limbs. The highest two limbs of what remains are held in `high`, of
+// those below the complements in r: with ~x = -1 - x, taking a product off is adding it there,
+// which is the faster loop. Method: Knuth, "The Art of Computer Programming" 2, 4.3.1, algorithm D;
+// with the estimate taken from three limbs by two it is at most one too large.
+void DivideByRows(uint64_t* quotient, uint64_t* r, int64_t m, const LimbDivisor& divisor) {
+    const int64_t lower = divisor.count - 2;
     const uint64_t* b = divisor.limbs;
-    const Wide top = {b[n - 1], b[n - 2]};
+    const Wide top = {b[lower + 1], b[lower]};
+    Wide high = {r[m + lower + 1], r[m + lower]};
+    Complement(r, m + lower);
     for (int64_t j = m - 1; j >= 0; j--) {
-        uint64_t* part = r + j;
-        const Wide high = {part[n], part[n - 1]};
+        uint64_t* row = r + j;
+        const uint64_t limb = ~row[lower];
         uint64_t digit = ~uint64_t{0};
         if (AtLeast(high, top)) [[unlikely]] {
-            LimbsSubtractProduct(part, b, n, digit);
+            const uint64_t borrow = AddProduct(row, b, lower, digit);
+            high = wide::Subtract(wide::Add(top, {0, limb}), {0, borrow});
         } else {
-            const WideQuotient estimate = DivideByWide(high, part[n - 2], top, divisor.reciprocal);
+            const WideQuotient estimate = DivideByWide(high, limb, top, divisor.reciprocal);
             digit = estimate.quotient;
-            const uint64_t borrow = LimbsSubtractProduct(part, b, n - 2, digit);
-            const Wide rest = wide::Subtract(estimate.remainder, {0, borrow});
-            part[n - 2] = rest.low;
-            part[n - 1] = rest.high;
-            if (!AtLeast(estimate.remainder, {0, borrow})) [[unlikely]] {
-                AddBack(part, b, n);
+            const Wide borrow = {0, AddProduct(row, b, lower, digit)};
+            high = wide::Subtract(estimate.remainder, borrow);
+            if (!AtLeast(estimate.remainder, borrow)) [[unlikely]] {
                 digit--;
+                high = wide::Add(wide::Add(high, top), {0, SubtractRow(row, b, lower)});
             }
         }
         if (quotient != nullptr) {
             quotient[j] = digit;
         }
+    }
+    Complement(r, lower);
+    r[lower] = high.low;
+    r[lower + 1] = high.high;
+}
+
+}  // namespace
+
+uint64_t LimbsMoveLeft(uint64_t* dest, const uint64_t* src, int64_t n, int shift) {
+    // In two steps, since no limb moves by 64 bits at once.
+    const auto fromBelow = [shift](uint64_t limb) { return (limb >> 1) >> (63 - shift); };
+    const uint64_t out = fromBelow(src[n - 1]);
+    for (int64_t i = n - 1; i > 0; i--) {
+        dest[i] = (src[i] << shift) | fromBelow(src[i - 1]);
+    }
+    dest[0] = src[0] << shift;
+    return out;
+}
+
+void LimbsMoveRight(uint64_t* dest, const uint64_t* src, int64_t n, int shift) {
+    const auto fromAbove = [shift](uint64_t limb) { return (limb << 1) << (63 - shift); };
+    for (int64_t i = 0; i + 1 < n; i++) {
+        dest[i] = (src[i] >> shift) | fromAbove(src[i + 1]);
+    }
+    dest[n - 1] = src[n - 1] >> shift;
+}
+
+LimbDivisor PrepareDivisor(uint64_t* store, const uint64_t* b, int64_t n) {
+    const int shift = 63 - HighestBit(b[n - 1]);
+    LimbsMoveLeft(store, b, n, shift);
+    const uint64_t reciprocal =
+        n == 1 ? WordReciprocal(store[0]) : WideReciprocal({store[n - 1], store[n - 2]});
+    return {store, n, shift, reciprocal};
+}
+
+void LimbsDivide(uint64_t* quotient, uint64_t* r, int64_t m, const LimbDivisor& divisor) {
+    if (divisor.count == 1) {
+        DivideByOneLimb(quotient, r, m, divisor);
+    } else {
+        DivideByRows(quotient, r, m, divisor);
     }
 }
 
