@@ -1,14 +1,76 @@
 #include "exact/big_uint_gcd.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "core/number_context.h"
 #include "core/scratch.h"
 #include "exact/big_uint.h"
 #include "exact/big_uint_division.h"
 #include "exact/big_uint_multiply.h"
+#include "exact/lehmer_step.h"
+#include "exact/limb_division.h"
 
 namespace tallymere {
 
 namespace {
+
+// Limbs without leading zeros.
+struct Operand {
+    uint64_t* limbs;
+    int64_t count;
+
+    void Trim() {
+        while (count > 0 && limbs[count - 1] == 0) {
+            count--;
+        }
+    }
+};
+
+// x and y, x >= y > 0, become y and x mod y.
+void EuclidStep(Operand& x, Operand& y) {
+    CoreScratchScope scratch;
+    const LimbDivisor divisor = PrepareDivisor(scratch.Take(y.count), y.limbs, y.count);
+    uint64_t* rest = scratch.Take(x.count + 1);
+    rest[x.count] = LimbsMoveLeft(rest, x.limbs, x.count, divisor.shift);
+    LimbsDivide(nullptr, rest, x.count + 1 - y.count, divisor);
+    LimbsMoveRight(x.limbs, rest, y.count, divisor.shift);
+    x.count = y.count;
+    x.Trim();
+    std::swap(x, y);
+}
+
+// The three highest limbs of x, or what it has of them with zeros below, from `limbs` limbs up.
+LeadingLimbs Leading(const Operand& x, int64_t limbs) {
+    const auto limb = [&](int64_t i) { return i >= 0 && i < x.count ? x.limbs[i] : 0; };
+    return {limb(limbs - 1), limb(limbs - 2), limb(limbs - 3)};
+}
+
+// Many steps of Euclid at once, for x >= y > 0; false where the leading limbs do not tell even one.
+bool LehmerStep(Operand& x, Operand& y) {
+    const int64_t n = x.count;
+    LehmerFactors factors;
+    if (!FindLehmerFactors(factors, Leading(x, n), Leading(y, n))) {
+        return false;
+    }
+    std::fill(y.limbs + y.count, y.limbs + n, uint64_t{0});
+    ApplyLehmerFactors(x.limbs, y.limbs, n, factors);
+    x.count = n;
+    y.count = n;
+    x.Trim();
+    y.Trim();
+    if (factors.swaps) {
+        std::swap(x, y);
+    }
+    return true;
+}
+
+uint64_t WordGreatestDivisor(uint64_t x, uint64_t y) {
+    while (y != 0) {
+        x = std::exchange(y, x % y);
+    }
+    return x;
+}
 
 // True, with dest cleared and a code noted, when one of the two is 0.
 bool RefuseZero(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
@@ -23,19 +85,31 @@ bool RefuseZero(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
 }  // namespace
 
 void BigUintGreatestDivisor(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
-    const int64_t n = numberContext.uintLimbs;
+    const int64_t width = numberContext.uintLimbs;
     CoreScratchScope scratch;
-    uint64_t* x = scratch.Take(n);
-    uint64_t* y = scratch.Take(n);
-    BigUintCopy(x, a);
-    BigUintCopy(y, b);
-    while (!BigUintIsZero(y)) {
-        BigUintDivide(nullptr, x, x, y);
-        uint64_t* const larger = y;
-        y = x;
-        x = larger;
+    Operand x = {scratch.Take(width), width};
+    Operand y = {scratch.Take(width), width};
+    BigUintCopy(x.limbs, a);
+    BigUintCopy(y.limbs, b);
+    if (BigUintCompare(a, b) < 0) {
+        std::swap(x, y);
     }
-    BigUintCopy(dest, x);
+    x.Trim();
+    y.Trim();
+    while (y.count > 1) {
+        if (!LehmerStep(x, y)) {
+            EuclidStep(x, y);
+        }
+    }
+    if (y.count == 1 && x.count > 1) {
+        EuclidStep(x, y);
+    }
+    if (y.count == 1) {
+        BigUintFromWord(dest, WordGreatestDivisor(x.limbs[0], y.limbs[0]));
+    } else {
+        BigUintClear(dest);
+        std::copy_n(x.limbs, x.count, dest);
+    }
 }
 
 void BigUintGcd(uint64_t* dest, const uint64_t* a, const uint64_t* b) {

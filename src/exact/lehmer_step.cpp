@@ -1,0 +1,113 @@
+#include "exact/lehmer_step.h"
+
+#include <bit>
+#include <utility>
+
+#include "core/wide_arithmetic.h"
+
+namespace tallymere {
+
+namespace {
+
+// The leading parts have 126 bits, which leaves room for a sign.
+constexpr int LeadingShift = 2;
+
+// The top 126 bits of the limbs moved left by `shift` bits.
+Wide LeadingPart(LeadingLimbs x, int shift) {
+    const auto moved = [shift](uint64_t limb, uint64_t below) {
+        return (limb << shift) | ((below >> 1) >> (63 - shift));
+    };
+    const uint64_t high = moved(x.high, x.middle);
+    const uint64_t low = moved(x.middle, x.low);
+    return {high >> LeadingShift, (low >> LeadingShift) | (high << (64 - LeadingShift))};
+}
+
+bool IsNegative(Wide x) {
+    return (x.high >> 63) != 0;
+}
+
+// A product of which the low 128 bits are wanted.
+Wide MultiplyWord(Wide x, uint64_t k) {
+    Wide product = wide::Multiply(x.low, k);
+    product.high += x.high * k;
+    return product;
+}
+
+// A 128-bit sum with a carry that has a sign.
+Wide AddSigned(Wide x, uint64_t carry) {
+    return wide::Add(x, {IsNegative({carry, 0}) ? ~uint64_t{0} : 0, carry});
+}
+
+}  // namespace
+
+// Let x and y be the leading parts, followed by the remainders that Euclid makes of them, each of
+// which is s x - t y or t y - s x. As 2^126 > x, s and t are at most 2^126 / r where r is the
+// remainder before. A step is taken if its remainder is at least 2^64 and the one before exceeds it
+// by as much; so r exceeded 2^65 and s and t are at most 2^61. The limbs that were cut off change a
+// remainder by less than max(s, t) and a difference of two by less than the sum of the factors of
+// both, in units of the last place of the parts: neither can reach 0.
+bool FindLehmerFactors(LehmerFactors& factors, LeadingLimbs x, LeadingLimbs y) {
+    const int shift = std::countl_zero(x.high);
+    Wide larger = LeadingPart(x, shift);
+    Wide smaller = LeadingPart(y, shift);
+    if (smaller.high == 0) {
+        return false;
+    }
+    // larger and smaller are s x - t y and t y - s x with these s and t, or the other way round.
+    uint64_t s0 = 1;
+    uint64_t t0 = 0;
+    uint64_t s1 = 0;
+    uint64_t t1 = 1;
+    bool swapped = false;
+    for (;;) {
+        const int zeros = std::countl_zero(larger.high);
+        const auto leadingWord = [zeros](Wide part) {
+            return (part.high << zeros) | ((part.low >> 1) >> (63 - zeros));
+        };
+        const uint64_t divisor = leadingWord(smaller);
+        // The quotient of the leading words is too large by at most 2 while it is below 2^32.
+        if ((divisor >> 32) == 0) {
+            break;
+        }
+        uint64_t quotient = leadingWord(larger) / divisor;
+        Wide rest = wide::Subtract(larger, MultiplyWord(smaller, quotient));
+        while (IsNegative(rest)) {
+            rest = wide::Add(rest, smaller);
+            quotient--;
+        }
+        if (rest.high == 0 || wide::Subtract(smaller, rest).high == 0) {
+            break;
+        }
+        larger = std::exchange(smaller, rest);
+        s0 = std::exchange(s1, s0 + quotient * s1);
+        t0 = std::exchange(t1, t0 + quotient * t1);
+        swapped = !swapped;
+    }
+    if (s1 == 0) {
+        return false;
+    }
+    factors = swapped ? LehmerFactors{s1, t1, t0, s0, true} : LehmerFactors{s0, t0, t1, s1, false};
+    return true;
+}
+
+// With factors below 2^63 a difference of two products and a signed carry fit 128 bits with a sign.
+void ApplyLehmerFactors(uint64_t* x, uint64_t* y, int64_t n, const LehmerFactors& factors) {
+    uint64_t carryX = 0;
+    uint64_t carryY = 0;
+    for (int64_t i = 0; i < n; i++) {
+        const uint64_t limbX = x[i];
+        const uint64_t limbY = y[i];
+        const Wide newX = AddSigned(wide::Subtract(wide::Multiply(factors.keepX, limbX),
+                                                   wide::Multiply(factors.takeY, limbY)),
+                                    carryX);
+        const Wide newY = AddSigned(wide::Subtract(wide::Multiply(factors.keepY, limbY),
+                                                   wide::Multiply(factors.takeX, limbX)),
+                                    carryY);
+        x[i] = newX.low;
+        y[i] = newY.low;
+        carryX = newX.high;
+        carryY = newY.high;
+    }
+}
+
+}  // namespace tallymere
