@@ -19,15 +19,6 @@ bool IsSigned(uint64_t word) {
     return static_cast<int64_t>(word) >= 0;
 }
 
-// base^e, or 0 and code 200 where it does not fit.
-void ExpectPower(ExpectedUint& expected, mpz_srcptr base, uint64_t e) {
-    if (PowerOfGmp(expected.value, base, e)) {
-        expected.Limit();
-    } else {
-        expected.Refuse(CalcErrorOverflow);
-    }
-}
-
 void SetWord(uint64_t* dest, uint64_t k) {
     std::fill(dest, dest + numberContext.uintLimbs, 0);
     dest[0] = k;
@@ -63,17 +54,12 @@ TEST(BigUintPowersOracle, PowersWithAWordAsExponent) {
                        if (!IsSigned(set.word)) {
                            expected.Refuse(CalcErrorUndefined);
                        } else {
-                           ExpectPower(expected, set.Value(0), set.word);
+                           ExpectPower(expected, set.Value(0), Integer(set.word));
                        }
                    },
                    [](uint64_t* dest, const UintSet<1>& set) {
                        BigUintPowerSmall(dest, set[0], set.SignedWord());
                    });
-}
-
-// The exponent of a power of which all but 0 and 1 overflow, as a word; 2^64 - 1 for larger ones.
-uint64_t ExponentOf(mpz_srcptr e) {
-    return mpz_fits_ulong_p(e) != 0 ? mpz_get_ui(e) : ~uint64_t{0};
 }
 
 TEST(BigUintPowersOracle, Powers) {
@@ -87,7 +73,7 @@ TEST(BigUintPowersOracle, Powers) {
             }
         },
         [](ExpectedUint& expected, const UintSet<2>& set) {
-            ExpectPower(expected, set.Value(0), ExponentOf(set.Value(1)));
+            ExpectPower(expected, set.Value(0), set.Value(1));
         },
         [](uint64_t* dest, const UintSet<2>& set) { BigUintPower(dest, set[0], set[1]); });
 }
@@ -107,14 +93,14 @@ void ComparePowersOf(uint64_t base, PowerOfBase power, SmallPowerOfBase smallPow
             }
         },
         [&](ExpectedUint& expected, const UintSet<1>& set) {
-            ExpectPower(expected, gmpBase, ExponentOf(set.Value(0)));
+            ExpectPower(expected, gmpBase, set.Value(0));
         },
         [&](uint64_t* dest, const UintSet<1>& set) { power(dest, set[0]); });
     CompareUint<0>(
         [&](RandomSource& random, UintSet<0>& set) { set.word = RandomExponent(random, bits); },
         [&](ExpectedUint& expected, const UintSet<0>& set) {
             if (IsSigned(set.word)) {
-                ExpectPower(expected, gmpBase, set.word);
+                ExpectPower(expected, gmpBase, Integer(set.word));
             } else {
                 expected.Refuse(CalcErrorUndefined);
             }
@@ -173,15 +159,6 @@ uint64_t RandomDegree(RandomSource& random) {
     }
 }
 
-// The root of a degree as a word; one of 2^63 and above is no longer looked at.
-void ExpectRoot(ExpectedUint& expected, uint64_t degree, mpz_srcptr x) {
-    if (degree == 0) {
-        expected.Refuse(CalcErrorUndefined);
-    } else {
-        expected.exact = RootOfGmp(expected.value, degree, x);
-    }
-}
-
 TEST(BigUintPowersOracle, RootsWithAWordAsDegree) {
     CompareUint<1>(
         [](RandomSource& random, UintSet<1>& set) {
@@ -189,7 +166,7 @@ TEST(BigUintPowersOracle, RootsWithAWordAsDegree) {
             FillRadicand(random, set[0], set.word);
         },
         [](ExpectedUint& expected, const UintSet<1>& set) {
-            ExpectRoot(expected, set.word, set.Value(0));
+            ExpectRoot(expected, Integer(set.word), set.Value(0));
         },
         [](uint64_t* dest, const UintSet<1>& set) {
             return BigUintRootSmall(dest, set.SignedWord(), set[0]);
@@ -206,17 +183,9 @@ TEST(BigUintPowersOracle, Roots) {
             }
         },
         [](ExpectedUint& expected, const UintSet<2>& set) {
-            ExpectRoot(expected, ExponentOf(set.Value(0)), set.Value(1));
+            ExpectRoot(expected, set.Value(0), set.Value(1));
         },
         [](uint64_t* dest, const UintSet<2>& set) { return BigUintRoot(dest, set[0], set[1]); });
-}
-
-void ExpectLogarithm(ExpectedUint& expected, mpz_srcptr base, mpz_srcptr x) {
-    if (mpz_sgn(x) == 0 || mpz_cmp_ui(base, 1) <= 0) {
-        expected.Refuse(CalcErrorOverflow);
-    } else {
-        mpz_set_ui(expected.value, LogarithmOfGmp(base, x, &expected.exact));
-    }
 }
 
 // A number of any length, every other time a power of the base or one beside it.
@@ -275,8 +244,6 @@ TEST(BigUintPowersOracle, Logarithms) {
 }
 
 TEST(BigUintPowersOracle, Factorials) {
-    Integer factorial;
-    uint64_t of = 0;
     CompareUint<1>(
         [](RandomSource& random, UintSet<1>& set) {
             // The largest that fits is about 6 to 8 times the width;
@@ -289,19 +256,8 @@ TEST(BigUintPowersOracle, Factorials) {
                 FillUint(random, set[0]);
             }
         },
-        [&](ExpectedUint& expected, const UintSet<1>& set) {
-            const uint64_t n = ExponentOf(set.Value(0));
-            // n! has more bits than n from n = 4 on.
-            if (n > std::max<uint64_t>(UintBits(), 4)) {
-                expected.Refuse(CalcErrorOverflow);
-                return;
-            }
-            if (n != of) {
-                mpz_fac_ui(factorial, n);
-                of = n;
-            }
-            mpz_set(expected.value, n == 0 ? Integer(1) : factorial);
-            expected.Limit();
+        [](ExpectedUint& expected, const UintSet<1>& set) {
+            ExpectFactorial(expected, set.Value(0));
         },
         [](uint64_t* dest, const UintSet<1>& set) { BigUintFactorial(dest, set[0]); });
 }
@@ -330,35 +286,6 @@ void FillBinomial(RandomSource& random, UintSet<2>& set) {
         default:
             SetWord(set[0], random.Below(60));
             SetWord(set[1], random.Below(60));
-    }
-}
-
-// The product is made factor by factor and has to fit after each, before it is divided.
-void ExpectBinomial(ExpectedUint& expected, mpz_srcptr n, mpz_srcptr k, bool falling) {
-    if (mpz_cmp(k, n) > 0) {
-        return;
-    }
-    Integer rest;
-    mpz_sub(rest, n, k);
-    const bool fromTheOtherEnd = !falling && mpz_cmp(rest, k) < 0;
-    Integer factor;
-    mpz_set(factor, fromTheOtherEnd ? k : mpz_srcptr(rest));
-    const mpz_srcptr count = fromTheOtherEnd ? mpz_srcptr(rest) : k;
-    if (mpz_fits_ulong_p(count) == 0) {
-        expected.Refuse(CalcErrorUndefined);
-        return;
-    }
-    mpz_set_ui(expected.value, 1);
-    for (uint64_t i = 1; i <= mpz_get_ui(count); i++) {
-        mpz_add_ui(factor, factor, 1);
-        mpz_mul(expected.value, expected.value, factor);
-        expected.Limit();
-        if (expected.code != CalcErrorNone) {
-            return;
-        }
-        if (!falling) {
-            mpz_divexact_ui(expected.value, expected.value, i);
-        }
     }
 }
 

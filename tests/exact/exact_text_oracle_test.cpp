@@ -9,7 +9,7 @@
 #include "core/number_scanner.h"
 #include "exact/big_uint_text.h"
 #include "exact/rational_text.h"
-#include "support/exact_oracle.h"
+#include "support/exact_text_oracle.h"
 
 namespace tallymere {
 namespace {
@@ -215,140 +215,6 @@ TEST(ExactTextOracle, FractionsAreWrittenPartByPart) {
 
 // --- Reading ---
 
-int DigitValue(char16_t c) {
-    if (c >= u'0' && c <= u'9') {
-        return c - u'0';
-    }
-    if (c >= u'a' && c <= u'z') {
-        return c - u'a' + 10;
-    }
-    return c >= u'A' && c <= u'Z' ? c - u'A' + 10 : 99;
-}
-
-// What a text of an unsigned integer denotes, read with one look at each character.
-class DenotedInteger {
-public:
-    DenotedInteger(TextView text, uint32_t flags) : flags_(flags) {
-        base_ = (flags & TextBaseMask) == 0 ? 10 : static_cast<int>(flags & TextBaseMask);
-        const size_t first = text.find_first_not_of(u' ');
-        if (first != TextView::npos) {
-            text_ = text.substr(first, text.find_last_not_of(u' ') + 1 - first);
-        }
-    }
-
-    void Read(ExpectedUint& expected) {
-        if (std::find(std::begin(Bases), std::end(Bases), static_cast<uint32_t>(base_)) ==
-            std::end(Bases)) {
-            expected.Refuse(CalcErrorBadParameter);
-        } else if (!Divide()) {
-            expected.Refuse(CalcErrorSyntax);
-        } else {
-            Evaluate(expected);
-        }
-    }
-
-private:
-    char16_t Peek(size_t ahead = 0) const {
-        return at_ + ahead < text_.size() ? text_[at_ + ahead] : u'\0';
-    }
-
-    bool IsDigit(size_t ahead) const { return DigitValue(Peek(ahead)) < base_; }
-
-    bool IsMark(const char16_t (&marks)[3], char16_t neutral) const {
-        const char16_t c = Peek();
-        return c != 0 &&
-               ((flags_ & TextNeutral) != 0 ? c == neutral
-                                            : std::find(marks, marks + 3, c) != marks + 3);
-    }
-
-    bool IsGroupMark() const {
-        return (flags_ & TextGroup) != 0 && IsMark(numberContext.groupSeparators, u'\'') &&
-               IsDigit(1);
-    }
-
-    // The digits from here on, without the marks of groups.
-    std::string PassDigits() {
-        std::string digits;
-        while (IsDigit(0) || (!digits.empty() && IsGroupMark())) {
-            if (IsDigit(0)) {
-                digits += static_cast<char>(Peek());
-            }
-            at_++;
-        }
-        return digits;
-    }
-
-    // Cuts the text into its parts; false for a text that is no number.
-    bool Divide() {
-        at_ += Peek() == u'+' ? 1 : 0;
-        whole_ = PassDigits();
-        if (whole_.empty()) {
-            return false;
-        }
-        if (base_ == 10 && IsMark(numberContext.decimalSeparators, u'.') && IsDigit(1)) {
-            at_++;
-            fraction_ = PassDigits();
-        }
-        if (base_ == 10 && (Peek() == u'e' || Peek() == u'E')) {
-            at_++;
-            const bool negative = Peek() == u'-';
-            at_ += negative || Peek() == u'+' ? 1 : 0;
-            const std::string digits = PassDigits();
-            Integer exponent;
-            if (digits.empty() || mpz_set_str(exponent, digits.c_str(), 10) != 0 ||
-                mpz_fits_slong_p(exponent) == 0) {
-                return false;
-            }
-            exponent_ = mpz_get_si(exponent);
-            exponent_ = negative ? -exponent_ : exponent_;
-        }
-        return at_ == text_.size();
-    }
-
-    void Evaluate(ExpectedUint& expected) const {
-        // The point moves to the right as far as there are digits.
-        const auto places = static_cast<int64_t>(fraction_.size());
-        const auto moved = static_cast<size_t>(std::clamp<int64_t>(exponent_, 0, places));
-        const std::string digits = whole_ + fraction_.substr(0, moved);
-        mpz_set_str(expected.value, digits.c_str(), base_);
-        expected.Limit();
-        if (expected.code != CalcErrorNone) {
-            return;
-        }
-        if (fraction_.find_first_not_of('0', moved) != std::string::npos) {
-            expected.Refuse(CalcErrorSyntax);
-            return;
-        }
-        if (expected.value.Sign() == 0) {
-            return;
-        }
-        const int64_t rest = exponent_ - static_cast<int64_t>(moved);
-        Integer power;
-        const Integer ten(10);
-        const bool moderate = PowerOfGmp(power, ten, static_cast<uint64_t>(std::abs(rest)));
-        if (rest >= 0) {
-            if (!moderate) {
-                expected.Refuse(CalcErrorOverflow);
-                return;
-            }
-            mpz_mul(expected.value, expected.value, power);
-            expected.Limit();
-        } else if (moderate && mpz_divisible_p(expected.value, power) != 0) {
-            mpz_divexact(expected.value, expected.value, power);
-        } else {
-            expected.Refuse(CalcErrorSyntax);
-        }
-    }
-
-    TextView text_;
-    uint32_t flags_;
-    int base_ = 10;
-    size_t at_ = 0;
-    std::string whole_;
-    std::string fraction_;
-    int64_t exponent_ = 0;
-};
-
 // A text of an integer, now and then of one that is a little too large.
 Text RandomIntegerText(RandomSource& random, uint32_t base) {
     UintBuffer a;
@@ -440,7 +306,7 @@ TEST(ExactTextOracle, IntegersAreReadAsWhatTheirTextDenotes) {
             }
             DropGroupMarksOfExponent(text);
             ExpectedUint expected;
-            DenotedInteger(text, flags).Read(expected);
+            ReadUintText(expected, text, flags);
             const bool terminated = random.Below(2) == 0;
             BigUintFromText(dest, text.c_str(),
                             terminated ? TextUntilZero : static_cast<int64_t>(text.size()), flags);
@@ -455,65 +321,6 @@ TEST(ExactTextOracle, IntegersAreReadAsWhatTheirTextDenotes) {
     }
     EXPECT_GT(codes[0], TestRounds(10'000));
     EXPECT_GT(codes[1], TestRounds(2'000));
-}
-
-struct ExpectedFraction {
-    uint64_t sign = 0;
-    ExpectedUint numerator;
-    ExpectedUint denominator;
-    CalcError code = CalcErrorNone;
-};
-
-void ReadFraction(TextView text, uint32_t flags, ExpectedFraction& expected) {
-    const auto refuse = [&](CalcError code) {
-        expected.sign = 0;
-        mpz_set_ui(expected.numerator.value, 0);
-        mpz_set_ui(expected.denominator.value, 1);
-        expected.code = code;
-    };
-    const size_t first = text.find_first_not_of(u' ');
-    if (first == TextView::npos) {
-        refuse(CalcErrorSyntax);
-        return;
-    }
-    text = text.substr(first, text.find_last_not_of(u' ') + 1 - first);
-    const auto isSign = [](TextView part) {
-        return !part.empty() && (part[0] == u'+' || part[0] == u'-');
-    };
-    if (isSign(text)) {
-        expected.sign = text[0] == u'-' ? 1 : 0;
-        text.remove_prefix(1);
-        if (text.empty() || isSign(text)) {
-            refuse(CalcErrorSyntax);
-            return;
-        }
-    }
-    const size_t slash = text.find(u'/');
-    DenotedInteger(text.substr(0, slash), flags).Read(expected.numerator);
-    if (expected.numerator.code != CalcErrorNone) {
-        refuse(expected.numerator.code);
-        return;
-    }
-    mpz_set_ui(expected.denominator.value, 1);
-    if (slash == TextView::npos) {
-        return;
-    }
-    const TextView below = text.substr(slash + 1);
-    if (below.empty() || below[0] == u'+') {
-        refuse(CalcErrorSyntax);
-        return;
-    }
-    DenotedInteger(below, flags).Read(expected.denominator);
-    if (expected.denominator.code != CalcErrorNone) {
-        refuse(expected.denominator.code);
-    } else if (expected.denominator.value.Sign() == 0) {
-        refuse(CalcErrorUndefined);
-    } else {
-        Integer common;
-        mpz_gcd(common, expected.numerator.value, expected.denominator.value);
-        mpz_divexact(expected.numerator.value, expected.numerator.value, common);
-        mpz_divexact(expected.denominator.value, expected.denominator.value, common);
-    }
 }
 
 TEST(ExactTextOracle, FractionsAreReadInLowestTerms) {
@@ -541,13 +348,11 @@ TEST(ExactTextOracle, FractionsAreReadInLowestTerms) {
                     std::erase_if(text, [](char16_t c) { return c == u'\'' || c == u'.'; });
                 }
             }
-            ExpectedFraction expected;
-            ReadFraction(text, flags, expected);
+            ExpectedRational expected;
+            ReadRationalText(expected, text, flags);
             RationalFromText(q, text.c_str(), static_cast<int64_t>(text.size()), flags);
             const CalcError code = TakeCode();
-            ASSERT_TRUE(code == expected.code && q->sign == expected.sign &&
-                        mpz_cmp(LimbsView(RationalNumerator(q)), expected.numerator.value) == 0 &&
-                        mpz_cmp(LimbsView(RationalDenominator(q)), expected.denominator.value) == 0)
+            ASSERT_TRUE(code == expected.code && expected == q)
                 << "\"" << Narrow(text) << "\" with flags " << flags << "\ngave sign " << q->sign
                 << " " << UintText(RationalNumerator(q)) << " / "
                 << UintText(RationalDenominator(q)) << " with code " << code << "\nfor code "

@@ -13,7 +13,8 @@ using namespace testing_support;
 
 void FillOne(RandomSource& random, RationalSet<1>& set) {
     FillFraction(random, set[0]);
-    set.word = random.Below(4) == 0 ? set.Denominator(0).Low() : RandomWord(random);
+    set.word =
+        random.Below(4) == 0 ? LimbsView(RationalDenominator(set[0])).Low() : RandomWord(random);
 }
 
 void FillPair(RandomSource& random, RationalSet<2>& set) {
@@ -21,46 +22,11 @@ void FillPair(RandomSource& random, RationalSet<2>& set) {
     FillFractionPartner(random, set[1], set[0]);
 }
 
-// value = the signed sum of two magnitudes; where they cancel the sign is that of b.
-uint64_t AddMagnitudes(Integer& value, const Integer& a, uint64_t signA, const Integer& b,
-                       uint64_t signB) {
-    if (signA == signB) {
-        mpz_add(value, a, b);
-        return signA;
-    }
-    mpz_sub(value, a, b);
-    const uint64_t sign = value.Sign() > 0 ? signA : signB;
-    mpz_abs(value, value);
-    return sign;
-}
-
-void ExpectSum(ExpectedRational& expected, const RationalSet<2>& set, bool subtract) {
-    const uint64_t signB = set.Sign(1) ^ (subtract ? 1 : 0);
-    Integer a;
-    Integer b;
-    if (mpz_cmp(set.Denominator(0), set.Denominator(1)) == 0) {
-        // Over one denominator the sum is made at the width as it is, and may not fit although the
-        // reduced one would.
-        mpz_set(a, set.Numerator(0));
-        mpz_set(b, set.Numerator(1));
-        mpz_set(expected.denominator, set.Denominator(0));
-        expected.sign = AddMagnitudes(expected.numerator, a, set.Sign(0), b, signB);
-        expected.Limit();
-    } else {
-        mpz_mul(a, set.Numerator(0), set.Denominator(1));
-        mpz_mul(b, set.Numerator(1), set.Denominator(0));
-        mpz_mul(expected.denominator, set.Denominator(0), set.Denominator(1));
-        expected.sign = AddMagnitudes(expected.numerator, a, set.Sign(0), b, signB);
-    }
-    expected.Reduce();
-    expected.Limit();
-}
-
 TEST(RationalOracle, Sums) {
     CompareRational<2>(
         FillPair,
         [](ExpectedRational& expected, const RationalSet<2>& set) {
-            ExpectSum(expected, set, false);
+            ExpectSum(expected, set.Value(0), set.Value(1), false);
         },
         [](RationalNumber* dest, const RationalSet<2>& set) {
             RationalAddSub(dest, set[0], set[1], false);
@@ -71,7 +37,7 @@ TEST(RationalOracle, Differences) {
     CompareRational<2>(
         FillPair,
         [](ExpectedRational& expected, const RationalSet<2>& set) {
-            ExpectSum(expected, set, true);
+            ExpectSum(expected, set.Value(0), set.Value(1), true);
         },
         [](RationalNumber* dest, const RationalSet<2>& set) {
             RationalAddSub(dest, set[0], set[1], true);
@@ -82,11 +48,7 @@ TEST(RationalOracle, Products) {
     CompareRational<2>(
         FillPair,
         [](ExpectedRational& expected, const RationalSet<2>& set) {
-            expected.sign = set.Sign(0) ^ set.Sign(1);
-            mpz_mul(expected.numerator, set.Numerator(0), set.Numerator(1));
-            mpz_mul(expected.denominator, set.Denominator(0), set.Denominator(1));
-            expected.Reduce();
-            expected.Limit();
+            ExpectProduct(expected, set.Value(0), set.Value(1));
         },
         [](RationalNumber* dest, const RationalSet<2>& set) {
             RationalMulDiv(dest, set[0], set[1], false);
@@ -97,15 +59,7 @@ TEST(RationalOracle, Quotients) {
     CompareRational<2>(
         FillPair,
         [](ExpectedRational& expected, const RationalSet<2>& set) {
-            if (set.Numerator(1).IsZero()) {
-                expected.Refuse(CalcErrorExactDivisionByZero);
-                return;
-            }
-            expected.sign = set.Sign(0) ^ set.Sign(1);
-            mpz_mul(expected.numerator, set.Numerator(0), set.Denominator(1));
-            mpz_mul(expected.denominator, set.Denominator(0), set.Numerator(1));
-            expected.Reduce();
-            expected.Limit();
+            ExpectQuotient(expected, set.Value(0), set.Value(1));
         },
         [](RationalNumber* dest, const RationalSet<2>& set) {
             RationalMulDiv(dest, set[0], set[1], true);
@@ -116,11 +70,7 @@ TEST(RationalOracle, ProductsWithAWord) {
     CompareRational<1>(
         FillOne,
         [](ExpectedRational& expected, const RationalSet<1>& set) {
-            expected.sign = set.Sign(0);
-            mpz_mul_ui(expected.numerator, set.Numerator(0), set.word);
-            mpz_set(expected.denominator, set.Denominator(0));
-            expected.Reduce();
-            expected.Limit();
+            ExpectProduct(expected, set.Value(0), {0, Integer(set.word), Integer(1)});
         },
         [](RationalNumber* dest, const RationalSet<1>& set) {
             RationalMulSmall(dest, set[0], set.word);
@@ -132,19 +82,13 @@ TEST(RationalOracle, QuotientsByAWord) {
         [](RandomSource& random, RationalSet<1>& set) {
             FillOne(random, set);
             if (random.Below(3) == 0) {
-                set.word = set.Numerator(0).Low() >> random.Below(8);
+                set.word = LimbsView(RationalNumerator(set[0])).Low() >> random.Below(8);
             }
         },
         [](ExpectedRational& expected, const RationalSet<1>& set) {
-            if (set.word == 0 && !set.Numerator(0).IsZero()) {
-                expected.Refuse(CalcErrorExactDivisionByZero);
-                return;
-            }
-            expected.sign = set.Sign(0);
-            mpz_set(expected.numerator, set.Numerator(0));
-            mpz_mul_ui(expected.denominator, set.Denominator(0), std::max<uint64_t>(set.word, 1));
-            expected.Reduce();
-            expected.Limit();
+            // 0 / 0 is 0 here.
+            const uint64_t divisor = RationalIsZero(set[0]) ? 1 : set.word;
+            ExpectQuotient(expected, set.Value(0), {0, Integer(divisor), Integer(1)});
         },
         [](RationalNumber* dest, const RationalSet<1>& set) {
             RationalDivSmall(dest, set[0], set.word);
@@ -156,25 +100,11 @@ void JudgeDivMod(const RationalSet<2>& set, size_t quotientPlace, size_t remaind
     constexpr size_t None = 4;
     ExpectedRational quotient;
     ExpectedRational remainder;
-    if (set.Numerator(1).IsZero()) {
-        quotient.Refuse(CalcErrorExactDivisionByZero);
-        remainder.Refuse(CalcErrorExactDivisionByZero);
-    } else {
-        Integer a;
-        Integer b;
-        mpz_mul(a, set.Numerator(0), set.Denominator(1));
-        mpz_mul(b, set.Denominator(0), set.Numerator(1));
-        quotient.sign = remainder.sign = set.Sign(0) ^ set.Sign(1);
-        mpz_fdiv_qr(quotient.numerator, remainder.numerator, a, b);
-        mpz_mul(remainder.denominator, set.Denominator(0), set.Denominator(1));
-        remainder.Reduce();
-        quotient.Limit();
-        remainder.Limit();
-        if ((quotientPlace != None && quotient.code != CalcErrorNone) ||
-            (remainderPlace != None && remainder.code != CalcErrorNone)) {
-            quotient.Refuse(CalcErrorOverflow);
-            remainder.Refuse(CalcErrorOverflow);
-        }
+    ExpectDivMod(quotient, remainder, set.Value(0), set.Value(1));
+    if ((quotientPlace != None && quotient.code == CalcErrorOverflow) ||
+        (remainderPlace != None && remainder.code == CalcErrorOverflow)) {
+        quotient.Refuse(CalcErrorOverflow);
+        remainder.Refuse(CalcErrorOverflow);
     }
     RationalSet<4> given;
     given.operands = {set.operands[0], set.operands[1], RationalBuffer(), RationalBuffer()};
@@ -216,9 +146,7 @@ TEST(RationalOracle, Reciprocals) {
     CompareRational<1>(
         FillOne,
         [](ExpectedRational& expected, const RationalSet<1>& set) {
-            expected.sign = set.Sign(0);
-            mpz_set(expected.numerator, set.Numerator(0));
-            mpz_set(expected.denominator, set.Denominator(0));
+            static_cast<Fraction&>(expected) = set.Value(0);
             expected.Invert();
         },
         [](RationalNumber* dest, const RationalSet<1>& set) { RationalReciprocal(dest, set[0]); });
@@ -228,8 +156,9 @@ TEST(RationalOracle, IntegerParts) {
     CompareRational<1>(
         FillOne,
         [](ExpectedRational& expected, const RationalSet<1>& set) {
-            expected.sign = set.Sign(0);
-            mpz_fdiv_q(expected.numerator, set.Numerator(0), set.Denominator(0));
+            const Fraction x = set.Value(0);
+            expected.sign = x.sign;
+            mpz_fdiv_q(expected.numerator, x.numerator, x.denominator);
         },
         [](RationalNumber* dest, const RationalSet<1>& set) { RationalTrunc(dest, set[0]); });
 }
@@ -238,9 +167,8 @@ TEST(RationalOracle, FractionalParts) {
     CompareRational<1>(
         FillOne,
         [](ExpectedRational& expected, const RationalSet<1>& set) {
-            expected.sign = set.Sign(0);
-            mpz_fdiv_r(expected.numerator, set.Numerator(0), set.Denominator(0));
-            mpz_set(expected.denominator, set.Denominator(0));
+            static_cast<Fraction&>(expected) = set.Value(0);
+            mpz_fdiv_r(expected.numerator, expected.numerator, expected.denominator);
         },
         [](RationalNumber* dest, const RationalSet<1>& set) { RationalFraction(dest, set[0]); });
 }
@@ -285,14 +213,16 @@ int Order(int compared) {
 }
 
 int ExpectedOrder(const RationalSet<2>& set, bool ignoreSign) {
+    const Fraction x = set.Value(0);
+    const Fraction y = set.Value(1);
     Integer a;
     Integer b;
-    mpz_mul(a, set.Numerator(0), set.Denominator(1));
-    mpz_mul(b, set.Numerator(1), set.Denominator(0));
-    if (!ignoreSign && set.Sign(0) != 0) {
+    mpz_mul(a, x.numerator, y.denominator);
+    mpz_mul(b, y.numerator, x.denominator);
+    if (!ignoreSign && x.sign != 0) {
         mpz_neg(a, a);
     }
-    if (!ignoreSign && set.Sign(1) != 0) {
+    if (!ignoreSign && y.sign != 0) {
         mpz_neg(b, b);
     }
     return Order(mpz_cmp(a, b));
@@ -323,8 +253,9 @@ TEST(RationalOracle, ComparisonsWithAWord) {
             FillFraction(random, set[0]);
             uint64_t k = RandomWord(random);
             if (random.Below(2) == 0) {
+                const Fraction x = set.Value(0);
                 Integer whole;
-                mpz_fdiv_q(whole, set.Numerator(0), set.Denominator(0));
+                mpz_fdiv_q(whole, x.numerator, x.denominator);
                 k = mpz_get_ui(whole) + random.Below(2);
             }
             const uint64_t negative = random.Below(2);
@@ -345,10 +276,11 @@ TEST(RationalOracle, WordsOfFractions) {
             const auto flags =
                 static_cast<uint32_t>((random.Below(2) == 0 ? RationalExact : RationalTruncates) |
                                       (random.Below(2) == 0 ? RationalExact : RationalIgnoresSign));
+            const Fraction x = set.Value(0);
             Integer whole;
             Integer rest;
-            mpz_fdiv_qr(whole, rest, set.Numerator(0), set.Denominator(0));
-            const bool negative = set.Sign(0) != 0 && whole.Sign() != 0;
+            mpz_fdiv_qr(whole, rest, x.numerator, x.denominator);
+            const bool negative = x.sign != 0 && whole.Sign() != 0;
             const bool is = mpz_fits_ulong_p(whole) != 0 &&
                             (rest.Sign() == 0 || (flags & RationalTruncates) != 0) &&
                             (!negative || (flags & RationalIgnoresSign) != 0);

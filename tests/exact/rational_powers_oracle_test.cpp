@@ -13,29 +13,6 @@ namespace {
 
 using namespace testing_support;
 
-// An integer as a word; 2^64 - 1, which overflows every power but those of 0 and 1, for larger
-// ones.
-uint64_t WordOf(mpz_srcptr value) {
-    return mpz_fits_ulong_p(value) != 0 ? mpz_get_ui(value) : ~uint64_t{0};
-}
-
-// Both parts raised to the power p, with code 200 where one does not fit.
-void RaiseParts(ExpectedRational& expected, mpz_srcptr numerator, mpz_srcptr denominator,
-                uint64_t p) {
-    if (!PowerOfGmp(expected.numerator, numerator, p) ||
-        !PowerOfGmp(expected.denominator, denominator, p)) {
-        expected.Refuse(CalcErrorOverflow);
-    } else {
-        expected.Limit();
-    }
-}
-
-void InvertFor(ExpectedRational& expected, bool negative) {
-    if (negative) {
-        expected.Invert();
-    }
-}
-
 // A fraction of few limbs, and an exponent with which its power just fits or just does not.
 uint64_t FillBase(RandomSource& random, RationalNumber* base) {
     FillFraction(random, base);
@@ -71,10 +48,8 @@ TEST(RationalPowersOracle, PowersWithAWordAsExponent) {
         },
         [](ExpectedRational& expected, const RationalSet<1>& set) {
             const bool negative = set.SignedWord() < 0;
-            expected.sign = set.Sign(0) & set.word;
-            RaiseParts(expected, set.Numerator(0), set.Denominator(0),
-                       negative ? 0 - set.word : set.word);
-            InvertFor(expected, negative);
+            const Integer magnitude(negative ? 0 - set.word : set.word);
+            ExpectPower(expected, set.Value(0), {negative ? 1u : 0u, magnitude, Integer(1)});
         },
         [](RationalNumber* dest, const RationalSet<1>& set) {
             RationalPowerSmall(dest, set[0], set.SignedWord());
@@ -91,11 +66,6 @@ void FillExponent(RandomSource& random, RationalNumber* dest, uint64_t p) {
     WriteRational(dest, random.Below(2), numerator, Integer(denominators[random.Below(10)]));
 }
 
-// The root of an integer with an integer as degree; false for one that is not exact, and degree 0.
-bool ExactRoot(Integer& root, mpz_srcptr degree, mpz_srcptr x) {
-    return mpz_sgn(degree) != 0 && RootOfGmp(root, WordOf(degree), x);
-}
-
 TEST(RationalPowersOracle, Powers) {
     int roots = 0;
     CompareRational<2>(
@@ -107,24 +77,8 @@ TEST(RationalPowersOracle, Powers) {
             }
         },
         [&](ExpectedRational& expected, const RationalSet<2>& set) {
-            const uint64_t p = WordOf(set.Numerator(1));
-            const uint64_t odd = set.Numerator(1).Low() & 1;
-            expected.sign = set.Sign(0) & odd;
-            if (set.IsWhole(1)) {
-                RaiseParts(expected, set.Numerator(0), set.Denominator(0), p);
-            } else {
-                // Roots of the exponent's denominator, with the parts of the base as degrees.
-                Integer above;
-                Integer below;
-                if (set.IsNegative(0) || !ExactRoot(above, set.Numerator(0), set.Denominator(1)) ||
-                    !ExactRoot(below, set.Denominator(0), set.Denominator(1))) {
-                    expected.Refuse(CalcErrorUndefined);
-                    return;
-                }
-                RaiseParts(expected, above, below, p);
-                roots++;
-            }
-            InvertFor(expected, set.Sign(1) != 0);
+            ExpectPower(expected, set.Value(0), set.Value(1));
+            roots += !RationalIsInteger(set[1]) && expected.code == CalcErrorNone ? 1 : 0;
         },
         [](RationalNumber* dest, const RationalSet<2>& set) {
             RationalPower(dest, set[0], set[1]);
@@ -141,12 +95,11 @@ void ComparePowersOf(uint64_t base, void (*power)(RationalNumber*, const Rationa
             }
         },
         [&](ExpectedRational& expected, const RationalSet<1>& set) {
-            if (!set.IsWhole(0)) {
+            if (RationalIsInteger(set[0])) {
+                ExpectPower(expected, {0, Integer(base), Integer(1)}, set.Value(0));
+            } else {
                 expected.Refuse(CalcErrorUndefined);
-                return;
             }
-            RaiseParts(expected, Integer(base), Integer(1), WordOf(set.Numerator(0)));
-            InvertFor(expected, set.Sign(0) != 0);
         },
         [&](RationalNumber* dest, const RationalSet<1>& set) { power(dest, set[0]); });
 }
@@ -176,21 +129,11 @@ void FillRadicand(RandomSource& random, RationalNumber* dest, uint64_t degree) {
     WriteRational(dest, RationalSign(dest), parts[0], parts[1]);
 }
 
-// The root of both parts, with the sign of x, which an even root does not take of less than 0.
-void ExpectRoot(ExpectedRational& expected, mpz_srcptr degree, bool odd, const RationalSet<1>& x) {
-    if ((x.IsNegative(0) && !odd) || !ExactRoot(expected.numerator, degree, x.Numerator(0)) ||
-        !ExactRoot(expected.denominator, degree, x.Denominator(0))) {
-        expected.Refuse(CalcErrorUndefined);
-    } else {
-        expected.sign = x.Sign(0);
-    }
-}
-
 TEST(RationalPowersOracle, SquareRoots) {
     CompareRational<1>(
         [](RandomSource& random, RationalSet<1>& set) { FillRadicand(random, set[0], 2); },
         [](ExpectedRational& expected, const RationalSet<1>& set) {
-            ExpectRoot(expected, Integer(2), false, set);
+            ExpectRoot(expected, {0, Integer(2), Integer(1)}, set.Value(0));
         },
         [](RationalNumber* dest, const RationalSet<1>& set) { RationalSquareRoot(dest, set[0]); });
 }
@@ -199,7 +142,7 @@ TEST(RationalPowersOracle, CubeRoots) {
     CompareRational<1>(
         [](RandomSource& random, RationalSet<1>& set) { FillRadicand(random, set[0], 3); },
         [](ExpectedRational& expected, const RationalSet<1>& set) {
-            ExpectRoot(expected, Integer(3), true, set);
+            ExpectRoot(expected, {0, Integer(3), Integer(1)}, set.Value(0));
         },
         [](RationalNumber* dest, const RationalSet<1>& set) { RationalCubeRoot(dest, set[0]); });
 }
@@ -209,19 +152,10 @@ TEST(RationalPowersOracle, Roots) {
         [](RandomSource& random, RationalSet<2>& set) {
             FillExponent(random, set[0],
                          random.Below(8) == 0 ? RandomWord(random) : random.Below(9));
-            FillRadicand(random, set[1], WordOf(set.Numerator(0)));
+            FillRadicand(random, set[1], WordOf(LimbsView(RationalNumerator(set[0]))));
         },
         [](ExpectedRational& expected, const RationalSet<2>& set) {
-            const bool odd = set.IsWhole(0) && set.Numerator(0).Low() % 2 != 0;
-            RationalSet<1> x;
-            x.operands[0] = set.operands[1];
-            ExpectRoot(expected, set.Numerator(0), odd, x);
-            if (expected.code == CalcErrorNone) {
-                const Integer above = expected.numerator;
-                const Integer below = expected.denominator;
-                RaiseParts(expected, above, below, WordOf(set.Denominator(0)));
-                InvertFor(expected, set.Sign(0) != 0);
-            }
+            ExpectRoot(expected, set.Value(0), set.Value(1));
         },
         [](RationalNumber* dest, const RationalSet<2>& set) {
             RationalRoot(dest, set[0], set[1]);
@@ -249,20 +183,8 @@ TEST(RationalPowersOracle, Logarithms) {
                           above ? Integer(1) : power);
         },
         [&](ExpectedRational& expected, const RationalSet<2>& set) {
-            const bool unit = !set.IsWhole(1) && mpz_cmp_ui(mpz_srcptr(set.Numerator(1)), 1) == 0;
-            bool exact = false;
-            if (set.IsWhole(0) && set.Sign(0) == 0 &&
-                mpz_cmp_ui(mpz_srcptr(set.Numerator(0)), 1) > 0 && set.Sign(1) == 0 &&
-                !set.Numerator(1).IsZero() && (set.IsWhole(1) || unit)) {
-                mpz_set_ui(expected.numerator,
-                           LogarithmOfGmp(set.Numerator(0),
-                                          unit ? set.Denominator(1) : set.Numerator(1), &exact));
-                expected.sign = unit ? 1 : 0;
-            }
-            if (!exact) {
-                expected.Refuse(CalcErrorUndefined);
-            }
-            found += exact ? 1 : 0;
+            ExpectLogarithm(expected, set.Value(0), set.Value(1));
+            found += expected.code == CalcErrorNone ? 1 : 0;
         },
         [](RationalNumber* dest, const RationalSet<2>& set) { RationalLog(dest, set[0], set[1]); });
     EXPECT_GT(found, TestRounds(50'000));
@@ -280,46 +202,9 @@ TEST(RationalPowersOracle, Factorials) {
             }
         },
         [](ExpectedRational& expected, const RationalSet<1>& set) {
-            if (!set.IsWhole(0) || set.Sign(0) != 0) {
-                expected.Refuse(CalcErrorUndefined);
-            } else if (const uint64_t n = WordOf(set.Numerator(0)); n > UintBits() + 3) {
-                expected.Refuse(CalcErrorOverflow);
-            } else {
-                mpz_fac_ui(expected.numerator, n);
-                expected.Limit();
-            }
+            ExpectFactorial(expected, set.Value(0));
         },
         [](RationalNumber* dest, const RationalSet<1>& set) { RationalFactorial(dest, set[0]); });
-}
-
-// The product of so many factors n - k + i, each divided by i unless `falling`, in lowest terms
-// after each. Of two integers the product is the one of integers, which is made without reducing.
-void ExpectProduct(ExpectedRational& expected, const RationalSet<2>& set, bool falling) {
-    const uint64_t count = mpz_get_ui(set.Numerator(1));
-    Integer position;
-    mpz_set(position, set.Numerator(0));
-    if (set.IsNegative(0)) {
-        mpz_neg(position, position);
-    }
-    mpz_submul_ui(position, set.Denominator(0), count);
-    mpz_set_ui(expected.numerator, 1);
-    Integer magnitude;
-    mpz_abs(magnitude, position);
-    if (!FitsUint(magnitude)) {
-        expected.Refuse(CalcErrorOverflow);
-    }
-    for (uint64_t i = 1; i <= count && expected.code == CalcErrorNone; i++) {
-        mpz_add(position, position, set.Denominator(0));
-        mpz_abs(magnitude, position);
-        mpz_mul(expected.numerator, expected.numerator, magnitude);
-        mpz_mul(expected.denominator, expected.denominator, set.Denominator(0));
-        if (!falling) {
-            mpz_mul_ui(expected.denominator, expected.denominator, i);
-        }
-        expected.sign ^= position.Sign() < 0 ? 1 : 0;
-        expected.Reduce();
-        expected.Limit();
-    }
 }
 
 // n with parts of up to half the width, so that what it is divided by does not run over alone.
@@ -344,42 +229,7 @@ void CompareBinomials(bool falling) {
     CompareRational<2>(
         FillBinomial,
         [&](ExpectedRational& expected, const RationalSet<2>& set) {
-            const bool integers = set.IsWhole(0) && !set.IsNegative(0);
-            if (!set.IsWhole(1) || set.IsNegative(1) ||
-                (!integers && mpz_fits_ulong_p(set.Numerator(1)) == 0)) {
-                expected.Refuse(CalcErrorUndefined);
-                return;
-            }
-            if (!integers) {
-                ExpectProduct(expected, set, falling);
-                return;
-            }
-            if (mpz_cmp(set.Numerator(1), set.Numerator(0)) > 0) {
-                return;
-            }
-            RationalSet<2> from = set;
-            Integer rest;
-            mpz_sub(rest, set.Numerator(0), set.Numerator(1));
-            if (!falling && mpz_cmp(rest, set.Numerator(1)) < 0) {
-                WriteRational(from[1], 0, rest, Integer(1));
-            }
-            if (mpz_fits_ulong_p(from.Numerator(1)) == 0) {
-                expected.Refuse(CalcErrorUndefined);
-                return;
-            }
-            from[0]->sign = 0;
-            mpz_set_ui(expected.numerator, 1);
-            const uint64_t count = mpz_get_ui(from.Numerator(1));
-            Integer factor;
-            mpz_sub_ui(factor, from.Numerator(0), count);
-            for (uint64_t i = 1; i <= count && expected.code == CalcErrorNone; i++) {
-                mpz_add_ui(factor, factor, 1);
-                mpz_mul(expected.numerator, expected.numerator, factor);
-                expected.Limit();
-                if (!falling && expected.code == CalcErrorNone) {
-                    mpz_divexact_ui(expected.numerator, expected.numerator, i);
-                }
-            }
+            ExpectBinomial(expected, set.Value(0), set.Value(1), falling);
         },
         [&](RationalNumber* dest, const RationalSet<2>& set) {
             RationalBinomial(dest, set[0], set[1], falling);
@@ -400,7 +250,7 @@ void FillIntegers(RandomSource& random, RationalSet<2>& set) {
     for (const size_t i : {0, 1}) {
         if (random.Below(8) != 0) {
             Integer value;
-            mpz_mul_ui(value, set.Numerator(i), random.Between(1, 30));
+            mpz_mul_ui(value, set.Value(i).numerator, random.Between(1, 30));
             WriteRational(set[i], random.Below(16) == 0 ? 1 : 0, value, Integer(1));
         }
     }
@@ -412,14 +262,7 @@ void CompareOfIntegers(void (*gmp)(mpz_ptr, mpz_srcptr, mpz_srcptr),
     CompareRational<2>(
         FillIntegers,
         [&](ExpectedRational& expected, const RationalSet<2>& set) {
-            for (const size_t i : {0, 1}) {
-                if (!set.IsWhole(i) || set.Sign(i) != 0 || set.Numerator(i).IsZero()) {
-                    expected.Refuse(CalcErrorUndefined);
-                    return;
-                }
-            }
-            gmp(expected.numerator, set.Numerator(0), set.Numerator(1));
-            expected.Limit();
+            ExpectOfIntegers(expected, set.Value(0), set.Value(1), gmp);
         },
         [&](RationalNumber* dest, const RationalSet<2>& set) { operation(dest, set[0], set[1]); });
 }

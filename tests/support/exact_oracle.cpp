@@ -78,6 +78,73 @@ void ExpectedUint::Limit() {
     }
 }
 
+uint64_t WordOf(mpz_srcptr value) {
+    return mpz_fits_ulong_p(value) != 0 ? mpz_get_ui(value) : ~uint64_t{0};
+}
+
+void ExpectPower(ExpectedUint& expected, mpz_srcptr base, mpz_srcptr e) {
+    // From 2^64 on every power overflows but those of 0 and 1.
+    if (PowerOfGmp(expected.value, base, WordOf(e))) {
+        expected.Limit();
+    } else {
+        expected.Refuse(CalcErrorOverflow);
+    }
+}
+
+void ExpectRoot(ExpectedUint& expected, mpz_srcptr degree, mpz_srcptr x) {
+    if (mpz_sgn(degree) == 0) {
+        expected.Refuse(CalcErrorUndefined);
+    } else {
+        expected.exact = RootOfGmp(expected.value, WordOf(degree), x);
+    }
+}
+
+void ExpectLogarithm(ExpectedUint& expected, mpz_srcptr base, mpz_srcptr x) {
+    if (mpz_sgn(x) == 0 || mpz_cmp_ui(base, 1) <= 0) {
+        expected.Refuse(CalcErrorOverflow);
+    } else {
+        mpz_set_ui(expected.value, LogarithmOfGmp(base, x, &expected.exact));
+    }
+}
+
+void ExpectFactorial(ExpectedUint& expected, mpz_srcptr n) {
+    // n! has more bits than n from n = 4 on.
+    if (const uint64_t k = WordOf(n); k > std::max<uint64_t>(UintBits(), 4)) {
+        expected.Refuse(CalcErrorOverflow);
+    } else {
+        mpz_fac_ui(expected.value, k);
+        expected.Limit();
+    }
+}
+
+void ExpectBinomial(ExpectedUint& expected, mpz_srcptr n, mpz_srcptr k, bool falling) {
+    if (mpz_cmp(k, n) > 0) {
+        return;
+    }
+    Integer rest;
+    mpz_sub(rest, n, k);
+    const bool fromTheOtherEnd = !falling && mpz_cmp(rest, k) < 0;
+    Integer factor;
+    mpz_set(factor, fromTheOtherEnd ? k : mpz_srcptr(rest));
+    const mpz_srcptr count = fromTheOtherEnd ? mpz_srcptr(rest) : k;
+    if (mpz_fits_ulong_p(count) == 0) {
+        expected.Refuse(CalcErrorUndefined);
+        return;
+    }
+    mpz_set_ui(expected.value, 1);
+    for (uint64_t i = 1; i <= mpz_get_ui(count); i++) {
+        mpz_add_ui(factor, factor, 1);
+        mpz_mul(expected.value, expected.value, factor);
+        expected.Limit();
+        if (expected.code != CalcErrorNone) {
+            return;
+        }
+        if (!falling) {
+            mpz_divexact_ui(expected.value, expected.value, i);
+        }
+    }
+}
+
 uint64_t RandomWord(RandomSource& random) {
     const uint64_t power = uint64_t{1} << random.Below(64);
     switch (random.Below(8)) {

@@ -66,6 +66,27 @@ struct ExpectedUint {
     void Limit();
 };
 
+// What operations of integers give, as values of GMP; `expected` is new.
+
+/// base^e; 0^0 is 1.
+void ExpectPower(ExpectedUint& expected, mpz_srcptr base, mpz_srcptr e);
+
+/// The floor of the root of this degree, of which 2^64 and above count as 2^64 - 1.
+void ExpectRoot(ExpectedUint& expected, mpz_srcptr degree, mpz_srcptr x);
+
+/// The floor of the logarithm of x.
+void ExpectLogarithm(ExpectedUint& expected, mpz_srcptr base, mpz_srcptr x);
+
+/// n!.
+void ExpectFactorial(ExpectedUint& expected, mpz_srcptr n);
+
+/// n over k, or with `falling` the product of the k largest integers up to n. The product is made
+/// factor by factor and has to fit after each, before it is divided.
+void ExpectBinomial(ExpectedUint& expected, mpz_srcptr n, mpz_srcptr k, bool falling);
+
+/// value as a word; 2^64 - 1 for larger ones.
+uint64_t WordOf(mpz_srcptr value);
+
 /// Operand sets for each operation: so many at widths up to 65, and at wider ones.
 inline constexpr int SetsAtSmallWidths = 50'000;
 inline constexpr int SetsAtLargeWidths = 500;

@@ -26,6 +26,11 @@ constexpr const char16_t* TameFunctions[] = {
     u"acos", u"atan", u"sind",  u"cosd",  u"tand",  u"asind", u"acosd", u"atand", u"sing",
     u"cosg", u"tang", u"asing", u"acosg", u"atang", u"tanh",  u"asinh", u"acosh", u"atanh"};
 
+// Functions of one argument that an exact type has, and some that it does not have.
+constexpr const char16_t* ExactFunctions[] = {u"sqrt", u"cbrt", u"log2",  u"log10", u"fact",
+                                              u"sqrt", u"log2", u"sqrt",  u"cbrt",  u"log10",
+                                              u"sin",  u"exp",  u"atand", u"ln",    u"fact"};
+
 template <size_t N>
 const char16_t* Pick(RandomSource& random, const char16_t* const (&choices)[N]) {
     return choices[random.Below(N)];
@@ -43,7 +48,42 @@ Text Digits(RandomSource& random, int64_t most) {
     return digits;
 }
 
+bool IsExact() {
+    return numberContext.numberType == NumberTypeUint ||
+           numberContext.numberType == NumberTypeRational;
+}
+
+Text ExactNumber(RandomSource& random) {
+    switch (random.Below(16)) {
+        case 0:
+            return u"0";
+        case 1:
+            return Digits(random, 30);
+        case 2:
+            return OneIn(random, 3) ? Text(u"18446744073709551616") : u"18446744073709551615";
+        case 3:
+            return Digits(random, 2) + u".5e" + Digits(random, 1);
+        case 4:
+            return Digits(random, 2) + u"E+" + Digits(random, 2);
+        case 5:
+            return Digits(random, 3) + u"'" + Digits(random, 3);
+        case 6:
+            return OneIn(random, 3) ? Digits(random, 2) + u"." + Digits(random, 2)
+                                    : Digits(random, 2) + u"0e-1";
+        case 7:
+            if (numberContext.numberType == NumberTypeUint) {
+                return Pick(random, {u"0x1F", u"0X1e5", u"0y101", u"0t17", u"0xFFFFFFFFFFFFFFFF"});
+            }
+            return Digits(random, 2);
+        default:
+            return Digits(random, 2);
+    }
+}
+
 Text Number(RandomSource& random) {
+    if (IsExact()) {
+        return ExactNumber(random);
+    }
     switch (random.Below(12)) {
         case 0:
             return u"0";
@@ -89,7 +129,9 @@ private:
         while (OneIn(random_, 2)) {
             if (OneIn(random_, 10)) {
                 Put(u"^");
-                Put(Pick(random_, {u"2", u"3", u"(-1)", u"0.5", u"10", u"2^3", u"(-2.5)", u"0"}));
+                Put(IsExact() ? ExactExponent()
+                              : Pick(random_, {u"2", u"3", u"(-1)", u"0.5", u"10", u"2^3",
+                                               u"(-2.5)", u"0"}));
                 continue;
             }
             Put(OneIn(random_, 60)
@@ -113,13 +155,15 @@ private:
             Put(u")");
             ImaginaryUnit(20);
         } else if (choice < 86) {
-            Put(Pick(random_, {u"abs", u"trunc", u"frac", u"round"}));
+            Put(numberContext.numberType == NumberTypeUint
+                    ? Pick(random_, {u"abs", u"trunc", u"abs", u"trunc", u"frac"})
+                    : Pick(random_, {u"abs", u"trunc", u"frac", u"round"}));
             Arguments(depth, 1);
         } else if (choice < 90) {
-            Put(Pick(random_, TameFunctions));
+            Put(IsExact() ? Pick(random_, ExactFunctions) : Pick(random_, TameFunctions));
             Arguments(depth, 1);
         } else if (choice < 94) {
-            Put(FunctionOfNumbers());
+            IsExact() ? ExactFunctionOfNumbers(depth) : Put(FunctionOfNumbers());
         } else if (choice < 97) {
             FunctionOfCplx(depth);
         } else if (choice < 98) {
@@ -162,6 +206,46 @@ private:
                 return Pick(random_, {u"sin", u"cos", u"tan"}) + Text(u"(") +
                        Pick(random_, {u"pi", u"pi/2", u"3*pi", u"-pi/2", u"1000*pi", u"pi/4"}) +
                        u")";
+        }
+    }
+
+    const char16_t* ExactExponent() {
+        return Pick(random_, {u"2", u"3", u"(1-2)", u"(-1)", u"(1/2)", u"10", u"2^3", u"64", u"0",
+                              u"(-3)", u"(2/3)", u"5"});
+    }
+
+    // A good part of the operands are of the kind that the function wants.
+    void ExactFunctionOfNumbers(int depth) {
+        const Text x = Digits(random_, 2);
+        const Text y = Digits(random_, 2);
+        switch (random_.Below(8)) {
+            case 0:
+                Put(Pick(random_, {u"ncr(", u"npr(", u"gcd(", u"lcm(", u"root(", u"logx("}));
+                Sum(depth - 1);
+                Put(u";" + y + u")");
+                return;
+            case 1:
+                Put(u"powmod(" + x + u";" + y + u";");
+                Sum(depth - 1);
+                Put(u")");
+                return;
+            case 2:
+                Put(Pick(random_, {u"sqrt(", u"root(2;"}) + x + u"^2" +
+                    Pick(random_, {u"", u"/9", u"*4", u"+1"}) + u")");
+                return;
+            case 3:
+                Put(Pick(random_, {u"cbrt(", u"root(3;"}) + x + u"^3" +
+                    Pick(random_, {u"", u"/8", u"*27", u"-1"}) + u")");
+                return;
+            case 4:
+                Put(Pick(random_, {u"log2(2^", u"log10(10^", u"logx(3;3^", u"log2(1/2^"}) + y +
+                    Pick(random_, {u")", u")", u"+1)"}));
+                return;
+            case 5:
+                Put(Pick(random_, {u"root(", u"logx("}) + x.substr(0, 1) + u";" + y + u")");
+                return;
+            default:
+                Put(Pick(random_, {u"ncr(", u"npr(", u"gcd(", u"lcm("}) + x + u";" + y + u")");
         }
     }
 

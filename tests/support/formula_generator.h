@@ -12,8 +12,8 @@ namespace tallymere::testing_support {
 const Variables& RandomFormulaVariables();
 
 /// A formula that keeps to the grammar, with operands of all kinds, up to `depth` levels of
-/// parentheses and functions, and now and then something that fails. For the type in force, real or
-/// cplx.
+/// parentheses and functions, and now and then something that fails. For the type in force; in uint
+/// without "round", whose value depends on what was calculated before.
 std::u16string RandomFormula(RandomSource& random, int depth);
 
 /// A nest of up to 45 levels, about half of which fit the stack, mostly closed again.

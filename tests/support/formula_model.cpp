@@ -4,9 +4,6 @@
 #include <map>
 #include <string>
 #include <utility>
-
-#include "support/formula_values.h"
-
 namespace tallymere::testing_support {
 
 namespace {
@@ -145,8 +142,8 @@ using Values = std::map<Text, ModelValue>;
 // show their error there.
 class Descent {
 public:
-    Descent(std::u16string_view text, const Values& variables)
-        : lexer_(text), variables_(variables) {
+    Descent(std::u16string_view text, const Values& variables, const ModelArithmetic& arithmetic)
+        : lexer_(text), variables_(variables), arithmetic_(arithmetic) {
         coming_ = lexer_.Next();
     }
 
@@ -192,7 +189,8 @@ private:
         const Lexeme sign = Take();
         Operand operand = ProductFrom(Power());
         if (sign.word == u"-") {
-            ModelNegate(operand.value);
+            arithmetic_.negate(operand.value);
+            RefuseOnCode();
         }
         operand.position = sign.position;
         entries_--;
@@ -267,6 +265,13 @@ private:
         return atom;
     }
 
+    // What fails shows its error at the token that made it run.
+    void RefuseOnCode() const {
+        if (TakeCode() != CalcErrorNone) {
+            Refuse(10203);
+        }
+    }
+
     static bool InCplx() { return numberContext.numberType == NumberTypeComplex; }
 
     static Operand OperandOf(const Lexeme& token) {
@@ -283,22 +288,21 @@ private:
     }
 
     Operand Pi() {
-        Operand operand = OperandOf(Take());
-        operand.value = ModelPi();
+        const Lexeme token = Take();
+        Operand operand = OperandOf(token);
+        operand.value = arithmetic_.pi();
+        if (TakeCode() != CalcErrorNone) {
+            throw Refusal{10203, token.position, token.length};
+        }
         return operand;
     }
 
     Operand Number() {
         const Lexeme token = Take();
-        const Refusal bad = {10208, token.position, token.length};
         Operand operand = OperandOf(token);
-        if (token.word.size() >= 2 && token.word[0] == u'0' &&
-            Text(u"xXyYtT").find(token.word[1]) != Text::npos) {
-            throw bad;
-        }
-        operand.value = ModelNumber(token.word);
+        operand.value = arithmetic_.number(token.word);
         if (TakeCode() != CalcErrorNone) {
-            throw bad;
+            throw Refusal{10208, token.position, token.length};
         }
         return operand;
     }
@@ -360,14 +364,14 @@ private:
         Refuse(IsSymbol(u")") ? 10201 : 10202);
     }
 
-    static ModelValue Evaluate(const Lexeme& function, const std::vector<ModelValue>& arguments,
-                               const Lexeme& close) {
+    ModelValue Evaluate(const Lexeme& function, const std::vector<ModelValue>& arguments,
+                        const Lexeme& close) const {
         const auto refuse = [&](uint32_t error) {
             TakeCode();
             throw Refusal{error, function.position, function.length};
         };
         ModelValue value;
-        switch (ModelFunction(function.word, arguments, &value)) {
+        switch (arithmetic_.function(function.word, arguments, &value)) {
             case ModelRefusal::None:
                 break;
             case ModelRefusal::Complex:
@@ -383,6 +387,9 @@ private:
         if (TakeCode() != CalcErrorNone) {
             throw Refusal{10203, close.position, close.length};
         }
+        for (const ModelValue& argument : arguments) {
+            value.inexact = value.inexact || argument.inexact;
+        }
         return value;
     }
 
@@ -395,22 +402,24 @@ private:
     }
 
     void Combine(const Lexeme& operation, Operand& left, const Operand& right) {
-        ModelOperator(operation.word, left.value, right.value);
-        if (TakeCode() != CalcErrorNone) {
-            Refuse(10203);
-        }
+        const bool inexact = left.value.inexact || right.value.inexact;
+        arithmetic_.combine(operation.word, left.value, right.value);
+        RefuseOnCode();
+        left.value.inexact = left.value.inexact || inexact;
         left.end = right.end;
         entries_ -= 2;
     }
 
     Lexer lexer_;
     const Values& variables_;
+    const ModelArithmetic& arithmetic_;
     Lexeme coming_;
     int entries_ = 0;
 };
 
 // The values of the variables that the formula uses.
-Values UsedValues(std::u16string_view text, const Variables& variables) {
+Values UsedValues(std::u16string_view text, const Variables& variables,
+                  const ModelArithmetic& arithmetic) {
     std::vector<std::pair<Lexeme, const Text*>> used;
     Lexer lexer(text);
     for (Lexeme token = lexer.Next(); token.kind != Kind::End && token.kind != Kind::Invalid;
@@ -432,7 +441,7 @@ Values UsedValues(std::u16string_view text, const Variables& variables) {
     const Values none;
     for (const auto& [token, valueText] : used) {
         try {
-            values.emplace(token.word, Descent(*valueText, none).Formula());
+            values.emplace(token.word, Descent(*valueText, none, arithmetic).Formula());
         } catch (const Refusal&) {
             throw Refusal{10212, token.position, token.length};
         }
@@ -442,13 +451,16 @@ Values UsedValues(std::u16string_view text, const Variables& variables) {
 
 }  // namespace
 
-FormulaOutcome PredictFormula(std::u16string_view text, const Variables& variables) {
+FormulaOutcome PredictFormula(std::u16string_view text, const Variables& variables,
+                              const ModelArithmetic& arithmetic) {
     try {
-        const Values values = variables.empty() ? Values() : UsedValues(text, variables);
-        const ModelValue value = Descent(text, values).Formula();
-        return numberContext.numberType == NumberTypeReal
-                   ? Value(PlainText(value.realPart))
-                   : Value(PlainText(value.realPart), PlainText(value.imaginaryPart));
+        const Values values =
+            variables.empty() ? Values() : UsedValues(text, variables, arithmetic);
+        const ModelValue value = Descent(text, values, arithmetic).Formula();
+        FormulaOutcome outcome;
+        outcome.value = arithmetic.text(value);
+        outcome.inexact = value.inexact;
+        return outcome;
     } catch (const Refusal& refusal) {
         return Failure(refusal.error, refusal.position + 1, refusal.length);
     }

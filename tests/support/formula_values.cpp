@@ -41,6 +41,11 @@ void Refuse(ModelValue& a, CalcError code) {
     a = {RealBuffer("nan"), RealBuffer("0")};
 }
 
+void Negate(ModelValue& a) {
+    RealNegate(a.realPart);
+    RealNegate(a.imaginaryPart);
+}
+
 RealBuffer Sum(const RealBuffer& a, const RealBuffer& b) {
     RealBuffer sum;
     RealAdd(sum, a, b);
@@ -101,7 +106,7 @@ void Multiply(ModelValue& a, const ModelValue& b) {
         a = smallLeft ? b : a;
         ByParts(a, [&](RealBuffer& part) { RealRound(part, RealMulUint(part, part, k)); });
         if (negative) {
-            ModelNegate(a);
+            Negate(a);
         }
     } else {
         a = FullProduct(a, b);
@@ -113,7 +118,7 @@ void Divide(ModelValue& a, const ModelValue& b) {
     if (Magnitude(b, &k)) {
         ByParts(a, [&](RealBuffer& part) { RealRound(part, RealDivUint(part, part, k)); });
         if (RealSign(b.realPart) != 0) {
-            ModelNegate(a);
+            Negate(a);
         }
     } else if (b.IsReal()) {
         ByParts(a, [&](RealBuffer& part) { part = Quotient(part, b.realPart); });
@@ -388,22 +393,24 @@ bool IsOneOf(const Text& word, std::initializer_list<const char16_t*> words) {
     return std::find(words.begin(), words.end(), word) != words.end();
 }
 
-}  // namespace
-
-ModelValue ModelNumber(const Text& text) {
+ModelValue Number(const Text& text) {
     ModelValue value;
+    if (text.size() >= 2 && text[0] == u'0' && Text(u"xXyYtT").find(text[1]) != Text::npos) {
+        SetCalcError(CalcErrorSyntax);
+        return value;
+    }
     RealRound(value.realPart, RealFromText(value.realPart, text.c_str(),
                                            static_cast<int64_t>(text.size()), TextGroup));
     return value;
 }
 
-ModelValue ModelPi() {
+ModelValue Pi() {
     ModelValue value;
     RealPi(value.realPart);
     return value;
 }
 
-void ModelOperator(const Text& operation, ModelValue& a, const ModelValue& b) {
+void Combine(const Text& operation, ModelValue& a, const ModelValue& b) {
     if (operation == u"+") {
         a = {Sum(a.realPart, b.realPart), Sum(a.imaginaryPart, b.imaginaryPart)};
     } else if (operation == u"-") {
@@ -419,13 +426,8 @@ void ModelOperator(const Text& operation, ModelValue& a, const ModelValue& b) {
     }
 }
 
-void ModelNegate(ModelValue& a) {
-    RealNegate(a.realPart);
-    RealNegate(a.imaginaryPart);
-}
-
-ModelRefusal ModelFunction(const Text& function, const std::vector<ModelValue>& arguments,
-                           ModelValue* result) {
+ModelRefusal Function(const Text& function, const std::vector<ModelValue>& arguments,
+                      ModelValue* result) {
     if (function == u"powmod") {
         return ModelRefusal::Type;
     }
@@ -460,5 +462,14 @@ ModelRefusal ModelFunction(const Text& function, const std::vector<ModelValue>& 
     }
     return ModelRefusal::None;
 }
+
+std::string DecimalText(const ModelValue& value) {
+    const std::string realPart = PlainText(value.realPart);
+    return Complex() ? realPart + ", " + PlainText(value.imaginaryPart) : realPart;
+}
+
+}  // namespace
+
+const ModelArithmetic DecimalArithmetic = {Number, Pi, Combine, Negate, Function, DecimalText};
 
 }  // namespace tallymere::testing_support

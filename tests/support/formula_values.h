@@ -1,6 +1,7 @@
-// What the operators and functions of formulas have to give in the types real and cplx, for the
-// model of formulas. Written from the rules of the operations, with the rounded routines of the
-// core and the functions below it; complex products and quotients are worked out here.
+// What the operators and functions of formulas have to give, for the model of formulas: a table of
+// operations for each kind of number type, and the one for the types real and cplx. Written from
+// the rules of the operations, with the rounded routines of the core and the functions below it;
+// complex products and quotients are worked out here.
 #pragma once
 
 #include <string>
@@ -14,30 +15,39 @@ namespace tallymere::testing_support {
 struct ModelValue {
     RealBuffer realPart = RealBuffer("0");
     RealBuffer imaginaryPart = RealBuffer("0");
+    std::string exact;     ///< of an exact type in its place, in decimal: "3/4", "-0/1"
+    bool inexact = false;  ///< a remainder was lost on the way to it
 
     bool IsReal() const { return RealIsZero(imaginaryPart); }
 };
 
-// These note a CalcError where an operation fails, as the operations of the program do.
-
-/// The number that a literal in base 10 denotes.
-ModelValue ModelNumber(const std::u16string& text);
-
-/// pi.
-ModelValue ModelPi();
-
-/// a = a (operation) b, for "+", "-", "*", "/", "^" and "mod".
-void ModelOperator(const std::u16string& operation, ModelValue& a, const ModelValue& b);
-
-void ModelNegate(ModelValue& a);
-
 /// How a call ended, if not with a value.
 enum class ModelRefusal { None, Complex, Type, Pole };
 
-/// *result = function(arguments), for a known function and as many arguments as it takes; unless it
-/// exists only in cplx, or in neither of the types, or is a tangent at an odd multiple of the
-/// quarter turn.
-ModelRefusal ModelFunction(const std::u16string& function, const std::vector<ModelValue>& arguments,
-                           ModelValue* result);
+/// The operations of a number type. They note a CalcError where an operation fails, as the
+/// operations of the program do.
+struct ModelArithmetic {
+    /// The number that a literal denotes, with the prefix of its base.
+    ModelValue (*number)(const std::u16string& literal);
+
+    ModelValue (*pi)();
+
+    /// a = a (operation) b, for "+", "-", "*", "/", "^" and "mod".
+    void (*combine)(const std::u16string& operation, ModelValue& a, const ModelValue& b);
+
+    void (*negate)(ModelValue& a);
+
+    /// *result = function(arguments), for a known function and as many arguments as it takes;
+    /// unless it exists only in cplx, or not in the type, or is a tangent at an odd multiple of the
+    /// quarter turn.
+    ModelRefusal (*function)(const std::u16string& function,
+                             const std::vector<ModelValue>& arguments, ModelValue* result);
+
+    /// The value as ValueText writes it.
+    std::string (*text)(const ModelValue& value);
+};
+
+/// Of the types real and cplx.
+extern const ModelArithmetic DecimalArithmetic;
 
 }  // namespace tallymere::testing_support

@@ -9,11 +9,19 @@
 
 namespace tallymere::testing_support {
 
-/// What an operation has to leave: a fraction, which is +0/1 with a code.
-struct ExpectedRational {
+/// A fraction as integers of GMP.
+struct Fraction {
     uint64_t sign = 0;
     Integer numerator;
     Integer denominator{1};
+
+    bool IsZero() const { return numerator.Sign() == 0; }
+    bool IsWhole() const { return mpz_cmp_ui(mpz_srcptr(denominator), 1) == 0; }
+    bool IsNegative() const { return sign != 0 && !IsZero(); }
+};
+
+/// What an operation has to leave: a fraction, which is +0/1 with a code.
+struct ExpectedRational : Fraction {
     CalcError code = CalcErrorNone;
 
     void Refuse(CalcError why);
@@ -27,6 +35,36 @@ struct ExpectedRational {
     bool operator==(const RationalNumber* found) const;
     std::string Text() const;
 };
+
+// What operations of fractions give; `expected` is new.
+
+/// a + b, or a - b with `subtract`.
+void ExpectSum(ExpectedRational& expected, const Fraction& a, const Fraction& b, bool subtract);
+void ExpectProduct(ExpectedRational& expected, const Fraction& a, const Fraction& b);
+void ExpectQuotient(ExpectedRational& expected, const Fraction& a, const Fraction& b);
+
+/// The integer quotient of the magnitudes and what is left, both with the sign of a / b; each is
+/// limited for itself.
+void ExpectDivMod(ExpectedRational& quotient, ExpectedRational& remainder, const Fraction& a,
+                  const Fraction& b);
+
+/// base^e with the oddities of RationalPower.
+void ExpectPower(ExpectedRational& expected, const Fraction& base, const Fraction& e);
+
+/// The n-th root of x, exact or refused.
+void ExpectRoot(ExpectedRational& expected, const Fraction& n, const Fraction& x);
+void ExpectLogarithm(ExpectedRational& expected, const Fraction& base, const Fraction& x);
+void ExpectFactorial(ExpectedRational& expected, const Fraction& n);
+
+/// n over k, or with `falling` the product of its factors above. Of two integers that of integers.
+void ExpectBinomial(ExpectedRational& expected, const Fraction& n, const Fraction& k, bool falling);
+
+/// gmp(a, b) for positive integers: their greatest divisor or least multiple.
+void ExpectOfIntegers(ExpectedRational& expected, const Fraction& a, const Fraction& b,
+                      void (*gmp)(mpz_ptr, mpz_srcptr, mpz_srcptr));
+
+/// A record of the width in force.
+Fraction FractionOf(const RationalNumber* q);
 
 /// dest = the fraction of these parts in lowest terms, each cut to its low bits where it does not
 /// fit; 1 in place of a denominator of 0.
@@ -49,13 +87,7 @@ struct RationalSet {
 
     RationalNumber* operator[](size_t i) { return operands[i].Get(); }
     const RationalNumber* operator[](size_t i) const { return operands[i].Get(); }
-    LimbsView Numerator(size_t i) const { return LimbsView(RationalNumerator(operands[i].Get())); }
-    LimbsView Denominator(size_t i) const {
-        return LimbsView(RationalDenominator(operands[i].Get()));
-    }
-    uint64_t Sign(size_t i) const { return RationalSign(operands[i].Get()); }
-    bool IsWhole(size_t i) const { return mpz_cmp_ui(mpz_srcptr(Denominator(i)), 1) == 0; }
-    bool IsNegative(size_t i) const { return Sign(i) != 0 && !Numerator(i).IsZero(); }
+    Fraction Value(size_t i) const { return FractionOf(operands[i].Get()); }
     int64_t SignedWord() const { return static_cast<int64_t>(word); }
 
     std::string Text() const {
