@@ -5,8 +5,9 @@
 // BigUintResize moves it to another. The width is changed through UintWidthScope.
 //
 // Overflow never wraps: a result that does not fit is 0 and notes a code. In all operations the
-// destination comes first and may be an operand, but may not overlap one otherwise. Operations read
-// the width in force; the memory of all arrays is the caller's. None of them clears a code.
+// destination comes first and may be an operand; where nothing else is said it may not overlap one
+// otherwise. Operations read the width in force; the memory of all arrays is the caller's. None of
+// them clears a code.
 #pragma once
 
 #include <cstdint>
@@ -67,10 +68,12 @@ void BigUintSubOne(uint64_t* dest, const uint64_t* a);
 void BigUintResize(uint64_t* dest, int64_t destLimbs, const uint64_t* src, int64_t srcLimbs);
 
 /// dest = a shifted right by 0 <= n <= 64 bits; `out`, which may be null, takes the n bits that
-/// fall out, as a number. 0 and code 203 for an n above 64, `out` included.
+/// fall out, as a number. 0 and code 203 for an n above 64, `out` included. dest and a may overlap
+/// in any way.
 void BigUintShiftRightOut(uint64_t* dest, uint64_t* out, const uint64_t* a, uint64_t n);
 
 /// dest = a shifted right by n bits; 0 for n of 2^31 and above. 0 and code 203 for a negative n.
+/// dest and a may overlap in any way.
 void BigUintShiftRight(uint64_t* dest, const uint64_t* a, int64_t n);
 
 /// dest = a shifted left by 1 <= n <= 63 bits. 0 and code 203 for another n. With `check`, bits
