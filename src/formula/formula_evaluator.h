@@ -68,7 +68,7 @@ inline void SetFormulaError(FormulaEvaluator& evaluator, FormulaError error,
     SetFormulaError(evaluator, error, token.position, token.length);
 }
 
-/// Notes an integer operation that dropped a remainder. One that failed has no result to be exact.
+/// Notes a dropped remainder unless the integer operation was exact; one that failed dropped none.
 inline void NoteExactness(FormulaEvaluator& evaluator, bool exact) {
     if (!exact && numberContext.calcError == CalcErrorNone) {
         evaluator.inexactResult = true;
