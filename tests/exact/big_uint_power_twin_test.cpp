@@ -106,7 +106,8 @@ TEST(BigUintPowerTwins, AgreeOnThePowersOfTen) {
     for (const int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
         const int64_t last = UintWidthForLimbs(limbs).digits + 2;
-        for (int64_t n = -2; n <= last; n += n < 200 || n > last - 5 ? 1 : 1 + last / 50) {
+        for (int64_t n = -2; n <= last;
+             n = n < 200 || n + 5 >= last ? n + 1 : std::min(n + 1 + last / 50, last - 5)) {
             EXPECT_EQ(FindPower([&](uint64_t* dest) { BigUintPowerOfTenSmall(dest, n); }),
                       FindPower([&](uint64_t* dest) { reference::TwinPowerOfTen(dest, n); }))
                 << n;
@@ -223,7 +224,8 @@ TEST(BigUintPowerTwins, AgreeOnDecimalLogarithms) {
         WidthScope scope(limbs);
         const UintBuffer ten("10");
         const int64_t last = UintWidthForLimbs(limbs).digits;
-        for (int64_t n = 0; n <= last; n += n < 100 || n > last - 3 ? 1 : 1 + last / 3) {
+        for (int64_t n = 0; n <= last;
+             n = n < 100 || n + 2 >= last ? n + 1 : std::min(n + 1 + last / 3, last - 2)) {
             for (const UintBuffer& x : WithNeighbours(PowerOf(ten, n))) {
                 EXPECT_EQ(Find([&](uint64_t* dest) { return BigUintLogTen(dest, x); }),
                           Find([&](uint64_t* dest) { return reference::TwinLog(dest, ten, x); }))
