@@ -55,7 +55,7 @@ void StepAboveRoot(uint64_t* s, int64_t n, const uint64_t* x) {
 // the point.
 //
 // With s = r (1 + e), a step leaves an error of at most r (n - 1) e^2 / 2. Half the bits of r, and
-// enough more to make up for n, give e < 2^(2 - leading), and after the step an error below 1, to
+// enough more to make up for n, give e < 2^(2 - leading), and after the step an error below 1/2, to
 // which the 1 is added that keeps s above r. A number above the root of a shortened x stays above
 // when both are made longer, being whole.
 void RootFromAbove(uint64_t* s, int64_t n, const uint64_t* x, int64_t drop, int64_t bits) {
