@@ -1,4 +1,7 @@
 // Integer powers. A code that was noted before is kept; a failure gives 0.
+//
+// Method: square and multiply from the highest bit of the exponent. A power that fits is never
+// refused, as nothing larger than it is worked out on the way.
 #pragma once
 
 #include <cstdint>

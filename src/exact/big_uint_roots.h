@@ -1,4 +1,8 @@
 // Integer roots: the floor, and whether it is exact. A code that was noted before is kept.
+//
+// Method: the leading bits from the binary logarithm of x, then Newton's steps on whole numbers,
+// always from above, of which each nearly doubles the bits; at the end one power tells whether the
+// root is exact.
 #pragma once
 
 #include <cstdint>
