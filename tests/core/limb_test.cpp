@@ -107,6 +107,24 @@ TEST(LimbStep, SplitsEveryProductOfLimbsWithCarries) {
     }
 }
 
+TEST(DivideByWord, IsExactAroundEveryMultiple) {
+    RandomSource random;
+    for (int round = 0; round < TestRounds(300000); round++) {
+        const uint64_t top = uint64_t{1} << 63;
+        const uint64_t d = random.Below(4) == 0   ? top + random.Below(3)
+                           : random.Below(3) == 0 ? ~random.Below(3)
+                                                  : random.Word() | top;
+        const uint64_t quotient = random.Below(5) == 0 ? ~random.Below(3) : random.Word();
+        const uint64_t remainder = random.Below(2) == 0
+                                       ? random.Below(d)
+                                       : (random.Below(2) == 0 ? random.Below(3) : d - 1);
+        const Wide value = wide_portable::Add(wide_portable::Multiply(quotient, d), {0, remainder});
+        const LimbQuotient parts = DivideByWord(value, d, WordReciprocal(d));
+        ASSERT_EQ(parts.quotient, quotient) << d;
+        ASSERT_EQ(parts.remainder, remainder) << d;
+    }
+}
+
 TEST(DivideByLimbBase, IsExactAroundEveryMultiple) {
     RandomSource random;
     for (int round = 0; round < TestRounds(300000); round++) {
