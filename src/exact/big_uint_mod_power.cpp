@@ -4,7 +4,6 @@
 
 #include "core/number_context.h"
 #include "core/scratch.h"
-#include "core/word_products.h"
 #include "exact/big_uint.h"
 #include "exact/big_uint_multiply.h"
 #include "exact/limb_division.h"
@@ -20,10 +19,9 @@ constexpr int64_t MostOddPowerWords = 5'000;
 
 // square = x^2 in 2 n limbs: twice the products of different limbs and the squares of single ones.
 void SquareLimbs(uint64_t* square, const uint64_t* x, int64_t n) {
-    square[0] = 0;
-    square[n] = MultiplyWords(square + 1, x + 1, n - 1, x[0]);
-    for (int64_t i = 1; i < n; i++) {
-        square[n + i] = MultiplyAddWords(square + 2 * i + 1, x + i + 1, n - 1 - i, x[i]);
+    std::fill_n(square, n, uint64_t{0});
+    for (int64_t i = 0; i < n; i++) {
+        square[n + i] = AddLimbProduct(square + 2 * i + 1, x + i + 1, n - 1 - i, x[i]);
     }
     uint64_t doubled = 0;
     uint64_t carry = 0;
@@ -42,14 +40,53 @@ void SquareLimbs(uint64_t* square, const uint64_t* x, int64_t n) {
     }
 }
 
-// What a residue modulo m is: of as many limbs as m has, and modulo m moved left to a full highest
-// limb, which is a multiple of m. So only the result needs to be reduced once more.
+// m of n limbs, and how residues modulo m are multiplied. An odd m of two limbs and more goes by
+// Montgomery's reduction, which needs no quotients: the residue of x is x 2^(64 n) mod m. Otherwise
+// it is a number that is x modulo m and less than m moved left to a full highest limb, which is a
+// multiple of m.
 struct Modulus {
+    const uint64_t* limbs;
     LimbDivisor divisor;
-    uint64_t* product;  // twice the limbs of m
+    uint64_t negativeInverse;  // -1 / m modulo 2^64 for Montgomery's reduction, else 0
+    uint64_t* product;         // 2 n limbs
 };
 
+// -1 / m modulo 2^64, for an odd m: each step doubles the low bits that are right, of which there
+// are three at first.
+uint64_t NegativeInverse(uint64_t m) {
+    uint64_t inverse = m;
+    for (int bits = 3; bits < 64; bits *= 2) {
+        inverse *= 2 - m * inverse;
+    }
+    return 0 - inverse;
+}
+
+// dest = modulus.product / 2^(64 n) mod m, for a product below 2^(64 n) m: multiples of m make its
+// lower half 0, limb by limb.
+// Source: Menezes, van Oorschot and Vanstone, "Handbook of Applied Cryptography", algorithm 14.32.
+void ReduceMontgomery(uint64_t* dest, const Modulus& modulus) {
+    const int64_t n = modulus.divisor.count;
+    uint64_t* low = modulus.product;
+    for (int64_t i = 0; i < n; i++) {
+        // The limb that becomes 0 holds what is to be added n limbs above it.
+        low[i] = AddLimbProduct(low + i, modulus.limbs, n, low[i] * modulus.negativeInverse);
+    }
+    uint64_t carry = 0;
+    for (int64_t i = 0; i < n; i++) {
+        const Wide sum = wide::Add(wide::Add({0, low[i]}, {0, low[n + i]}), {0, carry});
+        dest[i] = sum.low;
+        carry = sum.high;
+    }
+    if (carry != 0 || BigUintCompare(dest, modulus.limbs) >= 0) {
+        SubtractLimbRow(dest, modulus.limbs, n);
+    }
+}
+
 void Reduce(uint64_t* dest, const Modulus& modulus) {
+    if (modulus.negativeInverse != 0) {
+        ReduceMontgomery(dest, modulus);
+        return;
+    }
     LimbsDivide(nullptr, modulus.product, modulus.divisor.count, modulus.divisor);
     std::copy_n(modulus.product, modulus.divisor.count, dest);
 }
@@ -75,24 +112,36 @@ void SquareModulo(uint64_t* dest, const uint64_t* x, const Modulus& modulus) {
     Reduce(dest, modulus);
 }
 
-// dest = the residue of a number of any length.
-void MakeResidue(uint64_t* dest, const uint64_t* a, int64_t length, const Modulus& modulus) {
+// dest = a 2^(64 zeros) mod m, in the limbs of m, for an a of `length` limbs.
+void ReduceFully(uint64_t* dest, const uint64_t* a, int64_t length, int64_t zeros,
+                 const Modulus& modulus) {
     const int64_t n = modulus.divisor.count;
+    const int64_t limbs = std::max(length + zeros + 1, n);
     CoreScratchScope scratch;
-    uint64_t* rest = scratch.Take(std::max(length, n) + 1);
-    std::copy_n(a, length, rest);
-    std::fill(rest + length, rest + std::max(length, n) + 1, uint64_t{0});
-    LimbsDivide(nullptr, rest, std::max(length, n) + 1 - n, modulus.divisor);
-    std::copy_n(rest, n, dest);
+    uint64_t* rest = scratch.Take(limbs);
+    std::fill_n(rest, limbs, uint64_t{0});
+    if (length > 0) {
+        rest[zeros + length] = LimbsMoveLeft(rest + zeros, a, length, modulus.divisor.shift);
+    }
+    LimbsDivide(nullptr, rest, limbs - n, modulus.divisor);
+    LimbsMoveRight(dest, rest, n, modulus.divisor.shift);
 }
 
-// dest = x modulo m itself.
-void ReduceFully(uint64_t* dest, const uint64_t* x, const Modulus& modulus) {
+void MakeResidue(uint64_t* dest, const uint64_t* a, int64_t length, const Modulus& modulus) {
+    const int64_t zeros = modulus.negativeInverse != 0 ? modulus.divisor.count : 0;
+    ReduceFully(dest, a, length, zeros, modulus);
+}
+
+// Makes a residue the number below m that it stands for.
+void TakeFromResidue(uint64_t* x, const Modulus& modulus) {
     const int64_t n = modulus.divisor.count;
-    uint64_t* rest = modulus.product;
-    rest[n] = LimbsMoveLeft(rest, x, n, modulus.divisor.shift);
-    LimbsDivide(nullptr, rest, 1, modulus.divisor);
-    LimbsMoveRight(dest, rest, n, modulus.divisor.shift);
+    if (modulus.negativeInverse == 0) {
+        ReduceFully(x, x, n, 0, modulus);
+        return;
+    }
+    std::copy_n(x, n, modulus.product);
+    std::fill_n(modulus.product + n, n, uint64_t{0});
+    ReduceMontgomery(x, modulus);
 }
 
 // The bits of the exponent that are taken at once. One bit more makes twice as many odd powers
@@ -172,20 +221,26 @@ void BigUintModPower(uint64_t* dest, const uint64_t* a, const uint64_t* e, const
         return;
     }
     const int64_t n = BigUintLength(m);
-    CoreScratchScope scratch;
-    const Modulus modulus = {PrepareDivisor(scratch.Take(n), m, n), scratch.Take(2 * n)};
-    uint64_t* power = scratch.Take(n);
-    uint64_t* base = scratch.Take(n);
-    MakeResidue(base, a, BigUintLength(a), modulus);
+    const int64_t lengthOfA = BigUintLength(a);
     const int64_t exponentBits = BigUintBitLength(e);
+    CoreScratchScope scratch;
+    const bool usesMontgomery = n > 1 && BigUintBit(m, 0) != 0;
+    const Modulus modulus = {m, PrepareDivisor(scratch.Take(n), m, n),
+                             usesMontgomery ? NegativeInverse(m[0]) : 0, scratch.Take(2 * n)};
+    uint64_t* power = scratch.Take(n);
     bool done = false;
     {
         UintWidthScope width(n);
+        uint64_t* base = scratch.Take(n);
+        MakeResidue(base, a, lengthOfA, modulus);
         done = PowerModulo(power, base, e, exponentBits, modulus);
+        if (done) {
+            TakeFromResidue(power, modulus);
+        }
     }
     BigUintClear(dest);
     if (done) {
-        ReduceFully(dest, power, modulus);
+        std::copy_n(power, n, dest);
     } else {
         SetCalcError(CalcErrorCancelled);
     }

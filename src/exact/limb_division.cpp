@@ -15,17 +15,6 @@ void Complement(uint64_t* limbs, int64_t n) {
     }
 }
 
-// r -= b over n limbs; returns what is borrowed from above, 0 or 1.
-uint64_t SubtractRow(uint64_t* r, const uint64_t* b, int64_t n) {
-    uint64_t borrow = 0;
-    for (int64_t i = 0; i < n; i++) {
-        const Wide difference = wide::Subtract(wide::Subtract({0, r[i]}, {0, b[i]}), {0, borrow});
-        r[i] = difference.low;
-        borrow = difference.high & 1;
-    }
-    return borrow;
-}
-
 void DivideByOneLimb(uint64_t* quotient, uint64_t* r, int64_t m, const LimbDivisor& divisor) {
     uint64_t remainder = r[m];
     for (int64_t j = m - 1; j >= 0; j--) {
@@ -37,20 +26,6 @@ void DivideByOneLimb(uint64_t* quotient, uint64_t* r, int64_t m, const LimbDivis
         }
     }
     r[0] = remainder;
-}
-
-// r += k b over n limbs; returns the limb above.
-uint64_t AddProduct(uint64_t* r, const uint64_t* b, int64_t n, uint64_t k) {
-    if (n >= LongRow) {
-        return MultiplyAddWords(r, b, n, k);
-    }
-    uint64_t carry = 0;
-    for (int64_t i = 0; i < n; i++) {
-        const Wide sum = wide::Add(wide::Add(wide::Multiply(b[i], k), {0, r[i]}), {0, carry});
-        r[i] = sum.low;
-        carry = sum.high;
-    }
-    return carry;
 }
 
 // For a divisor of at least two limbs. The highest two limbs of what remains are held in `high`, of
@@ -68,16 +43,16 @@ void DivideByRows(uint64_t* quotient, uint64_t* r, int64_t m, const LimbDivisor&
         const uint64_t limb = ~row[lower];
         uint64_t digit = ~uint64_t{0};
         if (AtLeast(high, top)) [[unlikely]] {
-            const uint64_t borrow = AddProduct(row, b, lower, digit);
+            const uint64_t borrow = AddLimbProduct(row, b, lower, digit);
             high = wide::Subtract(wide::Add(top, {0, limb}), {0, borrow});
         } else {
             const WideQuotient estimate = DivideByWide(high, limb, top, divisor.reciprocal);
             digit = estimate.quotient;
-            const Wide borrow = {0, AddProduct(row, b, lower, digit)};
+            const Wide borrow = {0, AddLimbProduct(row, b, lower, digit)};
             high = wide::Subtract(estimate.remainder, borrow);
             if (!AtLeast(estimate.remainder, borrow)) [[unlikely]] {
                 digit--;
-                high = wide::Add(wide::Add(high, top), {0, SubtractRow(row, b, lower)});
+                high = wide::Add(wide::Add(high, top), {0, SubtractLimbRow(row, b, lower)});
             }
         }
         if (quotient != nullptr) {
@@ -108,6 +83,29 @@ void LimbsMoveRight(uint64_t* dest, const uint64_t* src, int64_t n, int shift) {
         dest[i] = (src[i] >> shift) | fromAbove(src[i + 1]);
     }
     dest[n - 1] = src[n - 1] >> shift;
+}
+
+uint64_t AddLimbProduct(uint64_t* r, const uint64_t* b, int64_t n, uint64_t k) {
+    if (n >= LongRow) {
+        return MultiplyAddWords(r, b, n, k);
+    }
+    uint64_t carry = 0;
+    for (int64_t i = 0; i < n; i++) {
+        const Wide sum = wide::Add(wide::Add(wide::Multiply(b[i], k), {0, r[i]}), {0, carry});
+        r[i] = sum.low;
+        carry = sum.high;
+    }
+    return carry;
+}
+
+uint64_t SubtractLimbRow(uint64_t* r, const uint64_t* b, int64_t n) {
+    uint64_t borrow = 0;
+    for (int64_t i = 0; i < n; i++) {
+        const Wide difference = wide::Subtract(wide::Subtract({0, r[i]}, {0, b[i]}), {0, borrow});
+        r[i] = difference.low;
+        borrow = difference.high & 1;
+    }
+    return borrow;
 }
 
 LimbDivisor PrepareDivisor(uint64_t* store, const uint64_t* b, int64_t n) {

@@ -66,6 +66,12 @@ uint64_t LimbsMoveLeft(uint64_t* dest, const uint64_t* src, int64_t n, int shift
 /// src, or overlap it from below.
 void LimbsMoveRight(uint64_t* dest, const uint64_t* src, int64_t n, int shift);
 
+/// r += k b over n >= 0 limbs; returns the limb above. For rows that are often short.
+uint64_t AddLimbProduct(uint64_t* r, const uint64_t* b, int64_t n, uint64_t k);
+
+/// r -= b over n >= 0 limbs; returns what is borrowed from above, 0 or 1.
+uint64_t SubtractLimbRow(uint64_t* r, const uint64_t* b, int64_t n);
+
 /// A divisor b of n >= 1 limbs, made ready.
 struct LimbDivisor {
     const uint64_t* limbs;  ///< n of them: b moved left by `shift` bits, its highest bit then set
