@@ -15,6 +15,7 @@
 #include "exact/big_uint_mod_power.h"
 #include "exact/big_uint_multiply.h"
 #include "exact/big_uint_text.h"
+#include "reference/big_uint_division_twins.h"
 #include "reference/uint_multiply_twins.h"
 #include "reference/uint_text_twins.h"
 
@@ -145,6 +146,13 @@ void SmallQuotientGmp(benchmark::State& state, int64_t limbs) {
     });
 }
 
+void SmallQuotientTwin(benchmark::State& state, int64_t limbs) {
+    Operands x(limbs, 1, limbs);
+    GoRound(state, x.Count(), [&](size_t i) {
+        benchmark::DoNotOptimize(reference::TwinDivideSmall(x.a[i], x.b[i][0]));
+    });
+}
+
 // A number by one of half its length, or of half and half a limb: 1039 by 520.
 
 void QuotientOurs(benchmark::State& state, int64_t limbs) {
@@ -162,47 +170,78 @@ void QuotientGmp(benchmark::State& state, int64_t limbs) {
     });
 }
 
-// Base, exponent and odd modulus of full length.
-
-void MakeOdd(std::vector<Words>& values) {
-    for (Words& value : values) {
-        value[0] |= 1;
-    }
+void QuotientTwin(benchmark::State& state, int64_t limbs) {
+    Operands x(limbs, (limbs + 1) / 2, limbs);
+    GoRound(state, x.Count(),
+            [&](size_t i) { benchmark::DoNotOptimize(reference::TwinDivide(x.a[i], x.b[i])); });
 }
 
+// Base, exponent and odd modulus of full length. Each power has branches enough by itself, and its
+// twin takes long.
+struct PowerOperands : Operands {
+    explicit PowerOperands(int64_t limbs)
+        : Operands(limbs, limbs, limbs), modulus(RandomValues(3, limbs, limbs)) {
+        a.resize(2);
+        b.resize(2);
+        modulus.resize(2);
+        for (Words& value : modulus) {
+            value[0] |= 1;
+        }
+    }
+
+    std::vector<Words> modulus;
+};
+
 void ModPowerOurs(benchmark::State& state, int64_t limbs) {
-    Operands x(limbs, limbs, limbs);
-    std::vector<Words> modulus = RandomValues(3, limbs, limbs);
-    MakeOdd(modulus);
+    PowerOperands x(limbs);
     GoRound(state, x.Count(), [&](size_t i) {
-        BigUintModPower(x.room.data(), x.a[i].data(), x.b[i].data(), modulus[i].data());
+        BigUintModPower(x.room.data(), x.a[i].data(), x.b[i].data(), x.modulus[i].data());
     });
 }
 
 void ModPowerGmp(benchmark::State& state, int64_t limbs) {
-    Operands x(limbs, limbs, limbs);
-    std::vector<Words> modulus = RandomValues(3, limbs, limbs);
-    MakeOdd(modulus);
+    PowerOperands x(limbs);
     const GmpIntegers a = MakeGmp(x.a);
     const GmpIntegers b = MakeGmp(x.b);
-    const GmpIntegers m = MakeGmp(modulus);
+    const GmpIntegers m = MakeGmp(x.modulus);
     GmpInteger dest;
     GoRound(state, x.Count(),
             [&](size_t i) { mpz_powm(dest.Get(), a[i]->Get(), b[i]->Get(), m[i]->Get()); });
 }
 
+void ModPowerTwin(benchmark::State& state, int64_t limbs) {
+    PowerOperands x(limbs);
+    GoRound(state, x.Count(), [&](size_t i) {
+        benchmark::DoNotOptimize(reference::TwinModPower(x.a[i], x.b[i], x.modulus[i]));
+    });
+}
+
+// Two numbers of full length; the twin takes long here, too.
+struct DivisorOperands : Operands {
+    explicit DivisorOperands(int64_t limbs) : Operands(limbs, limbs, limbs) {
+        a.resize(2);
+        b.resize(2);
+    }
+};
+
 void GcdOurs(benchmark::State& state, int64_t limbs) {
-    Operands x(limbs, limbs, limbs);
+    DivisorOperands x(limbs);
     GoRound(state, x.Count(),
             [&](size_t i) { BigUintGcd(x.room.data(), x.a[i].data(), x.b[i].data()); });
 }
 
 void GcdGmp(benchmark::State& state, int64_t limbs) {
-    Operands x(limbs, limbs, limbs);
+    DivisorOperands x(limbs);
     const GmpIntegers a = MakeGmp(x.a);
     const GmpIntegers b = MakeGmp(x.b);
     GmpInteger dest;
     GoRound(state, x.Count(), [&](size_t i) { mpz_gcd(dest.Get(), a[i]->Get(), b[i]->Get()); });
+}
+
+void GcdTwin(benchmark::State& state, int64_t limbs) {
+    DivisorOperands x(limbs);
+    GoRound(state, x.Count(),
+            [&](size_t i) { benchmark::DoNotOptimize(reference::TwinGcd(x.a[i], x.b[i])); });
 }
 
 // Decimal texts of so many digits.
@@ -315,10 +354,14 @@ void AddExactBenchmarks() {
         {"uint-product", {26, 65, 1039}, ProductOurs, ProductGmp, ProductTwin},
         {"uint-fitting-product", {26, 65, 1039}, FittingProductOurs, ProductGmp, nullptr},
         {"uint-small-product", {26, 65, 1039}, SmallProductOurs, SmallProductGmp, nullptr},
-        {"uint-small-quotient", {26, 65, 1039}, SmallQuotientOurs, SmallQuotientGmp, nullptr},
-        {"uint-quotient", {130, 1039}, QuotientOurs, QuotientGmp, nullptr},
-        {"uint-mod-power", {65}, ModPowerOurs, ModPowerGmp, nullptr},
-        {"uint-gcd", {520}, GcdOurs, GcdGmp, nullptr},
+        {"uint-small-quotient",
+         {26, 65, 1039},
+         SmallQuotientOurs,
+         SmallQuotientGmp,
+         SmallQuotientTwin},
+        {"uint-quotient", {130, 1039}, QuotientOurs, QuotientGmp, QuotientTwin},
+        {"uint-mod-power", {65}, ModPowerOurs, ModPowerGmp, ModPowerTwin},
+        {"uint-gcd", {520}, GcdOurs, GcdGmp, GcdTwin},
         {"uint-read", {20'000}, ReadOurs, ReadGmp, ReadTwin},
         {"uint-write", {20'000}, WriteOurs, WriteGmp, WriteTwin},
     };
