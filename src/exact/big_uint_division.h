@@ -11,7 +11,7 @@ namespace tallymere {
 /// array.
 void BigUintDivide(uint64_t* quotient, uint64_t* remainder, const uint64_t* a, const uint64_t* b);
 
-/// quotient = floor(a / b); returns true when b divides a.
+/// quotient = floor(a / b); returns true when nothing remains, which is so for b = 0 too.
 bool BigUintDivideExact(uint64_t* quotient, const uint64_t* a, const uint64_t* b);
 
 /// quotient = floor(a / d), *remainder = a mod d; either may be null. `reciprocal` is
