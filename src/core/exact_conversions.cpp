@@ -130,8 +130,7 @@ void ConvertRealToUint(uint64_t* out, int64_t limbs, const RealNumber* x, int64_
     }
     const bool isNatural = RealIsZero(x) || (RealIsInteger(x) && RealSign(x) == 0);
     if (!isNatural) {
-        BigUintClear(out);
-        SetCalcError(CalcErrorUndefined);
+        BigUintSetFailed(out, CalcErrorUndefined);
         return;
     }
     BigUintFromReal(out, limbs, x);
@@ -151,9 +150,7 @@ void ConvertRealToRational(RationalNumber* out, int64_t limbs, const RealNumber*
     out->sign = RealSign(x);
     BigUintFromReal(RationalNumerator(out), limbs, x);
     BigUintFromWord(RationalDenominator(out), 1);
-    if (numberContext.calcError != CalcErrorNone) {
-        RationalSetFailed(out);
-    }
+    RationalFailOnCode(out);
 }
 
 void ConvertRationalToReal(RealNumber* dest, int64_t digits, const RationalNumber* q,

@@ -9,12 +9,6 @@ namespace tallymere {
 
 namespace {
 
-// What an operation leaves that cannot give its result.
-void Refuse(uint64_t* dest, CalcError code) {
-    BigUintClear(dest);
-    SetCalcError(code);
-}
-
 // dest = a shifted right by limbShift limbs and 0 <= bits < 64; limbShift is at most the width. The
 // arrays may overlap in any way.
 void ShiftRight(uint64_t* dest, const uint64_t* a, int64_t limbShift, int bits) {
@@ -48,6 +42,11 @@ void BigUintCopy(uint64_t* dest, const uint64_t* src) {
     if (dest != src) {
         std::copy_n(src, numberContext.uintLimbs, dest);
     }
+}
+
+void BigUintSetFailed(uint64_t* dest, CalcError code) {
+    BigUintClear(dest);
+    SetCalcError(code);
 }
 
 void BigUintFromWord(uint64_t* dest, uint64_t k) {
@@ -101,7 +100,7 @@ void BigUintAdd(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
         carry = sum.high;
     }
     if (carry != 0) {
-        Refuse(dest, CalcErrorOverflow);
+        BigUintSetFailed(dest, CalcErrorOverflow);
     }
 }
 
@@ -112,7 +111,7 @@ void BigUintAddSmall(uint64_t* dest, const uint64_t* a, uint64_t k) {
         carry = dest[i] < carry ? 1 : 0;
     }
     if (carry != 0) {
-        Refuse(dest, CalcErrorOverflow);
+        BigUintSetFailed(dest, CalcErrorOverflow);
     }
 }
 
@@ -124,7 +123,7 @@ void BigUintSub(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
         borrow = difference.high & 1;
     }
     if (borrow != 0) {
-        Refuse(dest, CalcErrorOverflow);
+        BigUintSetFailed(dest, CalcErrorOverflow);
     }
 }
 
@@ -136,7 +135,7 @@ void BigUintSubOne(uint64_t* dest, const uint64_t* a) {
         borrow = limb < borrow ? 1 : 0;
     }
     if (borrow != 0) {
-        Refuse(dest, CalcErrorOverflow);
+        BigUintSetFailed(dest, CalcErrorOverflow);
     }
 }
 
@@ -161,7 +160,7 @@ void BigUintResize(uint64_t* dest, int64_t destLimbs, const uint64_t* src, int64
 
 void BigUintShiftRightOut(uint64_t* dest, uint64_t* out, const uint64_t* a, uint64_t n) {
     if (n > BitsPerUintLimb) {
-        Refuse(dest, CalcErrorUndefined);
+        BigUintSetFailed(dest, CalcErrorUndefined);
         if (out != nullptr) {
             *out = 0;
         }
@@ -178,7 +177,7 @@ void BigUintShiftRightOut(uint64_t* dest, uint64_t* out, const uint64_t* a, uint
 
 void BigUintShiftRight(uint64_t* dest, const uint64_t* a, int64_t n) {
     if (n < 0) {
-        Refuse(dest, CalcErrorUndefined);
+        BigUintSetFailed(dest, CalcErrorUndefined);
         return;
     }
     const int64_t limbShift = n / BitsPerUintLimb;
@@ -191,13 +190,13 @@ void BigUintShiftRight(uint64_t* dest, const uint64_t* a, int64_t n) {
 
 void BigUintShiftLeft(uint64_t* dest, const uint64_t* a, int64_t n, bool check) {
     if (n < 1 || n >= BitsPerUintLimb) {
-        Refuse(dest, CalcErrorUndefined);
+        BigUintSetFailed(dest, CalcErrorUndefined);
         return;
     }
     const int bits = static_cast<int>(n);
     const int64_t top = numberContext.uintLimbs - 1;
     if (check && a[top] >> (BitsPerUintLimb - bits) != 0) {
-        Refuse(dest, CalcErrorOverflow);
+        BigUintSetFailed(dest, CalcErrorOverflow);
         return;
     }
     for (int64_t i = top; i > 0; i--) {

@@ -22,6 +22,9 @@ inline constexpr int64_t BitsPerUintLimb = 64;
 void BigUintClear(uint64_t* dest);
 void BigUintCopy(uint64_t* dest, const uint64_t* src);
 
+/// What stands where an operation failed: 0, and the code unless one is noted already.
+void BigUintSetFailed(uint64_t* dest, CalcError code);
+
 /// dest = k.
 void BigUintFromWord(uint64_t* dest, uint64_t k);
 

@@ -77,8 +77,7 @@ bool RefuseZero(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
     if (!BigUintIsZero(a) && !BigUintIsZero(b)) {
         return false;
     }
-    BigUintClear(dest);
-    SetCalcError(CalcErrorUndefined);
+    BigUintSetFailed(dest, CalcErrorUndefined);
     return true;
 }
 

@@ -14,8 +14,7 @@ namespace tallymere {
 namespace {
 
 bool RefuseLogarithm(uint64_t* dest) {
-    BigUintClear(dest);
-    SetCalcError(CalcErrorOverflow);
+    BigUintSetFailed(dest, CalcErrorOverflow);
     return false;
 }
 

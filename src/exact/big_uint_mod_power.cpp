@@ -212,8 +212,7 @@ bool PowerModulo(uint64_t* dest, const uint64_t* base, const uint64_t* e, int64_
 
 void BigUintModPower(uint64_t* dest, const uint64_t* a, const uint64_t* e, const uint64_t* m) {
     if (BigUintIsZero(m)) {
-        BigUintClear(dest);
-        SetCalcError(CalcErrorExactDivisionByZero);
+        BigUintSetFailed(dest, CalcErrorExactDivisionByZero);
         return;
     }
     if (BigUintIsZero(e)) {
@@ -238,12 +237,12 @@ void BigUintModPower(uint64_t* dest, const uint64_t* a, const uint64_t* e, const
             TakeFromResidue(power, modulus);
         }
     }
-    BigUintClear(dest);
-    if (done) {
-        std::copy_n(power, n, dest);
-    } else {
-        SetCalcError(CalcErrorCancelled);
+    if (!done) {
+        BigUintSetFailed(dest, CalcErrorCancelled);
+        return;
     }
+    BigUintClear(dest);
+    std::copy_n(power, n, dest);
 }
 
 }  // namespace tallymere

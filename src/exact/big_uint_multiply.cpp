@@ -24,16 +24,11 @@ void MultiplyLimbs(uint64_t* dest, const uint64_t* a, int64_t la, const uint64_t
     }
 }
 
-void Overflow(uint64_t* dest) {
-    BigUintClear(dest);
-    SetCalcError(CalcErrorOverflow);
-}
-
 }  // namespace
 
 void BigUintMulSmall(uint64_t* dest, const uint64_t* a, uint64_t k) {
     if (MultiplyWords(dest, a, numberContext.uintLimbs, k) != 0) {
-        Overflow(dest);
+        BigUintSetFailed(dest, CalcErrorOverflow);
     }
 }
 
@@ -46,7 +41,7 @@ void BigUintMul(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
         return;
     }
     if (la + lb > width + 1) {
-        Overflow(dest);
+        BigUintSetFailed(dest, CalcErrorOverflow);
         return;
     }
     CoreScratchScope scratch;
@@ -54,7 +49,7 @@ void BigUintMul(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
     MultiplyLimbs(product, a, la, b, lb);
     const int64_t kept = std::min(la + lb, width);
     if (la + lb > width && product[width] != 0) {
-        Overflow(dest);
+        BigUintSetFailed(dest, CalcErrorOverflow);
         return;
     }
     std::copy_n(product, kept, dest);

@@ -8,15 +8,6 @@
 
 namespace tallymere {
 
-namespace {
-
-void RefusePower(uint64_t* dest, CalcError code) {
-    BigUintClear(dest);
-    SetCalcError(code);
-}
-
-}  // namespace
-
 // From the highest bit of e down: every value on the way is a power of the base that is no larger
 // than the result, so that nothing overflows unless the result does.
 bool BigUintPowerIfFits(uint64_t* dest, const uint64_t* base, int64_t e) {
@@ -41,9 +32,9 @@ void BigUintPowerSmall(uint64_t* dest, const uint64_t* base, int64_t e) {
     if (e == 0) {
         BigUintFromWord(dest, 1);
     } else if (e < 0) {
-        RefusePower(dest, CalcErrorUndefined);
+        BigUintSetFailed(dest, CalcErrorUndefined);
     } else if (!BigUintPowerIfFits(dest, base, e)) {
-        RefusePower(dest, CalcErrorOverflow);
+        BigUintSetFailed(dest, CalcErrorOverflow);
     }
 }
 
@@ -53,7 +44,7 @@ void BigUintPower(uint64_t* dest, const uint64_t* base, const uint64_t* e) {
     } else if (BigUintIsZero(base) || BigUintIsWord(base, 1)) {
         BigUintCopy(dest, base);
     } else {
-        RefusePower(dest, CalcErrorOverflow);
+        BigUintSetFailed(dest, CalcErrorOverflow);
     }
 }
 
@@ -61,15 +52,15 @@ void BigUintPowerOfTwo(uint64_t* dest, const uint64_t* n) {
     if (BigUintFitsSigned(n)) {
         BigUintPowerOfTwoSmall(dest, static_cast<int64_t>(n[0]));
     } else {
-        RefusePower(dest, CalcErrorOverflow);
+        BigUintSetFailed(dest, CalcErrorOverflow);
     }
 }
 
 void BigUintPowerOfTwoSmall(uint64_t* dest, int64_t n) {
     if (n < 0) {
-        RefusePower(dest, CalcErrorUndefined);
+        BigUintSetFailed(dest, CalcErrorUndefined);
     } else if (n >= BitsPerUintLimb * numberContext.uintLimbs) {
-        RefusePower(dest, CalcErrorOverflow);
+        BigUintSetFailed(dest, CalcErrorOverflow);
     } else {
         BigUintClear(dest);
         dest[n / BitsPerUintLimb] = uint64_t{1} << (n % BitsPerUintLimb);
@@ -80,14 +71,14 @@ void BigUintPowerOfTen(uint64_t* dest, const uint64_t* n) {
     if (BigUintFitsSigned(n)) {
         BigUintPowerOfTenSmall(dest, static_cast<int64_t>(n[0]));
     } else {
-        RefusePower(dest, CalcErrorOverflow);
+        BigUintSetFailed(dest, CalcErrorOverflow);
     }
 }
 
 // As BigUintPowerIfFits, but the highest bits of n come from the table of one-limb powers.
 void BigUintPowerOfTenSmall(uint64_t* dest, int64_t n) {
     if (n < 0) {
-        RefusePower(dest, CalcErrorUndefined);
+        BigUintSetFailed(dest, CalcErrorUndefined);
         return;
     }
     const CalcErrorScope codes;

@@ -109,8 +109,7 @@ bool BigUintRoot(uint64_t* dest, const uint64_t* n, const uint64_t* x) {
 
 bool BigUintRootSmall(uint64_t* dest, int64_t n, const uint64_t* x) {
     if (n == 0) {
-        BigUintClear(dest);
-        SetCalcError(CalcErrorUndefined);
+        BigUintSetFailed(dest, CalcErrorUndefined);
         return false;
     }
     if (n == 1 || BigUintIsZero(x)) {

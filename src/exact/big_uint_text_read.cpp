@@ -175,8 +175,7 @@ CalcError ReadInteger(uint64_t* dest, const char16_t* text, int64_t length, uint
 void BigUintFromText(uint64_t* dest, const char16_t* text, int64_t length, uint32_t flags) {
     const CalcError code = ReadInteger(dest, text, length, flags);
     if (code != CalcErrorNone) {
-        BigUintClear(dest);
-        SetCalcError(code);
+        BigUintSetFailed(dest, code);
     }
 }
 
