@@ -1,6 +1,7 @@
 #include "exact/big_uint_division.h"
 
 #include <algorithm>
+#include <bit>
 
 #include "core/number_context.h"
 #include "core/scratch.h"
@@ -22,6 +23,30 @@ uint64_t RefineReciprocal(uint64_t d, uint64_t reciprocal) {
     const uint64_t refined = 2 * reciprocal;
     const Wide product = wide::Add(wide::Multiply(refined, d), {d, 0});
     return refined + (AtLeast({0, d}, wide::Subtract({0, 0}, product)) ? 0 : 1);
+}
+
+// quotient = floor(a / d), for an a of n >= 1 limbs and a d that is no power of two; returns a mod
+// d. quotient may be null; `reciprocal` is DivisorReciprocal(d).
+uint64_t DivideLimbsByWord(uint64_t* quotient, const uint64_t* a, int64_t n, uint64_t d,
+                           uint64_t reciprocal) {
+    const int shift = 63 - HighestBit(d);
+    const uint64_t divisor = d << shift;
+    const uint64_t inverse = RefineReciprocal(divisor, reciprocal);
+    // a is moved left with d on the way, in two steps as no limb moves by 64 bits at once.
+    const auto fromBelow = [shift](uint64_t limb) { return (limb >> 1) >> (63 - shift); };
+    uint64_t limb = a[n - 1];
+    uint64_t rest = fromBelow(limb);
+    for (int64_t i = n - 1; i >= 0; i--) {
+        const uint64_t below = i > 0 ? a[i - 1] : 0;
+        const LimbQuotient parts =
+            DivideByWord({rest, (limb << shift) | fromBelow(below)}, divisor, inverse);
+        rest = parts.remainder;
+        limb = below;
+        if (quotient != nullptr) {
+            quotient[i] = parts.quotient;
+        }
+    }
+    return rest >> shift;
 }
 
 }  // namespace
@@ -73,38 +98,19 @@ void BigUintDivideSmall(uint64_t* quotient, uint64_t* remainder, const uint64_t*
     uint64_t rest = 0;
     if (d == 0) {
         SetCalcError(CalcErrorExactDivisionByZero);
+    }
+    if (d == 0 || n == 0) {
         if (quotient != nullptr) {
             BigUintClear(quotient);
         }
-    } else if ((d & (d - 1)) == 0) {
+    } else if (std::has_single_bit(d)) {
         rest = a[0] & (d - 1);
         if (quotient != nullptr) {
             BigUintShiftRight(quotient, a, HighestBit(d));
         }
-    } else if (n == 0) {
-        if (quotient != nullptr) {
-            BigUintClear(quotient);
-        }
     } else {
-        const int shift = 63 - HighestBit(d);
-        const uint64_t divisor = d << shift;
-        const uint64_t inverse =
-            RefineReciprocal(divisor, reciprocal != 0 ? reciprocal : DivisorReciprocal(d));
-        // a is moved left with d on the way, in two steps as no limb moves by 64 bits at once.
-        const auto fromBelow = [shift](uint64_t limb) { return (limb >> 1) >> (63 - shift); };
-        uint64_t limb = a[n - 1];
-        rest = fromBelow(limb);
-        for (int64_t i = n - 1; i >= 0; i--) {
-            const uint64_t below = i > 0 ? a[i - 1] : 0;
-            const LimbQuotient parts =
-                DivideByWord({rest, (limb << shift) | fromBelow(below)}, divisor, inverse);
-            rest = parts.remainder;
-            limb = below;
-            if (quotient != nullptr) {
-                quotient[i] = parts.quotient;
-            }
-        }
-        rest >>= shift;
+        rest = DivideLimbsByWord(quotient, a, n, d,
+                                 reciprocal != 0 ? reciprocal : DivisorReciprocal(d));
         if (quotient != nullptr) {
             ClearFrom(quotient, n);
         }
