@@ -12,10 +12,10 @@ namespace tallymere {
 
 namespace {
 
-// The most bits of the exponent that are taken at once, and the most words for the powers that this
+// The most bits of the exponent that are taken at once, and the most limbs for the powers that this
 // needs.
 constexpr int64_t MostWindowBits = 7;
-constexpr int64_t MostOddPowerWords = 5'000;
+constexpr int64_t MostOddPowerLimbs = 5'000;
 
 // square = x^2 in 2 n limbs: twice the products of different limbs and the squares of single ones.
 void SquareLimbs(uint64_t* square, const uint64_t* x, int64_t n) {
@@ -148,11 +148,46 @@ void TakeFromResidue(uint64_t* x, const Modulus& modulus) {
 // first, and with w bits there is a product in every w + 1 bits.
 int64_t WindowBits(int64_t exponentBits, int64_t n) {
     int64_t window = 1;
-    while (window < MostWindowBits && (n << window) <= MostOddPowerWords &&
+    while (window < MostWindowBits && (n << window) <= MostOddPowerLimbs &&
            exponentBits > ((window + 1) * (window + 2)) << (window - 1)) {
         window++;
     }
     return window;
+}
+
+// dest = base, base^3, base^5 ..., `count` of them; `square` has the place of a residue.
+void ComputeOddPowers(uint64_t* dest, int64_t count, const uint64_t* base, uint64_t* square,
+                      const Modulus& modulus) {
+    const int64_t n = modulus.divisor.count;
+    std::copy_n(base, n, dest);
+    if (count > 1) {
+        SquareModulo(square, base, modulus);
+    }
+    for (int64_t k = 1; k < count; k++) {
+        MultiplyModulo(dest + k * n, dest + (k - 1) * n, square, modulus);
+    }
+}
+
+// Some bits of an exponent, from a higher one down to bit number `last`, as a number.
+struct ExponentBits {
+    uint64_t value;
+    int64_t last;
+};
+
+// At most `window` bits of e from bit `first` down: they begin and end with one that is set. One
+// that is not set is taken alone.
+ExponentBits TakeWindow(const uint64_t* e, int64_t first, int64_t window) {
+    ExponentBits bits = {BigUintBit(e, first), first};
+    if (bits.value != 0) {
+        bits.last = std::max<int64_t>(first - window + 1, 0);
+        while (BigUintBit(e, bits.last) == 0) {
+            bits.last++;
+        }
+        for (int64_t k = first - 1; k >= bits.last; k--) {
+            bits.value = 2 * bits.value + BigUintBit(e, k);
+        }
+    }
+    return bits;
 }
 
 // dest = base^e, for residues and an e of 1 or more bits; false when asked to stop.
@@ -164,30 +199,12 @@ bool PowerModulo(uint64_t* dest, const uint64_t* base, const uint64_t* e, int64_
     const int64_t window = WindowBits(exponentBits, n);
     const int64_t powers = int64_t{1} << (window - 1);
     CoreScratchScope scratch;
-    // base, base^3, base^5 ...
     uint64_t* oddPowers = scratch.Take(powers * n);
-    std::copy_n(base, n, oddPowers);
-    if (powers > 1) {
-        SquareModulo(dest, base, modulus);
-        for (int64_t k = 1; k < powers; k++) {
-            MultiplyModulo(oddPowers + k * n, oddPowers + (k - 1) * n, dest, modulus);
-        }
-    }
+    ComputeOddPowers(oddPowers, powers, base, dest, modulus);
     bool started = false;
     for (int64_t i = exponentBits - 1; i >= 0;) {
-        // A window begins and ends with a bit that is set; one that is not is passed alone.
-        int64_t last = i;
-        uint64_t bits = BigUintBit(e, i);
-        if (bits != 0) {
-            last = std::max<int64_t>(i - window + 1, 0);
-            while (BigUintBit(e, last) == 0) {
-                last++;
-            }
-            for (int64_t k = i - 1; k >= last; k--) {
-                bits = 2 * bits + BigUintBit(e, k);
-            }
-        }
-        for (; i >= last; i--) {
+        const ExponentBits bits = TakeWindow(e, i, window);
+        for (; i >= bits.last; i--) {
             if (AbortRequested()) {
                 return false;
             }
@@ -195,8 +212,8 @@ bool PowerModulo(uint64_t* dest, const uint64_t* base, const uint64_t* e, int64_
                 SquareModulo(dest, dest, modulus);
             }
         }
-        if (bits != 0) {
-            const uint64_t* factor = oddPowers + static_cast<int64_t>(bits / 2) * n;
+        if (bits.value != 0) {
+            const uint64_t* factor = oddPowers + static_cast<int64_t>(bits.value / 2) * n;
             if (started) {
                 MultiplyModulo(dest, dest, factor, modulus);
             } else {
