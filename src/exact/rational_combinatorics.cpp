@@ -53,6 +53,20 @@ void MultiplySteps(RationalNumber* dest, const RationalNumber* n, uint64_t count
     }
 }
 
+// dest = combine(a, b).
+void CombinePositiveIntegers(RationalNumber* dest, const RationalNumber* a, const RationalNumber* b,
+                             void (*combine)(uint64_t*, const uint64_t*, const uint64_t*)) {
+    CalcErrorScope codes;
+    if (!IsPositiveInteger(a) || !IsPositiveInteger(b)) {
+        RationalSetFailed(dest);
+        return;
+    }
+    dest->sign = 0;
+    combine(RationalNumerator(dest), RationalNumerator(a), RationalNumerator(b));
+    BigUintFromWord(RationalDenominator(dest), 1);
+    RationalFailOnCode(dest);
+}
+
 }  // namespace
 
 void RationalFactorial(RationalNumber* dest, const RationalNumber* n) {
@@ -86,27 +100,11 @@ void RationalBinomial(RationalNumber* dest, const RationalNumber* n, const Ratio
 }
 
 void RationalGcd(RationalNumber* dest, const RationalNumber* a, const RationalNumber* b) {
-    CalcErrorScope codes;
-    if (!IsPositiveInteger(a) || !IsPositiveInteger(b)) {
-        RationalSetFailed(dest);
-        return;
-    }
-    dest->sign = 0;
-    BigUintGcd(RationalNumerator(dest), RationalNumerator(a), RationalNumerator(b));
-    BigUintFromWord(RationalDenominator(dest), 1);
-    RationalFailOnCode(dest);
+    CombinePositiveIntegers(dest, a, b, BigUintGcd);
 }
 
 void RationalLcm(RationalNumber* dest, const RationalNumber* a, const RationalNumber* b) {
-    CalcErrorScope codes;
-    if (!IsPositiveInteger(a) || !IsPositiveInteger(b)) {
-        RationalSetFailed(dest);
-        return;
-    }
-    dest->sign = 0;
-    BigUintLcm(RationalNumerator(dest), RationalNumerator(a), RationalNumerator(b));
-    BigUintFromWord(RationalDenominator(dest), 1);
-    RationalFailOnCode(dest);
+    CombinePositiveIntegers(dest, a, b, BigUintLcm);
 }
 
 }  // namespace tallymere
