@@ -38,6 +38,7 @@ void MultiplyUpwards(uint64_t* dest, uint64_t* m, uint64_t count, bool falling) 
 }  // namespace
 
 void BigUintFactorial(uint64_t* dest, const uint64_t* n) {
+    const CalcErrorScope codes;
     if (!BigUintFitsWord(n)) {
         SetCalcError(CalcErrorOverflow);
     }
@@ -56,6 +57,7 @@ void BigUintBinomial(uint64_t* dest, const uint64_t* n, const uint64_t* k, bool 
         BigUintClear(dest);
         return;
     }
+    const CalcErrorScope codes;
     CoreScratchScope scratch;
     uint64_t* count = scratch.Take(numberContext.uintLimbs);
     uint64_t* m = scratch.Take(numberContext.uintLimbs);

@@ -1,5 +1,5 @@
-// Factorial, binomial coefficient and falling factorial of integers. A failure gives 0. With a code
-// that was noted before they stop at once: the result is 0, and the code stays.
+// Factorial, binomial coefficient and falling factorial of integers. A failure gives 0; a code that
+// was noted before is kept.
 #pragma once
 
 #include <cstdint>
