@@ -1,7 +1,5 @@
 #include "core/word_products.h"
 
-#include "core/wide_arithmetic.h"
-
 #ifdef TALLYMERE_CARRY_CHAINS
 #include <cpuid.h>
 #endif
@@ -14,17 +12,6 @@ uint64_t Multiply(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
     uint64_t carry = 0;
     for (int64_t i = 0; i < n; i++) {
         const Wide sum = wide::Add(wide::Multiply(src[i], k), {0, carry});
-        dest[i] = sum.low;
-        carry = sum.high;
-    }
-    return carry;
-}
-
-uint64_t MultiplyAdd(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
-    uint64_t carry = 0;
-    for (int64_t i = 0; i < n; i++) {
-        const Wide product = wide::Add(wide::Multiply(src[i], k), {0, carry});
-        const Wide sum = wide::Add(product, {0, dest[i]});
         dest[i] = sum.low;
         carry = sum.high;
     }

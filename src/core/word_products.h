@@ -9,6 +9,8 @@
 
 #include <cstdint>
 
+#include "core/wide_arithmetic.h"
+
 #if defined(__x86_64__) && defined(__GNUC__)
 #define TALLYMERE_CARRY_CHAINS 1
 #endif
@@ -23,7 +25,18 @@ uint64_t MultiplyAddWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64
 
 namespace words_portable {
 uint64_t Multiply(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k);
-uint64_t MultiplyAdd(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k);
+
+/// Inline, for rows so short that a call would count.
+inline uint64_t MultiplyAdd(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
+    uint64_t carry = 0;
+    for (int64_t i = 0; i < n; i++) {
+        const Wide product = wide::Add(wide::Multiply(src[i], k), {0, carry});
+        const Wide sum = wide::Add(product, {0, dest[i]});
+        dest[i] = sum.low;
+        carry = sum.high;
+    }
+    return carry;
+}
 }  // namespace words_portable
 
 #ifdef TALLYMERE_CARRY_CHAINS

@@ -2,7 +2,8 @@
 //
 // A BigUint is a bare array of NumberContext::uintLimbs 64-bit limbs, least significant first. It
 // carries neither length nor sign, so it means something only at the width at which it was made;
-// BigUintResize moves it to another. The width is changed through UintWidthScope.
+// BigUintResize moves it to another. The width is changed through UintWidthScope. Where limbs of
+// base 10^19 stand beside its own, as in conversions, its own are called words.
 //
 // Overflow never wraps: a result that does not fit is 0 and notes a code. In all operations the
 // destination comes first and may be an operand; where nothing else is said it may not overlap one

@@ -17,8 +17,8 @@ void ClearFrom(uint64_t* dest, int64_t index) {
     std::fill(dest + index, dest + numberContext.uintLimbs, uint64_t{0});
 }
 
-// WordReciprocal of d moved left to a full word, from DivisorReciprocal(d); d no power of two. That
-// is floor(2^127 / d) for the moved d, which leaves the last bit open.
+// WordReciprocal of d shifted left to a full word, from DivisorReciprocal(d); d no power of two.
+// That is floor(2^127 / d) for the shifted d, which leaves the last bit open.
 uint64_t RefineReciprocal(uint64_t d, uint64_t reciprocal) {
     const uint64_t refined = 2 * reciprocal;
     const Wide product = wide::Add(wide::Multiply(refined, d), {d, 0});
@@ -32,7 +32,7 @@ uint64_t DivideLimbsByWord(uint64_t* quotient, const uint64_t* a, int64_t n, uin
     const int shift = 63 - HighestBit(d);
     const uint64_t divisor = d << shift;
     const uint64_t inverse = RefineReciprocal(divisor, reciprocal);
-    // a is moved left with d on the way, in two steps as no limb moves by 64 bits at once.
+    // a is shifted left with d on the way, in two steps as no limb is shifted by 64 bits at once.
     const auto fromBelow = [shift](uint64_t limb) { return (limb >> 1) >> (63 - shift); };
     uint64_t limb = a[n - 1];
     uint64_t rest = fromBelow(limb);
@@ -72,15 +72,15 @@ void BigUintDivide(uint64_t* quotient, uint64_t* remainder, const uint64_t* a, c
         return;
     }
     CoreScratchScope scratch;
-    const LimbDivisor divisor = PrepareDivisor(scratch.Take(lb), b, lb);
+    const UintLimbDivisor divisor = PrepareDivisor(scratch.Take(lb), b, lb);
     uint64_t* rest = scratch.Take(la + 1);
-    rest[la] = LimbsMoveLeft(rest, a, la, divisor.shift);
-    LimbsDivide(quotient, rest, la + 1 - lb, divisor);
+    rest[la] = UintLimbsShiftLeft(rest, a, la, divisor.shift);
+    UintLimbsDivide(quotient, rest, la + 1 - lb, divisor);
     if (quotient != nullptr) {
         ClearFrom(quotient, la + 1 - lb);
     }
     if (remainder != nullptr) {
-        LimbsMoveRight(remainder, rest, lb, divisor.shift);
+        UintLimbsShiftRight(remainder, rest, lb, divisor.shift);
         ClearFrom(remainder, lb);
     }
 }

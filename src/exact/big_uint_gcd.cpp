@@ -30,11 +30,11 @@ struct Operand {
 // x and y, x >= y > 0, become y and x mod y.
 void EuclidStep(Operand& x, Operand& y) {
     CoreScratchScope scratch;
-    const LimbDivisor divisor = PrepareDivisor(scratch.Take(y.count), y.limbs, y.count);
+    const UintLimbDivisor divisor = PrepareDivisor(scratch.Take(y.count), y.limbs, y.count);
     uint64_t* rest = scratch.Take(x.count + 1);
-    rest[x.count] = LimbsMoveLeft(rest, x.limbs, x.count, divisor.shift);
-    LimbsDivide(nullptr, rest, x.count + 1 - y.count, divisor);
-    LimbsMoveRight(x.limbs, rest, y.count, divisor.shift);
+    rest[x.count] = UintLimbsShiftLeft(rest, x.limbs, x.count, divisor.shift);
+    UintLimbsDivide(nullptr, rest, x.count + 1 - y.count, divisor);
+    UintLimbsShiftRight(x.limbs, rest, y.count, divisor.shift);
     x.count = y.count;
     x.Trim();
     std::swap(x, y);

@@ -21,7 +21,7 @@ constexpr int64_t MostOddPowerLimbs = 5'000;
 void SquareLimbs(uint64_t* square, const uint64_t* x, int64_t n) {
     std::fill_n(square, n, uint64_t{0});
     for (int64_t i = 0; i < n; i++) {
-        square[n + i] = AddLimbProduct(square + 2 * i + 1, x + i + 1, n - 1 - i, x[i]);
+        square[n + i] = UintLimbsAddProduct(square + 2 * i + 1, x + i + 1, n - 1 - i, x[i]);
     }
     uint64_t doubled = 0;
     uint64_t carry = 0;
@@ -42,11 +42,11 @@ void SquareLimbs(uint64_t* square, const uint64_t* x, int64_t n) {
 
 // m of n limbs, and how residues modulo m are multiplied. An odd m of two limbs and more goes by
 // Montgomery's reduction, which needs no quotients: the residue of x is x 2^(64 n) mod m. Otherwise
-// it is a number that is x modulo m and less than m moved left to a full highest limb, which is a
+// it is a number that is x modulo m and less than m shifted left to a full highest limb, which is a
 // multiple of m.
 struct Modulus {
     const uint64_t* limbs;
-    LimbDivisor divisor;
+    UintLimbDivisor divisor;
     uint64_t negativeInverse;  // -1 / m modulo 2^64 for Montgomery's reduction, else 0
     uint64_t* product;         // 2 n limbs
 };
@@ -69,7 +69,7 @@ void ReduceMontgomery(uint64_t* dest, const Modulus& modulus) {
     uint64_t* low = modulus.product;
     for (int64_t i = 0; i < n; i++) {
         // The limb that becomes 0 holds what is to be added n limbs above it.
-        low[i] = AddLimbProduct(low + i, modulus.limbs, n, low[i] * modulus.negativeInverse);
+        low[i] = UintLimbsAddProduct(low + i, modulus.limbs, n, low[i] * modulus.negativeInverse);
     }
     uint64_t carry = 0;
     for (int64_t i = 0; i < n; i++) {
@@ -78,7 +78,7 @@ void ReduceMontgomery(uint64_t* dest, const Modulus& modulus) {
         carry = sum.high;
     }
     if (carry != 0 || BigUintCompare(dest, modulus.limbs) >= 0) {
-        SubtractLimbRow(dest, modulus.limbs, n);
+        UintLimbsSubtract(dest, modulus.limbs, n);
     }
 }
 
@@ -87,7 +87,7 @@ void Reduce(uint64_t* dest, const Modulus& modulus) {
         ReduceMontgomery(dest, modulus);
         return;
     }
-    LimbsDivide(nullptr, modulus.product, modulus.divisor.count, modulus.divisor);
+    UintLimbsDivide(nullptr, modulus.product, modulus.divisor.count, modulus.divisor);
     std::copy_n(modulus.product, modulus.divisor.count, dest);
 }
 
@@ -121,10 +121,10 @@ void ReduceFully(uint64_t* dest, const uint64_t* a, int64_t length, int64_t zero
     uint64_t* rest = scratch.Take(limbs);
     std::fill_n(rest, limbs, uint64_t{0});
     if (length > 0) {
-        rest[zeros + length] = LimbsMoveLeft(rest + zeros, a, length, modulus.divisor.shift);
+        rest[zeros + length] = UintLimbsShiftLeft(rest + zeros, a, length, modulus.divisor.shift);
     }
-    LimbsDivide(nullptr, rest, limbs - n, modulus.divisor);
-    LimbsMoveRight(dest, rest, n, modulus.divisor.shift);
+    UintLimbsDivide(nullptr, rest, limbs - n, modulus.divisor);
+    UintLimbsShiftRight(dest, rest, n, modulus.divisor.shift);
 }
 
 void MakeResidue(uint64_t* dest, const uint64_t* a, int64_t length, const Modulus& modulus) {

@@ -22,7 +22,7 @@ constexpr int64_t BitsFromLogarithm = 40;
 void ShiftLeftFar(uint64_t* dest, int64_t bits) {
     const int64_t limbs = bits / BitsPerUintLimb;
     const int64_t moved = numberContext.uintLimbs - limbs;
-    LimbsMoveLeft(dest + limbs, dest, moved, static_cast<int>(bits % BitsPerUintLimb));
+    UintLimbsShiftLeft(dest + limbs, dest, moved, static_cast<int>(bits % BitsPerUintLimb));
     std::fill_n(dest, limbs, uint64_t{0});
 }
 

@@ -12,7 +12,7 @@ namespace {
 // The leading parts have 126 bits, which leaves room for a sign.
 constexpr int LeadingShift = 2;
 
-// The top 126 bits of the limbs moved left by `shift` bits.
+// The top 126 bits of the limbs shifted left by `shift` bits.
 Wide LeadingPart(LeadingLimbs x, int shift) {
     const auto moved = [shift](uint64_t limb, uint64_t below) {
         return (limb << shift) | ((below >> 1) >> (63 - shift));

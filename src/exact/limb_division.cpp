@@ -15,7 +15,7 @@ void Complement(uint64_t* limbs, int64_t n) {
     }
 }
 
-void DivideByOneLimb(uint64_t* quotient, uint64_t* r, int64_t m, const LimbDivisor& divisor) {
+void DivideByOneLimb(uint64_t* quotient, uint64_t* r, int64_t m, const UintLimbDivisor& divisor) {
     uint64_t remainder = r[m];
     for (int64_t j = m - 1; j >= 0; j--) {
         const LimbQuotient parts =
@@ -32,7 +32,7 @@ void DivideByOneLimb(uint64_t* quotient, uint64_t* r, int64_t m, const LimbDivis
 // those below the complements in r: with ~x = -1 - x, taking a product off is adding it there,
 // which is the faster loop. Method: Knuth, "The Art of Computer Programming" 2, 4.3.1, algorithm D;
 // with the estimate taken from three limbs by two it is at most one too large.
-void DivideByRows(uint64_t* quotient, uint64_t* r, int64_t m, const LimbDivisor& divisor) {
+void DivideByRows(uint64_t* quotient, uint64_t* r, int64_t m, const UintLimbDivisor& divisor) {
     const int64_t lower = divisor.count - 2;
     const uint64_t* b = divisor.limbs;
     const Wide top = {b[lower + 1], b[lower]};
@@ -43,16 +43,16 @@ void DivideByRows(uint64_t* quotient, uint64_t* r, int64_t m, const LimbDivisor&
         const uint64_t limb = ~row[lower];
         uint64_t digit = ~uint64_t{0};
         if (AtLeast(high, top)) [[unlikely]] {
-            const uint64_t borrow = AddLimbProduct(row, b, lower, digit);
+            const uint64_t borrow = UintLimbsAddProduct(row, b, lower, digit);
             high = wide::Subtract(wide::Add(top, {0, limb}), {0, borrow});
         } else {
             const WideQuotient estimate = DivideByWide(high, limb, top, divisor.reciprocal);
             digit = estimate.quotient;
-            const Wide borrow = {0, AddLimbProduct(row, b, lower, digit)};
+            const Wide borrow = {0, UintLimbsAddProduct(row, b, lower, digit)};
             high = wide::Subtract(estimate.remainder, borrow);
             if (!AtLeast(estimate.remainder, borrow)) [[unlikely]] {
                 digit--;
-                high = wide::Add(wide::Add(high, top), {0, SubtractLimbRow(row, b, lower)});
+                high = wide::Add(wide::Add(high, top), {0, UintLimbsSubtract(row, b, lower)});
             }
         }
         if (quotient != nullptr) {
@@ -66,8 +66,8 @@ void DivideByRows(uint64_t* quotient, uint64_t* r, int64_t m, const LimbDivisor&
 
 }  // namespace
 
-uint64_t LimbsMoveLeft(uint64_t* dest, const uint64_t* src, int64_t n, int shift) {
-    // In two steps, since no limb moves by 64 bits at once.
+uint64_t UintLimbsShiftLeft(uint64_t* dest, const uint64_t* src, int64_t n, int shift) {
+    // In two steps, since no limb is shifted by 64 bits at once.
     const auto fromBelow = [shift](uint64_t limb) { return (limb >> 1) >> (63 - shift); };
     const uint64_t out = fromBelow(src[n - 1]);
     for (int64_t i = n - 1; i > 0; i--) {
@@ -77,7 +77,7 @@ uint64_t LimbsMoveLeft(uint64_t* dest, const uint64_t* src, int64_t n, int shift
     return out;
 }
 
-void LimbsMoveRight(uint64_t* dest, const uint64_t* src, int64_t n, int shift) {
+void UintLimbsShiftRight(uint64_t* dest, const uint64_t* src, int64_t n, int shift) {
     const auto fromAbove = [shift](uint64_t limb) { return (limb << 1) << (63 - shift); };
     for (int64_t i = 0; i + 1 < n; i++) {
         dest[i] = (src[i] >> shift) | fromAbove(src[i + 1]);
@@ -85,20 +85,14 @@ void LimbsMoveRight(uint64_t* dest, const uint64_t* src, int64_t n, int shift) {
     dest[n - 1] = src[n - 1] >> shift;
 }
 
-uint64_t AddLimbProduct(uint64_t* r, const uint64_t* b, int64_t n, uint64_t k) {
+uint64_t UintLimbsAddProduct(uint64_t* r, const uint64_t* b, int64_t n, uint64_t k) {
     if (n >= LongRow) {
         return MultiplyAddWords(r, b, n, k);
     }
-    uint64_t carry = 0;
-    for (int64_t i = 0; i < n; i++) {
-        const Wide sum = wide::Add(wide::Add(wide::Multiply(b[i], k), {0, r[i]}), {0, carry});
-        r[i] = sum.low;
-        carry = sum.high;
-    }
-    return carry;
+    return words_portable::MultiplyAdd(r, b, n, k);
 }
 
-uint64_t SubtractLimbRow(uint64_t* r, const uint64_t* b, int64_t n) {
+uint64_t UintLimbsSubtract(uint64_t* r, const uint64_t* b, int64_t n) {
     uint64_t borrow = 0;
     for (int64_t i = 0; i < n; i++) {
         const Wide difference = wide::Subtract(wide::Subtract({0, r[i]}, {0, b[i]}), {0, borrow});
@@ -108,15 +102,15 @@ uint64_t SubtractLimbRow(uint64_t* r, const uint64_t* b, int64_t n) {
     return borrow;
 }
 
-LimbDivisor PrepareDivisor(uint64_t* store, const uint64_t* b, int64_t n) {
+UintLimbDivisor PrepareDivisor(uint64_t* store, const uint64_t* b, int64_t n) {
     const int shift = 63 - HighestBit(b[n - 1]);
-    LimbsMoveLeft(store, b, n, shift);
+    UintLimbsShiftLeft(store, b, n, shift);
     const uint64_t reciprocal =
         n == 1 ? WordReciprocal(store[0]) : WideReciprocal({store[n - 1], store[n - 2]});
     return {store, n, shift, reciprocal};
 }
 
-void LimbsDivide(uint64_t* quotient, uint64_t* r, int64_t m, const LimbDivisor& divisor) {
+void UintLimbsDivide(uint64_t* quotient, uint64_t* r, int64_t m, const UintLimbDivisor& divisor) {
     if (divisor.count == 1) {
         DivideByOneLimb(quotient, r, m, divisor);
     } else {

@@ -1,5 +1,6 @@
-// Division of bare limb arrays of any length, least significant limb first, by a divisor that is
-// made ready once: what quotients, greatest common divisors and modular powers are made of.
+// Division of bare arrays of 64-bit limbs of any length, least significant limb first, by a divisor
+// that is made ready once: what quotients, greatest common divisors and modular powers are made of.
+// UintLimbs... work on such arrays; Limbs... of core/limb_tools are for limbs of base 10^19.
 #pragma once
 
 #include <cstdint>
@@ -58,23 +59,23 @@ constexpr WideQuotient DivideByWide(Wide high, uint64_t low, Wide d, uint64_t re
     return {quotient, remainder};
 }
 
-/// Moves n >= 1 limbs left by 0 <= shift <= 63 bits; returns the bits that leave at the top. dest
+/// Shifts n >= 1 limbs left by 0 <= shift <= 63 bits; returns the bits that leave at the top. dest
 /// may be src, or overlap it from above.
-uint64_t LimbsMoveLeft(uint64_t* dest, const uint64_t* src, int64_t n, int shift);
+uint64_t UintLimbsShiftLeft(uint64_t* dest, const uint64_t* src, int64_t n, int shift);
 
-/// Moves n >= 1 limbs right by 0 <= shift <= 63 bits; the bits that leave are lost. dest may be
+/// Shifts n >= 1 limbs right by 0 <= shift <= 63 bits; the bits that leave are lost. dest may be
 /// src, or overlap it from below.
-void LimbsMoveRight(uint64_t* dest, const uint64_t* src, int64_t n, int shift);
+void UintLimbsShiftRight(uint64_t* dest, const uint64_t* src, int64_t n, int shift);
 
 /// r += k b over n >= 0 limbs; returns the limb above. For rows that are often short.
-uint64_t AddLimbProduct(uint64_t* r, const uint64_t* b, int64_t n, uint64_t k);
+uint64_t UintLimbsAddProduct(uint64_t* r, const uint64_t* b, int64_t n, uint64_t k);
 
 /// r -= b over n >= 0 limbs; returns what is borrowed from above, 0 or 1.
-uint64_t SubtractLimbRow(uint64_t* r, const uint64_t* b, int64_t n);
+uint64_t UintLimbsSubtract(uint64_t* r, const uint64_t* b, int64_t n);
 
 /// A divisor b of n >= 1 limbs, made ready.
-struct LimbDivisor {
-    const uint64_t* limbs;  ///< n of them: b moved left by `shift` bits, its highest bit then set
+struct UintLimbDivisor {
+    const uint64_t* limbs;  ///< n of them: b shifted left by `shift` bits, its highest bit then set
     int64_t count;          ///< n
     int shift;              ///< 0 to 63
     uint64_t reciprocal;    ///< WideReciprocal of the highest two limbs; WordReciprocal of one
@@ -82,11 +83,12 @@ struct LimbDivisor {
 
 /// Makes a divisor of n limbs ready, of which the highest is not 0. `store` takes its n limbs and
 /// may be b.
-LimbDivisor PrepareDivisor(uint64_t* store, const uint64_t* b, int64_t n);
+UintLimbDivisor PrepareDivisor(uint64_t* store, const uint64_t* b, int64_t n);
 
-/// Divides the m + n limbs of r by the n limbs of the divisor as it was moved left, for m >= 0 and
-/// the highest n limbs of r below the divisor. quotient, which may be null, gets m limbs and must
-/// not overlap r; what remains is the lowest n limbs of r, and those above are without meaning.
-void LimbsDivide(uint64_t* quotient, uint64_t* r, int64_t m, const LimbDivisor& divisor);
+/// Divides the m + n limbs of r by the n limbs of the divisor as it was shifted left, for m >= 0
+/// and the highest n limbs of r below the divisor. quotient, which may be null, gets m limbs and
+/// must not overlap r; what remains is the lowest n limbs of r, and those above are without
+/// meaning.
+void UintLimbsDivide(uint64_t* quotient, uint64_t* r, int64_t m, const UintLimbDivisor& divisor);
 
 }  // namespace tallymere

@@ -103,10 +103,10 @@ TEST(LimbsMove, MovesBitsAcrossLimbsAndReturnsThoseThatLeave) {
             const Limbs src = HostileLimbs(random, static_cast<size_t>(n));
             const Limbs expected = reference::TwinMulFull(src, {uint64_t{1} << shift});
             Limbs moved(src.size());
-            EXPECT_EQ(LimbsMoveLeft(moved.data(), src.data(), n, shift), expected.back());
+            EXPECT_EQ(UintLimbsShiftLeft(moved.data(), src.data(), n, shift), expected.back());
             EXPECT_TRUE(std::equal(moved.begin(), moved.end(), expected.begin()));
             Limbs back = src;
-            LimbsMoveRight(back.data(), moved.data(), n, shift);
+            UintLimbsShiftRight(back.data(), moved.data(), n, shift);
             Limbs withoutTop = src;
             withoutTop.back() = withoutTop.back() << shift >> shift;
             EXPECT_EQ(back, withoutTop);
@@ -119,20 +119,20 @@ TEST(LimbsMove, WritesOverItsSourceAndNextToIt) {
     for (int shift : {0, 1, 63}) {
         const Limbs src = HostileLimbs(random, 4);
         Limbs left(4);
-        LimbsMoveLeft(left.data(), src.data(), 4, shift);
+        UintLimbsShiftLeft(left.data(), src.data(), 4, shift);
         Limbs right(4);
-        LimbsMoveRight(right.data(), src.data(), 4, shift);
+        UintLimbsShiftRight(right.data(), src.data(), 4, shift);
         Limbs place = src;
-        LimbsMoveLeft(place.data(), place.data(), 4, shift);
+        UintLimbsShiftLeft(place.data(), place.data(), 4, shift);
         EXPECT_EQ(place, left);
         place = src;
-        LimbsMoveRight(place.data(), place.data(), 4, shift);
+        UintLimbsShiftRight(place.data(), place.data(), 4, shift);
         EXPECT_EQ(place, right);
         place = {src[0], src[1], src[2], src[3], 0};
-        LimbsMoveLeft(place.data() + 1, place.data(), 4, shift);
+        UintLimbsShiftLeft(place.data() + 1, place.data(), 4, shift);
         EXPECT_EQ(Limbs(place.begin() + 1, place.end()), left);
         place = {0, src[0], src[1], src[2], src[3]};
-        LimbsMoveRight(place.data(), place.data() + 1, 4, shift);
+        UintLimbsShiftRight(place.data(), place.data() + 1, 4, shift);
         EXPECT_EQ(Limbs(place.begin(), place.end() - 1), right);
     }
 }
@@ -140,7 +140,7 @@ TEST(LimbsMove, WritesOverItsSourceAndNextToIt) {
 TEST(PrepareDivisor, MovesTheHighestBitToTheTop) {
     for (int bit = 0; bit < 64; bit++) {
         Limbs b = {5, 7, uint64_t{1} << bit};
-        const LimbDivisor divisor = PrepareDivisor(b.data(), b.data(), 3);
+        const UintLimbDivisor divisor = PrepareDivisor(b.data(), b.data(), 3);
         EXPECT_EQ(divisor.limbs, b.data());
         EXPECT_EQ(divisor.count, 3);
         EXPECT_EQ(divisor.shift, 63 - bit);
@@ -152,7 +152,7 @@ TEST(PrepareDivisor, MovesTheHighestBitToTheTop) {
 }
 
 // Dividends are made from quotient and remainder, which therefore are known.
-TEST(LimbsDivide, FindsQuotientAndRemainderOfHostileLimbs) {
+TEST(UintLimbsDivide, FindsQuotientAndRemainderOfHostileLimbs) {
     RandomSource random;
     for (size_t n = 1; n <= 24; n++) {
         for (int round = 0; round < TestRounds(2'000); round++) {
@@ -169,15 +169,15 @@ TEST(LimbsDivide, FindsQuotientAndRemainderOfHostileLimbs) {
             }
             const Limbs value = Sum(reference::TwinMulFull(quotient, b), rest);
             Limbs store(n);
-            const LimbDivisor divisor =
+            const UintLimbDivisor divisor =
                 PrepareDivisor(store.data(), b.data(), static_cast<int64_t>(n));
             Limbs r = value;
             Limbs found(m);
-            LimbsDivide(found.data(), r.data(), static_cast<int64_t>(m), divisor);
+            UintLimbsDivide(found.data(), r.data(), static_cast<int64_t>(m), divisor);
             ASSERT_EQ(found, quotient) << n << " limbs";
             ASSERT_TRUE(std::equal(rest.begin(), rest.end(), r.begin())) << n << " limbs";
             r = value;
-            LimbsDivide(nullptr, r.data(), static_cast<int64_t>(m), divisor);
+            UintLimbsDivide(nullptr, r.data(), static_cast<int64_t>(m), divisor);
             ASSERT_TRUE(std::equal(rest.begin(), rest.end(), r.begin())) << n << " limbs";
         }
     }
