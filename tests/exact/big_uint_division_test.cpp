@@ -43,10 +43,6 @@ constexpr Division ByZero() {
     return {"0", "0", CalcErrorExactDivisionByZero};
 }
 
-std::string Text(std::string_view plain) {
-    return UintBuffer(plain).Text();
-}
-
 TEST(BigUintDivide, RefusesADivisorOfZero) {
     for (int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
@@ -62,9 +58,9 @@ TEST(BigUintDivide, LeavesASmallerDividendAsRemainder) {
         WidthScope scope(limbs);
         EXPECT_EQ(Divide("0", "1"), (Division{"0", "0"}));
         EXPECT_EQ(Divide("6", "7"), (Division{"0", "6"}));
-        const std::string ones = "2^" + std::to_string(64 * limbs) + "-1";
-        const std::string below = "2^" + std::to_string(64 * limbs) + "-2";
-        EXPECT_EQ(Divide(below, ones), (Division{"0", Text(below)}));
+        const std::string ones = TwoTo(64 * limbs, "-1");
+        const std::string below = TwoTo(64 * limbs, "-2");
+        EXPECT_EQ(Divide(below, ones), (Division{"0", UintTextOf(below)}));
         EXPECT_EQ(Divide("1", ones), (Division{"0", "1"}));
     }
 }
@@ -72,9 +68,8 @@ TEST(BigUintDivide, LeavesASmallerDividendAsRemainder) {
 TEST(BigUintDivide, DividesANumberByItself) {
     for (int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
-        for (const std::string& text :
-             {std::string("1"), std::string("10"), "2^" + std::to_string(64 * limbs - 1),
-              "2^" + std::to_string(64 * limbs) + "-1"}) {
+        for (const std::string& text : {std::string("1"), std::string("10"), TwoTo(64 * limbs - 1),
+                                        TwoTo(64 * limbs, "-1")}) {
             EXPECT_EQ(Divide(text, text), (Division{"1", "0"}));
         }
     }
@@ -88,26 +83,27 @@ TEST(BigUintDivide, GivesHandCheckedQuotients) {
                      "987654321098765432109876543210"),
               (Division{"123456789012345678901234567890", "0"}));
     // (2^100 + 3) (2^100 - 3) = 2^200 - 9.
-    EXPECT_EQ(Divide("2^200-9", "2^100+3"), (Division{Text("2^100-3"), "0"}));
-    EXPECT_EQ(Divide("2^200-1", "2^100+3"), (Division{Text("2^100-3"), "8"}));
-    EXPECT_EQ(Divide("2^200-10", "2^100+3"), (Division{Text("2^100-4"), Text("2^100+2")}));
+    EXPECT_EQ(Divide("2^200-9", "2^100+3"), (Division{UintTextOf("2^100-3"), "0"}));
+    EXPECT_EQ(Divide("2^200-1", "2^100+3"), (Division{UintTextOf("2^100-3"), "8"}));
+    EXPECT_EQ(Divide("2^200-10", "2^100+3"),
+              (Division{UintTextOf("2^100-4"), UintTextOf("2^100+2")}));
 }
 
 TEST(BigUintDivide, DividesByDivisorsOfExactly64And65Bits) {
     WidthScope scope(26);
     // (2^64 - 1) (2^128 + 2^64 + 1) = 2^192 - 1 and 2^64 (2^64) = 2^128.
     EXPECT_EQ(Divide("2^192-1", "2^64-1"),
-              (Division{Text("0x100000000000000010000000000000001"), "0"}));
+              (Division{UintTextOf("0x100000000000000010000000000000001"), "0"}));
     EXPECT_EQ(Divide("2^192-2", "2^64-1"),
-              (Division{Text("0x100000000000000010000000000000000"), Text("2^64-2")}));
-    EXPECT_EQ(Divide("2^192-1", "2^64"), (Division{Text("2^128-1"), Text("2^64-1")}));
-    EXPECT_EQ(Divide("2^192-1", "2^63"), (Division{Text("2^129-1"), Text("2^63-1")}));
+              (Division{UintTextOf("0x100000000000000010000000000000000"), UintTextOf("2^64-2")}));
+    EXPECT_EQ(Divide("2^192-1", "2^64"), (Division{UintTextOf("2^128-1"), UintTextOf("2^64-1")}));
+    EXPECT_EQ(Divide("2^192-1", "2^63"), (Division{UintTextOf("2^129-1"), UintTextOf("2^63-1")}));
     // (2^64 + 1) (2^128 - 2^64 + 1) = 2^192 + 1.
     EXPECT_EQ(Divide("2^192+1", "2^64+1"),
-              (Division{Text("0xffffffffffffffff0000000000000001"), "0"}));
+              (Division{UintTextOf("0xffffffffffffffff0000000000000001"), "0"}));
     EXPECT_EQ(Divide("2^192", "2^64+1"),
-              (Division{Text("0xffffffffffffffff0000000000000000"), Text("2^64")}));
-    EXPECT_EQ(Divide("2^65-2", "2^65-1"), (Division{"0", Text("2^65-2")}));
+              (Division{UintTextOf("0xffffffffffffffff0000000000000000"), UintTextOf("2^64")}));
+    EXPECT_EQ(Divide("2^65-2", "2^65-1"), (Division{"0", UintTextOf("2^65-2")}));
 }
 
 // The leading limbs of what remains and of the divisor agree, so that the estimate of a quotient
@@ -115,10 +111,10 @@ TEST(BigUintDivide, DividesByDivisorsOfExactly64And65Bits) {
 TEST(BigUintDivide, FindsAQuotientLimbOfOnesBehindEqualLeadingLimbs) {
     WidthScope scope(8);
     // The dividend is 2^64 times the divisor, less 1.
-    EXPECT_EQ(
-        Divide("0x80000000000000000000000000000000fffffffffffffffeffffffffffffffff",
-               "0x80000000000000000000000000000000ffffffffffffffff"),
-        (Division{Text("2^64-1"), Text("0x80000000000000000000000000000000fffffffffffffffe")}));
+    EXPECT_EQ(Divide("0x80000000000000000000000000000000fffffffffffffffeffffffffffffffff",
+                     "0x80000000000000000000000000000000ffffffffffffffff"),
+              (Division{UintTextOf("2^64-1"),
+                        UintTextOf("0x80000000000000000000000000000000fffffffffffffffe")}));
 }
 
 TEST(BigUintDivide, WritesOverItsOperands) {
@@ -229,7 +225,7 @@ TEST(BigUintDivideExact, TellsWhetherNothingRemains) {
         }
         UintBuffer x("2^127");
         EXPECT_TRUE(BigUintDivideExact(x, x, UintBuffer("2^65")));
-        EXPECT_EQ(x.Text(), Text("2^62"));
+        EXPECT_EQ(x.Text(), UintTextOf("2^62"));
     }
 }
 
@@ -257,11 +253,11 @@ TEST(BigUintDivideSmall, GivesHandCheckedQuotients) {
     EXPECT_EQ(DivideByWord("2", 3), (Division{"0", "2"}));
     EXPECT_EQ(DivideByWord("100000000000000000000000000000000000000007", 10),
               (Division{"10000000000000000000000000000000000000000", "7"}));
-    EXPECT_EQ(DivideByWord("2^192-1", 1), (Division{Text("2^192-1"), "0"}));
+    EXPECT_EQ(DivideByWord("2^192-1", 1), (Division{UintTextOf("2^192-1"), "0"}));
     EXPECT_EQ(DivideByWord("2^192-1", uint64_t{1} << 63),
-              (Division{Text("2^129-1"), "9223372036854775807"}));
+              (Division{UintTextOf("2^129-1"), "9223372036854775807"}));
     EXPECT_EQ(DivideByWord("2^192-1", 3),
-              (Division{Text("0x555555555555555555555555555555555555555555555555"), "0"}));
+              (Division{UintTextOf("0x555555555555555555555555555555555555555555555555"), "0"}));
     EXPECT_EQ(DivideByWord("2^192-1", 2001),
               DivideByWord("2^192-1", 2001, DivisorReciprocal(2001)));
 }
@@ -271,7 +267,8 @@ TEST(BigUintDivideSmall, DoesNotTakeTheLargestWordForAPowerOfTwo) {
     WidthScope scope(2);
     const uint64_t largest = ~uint64_t{0};
     for (uint64_t reciprocal : {uint64_t{0}, DivisorReciprocal(largest)}) {
-        EXPECT_EQ(DivideByWord("2^128-1", largest, reciprocal), (Division{Text("2^64+1"), "0"}));
+        EXPECT_EQ(DivideByWord("2^128-1", largest, reciprocal),
+                  (Division{UintTextOf("2^64+1"), "0"}));
         EXPECT_EQ(DivideByWord("2^64+4", largest, reciprocal), (Division{"1", "5"}));
     }
 }
@@ -281,9 +278,8 @@ TEST(BigUintDivideSmall, DividesByEveryPowerOfTwo) {
     for (int k = 0; k < 64; k++) {
         const uint64_t power = uint64_t{1} << k;
         for (uint64_t reciprocal : {uint64_t{0}, DivisorReciprocal(power)}) {
-            EXPECT_EQ(
-                DivideByWord("2^192-1", power, reciprocal),
-                (Division{Text("2^" + std::to_string(192 - k) + "-1"), std::to_string(power - 1)}));
+            EXPECT_EQ(DivideByWord("2^192-1", power, reciprocal),
+                      (Division{UintTextOf(TwoTo(192 - k, "-1")), std::to_string(power - 1)}));
         }
     }
 }

@@ -19,10 +19,6 @@ using reference::TwinLimbs;
 
 constexpr int64_t MostSmallWidth = 40;
 
-TwinLimbs LimbsOf(const UintBuffer& a) {
-    return {a.Get(), a.Get() + a.LimbCount()};
-}
-
 // A divisor of so many limbs, or fewer, whose leading limbs are often those that make an estimate
 // worst.
 void FillDivisor(RandomSource& random, UintBuffer& b, int64_t limbs) {
@@ -56,7 +52,7 @@ void FillMultiple(RandomSource& random, UintBuffer& a, const UintBuffer& b) {
     const int64_t width = numberContext.uintLimbs;
     UintBuffer quotient;
     FillUint(random, quotient, random.Between(0, width - BigUintLength(b)));
-    const TwinLimbs product = reference::TwinMulFull(LimbsOf(quotient), LimbsOf(b));
+    const TwinLimbs product = reference::TwinMulFull(quotient.Limbs(), b.Limbs());
     std::copy_n(product.begin(), width, a.Get());
     switch (random.Below(4)) {
         case 0:
@@ -79,13 +75,13 @@ void FillMultiple(RandomSource& random, UintBuffer& a, const UintBuffer& b) {
 }
 
 void ExpectTwinQuotients(const UintBuffer& a, const UintBuffer& b) {
-    const reference::TwinQuotient expected = reference::TwinDivide(LimbsOf(a), LimbsOf(b));
+    const reference::TwinQuotient expected = reference::TwinDivide(a.Limbs(), b.Limbs());
     UintBuffer quotient;
     UintBuffer remainder;
     BigUintDivide(quotient, remainder, a, b);
     ASSERT_EQ(TakeCode(), expected.code);
-    ASSERT_EQ(LimbsOf(quotient), expected.quotient) << a.Text() << " / " << b.Text();
-    ASSERT_EQ(LimbsOf(remainder), expected.remainder) << a.Text() << " / " << b.Text();
+    ASSERT_EQ(quotient.Limbs(), expected.quotient) << a.Text() << " / " << b.Text();
+    ASSERT_EQ(remainder.Limbs(), expected.remainder) << a.Text() << " / " << b.Text();
 }
 
 void ExpectTwinQuotientsAt(RandomSource& random, int64_t width, int rounds) {
@@ -130,13 +126,13 @@ TEST(BigUintDivisionTwins, HaveTheSameQuotientsByAWord) {
             if (random.Below(3) == 0) {
                 d = random.Below(2'010);
             }
-            const reference::TwinSmallQuotient expected = reference::TwinDivideSmall(LimbsOf(a), d);
+            const reference::TwinSmallQuotient expected = reference::TwinDivideSmall(a.Limbs(), d);
             UintBuffer quotient;
             uint64_t remainder = 0;
             BigUintDivideSmall(quotient, &remainder, a, d,
                                random.Below(2) == 0 ? 0 : DivisorReciprocal(d));
             ASSERT_EQ(TakeCode(), expected.code);
-            ASSERT_EQ(LimbsOf(quotient), expected.quotient) << a.Text() << " / " << d;
+            ASSERT_EQ(quotient.Limbs(), expected.quotient) << a.Text() << " / " << d;
             ASSERT_EQ(remainder, expected.remainder) << a.Text() << " / " << d;
         }
     }
@@ -157,11 +153,11 @@ void ExpectTwinDivisorsAt(RandomSource& random, int64_t width, int rounds) {
             FillMultiple(random, a, common);
             FillMultiple(random, b, common);
         }
-        const reference::TwinUint expected = reference::TwinGcd(LimbsOf(a), LimbsOf(b));
+        const reference::TwinUint expected = reference::TwinGcd(a.Limbs(), b.Limbs());
         UintBuffer divisor;
         BigUintGcd(divisor, a, b);
         ASSERT_EQ(TakeCode(), expected.code);
-        ASSERT_EQ(LimbsOf(divisor), expected.limbs) << a.Text() << "\n" << b.Text();
+        ASSERT_EQ(divisor.Limbs(), expected.limbs) << a.Text() << "\n" << b.Text();
     }
 }
 
@@ -188,11 +184,11 @@ void ExpectTwinPowersAt(RandomSource& random, int64_t width, uint64_t exponentBi
                 0, BigUintBitLength(e) - static_cast<int64_t>(random.Below(exponentBits + 1))));
         FillDivisor(random, m, random.Below(3) == 0 ? random.Between(0, width) : width);
         const reference::TwinUint expected =
-            reference::TwinModPower(LimbsOf(a), LimbsOf(e), LimbsOf(m));
+            reference::TwinModPower(a.Limbs(), e.Limbs(), m.Limbs());
         UintBuffer power;
         BigUintModPower(power, a, e, m);
         ASSERT_EQ(TakeCode(), expected.code);
-        ASSERT_EQ(LimbsOf(power), expected.limbs)
+        ASSERT_EQ(power.Limbs(), expected.limbs)
             << a.Text() << " ^ " << e.Text() << " mod " << m.Text();
     }
 }

@@ -19,10 +19,6 @@ Outcome Find(Operation operation, std::string_view a, std::string_view b) {
     return TakeOutcome(dest);
 }
 
-Outcome Value(std::string_view text) {
-    return Silent(UintBuffer(text).Text());
-}
-
 TEST(BigUintGcd, RefusesZeroArguments) {
     for (int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
@@ -39,8 +35,8 @@ TEST(BigUintGcd, FindsHandCheckedDivisors) {
         EXPECT_EQ(Find(BigUintGcd, "12", "18"), Silent("6"));
         EXPECT_EQ(Find(BigUintGcd, "18", "12"), Silent("6"));
         EXPECT_EQ(Find(BigUintGcd, "17", "5"), Silent("1"));
-        EXPECT_EQ(Find(BigUintGcd, "2^63", "2^40"), Value("2^40"));
-        EXPECT_EQ(Find(BigUintGcd, "2^64-1", "2^64-1"), Value("2^64-1"));
+        EXPECT_EQ(Find(BigUintGcd, "2^63", "2^40"), UintValue("2^40"));
+        EXPECT_EQ(Find(BigUintGcd, "2^64-1", "2^64-1"), UintValue("2^64-1"));
         EXPECT_EQ(Find(BigUintGcd, "2^64-1", "3"), Silent("3"));
     }
 }
@@ -48,11 +44,11 @@ TEST(BigUintGcd, FindsHandCheckedDivisors) {
 // gcd(2^a - 1, 2^b - 1) = 2^gcd(a, b) - 1.
 TEST(BigUintGcd, FindsDivisorsOfManyLimbs) {
     WidthScope scope(1039);
-    EXPECT_EQ(Find(BigUintGcd, "2^66000-1", "2^44000-1"), Value("2^22000-1"));
-    EXPECT_EQ(Find(BigUintGcd, "2^44000-1", "2^66000-1"), Value("2^22000-1"));
+    EXPECT_EQ(Find(BigUintGcd, "2^66000-1", "2^44000-1"), UintValue("2^22000-1"));
+    EXPECT_EQ(Find(BigUintGcd, "2^44000-1", "2^66000-1"), UintValue("2^22000-1"));
     EXPECT_EQ(Find(BigUintGcd, "2^66496-1", "2^65-1"), Silent("1"));
-    EXPECT_EQ(Find(BigUintGcd, "2^66495-1", "2^65-1"), Value("2^65-1"));
-    EXPECT_EQ(Find(BigUintGcd, "2^66000", "2^100"), Value("2^100"));
+    EXPECT_EQ(Find(BigUintGcd, "2^66495-1", "2^65-1"), UintValue("2^65-1"));
+    EXPECT_EQ(Find(BigUintGcd, "2^66000", "2^100"), UintValue("2^100"));
     EXPECT_EQ(Find(BigUintGcd, "2^66000+1", "2^66000-1"), Silent("1"));
 }
 
@@ -112,10 +108,10 @@ TEST(BigUintGcd, KeepsACodeThatWasNotedBefore) {
 TEST(BigUintGreatestDivisor, TakesZeroForAMultipleOfEverything) {
     for (int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
-        const std::string ones = "2^" + std::to_string(64 * limbs) + "-1";
+        const std::string ones = TwoTo(64 * limbs, "-1");
         EXPECT_EQ(Find(BigUintGreatestDivisor, "0", "0"), Silent("0"));
-        EXPECT_EQ(Find(BigUintGreatestDivisor, "0", ones), Value(ones));
-        EXPECT_EQ(Find(BigUintGreatestDivisor, ones, "0"), Value(ones));
+        EXPECT_EQ(Find(BigUintGreatestDivisor, "0", ones), UintValue(ones));
+        EXPECT_EQ(Find(BigUintGreatestDivisor, ones, "0"), UintValue(ones));
         EXPECT_EQ(Find(BigUintGreatestDivisor, "12", "18"), Silent("6"));
     }
 }
@@ -140,9 +136,10 @@ TEST(BigUintLcm, FindsHandCheckedMultiples) {
 
 TEST(BigUintLcm, OverflowsOnlyWhenTheMultipleItselfDoesNotFit) {
     WidthScope scope(2);
-    EXPECT_EQ(Find(BigUintLcm, "2^127", "2^126"), Value("2^127"));
-    EXPECT_EQ(Find(BigUintLcm, "2^128-1", "2^128-1"), Value("2^128-1"));
-    EXPECT_EQ(Find(BigUintLcm, "2^64", "2^64-1"), Value("340282366920938463444927863358058659840"));
+    EXPECT_EQ(Find(BigUintLcm, "2^127", "2^126"), UintValue("2^127"));
+    EXPECT_EQ(Find(BigUintLcm, "2^128-1", "2^128-1"), UintValue("2^128-1"));
+    EXPECT_EQ(Find(BigUintLcm, "2^64", "2^64-1"),
+              UintValue("340282366920938463444927863358058659840"));
     EXPECT_EQ(Find(BigUintLcm, "2^64", "2^64+1"), Refused(CalcErrorOverflow));
     EXPECT_EQ(Find(BigUintLcm, "2^127", "3"), Refused(CalcErrorOverflow));
 }

@@ -14,14 +14,6 @@ namespace {
 
 using namespace testing_support;
 
-std::string TwoTo(int64_t exponent, const std::string& addend = "") {
-    return "2^" + std::to_string(exponent) + addend;
-}
-
-int64_t Bits() {
-    return 64 * numberContext.uintLimbs;
-}
-
 // The floor of a logarithm, the code, and whether it is exact.
 struct Logarithm {
     Outcome outcome;
@@ -64,7 +56,7 @@ TEST(BigUintLog, OfZeroIsRefused) {
         WidthScope scope(limbs);
         EXPECT_EQ(LogTwo("0"), NoLogarithm);
         EXPECT_EQ(LogTen("0"), NoLogarithm);
-        for (const std::string& base : {TwoTo(0), TwoTo(1), TwoTo(2), TwoTo(Bits(), "-1")}) {
+        for (const std::string& base : {TwoTo(0), TwoTo(1), TwoTo(2), TwoTo(UintBits(), "-1")}) {
             EXPECT_EQ(Log(base, "0"), NoLogarithm) << base;
         }
         EXPECT_EQ(Log("0", "0"), NoLogarithm);
@@ -74,7 +66,7 @@ TEST(BigUintLog, OfZeroIsRefused) {
 TEST(BigUintLog, ToTheBasesZeroAndOneIsRefused) {
     for (const int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
-        for (const std::string& x : {TwoTo(0), TwoTo(1), TwoTo(2), TwoTo(Bits(), "-1")}) {
+        for (const std::string& x : {TwoTo(0), TwoTo(1), TwoTo(2), TwoTo(UintBits(), "-1")}) {
             EXPECT_EQ(Log("0", x), NoLogarithm) << x;
             EXPECT_EQ(Log("1", x), NoLogarithm) << x;
         }
@@ -84,7 +76,7 @@ TEST(BigUintLog, ToTheBasesZeroAndOneIsRefused) {
 TEST(BigUintLog, ToTheBaseTwo) {
     for (const int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
-        for (const int64_t e : {int64_t{0}, int64_t{1}, int64_t{31}, int64_t{63}, Bits() - 1}) {
+        for (const int64_t e : {int64_t{0}, int64_t{1}, int64_t{31}, int64_t{63}, UintBits() - 1}) {
             EXPECT_EQ(LogTwo(TwoTo(e)), Exact(e));
             EXPECT_EQ(Log("2", TwoTo(e)), Exact(e));
             if (e > 1) {
@@ -94,7 +86,7 @@ TEST(BigUintLog, ToTheBaseTwo) {
                 EXPECT_EQ(Log("2", TwoTo(e, "-1")), Inexact(e - 1));
             }
         }
-        EXPECT_EQ(LogTwo(TwoTo(Bits(), "-1")), Inexact(Bits() - 1));
+        EXPECT_EQ(LogTwo(TwoTo(UintBits(), "-1")), Inexact(UintBits() - 1));
         EXPECT_EQ(LogTwo("3"), Inexact(1));
     }
     // A bit in another limb counts as well.
@@ -136,11 +128,11 @@ TEST(BigUintLog, IsNotExactWhereTheLastQuotientIsAboveOne) {
 TEST(BigUintLog, ToABaseThatIsNotBelowTheNumber) {
     for (const int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
-        const std::string largest = TwoTo(Bits(), "-1");
+        const std::string largest = TwoTo(UintBits(), "-1");
         EXPECT_EQ(Log(largest, largest), Exact(1));
-        EXPECT_EQ(Log(largest, TwoTo(Bits() - 1)), Inexact(0));
-        EXPECT_EQ(Log(largest, TwoTo(Bits(), "-2")), Inexact(0));
-        EXPECT_EQ(Log(TwoTo(Bits(), "-2"), largest), Inexact(1));
+        EXPECT_EQ(Log(largest, TwoTo(UintBits() - 1)), Inexact(0));
+        EXPECT_EQ(Log(largest, TwoTo(UintBits(), "-2")), Inexact(0));
+        EXPECT_EQ(Log(TwoTo(UintBits(), "-2"), largest), Inexact(1));
         EXPECT_EQ(Log(largest, "2"), Inexact(0));
         EXPECT_EQ(Log(largest, "1"), Exact(0));
         EXPECT_EQ(Log("10", "1"), Exact(0));
@@ -167,10 +159,10 @@ TEST(BigUintLog, BelowAPowerThatDoesNotFit) {
     for (const int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
         for (const int64_t e : {2, 4, 8, 16, 32}) {
-            EXPECT_EQ(Log(TwoTo(Bits() / e), TwoTo(Bits(), "-1")), Inexact(e - 1)) << e;
+            EXPECT_EQ(Log(TwoTo(UintBits() / e), TwoTo(UintBits(), "-1")), Inexact(e - 1)) << e;
         }
-        EXPECT_EQ(Log("4", TwoTo(Bits(), "-1")), Inexact(Bits() / 2 - 1));
-        EXPECT_EQ(Log("16", TwoTo(Bits(), "-1")), Inexact(Bits() / 4 - 1));
+        EXPECT_EQ(Log("4", TwoTo(UintBits(), "-1")), Inexact(UintBits() / 2 - 1));
+        EXPECT_EQ(Log("16", TwoTo(UintBits(), "-1")), Inexact(UintBits() / 4 - 1));
     }
 }
 
@@ -195,7 +187,7 @@ TEST(BigUintLog, MayBeWrittenOverItsOperands) {
         UintBuffer one("1");
         EXPECT_TRUE(BigUintLog(one, UintBuffer("3"), one));
         EXPECT_EQ(TakeOutcome(one), Silent("0"));
-        UintBuffer both(TwoTo(Bits(), "-1"));
+        UintBuffer both(TwoTo(UintBits(), "-1"));
         EXPECT_TRUE(BigUintLog(both, both, both));
         EXPECT_EQ(TakeOutcome(both), Silent("1"));
     }
@@ -212,8 +204,8 @@ TEST(BigUintLog, KeepsACodeThatWasNoted) {
         };
         const UintBuffer zero("0");
         const UintBuffer ten("10");
-        const UintBuffer largest(TwoTo(Bits(), "-1"));
-        const UintBuffer root(TwoTo(Bits() / 2));
+        const UintBuffer largest(TwoTo(UintBits(), "-1"));
+        const UintBuffer root(TwoTo(UintBits() / 2));
         const auto kept = [](const char* text) { return Outcome{text, CalcErrorSyntax}; };
         EXPECT_EQ(after([&](uint64_t* d) { BigUintLogTwo(d, ten); }), kept("3"));
         EXPECT_EQ(after([&](uint64_t* d) { BigUintLogTwo(d, zero); }), kept("0"));
@@ -227,7 +219,7 @@ TEST(BigUintLog, KeepsACodeThatWasNoted) {
 TEST(BinaryLog, OfPowersOfTwoIsExact) {
     for (const int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
-        for (int64_t e = 0; e < Bits(); e += 1 + e / 10) {
+        for (int64_t e = 0; e < UintBits(); e += 1 + e / 10) {
             EXPECT_EQ(BinaryLog(UintBuffer(TwoTo(e))), uint64_t(e) << BinaryLogPlaces);
             // log2(2^e + 1) is below 1.5 / 2^e above e, log2(2^e - 1) not nearer to it than that.
             if (e > BinaryLogPlaces + 1) {
@@ -254,7 +246,7 @@ TEST(BinaryLog, IsWithinItsBounds) {
             if (BigUintBitLength(base) < 2) {
                 continue;
             }
-            const int64_t e = Bits() / BigUintBitLength(base);
+            const int64_t e = UintBits() / BigUintBitLength(base);
             UintBuffer power;
             ASSERT_TRUE(BigUintPowerIfFits(power, base, e));
             const uint64_t log = BinaryLog(base);

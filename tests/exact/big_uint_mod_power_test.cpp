@@ -19,10 +19,6 @@ Outcome ModPower(std::string_view a, std::string_view e, std::string_view m) {
     return TakeOutcome(dest);
 }
 
-Outcome Value(std::string_view text) {
-    return Silent(UintBuffer(text).Text());
-}
-
 TEST(BigUintModPower, RefusesAModulusOfZero) {
     for (int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
@@ -44,7 +40,7 @@ TEST(BigUintModPower, TakesAnExponentOfZeroForOne) {
 TEST(BigUintModPower, IsZeroModuloOne) {
     for (int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
-        const std::string ones = "2^" + std::to_string(64 * limbs) + "-1";
+        const std::string ones = TwoTo(64 * limbs, "-1");
         EXPECT_EQ(ModPower("5", "3", "1"), Silent("0"));
         EXPECT_EQ(ModPower(ones, "3", "1"), Silent("0"));
         EXPECT_EQ(ModPower("0", "1", "1"), Silent("0"));
@@ -81,20 +77,20 @@ TEST(BigUintModPower, FollowsFermat) {
 TEST(BigUintModPower, TakesBasesAboveTheModulus) {
     WidthScope scope(4);
     EXPECT_EQ(ModPower("2^256-1", "1", "10"), Silent("5"));
-    EXPECT_EQ(ModPower("2^256-1", "3", "2^64"), Value("2^64-1"));
+    EXPECT_EQ(ModPower("2^256-1", "3", "2^64"), UintValue("2^64-1"));
     EXPECT_EQ(ModPower("2^256-1", "2", "2^128+1"), Silent("0"));
-    EXPECT_EQ(ModPower("2^200", "5", "2^199+1"), Value("2^199-31"));
+    EXPECT_EQ(ModPower("2^200", "5", "2^199+1"), UintValue("2^199-31"));
 }
 
 TEST(BigUintModPower, TakesEvenModuli) {
     WidthScope scope(4);
     // The odd numbers modulo 2^k have orders that divide 2^(k - 2).
     EXPECT_EQ(ModPower("3", "2^190", "2^192"), Silent("1"));
-    EXPECT_EQ(ModPower("3", "2^189", "2^192"), Value("2^191+1"));
+    EXPECT_EQ(ModPower("3", "2^189", "2^192"), UintValue("2^191+1"));
     EXPECT_EQ(ModPower("6", "2^100", "2^192"), Silent("0"));
     // 2^200 = 2^100 modulo 2^100 (2^100 - 1).
     EXPECT_EQ(ModPower("2", "200", "1606938044258990275541962092339894951921974764381296132096000"),
-              Value("2^100"));
+              UintValue("2^100"));
 }
 
 TEST(BigUintModPower, WritesOverItsOperands) {

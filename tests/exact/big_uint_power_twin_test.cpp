@@ -44,10 +44,6 @@ Found FindPower(Operation operation) {
     });
 }
 
-int64_t Bits() {
-    return 64 * numberContext.uintLimbs;
-}
-
 // base^e, for one that fits.
 UintBuffer PowerOf(const UintBuffer& base, int64_t e) {
     UintBuffer power;
@@ -92,10 +88,10 @@ TEST(BigUintPowerTwins, AgreeOnPowers) {
     for (const int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
         for (int round = 0; round < Rounds(2000, 20); round++) {
-            const int64_t e = RandomDegree(random, 2 * Bits());
+            const int64_t e = RandomDegree(random, 2 * UintBits());
             UintBuffer base;
             // So long that the power sometimes just fits.
-            FillUint(random, base, std::min(limbs, Bits() / e / 64 + 1));
+            FillUint(random, base, std::min(limbs, UintBits() / e / 64 + 1));
             BigUintShiftRight(base, base, random.Between(0, 63));
             ComparePower(base, e);
         }
@@ -132,7 +128,7 @@ TEST(BigUintPowerTwins, AgreeOnRootsOfAnything) {
         for (int round = 0; round < TestRounds(limbs <= 2 ? 20000 : 400); round++) {
             UintBuffer x;
             FillUint(random, x);
-            CompareRoot(RandomDegree(random, Bits() + 2), x);
+            CompareRoot(RandomDegree(random, UintBits() + 2), x);
         }
     }
 }
@@ -142,11 +138,11 @@ TEST(BigUintPowerTwins, AgreeOnRootsAtPowers) {
     for (const int64_t limbs : SmallUintWidths) {
         WidthScope scope(limbs);
         for (int round = 0; round < TestRounds(limbs <= 2 ? 10000 : 200); round++) {
-            const int64_t n = RandomDegree(random, Bits());
+            const int64_t n = RandomDegree(random, UintBits());
             UintBuffer root;
-            FillUint(random, root, std::min(limbs, Bits() / n / 64 + 1));
+            FillUint(random, root, std::min(limbs, UintBits() / n / 64 + 1));
             BigUintShiftRight(root, root,
-                              std::max<int64_t>(0, BigUintBitLength(root) - Bits() / n));
+                              std::max<int64_t>(0, BigUintBitLength(root) - UintBits() / n));
             for (const UintBuffer& x : WithNeighbours(PowerOf(root, n))) {
                 CompareRoot(n, x);
             }
@@ -159,10 +155,10 @@ TEST(BigUintPowerTwins, AgreeOnRootsOfEveryDegree) {
     for (const int64_t limbs : {1, 2, 26}) {
         WidthScope scope(limbs);
         UintBuffer x;
-        for (int64_t n = -1; n <= Bits() + 1; n++) {
-            UintFromPlainText(x, "2^" + std::to_string(Bits()) + "-1");
+        for (int64_t n = -1; n <= UintBits() + 1; n++) {
+            UintFromPlainText(x, TwoTo(UintBits(), "-1"));
             CompareRoot(n, x);
-            UintFromPlainText(x, "2^" + std::to_string(Bits() - 1));
+            UintFromPlainText(x, TwoTo(UintBits() - 1));
             CompareRoot(n, x);
             FillUint(random, x);
             CompareRoot(n, x);
@@ -183,7 +179,7 @@ TEST(BigUintPowerTwins, AgreeOnRootsOfHighDegreeAtLargeWidths) {
             UintBuffer root;
             FillUint(random, root, 1);
             BigUintShiftRight(root, root,
-                              std::max<int64_t>(0, BigUintBitLength(root) - Bits() / n));
+                              std::max<int64_t>(0, BigUintBitLength(root) - UintBits() / n));
             for (const UintBuffer& power : WithNeighbours(PowerOf(root, n))) {
                 CompareRoot(n, power);
             }
@@ -211,7 +207,7 @@ TEST(BigUintPowerTwins, AgreeOnLogarithms) {
             if (BigUintBitLength(base) < 2) {
                 continue;
             }
-            const int64_t e = random.Between(0, Bits() / BigUintBitLength(base));
+            const int64_t e = random.Between(0, UintBits() / BigUintBitLength(base));
             for (const UintBuffer& power : WithNeighbours(PowerOf(base, e))) {
                 CompareLog(base, power);
             }

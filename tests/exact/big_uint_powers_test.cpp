@@ -16,15 +16,6 @@ using namespace testing_support;
 const Outcome Overflow = Refused(CalcErrorOverflow);
 const Outcome Undefined = Refused(CalcErrorUndefined);
 
-// 2^exponent as UintFromPlainText reads it, with something like "-1" behind it.
-std::string TwoTo(int64_t exponent, const std::string& addend = "") {
-    return "2^" + std::to_string(exponent) + addend;
-}
-
-int64_t Bits() {
-    return 64 * numberContext.uintLimbs;
-}
-
 Outcome Power(std::string_view base, int64_t e) {
     UintBuffer dest;
     BigUintPowerSmall(dest, UintBuffer(base), e);
@@ -35,10 +26,6 @@ Outcome Power(std::string_view base, std::string_view e) {
     UintBuffer dest;
     BigUintPower(dest, UintBuffer(base), UintBuffer(e));
     return TakeOutcome(dest);
-}
-
-std::string TextOf(std::string_view plainText) {
-    return UintBuffer(plainText).Text();
 }
 
 TEST(BigUintPower, IsTheProductOfItsFactors) {
@@ -83,11 +70,11 @@ TEST(BigUintPower, RefusesNegativeExponents) {
 TEST(BigUintPower, TakesExponentsOfAnyLength) {
     for (const int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
-        for (const std::string& e : {TwoTo(63), TwoTo(Bits(), "-1"), TwoTo(Bits() - 1)}) {
+        for (const std::string& e : {TwoTo(63), TwoTo(UintBits(), "-1"), TwoTo(UintBits() - 1)}) {
             EXPECT_EQ(Power("0", e), Silent("0"));
             EXPECT_EQ(Power("1", e), Silent("1"));
             EXPECT_EQ(Power("2", e), Overflow);
-            EXPECT_EQ(Power(TwoTo(Bits(), "-1"), e), Overflow);
+            EXPECT_EQ(Power(TwoTo(UintBits(), "-1"), e), Overflow);
         }
         EXPECT_EQ(Power("2", INT64_MAX), Overflow);
         EXPECT_EQ(Power("3", TwoTo(63, "-1")), Overflow);
@@ -95,14 +82,14 @@ TEST(BigUintPower, TakesExponentsOfAnyLength) {
     // Of these exponents the lowest limb alone would have a power.
     for (const int64_t limbs : {2, 26}) {
         WidthScope scope(limbs);
-        for (const std::string& e : {TwoTo(64), TwoTo(64, "+1"), TwoTo(Bits() - 1)}) {
+        for (const std::string& e : {TwoTo(64), TwoTo(64, "+1"), TwoTo(UintBits() - 1)}) {
             EXPECT_EQ(Power("0", e), Silent("0"));
             EXPECT_EQ(Power("1", e), Silent("1"));
             EXPECT_EQ(Power("2", e), Overflow);
         }
     }
     WidthScope scope(2);
-    EXPECT_EQ(Power(TwoTo(64), "1"), Silent(TextOf(TwoTo(64))));
+    EXPECT_EQ(Power(TwoTo(64), "1"), UintValue(TwoTo(64)));
     EXPECT_EQ(Power(TwoTo(64), "2"), Overflow);
     EXPECT_EQ(Power(TwoTo(64), TwoTo(63)), Overflow);
 }
@@ -110,17 +97,17 @@ TEST(BigUintPower, TakesExponentsOfAnyLength) {
 TEST(BigUintPower, FillsTheWidthAndNoMore) {
     for (const int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
-        EXPECT_EQ(Power("2", Bits() - 1), Silent(TextOf(TwoTo(Bits() - 1))));
-        EXPECT_EQ(Power("2", Bits()), Overflow);
+        EXPECT_EQ(Power("2", UintBits() - 1), UintValue(TwoTo(UintBits() - 1)));
+        EXPECT_EQ(Power("2", UintBits()), Overflow);
         // (2^k - 1)^2 = 2^2k - 2^(k + 1) + 1, here in all the bits there are.
-        UintBuffer twice(TwoTo(Bits() / 2 + 1));
-        UintBuffer expected(TwoTo(Bits(), "-1"));
+        UintBuffer twice(TwoTo(UintBits() / 2 + 1));
+        UintBuffer expected(TwoTo(UintBits(), "-1"));
         BigUintSub(expected, expected, twice);
         BigUintAddSmall(expected, expected, 2);
-        EXPECT_EQ(Power(TwoTo(Bits() / 2, "-1"), 2), Silent(expected.Text()));
-        EXPECT_EQ(Power(TwoTo(Bits() / 2), 2), Overflow);
-        EXPECT_EQ(Power(TwoTo(Bits() / 2), 1), Silent(TextOf(TwoTo(Bits() / 2))));
-        EXPECT_EQ(Power(TwoTo(Bits(), "-1"), 2), Overflow);
+        EXPECT_EQ(Power(TwoTo(UintBits() / 2, "-1"), 2), Silent(expected.Text()));
+        EXPECT_EQ(Power(TwoTo(UintBits() / 2), 2), Overflow);
+        EXPECT_EQ(Power(TwoTo(UintBits() / 2), 1), UintValue(TwoTo(UintBits() / 2)));
+        EXPECT_EQ(Power(TwoTo(UintBits(), "-1"), 2), Overflow);
     }
 }
 
@@ -128,14 +115,14 @@ TEST(BigUintPower, FillsTheWidthAndNoMore) {
 TEST(BigUintPower, SquaresOnlyForFurtherBits) {
     for (const int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
-        EXPECT_EQ(Power(TwoTo(Bits(), "-1"), 1), Silent(TextOf(TwoTo(Bits(), "-1"))));
-        EXPECT_EQ(Power(TwoTo(Bits() - 1), 1), Silent(TextOf(TwoTo(Bits() - 1))));
-        const int64_t third = (Bits() - 1) / 3;
-        EXPECT_EQ(Power(TwoTo(third), 2), Silent(TextOf(TwoTo(2 * third))));
-        EXPECT_EQ(Power(TwoTo(third), 3), Silent(TextOf(TwoTo(3 * third))));
+        EXPECT_EQ(Power(TwoTo(UintBits(), "-1"), 1), UintValue(TwoTo(UintBits(), "-1")));
+        EXPECT_EQ(Power(TwoTo(UintBits() - 1), 1), UintValue(TwoTo(UintBits() - 1)));
+        const int64_t third = (UintBits() - 1) / 3;
+        EXPECT_EQ(Power(TwoTo(third), 2), UintValue(TwoTo(2 * third)));
+        EXPECT_EQ(Power(TwoTo(third), 3), UintValue(TwoTo(3 * third)));
         EXPECT_EQ(Power(TwoTo(third), 4), Overflow);
-        EXPECT_EQ(Power(TwoTo(Bits() / 8), 7), Silent(TextOf(TwoTo(Bits() / 8 * 7))));
-        EXPECT_EQ(Power(TwoTo(Bits() / 8), 8), Overflow);
+        EXPECT_EQ(Power(TwoTo(UintBits() / 8), 7), UintValue(TwoTo(UintBits() / 8 * 7)));
+        EXPECT_EQ(Power(TwoTo(UintBits() / 8), 8), Overflow);
     }
     WidthScope scope(1);
     EXPECT_EQ(Power("3", 40), Silent("12157665459056928801"));
@@ -162,11 +149,11 @@ TEST(BigUintPower, MayBeWrittenOverItsOperands) {
         UintBuffer both("11");
         BigUintPower(both, both, both);
         EXPECT_EQ(TakeOutcome(both), Silent("285311670611"));
-        both = UintBuffer(TwoTo(Bits(), "-1"));
+        both = UintBuffer(TwoTo(UintBits(), "-1"));
         BigUintPower(both, both, both);
         EXPECT_EQ(TakeOutcome(both), Overflow);
         UintBuffer one("1");
-        BigUintPower(one, one, UintBuffer(TwoTo(Bits(), "-1")));
+        BigUintPower(one, one, UintBuffer(TwoTo(UintBits(), "-1")));
         EXPECT_EQ(TakeOutcome(one), Silent("1"));
         UintBuffer large(TwoTo(63));
         BigUintPower(large, UintBuffer("1"), large);
@@ -221,11 +208,11 @@ TEST(BigUintPowerIfFits, LeavesNoCode) {
         EXPECT_EQ(TakeOutcome(dest), Silent("12157665459056928801"));
         EXPECT_TRUE(BigUintPowerIfFits(dest, UintBuffer("0"), 5));
         EXPECT_EQ(TakeOutcome(dest), Silent("0"));
-        EXPECT_FALSE(BigUintPowerIfFits(dest, UintBuffer("3"), Bits()));
+        EXPECT_FALSE(BigUintPowerIfFits(dest, UintBuffer("3"), UintBits()));
         EXPECT_EQ(TakeOutcome(dest), Silent("0"));
         SetCalcError(CalcErrorSyntax);
         EXPECT_TRUE(BigUintPowerIfFits(dest, UintBuffer("3"), 2));
-        EXPECT_FALSE(BigUintPowerIfFits(dest, UintBuffer("3"), Bits()));
+        EXPECT_FALSE(BigUintPowerIfFits(dest, UintBuffer("3"), UintBits()));
         EXPECT_EQ(TakeCode(), CalcErrorSyntax);
     }
 }
@@ -246,16 +233,16 @@ TEST(BigUintPowerOfTwo, IsASingleBit) {
     for (const int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
         for (const int64_t n : {int64_t{0}, int64_t{1}, int64_t{2}, int64_t{31}, int64_t{32},
-                                int64_t{63}, Bits() - 1}) {
-            EXPECT_EQ(PowerOfTwo(n), Silent(TextOf(TwoTo(n))));
-            EXPECT_EQ(PowerOfTwo(std::to_string(n)), Silent(TextOf(TwoTo(n))));
+                                int64_t{63}, UintBits() - 1}) {
+            EXPECT_EQ(PowerOfTwo(n), UintValue(TwoTo(n)));
+            EXPECT_EQ(PowerOfTwo(std::to_string(n)), UintValue(TwoTo(n)));
         }
-        for (const int64_t n : {Bits(), Bits() + 1, INT64_MAX}) {
+        for (const int64_t n : {UintBits(), UintBits() + 1, INT64_MAX}) {
             EXPECT_EQ(PowerOfTwo(n), Overflow);
             EXPECT_EQ(PowerOfTwo(std::to_string(n)), Overflow);
         }
         EXPECT_EQ(PowerOfTwo(TwoTo(63)), Overflow);
-        EXPECT_EQ(PowerOfTwo(TwoTo(Bits(), "-1")), Overflow);
+        EXPECT_EQ(PowerOfTwo(TwoTo(UintBits(), "-1")), Overflow);
         EXPECT_EQ(PowerOfTwo(-1), Undefined);
         EXPECT_EQ(PowerOfTwo(INT64_MIN), Undefined);
     }
@@ -292,7 +279,7 @@ TEST(BigUintPowerOfTen, IsAOneWithZeros) {
             EXPECT_EQ(PowerOfTen(std::to_string(n)), Overflow) << n;
         }
         EXPECT_EQ(PowerOfTen(TwoTo(63)), Overflow);
-        EXPECT_EQ(PowerOfTen(TwoTo(Bits(), "-1")), Overflow);
+        EXPECT_EQ(PowerOfTen(TwoTo(UintBits(), "-1")), Overflow);
         EXPECT_EQ(PowerOfTen(-1), Undefined);
         EXPECT_EQ(PowerOfTen(INT64_MIN), Undefined);
     }

@@ -14,18 +14,6 @@ namespace {
 
 using namespace testing_support;
 
-std::string TwoTo(int64_t exponent, const std::string& addend = "") {
-    return "2^" + std::to_string(exponent) + addend;
-}
-
-std::string TextOf(std::string_view plainText) {
-    return UintBuffer(plainText).Text();
-}
-
-int64_t Bits() {
-    return 64 * numberContext.uintLimbs;
-}
-
 // The floor of a root and whether it is exact; no code.
 struct Root {
     std::string text;
@@ -102,7 +90,7 @@ TEST(BigUintRoot, OfZeroIsExact) {
                                 int64_t{-1}, INT64_MIN}) {
             EXPECT_EQ(RootOf(n, "0"), Exact("0")) << n;
         }
-        for (const std::string& n : {TwoTo(0), TwoTo(1), TwoTo(63), TwoTo(Bits(), "-1")}) {
+        for (const std::string& n : {TwoTo(0), TwoTo(1), TwoTo(63), TwoTo(UintBits(), "-1")}) {
             EXPECT_EQ(RootOf(n, "0"), Exact("0")) << n;
         }
     }
@@ -124,9 +112,10 @@ TEST(BigUintRoot, OfDegreeZeroIsRefused) {
 TEST(BigUintRoot, OfDegreeOneIsTheNumber) {
     for (const int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
-        for (const std::string& x : {TwoTo(0), TwoTo(1), TwoTo(63, "+5"), TwoTo(Bits(), "-1")}) {
-            EXPECT_EQ(RootOf(1, x), Exact(TextOf(x)));
-            EXPECT_EQ(RootOf("1", x), Exact(TextOf(x)));
+        for (const std::string& x :
+             {TwoTo(0), TwoTo(1), TwoTo(63, "+5"), TwoTo(UintBits(), "-1")}) {
+            EXPECT_EQ(RootOf(1, x), Exact(UintTextOf(x)));
+            EXPECT_EQ(RootOf("1", x), Exact(UintTextOf(x)));
         }
     }
 }
@@ -134,9 +123,10 @@ TEST(BigUintRoot, OfDegreeOneIsTheNumber) {
 TEST(BigUintRoot, OfGreatDegreeIsOne) {
     for (const int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
-        const std::string largest = TwoTo(Bits(), "-1");
-        for (const int64_t n : {Bits(), Bits() + 1, (int64_t{1} << 31) - 1, int64_t{1} << 31,
-                                int64_t{1} << 32, INT64_MAX, int64_t{-1}, INT64_MIN}) {
+        const std::string largest = TwoTo(UintBits(), "-1");
+        for (const int64_t n :
+             {UintBits(), UintBits() + 1, (int64_t{1} << 31) - 1, int64_t{1} << 31,
+              int64_t{1} << 32, INT64_MAX, int64_t{-1}, INT64_MIN}) {
             EXPECT_EQ(RootOf(n, largest), Inexact("1")) << n;
             EXPECT_EQ(RootOf(n, "2"), Inexact("1")) << n;
             EXPECT_EQ(RootOf(n, "1"), Exact("1")) << n;
@@ -146,9 +136,9 @@ TEST(BigUintRoot, OfGreatDegreeIsOne) {
             EXPECT_EQ(RootOf(n, "2"), Inexact("1")) << n;
             EXPECT_EQ(RootOf(n, "1"), Exact("1")) << n;
         }
-        EXPECT_EQ(RootOf(Bits() - 1, largest), Inexact("2"));
-        EXPECT_EQ(RootOf(Bits() - 1, TwoTo(Bits() - 1)), Exact("2"));
-        EXPECT_EQ(RootOf(Bits() - 1, TwoTo(Bits() - 1, "-1")), Inexact("1"));
+        EXPECT_EQ(RootOf(UintBits() - 1, largest), Inexact("2"));
+        EXPECT_EQ(RootOf(UintBits() - 1, TwoTo(UintBits() - 1)), Exact("2"));
+        EXPECT_EQ(RootOf(UintBits() - 1, TwoTo(UintBits() - 1, "-1")), Inexact("1"));
     }
     // Of these degrees the lowest limb alone would say something else.
     WidthScope scope(2);
@@ -161,10 +151,10 @@ TEST(BigUintRoot, OfGreatDegreeIsOne) {
 TEST(BigUintRoot, OfAllOnes) {
     for (const int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
-        const std::string largest = TwoTo(Bits(), "-1");
-        EXPECT_EQ(SquareRoot(largest), Inexact(TextOf(TwoTo(Bits() / 2, "-1"))));
-        EXPECT_EQ(RootOf(4, largest), Inexact(TextOf(TwoTo(Bits() / 4, "-1"))));
-        EXPECT_EQ(RootOf(16, largest), Inexact(TextOf(TwoTo(Bits() / 16, "-1"))));
+        const std::string largest = TwoTo(UintBits(), "-1");
+        EXPECT_EQ(SquareRoot(largest), Inexact(UintTextOf(TwoTo(UintBits() / 2, "-1"))));
+        EXPECT_EQ(RootOf(4, largest), Inexact(UintTextOf(TwoTo(UintBits() / 4, "-1"))));
+        EXPECT_EQ(RootOf(16, largest), Inexact(UintTextOf(TwoTo(UintBits() / 16, "-1"))));
     }
     WidthScope scope(1);
     EXPECT_EQ(RootOf(3, TwoTo(64, "-1")), Inexact("2642245"));
@@ -177,11 +167,11 @@ TEST(BigUintRoot, OfPowersOfTwo) {
     for (const int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
         for (const int64_t n : {2, 3, 5, 7, 13, 40, 63}) {
-            for (int64_t e : {int64_t{1}, (Bits() - 1) / n / 2, (Bits() - 1) / n}) {
+            for (int64_t e : {int64_t{1}, (UintBits() - 1) / n / 2, (UintBits() - 1) / n}) {
                 e = std::max<int64_t>(e, 1);
-                EXPECT_EQ(RootOf(n, TwoTo(e * n)), Exact(TextOf(TwoTo(e)))) << n << " " << e;
-                EXPECT_EQ(RootOf(n, TwoTo(e * n, "-1")), Inexact(TextOf(TwoTo(e, "-1"))));
-                EXPECT_EQ(RootOf(n, TwoTo(e * n, "+1")), Inexact(TextOf(TwoTo(e))));
+                EXPECT_EQ(RootOf(n, TwoTo(e * n)), Exact(UintTextOf(TwoTo(e)))) << n << " " << e;
+                EXPECT_EQ(RootOf(n, TwoTo(e * n, "-1")), Inexact(UintTextOf(TwoTo(e, "-1"))));
+                EXPECT_EQ(RootOf(n, TwoTo(e * n, "+1")), Inexact(UintTextOf(TwoTo(e))));
             }
         }
     }
@@ -233,9 +223,9 @@ TEST(BigUintRoot, IsTheFloorAtLargeWidths) {
                 ExpectFloor(n, x);
                 // The power of a random root, and what lies next to it.
                 UintBuffer root;
-                FillUint(random, root, Bits() / n / 64 + 1);
+                FillUint(random, root, UintBits() / n / 64 + 1);
                 BigUintShiftRight(root, root,
-                                  std::max<int64_t>(0, BigUintBitLength(root) - Bits() / n));
+                                  std::max<int64_t>(0, BigUintBitLength(root) - UintBits() / n));
                 ASSERT_TRUE(BigUintPowerIfFits(x, root, n));
                 ExpectFloor(n, x);
                 BigUintAddSmall(x, x, 1);
@@ -253,9 +243,9 @@ TEST(BigUintRoot, IsTheFloorAtLargeWidths) {
 TEST(BigUintRoot, MayBeWrittenOverItsOperands) {
     for (const int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
-        UintBuffer x(TwoTo(Bits(), "-1"));
+        UintBuffer x(TwoTo(UintBits(), "-1"));
         EXPECT_FALSE(BigUintSquareRoot(x, x));
-        EXPECT_EQ(TakeOutcome(x), Silent(TextOf(TwoTo(Bits() / 2, "-1"))));
+        EXPECT_EQ(TakeOutcome(x), UintValue(TwoTo(UintBits() / 2, "-1")));
         x = UintBuffer("343");
         EXPECT_TRUE(BigUintRootSmall(x, 3, x));
         EXPECT_EQ(TakeOutcome(x), Silent("7"));
@@ -294,8 +284,8 @@ TEST(BigUintRoot, LeavesItsOperands) {
 TEST(BigUintRoot, KeepsACodeThatWasNoted) {
     for (const int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
-        const Outcome kept = {TextOf(TwoTo(Bits() / 2, "-1")), CalcErrorSyntax};
-        const UintBuffer x(TwoTo(Bits(), "-1"));
+        const Outcome kept = {UintTextOf(TwoTo(UintBits() / 2, "-1")), CalcErrorSyntax};
+        const UintBuffer x(TwoTo(UintBits(), "-1"));
         UintBuffer dest;
         SetCalcError(CalcErrorSyntax);
         EXPECT_FALSE(BigUintSquareRoot(dest, x));

@@ -12,18 +12,9 @@ namespace {
 
 using namespace testing_support;
 
-// 2^k as text, or next to it: Power(100, "-1").
-std::string Power(int64_t k, const std::string& addend = "") {
-    return "2^" + std::to_string(k) + addend;
-}
-
 // 2^(64 limbs) - 1 in the width in force.
 UintBuffer Ones() {
-    return UintBuffer(Power(64 * numberContext.uintLimbs, "-1"));
-}
-
-Outcome Value(std::string_view text) {
-    return Silent(UintBuffer(text).Text());
+    return UintBuffer(TwoTo(64 * numberContext.uintLimbs, "-1"));
 }
 
 Outcome Sum(std::string_view a, std::string_view b) {
@@ -93,10 +84,10 @@ TEST(BigUintBasics, LengthAndBitLengthFollowTheTopBit) {
         EXPECT_EQ(BigUintLength(UintBuffer("0")), 0);
         EXPECT_EQ(BigUintBitLength(UintBuffer("0")), 0);
         for (int64_t k = 0; k < 64 * limbs; k += k < 200 ? 1 : 61) {
-            const UintBuffer power(Power(k));
+            const UintBuffer power(TwoTo(k));
             ASSERT_EQ(BigUintLength(power), k / 64 + 1);
             ASSERT_EQ(BigUintBitLength(power), k + 1);
-            const UintBuffer below(Power(k, "-1"));
+            const UintBuffer below(TwoTo(k, "-1"));
             ASSERT_EQ(BigUintBitLength(below), k);
             ASSERT_EQ(BigUintLength(below), (k + 63) / 64);
         }
@@ -119,7 +110,7 @@ TEST(BigUintBasics, ZeroHasNoLimbSet) {
         WidthScope scope(limbs);
         EXPECT_TRUE(BigUintIsZero(UintBuffer("0")));
         for (int64_t i = 0; i < limbs; i++) {
-            EXPECT_FALSE(BigUintIsZero(UintBuffer(Power(64 * i)))) << "limb " << i;
+            EXPECT_FALSE(BigUintIsZero(UintBuffer(TwoTo(64 * i)))) << "limb " << i;
         }
     }
 }
@@ -149,8 +140,8 @@ TEST(BigUintCompare, LooksFromTheTopLimbDown) {
         EXPECT_EQ(BigUintCompare(Ones(), UintBuffer("0")), 1);
         for (int64_t i = 0; i < limbs; i++) {
             // All lower limbs say the opposite.
-            const UintBuffer power(Power(64 * i));
-            const UintBuffer below(Power(64 * i, "-1"));
+            const UintBuffer power(TwoTo(64 * i));
+            const UintBuffer below(TwoTo(64 * i, "-1"));
             ASSERT_EQ(BigUintCompare(power, below), 1);
             ASSERT_EQ(BigUintCompare(below, power), -1);
             ASSERT_EQ(BigUintCompare(power, power), 0);
@@ -164,26 +155,26 @@ TEST(BigUintAdd, CarriesThroughEveryLimb) {
         WidthScope scope(limbs);
         EXPECT_EQ(Sum("0", "0"), Silent("0"));
         EXPECT_EQ(Sum("2", "3"), Silent("5"));
-        for (int64_t i = 1; i<limbs; i += limbs> 100 ? 97 : 1) {
-            ASSERT_EQ(Sum(Power(64 * i, "-1"), "1"), Value(Power(64 * i)));
-            ASSERT_EQ(Sum("1", Power(64 * i, "-1")), Value(Power(64 * i)));
-            ASSERT_EQ(Sum(Power(64 * i, "-1"), Power(64 * i, "-1")),
-                      Value(Power(64 * i + 1, "-2")));
+        for (int64_t i = 1; i < limbs; i += (limbs > 100 ? 97 : 1)) {
+            ASSERT_EQ(Sum(TwoTo(64 * i, "-1"), "1"), UintValue(TwoTo(64 * i)));
+            ASSERT_EQ(Sum("1", TwoTo(64 * i, "-1")), UintValue(TwoTo(64 * i)));
+            ASSERT_EQ(Sum(TwoTo(64 * i, "-1"), TwoTo(64 * i, "-1")),
+                      UintValue(TwoTo(64 * i + 1, "-2")));
         }
         // A limb of all ones with a carry on both sides.
-        EXPECT_EQ(Sum(Power(64 * limbs - 1), Power(64 * limbs - 1, "-1")), Silent(Ones().Text()));
+        EXPECT_EQ(Sum(TwoTo(64 * limbs - 1), TwoTo(64 * limbs - 1, "-1")), Silent(Ones().Text()));
     }
 }
 
 TEST(BigUintAdd, OverflowsOnACarryOutOfTheTopLimb) {
     for (int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
-        const std::string most = Power(64 * limbs, "-1");
+        const std::string most = TwoTo(64 * limbs, "-1");
         EXPECT_EQ(Sum(most, "0"), Silent(Ones().Text()));
         EXPECT_EQ(Sum(most, "1"), Refused(CalcErrorOverflow));
         EXPECT_EQ(Sum("1", most), Refused(CalcErrorOverflow));
         EXPECT_EQ(Sum(most, most), Refused(CalcErrorOverflow));
-        EXPECT_EQ(Sum(Power(64 * limbs - 1), Power(64 * limbs - 1)), Refused(CalcErrorOverflow));
+        EXPECT_EQ(Sum(TwoTo(64 * limbs - 1), TwoTo(64 * limbs - 1)), Refused(CalcErrorOverflow));
     }
 }
 
@@ -192,11 +183,11 @@ TEST(BigUintAddSmall, CarriesThroughEveryLimb) {
         WidthScope scope(limbs);
         EXPECT_EQ(SmallSum("0", ~uint64_t{0}), Silent("18446744073709551615"));
         EXPECT_EQ(SmallSum("5", 0), Silent("5"));
-        EXPECT_EQ(SmallSum(Power(64 * limbs, "-2"), 1), Silent(Ones().Text()));
-        for (int64_t i = 1; i<limbs; i += limbs> 100 ? 97 : 1) {
-            ASSERT_EQ(SmallSum(Power(64 * i, "-1"), 1), Value(Power(64 * i)));
-            ASSERT_EQ(SmallSum(Power(64 * i, "-9223372036854775807"), INT64_MAX),
-                      Value(Power(64 * i)));
+        EXPECT_EQ(SmallSum(TwoTo(64 * limbs, "-2"), 1), Silent(Ones().Text()));
+        for (int64_t i = 1; i < limbs; i += (limbs > 100 ? 97 : 1)) {
+            ASSERT_EQ(SmallSum(TwoTo(64 * i, "-1"), 1), UintValue(TwoTo(64 * i)));
+            ASSERT_EQ(SmallSum(TwoTo(64 * i, "-9223372036854775807"), INT64_MAX),
+                      UintValue(TwoTo(64 * i)));
         }
     }
 }
@@ -204,7 +195,7 @@ TEST(BigUintAddSmall, CarriesThroughEveryLimb) {
 TEST(BigUintAddSmall, OverflowsOnACarryOutOfTheTopLimb) {
     for (int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
-        const std::string most = Power(64 * limbs, "-1");
+        const std::string most = TwoTo(64 * limbs, "-1");
         EXPECT_EQ(SmallSum(most, 0), Silent(Ones().Text()));
         EXPECT_EQ(SmallSum(most, 1), Refused(CalcErrorOverflow));
         EXPECT_EQ(SmallSum(most, ~uint64_t{0}), Refused(CalcErrorOverflow));
@@ -216,11 +207,11 @@ TEST(BigUintSub, BorrowsThroughEveryLimb) {
         WidthScope scope(limbs);
         EXPECT_EQ(Difference("0", "0"), Silent("0"));
         EXPECT_EQ(Difference("5", "3"), Silent("2"));
-        const std::string most = Power(64 * limbs, "-1");
+        const std::string most = TwoTo(64 * limbs, "-1");
         EXPECT_EQ(Difference(most, most), Silent("0"));
-        for (int64_t i = 1; i<limbs; i += limbs> 100 ? 97 : 1) {
-            ASSERT_EQ(Difference(Power(64 * i), "1"), Value(Power(64 * i, "-1")));
-            ASSERT_EQ(Difference(Power(64 * i), Power(64 * i, "-1")), Silent("1"));
+        for (int64_t i = 1; i < limbs; i += (limbs > 100 ? 97 : 1)) {
+            ASSERT_EQ(Difference(TwoTo(64 * i), "1"), UintValue(TwoTo(64 * i, "-1")));
+            ASSERT_EQ(Difference(TwoTo(64 * i), TwoTo(64 * i, "-1")), Silent("1"));
         }
     }
 }
@@ -229,8 +220,8 @@ TEST(BigUintSub, OverflowsOnABorrowOut) {
     for (int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
         EXPECT_EQ(Difference("0", "1"), Refused(CalcErrorOverflow));
-        EXPECT_EQ(Difference("0", Power(64 * limbs, "-1")), Refused(CalcErrorOverflow));
-        EXPECT_EQ(Difference(Power(64 * limbs, "-2"), Power(64 * limbs, "-1")),
+        EXPECT_EQ(Difference("0", TwoTo(64 * limbs, "-1")), Refused(CalcErrorOverflow));
+        EXPECT_EQ(Difference(TwoTo(64 * limbs, "-2"), TwoTo(64 * limbs, "-1")),
                   Refused(CalcErrorOverflow));
     }
     WidthScope scope(2);
@@ -243,9 +234,9 @@ TEST(BigUintSubOne, OverflowsAtZeroAlone) {
         WidthScope scope(limbs);
         EXPECT_EQ(Predecessor("0"), Refused(CalcErrorOverflow));
         EXPECT_EQ(Predecessor("1"), Silent("0"));
-        EXPECT_EQ(Predecessor(Power(64 * limbs, "-1")), Value(Power(64 * limbs, "-2")));
-        for (int64_t i = 1; i<limbs; i += limbs> 100 ? 97 : 1) {
-            ASSERT_EQ(Predecessor(Power(64 * i)), Value(Power(64 * i, "-1")));
+        EXPECT_EQ(Predecessor(TwoTo(64 * limbs, "-1")), UintValue(TwoTo(64 * limbs, "-2")));
+        for (int64_t i = 1; i < limbs; i += (limbs > 100 ? 97 : 1)) {
+            ASSERT_EQ(Predecessor(TwoTo(64 * i)), UintValue(TwoTo(64 * i, "-1")));
         }
     }
 }
@@ -253,7 +244,7 @@ TEST(BigUintSubOne, OverflowsAtZeroAlone) {
 TEST(BigUintSums, WriteOverTheirOperands) {
     for (int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
-        const std::string large = Power(64 * limbs - 2, "-1");
+        const std::string large = TwoTo(64 * limbs - 2, "-1");
         const UintBuffer a(large);
         const UintBuffer b("77");
         UintBuffer dest = a;
@@ -264,7 +255,7 @@ TEST(BigUintSums, WriteOverTheirOperands) {
         EXPECT_EQ(TakeOutcome(dest), Sum(large, "77"));
         dest = a;
         BigUintAdd(dest, dest, dest);
-        EXPECT_EQ(TakeOutcome(dest), Value(Power(64 * limbs - 1, "-2")));
+        EXPECT_EQ(TakeOutcome(dest), UintValue(TwoTo(64 * limbs - 1, "-2")));
         dest = a;
         BigUintAddSmall(dest, dest, 9);
         EXPECT_EQ(TakeOutcome(dest), SmallSum(large, 9));
@@ -279,7 +270,7 @@ TEST(BigUintSums, WriteOverTheirOperands) {
         EXPECT_EQ(TakeOutcome(dest), Silent("0"));
         dest = a;
         BigUintSubOne(dest, dest);
-        EXPECT_EQ(TakeOutcome(dest), Value(Power(64 * limbs - 2, "-2")));
+        EXPECT_EQ(TakeOutcome(dest), UintValue(TwoTo(64 * limbs - 2, "-2")));
         // A refusal clears the operand as well.
         dest = Ones();
         BigUintAdd(dest, dest, dest);
@@ -366,14 +357,14 @@ TEST(BigUintResize, NarrowsToTheExactNumberOfLimbsAndNoFurther) {
     for (int64_t limbs : {int64_t{2}, int64_t{26}, int64_t{65}, int64_t{1039}}) {
         WidthScope scope(limbs);
         for (int64_t kept = 1; kept<limbs; kept += limbs> 100 ? 97 : 1) {
-            const UintBuffer most(Power(64 * kept, "-1"));
+            const UintBuffer most(TwoTo(64 * kept, "-1"));
             UintBuffer narrow = UintBuffer::OfLimbs(kept);
             BigUintResize(narrow, kept, most, limbs);
             ASSERT_EQ(TakeOutcome(narrow), Silent(most.Text()));
-            BigUintResize(narrow, kept, UintBuffer(Power(64 * kept)), limbs);
+            BigUintResize(narrow, kept, UintBuffer(TwoTo(64 * kept)), limbs);
             ASSERT_EQ(TakeOutcome(narrow), Refused(CalcErrorOverflow));
             // The limb that would be lost may be any above.
-            BigUintResize(narrow, kept, UintBuffer(Power(64 * limbs - 1)), limbs);
+            BigUintResize(narrow, kept, UintBuffer(TwoTo(64 * limbs - 1)), limbs);
             ASSERT_EQ(TakeOutcome(narrow), Refused(CalcErrorOverflow));
         }
     }
@@ -383,7 +374,7 @@ TEST(BigUintResize, ClearsTheLimbsAboveWhenItWidens) {
     WidthScope scope(2);
     UintBuffer wide = UintBuffer::OfLimbs(5);
     BigUintResize(wide, 5, UintBuffer("2^128-1"), 2);
-    EXPECT_EQ(TakeOutcome(wide), Silent(UintBuffer("2^128-1").Text()));
+    EXPECT_EQ(TakeOutcome(wide), UintValue("2^128-1"));
 }
 
 TEST(BigUintResize, WorksWhateverTheWidthInForce) {
@@ -418,13 +409,13 @@ TEST(BigUintShiftRightOut, GivesTheBitsThatFellOut) {
     WidthScope scope(2);
     uint64_t out = 77;
     EXPECT_EQ(ShiftedOut("0x123456789abcdef0fedcba9876543210", 0, &out),
-              Value("0x123456789abcdef0fedcba9876543210"));
+              UintValue("0x123456789abcdef0fedcba9876543210"));
     EXPECT_EQ(out, 0u);
     EXPECT_EQ(ShiftedOut("0x123456789abcdef0fedcba9876543210", 12, &out),
-              Value("0x123456789abcdef0fedcba9876543"));
+              UintValue("0x123456789abcdef0fedcba9876543"));
     EXPECT_EQ(out, 0x210u);
     EXPECT_EQ(ShiftedOut("0x123456789abcdef0fedcba9876543210", 63, &out),
-              Value("0x2468acf13579bde1"));
+              UintValue("0x2468acf13579bde1"));
     EXPECT_EQ(out, 0x7edcba9876543210u);
 }
 
@@ -432,11 +423,11 @@ TEST(BigUintShiftRightOut, MovesLimbsBy64Bits) {
     for (int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
         uint64_t out = 0;
-        EXPECT_EQ(ShiftedOut(Power(64 * limbs, "-1"), 64, &out),
-                  Value(Power(64 * limbs - 64, "-1")));
+        EXPECT_EQ(ShiftedOut(TwoTo(64 * limbs, "-1"), 64, &out),
+                  UintValue(TwoTo(64 * limbs - 64, "-1")));
         EXPECT_EQ(out, ~uint64_t{0});
-        EXPECT_EQ(ShiftedOut(Power(64 * limbs - 1), 64, &out),
-                  limbs == 1 ? Silent("0") : Value(Power(64 * limbs - 65)));
+        EXPECT_EQ(ShiftedOut(TwoTo(64 * limbs - 1), 64, &out),
+                  limbs == 1 ? Silent("0") : UintValue(TwoTo(64 * limbs - 65)));
         EXPECT_EQ(out, limbs == 1 ? uint64_t{1} << 63 : 0);
     }
 }
@@ -455,8 +446,8 @@ TEST(BigUintShiftRightOut, RefusesMoreThan64Bits) {
 
 TEST(BigUintShiftRightOut, NeedsNoPlaceForTheBits) {
     WidthScope scope(2);
-    EXPECT_EQ(ShiftedOut("2^100+5", 1, nullptr), Value("2^99+2"));
-    EXPECT_EQ(ShiftedOut("2^100+5", 64, nullptr), Value("2^36"));
+    EXPECT_EQ(ShiftedOut("2^100+5", 1, nullptr), UintValue("2^99+2"));
+    EXPECT_EQ(ShiftedOut("2^100+5", 64, nullptr), UintValue("2^36"));
 }
 
 TEST(BigUintShiftRight, ShiftsByAnyNumberOfBits) {
@@ -464,12 +455,12 @@ TEST(BigUintShiftRight, ShiftsByAnyNumberOfBits) {
         WidthScope scope(limbs);
         const int64_t bits = 64 * limbs;
         for (int64_t n = 0; n<bits; n += limbs> 100 ? 1571 : n < 200 ? 1 : 67) {
-            ASSERT_EQ(ShiftedRight(Power(bits, "-1"), n), Value(Power(bits - n, "-1"))) << n;
-            ASSERT_EQ(ShiftedRight(Power(bits - 1), n), Value(Power(bits - 1 - n))) << n;
+            ASSERT_EQ(ShiftedRight(TwoTo(bits, "-1"), n), UintValue(TwoTo(bits - n, "-1"))) << n;
+            ASSERT_EQ(ShiftedRight(TwoTo(bits - 1), n), UintValue(TwoTo(bits - 1 - n))) << n;
         }
         for (int64_t n : {bits, bits + 1, bits + 64, (int64_t{1} << 31) - 1, int64_t{1} << 31,
                           (int64_t{1} << 31) + 1, INT64_MAX}) {
-            ASSERT_EQ(ShiftedRight(Power(bits, "-1"), n), Silent("0")) << n;
+            ASSERT_EQ(ShiftedRight(TwoTo(bits, "-1"), n), Silent("0")) << n;
         }
     }
 }
@@ -521,10 +512,10 @@ TEST(BigUintShiftLeft, ShiftsBy1To63Bits) {
         const int64_t bits = 64 * limbs;
         for (int64_t n = 1; n <= 63; n += limbs > 100 ? 31 : 1) {
             for (bool check : {false, true}) {
-                ASSERT_EQ(ShiftedLeft("1", n, check), Value(Power(n)));
-                ASSERT_EQ(ShiftedLeft(Power(bits - 1 - n), n, check), Value(Power(bits - 1)));
-                UintBuffer expected(Power(bits, "-" + std::to_string(uint64_t{1} << n)));
-                ASSERT_EQ(ShiftedLeft(Power(bits - n, "-1"), n, check), Silent(expected.Text()));
+                ASSERT_EQ(ShiftedLeft("1", n, check), UintValue(TwoTo(n)));
+                ASSERT_EQ(ShiftedLeft(TwoTo(bits - 1 - n), n, check), UintValue(TwoTo(bits - 1)));
+                UintBuffer expected(TwoTo(bits, "-" + std::to_string(uint64_t{1} << n)));
+                ASSERT_EQ(ShiftedLeft(TwoTo(bits - n, "-1"), n, check), Silent(expected.Text()));
             }
         }
     }
@@ -535,11 +526,11 @@ TEST(BigUintShiftLeft, LosesBitsAtTheTopOrRefusesTo) {
         WidthScope scope(limbs);
         const int64_t bits = 64 * limbs;
         for (int64_t n = 1; n <= 63; n += limbs > 100 ? 31 : 1) {
-            ASSERT_EQ(ShiftedLeft(Power(bits - n), n, true), Refused(CalcErrorOverflow));
-            ASSERT_EQ(ShiftedLeft(Power(bits - n), n, false), Silent("0"));
-            ASSERT_EQ(ShiftedLeft(Power(bits - 1, "+1"), n, true), Refused(CalcErrorOverflow));
-            ASSERT_EQ(ShiftedLeft(Power(bits - 1, "+1"), n, false),
-                      limbs == 1 && n == 63 ? Value("2^63") : Value(Power(n)));
+            ASSERT_EQ(ShiftedLeft(TwoTo(bits - n), n, true), Refused(CalcErrorOverflow));
+            ASSERT_EQ(ShiftedLeft(TwoTo(bits - n), n, false), Silent("0"));
+            ASSERT_EQ(ShiftedLeft(TwoTo(bits - 1, "+1"), n, true), Refused(CalcErrorOverflow));
+            ASSERT_EQ(ShiftedLeft(TwoTo(bits - 1, "+1"), n, false),
+                      limbs == 1 && n == 63 ? UintValue("2^63") : UintValue(TwoTo(n)));
         }
     }
 }

@@ -216,7 +216,7 @@ TEST(BigUintFromText, ReadsUpToTheLargestValueOfTheWidth) {
     }
     for (int64_t width : AllUintWidths) {
         WidthScope scope(width);
-        const std::string most = UintText(UintBuffer("2^" + std::to_string(64 * width) + "-1"));
+        const std::string most = UintText(UintBuffer(TwoTo(64 * width, "-1")));
         EXPECT_EQ(Read(most), Silent(most));
         std::string more = most;
         more.back()++;

@@ -227,7 +227,7 @@ TEST(BigUintTextLength, FollowsFromTheWidth) {
 TEST(BigUintTextLength, SufficesForEveryValueInEveryForm) {
     for (int64_t width : {1, 2, 3, 4, 26, 65, 520, 1039, 2000}) {
         WidthScope scope(width);
-        const UintBuffer largest("2^" + std::to_string(64 * width) + "-1");
+        const UintBuffer largest(TwoTo(64 * width, "-1"));
         for (uint32_t form : {0u, 2u, 8u, 10u, 16u, 3u, 2u | TextScientific, 0u | TextScientific}) {
             for (uint32_t group : {0u, 0u | TextGroup}) {
                 const uint32_t flags = form | group | TextAlwaysSign;

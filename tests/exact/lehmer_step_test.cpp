@@ -64,8 +64,7 @@ TEST(LehmerStep, KeepsTheGreatestCommonDivisorAndMakesBothSmaller) {
             ASSERT_EQ(BigUintCompare(a, b), factors.swaps ? -1 : 1);
             ASSERT_LE(BigUintCompare(factors.swaps ? b : a, y), 0);
             const auto twin = [](const UintBuffer& p, const UintBuffer& q) {
-                return reference::TwinGcd({p.Get(), p.Get() + p.LimbCount()},
-                                          {q.Get(), q.Get() + q.LimbCount()});
+                return reference::TwinGcd(p.Limbs(), q.Limbs());
             };
             ASSERT_EQ(twin(a, b).limbs, twin(x, y).limbs) << x.Text() << " " << y.Text();
         }

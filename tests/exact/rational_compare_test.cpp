@@ -52,7 +52,7 @@ TEST(RationalCompare, OrdersNumbers) {
 TEST(RationalCompare, TellsNeighboursApart) {
     for (const int64_t limbs : {1, 2, 26, 520}) {
         WidthScope scope(limbs);
-        const std::string power = "2^" + std::to_string(64 * limbs - 1);
+        const std::string power = TwoTo(64 * limbs - 1);
         const std::string a = power + "+1/" + power;
         const std::string b = power + "/" + power + "-1";
         EXPECT_EQ(Compare(a.c_str(), b.c_str()), -1);

@@ -12,7 +12,7 @@ std::string IntegerText(mpz_srcptr value) {
 }
 
 bool FitsUint(mpz_srcptr value) {
-    return mpz_sizeinbase(value, 2) <= UintBits();
+    return static_cast<int64_t>(mpz_sizeinbase(value, 2)) <= UintBits();
 }
 
 void WriteUint(uint64_t* dest, mpz_srcptr value) {

@@ -31,11 +31,6 @@ private:
     mpz_t value_;
 };
 
-/// The bits of a BigUint of the width in force.
-inline uint64_t UintBits() {
-    return static_cast<uint64_t>(numberContext.uintLimbs) * 64;
-}
-
 /// The value in decimal.
 std::string IntegerText(mpz_srcptr value);
 

@@ -173,8 +173,20 @@ std::string UintText(const uint64_t* a) {
     return UintText(a, numberContext.uintLimbs);
 }
 
+std::string UintTextOf(std::string_view plainText) {
+    return UintBuffer(plainText).Text();
+}
+
+std::string TwoTo(int64_t exponent, std::string_view addend) {
+    return "2^" + std::to_string(exponent) + std::string(addend);
+}
+
 Outcome TakeOutcome(const UintBuffer& a) {
     return {a.Text(), TakeCode()};
+}
+
+Outcome UintValue(std::string_view plainText) {
+    return Silent(UintTextOf(plainText));
 }
 
 namespace {

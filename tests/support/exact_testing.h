@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/number_context.h"
+#include "exact/big_uint.h"
 #include "support/random_source.h"
 #include "support/real_testing.h"
 
@@ -38,6 +39,7 @@ public:
     operator const uint64_t*() const { return Get(); }
 
     int64_t LimbCount() const { return static_cast<int64_t>(words_.size()) - 1; }
+    std::vector<uint64_t> Limbs() const { return {words_.begin(), words_.end() - 1}; }
 
     /// All limbs, whatever the width in force, as UintText shows them.
     std::string Text() const;
@@ -62,8 +64,22 @@ void UintFromPlainText(uint64_t* dest, std::string_view text);
 std::string UintText(const uint64_t* a);
 std::string UintText(const uint64_t* a, int64_t limbs);
 
+/// The value of the text, which is as for UintFromPlainText, in decimal.
+std::string UintTextOf(std::string_view plainText);
+
+/// 2^exponent as UintFromPlainText reads it, with an addend such as "-1" behind it.
+std::string TwoTo(int64_t exponent, std::string_view addend = "");
+
+/// The bits of a BigUint of the width in force.
+inline int64_t UintBits() {
+    return BitsPerUintLimb * numberContext.uintLimbs;
+}
+
 /// The value as UintText, and the code that the operations before noted; none is noted afterwards.
 Outcome TakeOutcome(const UintBuffer& a);
+
+/// The outcome of an operation that gives the value of the text and notes nothing.
+Outcome UintValue(std::string_view plainText);
 
 /// The outcome of an operation that cannot give its result: 0 and a code.
 inline Outcome Refused(CalcError code) {
