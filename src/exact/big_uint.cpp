@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstring>
 
 #include "core/wide_arithmetic.h"
 
@@ -150,11 +151,7 @@ void BigUintResize(uint64_t* dest, int64_t destLimbs, const uint64_t* src, int64
         SetCalcError(CalcErrorOverflow);
         return;
     }
-    if (dest >= src) {
-        std::copy_backward(src, src + common, dest + common);
-    } else {
-        std::copy(src, src + common, dest);
-    }
+    std::memmove(dest, src, static_cast<size_t>(common) * sizeof(uint64_t));
     std::fill_n(dest + common, destLimbs - common, uint64_t{0});
 }
 
