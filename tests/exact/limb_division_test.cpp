@@ -57,20 +57,35 @@ bool IsBelow(const Limbs& a, const Limbs& b) {
     return std::lexicographical_compare(a.rbegin(), a.rend(), b.rbegin(), b.rend());
 }
 
+// (2^64 + reciprocal) d <= 2^192 - 1 < (2^64 + reciprocal + 1) d.
+void ExpectReciprocalByRule(Wide d) {
+    Limbs product = reference::TwinMulFull({WideReciprocal(d), 1}, {d.low, d.high});
+    ASSERT_EQ(product[3], 0u) << d.high << " " << d.low;
+    product.resize(3);
+    Limbs space(3);
+    for (size_t i = 0; i < 3; i++) {
+        space[i] = ~product[i];
+    }
+    ASSERT_TRUE(IsBelow(space, {d.low, d.high, 0})) << d.high << " " << d.low;
+}
+
 TEST(WideReciprocal, FollowsItsRule) {
     RandomSource random;
     for (int round = 0; round < TestRounds(200'000); round++) {
-        const Wide d = {HostileWord(random) | uint64_t{1} << 63, HostileWord(random)};
-        const uint64_t reciprocal = WideReciprocal(d);
-        // (2^64 + reciprocal) d <= 2^192 - 1 < (2^64 + reciprocal + 1) d.
-        Limbs product = reference::TwinMulFull({reciprocal, 1}, {d.low, d.high});
-        ASSERT_EQ(product[3], 0u);
-        product.resize(3);
-        Limbs space(3);
-        for (size_t i = 0; i < 3; i++) {
-            space[i] = ~product[i];
+        ASSERT_NO_FATAL_FAILURE(
+            ExpectReciprocalByRule({HostileWord(random) | uint64_t{1} << 63, HostileWord(random)}));
+    }
+}
+
+// From this low limb on, the reciprocal of the high limb alone is two too large at the first look.
+TEST(WideReciprocal, FollowsItsRuleWhereTheCorrectionsChange) {
+    RandomSource random;
+    for (int round = 0; round < TestRounds(20'000); round++) {
+        const uint64_t high = HostileWord(random) | uint64_t{1} << 63;
+        const uint64_t change = high - high * WordReciprocal(high);
+        for (const uint64_t low : {change - 1, change, change + 1}) {
+            ASSERT_NO_FATAL_FAILURE(ExpectReciprocalByRule({high, low}));
         }
-        ASSERT_TRUE(IsBelow(space, {d.low, d.high, 0})) << d.high << " " << d.low;
     }
 }
 
