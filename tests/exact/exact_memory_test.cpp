@@ -112,6 +112,9 @@ TEST(ExactMemory, OfIntegersStaysWithinCoreScratch) {
     const UintBuffer a = Long(IntegerLimbs);
     const UintBuffer b = Long(IntegerLimbs, 5);
     const UintBuffer half = Long(IntegerLimbs / 2, 9);
+    // Its leading limbs are those of a, from which no step of Lehmer's can be told.
+    UintBuffer next;
+    BigUintSubOne(next, a);
     UintBuffer dest;
     UintBuffer other;
     const auto textOf = [&](uint32_t flags) {
@@ -123,13 +126,24 @@ TEST(ExactMemory, OfIntegersStaysWithinCoreScratch) {
     const std::u16string binary = textOf(2 | TextGroup);
     MeasureAll({
         {"BigUintMul", [&] { BigUintMul(dest, half, half); }},
+        {"BigUintMulFull, over an operand",
+         [&] {
+             UintBuffer square = UintBuffer::OfLimbs(2 * IntegerLimbs);
+             BigUintCopy(square, a);
+             BigUintMulFull(square, square, square);
+         }},
         {"BigUintShiftRight", [&] { BigUintShiftRight(dest, a, 1'000); }},
         {"BigUintDivide", [&] { BigUintDivide(dest, other, a, half); }},
         {"BigUintDivide, long divisor", [&] { BigUintDivide(dest, other, a, b); }},
+        {"BigUintDivideExact", [&] { BigUintDivideExact(dest, a, b); }},
         {"BigUintDivideSmall", [&] { BigUintDivideSmall(dest, nullptr, a, 2'003, 0); }},
         {"BigUintGcd", [&] { BigUintGcd(dest, a, b); }},
+        {"BigUintGcd, by a division", [&] { BigUintGcd(dest, a, next); }},
         {"BigUintLcm", [&] { BigUintLcm(dest, half, Long(IntegerLimbs / 2, 13)); }},
+        {"BigUintLcm, by a division", [&] { BigUintLcm(dest, a, a); }},
         {"BigUintModPower", [&] { BigUintModPower(dest, a, Word(13), b); }},
+        {"BigUintModPower, several bits at once",
+         [&] { BigUintModPower(dest, a, Word(0x7FFF'FFFF), b); }},
         {"BigUintSquareRoot", [&] { BigUintSquareRoot(dest, a); }},
         {"BigUintRootSmall, degree 3", [&] { BigUintRootSmall(dest, 3, a); }},
         {"BigUintRootSmall, degree 100", [&] { BigUintRootSmall(dest, 100, a); }},
@@ -145,8 +159,7 @@ TEST(ExactMemory, OfIntegersStaysWithinCoreScratch) {
          }},
         {"BigUintFactorial", [&] { BigUintFactorial(dest, Word(5'900)); }},
         {"BigUintBinomial", [&] { BigUintBinomial(dest, Word(20'000), Word(5'000), false); }},
-        {"BigUintBinomial, long numbers",
-         [&] { BigUintBinomial(dest, Long(300, 2), Word(3), true); }},
+        {"BigUintBinomial, long numbers", [&] { BigUintBinomial(dest, half, Word(2), true); }},
         {"BigUintFromText, decimal",
          [&] {
              BigUintFromText(dest, decimal.c_str(), TextUntilZero, 10 | TextGroup);
