@@ -52,11 +52,7 @@ void WriteDecimal(TextWriter& writer, const uint64_t* a, uint32_t flags) {
     const int64_t area = MaxDecimalLimbs(length);
     CoreScratchScope scratch;
     Limb* end = scratch.Take(area) + area;
-    int64_t limbs = WordsToDecimalLimbs(end, a, length);
-    if (limbs == 0) {
-        limbs = 1;
-        end[-1] = 0;
-    }
+    const int64_t limbs = std::max<int64_t>(WordsToDecimalLimbs(end, a, length), 1);
     const int64_t characters = DigitsPerLimb * limbs;
     auto* staged = reinterpret_cast<char16_t*>(
         scratch.Take((characters + CharactersPerWord - 1) / CharactersPerWord));

@@ -137,9 +137,6 @@ void TakeInLimbs(GrowingInteger& x, const Limb* limbs) {
 }  // namespace
 
 int64_t WordsToDecimalLimbs(Limb* end, const uint64_t* words, int64_t m) {
-    if (m == 0) {
-        return 0;
-    }
     Halving halving = {m, {}};
     int halvings = 0;
     while (halving.part > DirectWords) {

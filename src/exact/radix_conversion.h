@@ -14,11 +14,11 @@ constexpr int64_t MaxDecimalLimbs(int64_t m) {
     return (m * 1039 + 1023) / 1024;
 }
 
-/// Writes the integer in m words as limbs of base 10^19 that end at `end`, and returns how many;
-/// the first is not 0, and 0 has none. Up to MaxDecimalLimbs(m) are written before `end`, and must
-/// not overlap the words. Uses CoreScratch, about 3 limbs for each word of a long integer. Method:
-/// the upper half of the words times a power of 2^64, plus the lower half, down to parts that are
-/// divided by 10^19 again and again.
+/// Writes the integer in m words as limbs of base 10^19 into the MaxDecimalLimbs(m) limbs that end
+/// at `end`, with zeros in front, and returns how many there are from the first that is not 0 on;
+/// 0 has none. They must not overlap the words. Uses CoreScratch, about 3 limbs for each word of a
+/// long integer. Method: the upper half of the words times a power of 2^64, plus the lower half,
+/// down to parts that are divided by 10^19 again and again.
 int64_t WordsToDecimalLimbs(Limb* end, const uint64_t* words, int64_t m);
 
 /// An integer that grows within an array of `capacity` words. Those from `length` on are undefined;

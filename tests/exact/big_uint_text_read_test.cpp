@@ -100,6 +100,18 @@ TEST(BigUintFromText, TakesGroupSeparatorsWhereverADigitFollows) {
     EXPECT_EQ(Read(u"1'000", TextGroup | TextNeutral), Silent("1000"));
 }
 
+// In base 8 an "a" is no digit, and so it may separate groups.
+TEST(BigUintFromText, TakesADigitOfALargerBaseAsAGroupSeparator) {
+    WidthScope scope(1);
+    ContextCheck check;
+    FieldScope mark0(numberContext.groupSeparators[0], u'a');
+    FieldScope mark1(numberContext.groupSeparators[1], u'9');
+    EXPECT_EQ(Read(u"1a7", TextGroup | 8), Silent("15"));
+    EXPECT_EQ(Read(u"1911a1", TextGroup | 2), Silent("15"));
+    EXPECT_EQ(Read(u"1a9", TextGroup), Silent("19"));
+    EXPECT_EQ(Read(u"1a9", TextGroup | 16), Silent("425"));
+}
+
 TEST(BigUintFromText, TakesTheDecimalSeparatorsOfTheContextOrTheNeutralOne) {
     WidthScope scope(1);
     ContextCheck check;

@@ -33,6 +33,7 @@ Limbs DecimalLimbs(const std::vector<uint64_t>& words) {
     const int64_t count = WordsToDecimalLimbs(end, words.data(), m);
     EXPECT_EQ(limbs.front(), guard);
     EXPECT_EQ(limbs.back(), guard);
+    EXPECT_EQ(std::count(limbs.data() + 1, end - count, Limb{0}), room - count);
     return Limbs(end - count, end);
 }
 

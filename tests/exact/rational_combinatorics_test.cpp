@@ -96,8 +96,10 @@ TEST(RationalBinomial, TakesZerosOfEitherSign) {
     for (const char* zero : {"0", "-0"}) {
         EXPECT_EQ(Ncr("5", zero), Silent("1"));
         EXPECT_EQ(Npr("5", zero), Silent("1"));
-        EXPECT_EQ(Ncr(zero, "3"), Silent("0"));
-        EXPECT_EQ(Npr(zero, "3"), Silent("0"));
+        for (const char* count : {"2", "3", "2^64"}) {
+            EXPECT_EQ(Ncr(zero, count), Silent("0"));
+            EXPECT_EQ(Npr(zero, count), Silent("0"));
+        }
         EXPECT_EQ(Ncr(zero, zero), Silent("1"));
         EXPECT_EQ(Ncr("1/2", zero), Silent("1"));
         EXPECT_EQ(Npr("-7/3", zero), Silent("1"));
@@ -164,6 +166,19 @@ TEST(RationalBinomial, StopsWhenAsked) {
     EXPECT_EQ(Ncr("1/2", "0"), Silent("1"));
     stop = 0;
     EXPECT_EQ(Ncr("1/2", "3"), Silent("1/16"));
+}
+
+// The byte that asks for a stop lies in the product itself, whose numerators are 1, 9, 63, 315: the
+// fourth of the factors is not reached.
+TEST(RationalBinomial, PollsBeforeEachFactor) {
+    WidthScope scope(1);
+    for (const int byte : {1, 2}) {
+        RationalBuffer dest;
+        FieldScope<uint8_t*> flag(numberContext.abortFlag,
+                                  reinterpret_cast<uint8_t*>(RationalNumerator(dest)) + byte);
+        RationalBinomial(dest, RationalBuffer("1/2"), RationalBuffer("6"), true);
+        EXPECT_EQ(TakeOutcome(dest), byte == 1 ? Refused(CalcErrorCancelled) : Silent("-945/64"));
+    }
 }
 
 TEST(RationalGcd, TakesPositiveIntegers) {
