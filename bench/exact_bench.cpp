@@ -16,8 +16,8 @@
 #include "exact/big_uint_multiply.h"
 #include "exact/big_uint_text.h"
 #include "reference/big_uint_division_twins.h"
-#include "reference/uint_multiply_twins.h"
-#include "reference/uint_text_twins.h"
+#include "reference/big_uint_multiply_twins.h"
+#include "reference/big_uint_text_twins.h"
 
 namespace tallymere::bench {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "core/wide_arithmetic.h"
-#include "reference/uint_multiply_twins.h"
+#include "reference/big_uint_multiply_twins.h"
 #include "support/random_source.h"
 
 namespace tallymere {

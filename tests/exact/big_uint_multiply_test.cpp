@@ -7,7 +7,7 @@
 
 #include "core/scratch.h"
 #include "exact/big_uint.h"
-#include "reference/uint_multiply_twins.h"
+#include "reference/big_uint_multiply_twins.h"
 #include "support/exact_testing.h"
 
 namespace tallymere {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "exact/big_uint_text.h"
-#include "reference/uint_text_twins.h"
+#include "reference/big_uint_text_twins.h"
 #include "support/decimal_text.h"
 #include "support/exact_testing.h"
 

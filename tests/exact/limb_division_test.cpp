@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "reference/uint_multiply_twins.h"
+#include "reference/big_uint_multiply_twins.h"
 #include "support/random_source.h"
 
 namespace tallymere {

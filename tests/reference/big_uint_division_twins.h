@@ -6,13 +6,10 @@
 #pragma once
 
 #include <cstdint>
-#include <vector>
 
-#include "reference/uint_multiply_twins.h"
+#include "reference/big_uint_multiply_twins.h"
 
 namespace tallymere::reference {
-
-using TwinLimbs = std::vector<uint64_t>;
 
 /// Quotient and remainder, and the code that their making notes.
 struct TwinQuotient {

@@ -11,16 +11,18 @@
 
 namespace tallymere::reference {
 
+using TwinLimbs = std::vector<uint64_t>;
+
 /// A value of some width and the code that its making notes.
 struct TwinUint {
-    std::vector<uint64_t> limbs;
+    TwinLimbs limbs;
     CalcError code = CalcErrorNone;
 };
 
 /// a * b at the width of a and b; 0 and code 200 when it does not fit.
-TwinUint TwinMul(const std::vector<uint64_t>& a, const std::vector<uint64_t>& b);
+TwinUint TwinMul(const TwinLimbs& a, const TwinLimbs& b);
 
 /// The product of a and b in as many limbs as both have together.
-std::vector<uint64_t> TwinMulFull(const std::vector<uint64_t>& a, const std::vector<uint64_t>& b);
+TwinLimbs TwinMulFull(const TwinLimbs& a, const TwinLimbs& b);
 
 }  // namespace tallymere::reference

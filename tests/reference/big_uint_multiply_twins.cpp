@@ -1,4 +1,4 @@
-#include "reference/uint_multiply_twins.h"
+#include "reference/big_uint_multiply_twins.h"
 
 #include <cstddef>
 
@@ -20,7 +20,7 @@ TwoWords MultiplyAdd(uint64_t x, uint64_t y, uint64_t c, uint64_t w) {
     return {(x >> 32) * (y >> 32) + (b >> 32) + (d >> 32), d << 32 | (a & half)};
 }
 
-size_t Length(const std::vector<uint64_t>& a) {
+size_t Length(const TwinLimbs& a) {
     size_t length = a.size();
     while (length > 0 && a[length - 1] == 0) {
         length--;
@@ -28,9 +28,8 @@ size_t Length(const std::vector<uint64_t>& a) {
     return length;
 }
 
-std::vector<uint64_t> Product(const std::vector<uint64_t>& a, size_t la,
-                              const std::vector<uint64_t>& b, size_t lb) {
-    std::vector<uint64_t> product(la + lb, 0);
+TwinLimbs Product(const TwinLimbs& a, size_t la, const TwinLimbs& b, size_t lb) {
+    TwinLimbs product(la + lb, 0);
     for (size_t i = 0; i < la; i++) {
         uint64_t carry = 0;
         for (size_t j = 0; j < lb; j++) {
@@ -45,9 +44,9 @@ std::vector<uint64_t> Product(const std::vector<uint64_t>& a, size_t la,
 
 }  // namespace
 
-TwinUint TwinMul(const std::vector<uint64_t>& a, const std::vector<uint64_t>& b) {
+TwinUint TwinMul(const TwinLimbs& a, const TwinLimbs& b) {
     const size_t width = a.size();
-    const TwinUint zero = {std::vector<uint64_t>(width, 0)};
+    const TwinUint zero = {TwinLimbs(width, 0)};
     const size_t la = Length(a);
     const size_t lb = Length(b);
     if (la == 0 || lb == 0) {
@@ -56,7 +55,7 @@ TwinUint TwinMul(const std::vector<uint64_t>& a, const std::vector<uint64_t>& b)
     if (la + lb > width + 1) {
         return {zero.limbs, CalcErrorOverflow};
     }
-    std::vector<uint64_t> product = Product(a, la, b, lb);
+    TwinLimbs product = Product(a, la, b, lb);
     if (la + lb == width + 1 && product[width] != 0) {
         return {zero.limbs, CalcErrorOverflow};
     }
@@ -64,7 +63,7 @@ TwinUint TwinMul(const std::vector<uint64_t>& a, const std::vector<uint64_t>& b)
     return {product};
 }
 
-std::vector<uint64_t> TwinMulFull(const std::vector<uint64_t>& a, const std::vector<uint64_t>& b) {
+TwinLimbs TwinMulFull(const TwinLimbs& a, const TwinLimbs& b) {
     return Product(a, a.size(), b, b.size());
 }
 

@@ -1,4 +1,4 @@
-#include "reference/uint_text_twins.h"
+#include "reference/big_uint_text_twins.h"
 
 #include <vector>
 
