@@ -159,19 +159,14 @@ TEST_F(UintFormulas, FailWhereAFunctionHasNoValue) {
 }
 
 TEST_F(UintFormulas, FailForFunctionsOfRealNumbers) {
-    for (const char16_t* name :
-         {u"ln",    u"exp",   u"sin",   u"cos",   u"tan",   u"asin",  u"acos",  u"atan", u"sind",
-          u"cosd",  u"tand",  u"asind", u"acosd", u"atand", u"sing",  u"cosg",  u"tang", u"asing",
-          u"acosg", u"atang", u"sinh",  u"cosh",  u"tanh",  u"asinh", u"acosh", u"atanh"}) {
-        const std::u16string formula = std::u16string(name) + u"(1)";
+    for (const std::u16string& formula : FormulasOfRealFunctions()) {
         EXPECT_EQ(Evaluate(formula), Failure(10203, formula.size(), 1)) << Printable(formula);
     }
 }
 
 TEST_F(UintFormulas, NeedTheComplexTypeForItsFunctions) {
-    for (const char16_t* formula : {u"arg(1)", u"argd(1)", u"argg(1)", u"realp(1)", u"imagp(1)",
-                                    u"sqrtc(4;0)", u"cbrtc(8;0)", u"rootc(3;8;0)"}) {
-        const uint64_t length = std::u16string_view(formula).find(u'(');
+    for (const std::u16string& formula : FormulasOfComplexFunctions()) {
+        const uint64_t length = formula.find(u'(');
         EXPECT_EQ(Evaluate(formula), Failure(10207, 1, length)) << Printable(formula);
     }
 }

@@ -157,6 +157,22 @@ FormulaOutcome Evaluate(std::u16string_view text, const Variables& variables, ui
     return outcome;
 }
 
+std::vector<std::u16string> FormulasOfRealFunctions() {
+    std::vector<std::u16string> formulas;
+    for (const char16_t* name :
+         {u"ln",    u"exp",   u"sin",   u"cos",   u"tan",   u"asin",  u"acos",  u"atan", u"sind",
+          u"cosd",  u"tand",  u"asind", u"acosd", u"atand", u"sing",  u"cosg",  u"tang", u"asing",
+          u"acosg", u"atang", u"sinh",  u"cosh",  u"tanh",  u"asinh", u"acosh", u"atanh"}) {
+        formulas.push_back(std::u16string(name) + u"(1)");
+    }
+    return formulas;
+}
+
+std::vector<std::u16string> FormulasOfComplexFunctions() {
+    return {u"arg(1)",   u"argd(1)",    u"argg(1)",    u"realp(1)",
+            u"imagp(1)", u"sqrtc(4;0)", u"cbrtc(8;0)", u"rootc(3;8;0)"};
+}
+
 std::string Printable(std::u16string_view text) {
     std::string printable = "\"";
     for (const char16_t c : text) {

@@ -81,6 +81,12 @@ using Variables = std::vector<std::pair<std::u16string, std::u16string>>;
 FormulaOutcome Evaluate(std::u16string_view text, const Variables& variables = {},
                         uint64_t flags = TextGroup);
 
+/// A formula such as "ln(1)" for each function of one argument that exact types do not have.
+std::vector<std::u16string> FormulasOfRealFunctions();
+
+/// A formula such as "arg(1)" for each function that cplx alone has.
+std::vector<std::u16string> FormulasOfComplexFunctions();
+
 /// Readable form of a formula for failure messages.
 std::string Printable(std::u16string_view text);
 
