@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 #include "exact/big_uint_text.h"
 #include "support/decimal_text.h"
@@ -14,20 +13,10 @@ using namespace testing_support;
 
 constexpr int64_t Ample = 100'000;
 
-// The text of a in a buffer of so many characters and a terminator, and the code; the characters
-// behind must stay as they are.
 Outcome Write(const uint64_t* a, uint32_t flags = 0, int64_t capacity = Ample) {
-    constexpr char16_t Guard = u'#';
-    std::vector<char16_t> buffer(static_cast<size_t>(capacity) + 2, Guard);
-    const int64_t length = BigUintToText(buffer.data(), capacity, a, flags);
-    const size_t end = static_cast<size_t>(length);
-    EXPECT_LE(length, capacity);
-    const bool terminated = (flags & TextNoTerminator) == 0;
-    if (terminated) {
-        EXPECT_EQ(buffer[end], u'\0');
-    }
-    EXPECT_EQ(buffer[static_cast<size_t>(capacity) + (terminated ? 1 : 0)], Guard);
-    return {NarrowText({buffer.data(), end}), TakeCode()};
+    return WrittenOutcome(flags, capacity, [&](char16_t* buffer, int64_t room) {
+        return BigUintToText(buffer, room, a, flags);
+    });
 }
 
 Outcome Write(std::string_view plain, uint32_t flags = 0, int64_t capacity = Ample) {

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 #include "core/number_scanner.h"
 #include "exact/big_uint_text.h"
@@ -130,20 +129,10 @@ TEST(RationalFromText, KeepsACodeThatWasNotedBefore) {
     EXPECT_EQ(Read(u"3/0"), (Outcome{"0", CalcErrorCancelled}));
 }
 
-// The text in a buffer of so many characters and a terminator, and the code; the characters behind
-// must stay as they are.
 Outcome Write(const RationalBuffer& q, uint32_t flags = 0, int64_t capacity = 30'000) {
-    constexpr char16_t Guard = u'#';
-    std::vector<char16_t> buffer(static_cast<size_t>(capacity) + 2, Guard);
-    const int64_t length = RationalToText(buffer.data(), capacity, q, flags);
-    const size_t end = static_cast<size_t>(length);
-    EXPECT_LE(length, capacity);
-    const bool terminated = (flags & TextNoTerminator) == 0;
-    if (terminated) {
-        EXPECT_EQ(buffer[end], u'\0');
-    }
-    EXPECT_EQ(buffer[static_cast<size_t>(capacity) + (terminated ? 1 : 0)], Guard);
-    return {NarrowText({buffer.data(), end}), TakeCode()};
+    return WrittenOutcome(flags, capacity, [&](char16_t* buffer, int64_t room) {
+        return RationalToText(buffer, room, q, flags);
+    });
 }
 
 Outcome Write(std::string_view plain, uint32_t flags = 0, int64_t capacity = 30'000) {

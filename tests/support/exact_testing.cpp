@@ -4,6 +4,9 @@
 #include <cstdlib>
 #include <ostream>
 
+#include "core/text_flags.h"
+#include "support/decimal_text.h"
+
 namespace tallymere::testing_support {
 
 namespace {
@@ -197,6 +200,20 @@ std::string TakeNoCode(int64_t limbs) {
 }
 
 }  // namespace
+
+Outcome WrittenOutcome(uint32_t flags, int64_t capacity,
+                       const std::function<int64_t(char16_t* buffer, int64_t capacity)>& write) {
+    constexpr char16_t Guard = u'#';
+    const bool terminated = (flags & TextNoTerminator) == 0;
+    std::vector<char16_t> buffer(static_cast<size_t>(capacity) + 2, Guard);
+    const auto length = static_cast<size_t>(write(buffer.data(), capacity));
+    EXPECT_LE(length, static_cast<size_t>(capacity));
+    if (terminated) {
+        EXPECT_EQ(buffer[length], u'\0');
+    }
+    EXPECT_EQ(buffer[static_cast<size_t>(capacity) + (terminated ? 1 : 0)], Guard);
+    return {NarrowText({buffer.data(), length}), TakeCode()};
+}
 
 WidthScope::WidthScope(int64_t limbs)
     : width_(limbs), trace_(__FILE__, __LINE__, TakeNoCode(limbs)) {}

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -85,6 +86,12 @@ Outcome UintValue(std::string_view plainText);
 inline Outcome Refused(CalcError code) {
     return {"0", code};
 }
+
+/// The text that write(buffer, capacity) puts into a buffer of so many characters and, unless
+/// `flags` have TextNoTerminator, a terminator, and the code that it notes. The characters behind
+/// must stay as they are.
+Outcome WrittenOutcome(uint32_t flags, int64_t capacity,
+                       const std::function<int64_t(char16_t* buffer, int64_t capacity)>& write);
 
 /// Works at a width for its life, and checks the context as ContextCheck does.
 class WidthScope {
