@@ -272,6 +272,13 @@ TEST_F(ExactResultsTest, WhatFailsInBothTypesReportsTheErrorInRealNumbers) {
     EXPECT_EQ(evaluation.errorPosition, 5u);
 }
 
+TEST_F(ExactResultsTest, TheSecondAttemptHasTheWorkingDigits) {
+    UseRational();
+    InstallRealLayout(LayoutForDigits(3));
+    EXPECT_EQ(Show(u"sqrt(2)"), u"1.414213562");
+    EXPECT_EQ(numberContext.precisionDigits, 12);
+}
+
 // A second attempt would put the digits of the calculator in force.
 TEST_F(ExactResultsTest, AStopInTheFirstAttemptIsNotTriedInRealNumbers) {
     UseRational();
@@ -292,6 +299,18 @@ TEST_F(ExactResultsTest, AStopInTheFirstAttemptIsNotTriedInRealNumbers) {
     EXPECT_EQ(Show(u"0.5+ncr(5;2)"), u"(none)");
     EXPECT_EQ(evaluation.error, FormulaErrorAborted);
     EXPECT_EQ(numberContext.precisionDigits, 12);
+}
+
+// It is a failure like any other, so real numbers are tried, and stopped in the same place.
+TEST_F(ExactResultsTest, AStopWhileAVariableIsEvaluatedIsAFailureOfTheVariable) {
+    AddNamed(u"x", u"ncr(5;2)");
+    UseRational();
+    RequestCancel();
+    EXPECT_EQ(Show(u"1+x"), u"(none)");
+    EXPECT_EQ(evaluation.error, FormulaErrorVariableFailed);
+    EXPECT_EQ(evaluation.errorPosition, 3u);
+    EXPECT_EQ(PendingUiError(), UiErrorFormula);
+    EXPECT_EQ(calculator.calcResultType, NumberTypeRational);
 }
 
 TEST_F(ExactResultsTest, AStopEndsTheLongLoopsOfIntegers) {

@@ -121,7 +121,8 @@ TEST_F(UintFunctions, DivisorsAndMultiplesNeedPositiveArguments) {
 
 TEST_F(UintFunctions, PowersHaveRemainders) {
     EXPECT_EQ(Apply(FunctionPowMod, {"2", "10", "1000"}), Is("24"));
-    EXPECT_EQ(Apply(FunctionPowMod, {"3", "2^100", "2^120-7"}).code, CalcErrorNone);
+    EXPECT_EQ(Apply(FunctionPowMod, {"3", "2^100", "2^120-7"}),
+              Is("93012195038420621103416804102160657"));
     EXPECT_EQ(Apply(FunctionPowMod, {"2", "0", "1"}), Is("0"));
     EXPECT_EQ(Apply(FunctionPowMod, {"0", "0", "5"}), Is("1"));
     EXPECT_EQ(Apply(FunctionPowMod, {"5", "3", "0"}), Fails(CalcErrorExactDivisionByZero));
