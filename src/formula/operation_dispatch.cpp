@@ -67,7 +67,7 @@ void ValueFromNumberText(uint64_t* dest, const char16_t* digits, int64_t length,
             ComplexFromText(ComplexAt(dest), digits, length, textFlags);
             break;
         case NumberTypeUint:
-            BigUintFromText(dest, digits, length, textFlags | (base == 10 ? 0 : base));
+            BigUintFromText(dest, digits, length, textFlags | base);
             break;
         case NumberTypeRational:
             RationalFromText(RationalAt(dest), digits, length, textFlags);
