@@ -3,8 +3,9 @@
 // A record is a sign word and, behind it, two BigUint of the width in force: the magnitudes of
 // numerator and denominator. Bit 0 of the sign word is 1 for a negative number.
 //
-// Normal form, after every operation: the two have no common factor, the denominator is not 0, and
-// a zero has the denominator 1. A zero may have a sign, as some sums leave it.
+// Normal form: the two have no common factor, the denominator is not 0, and a zero has the
+// denominator 1. A zero may have a sign, as some sums leave it. Only powers with a fraction for
+// their exponent leave common factors (exact/rational_powers.h), and what keeps them.
 //
 // The memory of a record is the caller's: RationalWords() words anywhere. Destinations come first
 // and may be operands, but may not overlap one otherwise.
