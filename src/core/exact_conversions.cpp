@@ -25,7 +25,7 @@ bool IntegerFromLimbs(GrowingInteger& out, const RealNumber* x) {
     Limb* integer = scratch.Take(n);
     LimbsShiftRightFar(integer, RealLimbs(x), n, std::max<int64_t>(p - exponent - 1, 0));
     const int64_t places = std::max<int64_t>(exponent - p + 1, 0);
-    return AppendLimbs(out, integer, n) && MultiplyByPowerOfTen(out, places);
+    return AppendDecimalLimbs(out, integer, n) && MultiplyByPowerOfTen(out, places);
 }
 
 // Puts a precision and a width in force for its life.

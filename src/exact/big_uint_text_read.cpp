@@ -73,7 +73,7 @@ bool AppendDigits(GrowingInteger& x, DigitWalk& walk, uint64_t* limit) {
                 limbs[count++] = run.value;
             }
         }
-        if (!AppendLimbs(x, limbs, count)) {
+        if (!AppendDecimalLimbs(x, limbs, count)) {
             return false;
         }
         if (run.count < DigitsPerLimb) {

@@ -112,7 +112,7 @@ constexpr int64_t LimbsPerPass = 4;
 
 // x = x 10^(19 LimbsPerPass) + limbs, for an x with room for as many words. One multiplication by
 // 10^19 hands its words to the next as they come, since a single one would wait for its carries.
-void TakeInLimbs(GrowingInteger& x, const Limb* limbs) {
+void TakeInDecimalLimbs(GrowingInteger& x, const Limb* limbs) {
     uint64_t carries[LimbsPerPass];
     std::copy_n(limbs, LimbsPerPass, carries);
     const auto passThrough = [&](uint64_t word, int64_t from) {
@@ -168,10 +168,10 @@ bool MultiplyAdd(GrowingInteger& x, uint64_t factor, uint64_t addend) {
     return true;
 }
 
-bool AppendLimbs(GrowingInteger& x, const Limb* limbs, int64_t count) {
+bool AppendDecimalLimbs(GrowingInteger& x, const Limb* limbs, int64_t count) {
     while (count > 0) {
         if (count >= LimbsPerPass && x.capacity - x.length >= LimbsPerPass) {
-            TakeInLimbs(x, limbs);
+            TakeInDecimalLimbs(x, limbs);
             limbs += LimbsPerPass;
             count -= LimbsPerPass;
         } else {
@@ -192,7 +192,7 @@ bool MultiplyByPowerOfTen(GrowingInteger& x, uint64_t places) {
     }
     while (places >= DigitsPerLimb) {
         const int64_t count = places >= LimbsPerPass * DigitsPerLimb ? LimbsPerPass : 1;
-        if (!AppendLimbs(x, zeros, count)) {
+        if (!AppendDecimalLimbs(x, zeros, count)) {
             return false;
         }
         places -= static_cast<uint64_t>(count * DigitsPerLimb);

@@ -1,5 +1,5 @@
-// Integers between 64-bit limbs, least significant first, and limbs of base 10^19, most significant
-// first. All counts are of limbs; the width in force plays no part.
+// Integers between words, the 64-bit limbs of a BigUint, least significant first, and decimal
+// limbs, those of base 10^19, most significant first. The width in force plays no part.
 #pragma once
 
 #include <cstdint>
@@ -8,13 +8,12 @@
 
 namespace tallymere {
 
-/// The most limbs of base 10^19 that m words of 64 bits can make: 1039 / 1024 is just above
-/// 64 log10(2) / 19.
+/// The most decimal limbs that m words can make: 1039 / 1024 is just above 64 log10(2) / 19.
 constexpr int64_t MaxDecimalLimbs(int64_t m) {
     return (m * 1039 + 1023) / 1024;
 }
 
-/// Writes the integer in m words as limbs of base 10^19 into the MaxDecimalLimbs(m) limbs that end
+/// Writes the integer in m words as decimal limbs into the MaxDecimalLimbs(m) limbs that end
 /// at `end`, with zeros in front, and returns how many there are from the first that is not 0 on;
 /// 0 has none. They must not overlap the words. Uses CoreScratch, about 3 limbs for each word of a
 /// long integer. Method: the upper half of the words times a power of 2^64, plus the lower half,
@@ -32,9 +31,9 @@ struct GrowingInteger {
 /// x = x factor + addend, factor >= 1; false, with x then of no use, when that does not fit.
 bool MultiplyAdd(GrowingInteger& x, uint64_t factor, uint64_t addend);
 
-/// x = x 10^(19 count) + the integer in so many limbs, each below 10^19; false, with x then of no
-/// use, when that does not fit.
-bool AppendLimbs(GrowingInteger& x, const Limb* limbs, int64_t count);
+/// x = x 10^(19 count) + the integer in so many decimal limbs; false, with x then of no use, when
+/// that does not fit.
+bool AppendDecimalLimbs(GrowingInteger& x, const Limb* limbs, int64_t count);
 
 /// x = x 10^places; false, with x then of no use, when that does not fit. Any number of places is
 /// dealt with at once: 0 stays, and everything else soon does not fit.

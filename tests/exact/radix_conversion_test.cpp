@@ -128,7 +128,7 @@ TEST(MultiplyAdd, TakesAnyWords) {
 }
 
 // At every capacity around what is needed, also where zeros lead and where x is not 0 before.
-TEST(AppendLimbs, MultipliesAndAddsLimbByLimb) {
+TEST(AppendDecimalLimbs, MultipliesAndAddsLimbByLimb) {
     RandomSource random;
     for (int round = 0; round < TestRounds(5'000); round++) {
         Limbs limbs(1 + random.Below(30));
@@ -138,9 +138,10 @@ TEST(AppendLimbs, MultipliesAndAddsLimbByLimb) {
         for (int64_t capacity = 0; capacity <= static_cast<int64_t>(limbs.size()) + 1; capacity++) {
             std::vector<uint64_t> words(static_cast<size_t>(capacity), 0);
             GrowingInteger x = {words.data(), capacity, 0};
-            const bool fits = AppendLimbs(x, head.data(), static_cast<int64_t>(head.size())) &&
-                              AppendLimbs(x, limbs.data() + head.size(),
-                                          static_cast<int64_t>(limbs.size() - head.size()));
+            const bool fits =
+                AppendDecimalLimbs(x, head.data(), static_cast<int64_t>(head.size())) &&
+                AppendDecimalLimbs(x, limbs.data() + head.size(),
+                                   static_cast<int64_t>(limbs.size() - head.size()));
             words.resize(fits ? static_cast<size_t>(x.length) : 0);
             ASSERT_EQ(fits ? words : std::vector<uint64_t>{DoesNotFit}, WordsOf(limbs, capacity));
         }
