@@ -17,7 +17,7 @@ namespace {
 constexpr int64_t QuotientGuardDigits = 2;
 
 // The integer part of a finite |x| >= 1; false when it does not fit.
-bool IntegerFromLimbs(GrowingInteger& out, const RealNumber* x) {
+bool IntegerFromLimbs(GrowingInteger& dest, const RealNumber* x) {
     const int64_t n = numberContext.realLimbs;
     const int64_t p = numberContext.precisionDigits;
     const int64_t exponent = RealExponent(x);
@@ -25,7 +25,7 @@ bool IntegerFromLimbs(GrowingInteger& out, const RealNumber* x) {
     Limb* integer = scratch.Take(n);
     LimbsShiftRightFar(integer, RealLimbs(x), n, std::max<int64_t>(p - exponent - 1, 0));
     const int64_t places = std::max<int64_t>(exponent - p + 1, 0);
-    return AppendDecimalLimbs(out, integer, n) && MultiplyByPowerOfTen(out, places);
+    return AppendDecimalLimbs(dest, integer, n) && MultiplyByPowerOfTen(dest, places);
 }
 
 // Puts a precision and a width in force for its life.
@@ -82,8 +82,8 @@ Limb RealFromBigUint(RealNumber* dest, const uint64_t* words, int64_t m) {
     return guard;
 }
 
-void BigUintFromReal(uint64_t* out, int64_t m, const RealNumber* x) {
-    std::fill_n(out, m, 0);
+void BigUintFromReal(uint64_t* dest, int64_t m, const RealNumber* x) {
+    std::fill_n(dest, m, 0);
     if (RealIsNaN(x)) {
         SetCalcError(CalcErrorUndefined);
         return;
@@ -91,9 +91,9 @@ void BigUintFromReal(uint64_t* out, int64_t m, const RealNumber* x) {
     if (RealIsZero(x) || (!RealIsInfinite(x) && RealExponent(x) < 0)) {
         return;
     }
-    GrowingInteger integer = {out, m, 0};
+    GrowingInteger integer = {dest, m, 0};
     if (RealIsInfinite(x) || !IntegerFromLimbs(integer, x)) {
-        std::fill_n(out, m, 0);
+        std::fill_n(dest, m, 0);
         SetCalcError(CalcErrorOverflow);
     }
 }
@@ -122,7 +122,7 @@ void RealFromRational(RealNumber* dest, const RationalNumber* q) {
     RealRound(dest, RealNarrow(dest, quotient, QuotientGuardDigits, oldLimbs, increase));
 }
 
-void ConvertRealToUint(uint64_t* out, int64_t limbs, const RealNumber* x, int64_t digits) {
+void ConvertRealToUint(uint64_t* dest, int64_t limbs, const RealNumber* x, int64_t digits) {
     CalcErrorScope codes;
     ConversionScope scope(digits, limbs);
     if (!scope.Valid()) {
@@ -130,13 +130,13 @@ void ConvertRealToUint(uint64_t* out, int64_t limbs, const RealNumber* x, int64_
     }
     const bool isNatural = RealIsZero(x) || (RealIsInteger(x) && RealSign(x) == 0);
     if (!isNatural) {
-        BigUintSetFailed(out, CalcErrorUndefined);
+        BigUintSetFailed(dest, CalcErrorUndefined);
         return;
     }
-    BigUintFromReal(out, limbs, x);
+    BigUintFromReal(dest, limbs, x);
 }
 
-void ConvertRealToRational(RationalNumber* out, int64_t limbs, const RealNumber* x,
+void ConvertRealToRational(RationalNumber* dest, int64_t limbs, const RealNumber* x,
                            int64_t digits) {
     CalcErrorScope codes;
     ConversionScope scope(digits, limbs);
@@ -144,13 +144,13 @@ void ConvertRealToRational(RationalNumber* out, int64_t limbs, const RealNumber*
         return;
     }
     if (!RealIsInteger(x)) {
-        RationalSetFailed(out);
+        RationalSetFailed(dest);
         return;
     }
-    out->sign = RealSign(x);
-    BigUintFromReal(RationalNumerator(out), limbs, x);
-    BigUintFromWord(RationalDenominator(out), 1);
-    RationalFailOnCode(out);
+    dest->sign = RealSign(x);
+    BigUintFromReal(RationalNumerator(dest), limbs, x);
+    BigUintFromWord(RationalDenominator(dest), 1);
+    RationalFailOnCode(dest);
 }
 
 void ConvertRationalToReal(RealNumber* dest, int64_t digits, const RationalNumber* q,
