@@ -11,7 +11,7 @@ Limb RealFromUint(RealNumber* dest, uint64_t k);
 /// dest = k, rounded.
 void RealFromInt(RealNumber* dest, int64_t k);
 
-/// What RealToUint and RealToInt let pass.
+/// What conversions to machine integers let pass.
 enum IntegerFlags : uint32_t {
     IntegerExact = 0,
     AllowFraction = 0x200000,  ///< a fraction is dropped; otherwise it is a failure

@@ -9,6 +9,7 @@
 // and the reciprocal keep what factor they do not touch.
 #pragma once
 
+#include "core/real_integer.h"
 #include "exact/rational_number.h"
 
 namespace tallymere {
@@ -59,15 +60,8 @@ int RationalCompare(const RationalNumber* a, const RationalNumber* b, bool ignor
 /// Compares a with k, or -k if `negative`.
 int RationalCompareSmall(const RationalNumber* a, uint64_t k, bool negative);
 
-/// How RationalToUnsigned takes what is no unsigned integer.
-enum RationalConversion : uint32_t {
-    RationalExact = 0,
-    RationalTruncates = 0x200000,    ///< the fraction is dropped; else it must be 0
-    RationalIgnoresSign = 0x400000,  ///< a negative number gives its magnitude
-};
-
-/// *out = a as an unsigned 64-bit number; false and 0 when it is none by `flags`. A zero, also one
-/// that truncation leaves, is never negative.
+/// *out = a as an unsigned 64-bit number; false and 0 when it is none, or not by `flags`, which are
+/// bits of IntegerFlags. A zero, also one that is left of a fraction, is never negative.
 bool RationalToUnsigned(uint64_t* out, const RationalNumber* a, uint32_t flags);
 
 }  // namespace tallymere

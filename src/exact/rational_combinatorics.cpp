@@ -91,7 +91,7 @@ void RationalBinomial(RationalNumber* dest, const RationalNumber* n, const Ratio
         BigUintBinomial(RationalNumerator(dest), RationalNumerator(n), RationalNumerator(k),
                         falling);
         BigUintFromWord(RationalDenominator(dest), 1);
-    } else if (RationalToUnsigned(&count, k, RationalExact)) {
+    } else if (RationalToUnsigned(&count, k, IntegerExact)) {
         MultiplySteps(dest, n, count, falling);
     } else {
         SetCalcError(CalcErrorUndefined);

@@ -66,14 +66,14 @@ int RationalCompareSmall(const RationalNumber* a, uint64_t k, bool negative) {
 
 bool RationalToUnsigned(uint64_t* out, const RationalNumber* a, uint32_t flags) {
     *out = 0;
-    if ((flags & RationalTruncates) == 0 && !RationalIsInteger(a)) {
+    if ((flags & AllowFraction) == 0 && !RationalIsInteger(a)) {
         return false;
     }
     CoreScratchScope scratch;
     uint64_t* whole = scratch.Take(numberContext.uintLimbs);
     BigUintDivide(whole, nullptr, RationalNumerator(a), RationalDenominator(a));
     const bool negative = RationalSign(a) != 0 && !BigUintIsZero(whole);
-    if (!BigUintFitsWord(whole) || (negative && (flags & RationalIgnoresSign) == 0)) {
+    if (!BigUintFitsWord(whole) || (negative && (flags & AllowNegative) == 0)) {
         return false;
     }
     *out = whole[0];

@@ -12,7 +12,7 @@ namespace {
 
 // True when q is an integer whose magnitude, which is written, fits 64 bits.
 bool IsSmall(uint64_t* magnitude, const RationalNumber* q) {
-    return RationalToUnsigned(magnitude, q, RationalIgnoresSign);
+    return RationalToUnsigned(magnitude, q, AllowNegative);
 }
 
 // a = routine(x, k) for a small operand of magnitude k, negated if `negative`. A failure has no

@@ -250,7 +250,7 @@ bool ValueToSmall(uint64_t* out, const uint64_t* a) {
         case NumberTypeUint:
             return UintToWord(out, a);
         case NumberTypeRational:
-            return RationalToUnsigned(out, RationalAt(a), RationalIgnoresSign);
+            return RationalToUnsigned(out, RationalAt(a), AllowNegative);
         default:
             SetCalcError(CalcErrorUnknownType);
             *out = 0;

@@ -129,33 +129,33 @@ TEST(RationalCompareSmall, ComparesWithAWord) {
 
 TEST(RationalToUnsigned, WantsAnIntegerUnlessItTruncates) {
     WidthScope scope(2);
-    EXPECT_EQ(Unsigned("7", RationalExact), "7");
-    EXPECT_EQ(Unsigned("0", RationalExact), "0");
-    EXPECT_EQ(Unsigned("15/2", RationalExact), "none");
-    EXPECT_EQ(Unsigned("15/2", RationalTruncates), "7");
-    EXPECT_EQ(Unsigned("1/2", RationalTruncates), "0");
-    EXPECT_EQ(Unsigned("7", RationalTruncates), "7");
-    EXPECT_EQ(Unsigned("15/2", RationalIgnoresSign), "none");
+    EXPECT_EQ(Unsigned("7", IntegerExact), "7");
+    EXPECT_EQ(Unsigned("0", IntegerExact), "0");
+    EXPECT_EQ(Unsigned("15/2", IntegerExact), "none");
+    EXPECT_EQ(Unsigned("15/2", AllowFraction), "7");
+    EXPECT_EQ(Unsigned("1/2", AllowFraction), "0");
+    EXPECT_EQ(Unsigned("7", AllowFraction), "7");
+    EXPECT_EQ(Unsigned("15/2", AllowNegative), "none");
 }
 
 TEST(RationalToUnsigned, WantsNoSignUnlessItIgnoresIt) {
     WidthScope scope(2);
-    EXPECT_EQ(Unsigned("-7", RationalExact), "none");
-    EXPECT_EQ(Unsigned("-7", RationalIgnoresSign), "7");
-    EXPECT_EQ(Unsigned("-15/2", RationalTruncates), "none");
-    EXPECT_EQ(Unsigned("-15/2", RationalTruncates | RationalIgnoresSign), "7");
+    EXPECT_EQ(Unsigned("-7", IntegerExact), "none");
+    EXPECT_EQ(Unsigned("-7", AllowNegative), "7");
+    EXPECT_EQ(Unsigned("-15/2", AllowFraction), "none");
+    EXPECT_EQ(Unsigned("-15/2", AllowFraction | AllowNegative), "7");
     // The sign is judged by what is left of the number.
-    EXPECT_EQ(Unsigned("-0", RationalExact), "0");
-    EXPECT_EQ(Unsigned("-1/2", RationalTruncates), "0");
+    EXPECT_EQ(Unsigned("-0", IntegerExact), "0");
+    EXPECT_EQ(Unsigned("-1/2", AllowFraction), "0");
 }
 
 TEST(RationalToUnsigned, WantsOneLimb) {
     WidthScope scope(2);
-    EXPECT_EQ(Unsigned("18446744073709551615", RationalExact), "18446744073709551615");
-    EXPECT_EQ(Unsigned("2^64", RationalExact), "none");
-    EXPECT_EQ(Unsigned("2^65-1/2", RationalTruncates), "18446744073709551615");
-    EXPECT_EQ(Unsigned("2^65+1/2", RationalTruncates), "none");
-    EXPECT_EQ(Unsigned("-2^64", RationalIgnoresSign), "none");
+    EXPECT_EQ(Unsigned("18446744073709551615", IntegerExact), "18446744073709551615");
+    EXPECT_EQ(Unsigned("2^64", IntegerExact), "none");
+    EXPECT_EQ(Unsigned("2^65-1/2", AllowFraction), "18446744073709551615");
+    EXPECT_EQ(Unsigned("2^65+1/2", AllowFraction), "none");
+    EXPECT_EQ(Unsigned("-2^64", AllowNegative), "none");
 }
 
 }  // namespace

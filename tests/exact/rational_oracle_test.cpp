@@ -274,16 +274,16 @@ TEST(RationalOracle, WordsOfFractions) {
         for (int round = OperandSets(); round > 0; round--) {
             FillFraction(random, set[0]);
             const auto flags =
-                static_cast<uint32_t>((random.Below(2) == 0 ? RationalExact : RationalTruncates) |
-                                      (random.Below(2) == 0 ? RationalExact : RationalIgnoresSign));
+                static_cast<uint32_t>((random.Below(2) == 0 ? IntegerExact : AllowFraction) |
+                                      (random.Below(2) == 0 ? IntegerExact : AllowNegative));
             const Fraction x = set.Value(0);
             Integer whole;
             Integer rest;
             mpz_fdiv_qr(whole, rest, x.numerator, x.denominator);
             const bool negative = x.sign != 0 && whole.Sign() != 0;
             const bool is = mpz_fits_ulong_p(whole) != 0 &&
-                            (rest.Sign() == 0 || (flags & RationalTruncates) != 0) &&
-                            (!negative || (flags & RationalIgnoresSign) != 0);
+                            (rest.Sign() == 0 || (flags & AllowFraction) != 0) &&
+                            (!negative || (flags & AllowNegative) != 0);
             uint64_t out = ~uint64_t{0};
             ASSERT_EQ(RationalToUnsigned(&out, set[0], flags), is) << set.Text();
             ASSERT_EQ(out, is ? mpz_get_ui(whole) : 0) << set.Text();
