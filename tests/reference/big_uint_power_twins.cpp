@@ -23,11 +23,6 @@ bool Failed() {
     return numberContext.calcError != CalcErrorNone;
 }
 
-void Refuse(uint64_t* dest, CalcError code) {
-    BigUintClear(dest);
-    SetCalcError(code);
-}
-
 // The largest number below 2^bits whose power is not above x, and whether it is equal to x.
 template <typename RaiseTo>
 bool Bisect(uint64_t* dest, const uint64_t* x, int64_t bits, RaiseTo raise) {
@@ -62,7 +57,7 @@ void TwinPower(uint64_t* dest, const uint64_t* base, int64_t e) {
         return;
     }
     if (e < 0) {
-        Refuse(dest, CalcErrorUndefined);
+        BigUintSetFailed(dest, CalcErrorUndefined);
         return;
     }
     if (BigUintIsZero(base)) {
@@ -94,7 +89,7 @@ void TwinPower(uint64_t* dest, const uint64_t* base, int64_t e) {
 void TwinPowerOfTen(uint64_t* dest, int64_t n) {
     constexpr int64_t TableSize = 20;
     if (n < 0) {
-        Refuse(dest, CalcErrorUndefined);
+        BigUintSetFailed(dest, CalcErrorUndefined);
         return;
     }
     uint64_t table[TableSize] = {1};
@@ -145,7 +140,7 @@ bool TwinRoot(uint64_t* dest, int64_t n, const uint64_t* x) {
         return true;
     }
     if (n == 0) {
-        Refuse(dest, CalcErrorUndefined);
+        BigUintSetFailed(dest, CalcErrorUndefined);
         return false;
     }
     if (BigUintIsZero(x)) {
@@ -159,7 +154,7 @@ bool TwinRoot(uint64_t* dest, int64_t n, const uint64_t* x) {
 
 bool TwinLog(uint64_t* dest, const uint64_t* base, const uint64_t* x) {
     if (BigUintIsZero(x) || BigUintIsZero(base) || BigUintIsWord(base, 1)) {
-        Refuse(dest, CalcErrorOverflow);
+        BigUintSetFailed(dest, CalcErrorOverflow);
         return false;
     }
     Value rest(x, x + numberContext.uintLimbs);
