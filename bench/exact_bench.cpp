@@ -7,6 +7,7 @@
 #include <random>
 
 #include "bench/measuring.h"
+#include "bench/operands.h"
 #include "bench/rooms.h"
 #include "core/number_context.h"
 #include "exact/big_uint.h"
@@ -22,8 +23,6 @@
 namespace tallymere::bench {
 
 namespace {
-
-constexpr uint64_t Seed = 20'240'229;
 
 // So many operands that a processor cannot learn the branches of them by heart.
 constexpr size_t OperandCount(int64_t limbs) {
@@ -250,10 +249,7 @@ std::vector<std::string> RandomTexts(int64_t digits) {
     std::mt19937_64 random(Seed);
     std::vector<std::string> texts(OperandCount(digits));
     for (std::string& text : texts) {
-        text += static_cast<char>('1' + random() % 9);
-        while (static_cast<int64_t>(text.size()) < digits) {
-            text += static_cast<char>('0' + random() % 10);
-        }
+        text = RandomDigits(random, digits);
     }
     return texts;
 }

@@ -1,21 +1,10 @@
 #include "bench/operands.h"
 
-#include <random>
-
 namespace tallymere::bench {
 
 namespace {
 
-constexpr uint64_t Seed = 20'240'229;
 constexpr int64_t ExponentRange = 16;
-
-std::string RandomDigits(std::mt19937_64& random, int64_t count) {
-    std::string digits(1, static_cast<char>('1' + random() % 9));
-    while (static_cast<int64_t>(digits.size()) < count) {
-        digits += static_cast<char>('0' + random() % 10);
-    }
-    return digits;
-}
 
 // A number of so many digits whose leading one is of the order lowest to highest.
 std::string RandomNumber(std::mt19937_64& random, int64_t digits, int64_t lowest = 0,
@@ -45,6 +34,14 @@ std::string RandomBetween(std::mt19937_64& random, uint64_t low, uint64_t high) 
 }
 
 }  // namespace
+
+std::string RandomDigits(std::mt19937_64& random, int64_t count) {
+    std::string digits(1, static_cast<char>('1' + random() % 9));
+    while (static_cast<int64_t>(digits.size()) < count) {
+        digits += static_cast<char>('0' + random() % 10);
+    }
+    return digits;
+}
 
 std::vector<OperandPair> MakeOperands(OperandKind kind, int64_t digits) {
     std::mt19937_64 random(Seed + static_cast<uint64_t>(digits));

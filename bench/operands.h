@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,6 +33,12 @@ constexpr int64_t OperandPairs(OperandKind kind, int64_t digits) {
     }
     return digits < 1'000 ? 512 : digits == 1'000 ? 16 : 2;
 }
+
+/// What random operands begin with.
+inline constexpr uint64_t Seed = 20'240'229;
+
+/// Random digits, so many, of which the first is not 0.
+std::string RandomDigits(std::mt19937_64& random, int64_t count);
 
 struct OperandPair {
     std::string a;
