@@ -73,5 +73,28 @@ TEST(OperationDispatch, ReadsNumbersOfOtherBasesInUintAlone) {
     }
 }
 
+// There is no value of such a type to be written.
+TEST(OperationDispatch, HasNothingForAnUnknownType) {
+    FormulaScope scope;
+    FieldScope<NumberType> type(numberContext.numberType, static_cast<NumberType>(3));
+    FormulaEvaluator evaluator{};
+    uint64_t dest = 99;
+    const uint64_t x = 1;
+    ValueFromNumberText(&dest, u"1", 1, 10, TextGroup);
+    EXPECT_EQ(TakeCode(), CalcErrorUnknownType);
+    ApplyBinaryOperator(evaluator, OperatorAdd, &dest, &x);
+    EXPECT_EQ(TakeCode(), CalcErrorUnknownType);
+    const FormulaToken abs = {FunctionAbs, 0, 3, &dest};
+    ApplyFunction1(evaluator, abs, &dest, &x);
+    EXPECT_EQ(TakeCode(), CalcErrorUnknownType);
+    const FormulaToken root = {FunctionRoot, 0, 4, &dest};
+    ApplyFunction2(evaluator, root, &dest, &x, &x);
+    EXPECT_EQ(TakeCode(), CalcErrorUnknownType);
+    ApplyFunction3(evaluator, root, &dest, &x, &x, &x);
+    EXPECT_EQ(TakeCode(), CalcErrorUnknownType);
+    EXPECT_EQ(dest, 99u);
+    EXPECT_EQ(evaluator.error, uint32_t{FormulaErrorNone});
+}
+
 }  // namespace
 }  // namespace tallymere
