@@ -11,14 +11,6 @@ namespace {
 
 using namespace testing_support;
 
-using BinaryOperation = void (*)(RationalNumber*, const RationalNumber*, const RationalNumber*);
-
-Outcome Apply(BinaryOperation operation, const char* a, const char* b) {
-    RationalBuffer dest;
-    operation(dest, RationalBuffer(a), RationalBuffer(b));
-    return TakeOutcome(dest);
-}
-
 Outcome Gcd(const char* a, const char* b) {
     return Apply(RationalGcd, a, b);
 }

@@ -19,14 +19,6 @@ Outcome DivMod(const char* a, const char* b) {
     return {RationalPlainText(quotient) + ", " + RationalPlainText(remainder), TakeCode()};
 }
 
-using UnaryOperation = void (*)(RationalNumber*, const RationalNumber*);
-
-Outcome Apply(UnaryOperation operation, const char* a) {
-    RationalBuffer dest;
-    operation(dest, RationalBuffer(a));
-    return TakeOutcome(dest);
-}
-
 TEST(RationalDivMod, DividesIntegers) {
     for (const int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
@@ -260,7 +252,7 @@ TEST(RationalDivision, ReadsOneBitOfTheSignWord) {
     EXPECT_EQ(TakeOutcome(dest), Silent("-1"));
     EXPECT_EQ(TakeOutcome(remainder), Silent("-1/3"));
     for (const auto& [operation, text] :
-         {std::pair<UnaryOperation, const char*>{RationalReciprocal, "-3/7"},
+         {std::pair<RationalUnary, const char*>{RationalReciprocal, "-3/7"},
           {RationalTrunc, "-2"},
           {RationalFraction, "-1/3"}}) {
         operation(dest, minus);

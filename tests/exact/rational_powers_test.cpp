@@ -11,21 +11,6 @@ namespace {
 
 using namespace testing_support;
 
-using BinaryOperation = void (*)(RationalNumber*, const RationalNumber*, const RationalNumber*);
-using UnaryOperation = void (*)(RationalNumber*, const RationalNumber*);
-
-Outcome Apply(UnaryOperation operation, const char* x) {
-    RationalBuffer dest;
-    operation(dest, RationalBuffer(x));
-    return TakeOutcome(dest);
-}
-
-Outcome Apply(BinaryOperation operation, const char* a, const char* b) {
-    RationalBuffer dest;
-    operation(dest, RationalBuffer(a), RationalBuffer(b));
-    return TakeOutcome(dest);
-}
-
 Outcome Power(const char* base, const char* e) {
     return Apply(RationalPower, base, e);
 }

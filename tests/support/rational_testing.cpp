@@ -51,6 +51,18 @@ Outcome TakeOutcome(const RationalBuffer& q) {
     return {RationalPlainText(q), TakeCode()};
 }
 
+Outcome Apply(RationalUnary operation, std::string_view a) {
+    RationalBuffer dest;
+    operation(dest, RationalBuffer(a));
+    return TakeOutcome(dest);
+}
+
+Outcome Apply(RationalBinary operation, std::string_view a, std::string_view b) {
+    RationalBuffer dest;
+    operation(dest, RationalBuffer(a), RationalBuffer(b));
+    return TakeOutcome(dest);
+}
+
 void FillRational(RandomSource& random, RationalNumber* dest, int64_t limbs) {
     uint64_t* numerator = RationalNumerator(dest);
     uint64_t* denominator = RationalDenominator(dest);

@@ -50,6 +50,14 @@ std::string RationalPlainText(const RationalNumber* q);
 /// afterwards.
 Outcome TakeOutcome(const RationalBuffer& q);
 
+using RationalUnary = void (*)(RationalNumber* dest, const RationalNumber* a);
+using RationalBinary = void (*)(RationalNumber* dest, const RationalNumber* a,
+                                const RationalNumber* b);
+
+/// The outcome of an operation on the fractions of these texts.
+Outcome Apply(RationalUnary operation, std::string_view a);
+Outcome Apply(RationalBinary operation, std::string_view a, std::string_view b);
+
 /// A fraction in lowest terms with parts as FillUint makes them, of up to so many limbs; often an
 /// integer or a unit fraction, of either sign, now and then a zero.
 void FillRational(RandomSource& random, RationalNumber* dest, int64_t limbs);
