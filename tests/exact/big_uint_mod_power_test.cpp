@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "exact/big_uint.h"
+#include "exact/big_uint_division.h"
 #include "support/exact_testing.h"
 
 namespace tallymere {
@@ -72,6 +73,36 @@ TEST(BigUintModPower, FollowsFermat) {
         EXPECT_EQ(ModPower("123456789", prime, prime), Silent("123456789"));
     }
     EXPECT_EQ(ModPower("2^576-1", "2", "2^576-2"), Silent("1"));
+}
+
+// a^e = a^(e mod (p - 1)) modulo a prime p, and modulo 2 p for an odd a. Of the longer exponent
+// more bits are taken at once.
+TEST(BigUintModPower, NeedsOfAnExponentOnlyItsRemainder) {
+    RandomSource random;
+    WidthScope scope(65);
+    for (const char* primeText : {"2^61-1", "2^89-1", "2^521-1"}) {
+        const UintBuffer prime(primeText);
+        UintBuffer twice;
+        BigUintShiftLeft(twice, prime, 1, true);
+        UintBuffer order;
+        BigUintSubOne(order, prime);
+        for (int64_t limbs = 1; limbs <= 65; limbs += 4) {
+            UintBuffer e;
+            FillUint(random, e, limbs);
+            UintBuffer rest;
+            BigUintDivide(nullptr, rest, e, order);
+            const UintBuffer a(std::to_string(2 * random.Below(1'000'000) + 3));
+            for (const UintBuffer& modulus : {prime, twice}) {
+                UintBuffer expected;
+                BigUintModPower(expected, a, rest, modulus);
+                UintBuffer power;
+                BigUintModPower(power, a, e, modulus);
+                ASSERT_EQ(power, expected)
+                    << a.Text() << " ^ " << e.Text() << " mod " << modulus.Text();
+            }
+        }
+    }
+    EXPECT_EQ(TakeCode(), CalcErrorNone);
 }
 
 TEST(BigUintModPower, TakesBasesAboveTheModulus) {
