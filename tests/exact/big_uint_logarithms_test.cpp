@@ -154,6 +154,26 @@ TEST(BigUintLog, OfThePowersOfTen) {
     }
 }
 
+// Three times what BinaryLog gives for these bases is above what it gives for their third powers.
+TEST(BigUintLog, OfThirdPowersWhoseLogarithmsAreRoundedFurtherDown) {
+    WidthScope scope(2);
+    struct Row {
+        const char* base;
+        const char* power;
+    };
+    for (const auto& [base, power] :
+         {Row{"7597221", "438494630939313024861"}, Row{"141631825", "2841074053498682834640625"},
+          Row{"409433309742", "68635612920458579664183135123346488"}}) {
+        EXPECT_LT(BinaryLog(UintBuffer(power)), 3 * BinaryLog(UintBuffer(base)));
+        EXPECT_EQ(Log(base, power), Exact(3));
+        UintBuffer x(power);
+        BigUintSubOne(x, x);
+        EXPECT_EQ(Log(base, x.Text()), Inexact(2));
+        BigUintAddSmall(x, x, 2);
+        EXPECT_EQ(Log(base, x.Text()), Inexact(3));
+    }
+}
+
 // A power of the base that would be above the number may be one that does not fit.
 TEST(BigUintLog, BelowAPowerThatDoesNotFit) {
     for (const int64_t limbs : AllUintWidths) {
