@@ -8,7 +8,8 @@
 // their exponent leave common factors (exact/rational_powers.h), and what keeps them.
 //
 // The memory of a record is the caller's: RationalWords() words anywhere. Destinations come first
-// and may be operands, but may not overlap one otherwise.
+// and may be operands, but may not overlap one otherwise. CoreScratch has room for the operations
+// at widths of up to 1,039 limbs.
 #pragma once
 
 #include <cstdint>
