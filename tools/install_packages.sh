@@ -1,6 +1,6 @@
-# For ./run, ./test and bench/compare to source, with `here` set to the root of the project: installs
-# what is missing on Debian and Ubuntu. All messages go to stderr, what apt prints goes to
-# build/packages.log.
+# For ./run, ./test, bench/compare and tools/make_icons to source, with `here` set to the root of
+# the project: installs what is missing on Debian and Ubuntu. All messages go to stderr, what apt
+# prints goes to build/packages.log.
 
 packages_log="$here/build/packages.log"
 
