@@ -20,6 +20,17 @@ void ApplySetting(char16_t (&separators)[3], int32_t setting, const char16_t (&c
     }
 }
 
+// A separator of up to three characters, the last of which fills the remaining places.
+void StoreLocaleText(char16_t (&separators)[3], const char16_t* text, char16_t otherwise) {
+    char16_t last = otherwise;
+    for (char16_t& separator : separators) {
+        if (*text != 0) {
+            last = *text++;
+        }
+        separator = last;
+    }
+}
+
 }  // namespace
 
 bool IsForbiddenSeparator(char16_t c) {
@@ -37,6 +48,25 @@ void StoreSeparator(char16_t (&separators)[3], char16_t c) {
 void ApplySeparators(int32_t decimalSetting, int32_t thousandsSetting) {
     ApplySetting(numberContext.decimalSeparators, decimalSetting, DecimalCharacters);
     ApplySetting(numberContext.groupSeparators, thousandsSetting, ThousandsCharacters);
+}
+
+void ApplyLocaleDecimal(const char16_t* localeText) {
+    StoreLocaleText(numberContext.decimalSeparators, localeText, u'.');
+}
+
+void ApplyLocaleThousands(const char16_t* localeText) {
+    StoreLocaleText(numberContext.groupSeparators, localeText, u'\'');
+}
+
+void ApplySeparators(int32_t decimalSetting, int32_t thousandsSetting,
+                     const LocaleSeparators& locale) {
+    if (decimalSetting == DecimalAutomatic) {
+        ApplyLocaleDecimal(locale.decimal);
+    }
+    if (thousandsSetting == ThousandsAutomatic) {
+        ApplyLocaleThousands(locale.thousands);
+    }
+    ApplySeparators(decimalSetting, thousandsSetting);
 }
 
 }  // namespace tallymere

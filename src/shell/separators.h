@@ -32,4 +32,20 @@ void StoreSeparator(char16_t (&separators)[3], char16_t c);
 /// such as the automatic one, leaves its separator as it is.
 void ApplySeparators(int32_t decimalSetting, int32_t thousandsSetting);
 
+/// Put the separator that the user's locale has into NumberContext, unchecked. At most three
+/// characters of the text are taken; of fewer the last is repeated, and the empty text means "."
+/// for decimals and "'" for thousands.
+void ApplyLocaleDecimal(const char16_t* localeText);
+void ApplyLocaleThousands(const char16_t* localeText);
+
+/// The separators of the user's locale, texts that end at a 0 character.
+struct LocaleSeparators {
+    const char16_t* decimal;
+    const char16_t* thousands;
+};
+
+/// Puts the separators of the settings into NumberContext, the automatic ones from the locale.
+void ApplySeparators(int32_t decimalSetting, int32_t thousandsSetting,
+                     const LocaleSeparators& locale);
+
 }  // namespace tallymere
