@@ -21,7 +21,7 @@ LAYERS = [
     ["core"],
     ["functions", "exact"],
     ["formula"],
-    ["numtheory", "algebra"],
+    ["numtheory", "algebra", "layout"],
     ["shell"],
     ["calculator"],
     ["toolkit"],

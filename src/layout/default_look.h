@@ -1,0 +1,85 @@
+// Which push button bears the look of the default button.
+//
+// A push button that has the focus bears it; while anything else has the focus, the dialog's own
+// default button does.
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+
+namespace tallymere {
+
+/// What the decisions ask: Buttons::Window names a window, the value-initialised one being none,
+/// which is never asked about; see IsPushButton in layout/control_kinds.h.
+template <typename Buttons>
+concept PushButtons = requires(const Buttons& buttons, typename Buttons::Window window) {
+    requires std::regular<typename Buttons::Window>;
+    { buttons.IsPushButton(window) } -> std::same_as<bool>;
+};
+
+template <typename Window>
+struct LookChange {
+    Window button;
+    bool isDefault;  ///< the look that it gets
+
+    bool operator==(const LookChange&) const = default;
+};
+
+/// At most three changes of look, to be made in this order.
+template <typename Window>
+struct LookChanges {
+    LookChange<Window> changes[3] = {};
+    int32_t count = 0;
+
+    void Add(Window button, bool isDefault) { changes[count++] = {button, isDefault}; }
+    const LookChange<Window>* begin() const { return changes; }
+    const LookChange<Window>* end() const { return changes + count; }
+};
+
+/// The changes when `control` takes the focus. `last` is the control of the dialog that had it
+/// before, `defaultButton` the dialog's default button; either may be none.
+template <PushButtons Buttons>
+LookChanges<typename Buttons::Window> LooksAfterFocus(const Buttons& buttons,
+                                                      typename Buttons::Window control,
+                                                      typename Buttons::Window last,
+                                                      typename Buttons::Window defaultButton) {
+    using Window = typename Buttons::Window;
+    const auto isPushButton = [&buttons](Window window) {
+        return window != Window{} && buttons.IsPushButton(window);
+    };
+    LookChanges<Window> changes;
+    if (isPushButton(control)) {
+        if (isPushButton(last)) {
+            changes.Add(last, false);
+        }
+        if (defaultButton != control && isPushButton(defaultButton)) {
+            changes.Add(defaultButton, false);
+        }
+        changes.Add(control, true);
+        return changes;
+    }
+    if (last != defaultButton && isPushButton(last)) {
+        changes.Add(last, false);
+    }
+    if (isPushButton(defaultButton)) {
+        changes.Add(defaultButton, true);
+    }
+    return changes;
+}
+
+/// The changes when `button`, a push button, becomes the dialog's default button in place of
+/// `previous`, which may be none.
+template <PushButtons Buttons>
+LookChanges<typename Buttons::Window> LooksAfterNewDefault(const Buttons& buttons,
+                                                           typename Buttons::Window previous,
+                                                           typename Buttons::Window button) {
+    using Window = typename Buttons::Window;
+    LookChanges<Window> changes;
+    if (previous != Window{} && buttons.IsPushButton(previous)) {
+        changes.Add(previous, false);
+    }
+    changes.Add(button, true);
+    return changes;
+}
+
+}  // namespace tallymere
