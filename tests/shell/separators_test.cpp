@@ -47,6 +47,54 @@ TEST_F(Separators, AutomaticAndUnknownSettingsLeaveTheSeparators) {
     EXPECT_EQ(numberContext.calcError, CalcErrorNone);
 }
 
+TEST_F(Separators, TheLocaleGivesUpToThreeCharactersAndTheLastIsRepeated) {
+    struct Case {
+        const char16_t* text;
+        const char16_t* decimal;
+        const char16_t* thousands;
+    };
+    for (const Case& test :
+         {Case{u"", u"...", u"'''"}, Case{u",", u",,,", u",,,"}, Case{u"ab", u"abb", u"abb"},
+          Case{u"abc", u"abc", u"abc"}, Case{u"abcd", u"abc", u"abc"},
+          Case{u"\u00A0", u"\u00A0\u00A0\u00A0", u"\u00A0\u00A0\u00A0"}}) {
+        ApplySeparators(0, 2);
+        ApplyLocaleDecimal(test.text);
+        EXPECT_EQ(Decimal(), test.decimal);
+        EXPECT_EQ(Thousands(), u"'''");
+        ApplySeparators(0, 1);
+        ApplyLocaleThousands(test.text);
+        EXPECT_EQ(Decimal(), u"...");
+        EXPECT_EQ(Thousands(), test.thousands);
+    }
+}
+
+TEST_F(Separators, TheLocaleIsNotChecked) {
+    ApplyLocaleDecimal(u"5");
+    ApplyLocaleThousands(u" ");
+    EXPECT_EQ(Decimal(), u"555");
+    EXPECT_EQ(Thousands(), u"   ");
+    EXPECT_EQ(numberContext.calcError, CalcErrorNone);
+}
+
+TEST_F(Separators, AutomaticSettingsTakeTheLocale) {
+    const LocaleSeparators locale = {u"x", u"yz"};
+    ApplySeparators(DecimalAutomatic, ThousandsAutomatic, locale);
+    EXPECT_EQ(Decimal(), u"xxx");
+    EXPECT_EQ(Thousands(), u"yzz");
+    ApplySeparators(DecimalComma, ThousandsPoint, locale);
+    EXPECT_EQ(Decimal(), u",,,");
+    EXPECT_EQ(Thousands(), u"...");
+    ApplySeparators(DecimalAutomatic, ThousandsNarrowSpace, locale);
+    EXPECT_EQ(Decimal(), u"xxx");
+    EXPECT_EQ(Thousands(), u"\u202F\u202F\u202F");
+    ApplySeparators(DecimalPoint, ThousandsAutomatic, locale);
+    EXPECT_EQ(Decimal(), u"...");
+    EXPECT_EQ(Thousands(), u"yzz");
+    ApplySeparators(DecimalAutomatic, ThousandsAutomatic, {u",", u","});
+    EXPECT_EQ(Decimal(), Thousands()) << "equal ones are the locale's own business";
+    EXPECT_EQ(numberContext.calcError, CalcErrorNone);
+}
+
 TEST_F(Separators, CharactersOfNumbersAndFormulasAreForbidden) {
     for (char16_t c = 0; c < 128; c++) {
         const bool expected =
