@@ -1,4 +1,4 @@
-"""The icons hold every size that Windows asks for, and the resources compile to what it looks up."""
+"""The icons hold every size that Windows asks for, and the resources compile as it wants them."""
 
 import struct
 import subprocess
@@ -19,7 +19,7 @@ def icon_images(data):
     reserved, kind, count = struct.unpack_from("<HHH", data)
     assert (reserved, kind) == (0, 1), "not an icon"
     for i in range(count):
-        width, height, _, _, _, bits, size, start = struct.unpack_from("<BBBBHHII", data, 6 + 16 * i)
+        width, height, bits, size, start = struct.unpack_from("<BB4xHII", data, 6 + 16 * i)
         yield width or 256, height or 256, bits, data[start:start + size]
 
 

@@ -1,0 +1,131 @@
+"""What the help pages say of formulas is what the console answers.
+
+console_support.py tells of the environment, help_pages.py of the marks in the pages.
+"""
+
+import re
+import sys
+import unittest
+from collections import defaultdict
+from pathlib import Path
+
+sys.dont_write_bytecode = True
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
+from console_support import keep_console_waiting, run  # noqa: E402
+from help_pages import (FOLDER, LANGUAGES, examples, keywords, page_paths,  # noqa: E402
+                        signatures)
+
+SEPARATORS = {"en": ["--decimal", "point", "--thousands", "comma"],
+              "de": ["--decimal", "comma", "--thousands", "point"]}
+TYPES = ("real", "cplx", "uint", "rat")
+# A call that has a value in every type that knows the function, where 1 for each argument has none.
+CALLS = {"atanh": "atanh(0)", "logx": "logx(2; 2)", "sqrtc": "sqrtc(1; 0)",
+         "cbrtc": "cbrtc(1; 0)", "rootc": "rootc(1; 1; 0)"}
+# It has a value in the type uint, but none that helps anybody, and the pages say so.
+USELESS = {("round", "uint")}
+
+
+def setUpModule():
+    keep_console_waiting()
+
+
+def ask(language, options, formulas):
+    """The answers to formulas, each as (text, whether it is an error's message)."""
+    lines, errors, _ = run(["--language", language, *SEPARATORS[language], *options],
+                           "\n".join(formulas).encode())
+    assert errors == "", errors
+    answers = []
+    for line in lines:
+        error = re.fullmatch(r"error \d+ \d+: (.*)", line)
+        answers.append((error.group(1), True) if error else (line.replace("\t", " "), False))
+    return answers
+
+
+def has_value(answer):
+    return not answer[1]
+
+
+class ExampleTest(unittest.TestCase):
+    def check(self, language, options, some):
+        answers = ask(language, options, [example.formula for example in some])
+        self.assertEqual(len(some), len(answers))
+        for example, answer in zip(some, answers):
+            with self.subTest(language=language, options=options, formula=example.formula):
+                self.assertEqual(answer, (example.result, example.is_message))
+
+    def test_examples_have_the_results_that_are_shown(self):
+        for language in LANGUAGES:
+            runs = defaultdict(list)
+            for path in page_paths(language):
+                for example in examples(path):
+                    if example.session is None:
+                        runs[example.options].append(example)
+            self.assertGreater(sum(map(len, runs.values())), 100)
+            for options, some in runs.items():
+                self.check(language, options, some)
+
+    def test_sessions_have_the_results_that_are_shown(self):
+        for language in LANGUAGES:
+            sessions = defaultdict(list)
+            for path in page_paths(language):
+                for example in examples(path):
+                    if example.session is not None:
+                        sessions[path.name, id(example.session)].append(example)
+            self.assertGreaterEqual(len(sessions), 2)
+            for some in sessions.values():
+                self.assertEqual(1, len({example.options for example in some}))
+                self.check(language, some[0].options, some)
+
+    def test_examples_call_every_function(self):
+        formulas = " ".join(example.formula for path in page_paths("en")
+                            for example in examples(path))
+        called = set(re.findall(r"\w+", formulas))
+        for word in keywords():
+            in_another_unit = {word, word[:-1], word + "d", word + "g", word[:-1] + "d",
+                               word[:-1] + "g"}
+            self.assertTrue(called & in_another_unit, word)
+
+
+class FunctionTypeTest(unittest.TestCase):
+    """The types that functions_en.html names are those that know the function."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.calls = {}
+        cls.types = {}
+        for name, count, element in signatures(FOLDER / "functions_en.html"):
+            row = element.parent.parent
+            cell = next(cell for cell in row.find("td") if "data-types" in cell.attributes)
+            cls.calls[name] = CALLS.get(name, f"{name}({'; '.join(['1'] * count)})")
+            cls.types[name] = cell.attributes["data-types"].split()
+
+    def test_types_that_are_named_know_the_function(self):
+        for kind in TYPES:
+            names = [name for name in self.calls if kind in self.types[name]]
+            # A fraction at the end shows that no call turned rat into real.
+            answers = ask("en", ["--type", kind], [self.calls[name] for name in names] + ["1/3"])
+            for name, answer in zip(names, answers):
+                with self.subTest(type=kind, function=name):
+                    self.assertTrue(has_value(answer), answer)
+            if kind == "rat":
+                self.assertEqual("1/3", answers[-1][0])
+
+    def test_other_types_refuse_it(self):
+        for kind in ("real", "cplx", "uint"):
+            names = [name for name in self.calls
+                     if kind not in self.types[name] and (name, kind) not in USELESS]
+            answers = ask("en", ["--type", kind], [self.calls[name] for name in names])
+            for name, answer in zip(names, answers):
+                with self.subTest(type=kind, function=name):
+                    self.assertFalse(has_value(answer), answer)
+
+    def test_fractions_give_up_where_a_function_is_not_theirs(self):
+        for name, call in self.calls.items():
+            if "rat" not in self.types[name]:
+                with self.subTest(function=name):
+                    answer, third = ask("en", ["--type", "rat"], [call, "1/3"])
+                    self.assertTrue(not has_value(answer) or third[0] == "0.3333333333")
+
+
+if __name__ == "__main__":
+    unittest.main()

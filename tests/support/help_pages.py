@@ -1,0 +1,197 @@
+"""Reads the help pages for their tests: a strict parser, the examples, the texts of the program.
+
+In the pages, <code class="formula"> is a formula and the next <samp> what the calculator shows for
+it, of class "message" if that is an error. data-type and data-options on the formula or around it
+are options of tallymere-console; formulas inside data-session belong to one run, in their order.
+data-text names the text of the program that an element quotes.
+"""
+
+import re
+from dataclasses import dataclass, field
+from html import unescape
+from html.parser import HTMLParser
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+FOLDER = ROOT / "help" / "Tallymere"
+LANGUAGES = ("en", "de")
+VOID = {"br", "link", "meta"}
+# A page in German writes numbers with a comma and groups with a point, one in English the reverse.
+EXCHANGE_SEPARATORS = str.maketrans(".,", ",.")
+
+
+@dataclass
+class Element:
+    tag: str
+    attributes: dict
+    parent: "Element" = None
+    children: list = field(default_factory=list)
+
+    def text(self):
+        return "".join(child if isinstance(child, str) else child.text()
+                       for child in self.children)
+
+    def walk(self):
+        """This element and all below it, in the order of the page."""
+        yield self
+        for child in self.children:
+            if isinstance(child, Element):
+                yield from child.walk()
+
+    def find(self, tag):
+        return [element for element in self.walk() if element.tag == tag]
+
+    def nearest(self, name):
+        """The value of an attribute here or on the nearest element around, None without one."""
+        element = self
+        while element is not None:
+            if name in element.attributes:
+                return element.attributes[name] or ""
+            element = element.parent
+        return None
+
+
+class PageParser(HTMLParser):
+    """Takes only what is closed in its order; `problems` lists everything else."""
+
+    def __init__(self, text):
+        super().__init__(convert_charrefs=False)
+        self.root = Element("", {})
+        self.open = self.root
+        self.problems = []
+        self.declarations = []
+        self.feed(text)
+        self.close()
+        if self.open is not self.root:
+            self.problem(f"<{self.open.tag}> is never closed")
+
+    def problem(self, what):
+        self.problems.append(f"line {self.getpos()[0]}: {what}")
+
+    def handle_decl(self, decl):
+        self.declarations.append(decl)
+
+    def handle_starttag(self, tag, attrs):
+        if len(dict(attrs)) != len(attrs):
+            self.problem(f"<{tag}> repeats an attribute")
+        element = Element(tag, dict(attrs), self.open)
+        self.open.children.append(element)
+        if tag not in VOID:
+            self.open = element
+
+    def handle_startendtag(self, tag, attrs):
+        self.problem(f"<{tag}/> is not HTML")
+
+    def handle_endtag(self, tag):
+        if tag != self.open.tag:
+            self.problem(f"</{tag}> where <{self.open.tag}> is open")
+        elif self.open.parent is not None:
+            self.open = self.open.parent
+
+    def handle_data(self, data):
+        if set(data) & set("<>&"):
+            self.problem(f"bare <, > or & in {data.strip()!r}")
+        self.open.children.append(data)
+
+    def handle_entityref(self, name):
+        self.open.children.append(unescape(f"&{name};"))
+
+    def handle_charref(self, name):
+        self.open.children.append(unescape(f"&#{name};"))
+
+    def unknown_decl(self, data):
+        self.problem(f"<![{data}]> is not HTML")
+
+    def handle_pi(self, data):
+        self.problem(f"<?{data}> is not HTML")
+
+
+def page_paths(language):
+    return sorted(FOLDER.glob(f"*_{language}.html"))
+
+
+def page_name(path):
+    return path.stem[:-len("_en")]
+
+
+def parse(path):
+    return PageParser(path.read_text(encoding="utf-8"))
+
+
+def main_of(path):
+    return parse(path).root.find("main")[0]
+
+
+def words(element):
+    """The text of an element in one line."""
+    return " ".join(element.text().split())
+
+
+def is_formula(element):
+    return element.tag == "code" and element.attributes.get("class") == "formula"
+
+
+@dataclass
+class Example:
+    formula: str
+    result: str
+    is_message: bool
+    options: tuple
+    session: object  # the element that is one run, None where the formula stands for itself
+
+
+def examples(path):
+    """The examples of a page in their order; a formula without its result is an error here."""
+    found = []
+    waiting = None
+    for element in main_of(path).walk():
+        if is_formula(element):
+            assert waiting is None, f"{path.name}: no result for {words(waiting)}"
+            waiting = element
+        elif element.tag == "samp":
+            assert waiting is not None, f"{path.name}: no formula for {words(element)}"
+            found.append(make_example(waiting, element))
+            waiting = None
+    assert waiting is None, f"{path.name}: no result for {words(waiting)}"
+    return found
+
+
+def make_example(formula, result):
+    kind = formula.nearest("data-type")
+    options = (["--type", kind] if kind else []) + (formula.nearest("data-options") or "").split()
+    session = formula
+    while session is not None and "data-session" not in session.attributes:
+        session = session.parent
+    return Example(formula.text(), words(result), result.attributes.get("class") == "message",
+                   tuple(options), session)
+
+
+def program_texts():
+    """{name: {language: text}} of every visible text of the program."""
+    literal = r'((?:u"(?:[^"\\]|\\.)*"\s*)+)'
+    source = (ROOT / "src/shell/ui_text_entries.inc").read_text(encoding="utf-8")
+
+    def joined(literals):
+        text = "".join(re.findall(r'u"((?:[^"\\]|\\.)*)"', literals))
+        return text.replace('\\"', '"').replace("\\r", "\r").replace("\\n", "\n")
+
+    return {name: {"en": joined(english), "de": joined(german)}
+            for name, english, german in re.findall(
+                rf"ENTRY\((\w+),\s*{literal},\s*{literal}\)", source)}
+
+
+def keywords():
+    """{keyword: number of its arguments} of the language of formulas."""
+    source = (ROOT / "src/formula/formula_keywords.cpp").read_text(encoding="utf-8")
+    return {text.replace("\\u03C0", "π"): int(count)
+            for text, count in re.findall(r'\{u"([\w\\]+)", \w+, (-?\d+)\}', source)}
+
+
+def signatures(path):
+    """[(function, number of arguments, element)] for each signature of a page."""
+    found = []
+    for element in main_of(path).walk():
+        if element.attributes.get("class") == "signature":
+            name, arguments = re.fullmatch(r"(\w+)\((.*)\)", element.text()).groups()
+            found.append((name, len(arguments.split(";")), element))
+    return found

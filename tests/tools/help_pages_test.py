@@ -1,0 +1,278 @@
+"""The help pages are well formed, alike in both languages, and name what the program has.
+
+help_pages.py tells of the marks in the pages. The results of their formulas are a test of the
+console.
+"""
+
+import re
+import sys
+import unittest
+from collections import Counter
+from pathlib import Path
+
+sys.dont_write_bytecode = True
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
+from help_pages import (EXCHANGE_SEPARATORS, FOLDER, LANGUAGES, PageParser,  # noqa: E402
+                        Element, examples, is_formula, keywords, main_of, page_name,
+                        page_paths, parse, program_texts, signatures, words)
+
+PAGES = [path for language in LANGUAGES for path in page_paths(language)]
+ELEMENTS = {"html", "head", "meta", "title", "link", "body", "header", "nav", "main", "section",
+            "h1", "h2", "h3", "p", "ul", "ol", "li", "dl", "dt", "dd", "table", "thead", "tbody",
+            "tr", "th", "td", "a", "b", "br", "code", "kbd", "samp", "span", "sup", "var"}
+INLINE = {"a", "b", "br", "code", "kbd", "samp", "span", "sup", "var"}
+ATTRIBUTES = {"aria-current", "aria-label", "aria-labelledby", "charset", "class", "content",
+              "data-options", "data-session", "data-text", "data-type", "data-types", "href",
+              "hreflang", "id", "lang", "name", "rel", "rowspan", "scope"}
+
+
+def quoted_text(element):
+    """What an element quotes in one line, its placeholders as the program writes them."""
+    parts = []
+    for child in element.children:
+        if isinstance(child, str):
+            parts.append(child)
+        elif child.tag == "br":
+            parts.append(" ")
+        elif child.tag == "var":
+            parts.append("%d" if child.text() == "n" else "%s")
+        else:
+            raise AssertionError(f"<{child.tag}> in a quoted text")
+    return one_line("".join(parts))
+
+
+def one_line(text):
+    return " ".join(text.split())
+
+
+def inline_marks(element, language):
+    """What of a block must be the same in every language, whatever the order of its words."""
+    marks = Counter()
+    for child in element.children:
+        if isinstance(child, Element) and child.tag in INLINE:
+            attributes = {name: (value or "").replace(f"_{language}.html", "_??.html")
+                          for name, value in child.attributes.items()}
+            text = child.text() if child.tag in ("code", "sup", "var") else ""
+            if language == "de" and attributes.get("class") != "file":
+                text = text.translate(EXCHANGE_SEPARATORS)
+            marks[child.tag, tuple(sorted(attributes.items())), text] += 1
+            marks += inline_marks(child, language)
+    return marks
+
+
+def structure(element, language):
+    """The blocks below an element, each with the marks inside.
+
+    Options may hold numbers of the language; the examples compare them.
+    """
+    found = []
+    for child in element.children:
+        if isinstance(child, Element) and child.tag not in INLINE:
+            attributes = {name: value for name, value in child.attributes.items()
+                          if name not in ("aria-label", "data-options")}
+            found.append((child.tag, attributes, inline_marks(child, language),
+                          structure(child, language)))
+    return found
+
+
+class FormTest(unittest.TestCase):
+    def test_there_are_pages_and_the_first_is_where_the_program_looks(self):
+        for language in LANGUAGES:
+            self.assertGreaterEqual(len(page_paths(language)), 3)
+            self.assertTrue((FOLDER / f"overview_{language}.html").exists())
+
+    def test_pages_are_well_formed(self):
+        for path in PAGES:
+            with self.subTest(page=path.name):
+                page = parse(path)
+                self.assertEqual([], page.problems)
+                self.assertEqual(["DOCTYPE html"], page.declarations)
+                html = page.root.find("html")
+                self.assertEqual([path.stem[-2:]], [root.attributes["lang"] for root in html])
+                self.assertEqual("utf-8", page.root.find("meta")[0].attributes["charset"])
+
+    def test_the_parser_sees_what_is_not_well_formed(self):
+        for text in ("<p>1", "<p>1</b></p>", "<p><b>1</p></b>", "<p/>", "<p>1 > 0</p>", "</p>",
+                     "<p>1 & 0</p>", '<p id="a" id="b">1</p>', "<?x?>"):
+            with self.subTest(text=text):
+                self.assertNotEqual([], PageParser(text).problems)
+
+    def test_only_plain_elements_and_attributes(self):
+        for path in PAGES:
+            page = parse(path).root
+            for element in page.walk():
+                if element is not page:
+                    with self.subTest(page=path.name, element=element.tag):
+                        self.assertIn(element.tag, ELEMENTS)
+                        self.assertLessEqual(set(element.attributes), ATTRIBUTES)
+
+    def test_headings_go_down_step_by_step(self):
+        for path in PAGES:
+            levels = [int(element.tag[1]) for element in parse(path).root.walk()
+                      if re.fullmatch(r"h\d", element.tag)]
+            with self.subTest(page=path.name):
+                self.assertEqual(1, levels.count(1))
+                self.assertEqual(1, levels[0])
+                for above, below in zip(levels, levels[1:]):
+                    self.assertLessEqual(below, above + 1)
+
+    def test_titles_differ(self):
+        for language in LANGUAGES:
+            titles = [words(parse(path).root.find("title")[0]) for path in page_paths(language)]
+            self.assertEqual(len(titles), len(set(titles)))
+            self.assertTrue(all("Tallymere" in title for title in titles))
+
+    def test_rows_of_a_table_have_the_same_number_of_cells(self):
+        for path in PAGES:
+            for table in parse(path).root.find("table"):
+                counts = set()
+                spans = []  # rows that a cell of an earlier row still covers
+                for row in table.find("tr"):
+                    cells = [cell for cell in row.children if isinstance(cell, Element)]
+                    spans = [span - 1 for span in spans if span > 1]
+                    counts.add(len(cells) + len(spans))
+                    spans += [int(cell.attributes["rowspan"]) for cell in cells
+                              if "rowspan" in cell.attributes]
+                with self.subTest(page=path.name, table=words(table)[:40]):
+                    self.assertEqual(1, len(counts))
+                    self.assertTrue(all("scope" in cell.attributes for cell in table.find("th")))
+
+
+class LinkTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.pages = {path.name: parse(path).root for path in PAGES}
+        cls.ids = {name: [element.attributes["id"] for element in page.walk()
+                          if "id" in element.attributes] for name, page in cls.pages.items()}
+
+    def links(self, name):
+        return [element.attributes["href"] for element in self.pages[name].walk()
+                if "href" in element.attributes]
+
+    def test_ids_are_unique(self):
+        for name, ids in self.ids.items():
+            self.assertEqual(len(ids), len(set(ids)), name)
+
+    def test_links_lead_to_files_and_places_that_exist(self):
+        for name in self.pages:
+            for link in self.links(name):
+                with self.subTest(page=name, link=link):
+                    self.assertNotIn(":", link)
+                    file, _, place = link.partition("#")
+                    target = file or name
+                    self.assertTrue((FOLDER / target).is_file())
+                    if place:
+                        self.assertIn(place, self.ids[target])
+
+    def test_labels_are_headings_of_the_page(self):
+        for name, page in self.pages.items():
+            for section in page.find("section"):
+                self.assertIn(section.attributes["aria-labelledby"], self.ids[name])
+
+    def test_contents_list_the_sections(self):
+        for name, page in self.pages.items():
+            contents = next(nav for nav in page.find("nav")
+                            if nav.attributes.get("class") == "contents")
+            self.assertEqual(
+                [(heading.attributes["id"], words(heading)) for heading in page.find("h2")],
+                [(link.attributes["href"][1:], words(link)) for link in contents.find("a")], name)
+
+    def test_every_page_links_to_all_of_its_language_and_to_its_twin(self):
+        for language, other in (LANGUAGES, LANGUAGES[::-1]):
+            for path in page_paths(language):
+                links = set(self.links(path.name))
+                for page in page_paths(language):
+                    self.assertIn(page.name, links)
+                self.assertIn(f"{page_name(path)}_{other}.html", links)
+
+    def test_the_style_sheet_stands_alone(self):
+        style = (FOLDER / "style.css").read_text(encoding="utf-8")
+        self.assertNotRegex(style, r"url\(|@import")
+        self.assertEqual(style.count("{"), style.count("}"))
+        self.assertIn("prefers-color-scheme: dark", style)
+        named = set(re.findall(r"\.([a-z]+)", re.sub(r"\d\.\d+", "", style)))
+        used = {name for page in self.pages.values() for element in page.walk()
+                for name in (element.attributes.get("class") or "").split()}
+        self.assertEqual(set(), named - used)
+
+
+class LanguageTest(unittest.TestCase):
+    def test_both_languages_have_the_same_pages(self):
+        english, german = ([page_name(path) for path in page_paths(language)]
+                           for language in LANGUAGES)
+        self.assertEqual(english, german)
+
+    def test_both_languages_have_the_same_structure(self):
+        for english, german in zip(page_paths("en"), page_paths("de")):
+            for one, other in zip(structure(main_of(english), "en"),
+                                  structure(main_of(german), "de"), strict=True):
+                with self.subTest(page=page_name(english)):
+                    self.assertEqual(one, other)
+
+    def test_both_languages_have_the_same_examples(self):
+        for english, german in zip(page_paths("en"), page_paths("de")):
+            for one, other in zip(examples(english), examples(german), strict=True):
+                with self.subTest(page=page_name(english), formula=one.formula):
+                    self.assertEqual(one.formula, other.formula.translate(EXCHANGE_SEPARATORS))
+                    self.assertEqual(one.options, tuple(
+                        option.translate(EXCHANGE_SEPARATORS) for option in other.options))
+                    self.assertEqual(one.is_message, other.is_message)
+                    self.assertEqual(one.session is None, other.session is None)
+                    if not one.is_message:
+                        self.assertEqual(one.result, other.result.translate(EXCHANGE_SEPARATORS))
+
+
+class ProgramTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.texts = program_texts()
+
+    def test_the_texts_of_the_program_are_found(self):
+        self.assertEqual(168, len(self.texts))
+
+    def test_quoted_texts_are_the_program_s(self):
+        for path in PAGES:
+            quoting = [element for element in main_of(path).walk()
+                       if "data-text" in element.attributes]
+            for element in quoting:
+                name = element.attributes["data-text"]
+                with self.subTest(page=path.name, text=name):
+                    self.assertEqual(one_line(self.texts[name][path.stem[-2:]].replace("&&", "&")),
+                                     quoted_text(element))
+
+    def test_messages_name_their_text(self):
+        for path in PAGES:
+            for element in main_of(path).find("b"):
+                if element.attributes.get("class") == "message":
+                    self.assertIn("data-text", element.attributes, path.name)
+
+    def test_every_formula_error_is_explained(self):
+        wanted = {name for name in self.texts if name.startswith("TextFormula")}
+        self.assertEqual(13, len(wanted))
+        for language in LANGUAGES:
+            explained = [element.find("b")[0].attributes["data-text"] for element
+                         in main_of(FOLDER / f"messages_{language}.html").find("dt")
+                         if element.find("b")]
+            self.assertLessEqual(wanted, set(explained))
+            self.assertEqual(len(explained), len(set(explained)))
+
+    def test_every_function_is_told_with_its_arguments(self):
+        functions = {word: count for word, count in keywords().items() if count > 0}
+        self.assertGreater(len(functions), 40)
+        for language in LANGUAGES:
+            told = signatures(FOLDER / f"functions_{language}.html")
+            self.assertEqual(functions, {name: count for name, count, _ in told})
+            self.assertEqual(len(functions), len(told))
+
+    def test_every_other_word_of_formulas_is_told(self):
+        others = {word for word, count in keywords().items() if count <= 0}
+        self.assertEqual({"π", "pi", "mod"}, others)
+        for language in LANGUAGES:
+            told = {element.text() for element
+                    in main_of(FOLDER / f"functions_{language}.html").find("code")
+                    if not is_formula(element)}
+            self.assertLessEqual(others | {"^"}, told)
+
+
+if __name__ == "__main__":
+    unittest.main()
