@@ -17,18 +17,18 @@ enum ControlKey : uint32_t {
 
 /// A key that goes down or comes up.
 struct KeyStroke {
-    uint32_t key;  ///< a ControlKey or another code
-    bool isDown;
-    bool shift;
-    bool control;
+    uint32_t key = 0;  ///< a ControlKey or another code
+    bool isDown = false;
+    bool shift = false;
+    bool control = false;
 };
 
 /// What matters of the control that has the focus.
 struct KeyReceiver {
-    bool isPushButton;
-    bool isRadioButton;
-    bool wantsReturn;       ///< see WantsReturn
-    bool hasDefaultButton;  ///< whether its dialog has one
+    bool isPushButton = false;
+    bool isRadioButton = false;
+    bool wantsReturn = false;       ///< see WantsReturn
+    bool hasDefaultButton = false;  ///< whether its dialog has one
 };
 
 enum KeyAction {

@@ -37,7 +37,8 @@ enum ControlStyle : uint32_t {
 /// True when two class names, ended by 0, differ at most in the case of the letters A to Z.
 bool IsSameClassName(const char16_t* a, const char16_t* b);
 
-/// True for a button of the plain type, with the default look or without.
+/// True for a button of the plain type, with the default look or without. A button that its window
+/// draws is none: Return does not click it, and it never bears the default look.
 bool IsPushButton(const char16_t* className, uint32_t style);
 
 /// True for a radio button, whether or not it checks itself.
