@@ -4,7 +4,7 @@
 
 namespace tallymere {
 
-void ShowSettings(OptionsChoices& choices, const Settings& record) {
+void ShowOptions(OptionsChoices& choices, const Settings& record) {
     choices.automaticSeparators = record.decimalSeparator == DecimalAutomatic ||
                                   record.thousandsSeparator == ThousandsAutomatic;
     if (!choices.automaticSeparators) {

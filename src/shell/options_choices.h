@@ -24,7 +24,7 @@ inline constexpr int32_t NoRow = -1;
 
 /// What the controls of the dialog say.
 struct OptionsChoices {
-    bool automaticSeparators = false;  ///< the box; the lists and their labels are enabled without
+    bool automaticSeparators = false;  ///< while set, the lists and their labels are disabled
     int32_t decimalRow = NoRow;
     int32_t thousandsRow = NoRow;
     bool groupCalculator = false;
@@ -35,7 +35,7 @@ struct OptionsChoices {
 
 /// The choices as they are when the dialog opens. With automatic separators the lists keep the rows
 /// that they had.
-void ShowSettings(OptionsChoices& choices, const Settings& record);
+void ShowOptions(OptionsChoices& choices, const Settings& record);
 
 struct OptionsOutcome {
     bool accepted;           ///< the dialog may close

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <type_traits>
 
 #include "core/number_context.h"
 #include "shell/separators.h"
@@ -58,7 +59,7 @@ extern Settings settings;
 /// Gives a setting a new value. Returns whether it is another one, and then notes that the settings
 /// are to be written.
 template <typename Value>
-bool ChangeSetting(Settings& record, Value Settings::*setting, Value value) {
+bool ChangeSetting(Settings& record, Value Settings::*setting, std::type_identity_t<Value> value) {
     if (record.*setting == value) {
         return false;
     }

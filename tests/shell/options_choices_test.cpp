@@ -16,7 +16,7 @@ protected:
     void TearDown() override { ClearErrors(); }
 
     static OptionsChoices Shown(const Settings& record, OptionsChoices before = {}) {
-        ShowSettings(before, record);
+        ShowOptions(before, record);
         return before;
     }
     static Settings FixedSeparators(int32_t decimal, int32_t thousands) {

@@ -408,10 +408,17 @@ TEST(SettingsText, ASectionLineThatIsNotTheExpectedIsNotPassed) {
 
 TEST(SettingsText, ATextEndsAtItsFirstZero) {
     std::u16string text = Joined(FullFileLines);
-    const size_t angle = text.find(u"gon");
-    text[angle] = 0;
+    text[text.find(u"gon")] = 0;
     Settings expected = FullUpTo(AngleLine);
     ExpectRead(text, expected);
+    // What stands behind it is as if it were not there, behind a carriage return too.
+    expected = Settings();
+    expected.language = LanguageGerman;
+    for (const std::u16string& line :
+         {std::u16string(u"language = German"), std::u16string(u"language = German\r"),
+          std::u16string(u"language = German\r\n")}) {
+        ExpectRead(line + u'\0' + u"decimal_separator = comma", expected);
+    }
 }
 
 TEST(SettingsVariables, AreSplitAtTheFirstSemicolon) {
