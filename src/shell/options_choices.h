@@ -7,26 +7,14 @@
 
 namespace tallymere {
 
-/// The rows of the two lists, whose positions are the values of the settings.
-inline constexpr const char16_t* UiText::*DecimalSeparatorRows[] = {
-    &UiText::TextOptPoint,
-    &UiText::TextOptComma,
-};
-inline constexpr const char16_t* UiText::*ThousandsSeparatorRows[] = {
-    &UiText::TextOptPoint,
-    &UiText::TextOptComma,
-    &UiText::TextOptApostrophe,
-    &UiText::TextOptNarrowSpaceU202F,
-};
-
 /// The position of a list in which no row is selected.
 inline constexpr int32_t NoRow = -1;
 
-/// What the controls of the dialog say.
+/// What the controls of the dialog say; see shell/options_form.h for them.
 struct OptionsChoices {
     bool automaticSeparators = false;  ///< while set, the lists and their labels are disabled
-    int32_t decimalRow = NoRow;
-    int32_t thousandsRow = NoRow;
+    int32_t decimalRow = NoRow;        ///< a DecimalSeparatorSetting
+    int32_t thousandsRow = NoRow;      ///< a ThousandsSeparatorSetting
     bool groupCalculator = false;
     bool groupEquations = false;
     bool groupPrimes = false;

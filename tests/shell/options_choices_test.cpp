@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <iterator>
-
 #include "shell/settings_testing.h"
 #include "shell/ui_error.h"
 
@@ -26,22 +24,6 @@ protected:
         return record;
     }
 };
-
-TEST_F(OptionsDialog, TheRowsOfTheListsAreTheValuesOfTheSettings) {
-    InstallLanguage(LanguageEnglish);
-    ASSERT_EQ(std::size(DecimalSeparatorRows), 2u);
-    EXPECT_EQ(std::u16string(uiText.*DecimalSeparatorRows[DecimalPoint]), u"Point");
-    EXPECT_EQ(std::u16string(uiText.*DecimalSeparatorRows[DecimalComma]), u"Comma");
-    ASSERT_EQ(std::size(ThousandsSeparatorRows), 4u);
-    EXPECT_EQ(std::u16string(uiText.*ThousandsSeparatorRows[ThousandsPoint]), u"Point");
-    EXPECT_EQ(std::u16string(uiText.*ThousandsSeparatorRows[ThousandsComma]), u"Comma");
-    EXPECT_EQ(std::u16string(uiText.*ThousandsSeparatorRows[ThousandsApostrophe]), u"Apostrophe");
-    EXPECT_EQ(std::u16string(uiText.*ThousandsSeparatorRows[ThousandsNarrowSpace]),
-              u"Narrow space U+202F");
-    InstallLanguage(LanguageGerman);
-    EXPECT_EQ(std::u16string(uiText.*ThousandsSeparatorRows[ThousandsComma]), u"Komma");
-    InstallLanguage(LanguageEnglish);
-}
 
 TEST_F(OptionsDialog, FixedSeparatorsAreShownByTheirRows) {
     for (int32_t decimal = 0; decimal < 2; decimal++) {
