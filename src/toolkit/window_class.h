@@ -1,0 +1,35 @@
+// The window classes of the toolkit.
+#pragma once
+
+#include <cstdint>
+
+#include "toolkit/win32.h"
+
+namespace tallymere {
+
+/// A class of windows with the arrow as cursor and the colour of buttons as background. Lives as
+/// long as the process.
+struct ToolkitClass {
+    const char16_t* name;
+    WNDPROC procedure;
+    UINT style;       ///< CS_ bits
+    int32_t slots;    ///< of 8 bytes, for GetSlot and SetSlot
+    bool registered;  ///< false at first
+};
+
+/// Registers a class on first use. A failure is not told; the next call tries again.
+void RegisterToolkitClass(ToolkitClass& toolkitClass);
+
+/// What the class of a window keeps with it: 8 bytes in each slot, 0 at first. `Value` is a
+/// pointer, a function or an integer.
+template <typename Value>
+Value GetSlot(HWND window, int32_t slot) {
+    return (Value)GetWindowLongPtrW(window, slot * static_cast<int32_t>(sizeof(LONG_PTR)));
+}
+
+template <typename Value>
+void SetSlot(HWND window, int32_t slot, Value value) {
+    SetWindowLongPtrW(window, slot * static_cast<int32_t>(sizeof(LONG_PTR)), (LONG_PTR)value);
+}
+
+}  // namespace tallymere
