@@ -52,4 +52,7 @@ HWND RadioGroupEnd(HWND control, bool forward);
 /// is checked, the first one, which is then checked.
 void FocusControl(HWND control);
 
+/// What the Tab key does in a control. Returns the window that has got the focus.
+HWND FocusNextControl(HWND control, bool forward);
+
 }  // namespace tallymere

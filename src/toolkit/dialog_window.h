@@ -42,4 +42,8 @@ HWND DefaultButton(HWND dialog);
 /// former one loses. False, and nothing is changed, for any other control.
 bool SetDefaultButton(HWND dialog, HWND button);
 
+/// Whether a dialog runs modally, see toolkit/modal_loop.h.
+bool IsModal(HWND dialog);
+void SetModal(HWND dialog, bool modal);
+
 }  // namespace tallymere

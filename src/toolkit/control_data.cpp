@@ -1,0 +1,175 @@
+#include "toolkit/control_data.h"
+
+#include <new>
+
+#include "layout/control_keys.h"
+#include "layout/default_look.h"
+#include "toolkit/control_focus.h"
+#include "toolkit/environment.h"
+#include "toolkit/push_button_look.h"
+#include "toolkit/wide_text.h"
+
+namespace tallymere {
+
+namespace {
+
+ControlData* DataOf(HWND control) {
+    return static_cast<ControlData*>(GetPropW(control, ToWide(ControlDataProperty)));
+}
+
+void NoteFocus(HWND control) {
+    const HWND root = GetAncestor(control, GA_ROOT);
+    if (root == nullptr) {
+        return;
+    }
+    const HWND last = LastFocus(root);
+    SetLastFocus(root, control);
+    ApplyLooks(LooksAfterFocus(WindowsTree{}, control, last, DefaultButton(root)));
+}
+
+void ShowFocusRectangle(HWND control) {
+    SendMessageW(control, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
+}
+
+// A click brings the focus to the button; Return leaves it where it was.
+void ClickDefaultButton(HWND control) {
+    const HWND root = GetAncestor(control, GA_ROOT);
+    const HWND button = DefaultButton(root);
+    const HWND focused = GetFocus();
+    SendMessageW(button, BM_CLICK, 0, 0);
+    if (GetFocus() == button) {
+        FocusControl(focused);
+    } else {
+        SetLastFocus(root, focused);
+    }
+}
+
+void MoveInRadioGroup(HWND button, WalkDirection direction) {
+    const HWND target = RadioArrowTarget(WindowsTree{}, button, direction);
+    if (target != nullptr) {
+        SendMessageW(target, BM_CLICK, 0, 0);
+        SetFocus(target);
+        ShowFocusRectangle(target);
+    }
+}
+
+bool IsKeyHeld(int key) {
+    return GetKeyState(key) < 0;
+}
+
+KeyAction ActionOfKeyMessage(HWND control, uint32_t key, bool isDown) {
+    return ActionOfKey(
+        {.key = key,
+         .isDown = isDown,
+         .shift = IsKeyHeld(VK_SHIFT),
+         .control = IsKeyHeld(VK_CONTROL)},
+        {.isPushButton = IsPushButton(control),
+         .isRadioButton = IsRadioButton(control),
+         .wantsReturn = WantsReturn(control),
+         .hasDefaultButton = DefaultButton(GetAncestor(control, GA_ROOT)) != nullptr});
+}
+
+// Whether the key still has to reach the control's own procedure.
+bool ForwardsKey(HWND control, uint32_t key, bool isDown) {
+    switch (ActionOfKeyMessage(control, key, isDown)) {
+        case KeyForward:
+            return true;
+        case KeySwallow:
+            break;
+        case KeyTabForward:
+            ShowFocusRectangle(FocusNextControl(control, true));
+            break;
+        case KeyTabBackward:
+            ShowFocusRectangle(FocusNextControl(control, false));
+            break;
+        case KeyClickItself:
+            SendMessageW(control, BM_CLICK, 0, 0);
+            break;
+        case KeyClickDefault:
+            ClickDefaultButton(control);
+            break;
+        case KeyRadioForward:
+            MoveInRadioGroup(control, WalkForward);
+            break;
+        case KeyRadioBackward:
+            MoveInRadioGroup(control, WalkBackward);
+            break;
+    }
+    return false;
+}
+
+}  // namespace
+
+void AttachControlData(HWND window, WindowHandler handler) {
+    const auto procedure = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(window, GWLP_WNDPROC));
+    auto* data = new (std::nothrow) ControlData{procedure, handler, 0};
+    if (data == nullptr || !SetPropW(window, ToWide(ControlDataProperty), data)) {
+        delete data;
+        return;
+    }
+    SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(ControlProc));
+    if (defaultGuiFont != nullptr) {
+        SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(defaultGuiFont), FALSE);
+    }
+}
+
+void SetControlHandler(HWND control, WindowHandler handler) {
+    if (ControlData* data = DataOf(control); data != nullptr) {
+        data->handler = handler;
+    }
+}
+
+LRESULT CALLBACK ControlProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    ControlData* data = DataOf(window);
+    const WNDPROC savedProc =
+        data != nullptr ? data->savedProc
+                        : reinterpret_cast<WNDPROC>(GetClassLongPtrW(window, GCLP_WNDPROC));
+    if (data != nullptr && data->handler != nullptr) {
+        bool callDefault = true;
+        const LRESULT result = data->handler(window, message, wParam, lParam, callDefault);
+        if (!callDefault) {
+            return result;
+        }
+    }
+    bool forwards = true;
+    switch (message) {
+        case WM_SETFOCUS:
+            NoteFocus(window);
+            break;
+        case WM_NCDESTROY:
+            delete data;
+            RemovePropW(window, ToWide(ControlDataProperty));
+            break;
+        case WM_CHAR:
+            forwards = ForwardsCharacter(static_cast<uint32_t>(wParam), WantsReturn(window));
+            break;
+        case WM_KEYDOWN:
+        case WM_KEYUP:
+            forwards = ForwardsKey(window, static_cast<uint32_t>(wParam), message == WM_KEYDOWN);
+            break;
+        default:
+            break;
+    }
+    return forwards ? CallWindowProcW(savedProc, window, message, wParam, lParam) : 0;
+}
+
+void ShowControl(HWND control, bool show) {
+    ShowWindow(control, show ? SW_SHOW : SW_HIDE);
+    const HWND root = GetAncestor(control, GA_ROOT);
+    RECT area = {};
+    GetWindowRect(control, &area);
+    MapWindowPoints(HWND_DESKTOP, root, reinterpret_cast<POINT*>(&area), 2);
+    InvalidateRect(root, &area, TRUE);
+}
+
+void SetControlSize(HWND control, int32_t width, int32_t height) {
+    SetWindowPos(control, nullptr, 0, 0, ToScreenPixels(width), ToScreenPixels(height),
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void SetControlWidth(HWND control, int32_t width) {
+    SetWindowPos(control, nullptr, 0, 0, ToScreenPixels(width), PlaceInParent(control).height,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+}  // namespace tallymere

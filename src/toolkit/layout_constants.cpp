@@ -1,0 +1,30 @@
+// The logic half writes down what it needs of the system's numbers; here both are held together.
+#include "layout/control_keys.h"
+#include "layout/control_kinds.h"
+#include "layout/logical_units.h"
+#include "shell/window_states.h"
+#include "toolkit/win32.h"
+
+namespace tallymere {
+
+static_assert(LogicalDpi == USER_DEFAULT_SCREEN_DPI);
+
+static_assert(KeyTab == VK_TAB && KeyReturn == VK_RETURN);
+static_assert(KeyLeft == VK_LEFT && KeyUp == VK_UP && KeyRight == VK_RIGHT && KeyDown == VK_DOWN);
+
+static_assert(StyleChild == WS_CHILD && StyleDisabled == WS_DISABLED && StyleTabStop == WS_TABSTOP);
+
+static_assert(ButtonTypeMask == BS_TYPEMASK);
+static_assert(ButtonTypePush == BS_PUSHBUTTON && ButtonTypeDefaultPush == BS_DEFPUSHBUTTON);
+static_assert(ButtonTypeRadio == BS_RADIOBUTTON && ButtonTypeAutoRadio == BS_AUTORADIOBUTTON);
+
+static_assert(StaticTypeMask == SS_TYPEMASK);
+static_assert(StaticTypeLeft == SS_LEFT && StaticTypeCentre == SS_CENTER);
+static_assert(StaticTypeRight == SS_RIGHT && StaticTypeLeftNoWrap == SS_LEFTNOWORDWRAP);
+
+static_assert(EditWantsReturn == ES_WANTRETURN);
+
+static_assert(WindowHidden == SW_HIDE && WindowNormal == SW_SHOWNORMAL);
+static_assert(WindowMaximised == SW_SHOWMAXIMIZED);
+
+}  // namespace tallymere

@@ -1,0 +1,13 @@
+// The look of the default button on real push buttons.
+#pragma once
+
+#include "layout/default_look.h"
+#include "toolkit/win32.h"
+
+namespace tallymere {
+
+/// Gives push buttons the look of a default button or takes it from them, and repaints them. All
+/// else of their style stays.
+void ApplyLooks(const LookChanges<HWND>& looks);
+
+}  // namespace tallymere
