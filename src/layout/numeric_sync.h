@@ -37,4 +37,9 @@ constexpr bool ReportsPosition(bool notify, int32_t position, int32_t lastReport
     return notify && position != lastReported;
 }
 
+/// The position that a text in the field stands for: the number that it is, digits with at most a
+/// sign before them, else `position`; moved to the nearer end of the range, low <= high, when it
+/// lies outside.
+int32_t PositionOfText(const char16_t* text, int32_t position, int32_t low, int32_t high);
+
 }  // namespace tallymere

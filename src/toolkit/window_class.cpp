@@ -21,4 +21,13 @@ void RegisterToolkitClass(ToolkitClass& toolkitClass) {
     toolkitClass.registered = RegisterClassExW(&windowClass) != 0;
 }
 
+HWND CreateOwnControl(HWND parent, ToolkitClass& toolkitClass, const LayoutRect& place,
+                      DWORD style) {
+    RegisterToolkitClass(toolkitClass);
+    const LayoutRect pixels = ToScreenPixels(place);
+    return CreateWindowExW(0, ToWide(toolkitClass.name), nullptr, style | WS_CHILD | WS_VISIBLE,
+                           pixels.x, pixels.y, pixels.width, pixels.height, parent, nullptr,
+                           programInstance, nullptr);
+}
+
 }  // namespace tallymere

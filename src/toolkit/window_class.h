@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "layout/logical_units.h"
 #include "toolkit/win32.h"
 
 namespace tallymere {
@@ -19,6 +20,10 @@ struct ToolkitClass {
 
 /// Registers a class on first use. A failure is not told; the next call tries again.
 void RegisterToolkitClass(ToolkitClass& toolkitClass);
+
+/// Makes a visible child of a class of the toolkit's own controls; `place` in logical units.
+HWND CreateOwnControl(HWND parent, ToolkitClass& toolkitClass, const LayoutRect& place,
+                      DWORD style = 0);
 
 /// What the class of a window keeps with it: 8 bytes in each slot, 0 at first. `Value` is a
 /// pointer, a function or an integer.

@@ -1,0 +1,83 @@
+#include "toolkit/number_type_control.h"
+
+#include "shell/number_type_rows.h"
+#include "toolkit/standard_controls.h"
+#include "toolkit/window_class.h"
+
+namespace tallymere {
+
+namespace {
+
+enum NumberTypeSlot : int32_t { ListSlot, ChosenSlot, NumberTypeSlotCount };
+
+constexpr int32_t NumberTypeY = 29;
+constexpr LayoutSize NumberTypeSize = {70, 23};
+
+void CreateChildren(HWND control) {
+    const HWND list = CreateDropList(control, {0, 0, NumberTypeSize.width, NumberTypeSize.height});
+    SetSlot(control, ListSlot, list);
+    for (const NumberTypeRow& row : NumberTypeRows) {
+        const LRESULT index =
+            SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(uiText.*row.text));
+        SendMessageW(list, CB_SETITEMDATA, static_cast<WPARAM>(index), row.type);
+    }
+}
+
+void TellChosenType(HWND control) {
+    if (const auto chosen = GetSlot<NumberTypeChosen>(control, ChosenSlot); chosen != nullptr) {
+        chosen(control, SelectedNumberType(control));
+    }
+}
+
+LRESULT CALLBACK NumberTypeProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_CREATE:
+            CreateChildren(window);
+            break;
+        case WM_COMMAND:
+            if (HIWORD(wParam) == CBN_SELCHANGE &&
+                reinterpret_cast<HWND>(lParam) == NumberTypeList(window)) {
+                TellChosenType(window);
+            }
+            break;
+        default:
+            break;
+    }
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+ToolkitClass numberTypeClass = {NumberTypeClass, NumberTypeProc, 0, NumberTypeSlotCount, false};
+
+}  // namespace
+
+HWND CreateNumberTypeControl(HWND parent, int32_t x) {
+    return CreateOwnControl(parent, numberTypeClass,
+                            {x, NumberTypeY, NumberTypeSize.width, NumberTypeSize.height});
+}
+
+void SetNumberTypeChosen(HWND control, NumberTypeChosen chosen) {
+    SetSlot(control, ChosenSlot, chosen);
+}
+
+void SelectNumberTypeReal(HWND control) {
+    WPARAM index = 0;
+    while (NumberTypeRows[index].type != NumberTypeReal) {
+        index++;
+    }
+    SendMessageW(NumberTypeList(control), CB_SETCURSEL, index, 0);
+}
+
+int32_t SelectedNumberType(HWND control) {
+    const HWND list = NumberTypeList(control);
+    const LRESULT index = SendMessageW(list, CB_GETCURSEL, 0, 0);
+    if (index < 0) {
+        return 0;
+    }
+    return static_cast<int32_t>(SendMessageW(list, CB_GETITEMDATA, static_cast<WPARAM>(index), 0));
+}
+
+HWND NumberTypeList(HWND control) {
+    return GetSlot<HWND>(control, ListSlot);
+}
+
+}  // namespace tallymere
