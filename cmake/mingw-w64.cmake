@@ -1,4 +1,8 @@
-# Cross build of the 64-bit Windows programs with MinGW-w64.
+# Cross build of the 64-bit Windows programs with MinGW-w64; on Windows the build is a native one.
+if(CMAKE_HOST_WIN32)
+  return()
+endif()
+
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 

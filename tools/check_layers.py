@@ -27,6 +27,7 @@ LAYERS = [
     ["toolkit"],
     ["shell/windows"],
     ["numtheory/windows", "algebra/windows", "calculator/windows"],
+    ["program/windows"],
 ]
 LEVEL = {folder: level for level, folders in enumerate(LAYERS) for folder in folders}
 

@@ -1,0 +1,32 @@
+# The Windows program: `tallymere` is tallymere.exe with its help beside it, below
+# HtmlBrowserHelpFiles/Tallymere.
+enable_language(RC)
+
+# The windows on top of the toolkit: those of the shell and the pages.
+file(GLOB window_sources CONFIGURE_DEPENDS src/*/windows/*.cpp src/*/windows/*.h)
+list(FILTER window_sources EXCLUDE REGEX "/src/program/windows/")
+add_library(tallymere_windows STATIC ${window_sources})
+target_link_libraries(tallymere_windows
+  PUBLIC tallymere_toolkit comdlg32 shell32 shlwapi
+  PRIVATE tallymere_product_options)
+
+file(GLOB program_sources CONFIGURE_DEPENDS src/program/windows/*.cpp)
+add_executable(tallymere WIN32 ${program_sources} resources/tallymere.rc)
+target_link_libraries(tallymere PRIVATE tallymere_windows tallymere_product_options)
+set(resource_files
+  resources/tallymere.manifest resources/app_icon.ico resources/donate_icon.ico)
+list(TRANSFORM resource_files PREPEND ${PROJECT_SOURCE_DIR}/)
+set_source_files_properties(resources/tallymere.rc PROPERTIES OBJECT_DEPENDS "${resource_files}")
+
+# A page that changed is copied again without linking anew.
+set(help_folder ${PROJECT_BINARY_DIR}/HtmlBrowserHelpFiles/Tallymere)
+file(GLOB help_pages CONFIGURE_DEPENDS help/Tallymere/*)
+set(help_copies)
+foreach(page ${help_pages})
+  get_filename_component(name ${page} NAME)
+  add_custom_command(OUTPUT ${help_folder}/${name} DEPENDS ${page}
+    COMMAND ${CMAKE_COMMAND} -E copy ${page} ${help_folder}/${name})
+  list(APPEND help_copies ${help_folder}/${name})
+endforeach()
+add_custom_target(tallymere_help DEPENDS ${help_copies})
+add_dependencies(tallymere tallymere_help)

@@ -1,0 +1,59 @@
+#include "shell/windows/browser.h"
+
+#include "shell/program_paths.h"
+#include "shell/text_format.h"
+#include "shell/ui_error.h"
+#include "shell/windows/error_report.h"
+#include "toolkit/wide_text.h"
+#include "toolkit/win32.h"
+
+#include <shellapi.h>
+#include <shlwapi.h>
+
+namespace tallymere {
+
+namespace {
+
+constexpr int64_t QuotedAddressCapacity = PathCapacity + 2;
+
+char16_t helpFolder[PathCapacity + 1] = u"";
+
+bool IsFile(const char16_t* path) {
+    const DWORD attributes = GetFileAttributesW(ToWide(path));
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+}  // namespace
+
+void OpenInBrowser(const char16_t* argument) {
+    char16_t browser[PathCapacity + 1];
+    DWORD size = PathCapacity + 1;
+    if (AssocQueryStringW(ASSOCF_NONE, ASSOCSTR_EXECUTABLE, L"http", nullptr, ToWide(browser),
+                          &size) == S_OK) {
+        ShellExecuteW(nullptr, L"open", ToWide(browser), ToWide(argument), nullptr, SW_SHOWNORMAL);
+    }
+}
+
+void FindHelpFolder() {
+    // A path that does not fit is cut to the buffer, and what it should become does not fit either.
+    char16_t programFile[PathCapacity + 1];
+    GetModuleFileNameW(nullptr, ToWide(programFile), PathCapacity + 1);
+    programFile[PathCapacity] = 0;
+    FormatHelpFolder(helpFolder, programFile);
+}
+
+void ShowHelp() {
+    char16_t address[PathCapacity + 1];
+    FormatHelpAddress(address, helpFolder, effectiveLanguage);
+    const char16_t* path = address + FileSchemeCharacters;
+    if (IsFile(path)) {
+        char16_t quoted[QuotedAddressCapacity + 1];
+        FormatBounded(quoted, QuotedAddressCapacity, u"\"%s\"", {address});
+        OpenInBrowser(quoted);
+    } else {
+        SetUiError(UiErrorFileNotFound, path);
+    }
+    ReportUiError();
+}
+
+}  // namespace tallymere

@@ -1,0 +1,76 @@
+#include "shell/windows/init_application.h"
+
+#include "core/scratch.h"
+#include "shell/settings.h"
+#include "shell/ui_error.h"
+#include "shell/ui_text.h"
+#include "shell/windows/browser.h"
+#include "shell/windows/fonts.h"
+#include "shell/windows/settings_file.h"
+#include "shell/windows/user_locale.h"
+#include "toolkit/environment.h"
+
+namespace tallymere {
+
+namespace {
+
+constexpr int32_t GuiFontHeight = 16;
+constexpr DWORD AllControlClasses = 0xFFFF;
+
+// A function that not every version of Windows has, null where it is missing. A module is looked at
+// only if it is loaded already.
+template <typename Function>
+Function FindSystemFunction(const wchar_t* module, const char* name) {
+    return reinterpret_cast<Function>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(module), name)));
+}
+
+void FindOsVersion() {
+    using RtlGetVersionFunction = LONG(WINAPI*)(OSVERSIONINFOEXW*);
+    const auto rtlGetVersion =
+        FindSystemFunction<RtlGetVersionFunction>(L"ntdll.dll", "RtlGetVersion");
+    OSVERSIONINFOEXW version = {};
+    static_assert(sizeof(version) == 284);
+    version.dwOSVersionInfoSize = sizeof(version);
+    if (rtlGetVersion != nullptr && rtlGetVersion(&version) == 0) {
+        osVersionCode = version.dwMajorVersion << 8 | version.dwMinorVersion;
+    }
+}
+
+// Without this the system would stretch the windows of a screen of high resolution.
+void DeclareDpiAware() {
+    using SetProcessDPIAwareFunction = BOOL(WINAPI*)();
+    const auto setProcessDPIAware =
+        FindSystemFunction<SetProcessDPIAwareFunction>(L"user32.dll", "SetProcessDPIAware");
+    if (setProcessDPIAware != nullptr) {
+        setProcessDPIAware();
+    }
+}
+
+void FindScreenDpi() {
+    const HDC screen = GetDC(nullptr);
+    screenDpi = GetDeviceCaps(screen, LOGPIXELSY);
+    ReleaseDC(nullptr, screen);
+}
+
+}  // namespace
+
+void InitApplication(HINSTANCE instance) {
+    programInstance = instance;
+    FindOsVersion();
+    const INITCOMMONCONTROLSEX commonControls = {sizeof(commonControls), AllControlClasses};
+    InitCommonControlsEx(&commonControls);
+    DeclareDpiAware();
+    FindScreenDpi();
+    defaultGuiFont = MakeFont({u"Segoe UI", GuiFontHeight});
+    InstallCancelFlag();
+    CreateScratchStack();
+    SettingsPath();
+    LoadSettings();
+    RepairSeparators(settings);
+    ApplyUserSeparators();
+    InstallLanguage(ChooseLanguage(settings.language, UserLanguageId()));
+    FindHelpFolder();
+}
+
+}  // namespace tallymere

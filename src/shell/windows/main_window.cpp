@@ -1,0 +1,159 @@
+#include "shell/windows/main_window.h"
+
+#include "shell/main_menu.h"
+#include "shell/program_facts.h"
+#include "shell/settings.h"
+#include "shell/text_format.h"
+#include "shell/window_states.h"
+#include "shell/windows/browser.h"
+#include "shell/windows/program_windows.h"
+#include "toolkit/dialog_window.h"
+#include "toolkit/environment.h"
+#include "toolkit/modal_loop.h"
+#include "toolkit/wide_text.h"
+
+namespace tallymere {
+
+namespace {
+
+constexpr LayoutSize MainWindowSize = {370, 40};
+constexpr LayoutSize HiddenOwnerSize = {10, 10};
+constexpr int64_t TitleCapacity = 63;
+
+WindowStateList<HWND> windowStates;
+
+// Without a handler of its own the window does only what every dialog does.
+LRESULT PassMessageOn(HWND, UINT, WPARAM, LPARAM, bool&) {
+    return 0;
+}
+
+void InsertMenuCaption(HMENU menu, const MenuItem& item, HMENU dropDown) {
+    MENUITEMINFOW info = {};
+    info.cbSize = sizeof(info);
+    info.fMask = MIIM_ID | MIIM_STRING | (dropDown == nullptr ? 0u : UINT{MIIM_SUBMENU});
+    info.wID = static_cast<UINT>(item.id);
+    info.hSubMenu = dropDown;
+    // Only read in a call that sets.
+    info.dwTypeData = const_cast<wchar_t*>(ToWide(uiText.*item.caption));
+    InsertMenuItemW(menu, static_cast<UINT>(GetMenuItemCount(menu)), TRUE, &info);
+}
+
+void BuildMainMenu(HWND window) {
+    const HMENU bar = CreateMenu();
+    HMENU dropDown = nullptr;
+    for (const MenuItem& item : MainMenu) {
+        if (item.IsBarItem()) {
+            dropDown = CreateMenu();
+            InsertMenuCaption(bar, item, dropDown);
+        } else {
+            InsertMenuCaption(dropDown, item, nullptr);
+        }
+    }
+    SetMenu(window, bar);
+}
+
+BOOL CALLBACK NoteThreadWindow(HWND window, LPARAM) {
+    const bool isVisible = IsWindowVisible(window) != FALSE;
+    WINDOWPLACEMENT placement = {};
+    placement.length = sizeof(placement);
+    GetWindowPlacement(window, &placement);
+    return NoteWindowState(windowStates, window, isVisible, placement.showCmd);
+}
+
+void HideNotedWindows() {
+    EnumThreadWindows(GetCurrentThreadId(), NoteThreadWindow, 0);
+    for (int32_t i = 0; i < windowStates.count; i++) {
+        const WindowState<HWND>& state = windowStates.states[i];
+        if (FollowsMainWindow(state, mainWindow)) {
+            ShowWindow(state.window, SW_HIDE);
+        }
+    }
+}
+
+void ShowNotedWindows() {
+    for (int32_t i = 0; i < windowStates.count; i++) {
+        const WindowState<HWND>& state = windowStates.states[i];
+        if (FollowsMainWindow(state, mainWindow)) {
+            ShowWindow(state.window, static_cast<int>(state.showState));
+        }
+    }
+    windowStates.count = 0;
+}
+
+void RunMenuCommand(MenuCommand command) {
+    switch (command.action) {
+        case MenuDoesNothing:
+            break;
+        case MenuShowsOptions:
+            ShowProgramWindow(optionsWindow);
+            break;
+        case MenuClosesProgram:
+            SendMessageW(mainWindow, WM_CLOSE, 0, 0);
+            break;
+        case MenuShowsPage:
+            ShowProgramWindow(pageWindows[command.page]);
+            break;
+        case MenuOpensHelp:
+            ShowHelp();
+            break;
+        case MenuRunsAbout:
+            RunModal(aboutWindow);
+            break;
+    }
+}
+
+LRESULT MainWindowProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
+    switch (message) {
+        case WM_SIZE:
+            if (wParam == SIZE_MINIMIZED) {
+                HideNotedWindows();
+            } else if (wParam == SIZE_RESTORED) {
+                ShowNotedWindows();
+            }
+            break;
+        case WM_COMMAND:
+            RunMenuCommand(CommandOfMenu(LOWORD(wParam), lParam));
+            break;
+        case WM_CLOSE:
+            callDefault = false;
+            PostQuitMessage(0);
+            break;
+        default:
+            break;
+    }
+    return 0;
+}
+
+// The class is registered by now, so the icon is put into it by way of a window that is thrown away
+// again.
+void SetIconOfAllWindows() {
+    const HWND window = CreateDialogWindow(nullptr, HiddenOwnerSize, u"", PassMessageOn, 0, 0);
+    const HICON icon = LoadIconW(programInstance, L"!AppIcon");
+    SetClassLongPtrW(window, GCLP_HICON, reinterpret_cast<LONG_PTR>(icon));
+    SetClassLongPtrW(window, GCLP_HICONSM, 0);
+    DestroyWindow(window);
+}
+
+}  // namespace
+
+void CreateMainWindow() {
+    hiddenOwnerWindow = CreateDialogWindow(nullptr, HiddenOwnerSize, u"", PassMessageOn, 0, 0);
+    char16_t title[TitleCapacity + 1];
+    FormatBounded(title, TitleCapacity, u"%s %s", {ProgramName, ProgramVersion});
+    mainWindow = CreateDialogWindow(hiddenOwnerWindow, MainWindowSize, title, MainWindowProc,
+                                    WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX |
+                                        DialogClientSize | DialogCentred,
+                                    WS_EX_APPWINDOW);
+    BuildMainMenu(mainWindow);
+    SetIconOfAllWindows();
+}
+
+void OpenMainWindow() {
+    ShowWindow(mainWindow, SW_SHOWNORMAL);
+    if (settings.showWelcomeHint) {
+        RunModal(aboutWindow);
+        ChangeSetting(settings, &Settings::showWelcomeHint, false);
+    }
+}
+
+}  // namespace tallymere

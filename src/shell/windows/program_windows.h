@@ -1,0 +1,29 @@
+// The windows of the program. All of them are made at the start, hidden, and live as long as the
+// process: who closes one only hides it.
+#pragma once
+
+#include "shell/main_menu.h"
+#include "toolkit/win32.h"
+
+namespace tallymere {
+
+/// Never shown: owns the main window and the pages, so that these are equals on the desktop.
+extern HWND hiddenOwnerWindow;
+
+/// The menu window, the handle of the whole program.
+extern HWND mainWindow;
+
+/// One window for each item of the Algebra menu; null for a page that was not made.
+extern HWND pageWindows[PageCount];
+
+extern HWND optionsWindow;
+extern HWND aboutWindow;
+extern HWND variablesWindow;
+
+/// Shows a window and brings it to the front; null does nothing.
+void ShowProgramWindow(HWND window);
+
+/// What closing a window that is only hidden does: its owner is activated, if it has one.
+void HideProgramWindow(HWND window);
+
+}  // namespace tallymere

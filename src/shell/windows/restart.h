@@ -1,0 +1,9 @@
+// A new start of the program, which is how a change of language takes effect.
+#pragma once
+
+namespace tallymere {
+
+/// Writes the settings, starts the program's own file anew and lets this process end.
+void RestartProgram();
+
+}  // namespace tallymere
