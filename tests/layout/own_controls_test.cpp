@@ -178,6 +178,32 @@ TEST(NumericUpDown, APositionOfThePageIsToldWhenTheFieldIsLeft) {
     EXPECT_EQ(field.told, std::vector<int32_t>{10});
 }
 
+TEST(NumericUpDown, ANumberInTheTextIsThePosition) {
+    EXPECT_EQ(PositionOfText(u"42", 7, 1, 100), 42);
+    EXPECT_EQ(PositionOfText(u"+42", 7, 1, 100), 42);
+    EXPECT_EQ(PositionOfText(u"-42", 7, -100, 100), -42);
+    EXPECT_EQ(PositionOfText(u"0000000000000000000042", 7, 1, 100), 42);
+    EXPECT_EQ(PositionOfText(u"2147483647", 7, INT32_MIN, INT32_MAX), INT32_MAX);
+    EXPECT_EQ(PositionOfText(u"-2147483648", 7, INT32_MIN, INT32_MAX), INT32_MIN);
+}
+
+TEST(NumericUpDown, ANumberOutsideOfTheRangeGoesToItsNearerEnd) {
+    EXPECT_EQ(PositionOfText(u"0", 7, 1, 100), 1);
+    EXPECT_EQ(PositionOfText(u"-99", 7, 1, 100), 1);
+    EXPECT_EQ(PositionOfText(u"101", 7, 1, 100), 100);
+    EXPECT_EQ(PositionOfText(u"2147483648", 7, INT32_MIN, INT32_MAX), INT32_MAX);
+    EXPECT_EQ(PositionOfText(u"-2147483649", 7, INT32_MIN, INT32_MAX), INT32_MIN);
+    EXPECT_EQ(PositionOfText(u"99999999999999999999999999", 7, 1, 100), 100);
+    EXPECT_EQ(PositionOfText(u"-99999999999999999999999999", 7, 1, 100), 1);
+}
+
+TEST(NumericUpDown, ATextThatIsNoNumberLeavesThePositionInItsRange) {
+    for (const char16_t* text : {u"", u"+", u"-", u"abc", u"1x", u"x1", u"1 2", u"--1", u"1.5"}) {
+        EXPECT_EQ(PositionOfText(text, 7, 1, 100), 7);
+        EXPECT_EQ(PositionOfText(text, 0, 1, 100), 1);
+    }
+}
+
 // Drags a bar past its limit and back, as a page does that keeps it between two positions.
 struct DraggedBar {
     SplitterDrag drag;

@@ -1,0 +1,290 @@
+// The record and the procedure behind every control.
+#include "toolkit/control_data.h"
+
+#include "toolkit/test_dialog.h"
+
+namespace tallymere {
+namespace {
+
+using testing_support::HasDefaultLook;
+using testing_support::heard;
+using testing_support::IsChecked;
+using testing_support::PressKey;
+using testing_support::TextOf;
+using testing_support::TypeCharacter;
+
+class ControlProcedure : public testing_support::ToolkitTest {
+protected:
+    // Three radio buttons with a button before and one behind.
+    void AddRadioGroup() {
+        before = Button(u"before");
+        for (HWND& radio : radios) {
+            radio = Radio(u"radio");
+        }
+        behind = Button(u"behind");
+    }
+
+    HWND before = nullptr;
+    HWND radios[3] = {};
+    HWND behind = nullptr;
+};
+
+int32_t keysSeen = 0;
+
+LRESULT EatKeys(HWND, UINT message, WPARAM, LPARAM, bool& callDefault) {
+    if (message == WM_KEYDOWN || message == WM_CHAR) {
+        keysSeen++;
+        callDefault = false;
+        return 3;
+    }
+    return 0;
+}
+
+TEST_F(ControlProcedure, EveryControlHasARecord) {
+    const HWND edit = Edit();
+    const auto* data = static_cast<ControlData*>(GetPropW(edit, ToWide(ControlDataProperty)));
+    ASSERT_NE(data, nullptr);
+    EXPECT_EQ(sizeof *data, 24u);
+    EXPECT_NE(data->savedProc, nullptr);
+    EXPECT_EQ(data->handler, nullptr);
+    EXPECT_EQ(data->reserved, 0u);
+    EXPECT_EQ(GetWindowLongPtrW(edit, GWLP_WNDPROC), reinterpret_cast<LONG_PTR>(ControlProc));
+}
+
+TEST_F(ControlProcedure, EveryControlGetsTheFont) {
+    LOGFONTW description = {};
+    description.lfHeight = 16;
+    const HFONT font = CreateFontIndirectW(&description);
+    defaultGuiFont = font;
+    const HWND edit = Edit();
+    defaultGuiFont = nullptr;
+    EXPECT_EQ(SendMessageW(edit, WM_GETFONT, 0, 0), reinterpret_cast<LRESULT>(font));
+    EXPECT_EQ(SendMessageW(Edit(), WM_GETFONT, 0, 0), 0);
+    DestroyWindow(edit);
+    DeleteObject(font);
+}
+
+TEST_F(ControlProcedure, AHandlerSeesMessagesFirstAndMayEndThem) {
+    const HWND first = Edit();
+    const HWND second = Edit();
+    SetFocus(first);
+    keysSeen = 0;
+    SetControlHandler(first, EatKeys);
+    EXPECT_EQ(SendMessageW(first, WM_KEYDOWN, VK_TAB, 1), 3);
+    EXPECT_EQ(SendMessageW(first, WM_CHAR, u'a', 1), 3);
+    EXPECT_EQ(keysSeen, 2);
+    EXPECT_EQ(GetFocus(), first);
+    EXPECT_EQ(TextOf(first), "");
+    SetControlHandler(first, nullptr);
+    PressKey(first, VK_TAB);
+    EXPECT_EQ(GetFocus(), second);
+}
+
+TEST_F(ControlProcedure, TheFocusIsRemembered) {
+    const HWND edit = Edit();
+    const HWND button = Button(u"button");
+    SetFocus(edit);
+    EXPECT_EQ(LastFocus(dialog), edit);
+    SetFocus(button);
+    EXPECT_EQ(LastFocus(dialog), button);
+}
+
+TEST_F(ControlProcedure, TheDefaultLookFollowsTheFocus) {
+    const HWND defaultButton = Button(u"default");
+    const HWND button = CreateButton(dialog, {0, 0, 60, 20}, u"button", BS_MULTILINE);
+    const HWND edit = Edit();
+    SetDefaultButton(dialog, defaultButton);
+    SetFocus(button);
+    EXPECT_TRUE(HasDefaultLook(button));
+    EXPECT_FALSE(HasDefaultLook(defaultButton));
+    SetFocus(edit);
+    EXPECT_FALSE(HasDefaultLook(button));
+    EXPECT_TRUE(HasDefaultLook(defaultButton));
+    EXPECT_NE(WindowStyle(button) & BS_MULTILINE, 0u);
+    SetFocus(defaultButton);
+    EXPECT_TRUE(HasDefaultLook(defaultButton));
+    EXPECT_FALSE(HasDefaultLook(button));
+}
+
+TEST_F(ControlProcedure, TabGoesAroundInTheOrderOfCreation) {
+    const HWND first = Edit();
+    const HWND group = CreateGroupBox(dialog, {0, 0, 90, 90}, u"group", nullptr);
+    const HWND second = CreateEdit(group, {0, 0, 60, 20}, u"", 0, 0);
+    const HWND third = Edit();
+    SetFocus(first);
+    for (const HWND expected : {second, third, first}) {
+        PressKey(GetFocus(), VK_TAB);
+        EXPECT_EQ(GetFocus(), expected);
+    }
+    for (const HWND expected : {third, second, first}) {
+        PressKey(GetFocus(), VK_TAB, VK_SHIFT);
+        EXPECT_EQ(GetFocus(), expected);
+    }
+    PressKey(first, VK_TAB, VK_CONTROL);
+    EXPECT_EQ(GetFocus(), first);
+}
+
+TEST_F(ControlProcedure, TabShowsWhereTheFocusIs) {
+    const HWND first = Button(u"first");
+    const HWND second = Button(u"second");
+    for (const HWND button : {first, second}) {
+        SendMessageW(button, WM_UPDATEUISTATE, MAKEWPARAM(UIS_SET, UISF_HIDEFOCUS), 0);
+    }
+    SetFocus(first);
+    PressKey(first, VK_TAB);
+    EXPECT_EQ(SendMessageW(second, WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS, 0);
+}
+
+TEST_F(ControlProcedure, TabAndReturnAreNoCharacters) {
+    const HWND line = Edit();
+    TypeCharacter(line, u'\t');
+    TypeCharacter(line, u'\r');
+    TypeCharacter(line, u'x');
+    EXPECT_EQ(TextOf(line), "x");
+    const HWND lines = Edit(ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN);
+    TypeCharacter(lines, u'\t');
+    TypeCharacter(lines, u'\r');
+    TypeCharacter(lines, u'x');
+    EXPECT_EQ(TextOf(lines), "\r\nx");
+}
+
+TEST_F(ControlProcedure, ReturnClicksAButtonItself) {
+    SetDefaultButton(dialog, Button(u"default"));
+    const HWND button = Button(u"button");
+    SetFocus(button);
+    PressKey(button, VK_RETURN);
+    EXPECT_EQ(heard.lastClicked, button);
+    EXPECT_EQ(heard.clicks, 1);
+}
+
+TEST_F(ControlProcedure, ReturnElsewhereClicksTheDefaultButtonAndTheFocusStays) {
+    const HWND edit = Edit();
+    const HWND button = Button(u"default");
+    SetFocus(edit);
+    PressKey(edit, VK_RETURN);
+    EXPECT_EQ(heard.clicks, 0);
+    SetDefaultButton(dialog, button);
+    PressKey(edit, VK_RETURN);
+    EXPECT_EQ(heard.lastClicked, button);
+    EXPECT_EQ(heard.clicks, 1);
+    EXPECT_EQ(GetFocus(), edit);
+    EXPECT_EQ(LastFocus(dialog), edit);
+}
+
+LRESULT GiveFocusAway(HWND window, UINT message, WPARAM, LPARAM, bool&) {
+    if (message == BM_CLICK) {
+        SendMessageW(window, BM_SETSTATE, FALSE, 0);
+        ShowWindow(GetAncestor(window, GA_ROOT), SW_HIDE);
+    }
+    return 0;
+}
+
+TEST_F(ControlProcedure, AClickThatTakesTheFocusAwayIsComeBackFrom) {
+    const HWND edit = Edit();
+    const HWND button = Button(u"default");
+    SetControlHandler(button, GiveFocusAway);
+    SetDefaultButton(dialog, button);
+    SetFocus(edit);
+    PressKey(edit, VK_RETURN);
+    EXPECT_NE(GetFocus(), button);
+    EXPECT_EQ(LastFocus(dialog), edit);
+}
+
+TEST_F(ControlProcedure, ReturnInAFieldOfManyLinesClicksNothing) {
+    SetDefaultButton(dialog, Button(u"default"));
+    const HWND lines = Edit(ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN);
+    SetFocus(lines);
+    PressKey(lines, VK_RETURN);
+    EXPECT_EQ(heard.clicks, 0);
+}
+
+TEST_F(ControlProcedure, ReturnInAnOpenListClicksNothing) {
+    SetDefaultButton(dialog, Button(u"default"));
+    const HWND list = CreateDropList(dialog, {0, 0, 60, 100});
+    SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(u"row"));
+    SetFocus(list);
+    SendMessageW(list, CB_SHOWDROPDOWN, TRUE, 0);
+    PressKey(list, VK_RETURN);
+    EXPECT_EQ(heard.clicks, 0);
+    SendMessageW(list, CB_SHOWDROPDOWN, FALSE, 0);
+    PressKey(list, VK_RETURN);
+    EXPECT_EQ(heard.clicks, 1);
+}
+
+TEST_F(ControlProcedure, TabLeavesARadioGroupAndEntersItAtTheCheckedButton) {
+    AddRadioGroup();
+    SendMessageW(radios[1], BM_SETCHECK, BST_CHECKED, 0);
+    SetFocus(radios[1]);
+    PressKey(radios[1], VK_TAB);
+    EXPECT_EQ(GetFocus(), behind);
+    PressKey(behind, VK_TAB, VK_SHIFT);
+    EXPECT_EQ(GetFocus(), radios[1]);
+    PressKey(radios[1], VK_TAB, VK_SHIFT);
+    EXPECT_EQ(GetFocus(), before);
+    PressKey(before, VK_TAB);
+    EXPECT_EQ(GetFocus(), radios[1]);
+}
+
+TEST_F(ControlProcedure, AGroupWithNothingCheckedGetsItsFirstVisibleButtonChecked) {
+    AddRadioGroup();
+    ShowControl(radios[0], false);
+    FocusControl(radios[2]);
+    EXPECT_EQ(GetFocus(), radios[1]);
+    EXPECT_TRUE(IsChecked(radios[1]));
+    EXPECT_FALSE(IsChecked(radios[2]));
+}
+
+TEST_F(ControlProcedure, ArrowsWalkThroughTheVisibleButtonsOfAGroup) {
+    AddRadioGroup();
+    ShowControl(radios[1], false);
+    FocusControl(radios[0]);
+    PressKey(radios[0], VK_DOWN);
+    EXPECT_EQ(GetFocus(), radios[2]);
+    EXPECT_EQ(heard.lastClicked, radios[2]);
+    PressKey(radios[2], VK_RIGHT);
+    EXPECT_EQ(GetFocus(), radios[2]);
+    PressKey(radios[2], VK_LEFT);
+    EXPECT_EQ(GetFocus(), radios[0]);
+    PressKey(radios[0], VK_UP);
+    EXPECT_EQ(GetFocus(), radios[0]);
+    PressKey(before, VK_DOWN);
+    EXPECT_EQ(GetFocus(), radios[0]);
+}
+
+TEST_F(ControlProcedure, KnowsTheEndsOfAGroupAndTheNextStop) {
+    AddRadioGroup();
+    EXPECT_EQ(RadioGroupEnd(radios[1], true), radios[2]);
+    EXPECT_EQ(RadioGroupEnd(radios[1], false), radios[0]);
+    EXPECT_EQ(NextTabStop(before, true), radios[0]);
+    EXPECT_EQ(NextTabStop(before, false), behind);
+    EXPECT_EQ(NextTabStop(dialog, true), before);
+}
+
+TEST_F(ControlProcedure, SizesAreLogicalUnitsAndThePositionStays) {
+    screenDpi = 144;
+    const HWND button = CreateButton(dialog, {3, 5, 60, 21}, u"button");
+    EXPECT_EQ(PlaceInParent(button), (LayoutRect{5, 8, 90, 32}));
+    SetControlSize(button, 40, 11);
+    EXPECT_EQ(PlaceInParent(button), (LayoutRect{5, 8, 60, 17}));
+    SetControlWidth(button, 50);
+    EXPECT_EQ(PlaceInParent(button), (LayoutRect{5, 8, 75, 17}));
+}
+
+TEST_F(ControlProcedure, ThePlaceOfAControlIsRepaintedWhenItIsHidden) {
+    const HWND group = CreateGroupBox(dialog, {10, 20, 90, 90}, u"group", nullptr);
+    const HWND button = CreateButton(group, {5, 6, 60, 20}, u"button");
+    ValidateRect(dialog, nullptr);
+    ShowControl(button, false);
+    EXPECT_FALSE(IsWindowVisible(button));
+    RECT dirty;
+    ASSERT_TRUE(GetUpdateRect(dialog, &dirty, FALSE));
+    EXPECT_LE(dirty.left, 15);
+    EXPECT_LE(dirty.top, 26);
+    EXPECT_GE(dirty.right, 75);
+    EXPECT_GE(dirty.bottom, 46);
+    ShowControl(button, true);
+    EXPECT_TRUE(IsWindowVisible(button));
+}
+
+}  // namespace
+}  // namespace tallymere

@@ -1,0 +1,143 @@
+// Dialogs that run while everything else waits.
+#include "toolkit/modal_loop.h"
+
+#include "toolkit/test_dialog.h"
+
+namespace tallymere {
+namespace {
+
+struct ModalRun {
+    bool wasModal = false;
+    bool ownerEnabledBefore = true;  ///< when the dialog ran
+    bool otherEnabledBefore = true;
+    bool ownerEnabledAtClose = false;
+    HWND focusAtClose = nullptr;
+};
+
+ModalRun run;
+HWND other;
+constexpr UINT LookAround = WM_APP + 50;
+
+LRESULT HandleModal(HWND window, UINT message, WPARAM, LPARAM, bool& callDefault) {
+    const HWND owner = GetWindow(window, GW_OWNER);
+    switch (message) {
+        case LookAround:
+            run.wasModal = IsModal(window);
+            run.ownerEnabledBefore = IsWindowEnabled(owner) != FALSE;
+            run.otherEnabledBefore = IsWindowEnabled(other) != FALSE;
+            break;
+        case WM_CLOSE:
+            run.ownerEnabledAtClose = IsWindowEnabled(owner) != FALSE;
+            run.focusAtClose = GetFocus();
+            ShowWindow(window, SW_HIDE);
+            callDefault = false;
+            break;
+        default:
+            break;
+    }
+    return 0;
+}
+
+LRESULT StayHidden(HWND, UINT message, WPARAM, LPARAM lParam, bool&) {
+    if (message == WM_WINDOWPOSCHANGING) {
+        reinterpret_cast<WINDOWPOS*>(lParam)->flags &= static_cast<UINT>(~SWP_SHOWWINDOW);
+    }
+    return 0;
+}
+
+LRESULT Ignore(HWND, UINT, WPARAM, LPARAM, bool&) {
+    return 0;
+}
+
+class ModalLoop : public testing_support::ToolkitTest {
+protected:
+    ModalLoop() {
+        run = {};
+        other = CreateDialogWindow(nullptr, {100, 100}, u"Other", Ignore, 0, 0);
+        disabled = CreateDialogWindow(nullptr, {100, 100}, u"Disabled", Ignore, WS_DISABLED, 0);
+        modal = CreateDialogWindow(dialog, {100, 100}, u"Modal", HandleModal, WS_SYSMENU, 0);
+    }
+
+    ~ModalLoop() override {
+        DestroyWindow(modal);
+        DestroyWindow(disabled);
+        DestroyWindow(other);
+    }
+
+    bool RunAndClose() {
+        PostMessageW(modal, LookAround, 0, 0);
+        PostMessageW(modal, WM_CLOSE, 0, 0);
+        return RunModal(modal);
+    }
+
+    HWND disabled;
+    HWND modal;
+};
+
+TEST_F(ModalLoop, RefusesWhatIsNoDialog) {
+    EXPECT_FALSE(RunModal(nullptr));
+    EXPECT_FALSE(RunModal(Edit()));
+}
+
+TEST_F(ModalLoop, DisablesAllOtherWindowsWhileItRuns) {
+    EXPECT_TRUE(RunAndClose());
+    EXPECT_TRUE(run.wasModal);
+    EXPECT_FALSE(run.ownerEnabledBefore);
+    EXPECT_FALSE(run.otherEnabledBefore);
+    EXPECT_TRUE(IsWindowEnabled(dialog));
+    EXPECT_TRUE(IsWindowEnabled(other));
+    EXPECT_FALSE(IsModal(modal));
+    EXPECT_TRUE(IsWindow(modal));
+}
+
+TEST_F(ModalLoop, LeavesDisabledWhatWasDisabledBefore) {
+    EXPECT_TRUE(RunAndClose());
+    EXPECT_FALSE(IsWindowEnabled(disabled));
+}
+
+TEST_F(ModalLoop, GivesAVisibleOwnerTheFocusBeforeTheDialogHides) {
+    EXPECT_TRUE(RunAndClose());
+    EXPECT_TRUE(run.ownerEnabledAtClose);
+    EXPECT_EQ(run.focusAtClose, dialog);
+}
+
+TEST_F(ModalLoop, LeavesAHiddenOwnerAloneUntilTheEnd) {
+    ShowWindow(dialog, SW_HIDE);
+    EXPECT_TRUE(RunAndClose());
+    EXPECT_FALSE(run.ownerEnabledAtClose);
+    EXPECT_TRUE(IsWindowEnabled(dialog));
+}
+
+TEST_F(ModalLoop, RunsAgain) {
+    EXPECT_TRUE(RunAndClose());
+    run = {};
+    EXPECT_TRUE(RunAndClose());
+    EXPECT_TRUE(run.wasModal);
+    EXPECT_FALSE(run.otherEnabledBefore);
+}
+
+TEST_F(ModalLoop, DoesNotRunADialogThatDoesNotComeUp) {
+    const HWND shy = CreateDialogWindow(nullptr, {100, 100}, u"Shy", StayHidden, 0, 0);
+    EXPECT_FALSE(RunModal(shy));
+    EXPECT_FALSE(IsModal(shy));
+    EXPECT_TRUE(IsWindowEnabled(other));
+    DestroyWindow(shy);
+}
+
+TEST_F(ModalLoop, PassesTheEndOfTheProgramOn) {
+    PostQuitMessage(5);
+    EXPECT_TRUE(RunModal(modal));
+    EXPECT_TRUE(IsWindowEnabled(other));
+    MSG message;
+    ASSERT_EQ(GetMessageW(&message, nullptr, 0, 0), 0);
+    EXPECT_EQ(message.wParam, 5u);
+}
+
+TEST_F(ModalLoop, CloseWithoutTheLoopEndsNothing) {
+    SendMessageW(modal, WM_CLOSE, 0, 0);
+    MSG message;
+    EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_APP + 1, WM_APP + 1, PM_REMOVE));
+}
+
+}  // namespace
+}  // namespace tallymere
