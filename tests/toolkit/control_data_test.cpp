@@ -51,6 +51,21 @@ TEST_F(ControlProcedure, EveryControlHasARecord) {
     EXPECT_EQ(GetWindowLongPtrW(edit, GWLP_WNDPROC), reinterpret_cast<LONG_PTR>(ControlProc));
 }
 
+TEST_F(ControlProcedure, TheRecordGoesWithTheWindow) {
+    const HWND label = CreateStatic(dialog, {0, 0, 60, 20}, u"label");
+    SendMessageW(label, WM_NCDESTROY, 0, 0);
+    EXPECT_EQ(GetPropW(label, ToWide(ControlDataProperty)), nullptr);
+    // What comes later goes to the procedure of the class.
+    SetWindowTextW(label, L"other");
+    EXPECT_EQ(TextOf(label), "other");
+}
+
+TEST_F(ControlProcedure, NoWindowGetsNoRecord) {
+    AttachControlData(nullptr, EatKeys);
+    SetControlHandler(dialog, EatKeys);
+    EXPECT_EQ(GetPropW(dialog, ToWide(ControlDataProperty)), nullptr);
+}
+
 TEST_F(ControlProcedure, EveryControlGetsTheFont) {
     LOGFONTW description = {};
     description.lfHeight = 16;
@@ -124,15 +139,32 @@ TEST_F(ControlProcedure, TabGoesAroundInTheOrderOfCreation) {
     EXPECT_EQ(GetFocus(), first);
 }
 
-TEST_F(ControlProcedure, TabShowsWhereTheFocusIs) {
-    const HWND first = Button(u"first");
-    const HWND second = Button(u"second");
-    for (const HWND button : {first, second}) {
-        SendMessageW(button, WM_UPDATEUISTATE, MAKEWPARAM(UIS_SET, UISF_HIDEFOCUS), 0);
+HWND stateControl;
+WPARAM stateChange = 0;
+
+LRESULT NoteStateChange(HWND control, UINT message, WPARAM wParam, LPARAM, bool&) {
+    if (message == WM_UPDATEUISTATE) {
+        stateControl = control;
+        stateChange = wParam;
     }
-    SetFocus(first);
-    PressKey(first, VK_TAB);
-    EXPECT_EQ(SendMessageW(second, WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS, 0);
+    return 0;
+}
+
+TEST_F(ControlProcedure, KeysThatMoveTheFocusShowWhereItIs) {
+    AddRadioGroup();
+    for (const HWND control : {before, radios[0], radios[1]}) {
+        SetControlHandler(control, NoteStateChange);
+    }
+    stateControl = nullptr;
+    SetFocus(before);
+    EXPECT_EQ(stateControl, nullptr);
+    PressKey(before, VK_TAB);
+    EXPECT_EQ(stateControl, radios[0]);
+    EXPECT_EQ(stateChange, 0x10002u);
+    PressKey(radios[0], VK_DOWN);
+    EXPECT_EQ(stateControl, radios[1]);
+    PressKey(radios[1], VK_TAB, VK_SHIFT);
+    EXPECT_EQ(stateControl, before);
 }
 
 TEST_F(ControlProcedure, TabAndReturnAreNoCharacters) {
@@ -171,23 +203,23 @@ TEST_F(ControlProcedure, ReturnElsewhereClicksTheDefaultButtonAndTheFocusStays) 
     EXPECT_EQ(LastFocus(dialog), edit);
 }
 
-LRESULT GiveFocusAway(HWND window, UINT message, WPARAM, LPARAM, bool&) {
-    if (message == BM_CLICK) {
-        SendMessageW(window, BM_SETSTATE, FALSE, 0);
-        ShowWindow(GetAncestor(window, GA_ROOT), SW_HIDE);
+LRESULT TakeFocusAway(HWND, UINT message, WPARAM wParam, LPARAM, bool&) {
+    if (message == WM_COMMAND && HIWORD(wParam) == BN_CLICKED) {
+        SetFocus(nullptr);
     }
     return 0;
 }
 
 TEST_F(ControlProcedure, AClickThatTakesTheFocusAwayIsComeBackFrom) {
     const HWND edit = Edit();
-    const HWND button = Button(u"default");
-    SetControlHandler(button, GiveFocusAway);
-    SetDefaultButton(dialog, button);
+    const HWND group = CreateGroupBox(dialog, {0, 0, 90, 90}, u"group", TakeFocusAway);
+    SetDefaultButton(dialog, CreateButton(group, {0, 0, 60, 20}, u"default"));
     SetFocus(edit);
     PressKey(edit, VK_RETURN);
-    EXPECT_NE(GetFocus(), button);
+    EXPECT_EQ(GetFocus(), nullptr);
     EXPECT_EQ(LastFocus(dialog), edit);
+    SetFocus(dialog);
+    EXPECT_EQ(GetFocus(), edit);
 }
 
 TEST_F(ControlProcedure, ReturnInAFieldOfManyLinesClicksNothing) {
@@ -258,6 +290,17 @@ TEST_F(ControlProcedure, KnowsTheEndsOfAGroupAndTheNextStop) {
     EXPECT_EQ(NextTabStop(before, true), radios[0]);
     EXPECT_EQ(NextTabStop(before, false), behind);
     EXPECT_EQ(NextTabStop(dialog, true), before);
+}
+
+TEST_F(ControlProcedure, TheOrderOfTabsEndsAtTheDialogAndNotAtItsOwner) {
+    Edit();
+    const HWND owned = CreateDialogWindow(dialog, {90, 90}, u"owned", testing_support::HearCommands,
+                                          WS_POPUP | WS_VISIBLE, 0);
+    const HWND first = CreateEdit(owned, {0, 0, 60, 20}, u"", 0, 0);
+    const HWND last = CreateEdit(owned, {0, 0, 60, 20}, u"", 0, 0);
+    EXPECT_EQ(NextTabStop(last, true), first);
+    EXPECT_EQ(NextTabStop(first, false), last);
+    DestroyWindow(owned);
 }
 
 TEST_F(ControlProcedure, SizesAreLogicalUnitsAndThePositionStays) {

@@ -90,8 +90,10 @@ TEST_F(DialogWindow, GivesTheFocusBackToTheControlThatHadItLast) {
     const HWND second = Edit();
     SetFocus(second);
     SetFocus(nullptr);
+    ValidateRect(second, nullptr);
     SetFocus(dialog);
     EXPECT_EQ(GetFocus(), second);
+    EXPECT_TRUE(GetUpdateRect(second, nullptr, FALSE));
 }
 
 TEST_F(DialogWindow, KeepsTheFocusWhereNothingElseCanTakeIt) {

@@ -6,10 +6,12 @@
 namespace tallymere {
 namespace {
 
+// What the dialog saw while it ran and when it was closed.
 struct ModalRun {
     bool wasModal = false;
-    bool ownerEnabledBefore = true;  ///< when the dialog ran
-    bool otherEnabledBefore = true;
+    bool wasEnabled = false;
+    bool ownerEnabled = true;
+    bool otherEnabled = true;
     bool ownerEnabledAtClose = false;
     HWND focusAtClose = nullptr;
 };
@@ -23,8 +25,9 @@ LRESULT HandleModal(HWND window, UINT message, WPARAM, LPARAM, bool& callDefault
     switch (message) {
         case LookAround:
             run.wasModal = IsModal(window);
-            run.ownerEnabledBefore = IsWindowEnabled(owner) != FALSE;
-            run.otherEnabledBefore = IsWindowEnabled(other) != FALSE;
+            run.wasEnabled = IsWindowEnabled(window) != FALSE;
+            run.ownerEnabled = IsWindowEnabled(owner) != FALSE;
+            run.otherEnabled = IsWindowEnabled(other) != FALSE;
             break;
         case WM_CLOSE:
             run.ownerEnabledAtClose = IsWindowEnabled(owner) != FALSE;
@@ -82,8 +85,9 @@ TEST_F(ModalLoop, RefusesWhatIsNoDialog) {
 TEST_F(ModalLoop, DisablesAllOtherWindowsWhileItRuns) {
     EXPECT_TRUE(RunAndClose());
     EXPECT_TRUE(run.wasModal);
-    EXPECT_FALSE(run.ownerEnabledBefore);
-    EXPECT_FALSE(run.otherEnabledBefore);
+    EXPECT_TRUE(run.wasEnabled);
+    EXPECT_FALSE(run.ownerEnabled);
+    EXPECT_FALSE(run.otherEnabled);
     EXPECT_TRUE(IsWindowEnabled(dialog));
     EXPECT_TRUE(IsWindowEnabled(other));
     EXPECT_FALSE(IsModal(modal));
@@ -113,7 +117,7 @@ TEST_F(ModalLoop, RunsAgain) {
     run = {};
     EXPECT_TRUE(RunAndClose());
     EXPECT_TRUE(run.wasModal);
-    EXPECT_FALSE(run.otherEnabledBefore);
+    EXPECT_FALSE(run.otherEnabled);
 }
 
 TEST_F(ModalLoop, DoesNotRunADialogThatDoesNotComeUp) {
