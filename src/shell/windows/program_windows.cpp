@@ -24,4 +24,9 @@ void HideProgramWindow(HWND window) {
     ShowWindow(window, SW_HIDE);
 }
 
+void HidePageWindow(HWND page) {
+    ShowWindow(page, SW_HIDE);
+    SetActiveWindow(mainWindow);
+}
+
 }  // namespace tallymere

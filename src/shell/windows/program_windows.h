@@ -23,7 +23,10 @@ extern HWND variablesWindow;
 /// Shows a window and brings it to the front; null does nothing.
 void ShowProgramWindow(HWND window);
 
-/// What closing a window that is only hidden does: its owner is activated, if it has one.
+/// What closing a dialog does, which is only hidden: its owner is activated, if it has one.
 void HideProgramWindow(HWND window);
+
+/// What closing a page does, which is only hidden too: the main window is activated.
+void HidePageWindow(HWND page);
 
 }  // namespace tallymere
