@@ -34,7 +34,8 @@ class DocsTest(unittest.TestCase):
 
     def test_functions_and_records_exist(self):
         declared = "\n".join(path.read_text(encoding="utf-8")
-                             for path in sorted((ROOT / "src").rglob("*.h")))
+                             for path in sorted((ROOT / "src").rglob("*"))
+                             if path.suffix in (".h", ".cpp"))
         for document in DOCUMENTS:
             for name in named_in(document):
                 if re.fullmatch(r"(?:[A-Z][a-z0-9]+){2,}", name):
