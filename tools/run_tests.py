@@ -48,6 +48,7 @@ class Program:
     name: str
     command: list
     environment: dict = field(default_factory=dict)
+    has_windows: bool = False  # needs a desktop, of which there is one
 
 
 class Totals:
@@ -131,7 +132,9 @@ def test_programs(preset, kind):
     for test in listing["tests"]:
         properties = {item["name"]: item["value"] for item in test.get("properties", [])}
         environment = dict(item.split("=", 1) for item in properties.get("ENVIRONMENT", []))
-        yield Program(kind, test["name"], test["command"], environment)
+        has_windows = "windows" in properties.get("LABELS", [])
+        yield Program("desktop" if has_windows else kind, test["name"], test["command"],
+                      environment, has_windows)
 
 
 def count_cases(output, status):
@@ -184,7 +187,14 @@ def run_programs(builds, totals):
             totals.add(0, 1)
         programs += found
     with ThreadPoolExecutor(PROGRAMS_AT_ONCE) as pool:
-        list(pool.map(lambda program: run_program(program, totals), programs))
+        list(pool.map(lambda program: run_program(program, totals),
+                      [program for program in programs if not program.has_windows]))
+    with_windows = [program for program in programs if program.has_windows]
+    if with_windows:
+        for folder in ("gui", "screenshots"):
+            shutil.rmtree(ROOT / "build" / folder, ignore_errors=True)
+    for program in with_windows:
+        run_program(program, totals)
 
 
 def main():

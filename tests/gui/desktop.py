@@ -1,0 +1,156 @@
+"""A desktop of their own for the tests of the windows: a virtual display with a window manager, and
+a Wine prefix that no other program uses. Here is also all that a hand does: keys, clicks.
+
+Everything that is started here ends with it, and everything ends with the virtual display, which
+the system stops should the tests be killed.
+"""
+
+import fcntl
+import glob
+import os
+import shutil
+import subprocess
+import time
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parent.parent.parent
+FOLDER = ROOT / "build" / "gui"
+SCREENSHOTS = ROOT / "build" / "screenshots"
+WINE_RUN = ROOT / "cmake" / "wine-run"
+WINDOW_MANAGER = ROOT / "tests" / "gui" / "openbox.xml"
+
+SCREEN = "2560x1600x24"  # room for the largest window at 192 dots per inch
+SECONDS = 60  # the longest that anything is waited for
+POLL_SECONDS = 0.05
+
+
+def wait_until(condition, what):
+    """Asks until the condition gives a true value, and gives that; an AssertionError when out of
+    time. `what` says what is waited for, as a text or as a function that makes one."""
+    end = time.monotonic() + SECONDS
+    while True:
+        value = condition()
+        if value:
+            return value
+        if time.monotonic() > end:
+            raise AssertionError(f"waited {SECONDS} s for {what() if callable(what) else what}")
+        time.sleep(POLL_SECONDS)
+
+
+def run(command, environment):
+    return subprocess.run(command, env=environment, stdin=subprocess.DEVNULL, check=True,
+                          timeout=SECONDS, stdout=subprocess.PIPE,
+                          stderr=subprocess.STDOUT, text=True).stdout
+
+
+def stop(process):
+    """Ends a process that was started here, if it has not ended yet."""
+    if process.poll() is None:
+        process.terminate()
+        try:
+            process.wait(SECONDS)
+        except subprocess.TimeoutExpired:
+            process.kill()
+            process.wait()
+
+
+class Display:
+    """A virtual display with a window manager, and the hand at its keyboard and mouse."""
+
+    def __init__(self):
+        FOLDER.mkdir(parents=True, exist_ok=True)
+        self.log = open(FOLDER / "display.log", "ab")
+        self.server = subprocess.Popen(
+            ["setpriv", "--pdeathsig", "TERM", "Xvfb", "-displayfd", "1", "-screen", "0", SCREEN,
+             "-nolisten", "tcp"],
+            stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=self.log)
+        number = self.server.stdout.readline().decode().strip()
+        if not number:
+            raise RuntimeError(f"Xvfb did not start, see {self.log.name}")
+        self.name = f":{number}"
+        self.environment = {**os.environ, "DISPLAY": self.name}
+        self.manager = subprocess.Popen(
+            ["openbox", "--sm-disable", "--config-file", str(WINDOW_MANAGER)],
+            env=self.environment, stdin=subprocess.DEVNULL, stdout=self.log, stderr=self.log)
+        wait_until(self._is_managed, "the window manager")
+
+    def _is_managed(self):
+        return subprocess.run(["xdotool", "get_desktop"], env=self.environment, check=False,
+                              capture_output=True, timeout=SECONDS).returncode == 0
+
+    def focused_window(self):
+        """The window that the keyboard goes to, by its id on the display."""
+        focus = run(["xdotool", "getwindowfocus", "-f"], self.environment)
+        return int(focus)
+
+    def press(self, *keys):
+        """Presses keys one after the other, each with its modifiers: "Tab", "shift+Tab"."""
+        run(["xdotool", "key", "--clearmodifiers", *keys], self.environment)
+
+    def type_text(self, text):
+        run(["xdotool", "type", "--clearmodifiers", "--", text], self.environment)
+
+    def click(self, x, y):
+        run(["xdotool", "mousemove", str(x), str(y), "click", "1"], self.environment)
+
+    def screenshot(self, name, rect=None):
+        """A picture of a place of the screen, all of it without one, in build/screenshots/."""
+        SCREENSHOTS.mkdir(parents=True, exist_ok=True)
+        path = SCREENSHOTS / f"{name}.png"
+        crop = []
+        if rect:
+            x, y, width, height = rect
+            crop = ["-crop", f"{width}x{height}+{x}+{y}", "+repage"]
+        run(["import", "-window", "root", *crop, str(path)], self.environment)
+        return path
+
+    def close(self):
+        stop(self.manager)
+        stop(self.server)
+        self.server.stdout.close()
+        self.log.close()
+
+
+class WinePrefix:
+    """The Wine of these tests, for one script at a time; all that runs in it that script starts."""
+
+    def __init__(self, display):
+        FOLDER.mkdir(parents=True, exist_ok=True)
+        self.folder = FOLDER / "prefix"
+        self.lock = open(FOLDER / "prefix.users", "w", encoding="ascii")
+        fcntl.flock(self.lock, fcntl.LOCK_EX)
+        self.environment = {**display.environment, "WINEPREFIX": str(self.folder)}
+        run([str(ROOT / "tools" / "prepare_desktop_prefix")], self.environment)
+        self.dpi = None
+
+    def environment_of(self, locale):
+        return {**self.environment, "TALLYMERE_LOCALE": locale}
+
+    def set_dpi(self, dpi):
+        """Windows that are made from now on are on a screen of that many dots per inch."""
+        if dpi != self.dpi:
+            self.stop()
+            run([str(WINE_RUN), "reg", "add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels",
+                 "/t", "REG_DWORD", "/d", str(dpi), "/f"], self.environment)
+            # The desktop of that command still has the dots of before.
+            self.stop()
+            self.dpi = dpi
+
+    def stop(self):
+        """Ends whatever runs in this prefix."""
+        wine = {**self.environment, "WINEDEBUG": "-all"}
+        subprocess.run(["wineserver", "-k"], env=wine, check=False, timeout=SECONDS,
+                       capture_output=True)
+        subprocess.run(["wineserver", "-w"], env=wine, check=True, timeout=SECONDS)
+
+    def settings_folder(self):
+        """Where the program keeps its settings; there is one user in a prefix."""
+        roaming, = glob.glob(f"{self.folder}/drive_c/users/*/AppData/Roaming")
+        return Path(roaming) / "Tallymere"
+
+    def forget_settings(self):
+        shutil.rmtree(self.settings_folder(), ignore_errors=True)
+
+    def close(self):
+        self.stop()
+        self.lock.close()

@@ -1,0 +1,110 @@
+// Prints the tables that windows are made from, in both languages, as one object of JSON: what
+// tests of the windows compare the screen with.
+
+#include <iostream>
+#include <string>
+
+#include "gui/json_text.h"
+#include "shell/about_form.h"
+#include "shell/main_menu.h"
+#include "shell/options_form.h"
+#include "shell/ui_text.h"
+
+namespace tallymere {
+
+namespace {
+
+std::string Json(const char16_t* text) {
+    return JsonText(std::u16string_view(text));
+}
+
+const char* KindName(FormControlKind kind) {
+    switch (kind) {
+        case FormStatic:
+            return "static";
+        case FormPushButton:
+            return "push button";
+        case FormMultilineButton:
+            return "multiline button";
+        case FormOwnerDrawnButton:
+            return "owner-drawn button";
+        case FormCheckBox:
+            return "check box";
+        case FormRadioButton:
+            return "radio button";
+        case FormDropList:
+            return "drop list";
+        case FormGroupBox:
+            return "group box";
+        case FormTabControl:
+            return "tab control";
+        case FormTabPage:
+            return "tab page";
+    }
+    return "";
+}
+
+template <size_t Count>
+std::string FormJson(const FormControl (&form)[Count]) {
+    JsonList controls = JsonArray();
+    for (const FormControl& control : form) {
+        JsonList place = JsonArray();
+        for (const int32_t number :
+             {control.place.x, control.place.y, control.place.width, control.place.height}) {
+            place.Add(std::to_string(number));
+        }
+        JsonList object = JsonObject();
+        object.Add("parent", control.parent);
+        object.Add("kind", '"' + std::string(KindName(control.kind)) + '"');
+        object.Add("place", place.Text());
+        object.Add("text", control.text == nullptr ? "null" : Json(uiText.*control.text));
+        controls.Add(object.Text());
+    }
+    return controls.Text();
+}
+
+std::string SizeJson(LayoutSize size) {
+    return '[' + std::to_string(size.width) + ", " + std::to_string(size.height) + ']';
+}
+
+std::string MenuJson() {
+    JsonList items = JsonArray();
+    for (const MenuItem& item : MainMenu) {
+        JsonList object = JsonObject();
+        object.Add("id", item.id);
+        object.Add("caption", Json(uiText.*item.caption));
+        items.Add(object.Text());
+    }
+    return items.Text();
+}
+
+std::string TextsJson() {
+    JsonList texts = JsonObject();
+#define ENTRY(name, english, german) texts.Add(#name, Json(uiText.name));
+#include "shell/ui_text_entries.inc"
+    return texts.Text();
+}
+
+std::string LanguageJson(Language language) {
+    InstallLanguage(language);
+    JsonList tables = JsonObject();
+    tables.Add("about_size", SizeJson(AboutSize));
+    tables.Add("about", FormJson(AboutForm));
+    tables.Add("options_size", SizeJson(OptionsSize));
+    tables.Add("options", FormJson(OptionsForm));
+    tables.Add("menu", MenuJson());
+    tables.Add("texts", TextsJson());
+    return tables.Text();
+}
+
+}  // namespace
+
+}  // namespace tallymere
+
+int main() {
+    using namespace tallymere;
+    JsonList languages = JsonObject();
+    languages.Add("en", LanguageJson(LanguageEnglish));
+    languages.Add("de", LanguageJson(LanguageGerman));
+    std::cout << languages.Text() << std::endl;
+}

@@ -1,0 +1,133 @@
+"""What tests of the windows share: the desktop, starting the program on it, what its windows should
+look like, and a picture of the screen when a test fails.
+
+One desktop serves all tests of a script. Every test starts without settings.
+"""
+
+import atexit
+import functools
+import json
+import os
+import subprocess
+import sys
+import types
+import unittest
+
+from desktop import SECONDS, WINE_RUN, Display, WinePrefix
+from program import Probe, Program
+
+LOCALES = {"en": "C.UTF-8", "de": "de_DE.UTF-8"}
+MAIN_TITLE = "Tallymere 3.9"
+
+
+class Desktop:
+    def __init__(self):
+        self.display = Display()
+        atexit.register(self.display.close)
+        self.prefix = WinePrefix(self.display)
+        atexit.register(self.prefix.close)
+        self.probe = None
+        self.forms = json.loads(subprocess.run(
+            [str(WINE_RUN), os.environ["TALLYMERE_FORM_TABLES"]], env=self.prefix.environment,
+            check=True, timeout=SECONDS, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+            stderr=subprocess.DEVNULL).stdout)
+        atexit.register(self.close_probe)
+
+    def close_probe(self):
+        if self.probe:
+            self.probe.close()
+            self.probe = None
+
+    def set_dpi(self, dpi):
+        if dpi != self.prefix.dpi:
+            self.close_probe()
+            self.prefix.set_dpi(dpi)
+        if not self.probe:
+            self.probe = Probe(self.prefix)
+
+
+@functools.cache
+def desktop():
+    """Made by the first test that needs it."""
+    return Desktop()
+
+
+def to_pixels(units, dpi):
+    """The pixels of lengths in logical units, none of them negative, rounded to the nearest."""
+    return [(unit * dpi + 48) // 96 for unit in units]
+
+
+def with_screenshot(method, name):
+    """A test method that leaves a picture of the screen should it fail."""
+    @functools.wraps(method)
+    def watched(case):
+        try:
+            method(case)
+        except Exception:
+            path = desktop().display.screenshot(f"failed-{name}")
+            print(f"{name} failed; the screen at that time: {path}", file=sys.stderr)
+            raise
+    return watched
+
+
+class GuiCase(unittest.TestCase):
+    maxDiff = 4000
+
+    def __init__(self, methodName="runTest"):
+        super().__init__(methodName)
+        if hasattr(self, methodName):
+            watched = with_screenshot(getattr(type(self), methodName),
+                                      f"{type(self).__name__}-{methodName}")
+            setattr(self, methodName, types.MethodType(watched, self))
+
+    def setUp(self):
+        self.display = desktop().display
+        desktop().set_dpi(96)
+        desktop().prefix.forget_settings()
+
+    def expect_language(self, language):
+        """From here on the tables and texts are those of that language."""
+        self.forms = desktop().forms[language]
+        self.texts = self.forms["texts"]
+
+    def start(self, language="en", dpi=96, speaks=None):
+        """Starts the program for a user of that language; it ends with the test. Where settings say
+        otherwise, it speaks another language."""
+        desktop().set_dpi(dpi)
+        self.expect_language(speaks or language)
+        program = Program(self.display, desktop().probe,
+                          desktop().prefix.environment_of(LOCALES[language]))
+        self.addCleanup(program.close)
+        return program
+
+    def start_again(self, language="en", dpi=96):
+        """Starts the program for somebody who has met About before; its main window is there."""
+        self.write_settings("[hints]\r\nshow_welcome_hint = 0\r\n")
+        program = self.start(language, dpi)
+        program.wait_for_window(MAIN_TITLE)
+        return program
+
+    def settings_path(self):
+        return desktop().prefix.settings_folder() / "UserSettings_3.8.ini"
+
+    def write_settings(self, text):
+        self.settings_path().parent.mkdir(exist_ok=True)
+        self.settings_path().write_bytes(b"\xff\xfe" + text.encode("utf-16-le"))
+
+    def settings_bytes(self):
+        return self.settings_path().read_bytes()
+
+    def choose_menu(self, program, item_id):
+        """Chooses an item of the main window's menu by the keyboard."""
+        bar, position = divmod(item_id, 100)
+        program.wait_for_window(MAIN_TITLE)
+        self.display.press("F10", *["Right"] * (bar - 1), *["Down"] * position, "Return")
+
+    def click(self, control):
+        self.display.click(*control.middle())
+
+    def close_program(self, program):
+        """Closes the main window from its menu and waits for the end of the process."""
+        self.choose_menu(program, 102)
+        self.assertEqual(0, program.wait_until_ended())
+        self.assertEqual([], program.probe.processes())

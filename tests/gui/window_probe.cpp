@@ -1,0 +1,294 @@
+// Tells what windows of a program are on the screen, for tests that run outside of Windows.
+//
+// Reads commands from standard input, one per line, and answers each with one line of JSON:
+//
+//   windows IMAGE     the windows of all processes of the program file IMAGE, such as
+//                     "tallymere.exe", visible or not, each with its controls
+//   processes IMAGE   the ids of these processes
+//   end ID            ends a process; whether that worked
+//
+// It ends with the input. All places are pixels of the screen: x, y, width, height.
+
+#include <cstddef>
+#include <cstdlib>
+#include <iostream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "gui/json_text.h"
+#include "toolkit/win32.h"
+// Needs the headers of Windows before it.
+#include <tlhelp32.h>
+
+namespace tallymere {
+
+namespace {
+
+constexpr UINT AnswerMilliseconds = 5000;
+
+// A window whose thread does not answer gives `none`.
+LRESULT Ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0, LRESULT none = 0) {
+    DWORD_PTR result = 0;
+    return SendMessageTimeoutW(window, message, wParam, lParam, SMTO_ABORTIFHUNG,
+                               AnswerMilliseconds, &result) != 0
+               ? static_cast<LRESULT>(result)
+               : none;
+}
+
+std::wstring AskText(HWND window, UINT lengthMessage, UINT textMessage, WPARAM lengthArgument,
+                     bool bufferSizeIsArgument) {
+    const LRESULT length = Ask(window, lengthMessage, lengthArgument);
+    if (length <= 0) {
+        return {};
+    }
+    std::vector<wchar_t> text(static_cast<size_t>(length) + 1);
+    const WPARAM argument = bufferSizeIsArgument ? text.size() : lengthArgument;
+    Ask(window, textMessage, argument, reinterpret_cast<LPARAM>(text.data()));
+    return text.data();
+}
+
+std::wstring WindowText(HWND window) {
+    return AskText(window, WM_GETTEXTLENGTH, WM_GETTEXT, 0, true);
+}
+
+std::wstring ClassName(HWND window) {
+    wchar_t name[256] = {};
+    GetClassNameW(window, name, static_cast<int>(std::size(name)));
+    return name;
+}
+
+std::string Json(const std::wstring& text) {
+    return JsonText(std::wstring_view(text));
+}
+
+std::string Json(const RECT& rect) {
+    JsonList list = JsonArray();
+    for (const LONG number :
+         {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top}) {
+        list.Add(std::to_string(number));
+    }
+    return list.Text();
+}
+
+std::string Json(HWND window) {
+    return std::to_string(reinterpret_cast<intptr_t>(window));
+}
+
+RECT OnScreen(HWND window, RECT rect) {
+    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&rect), 2);
+    return rect;
+}
+
+// Memory of another process, for messages that take a pointer there.
+class RemoteMemory {
+public:
+    RemoteMemory(HWND window, size_t size) {
+        DWORD id = 0;
+        GetWindowThreadProcessId(window, &id);
+        process = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, id);
+        address = VirtualAllocEx(process, nullptr, size, MEM_COMMIT, PAGE_READWRITE);
+    }
+    ~RemoteMemory() {
+        VirtualFreeEx(process, address, 0, MEM_RELEASE);
+        CloseHandle(process);
+    }
+    RemoteMemory(const RemoteMemory&) = delete;
+    RemoteMemory& operator=(const RemoteMemory&) = delete;
+
+    std::byte* Address() const { return static_cast<std::byte*>(address); }
+
+    template <typename Record>
+    void Write(const Record& record) {
+        WriteProcessMemory(process, address, &record, sizeof record, nullptr);
+    }
+
+    template <typename Record>
+    void Read(Record& record, size_t offset = 0) const {
+        ReadProcessMemory(process, Address() + offset, &record, sizeof record, nullptr);
+    }
+
+private:
+    HANDLE process;
+    void* address;
+};
+
+std::string TabTitles(HWND tabControl) {
+    struct Exchange {
+        TCITEMW item;
+        RECT rect;
+        wchar_t text[256];
+    };
+    RemoteMemory memory(tabControl, sizeof(Exchange));
+    JsonList tabs = JsonArray();
+    const LRESULT count = Ask(tabControl, TCM_GETITEMCOUNT);
+    for (LRESULT i = 0; i < count; i++) {
+        Exchange exchange = {};
+        exchange.item.mask = TCIF_TEXT;
+        exchange.item.pszText =
+            reinterpret_cast<wchar_t*>(memory.Address() + offsetof(Exchange, text));
+        exchange.item.cchTextMax = static_cast<int>(std::size(exchange.text));
+        memory.Write(exchange);
+        const auto index = static_cast<WPARAM>(i);
+        Ask(tabControl, TCM_GETITEMW, index, reinterpret_cast<LPARAM>(memory.Address()));
+        Ask(tabControl, TCM_GETITEMRECT, index,
+            reinterpret_cast<LPARAM>(memory.Address() + offsetof(Exchange, rect)));
+        memory.Read(exchange);
+        JsonList tab = JsonObject();
+        tab.Add("text", Json(std::wstring(exchange.text)));
+        tab.Add("rect", Json(OnScreen(tabControl, exchange.rect)));
+        tabs.Add(tab.Text());
+    }
+    return tabs.Text();
+}
+
+// What only controls of certain classes have.
+void AddClassMembers(JsonList& object, HWND window, const std::wstring& className) {
+    if (lstrcmpiW(className.c_str(), L"button") == 0) {
+        object.Add("checked", Ask(window, BM_GETCHECK) == BST_CHECKED);
+    } else if (lstrcmpiW(className.c_str(), L"combobox") == 0) {
+        JsonList rows = JsonArray();
+        const LRESULT count = Ask(window, CB_GETCOUNT);
+        for (LRESULT row = 0; row < count; row++) {
+            rows.Add(Json(
+                AskText(window, CB_GETLBTEXTLEN, CB_GETLBTEXT, static_cast<WPARAM>(row), false)));
+        }
+        object.Add("rows", rows.Text());
+        object.Add("row", Ask(window, CB_GETCURSEL, 0, 0, CB_ERR));
+        object.Add("dropped", Ask(window, CB_GETDROPPEDSTATE) != 0);
+    } else if (lstrcmpiW(className.c_str(), WC_TABCONTROLW) == 0) {
+        object.Add("tabs", TabTitles(window));
+        object.Add("tab", Ask(window, TCM_GETCURSEL, 0, 0, -1));
+    }
+}
+
+std::string Describe(HWND window) {
+    DWORD process = 0;
+    const DWORD thread = GetWindowThreadProcessId(window, &process);
+    GUITHREADINFO input = {};
+    input.cbSize = sizeof input;
+    GetGUIThreadInfo(thread, &input);
+    RECT place = {};
+    RECT client = {};
+    GetWindowRect(window, &place);
+    GetClientRect(window, &client);
+    const std::wstring className = ClassName(window);
+
+    JsonList object = JsonObject();
+    object.Add("handle", Json(window));
+    object.Add("process", process);
+    object.Add("class", Json(className));
+    object.Add("text", Json(WindowText(window)));
+    object.Add("style", static_cast<uint32_t>(GetWindowLongW(window, GWL_STYLE)));
+    object.Add("extended_style", static_cast<uint32_t>(GetWindowLongW(window, GWL_EXSTYLE)));
+    object.Add("rect", Json(place));
+    object.Add("client", Json(OnScreen(window, client)));
+    object.Add("visible", IsWindowVisible(window) != 0);
+    object.Add("enabled", IsWindowEnabled(window) != 0);
+    object.Add("focused", input.hwndFocus == window);
+    object.Add("minimised", IsIconic(window) != 0);
+    object.Add("maximised", IsZoomed(window) != 0);
+    object.Add("owner", Json(GetWindow(window, GW_OWNER)));
+    // The id that Wine's display server knows the window by.
+    object.Add("display_id", Json(static_cast<HWND>(GetPropW(window, L"__wine_x11_whole_window"))));
+    AddClassMembers(object, window, className);
+    JsonList children = JsonArray();
+    for (HWND child = GetWindow(window, GW_CHILD); child != nullptr;
+         child = GetWindow(child, GW_HWNDNEXT)) {
+        children.Add(Describe(child));
+    }
+    object.Add("children", children.Text());
+    return object.Text();
+}
+
+std::vector<DWORD> ProcessesOf(const std::wstring& image) {
+    std::vector<DWORD> processes;
+    const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    PROCESSENTRY32W entry = {};
+    entry.dwSize = sizeof entry;
+    for (BOOL more = Process32FirstW(snapshot, &entry); more;
+         more = Process32NextW(snapshot, &entry)) {
+        if (lstrcmpiW(entry.szExeFile, image.c_str()) == 0) {
+            processes.push_back(entry.th32ProcessID);
+        }
+    }
+    CloseHandle(snapshot);
+    return processes;
+}
+
+std::string AnswerProcesses(const std::wstring& image) {
+    JsonList list = JsonArray();
+    for (const DWORD process : ProcessesOf(image)) {
+        list.Add(std::to_string(process));
+    }
+    return list.Text();
+}
+
+std::string AnswerWindows(const std::wstring& image) {
+    struct Search {
+        std::vector<DWORD> processes;
+        std::vector<HWND> found;
+    } search = {ProcessesOf(image), {}};
+    EnumWindows(
+        [](HWND window, LPARAM argument) -> BOOL {
+            auto& wanted = *reinterpret_cast<Search*>(argument);
+            DWORD owner = 0;
+            GetWindowThreadProcessId(window, &owner);
+            for (const DWORD process : wanted.processes) {
+                if (process == owner) {
+                    wanted.found.push_back(window);
+                }
+            }
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    JsonList windows = JsonArray();
+    for (const HWND window : search.found) {
+        windows.Add(Describe(window));
+    }
+    JsonList answer = JsonObject();
+    answer.Add("foreground", Json(GetForegroundWindow()));
+    answer.Add("windows", windows.Text());
+    return answer.Text();
+}
+
+std::string EndProcess(DWORD id) {
+    const HANDLE process = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, id);
+    const bool ended = process != nullptr && TerminateProcess(process, 1) != 0 &&
+                       WaitForSingleObject(process, AnswerMilliseconds) == WAIT_OBJECT_0;
+    CloseHandle(process);
+    return ended ? "true" : "false";
+}
+
+std::string Answer(const std::string& line) {
+    const size_t blank = line.find(' ');
+    const std::string command = line.substr(0, blank);
+    const std::string argument = blank == std::string::npos ? "" : line.substr(blank + 1);
+    const std::wstring image(argument.begin(), argument.end());
+    if (command == "windows") {
+        return AnswerWindows(image);
+    }
+    if (command == "processes") {
+        return AnswerProcesses(image);
+    }
+    if (command == "end") {
+        return EndProcess(static_cast<DWORD>(std::strtoul(argument.c_str(), nullptr, 10)));
+    }
+    return "null";
+}
+
+}  // namespace
+
+}  // namespace tallymere
+
+int main() {
+    // Otherwise Windows would tell places as they were at 96 dots per inch.
+    SetProcessDPIAware();
+    std::string line;
+    while (std::getline(std::cin, line)) {
+        while (!line.empty() && line.back() == '\r') {
+            line.pop_back();
+        }
+        std::cout << tallymere::Answer(line) << std::endl;
+    }
+}
