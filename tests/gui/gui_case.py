@@ -70,6 +70,32 @@ def with_screenshot(method, name):
     return watched
 
 
+def settings_text(language="(automatic)", decimal="(automatic)", thousands="(automatic)",
+                  grouping=(0, 0, 0), precision=10, hint=0):
+    """The text of a settings file of somebody who has met About before."""
+    return "\r\n".join([
+        "[options]",
+        f"language = {language}",
+        f"decimal_separator = {decimal}",
+        f"thousands_separator = {thousands}",
+        f"thousands_sep_sci_calc = {grouping[0]}",
+        f"thousands_sep_equations = {grouping[1]}",
+        f"thousands_sep_prime_nums = {grouping[2]}",
+        "[scientific_calculator]",
+        "angle_type = rad",
+        "number_type = real",
+        f"decimal_precision = {precision}",
+        "output_number_base = 10",
+        "use_lower_case_hex = 0",
+        "[hints]",
+        f"show_welcome_hint = {hint}",
+        ""])
+
+
+def file_bytes(settings):
+    return b"\xff\xfe" + settings.encode("utf-16-le")
+
+
 class GuiCase(unittest.TestCase):
     maxDiff = 4000
 
@@ -102,7 +128,7 @@ class GuiCase(unittest.TestCase):
 
     def start_again(self, language="en", dpi=96):
         """Starts the program for somebody who has met About before; its main window is there."""
-        self.write_settings("[hints]\r\nshow_welcome_hint = 0\r\n")
+        self.write_settings(settings_text())
         program = self.start(language, dpi)
         program.wait_for_window(MAIN_TITLE)
         return program
@@ -112,7 +138,7 @@ class GuiCase(unittest.TestCase):
 
     def write_settings(self, text):
         self.settings_path().parent.mkdir(exist_ok=True)
-        self.settings_path().write_bytes(b"\xff\xfe" + text.encode("utf-16-le"))
+        self.settings_path().write_bytes(file_bytes(text))
 
     def settings_bytes(self):
         return self.settings_path().read_bytes()

@@ -3,8 +3,8 @@
 
 import unittest
 
-from gui_case import MAIN_TITLE
-from options_case import OptionsCase, settings_text
+from gui_case import MAIN_TITLE, file_bytes, settings_text
+from options_case import OptionsCase
 from program import MESSAGE_BOX_CLASS
 
 
@@ -22,7 +22,7 @@ class LanguageTest(OptionsCase):
         return box
 
     def german_settings(self):
-        return b"\xff\xfe" + settings_text(language="German").encode("utf-16-le")
+        return file_bytes(settings_text(language="German"))
 
     def test_ok_starts_the_program_anew_in_the_other_language(self):
         program = self.start_again()

@@ -1,29 +1,8 @@
-"""What tests of the Options window share: its controls, and the text of the settings file."""
+"""What tests of the Options window share: its controls."""
 
 from gui_case import GuiCase
 
 OPTIONS = 101  # its menu item
-
-
-def settings_text(language="(automatic)", decimal="(automatic)", thousands="(automatic)",
-                  grouping=(0, 0, 0), precision=0, hint=0):
-    return "\r\n".join([
-        "[options]",
-        f"language = {language}",
-        f"decimal_separator = {decimal}",
-        f"thousands_separator = {thousands}",
-        f"thousands_sep_sci_calc = {grouping[0]}",
-        f"thousands_sep_equations = {grouping[1]}",
-        f"thousands_sep_prime_nums = {grouping[2]}",
-        "[scientific_calculator]",
-        "angle_type = rad",
-        "number_type = real",
-        f"decimal_precision = {precision}",
-        "output_number_base = 10",
-        "use_lower_case_hex = 0",
-        "[hints]",
-        f"show_welcome_hint = {hint}",
-        ""])
 
 
 class OptionsCase(GuiCase):

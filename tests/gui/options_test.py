@@ -4,8 +4,8 @@
 import unittest
 
 from form_check import check_form
-from gui_case import MAIN_TITLE
-from options_case import OptionsCase, settings_text
+from gui_case import MAIN_TITLE, file_bytes, settings_text
+from options_case import OptionsCase
 from program import MESSAGE_BOX_CLASS
 
 
@@ -46,8 +46,8 @@ class OptionsTest(OptionsCase):
         program.wait_until_hidden("Options")
         self.close_program(program)
         self.assertEqual(
-            b"\xff\xfe" + settings_text(decimal="comma", thousands="space_U202F",
-                                        grouping=(1, 0, 1)).encode("utf-16-le"),
+            file_bytes(settings_text(decimal="comma", thousands="space_U202F",
+                                     grouping=(1, 0, 1))),
             self.settings_bytes())
 
     def test_shows_what_the_settings_file_has(self):

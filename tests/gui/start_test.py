@@ -3,7 +3,7 @@
 
 import unittest
 
-from gui_case import MAIN_TITLE, GuiCase
+from gui_case import MAIN_TITLE, GuiCase, file_bytes, settings_text
 
 
 class StartTest(GuiCase):
@@ -25,6 +25,25 @@ class StartTest(GuiCase):
                 self.assertIsNone(program.find(title=title))
                 self.close_program(program)
                 self.settings_path().unlink()
+
+    def test_first_run_leaves_the_settings_as_they_are_at_first(self):
+        program = self.start()
+        about = program.wait_for_window("About Tallymere")
+        self.click(about.control("button", "OK"))
+        self.close_program(program)
+        self.assertEqual(file_bytes(settings_text(precision=0)), self.settings_bytes())
+
+    def test_settings_without_byte_order_mark_are_none(self):
+        self.write_settings("")
+        self.settings_path().write_bytes(settings_text(language="German").encode("utf-16-le"))
+        self.start().wait_for_window("About Tallymere")
+
+    def test_closing_the_main_window_ends_the_program(self):
+        program = self.start_again()
+        self.display.press("alt+F4")
+        self.assertEqual(0, program.wait_until_ended())
+        self.assertEqual([], program.probe.processes())
+        self.assertEqual(file_bytes(settings_text()), self.settings_bytes())
 
 
 if __name__ == "__main__":
