@@ -16,6 +16,9 @@ namespace {
 
 constexpr int64_t QuotedAddressCapacity = PathCapacity + 2;
 
+// No path of Windows is longer.
+constexpr int64_t LongestPath = 32'767;
+
 char16_t helpFolder[PathCapacity + 1] = u"";
 
 bool IsFile(const char16_t* path) {
@@ -35,10 +38,10 @@ void OpenInBrowser(const char16_t* argument) {
 }
 
 void FindHelpFolder() {
-    // A path that does not fit is cut to the buffer, and what it should become does not fit either.
-    char16_t programFile[PathCapacity + 1];
-    GetModuleFileNameW(nullptr, ToWide(programFile), PathCapacity + 1);
-    programFile[PathCapacity] = 0;
+    // A path that was cut to PathCapacity might lose its last backslash, and another folder would
+    // be taken for the program's.
+    char16_t programFile[LongestPath + 1];
+    GetModuleFileNameW(nullptr, ToWide(programFile), LongestPath + 1);
     FormatHelpFolder(helpFolder, programFile);
 }
 
