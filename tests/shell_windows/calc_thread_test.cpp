@@ -3,11 +3,13 @@
 
 #include "core/number_context.h"
 #include "core/scratch.h"
+#include "shell_windows/message_boxes.h"
 #include "toolkit/test_dialog.h"
 
 namespace tallymere {
 namespace {
 
+using testing_support::seen;
 using testing_support::TextOf;
 
 DWORD workerThread;
@@ -37,6 +39,10 @@ void RunUntilStopped() {
 
 void RaiseArithmeticStop() {
     SetCalcError(CalcErrorCancelled);
+}
+
+void Overflow() {
+    SetCalcError(CalcErrorOverflow);
 }
 
 LRESULT HandlePage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, bool&) {
@@ -69,7 +75,7 @@ protected:
         other = CreateDialogWindow(nullptr, {100, 100}, u"Other", Ignore, 0, 0);
         start = CreateButton(page, {0, 0, 75, 25}, uiText.TextBtnStart);
         clear = CreateButton(page, {0, 30, 75, 25}, u"Clear");
-        output = CreateEdit(page, {0, 60, 200, 100}, u"old\r\n", ES_MULTILINE, 0);
+        output = CreateEdit(page, {0, 60, 200, 100}, u"old\r\n", ES_MULTILINE | ES_AUTOVSCROLL, 0);
         run = {page, start, &UiText::TextBtnStart, &clear, 1, false, nullptr};
         endsSeen = 0;
     }
@@ -139,10 +145,70 @@ TEST_F(CalcThread, StaysBusyForAMomentWhereThePageWantsIt) {
     LeavePageRunLater(run);
     HandlePageRunTimer(run, 1);  // a timer of somebody else
     EXPECT_TRUE(run.isBusy);
+    EXPECT_EQ(TextOf(start), "Stop");
     LoopWhileBusy();
     EXPECT_FALSE(run.isBusy);
     EXPECT_EQ(TextOf(start), "Start");
     EXPECT_TRUE(IsWindowEnabled(other));
+    EXPECT_FALSE(KillTimer(page, 1000)) << "the timer would end the next run before its time";
+}
+
+TEST_F(CalcThread, RunsAsOftenAsThePageWants) {
+    for (int runs = 1; runs <= 3; runs++) {
+        BeginPageRun(run);
+        ASSERT_TRUE(StartPageRun(run, WriteTwoLines, UiErrorCalculation));
+        endsSeen = 0;
+        LoopUntilEnd();
+        LeavePageRun(run);
+        EXPECT_TRUE(IsWindowEnabled(other));
+    }
+    EXPECT_EQ(TextOf(output), "old\r\nfirst\r\nsecond\r\nfirst\r\nsecond\r\nfirst\r\nsecond\r\n");
+}
+
+TEST_F(CalcThread, NeedsNoButtonThatBecomesStop) {
+    run.stopButton = nullptr;
+    BeginPageRun(run);
+    ASSERT_TRUE(StartPageRun(run, WriteTwoLines, UiErrorCalculation));
+    EXPECT_EQ(TextOf(start), "Start");
+    EXPECT_FALSE(IsWindowEnabled(clear));
+    LoopUntilEnd();
+    LeavePageRun(run);
+    EXPECT_TRUE(IsWindowEnabled(clear));
+}
+
+TEST_F(CalcThread, WritesBehindTheTextWhereverTheCaretIs) {
+    SendMessageW(output, EM_SETSEL, 0, 3);
+    AppendPageText(output, reinterpret_cast<LPARAM>(u"new"));
+    EXPECT_EQ(TextOf(output), "old\r\nnew");
+    EXPECT_FALSE(SendMessageW(output, EM_CANUNDO, 0, 0));
+}
+
+TEST_F(CalcThread, ReportsAnErrorOfTheRunAtItsEndWhileTheOthersAreStillOutOfReach) {
+    testing_support::MessageBoxWatch watch;
+    BeginPageRun(run);
+    ASSERT_TRUE(StartPageRun(run, Overflow, UiErrorPrimeNumberOverflow));
+    LoopUntilEnd();
+    EXPECT_EQ(seen.boxes, 1);
+    EXPECT_EQ(seen.text, "Error in mathematical calculation!");
+    EXPECT_EQ(PendingUiError(), UiErrorNone);
+    EXPECT_TRUE(run.isBusy);
+    EXPECT_FALSE(IsWindowEnabled(other));
+    LeavePageRun(run);
+}
+
+TEST_F(CalcThread, ReportsAnErrorOfTheInputUnderTheCodeOfThePageAndStartsNothing) {
+    testing_support::MessageBoxWatch watch;
+    BeginPageRun(run);
+    Overflow();
+    EXPECT_FALSE(StartPageRun(run, WriteTwoLines, UiErrorPrimeFactorOverflow));
+    EXPECT_EQ(seen.text, "Overflow in prime factor calculation!");
+    BeginPageRun(run);
+    SetUiError(UiErrorInputTooLong);
+    EXPECT_FALSE(StartPageRun(run, WriteTwoLines, UiErrorPrimeFactorOverflow));
+    EXPECT_EQ(seen.text, "The text entered is too long!");
+    EXPECT_EQ(seen.boxes, 2);
+    EXPECT_FALSE(run.isBusy);
+    EXPECT_EQ(TextOf(output), "old\r\n");
 }
 
 TEST_F(CalcThread, EndsWhenItIsStoppedWithoutAWord) {

@@ -4,6 +4,8 @@
 #include <iterator>
 #include <string>
 
+#include "shell/main_menu.h"
+#include "shell/settings.h"
 #include "shell/ui_text.h"
 #include "shell/windows/program_windows.h"
 #include "toolkit/test_dialog.h"
@@ -15,6 +17,34 @@ using testing_support::TextOf;
 
 LRESULT Ignore(HWND, UINT, WPARAM, LPARAM, bool&) {
     return 0;
+}
+
+int greetings;
+
+LRESULT CloseWhenShown(HWND window, UINT message, WPARAM wParam, LPARAM, bool& callDefault) {
+    if (message == WM_SHOWWINDOW && wParam == TRUE) {
+        greetings++;
+        EXPECT_TRUE(IsModal(window));
+        PostMessageW(window, WM_CLOSE, 0, 0);
+    }
+    if (message == WM_CLOSE) {
+        EXPECT_FALSE(IsWindowEnabled(pageWindows[PageCalculator]));
+        callDefault = false;
+        HideProgramWindow(window);
+    }
+    return 0;
+}
+
+void ExpectMenuItem(HMENU menu, int position, const MenuItem& item) {
+    wchar_t caption[64] = L"";
+    MENUITEMINFOW info = {};
+    info.cbSize = sizeof info;
+    info.fMask = MIIM_ID | MIIM_STRING;
+    info.dwTypeData = caption;
+    info.cch = static_cast<UINT>(std::size(caption));
+    ASSERT_TRUE(GetMenuItemInfoW(menu, static_cast<UINT>(position), TRUE, &info)) << item.id;
+    EXPECT_EQ(info.wID, static_cast<UINT>(item.id));
+    EXPECT_EQ(std::wstring(caption), ToWide(uiText.*item.caption));
 }
 
 class MainWindow : public testing_support::ToolkitTest {
@@ -43,13 +73,91 @@ TEST_F(MainWindow, HasItsTitleItsMenuAndItsOwner) {
     EXPECT_FALSE(IsWindowVisible(mainWindow));
     const HMENU bar = GetMenu(mainWindow);
     ASSERT_EQ(GetMenuItemCount(bar), 3);
+    int barPosition = -1;
+    int position = 0;
+    for (const MenuItem& item : MainMenu) {
+        if (item.IsBarItem()) {
+            barPosition++;
+            position = 0;
+            ExpectMenuItem(bar, barPosition, item);
+            continue;
+        }
+        ExpectMenuItem(GetSubMenu(bar, barPosition), position++, item);
+        EXPECT_LE(position, GetMenuItemCount(GetSubMenu(bar, barPosition)));
+    }
     const int counts[] = {2, 6, 2};
     for (int i = 0; i < 3; i++) {
         EXPECT_EQ(GetMenuItemCount(GetSubMenu(bar, i)), counts[i]);
     }
-    wchar_t caption[64];
-    GetMenuStringW(bar, 206, caption, static_cast<int>(std::size(caption)), MF_BYCOMMAND);
-    EXPECT_EQ(std::wstring(caption), L"Prime Factors && Divisors");
+}
+
+TEST_F(MainWindow, IsAShortWindowThatCanBeResizedInTheMiddleOfTheScreen) {
+    const DWORD style = WindowStyle(mainWindow);
+    const DWORD wanted = WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
+    EXPECT_EQ(style & wanted, wanted);
+    EXPECT_EQ(style & (WS_CHILD | WS_VISIBLE | WS_DISABLED), 0u);
+    EXPECT_NE(GetWindowLongPtrW(mainWindow, GWL_EXSTYLE) & WS_EX_APPWINDOW, 0);
+
+    // The size was reckoned without the menu, which takes its line from the client area.
+    RECT frame = {0, 0, 370, 40};
+    AdjustWindowRectEx(&frame, style, FALSE,
+                       static_cast<DWORD>(GetWindowLongPtrW(mainWindow, GWL_EXSTYLE)));
+    const LayoutRect place = PlaceInParent(mainWindow);
+    EXPECT_EQ(place.width, frame.right - frame.left);
+    EXPECT_EQ(place.height, frame.bottom - frame.top);
+    EXPECT_EQ(ClientSize(mainWindow).width, 370);
+    EXPECT_EQ(place.x, (GetSystemMetrics(SM_CXSCREEN) - place.width) / 2);
+    EXPECT_EQ(place.y, (GetSystemMetrics(SM_CYSCREEN) - place.height) / 2);
+}
+
+TEST_F(MainWindow, HasAnOwnerThatIsNeverSeen) {
+    EXPECT_EQ(GetWindow(hiddenOwnerWindow, GW_OWNER), nullptr);
+    EXPECT_EQ(TextOf(hiddenOwnerWindow), "");
+    EXPECT_FALSE(IsWindowVisible(hiddenOwnerWindow));
+    EXPECT_TRUE(IsDialogWindow(hiddenOwnerWindow));
+}
+
+TEST_F(MainWindow, GreetsOnceAndNotesThat) {
+    settings = Settings{};
+    aboutWindow = CreateDialogWindow(mainWindow, {100, 100}, u"About", CloseWhenShown, 0, 0);
+    for (const bool greeted : {true, false}) {
+        greetings = 0;
+        settings.settingsDirty = false;
+        OpenMainWindow();
+        EXPECT_TRUE(IsWindowVisible(mainWindow));
+        EXPECT_EQ(greetings, greeted ? 1 : 0);
+        EXPECT_EQ(settings.settingsDirty, greeted);
+        EXPECT_FALSE(settings.showWelcomeHint);
+    }
+    DestroyWindow(aboutWindow);
+    aboutWindow = nullptr;
+    settings = Settings{};
+}
+
+TEST_F(MainWindow, ShowsEachWindowInFrontByItsItem) {
+    HWND* const windows[] = {&optionsWindow,
+                             &pageWindows[PageAlgebraicEquations],
+                             &pageWindows[PageLinearSystems],
+                             &pageWindows[PagePolynomialCalculation],
+                             &pageWindows[PagePrimeNumbers],
+                             &pageWindows[PagePrimeFactors]};
+    const WPARAM items[] = {101, 202, 203, 204, 205, 206};
+    for (HWND* window : windows) {
+        *window = CreateDialogWindow(hiddenOwnerWindow, {100, 100}, u"", Ignore, 0, 0);
+    }
+    for (size_t i = 0; i < std::size(windows); i++) {
+        ChooseMenuItem(items[i]);
+        EXPECT_EQ(GetForegroundWindow(), *windows[i]) << items[i];
+        for (size_t k = 0; k < std::size(windows); k++) {
+            EXPECT_EQ(IsWindowVisible(*windows[k]) != FALSE, k <= i) << items[i];
+        }
+    }
+    ChooseMenuItem(101);
+    EXPECT_EQ(GetForegroundWindow(), optionsWindow) << "shown already, but behind the others";
+    for (HWND* window : windows) {
+        DestroyWindow(*window);
+        *window = nullptr;
+    }
 }
 
 TEST_F(MainWindow, ShowsPagesThatAreThereAndIgnoresTheOthers) {
@@ -70,6 +178,26 @@ TEST_F(MainWindow, HidesAndShowsAllWindowsWithItself) {
     EXPECT_TRUE(IsWindowVisible(pageWindows[PageCalculator]));
     EXPECT_TRUE(IsWindowVisible(dialog));
     EXPECT_FALSE(IsWindowVisible(hiddenOwnerWindow));
+}
+
+TEST_F(MainWindow, ShowsAMaximisedPageMaximisedAgainAndAHiddenOneNot) {
+    ShowWindow(mainWindow, SW_SHOWNORMAL);
+    ShowWindow(pageWindows[PageCalculator], SW_SHOWMAXIMIZED);
+    ShowWindow(dialog, SW_HIDE);
+    SendMessageW(mainWindow, WM_SIZE, SIZE_MINIMIZED, 0);
+    EXPECT_FALSE(IsWindowVisible(pageWindows[PageCalculator]));
+    EXPECT_TRUE(IsWindowVisible(mainWindow));
+    SendMessageW(mainWindow, WM_SIZE, SIZE_MAXIMIZED, 0);
+    EXPECT_FALSE(IsWindowVisible(pageWindows[PageCalculator])) << "that is no restoring";
+    SendMessageW(mainWindow, WM_SIZE, SIZE_RESTORED, 0);
+    EXPECT_TRUE(IsWindowVisible(pageWindows[PageCalculator]));
+    EXPECT_TRUE(IsZoomed(pageWindows[PageCalculator]));
+    EXPECT_FALSE(IsWindowVisible(dialog));
+
+    // A restoring that follows no minimising shows nothing.
+    ShowWindow(pageWindows[PageCalculator], SW_HIDE);
+    SendMessageW(mainWindow, WM_SIZE, SIZE_RESTORED, 0);
+    EXPECT_FALSE(IsWindowVisible(pageWindows[PageCalculator]));
 }
 
 TEST_F(MainWindow, EndsTheMessageLoopWhenItIsClosed) {
