@@ -9,6 +9,7 @@ namespace {
 using testing_support::HasDefaultLook;
 using testing_support::heard;
 using testing_support::IsChecked;
+using testing_support::keyMessages;
 using testing_support::PressKey;
 using testing_support::TextOf;
 using testing_support::TypeCharacter;
@@ -44,6 +45,7 @@ TEST_F(ControlProcedure, EveryControlHasARecord) {
     const HWND edit = Edit();
     const auto* data = static_cast<ControlData*>(GetPropW(edit, ToWide(ControlDataProperty)));
     ASSERT_NE(data, nullptr);
+    EXPECT_EQ(GetPropW(edit, L"cwl_ControlData"), data);
     EXPECT_EQ(sizeof *data, 24u);
     EXPECT_NE(data->savedProc, nullptr);
     EXPECT_EQ(data->handler, nullptr);
@@ -137,6 +139,38 @@ TEST_F(ControlProcedure, TabGoesAroundInTheOrderOfCreation) {
     }
     PressKey(first, VK_TAB, VK_CONTROL);
     EXPECT_EQ(GetFocus(), first);
+}
+
+TEST_F(ControlProcedure, TabAndReturnStayAwayFromTheControlItselfAndOtherKeysDoNot) {
+    const HWND control = Plain();
+    for (const int key : {VK_TAB, VK_RETURN}) {
+        keyMessages.clear();
+        PressKey(control, key);
+        TypeCharacter(control, static_cast<char16_t>(key));
+        EXPECT_EQ(keyMessages, std::vector<UINT>{}) << key;
+    }
+    for (const int key : {VK_LEFT, VK_DOWN, VK_ESCAPE, int{'A'}}) {
+        keyMessages.clear();
+        PressKey(control, key);
+        TypeCharacter(control, u'a');
+        EXPECT_EQ(keyMessages, (std::vector<UINT>{WM_KEYDOWN, WM_KEYUP, WM_CHAR})) << key;
+    }
+    for (const int key : {VK_TAB, VK_RETURN}) {
+        keyMessages.clear();
+        PressKey(control, key, VK_CONTROL);
+        EXPECT_EQ(keyMessages, (std::vector<UINT>{WM_KEYDOWN, WM_KEYUP})) << key;
+    }
+}
+
+TEST_F(ControlProcedure, TabPassesOverWhatLiesInAHiddenGroup) {
+    const HWND first = Edit();
+    const HWND group = CreateGroupBox(dialog, {0, 0, 90, 90}, u"group", nullptr);
+    CreateEdit(group, {0, 0, 60, 20}, u"", 0, 0);
+    const HWND last = Edit();
+    ShowControl(group, false);
+    SetFocus(first);
+    PressKey(first, VK_TAB);
+    EXPECT_EQ(GetFocus(), last);
 }
 
 HWND stateControl;
@@ -243,6 +277,21 @@ TEST_F(ControlProcedure, ReturnInAnOpenListClicksNothing) {
     EXPECT_EQ(heard.clicks, 1);
 }
 
+TEST_F(ControlProcedure, ReturnInTheFieldOfAListIsTheListsOnlyWhileItIsOpen) {
+    SetDefaultButton(dialog, Button(u"default"));
+    const HWND list = CreateControl(dialog, ComboBoxClass, {0, 0, 60, 100}, nullptr, CBS_DROPDOWN);
+    const HWND field = GetWindow(list, GW_CHILD);
+    ASSERT_NE(field, nullptr);
+    AttachControlData(field, nullptr);
+    SetFocus(field);
+    SendMessageW(list, CB_SHOWDROPDOWN, TRUE, 0);
+    PressKey(field, VK_RETURN);
+    EXPECT_EQ(heard.clicks, 0);
+    SendMessageW(list, CB_SHOWDROPDOWN, FALSE, 0);
+    PressKey(field, VK_RETURN);
+    EXPECT_EQ(heard.clicks, 1);
+}
+
 TEST_F(ControlProcedure, TabLeavesARadioGroupAndEntersItAtTheCheckedButton) {
     AddRadioGroup();
     SendMessageW(radios[1], BM_SETCHECK, BST_CHECKED, 0);
@@ -281,6 +330,18 @@ TEST_F(ControlProcedure, ArrowsWalkThroughTheVisibleButtonsOfAGroup) {
     EXPECT_EQ(GetFocus(), radios[0]);
     PressKey(before, VK_DOWN);
     EXPECT_EQ(GetFocus(), radios[0]);
+}
+
+TEST_F(ControlProcedure, AnArrowLeavesTheFocusOnTheButtonWhateverItsClickDid) {
+    const HWND group = CreateGroupBox(dialog, {0, 0, 90, 90}, u"group", TakeFocusAway);
+    const HWND first = CreateRadioButton(group, {0, 0, 60, 20}, u"first");
+    const HWND second = CreateRadioButton(group, {0, 20, 60, 20}, u"second");
+    SendMessageW(first, BM_SETCHECK, BST_CHECKED, 0);
+    SetFocus(first);
+    PressKey(first, VK_DOWN);
+    EXPECT_TRUE(IsChecked(second));
+    EXPECT_FALSE(IsChecked(first));
+    EXPECT_EQ(GetFocus(), second);
 }
 
 TEST_F(ControlProcedure, KnowsTheEndsOfAGroupAndTheNextStop) {
@@ -327,6 +388,17 @@ TEST_F(ControlProcedure, ThePlaceOfAControlIsRepaintedWhenItIsHidden) {
     EXPECT_GE(dirty.bottom, 46);
     ShowControl(button, true);
     EXPECT_TRUE(IsWindowVisible(button));
+}
+
+TEST_F(ControlProcedure, TheBackgroundIsPaintedWhereAControlWas) {
+    const HWND control = Plain();
+    ShowControl(control, false);
+    UpdateWindow(dialog);
+    heard.erasures = 0;
+    // Nothing is left for the system to hide.
+    ShowControl(control, false);
+    UpdateWindow(dialog);
+    EXPECT_EQ(heard.erasures, 1);
 }
 
 }  // namespace

@@ -34,7 +34,17 @@ TEST_F(DialogWindow, IsMadeHiddenInTheCornerWithItsTitle) {
     DestroyWindow(window);
 }
 
+TEST_F(DialogWindow, HasATitleEvenAsAPopup) {
+    const HWND window = CreateDialogWindow(dialog, {200, 100}, u"", AnswerLength, WS_POPUP, 0);
+    EXPECT_EQ(WindowStyle(window) & WS_CAPTION, uint32_t{WS_CAPTION});
+    EXPECT_EQ(GetWindow(window, GW_OWNER), dialog);
+    DestroyWindow(window);
+}
+
 TEST_F(DialogWindow, KeepsThirtyTwoBytesAndTheColourOfButtons) {
+    EXPECT_TRUE(testing_support::HasClass(dialog, u"cwl_DialogWindow"));
+    EXPECT_EQ(GetClassLongPtrW(dialog, GCLP_HCURSOR),
+              reinterpret_cast<ULONG_PTR>(LoadCursorW(nullptr, IDC_ARROW)));
     EXPECT_EQ(GetClassLongPtrW(dialog, GCL_CBWNDEXTRA), 32u);
     EXPECT_EQ(GetClassLongPtrW(dialog, GCL_STYLE), 0u);
     EXPECT_EQ(GetClassLongPtrW(dialog, GCLP_HBRBACKGROUND), ULONG_PTR{COLOR_BTNFACE + 1});
@@ -96,6 +106,18 @@ TEST_F(DialogWindow, GivesTheFocusBackToTheControlThatHadItLast) {
     EXPECT_TRUE(GetUpdateRect(second, nullptr, FALSE));
 }
 
+TEST_F(DialogWindow, RepaintsTheControlThatGetsTheFocusBack) {
+    const HWND control = Plain();
+    ValidateRect(control, nullptr);
+    SetFocus(nullptr);
+    SetFocus(control);
+    EXPECT_FALSE(GetUpdateRect(control, nullptr, FALSE));
+    SetFocus(nullptr);
+    SetFocus(dialog);
+    EXPECT_EQ(GetFocus(), control);
+    EXPECT_TRUE(GetUpdateRect(control, nullptr, FALSE));
+}
+
 TEST_F(DialogWindow, KeepsTheFocusWhereNothingElseCanTakeIt) {
     CreateStatic(dialog, {0, 0, 60, 20}, u"label");
     SetFocus(nullptr);
@@ -117,6 +139,17 @@ TEST_F(DialogWindow, TakesAPushButtonAsDefaultAndNothingElse) {
     EXPECT_FALSE(testing_support::HasDefaultLook(first));
     EXPECT_TRUE(testing_support::HasDefaultLook(second));
     EXPECT_EQ(DefaultButton(dialog), second);
+}
+
+TEST_F(DialogWindow, TheClassIsRegisteredOnceAndAfterAFailureTriedAgain) {
+    ToolkitClass taken = {DialogClass, DefWindowProcW, 0, 0, false};
+    RegisterToolkitClass(taken);
+    EXPECT_FALSE(taken.registered);
+    taken.name = u"ToolkitTestClass";
+    for (int32_t i = 0; i < 2; i++) {
+        RegisterToolkitClass(taken);
+        EXPECT_TRUE(taken.registered);
+    }
 }
 
 TEST_F(DialogWindow, OnlyDialogsHaveWhatDialogsHave) {

@@ -14,6 +14,7 @@ struct ModalRun {
     bool otherEnabled = true;
     bool ownerEnabledAtClose = false;
     HWND focusAtClose = nullptr;
+    HWND foreground = nullptr;
 };
 
 ModalRun run;
@@ -28,6 +29,8 @@ LRESULT HandleModal(HWND window, UINT message, WPARAM, LPARAM, bool& callDefault
             run.wasEnabled = IsWindowEnabled(window) != FALSE;
             run.ownerEnabled = IsWindowEnabled(owner) != FALSE;
             run.otherEnabled = IsWindowEnabled(other) != FALSE;
+            run.foreground = GetForegroundWindow();
+            PostMessageW(window, WM_CLOSE, 0, 0);
             break;
         case WM_CLOSE:
             run.ownerEnabledAtClose = IsWindowEnabled(owner) != FALSE;
@@ -67,9 +70,9 @@ protected:
         DestroyWindow(other);
     }
 
+    // The look around closes it, too.
     bool RunAndClose() {
         PostMessageW(modal, LookAround, 0, 0);
-        PostMessageW(modal, WM_CLOSE, 0, 0);
         return RunModal(modal);
     }
 
@@ -118,6 +121,63 @@ TEST_F(ModalLoop, RunsAgain) {
     EXPECT_TRUE(RunAndClose());
     EXPECT_TRUE(run.wasModal);
     EXPECT_FALSE(run.otherEnabled);
+}
+
+TEST_F(ModalLoop, BringsADialogToTheFrontThatIsShownAlready) {
+    ShowWindow(modal, SW_SHOWNORMAL);
+    SetForegroundWindow(dialog);
+    ASSERT_EQ(GetForegroundWindow(), dialog);
+    EXPECT_TRUE(RunAndClose());
+    EXPECT_EQ(run.foreground, modal);
+}
+
+TEST_F(ModalLoop, OnlyItsOwnEndEndsIt) {
+    PostMessageW(nullptr, WM_APP + 1, reinterpret_cast<WPARAM>(other), 0);
+    PostMessageW(modal, WM_APP + 1, reinterpret_cast<WPARAM>(modal), 0);
+    EXPECT_TRUE(RunAndClose());
+    EXPECT_TRUE(run.wasModal);
+}
+
+TEST_F(ModalLoop, MakesCharactersOfKeys) {
+    const HWND edit = CreateEdit(modal, {0, 0, 60, 20}, u"", 0, 0);
+    PostMessageW(edit, WM_KEYDOWN, '7', 1);
+    EXPECT_TRUE(RunAndClose());
+    EXPECT_EQ(testing_support::TextOf(edit), "7");
+}
+
+bool ranInside = false;
+
+LRESULT RunInside(HWND window, UINT message, WPARAM, LPARAM, bool& callDefault) {
+    if (message == LookAround) {
+        PostMessageW(other, LookAround, 0, 0);
+        ranInside = RunModal(other);
+        run.otherEnabled = IsWindowEnabled(other) != FALSE;
+        run.wasModal = IsModal(window);
+        run.wasEnabled = IsWindowEnabled(window) != FALSE;
+        PostMessageW(window, WM_CLOSE, 0, 0);
+    } else if (message == WM_CLOSE) {
+        ShowWindow(window, SW_HIDE);
+        callDefault = false;
+    }
+    return 0;
+}
+
+TEST_F(ModalLoop, RunsWithinAnother) {
+    const HWND outer = CreateDialogWindow(dialog, {100, 100}, u"Outer", RunInside, WS_SYSMENU, 0);
+    const HWND inner = CreateDialogWindow(outer, {100, 100}, u"Inner", HandleModal, WS_SYSMENU, 0);
+    const HWND before = other;
+    other = inner;
+    PostMessageW(outer, LookAround, 0, 0);
+    EXPECT_TRUE(RunModal(outer));
+    EXPECT_TRUE(ranInside);
+    EXPECT_FALSE(run.ownerEnabled);
+    EXPECT_TRUE(run.wasModal);
+    EXPECT_TRUE(run.wasEnabled);
+    EXPECT_FALSE(run.otherEnabled);
+    EXPECT_TRUE(IsWindowEnabled(dialog));
+    other = before;
+    DestroyWindow(inner);
+    DestroyWindow(outer);
 }
 
 TEST_F(ModalLoop, DoesNotRunADialogThatDoesNotComeUp) {

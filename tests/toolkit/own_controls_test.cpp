@@ -12,6 +12,7 @@
 namespace tallymere {
 namespace {
 
+using testing_support::HasClass;
 using testing_support::PressKey;
 using testing_support::TextOf;
 using testing_support::TypeCharacter;
@@ -52,6 +53,7 @@ protected:
 };
 
 TEST_F(NumericUpDown, StartsAtZeroOfAHundred) {
+    EXPECT_TRUE(HasClass(numeric, u"cwl_NumericUpDown"));
     EXPECT_EQ(TextOf(edit), "0");
     EXPECT_EQ(NumericPosition(numeric), 0);
     EXPECT_EQ(SendMessageW(NumericSpin(numeric), UDM_GETRANGE, 0, 0), MAKELONG(100, 0));
@@ -59,7 +61,17 @@ TEST_F(NumericUpDown, StartsAtZeroOfAHundred) {
     EXPECT_EQ(PlaceInParent(numeric), (LayoutRect{10, 20, 65, 19}));
     EXPECT_EQ(WindowStyle(edit) & (ES_RIGHT | ES_WANTRETURN), uint32_t{ES_RIGHT | ES_WANTRETURN});
     EXPECT_EQ(WindowStyle(NumericSpin(numeric)) & WS_TABSTOP, 0u);
+    EXPECT_NE(GetWindowLongPtrW(edit, GWL_EXSTYLE) & WS_EX_CLIENTEDGE, 0);
     EXPECT_EQ(NextTabStop(dialog, true), edit);
+}
+
+TEST_F(NumericUpDown, TheSpinButtonsStandAtTheRightEndOfTheField) {
+    const HWND spin = NumericSpin(numeric);
+    EXPECT_EQ(reinterpret_cast<HWND>(SendMessageW(spin, UDM_GETBUDDY, 0, 0)), edit);
+    const LayoutRect place = PlaceInParent(spin);
+    EXPECT_GT(place.x, 65 / 2);
+    EXPECT_GT(place.width, 0);
+    EXPECT_LE(place.x + place.width, 65);
 }
 
 TEST_F(NumericUpDown, ThePageIsNotToldOfWhatItSets) {
@@ -138,6 +150,39 @@ TEST_F(NumericUpDown, EachStepIsTold) {
     EXPECT_EQ(end, 1u);
 }
 
+TEST_F(NumericUpDown, AStepSidewaysIsTold) {
+    SetNumericPosition(numeric, 12);
+    SendMessageW(numeric, WM_HSCROLL, SB_THUMBPOSITION, 0);
+    EXPECT_EQ(told, Values{12});
+}
+
+TEST_F(NumericUpDown, AStepHidesTheCaret) {
+    SetFocus(edit);
+    PressKey(edit, VK_UP);
+    // It takes one call for each that has hidden the caret, and none for a caret that is shown.
+    EXPECT_TRUE(ShowCaret(edit));
+}
+
+TEST_F(NumericUpDown, NumbersAreWrittenWithoutSeparators) {
+    SetNumericRange(numeric, 1, 10000);
+    SetNumericPosition(numeric, 9999);
+    SetFocus(edit);
+    PressKey(edit, VK_UP);
+    EXPECT_EQ(TextOf(edit), "10000");
+}
+
+void AskAgain(HWND control, int32_t value) {
+    NoteValue(control, value);
+    SyncNumericUpDown(control, true, true);
+}
+
+TEST_F(NumericUpDown, ThePageIsToldOnceEvenIfTheFieldLosesTheFocusMeanwhile) {
+    SetNumericChanged(numeric, AskAgain);
+    TypeText(L"42");
+    SetFocus(elsewhere);
+    EXPECT_EQ(told, Values{42});
+}
+
 TEST_F(NumericUpDown, AStepBehindTheEndIsNotTold) {
     SetFocus(edit);
     PressKey(edit, VK_DOWN);
@@ -185,6 +230,8 @@ protected:
 };
 
 TEST_F(NumberBaseControl, OffersItsBases) {
+    EXPECT_TRUE(HasClass(control, u"NumberBaseControl"));
+    EXPECT_EQ(GetClassLongPtrW(control, GCL_CBWNDEXTRA), 24u);
     EXPECT_EQ(PlaceInParent(control), (LayoutRect{120, 0, 98, 42}));
     EXPECT_EQ(SelectedNumberBase(control), 0);
     std::string rows;
@@ -221,6 +268,34 @@ TEST_F(NumberBaseControl, TellsTheBaseWhenTheListCloses) {
     EXPECT_EQ(told, Values{8});
 }
 
+TEST_F(NumberBaseControl, NobodyNeedsToListen) {
+    SelectNumberBase(control, 8);
+    SetFocus(list);
+    SendMessageW(list, CB_SHOWDROPDOWN, TRUE, 0);
+    SendMessageW(list, CB_SHOWDROPDOWN, FALSE, 0);
+    EXPECT_EQ(SelectedNumberBase(control), 8);
+}
+
+TEST_F(NumberBaseControl, AnArrowInTheClosedListTellsNothing) {
+    SetNumberBaseChosen(control, NoteBase);
+    SelectNumberBase(control, 8);
+    SetFocus(list);
+    PressKey(list, VK_DOWN);
+    EXPECT_EQ(SelectedNumberBase(control), 10);
+    EXPECT_EQ(told, Values{});
+}
+
+TEST_F(NumberBaseControl, ItsLabelKeepsTheHeightOfItsFrame) {
+    const HWND label = NumberBaseLabel(control);
+    SetWindowLongW(label, GWL_EXSTYLE, WS_EX_CLIENTEDGE);
+    SetWindowPos(label, nullptr, 0, 0, 40, 20, SWP_NOMOVE | SWP_NOZORDER | SWP_FRAMECHANGED);
+    const int32_t frame = 20 - ClientSize(label).height;
+    EXPECT_GT(frame, 0);
+    SetNumberBaseLabel(control, u"Output base");
+    SetNumberBaseLabel(control, u"Output base");
+    EXPECT_EQ(PlaceInParent(label).height, 30 + frame);
+}
+
 TEST_F(NumberBaseControl, ItsLabelIsPlacedWithItsText) {
     SetNumberBaseLabel(control, u"Output base");
     EXPECT_EQ(TextOf(NumberBaseLabel(control)), "Output base");
@@ -244,6 +319,8 @@ protected:
 };
 
 TEST_F(NumberTypeControl, OffersTheTypesOfAPage) {
+    EXPECT_TRUE(HasClass(control, u"NumberTypeControl"));
+    EXPECT_EQ(GetClassLongPtrW(control, GCL_CBWNDEXTRA), 16u);
     EXPECT_EQ(PlaceInParent(control), (LayoutRect{30, 29, 70, 23}));
     const HWND list = NumberTypeList(control);
     EXPECT_EQ(PlaceInParent(list).width, 70);
@@ -269,6 +346,22 @@ TEST_F(NumberTypeControl, TellsTheTypeThatTheUserSelects) {
     PressKey(NumberTypeList(control), VK_UP);
     EXPECT_EQ(told, (Values{NumberTypeComplex, NumberTypeReal, NumberTypeRational}));
     EXPECT_EQ(teller, control);
+}
+
+TEST_F(NumberTypeControl, TellsThatNothingIsSelected) {
+    const HWND list = NumberTypeList(control);
+    SendMessageW(control, WM_COMMAND, MAKEWPARAM(0, CBN_SELCHANGE), reinterpret_cast<LPARAM>(list));
+    EXPECT_EQ(told, Values{0});
+    SendMessageW(control, WM_COMMAND, MAKEWPARAM(0, CBN_CLOSEUP), reinterpret_cast<LPARAM>(list));
+    EXPECT_EQ(told, Values{0});
+}
+
+TEST_F(NumberTypeControl, NobodyNeedsToListen) {
+    SetNumberTypeChosen(control, nullptr);
+    SetFocus(NumberTypeList(control));
+    PressKey(NumberTypeList(control), VK_DOWN);
+    EXPECT_EQ(SelectedNumberType(control), NumberTypeRational);
+    EXPECT_EQ(told, Values{});
 }
 
 bool allowsMove = true;
@@ -311,12 +404,40 @@ TEST_F(SplitterControl, MovesAlongItsAxisAlone) {
 
 TEST_F(SplitterControl, MovesSidewaysWhenTurned) {
     const HWND bar = CreateSplitter(dialog, {100, 10, 4, 200}, SplitterLeftAndRight, NoteMove);
+    EXPECT_TRUE(HasClass(bar, u"SplitterControl"));
     EXPECT_EQ(GetPropW(bar, L"Orientation"), reinterpret_cast<HANDLE>(1));
+    EXPECT_EQ(GetPropW(bar, L"SplitterMovingEvent"), reinterpret_cast<HANDLE>(NoteMove));
     SendMouse(bar, WM_LBUTTONDOWN, 101, 50);
     SendMouse(bar, WM_MOUSEMOVE, 98, 60);
     EXPECT_EQ(told, Values{-3});
     EXPECT_EQ(PlaceInParent(bar), (LayoutRect{97, 10, 4, 200}));
     SendMouse(bar, WM_LBUTTONUP, 98, 60);
+}
+
+TEST_F(SplitterControl, TheMouseMayLeaveTheWindowWhileItDrags) {
+    const HWND up = CreateSplitter(dialog, {10, 100, 200, 4}, SplitterUpAndDown, NoteMove);
+    SendMouse(up, WM_LBUTTONDOWN, 50, 101);
+    SendMouse(up, WM_MOUSEMOVE, 50, -9);
+    const HWND left = CreateSplitter(dialog, {100, 10, 4, 200}, SplitterLeftAndRight, NoteMove);
+    SendMouse(left, WM_LBUTTONDOWN, 101, 50);
+    SendMouse(left, WM_MOUSEMOVE, -19, 50);
+    EXPECT_EQ(told, (Values{-110, -120}));
+    ReleaseCapture();
+}
+
+TEST_F(SplitterControl, TheCursorTellsHowItMoves) {
+    const HWND up = CreateSplitter(dialog, {10, 100, 200, 4}, SplitterUpAndDown, NoteMove);
+    const HWND left = CreateSplitter(dialog, {100, 10, 4, 200}, SplitterLeftAndRight, NoteMove);
+    for (const UINT message : {WM_MOUSEMOVE, WM_LBUTTONDOWN}) {
+        SetCursor(nullptr);
+        SendMouse(up, message, 50, 101);
+        EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_SIZENS));
+        SetCursor(nullptr);
+        SendMouse(left, message, 101, 50);
+        EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_SIZEWE));
+    }
+    SendMessageW(left, WM_MOUSELEAVE, 0, 0);
+    EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_ARROW));
 }
 
 TEST_F(SplitterControl, ARefusedMoveIsNotCaughtUp) {
@@ -345,6 +466,8 @@ using DigitCountControl = testing_support::ToolkitTest;
 
 TEST_F(DigitCountControl, HasItsLabelBesideOrAbove) {
     const HWND beside = CreateDigitCountControl(dialog, 7, 9, 0);
+    EXPECT_TRUE(HasClass(beside, u"DigitCountControl"));
+    EXPECT_EQ(GetClassLongPtrW(beside, GCL_CBWNDEXTRA), 16u);
     EXPECT_EQ(PlaceInParent(beside), (LayoutRect{7, 9, 98, 24}));
     EXPECT_EQ(PlaceInParent(DigitCountLabel(beside)), (LayoutRect{45, 1, 40, 20}));
     EXPECT_EQ(PlaceInParent(DigitCountField(beside)), (LayoutRect{0, 0, 40, 17}));

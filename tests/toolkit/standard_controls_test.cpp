@@ -7,6 +7,7 @@
 namespace tallymere {
 namespace {
 
+using testing_support::HasClass;
 using testing_support::heard;
 using testing_support::TextOf;
 
@@ -21,10 +22,6 @@ protected:
     // The style without what the system adds by itself.
     static uint32_t StyleOf(HWND window) {
         return WindowStyle(window) & ~uint32_t{WS_CLIPSIBLINGS | WS_BORDER};
-    }
-
-    static bool HasClass(HWND window, const char16_t* name) {
-        return IsSameClassName(WindowClassName(window).text, name);
     }
 };
 
@@ -108,6 +105,7 @@ TEST_F(StandardControls, AGroupBoxOfAnOldSystemHasItsFrameInside) {
         CreateGroupBox(dialog, {5, 6, 100, 90}, u"group", testing_support::HearCommands);
     EXPECT_TRUE(HasClass(group, u"cwl_WinXpGroupBox"));
     EXPECT_EQ(GetClassLongPtrW(group, GCL_CBWNDEXTRA), 8u);
+    EXPECT_EQ(GetClassLongPtrW(group, GCL_STYLE), ULONG_PTR{CS_HREDRAW | CS_VREDRAW});
     const HWND frame = GetWindow(group, GW_CHILD);
     EXPECT_EQ(StyleOf(frame), ShownChild | BS_GROUPBOX);
     EXPECT_EQ(PlaceInParent(frame), (LayoutRect{0, 0, 100, 90}));
@@ -117,6 +115,13 @@ TEST_F(StandardControls, AGroupBoxOfAnOldSystemHasItsFrameInside) {
     const HWND box = CreateCheckBox(group, {5, 20, 60, 20}, u"box");
     SendMessageW(box, BM_CLICK, 0, 0);
     EXPECT_EQ(heard.lastClicked, box);
+}
+
+TEST_F(StandardControls, VistaIsTheFirstSystemWithAGroupBoxOfItsOwn) {
+    osVersionCode = 0x0600;
+    EXPECT_TRUE(HasClass(CreateGroupBox(dialog, {5, 6, 100, 90}, u"new", nullptr), u"button"));
+    osVersionCode = 0x05FF;
+    EXPECT_FALSE(HasClass(CreateGroupBox(dialog, {5, 6, 100, 90}, u"old", nullptr), u"button"));
 }
 
 TEST_F(StandardControls, AGroupBoxOfAnOldSystemPassesItsFontOn) {
@@ -173,6 +178,9 @@ TEST_F(TabPages, APageFillsWhatTheTabsLeave) {
     EXPECT_EQ(PlaceInParent(first), expected);
     EXPECT_EQ(PlaceInParent(second), expected);
     EXPECT_EQ(GetParent(first), tabs);
+    EXPECT_TRUE(HasClass(first, u"cwl_TabPage"));
+    EXPECT_EQ(GetClassLongPtrW(first, GCL_STYLE), ULONG_PTR{CS_HREDRAW | CS_VREDRAW});
+    EXPECT_NE(GetPropW(first, ToWide(ControlDataProperty)), nullptr);
 }
 
 TEST_F(TabPages, TheTitleIsAlwaysThePagesText) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "toolkit/control_data.h"
 #include "toolkit/control_focus.h"
@@ -12,6 +13,7 @@
 #include "toolkit/standard_controls.h"
 #include "toolkit/wide_text.h"
 #include "toolkit/win32.h"
+#include "toolkit/window_class.h"
 
 namespace tallymere::testing_support {
 
@@ -39,6 +41,10 @@ inline void TypeCharacter(HWND control, char16_t character) {
     SendMessageW(control, WM_CHAR, character, 1);
 }
 
+inline bool HasClass(HWND window, const char16_t* name) {
+    return IsSameClassName(WindowClassName(window).text, name);
+}
+
 inline bool HasDefaultLook(HWND button) {
     return (WindowStyle(button) & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
 }
@@ -47,10 +53,27 @@ inline bool IsChecked(HWND button) {
     return SendMessageW(button, BM_GETCHECK, 0, 0) == BST_CHECKED;
 }
 
+/// The keys and characters that reached the procedure of the class of PlainControl.
+inline std::vector<UINT> keyMessages;
+
+/// The name of a class whose windows do nothing.
+inline const char16_t* PlainControl() {
+    constexpr WNDPROC procedure = [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        if (message == WM_KEYDOWN || message == WM_KEYUP || message == WM_CHAR) {
+            keyMessages.push_back(message);
+        }
+        return DefWindowProcW(window, message, wParam, lParam);
+    };
+    static ToolkitClass plainClass = {u"ToolkitTestControl", procedure, 0, 0, false};
+    RegisterToolkitClass(plainClass);
+    return plainClass.name;
+}
+
 /// What the dialog of a test heard, and what it does.
 struct Heard {
     HWND lastClicked = nullptr;  ///< the control of the last BN_CLICKED
     int32_t clicks = 0;
+    int32_t erasures = 0;  ///< how often the dialog's background was painted
 };
 
 inline Heard heard;
@@ -59,6 +82,9 @@ inline LRESULT HearCommands(HWND, UINT message, WPARAM wParam, LPARAM lParam, bo
     if (message == WM_COMMAND && HIWORD(wParam) == BN_CLICKED) {
         heard.lastClicked = reinterpret_cast<HWND>(lParam);
         heard.clicks++;
+    }
+    if (message == WM_ERASEBKGND) {
+        heard.erasures++;
     }
     return 0;
 }
@@ -83,6 +109,9 @@ protected:
         screenDpi = LogicalDpi;
     }
 
+    HWND Plain() {
+        return CreateControl(dialog, PlainControl(), {0, 0, 60, 20}, nullptr, WS_TABSTOP);
+    }
     HWND Button(const char16_t* text) { return CreateButton(dialog, {0, 0, 60, 20}, text); }
     HWND Edit(DWORD style = 0) { return CreateEdit(dialog, {0, 0, 60, 20}, u"", style, 0); }
     HWND Radio(const char16_t* text) { return CreateRadioButton(dialog, {0, 0, 60, 20}, text); }
