@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/number_context.h"
+#include "shell/options_choices.h"
 #include "shell/settings.h"
 #include "shell/ui_error.h"
 #include "shell/windows/main_window.h"
@@ -42,6 +43,41 @@ HWND Find(const char* className, const char* text, int skip = 0) {
     EXPECT_NE(search.found, nullptr) << className << " " << text;
     return search.found;
 }
+
+// Presses a button of the next message box as soon as it is there, and tells what it said.
+class MessageBoxAnswer {
+public:
+    explicit MessageBoxAnswer(WORD button) {
+        button_ = button;
+        caption = text = "";
+        owner = nullptr;
+        hook_ = SetWindowsHookExW(WH_CBT, Answer, nullptr, GetCurrentThreadId());
+    }
+    ~MessageBoxAnswer() { UnhookWindowsHookEx(hook_); }
+    MessageBoxAnswer(const MessageBoxAnswer&) = delete;
+    MessageBoxAnswer& operator=(const MessageBoxAnswer&) = delete;
+
+    static inline std::string caption;
+    static inline std::string text;
+    static inline HWND owner;
+
+private:
+    static constexpr int TextControl = 0xFFFF;
+
+    static LRESULT CALLBACK Answer(int code, WPARAM wParam, LPARAM lParam) {
+        const auto box = reinterpret_cast<HWND>(wParam);
+        if (code == HCBT_ACTIVATE && GetDlgItem(box, TextControl) != nullptr) {
+            caption = TextOf(box);
+            text = TextOf(GetDlgItem(box, TextControl));
+            owner = GetWindow(box, GW_OWNER);
+            PostMessageW(box, WM_COMMAND, button_, 0);
+        }
+        return CallNextHookEx(nullptr, code, wParam, lParam);
+    }
+
+    static inline WORD button_;
+    HHOOK hook_;
+};
 
 class OptionsWindow : public testing_support::ToolkitTest {
 protected:
@@ -104,6 +140,100 @@ TEST_F(OptionsWindow, ShowsTheSettingsEachTime) {
     EXPECT_TRUE(IsChecked(Find("Button", "Prime numbers && factors")));
     EXPECT_TRUE(IsChecked(Find("Button", "German")));
     EXPECT_FALSE(IsChecked(Find("Button", "Automatic selection", 1)));
+    Click(cancel);
+
+    settings.language = LanguageEnglish;
+    ShowProgramWindow(optionsWindow);
+    EXPECT_TRUE(IsChecked(Find("Button", "English")));
+    EXPECT_FALSE(IsChecked(Find("Button", "German")));
+}
+
+TEST_F(OptionsWindow, LeavesTheRowsOfListsThatDoNotCount) {
+    ShowProgramWindow(optionsWindow);
+    EXPECT_EQ(Selected(decimalList), NoRow);
+    Click(automatic);
+    Select(decimalList, 1);
+    Select(thousandsList, 2);
+    Click(cancel);
+    ShowProgramWindow(optionsWindow);
+    EXPECT_TRUE(IsChecked(automatic));
+    EXPECT_EQ(Selected(decimalList), 1);
+    EXPECT_EQ(Selected(thousandsList), 2);
+}
+
+TEST_F(OptionsWindow, ShowsThePageOfTheTab) {
+    ShowProgramWindow(optionsWindow);
+    const HWND tabs = Find("SysTabControl32", "");
+    const HWND german = Find("Button", "German");
+    for (const WPARAM tab : {1, 0, 1}) {
+        SendMessageW(tabs, TCM_SETCURFOCUS, tab, 0);
+        EXPECT_EQ(IsWindowVisible(german) != FALSE, tab == 1);
+        EXPECT_EQ(IsWindowVisible(automatic) != FALSE, tab == 0);
+    }
+}
+
+TEST_F(OptionsWindow, ActivatesTheMainWindowWhenItIsClosed) {
+    ShowProgramWindow(optionsWindow);
+    SetActiveWindow(dialog);
+    SendMessageW(optionsWindow, WM_CLOSE, 0, 0);
+    EXPECT_EQ(GetActiveWindow(), mainWindow);
+    EXPECT_TRUE(IsWindow(optionsWindow));
+    EXPECT_FALSE(IsWindowVisible(optionsWindow));
+}
+
+TEST_F(OptionsWindow, StaysOpenAfterSeparatorsThatCannotBe) {
+    ShowProgramWindow(optionsWindow);
+    Click(automatic);
+    Select(decimalList, 1);
+    Click(calculator);
+    Click(Find("Button", "German"));
+    for (const WPARAM thousands : {WPARAM{0} - 1, WPARAM{1}}) {
+        Select(thousandsList, thousands);
+        const MessageBoxAnswer answer(IDOK);
+        Click(ok);
+        EXPECT_EQ(answer.caption, "Error");
+        EXPECT_EQ(answer.text,
+                  "Decimal and thousands separator must not be the same and they must not be "
+                  "undefined.");
+        EXPECT_EQ(answer.owner, optionsWindow);
+        EXPECT_TRUE(IsWindowVisible(optionsWindow));
+        EXPECT_FALSE(settings.groupCalculator);
+        EXPECT_EQ(settings.language, LanguageAutomatic);
+        EXPECT_FALSE(settings.settingsDirty);
+        EXPECT_EQ(PendingUiError(), UiErrorNone);
+    }
+    Select(thousandsList, 0);
+    Click(Find("Button", "Automatic selection", 1));
+    Click(ok);
+    EXPECT_FALSE(IsWindowVisible(optionsWindow));
+    EXPECT_TRUE(settings.groupCalculator);
+}
+
+TEST_F(OptionsWindow, KeepsTheLanguageForTheNextStartWhenNoneIsWantedNow) {
+    // Should the program be started anew all the same, then it is this one, and not without end.
+    ASSERT_EQ(GetEnvironmentVariableW(L"TALLYMERE_STARTED_ANEW", nullptr, 0), 0u);
+    SetEnvironmentVariableW(L"TALLYMERE_STARTED_ANEW", L"1");
+    const Language running = effectiveLanguage;
+    for (const auto& [button, language] :
+         {std::pair{"German", LanguageGerman}, std::pair{"English", LanguageEnglish}}) {
+        settings.settingsDirty = false;
+        ShowProgramWindow(optionsWindow);
+        Click(Find("Button", button));
+        const MessageBoxAnswer answer(IDCANCEL);
+        Click(ok);
+        EXPECT_EQ(answer.caption, "Hint");
+        EXPECT_EQ(answer.text,
+                  "The change of the language setting will only take effect after a restart of "
+                  "the application. Therefore, the application will be restarted now.");
+        EXPECT_EQ(answer.owner, optionsWindow);
+        EXPECT_EQ(settings.language, language);
+        EXPECT_TRUE(settings.settingsDirty);
+        EXPECT_EQ(effectiveLanguage, running);
+        EXPECT_FALSE(IsWindowVisible(optionsWindow));
+        MSG message;
+        EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    }
+    SetEnvironmentVariableW(L"TALLYMERE_STARTED_ANEW", nullptr);
 }
 
 TEST_F(OptionsWindow, EnablesTheListsAsTheBoxSays) {
@@ -122,8 +252,11 @@ TEST_F(OptionsWindow, TakesOverAndAppliesWhatWasChosenWithOk) {
     Select(decimalList, 1);
     Select(thousandsList, 2);
     Click(calculator);
+    Click(Find("Button", "Equations && polynomials"));
     Click(ok);
     EXPECT_FALSE(IsWindowVisible(optionsWindow));
+    EXPECT_TRUE(settings.groupEquations);
+    EXPECT_FALSE(settings.groupPrimes);
     EXPECT_EQ(settings.decimalSeparator, DecimalComma);
     EXPECT_EQ(settings.thousandsSeparator, ThousandsApostrophe);
     EXPECT_TRUE(settings.groupCalculator);

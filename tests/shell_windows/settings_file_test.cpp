@@ -134,6 +134,7 @@ TEST_F(SettingsFile, PathStaysEvenWhenTheFolderIsGone) {
 
 TEST_F(SettingsFile, MissingGivesTheDefaults) {
     ExpectLoaded(Settings{});
+    EXPECT_FALSE(fs::exists(file));
     fs::remove_all(folder);
     ExpectLoaded(Settings{});
     EXPECT_FALSE(fs::exists(folder));
