@@ -93,6 +93,10 @@ class Display:
     def click(self, x, y):
         run(["xdotool", "mousemove", str(x), str(y), "click", "1"], self.environment)
 
+    def move(self, window, x, y):
+        """Moves a window, which may land a frame's width beside that place."""
+        run(["xdotool", "windowmove", str(window.display_id), str(x), str(y)], self.environment)
+
     def screenshot(self, name, rect=None):
         """A picture of a place of the screen, all of it without one, in build/screenshots/."""
         SCREENSHOTS.mkdir(parents=True, exist_ok=True)

@@ -5,16 +5,18 @@ One desktop serves all tests of a script. Every test starts without settings.
 """
 
 import atexit
+import contextlib
 import functools
 import json
 import os
+import re
 import subprocess
 import sys
 import types
 import unittest
 
 from desktop import SECONDS, WINE_RUN, Display, WinePrefix
-from program import Probe, Program
+from program import MENU_CLASS, MESSAGE_BOX_CLASS, PROGRAM, Probe, Program, middle
 
 LOCALES = {"en": "C.UTF-8", "de": "de_DE.UTF-8"}
 MAIN_TITLE = "Tallymere 3.9"
@@ -57,17 +59,15 @@ def to_pixels(units, dpi):
     return [(unit * dpi + 48) // 96 for unit in units]
 
 
-def with_screenshot(method, name):
-    """A test method that leaves a picture of the screen should it fail."""
-    @functools.wraps(method)
-    def watched(case):
-        try:
-            method(case)
-        except Exception:
-            path = desktop().display.screenshot(f"failed-{name}")
-            print(f"{name} failed; the screen at that time: {path}", file=sys.stderr)
-            raise
-    return watched
+@contextlib.contextmanager
+def screenshot_of_failure(name):
+    """Leaves a picture of the screen should what it encloses fail."""
+    try:
+        yield
+    except Exception:
+        path = desktop().display.screenshot(f"failed-{re.sub(r'[^0-9A-Za-z_.-]+', '-', name)}")
+        print(f"{name} failed; the screen at that time: {path}", file=sys.stderr)
+        raise
 
 
 def settings_text(language="(automatic)", decimal="(automatic)", thousands="(automatic)",
@@ -102,9 +102,18 @@ class GuiCase(unittest.TestCase):
     def __init__(self, methodName="runTest"):
         super().__init__(methodName)
         if hasattr(self, methodName):
-            watched = with_screenshot(getattr(type(self), methodName),
-                                      f"{type(self).__name__}-{methodName}")
+            watched = screenshot_of_failure(self.name())(getattr(type(self), methodName))
             setattr(self, methodName, types.MethodType(watched, self))
+
+    def name(self):
+        return f"{type(self).__name__}-{self._testMethodName}"
+
+    @contextlib.contextmanager
+    def subTest(self, msg="", **params):
+        # A failure does not leave it, so the picture is taken inside.
+        parts = [self.name(), str(msg), *(f"{key}-{value}" for key, value in params.items())]
+        with super().subTest(msg, **params), screenshot_of_failure("-".join(filter(None, parts))):
+            yield
 
     def setUp(self):
         self.display = desktop().display
@@ -116,20 +125,20 @@ class GuiCase(unittest.TestCase):
         self.forms = desktop().forms[language]
         self.texts = self.forms["texts"]
 
-    def start(self, language="en", dpi=96, speaks=None):
+    def start(self, language="en", dpi=96, speaks=None, program_file=PROGRAM):
         """Starts the program for a user of that language; it ends with the test. Where settings say
         otherwise, it speaks another language."""
         desktop().set_dpi(dpi)
         self.expect_language(speaks or language)
         program = Program(self.display, desktop().probe,
-                          desktop().prefix.environment_of(LOCALES[language]))
+                          desktop().prefix.environment_of(LOCALES[language]), program_file)
         self.addCleanup(program.close)
         return program
 
-    def start_again(self, language="en", dpi=96):
+    def start_again(self, language="en", dpi=96, program_file=PROGRAM):
         """Starts the program for somebody who has met About before; its main window is there."""
         self.write_settings(settings_text())
-        program = self.start(language, dpi)
+        program = self.start(language, dpi, program_file=program_file)
         program.wait_for_window(MAIN_TITLE)
         return program
 
@@ -151,6 +160,27 @@ class GuiCase(unittest.TestCase):
 
     def click(self, control):
         self.display.click(*control.middle())
+
+    def choose_menu_by_mouse(self, program, item_id):
+        """Chooses an item of the main window's menu by two clicks."""
+        bar, position = divmod(item_id, 100)
+        menu = program.menu(program.wait_for_window(MAIN_TITLE))[bar - 1]
+        self.display.click(*middle(menu["rect"]))
+        drop_down = program.wait_for(lambda: program.find(MENU_CLASS), "the menu to drop down")
+        x, y, width, height = drop_down.client
+        count = len(menu["items"])
+        self.display.click(x + width // 2, y + height * (2 * position - 1) // (2 * count))
+        program.wait_until_hidden(None, MENU_CLASS)
+
+    def wait_for_message(self, program, title, text):
+        """The message box with that title, which says that text."""
+        box = program.wait_for_window(title, MESSAGE_BOX_CLASS)
+        self.assertIn(text, [control.text for control in box.walk()])
+        return box
+
+    def leave_message(self, program, title, key="Return"):
+        self.display.press(key)
+        program.wait_until_hidden(title, MESSAGE_BOX_CLASS)
 
     def close_program(self, program):
         """Closes the main window from its menu and waits for the end of the process."""

@@ -5,7 +5,6 @@ import unittest
 
 from gui_case import MAIN_TITLE, file_bytes, settings_text
 from options_case import OptionsCase
-from program import MESSAGE_BOX_CLASS
 
 
 class LanguageTest(OptionsCase):
@@ -15,9 +14,8 @@ class LanguageTest(OptionsCase):
         self.show_tab(program, 1)
         self.toggle(program, "German", True)
         self.press_ok(program)
-        box = program.wait_for_window("Hint", MESSAGE_BOX_CLASS)
-        self.assertIn(self.texts["TextOptChangeLanguageSettingWill"],
-                      [control.text for control in box.walk()])
+        box = self.wait_for_message(program, "Hint",
+                                    self.texts["TextOptChangeLanguageSettingWill"])
         self.display.screenshot("language-hint", box.rect)
         return box
 
@@ -47,8 +45,7 @@ class LanguageTest(OptionsCase):
     def test_cancel_keeps_the_choice_for_the_next_start(self):
         program = self.start_again()
         self.choose_german(program)
-        self.display.press("Escape")
-        program.wait_until_hidden("Hint", MESSAGE_BOX_CLASS)
+        self.leave_message(program, "Hint", "Escape")
         program.wait_until_hidden("Options")
         self.open_options(program)
         self.show_tab(program, 1)

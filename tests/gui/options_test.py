@@ -6,7 +6,6 @@ import unittest
 from form_check import check_form
 from gui_case import MAIN_TITLE, file_bytes, settings_text
 from options_case import OptionsCase
-from program import MESSAGE_BOX_CLASS
 
 
 class OptionsTest(OptionsCase):
@@ -102,12 +101,10 @@ class OptionsTest(OptionsCase):
             for index, row in rows:
                 self.select_row(program, index, row)
             self.press_ok(program)
-            box = program.wait_for_window("Error", MESSAGE_BOX_CLASS)
+            box = self.wait_for_message(program, "Error",
+                                        self.texts["TextErrDecimalThousandsSeparatorSame"])
             self.display.screenshot("options-separators-refused", box.rect)
-            self.assertIn(self.texts["TextErrDecimalThousandsSeparatorSame"],
-                          [control.text for control in box.walk()])
-            self.display.press("Return")
-            program.wait_until_hidden("Error", MESSAGE_BOX_CLASS)
+            self.leave_message(program, "Error")
             program.wait_for(lambda: self.options(program).enabled, "the options to go on")
         self.click(self.options(program).control("button", "Cancel"))
         program.wait_until_hidden("Options")

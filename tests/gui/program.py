@@ -19,6 +19,11 @@ MESSAGE_BOX_CLASS = "#32770"
 MENU_CLASS = "#32768"
 
 
+def middle(rect):
+    x, y, width, height = rect
+    return x + width // 2, y + height // 2
+
+
 @dataclass
 class Window:
     """A window or control as it was when the program was asked. Places are pixels of the screen:
@@ -61,8 +66,7 @@ class Window:
         return found[0]
 
     def middle(self):
-        x, y, width, height = self.rect
-        return x + width // 2, y + height // 2
+        return middle(self.rect)
 
     def describe(self, indent=""):
         """A few lines for whoever reads why a test failed."""
@@ -81,8 +85,8 @@ class Probe:
             [str(WINE_RUN), PROBE], env=prefix.environment, stdin=subprocess.PIPE,
             stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
 
-    def ask(self, command, argument):
-        self.process.stdin.write(f"{command} {argument}\n")
+    def ask(self, command, argument=""):
+        self.process.stdin.write(f"{command} {argument}".rstrip() + "\n")
         self.process.stdin.flush()
         return json.loads(self.process.stdout.readline())
 
@@ -95,8 +99,17 @@ class Probe:
     def processes(self):
         return self.ask("processes", IMAGE)
 
+    def menu(self, window):
+        """The items of the menu of a window: id, text, enabled, rect and items of each."""
+        return self.ask("menu", window.handle)
+
     def end(self, process):
         return self.ask("end", process)
+
+    def register_browser(self, path=""):
+        """Makes that the only program that opens web addresses; without a path there is none."""
+        if not self.ask("browser", path):
+            raise AssertionError(f"{path!r} could not be registered")
 
     def close(self):
         self.process.stdin.close()
@@ -107,12 +120,12 @@ class Probe:
 class Program:
     """One run of the program, and of the one that it starts in its place for another language."""
 
-    def __init__(self, display, probe, environment):
+    def __init__(self, display, probe, environment, program_file=PROGRAM):
         self.display = display
         self.probe = probe
         self.is_closed = False
         self.process = subprocess.Popen(
-            [str(WINE_RUN), PROGRAM], env=environment, stdin=subprocess.DEVNULL,
+            [str(WINE_RUN), str(program_file)], env=environment, stdin=subprocess.DEVNULL,
             stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     def describe(self):
@@ -124,6 +137,13 @@ class Program:
             if window.visible and window.class_name == class_name and title in (None, window.text):
                 return window
         return None
+
+    def visible_windows(self):
+        """The titles of the windows to be seen."""
+        return {window.text for window in self.probe.windows() if window.visible}
+
+    def menu(self, window):
+        return self.probe.menu(window)
 
     def wait_for(self, condition, what):
         """What the condition gives, once that is true; it takes no argument."""

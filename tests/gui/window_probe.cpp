@@ -4,8 +4,11 @@
 //
 //   windows IMAGE     the windows of all processes of the program file IMAGE, such as
 //                     "tallymere.exe", visible or not, each with its controls
+//   menu HANDLE       the items of a window's menu, each with those of its drop-down menu
 //   processes IMAGE   the ids of these processes
 //   end ID            ends a process; whether that worked
+//   browser PATH      makes a program the only one that opens web addresses; without PATH there is
+//                     none; whether that worked
 //
 // It ends with the input. All places are pixels of the screen: x, y, width, height.
 
@@ -17,6 +20,7 @@
 #include <vector>
 
 #include "gui/json_text.h"
+#include "gui/menu_teller.h"
 #include "toolkit/win32.h"
 // Needs the headers of Windows before it.
 #include <tlhelp32.h>
@@ -252,6 +256,39 @@ std::string AnswerWindows(const std::wstring& image) {
     return answer.Text();
 }
 
+std::string AnswerMenu(HWND window) {
+    const HANDLE memory = CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0,
+                                             MenuTellerBytes, MenuTellerMemory);
+    auto* answer =
+        static_cast<const char*>(MapViewOfFile(memory, FILE_MAP_READ, 0, 0, MenuTellerBytes));
+    const HMODULE library = LoadLibraryW(MenuTellerLibrary);
+    const auto hookProc = reinterpret_cast<HOOKPROC>(
+        reinterpret_cast<void*>(GetProcAddress(library, MenuTellerHook)));
+    const HHOOK hook = SetWindowsHookExW(WH_CALLWNDPROC, hookProc, library,
+                                         GetWindowThreadProcessId(window, nullptr));
+    Ask(window, RegisterWindowMessageW(MenuTellerMessage));
+    UnhookWindowsHookEx(hook);
+    // New shared memory is empty.
+    const std::string text = *answer == 0 ? "null" : answer;
+    UnmapViewOfFile(answer);
+    CloseHandle(memory);
+    return text;
+}
+
+std::string RegisterBrowser(const std::wstring& path) {
+    // Wine looks at what all users have only.
+    const std::wstring key = L"Software\\Classes\\http";
+    RegDeleteTreeW(HKEY_LOCAL_MACHINE, key.c_str());
+    if (path.empty()) {
+        return "true";
+    }
+    const std::wstring command = L'"' + path + L"\" \"%1\"";
+    const LSTATUS status = RegSetKeyValueW(
+        HKEY_LOCAL_MACHINE, (key + L"\\shell\\open\\command").c_str(), nullptr, REG_SZ,
+        command.c_str(), static_cast<DWORD>((command.size() + 1) * sizeof(wchar_t)));
+    return status == ERROR_SUCCESS ? "true" : "false";
+}
+
 std::string EndProcess(DWORD id) {
     const HANDLE process = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, id);
     const bool ended = process != nullptr && TerminateProcess(process, 1) != 0 &&
@@ -264,15 +301,21 @@ std::string Answer(const std::string& line) {
     const size_t blank = line.find(' ');
     const std::string command = line.substr(0, blank);
     const std::string argument = blank == std::string::npos ? "" : line.substr(blank + 1);
-    const std::wstring image(argument.begin(), argument.end());
+    const std::wstring wide(argument.begin(), argument.end());
     if (command == "windows") {
-        return AnswerWindows(image);
+        return AnswerWindows(wide);
     }
     if (command == "processes") {
-        return AnswerProcesses(image);
+        return AnswerProcesses(wide);
     }
     if (command == "end") {
         return EndProcess(static_cast<DWORD>(std::strtoul(argument.c_str(), nullptr, 10)));
+    }
+    if (command == "menu") {
+        return AnswerMenu(reinterpret_cast<HWND>(std::strtoll(argument.c_str(), nullptr, 10)));
+    }
+    if (command == "browser") {
+        return RegisterBrowser(wide);
     }
     return "null";
 }
