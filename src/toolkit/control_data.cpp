@@ -162,6 +162,12 @@ void ShowControl(HWND control, bool show) {
     InvalidateRect(root, &area, TRUE);
 }
 
+void PlaceControl(HWND control, const LayoutRect& place) {
+    const LayoutRect pixels = ToScreenPixels(place);
+    SetWindowPos(control, nullptr, pixels.x, pixels.y, pixels.width, pixels.height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 void SetControlSize(HWND control, int32_t width, int32_t height) {
     SetWindowPos(control, nullptr, 0, 0, ToScreenPixels(width), ToScreenPixels(height),
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);

@@ -46,6 +46,10 @@ void Drag(HWND splitter, LayoutPoint mouse) {
 
 LRESULT CALLBACK SplitterProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
+        case WM_SETCURSOR:
+            // The class would set its arrow before each move of the mouse, and the cursor flicker.
+            ShowDragCursor(window);
+            return TRUE;
         case WM_LBUTTONDOWN:
             ShowDragCursor(window);
             SetCapture(window);

@@ -374,6 +374,16 @@ TEST_F(ControlProcedure, SizesAreLogicalUnitsAndThePositionStays) {
     EXPECT_EQ(PlaceInParent(button), (LayoutRect{5, 8, 75, 17}));
 }
 
+TEST_F(ControlProcedure, APlaceIsLogicalUnitsAndTheOrderOfTabsStays) {
+    screenDpi = 144;
+    const HWND first = Button(u"first");
+    const HWND second = Button(u"second");
+    PlaceControl(first, {3, 5, 60, 21});
+    EXPECT_EQ(PlaceInParent(first), (LayoutRect{5, 8, 90, 32}));
+    EXPECT_EQ(NextTabStop(dialog, true), first);
+    EXPECT_EQ(NextTabStop(first, true), second);
+}
+
 TEST_F(ControlProcedure, ThePlaceOfAControlIsRepaintedWhenItIsHidden) {
     const HWND group = CreateGroupBox(dialog, {10, 20, 90, 90}, u"group", nullptr);
     const HWND button = CreateButton(group, {5, 6, 60, 20}, u"button");

@@ -436,7 +436,10 @@ TEST_F(SplitterControl, TheCursorTellsHowItMoves) {
         SendMouse(left, message, 101, 50);
         EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_SIZEWE));
     }
-    SendMessageW(left, WM_MOUSELEAVE, 0, 0);
+    EXPECT_TRUE(SendMessageW(up, WM_SETCURSOR, reinterpret_cast<WPARAM>(up),
+                             MAKELPARAM(HTCLIENT, WM_MOUSEMOVE)));
+    EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_SIZENS));
+    SendMessageW(up, WM_MOUSELEAVE, 0, 0);
     EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_ARROW));
 }
 
