@@ -8,29 +8,25 @@ from options_case import OptionsCase
 
 
 class LanguageTest(OptionsCase):
-    def choose_german(self, program):
-        """Chooses German in the options; the program then says that it will be started anew."""
+    def choose_language(self, program, text):
+        """Chooses a language in the options; the program then says that it will be started anew."""
         self.open_options(program)
         self.show_tab(program, 1)
-        self.toggle(program, "German", True)
+        self.toggle(program, text, True)
         self.press_ok(program)
-        box = self.wait_for_message(program, "Hint",
-                                    self.texts["TextOptChangeLanguageSettingWill"])
-        self.display.screenshot("language-hint", box.rect)
-        return box
+        return self.wait_for_message(program, self.texts["TextOptHint"],
+                                     self.texts["TextOptChangeLanguageSettingWill"])
 
-    def german_settings(self):
-        return file_bytes(settings_text(language="German"))
-
-    def test_ok_starts_the_program_anew_in_the_other_language(self):
+    def test_ok_starts_the_program_anew_in_the_other_language_and_back(self):
         program = self.start_again()
         old, = program.probe.processes()
-        self.choose_german(program)
+        box = self.choose_language(program, "German")
+        self.display.screenshot("language-hint", box.rect)
         self.display.press("Return")
         self.assertEqual(0, program.wait_until_ended())
-        new, = program.probe.processes()
-        self.assertNotEqual(old, new)
-        self.assertEqual(self.german_settings(), self.settings_bytes())
+        german, = program.probe.processes()
+        self.assertNotEqual(old, german)
+        self.assertEqual(file_bytes(settings_text(language="German")), self.settings_bytes())
 
         self.expect_language("de")
         window = self.open_options(program)
@@ -39,12 +35,24 @@ class LanguageTest(OptionsCase):
         self.assertTrue(self.options(program).control("button", "Deutsch").checked)
         self.display.press("alt+F4")
         program.wait_until_hidden("Optionen")
+        self.choose_language(program, "Englisch")
+        self.display.press("Return")
+        program.wait_for(lambda: german not in program.probe.processes(), "the end of the second")
+        english, = program.probe.processes()
+        self.assertEqual(file_bytes(settings_text(language="English")), self.settings_bytes())
+
+        self.expect_language("en")
+        self.open_options(program)
+        self.show_tab(program, 1)
+        self.assertTrue(self.options(program).control("button", "English").checked)
+        self.display.press("alt+F4")
+        program.wait_until_hidden("Options")
         self.choose_menu(program, 102)
-        program.wait_for(lambda: not program.probe.processes(), "the end of the second program")
+        program.wait_for(lambda: english not in program.probe.processes(), "the end of the third")
 
     def test_cancel_keeps_the_choice_for_the_next_start(self):
         program = self.start_again()
-        self.choose_german(program)
+        self.choose_language(program, "German")
         self.leave_message(program, "Hint", "Escape")
         program.wait_until_hidden("Options")
         self.open_options(program)
@@ -53,7 +61,7 @@ class LanguageTest(OptionsCase):
         self.display.press("alt+F4")
         program.wait_until_hidden("Options")
         self.close_program(program)
-        self.assertEqual(self.german_settings(), self.settings_bytes())
+        self.assertEqual(file_bytes(settings_text(language="German")), self.settings_bytes())
 
         program = self.start(speaks="de")
         program.wait_for_window(MAIN_TITLE)

@@ -33,10 +33,22 @@ class StartTest(GuiCase):
         self.close_program(program)
         self.assertEqual(file_bytes(settings_text(precision=0)), self.settings_bytes())
 
-    def test_settings_without_byte_order_mark_are_none(self):
-        self.write_settings("")
-        self.settings_path().write_bytes(settings_text(language="German").encode("utf-16-le"))
-        self.start().wait_for_window("About Tallymere")
+    def test_greeting_that_was_asked_for_changes_nothing_else(self):
+        self.write_settings(settings_text(decimal="comma", thousands="point", hint=1))
+        program = self.start()
+        program.wait_for_window("About Tallymere")
+        self.display.press("alt+F4")
+        program.wait_until_hidden("About Tallymere")
+        self.close_program(program)
+        self.assertEqual(file_bytes(settings_text(decimal="comma", thousands="point")),
+                         self.settings_bytes())
+
+    def test_greeting_that_was_cut_off_comes_again(self):
+        for _ in range(2):
+            program = self.start()
+            program.wait_for_window("About Tallymere")
+            program.close()
+            self.assertFalse(self.settings_path().exists())
 
     def test_closing_the_main_window_ends_the_program(self):
         program = self.start_again()
