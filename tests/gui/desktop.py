@@ -97,6 +97,13 @@ class Display:
         """Moves a window, which may land a frame's width beside that place."""
         run(["xdotool", "windowmove", str(window.display_id), str(x), str(y)], self.environment)
 
+    def minimise(self, window):
+        run(["xdotool", "windowminimize", str(window.display_id)], self.environment)
+
+    def activate(self, window):
+        """Brings a window to the front, a minimised one too, as a task bar would."""
+        run(["xdotool", "windowactivate", str(window.display_id)], self.environment)
+
     def screenshot(self, name, rect=None):
         """A picture of a place of the screen, all of it without one, in build/screenshots/."""
         SCREENSHOTS.mkdir(parents=True, exist_ok=True)
