@@ -175,6 +175,10 @@ TEST_F(AboutWindow, WritesTheDonateButtonInBoldItalicsOnePixelLower) {
     DrawDonateButton(drawn, ODA_DRAWENTIRE);
 
     const Picture expected;
+    auto* icon = static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), L"DonateBtnIcon",
+                                               IMAGE_ICON, 92, Picture::Height, LR_DEFAULTCOLOR));
+    DrawIconEx(expected.dc, 50, 0, icon, 92, Picture::Height, 0, nullptr, DI_NORMAL);
+    DestroyIcon(icon);
     LOGFONTW form = {};
     form.lfHeight = 21;
     form.lfWeight = 600;

@@ -9,7 +9,6 @@
 namespace tallymere {
 namespace {
 
-using testing_support::seen;
 using testing_support::TextOf;
 
 DWORD workerThread;
@@ -20,6 +19,7 @@ HWND other;
 bool otherEnabledDuringRun;
 bool pageEnabledDuringRun;
 int endsSeen;
+WPARAM lastTimer;
 
 void WriteTwoLines() {
     workerThread = GetCurrentThreadId();
@@ -57,6 +57,7 @@ LRESULT HandlePage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, bool
         endsSeen++;
     }
     if (message == WM_TIMER) {
+        lastTimer = wParam;
         HandlePageRunTimer(run, wParam);
     }
     return 0;
@@ -143,6 +144,7 @@ TEST_F(CalcThread, StaysBusyForAMomentWhereThePageWantsIt) {
     ASSERT_TRUE(StartPageRun(run, WriteTwoLines, UiErrorCalculation));
     LoopUntilEnd();
     LeavePageRunLater(run);
+    lastTimer = 0;
     HandlePageRunTimer(run, 1);  // a timer of somebody else
     EXPECT_TRUE(run.isBusy);
     EXPECT_EQ(TextOf(start), "Stop");
@@ -150,6 +152,7 @@ TEST_F(CalcThread, StaysBusyForAMomentWhereThePageWantsIt) {
     EXPECT_FALSE(run.isBusy);
     EXPECT_EQ(TextOf(start), "Start");
     EXPECT_TRUE(IsWindowEnabled(other));
+    EXPECT_EQ(lastTimer, 1000u);
     EXPECT_FALSE(KillTimer(page, 1000)) << "the timer would end the next run before its time";
 }
 
@@ -184,12 +187,12 @@ TEST_F(CalcThread, WritesBehindTheTextWhereverTheCaretIs) {
 }
 
 TEST_F(CalcThread, ReportsAnErrorOfTheRunAtItsEndWhileTheOthersAreStillOutOfReach) {
-    testing_support::MessageBoxWatch watch;
+    const testing_support::MessageBoxAnswer answer;
     BeginPageRun(run);
     ASSERT_TRUE(StartPageRun(run, Overflow, UiErrorPrimeNumberOverflow));
     LoopUntilEnd();
-    EXPECT_EQ(seen.boxes, 1);
-    EXPECT_EQ(seen.text, "Error in mathematical calculation!");
+    EXPECT_EQ(answer.boxes, 1);
+    EXPECT_EQ(answer.text, "Error in mathematical calculation!");
     EXPECT_EQ(PendingUiError(), UiErrorNone);
     EXPECT_TRUE(run.isBusy);
     EXPECT_FALSE(IsWindowEnabled(other));
@@ -197,16 +200,16 @@ TEST_F(CalcThread, ReportsAnErrorOfTheRunAtItsEndWhileTheOthersAreStillOutOfReac
 }
 
 TEST_F(CalcThread, ReportsAnErrorOfTheInputUnderTheCodeOfThePageAndStartsNothing) {
-    testing_support::MessageBoxWatch watch;
+    const testing_support::MessageBoxAnswer answer;
     BeginPageRun(run);
     Overflow();
     EXPECT_FALSE(StartPageRun(run, WriteTwoLines, UiErrorPrimeFactorOverflow));
-    EXPECT_EQ(seen.text, "Overflow in prime factor calculation!");
+    EXPECT_EQ(answer.text, "Overflow in prime factor calculation!");
     BeginPageRun(run);
     SetUiError(UiErrorInputTooLong);
     EXPECT_FALSE(StartPageRun(run, WriteTwoLines, UiErrorPrimeFactorOverflow));
-    EXPECT_EQ(seen.text, "The text entered is too long!");
-    EXPECT_EQ(seen.boxes, 2);
+    EXPECT_EQ(answer.text, "The text entered is too long!");
+    EXPECT_EQ(answer.boxes, 2);
     EXPECT_FALSE(run.isBusy);
     EXPECT_EQ(TextOf(output), "old\r\n");
 }

@@ -10,8 +10,6 @@
 namespace tallymere {
 namespace {
 
-using testing_support::seen;
-
 class ErrorReport : public testing_support::ToolkitTest {
 protected:
     ErrorReport() {
@@ -23,27 +21,27 @@ protected:
         ClearErrors();
     }
 
-    testing_support::MessageBoxWatch watch;
+    const testing_support::MessageBoxAnswer answer;
 };
 
 TEST_F(ErrorReport, ShowsTheMessageUnderTheTitleErrorAboveTheActiveWindow) {
     SetActiveWindow(dialog);
     SetUiError(UiErrorFileNotFound, u"C:\\x");
     ReportUiError();
-    EXPECT_EQ(seen.boxes, 1);
-    EXPECT_EQ(seen.title, "Error");
-    EXPECT_EQ(seen.text, "The file \"C:\\x\" was not found!");
-    EXPECT_EQ(seen.owner, dialog);
-    EXPECT_EQ(seen.buttons, 1);
-    EXPECT_TRUE(seen.hasIcon);
+    EXPECT_EQ(answer.boxes, 1);
+    EXPECT_EQ(answer.caption, "Error");
+    EXPECT_EQ(answer.text, "The file \"C:\\x\" was not found!");
+    EXPECT_EQ(answer.owner, dialog);
+    EXPECT_EQ(answer.buttons, 1);
+    EXPECT_TRUE(answer.hasIcon);
 }
 
 TEST_F(ErrorReport, SpeaksTheLanguageOfTheProgram) {
     InstallLanguage(LanguageGerman);
     SetUiError(UiErrorDivisionByZero);
     ReportUiError();
-    EXPECT_EQ(seen.title, "Fehler");
-    EXPECT_EQ(seen.text, "Division durch 0!");
+    EXPECT_EQ(answer.caption, "Fehler");
+    EXPECT_EQ(answer.text, "Division durch 0!");
 }
 
 TEST_F(ErrorReport, ShowsTheFirstOfTwoErrorsAndThatOnce) {
@@ -51,20 +49,20 @@ TEST_F(ErrorReport, ShowsTheFirstOfTwoErrorsAndThatOnce) {
     SetUiError(UiErrorDivisionByZero);
     ReportUiError();
     ReportUiError();
-    EXPECT_EQ(seen.boxes, 1);
-    EXPECT_EQ(seen.text, "Internal error!");
+    EXPECT_EQ(answer.boxes, 1);
+    EXPECT_EQ(answer.text, "Internal error!");
 }
 
 TEST_F(ErrorReport, ClearsEverythingBeforeTheBoxSoThatAnErrorBehindItIsKept) {
     SetUiError(UiErrorInternal);
     SetCalcError(CalcErrorOverflow);
     RequestCancel();
-    seen.raises = UiErrorDivisionByZero;
+    answer.raises = UiErrorDivisionByZero;
     ReportUiError();
-    EXPECT_EQ(seen.boxes, 1);
-    EXPECT_EQ(seen.pending, UiErrorNone);
-    EXPECT_EQ(seen.calcError, CalcErrorNone);
-    EXPECT_EQ(seen.cancelFlag, 0);
+    EXPECT_EQ(answer.boxes, 1);
+    EXPECT_EQ(answer.pending, UiErrorNone);
+    EXPECT_EQ(answer.calcError, CalcErrorNone);
+    EXPECT_EQ(answer.cancelled, 0);
     EXPECT_EQ(PendingUiError(), UiErrorDivisionByZero);
 }
 
@@ -73,7 +71,7 @@ TEST_F(ErrorReport, IsSilentAboutAStopAndAboutNothing) {
     SetUiError(UiErrorStopped);
     RequestCancel();
     ReportUiError();
-    EXPECT_EQ(seen.boxes, 0);
+    EXPECT_EQ(answer.boxes, 0);
     EXPECT_EQ(PendingUiError(), UiErrorNone);
     EXPECT_EQ(cancelFlag, 0);
 }

@@ -1,8 +1,6 @@
 // What stands before the first window is made.
 #include "shell/windows/init_application.h"
 
-#include <gtest/gtest.h>
-
 #include <string>
 
 #include "core/number_context.h"
@@ -10,31 +8,34 @@
 #include "shell/settings.h"
 #include "shell/ui_error.h"
 #include "shell/ui_text.h"
-#include "shell/windows/settings_file.h"
 #include "shell/windows/user_locale.h"
+#include "shell_windows/settings_folder.h"
 #include "toolkit/environment.h"
-#include "toolkit/wide_text.h"
 
 namespace tallymere {
 namespace {
 
-class InitApplicationTest : public ::testing::Test {
+// Each test calls Start once.
+class InitApplicationTest : public testing_support::SettingsFolderTest {
 protected:
     InitApplicationTest() : contextBefore(numberContext) {
-        ClearErrors();
-        settings = Settings{};
         osVersionCode = 0;
         screenDpi = 0;
         ClearUiText();
-        InitApplication(GetModuleHandleW(nullptr));
+        numberContext.decimalSeparators[0] = u'd';
+        numberContext.groupSeparators[0] = u'g';
     }
     ~InitApplicationTest() override {
         DestroyScratchStack();
         DeleteObject(defaultGuiFont);
         defaultGuiFont = nullptr;
         numberContext = contextBefore;
-        settings = Settings{};
-        ClearErrors();
+    }
+
+    static void Start() { InitApplication(GetModuleHandleW(nullptr)); }
+    static void StartWith(std::u16string_view settingsText) {
+        Put(testing_support::FileBytes(settingsText));
+        Start();
     }
 
 private:
@@ -42,6 +43,7 @@ private:
 };
 
 TEST_F(InitApplicationTest, KnowsTheModuleTheSystemAndTheScreen) {
+    Start();
     EXPECT_EQ(programInstance, GetModuleHandleW(nullptr));
     OSVERSIONINFOEXW version = {};
     version.dwOSVersionInfoSize = sizeof version;
@@ -59,6 +61,7 @@ TEST_F(InitApplicationTest, KnowsTheModuleTheSystemAndTheScreen) {
 }
 
 TEST_F(InitApplicationTest, MakesTheFontOfAllControls) {
+    Start();
     LOGFONTW font = {};
     ASSERT_NE(GetObjectW(defaultGuiFont, sizeof font, &font), 0);
     EXPECT_EQ(font.lfHeight, ToScreenPixels(16));
@@ -69,6 +72,7 @@ TEST_F(InitApplicationTest, MakesTheFontOfAllControls) {
 }
 
 TEST_F(InitApplicationTest, RegistersTheControlsOfTheSystem) {
+    Start();
     for (const wchar_t* name : {L"msctls_trackbar32", L"msctls_updown32", L"SysTabControl32"}) {
         WNDCLASSW windowClass = {};
         EXPECT_TRUE(GetClassInfoW(nullptr, name, &windowClass));
@@ -76,6 +80,7 @@ TEST_F(InitApplicationTest, RegistersTheControlsOfTheSystem) {
 }
 
 TEST_F(InitApplicationTest, LetsTheArithmeticBeStoppedAndGivesThisThreadItsStack) {
+    Start();
     EXPECT_EQ(numberContext.abortFlag, &cancelFlag);
     EXPECT_FALSE(AbortRequested());
     RequestCancel();
@@ -84,17 +89,38 @@ TEST_F(InitApplicationTest, LetsTheArithmeticBeStoppedAndGivesThisThreadItsStack
     EXPECT_NE(scope.Take(1'000), nullptr);
 }
 
-TEST_F(InitApplicationTest, ReadsTheSettingsAndSpeaksTheLanguageThatFollows) {
-    EXPECT_EQ(effectiveLanguage, ChooseLanguage(settings.language, UserLanguageId()));
-    const UiText installed = uiText;
-    InstallLanguage(effectiveLanguage);
-    EXPECT_EQ(installed.TextMenuExit, uiText.TextMenuExit);
-    EXPECT_EQ(installed.TextVarAssignResult, uiText.TextVarAssignResult);
-
-    const std::u16string path = SettingsPath();
-    const std::u16string folder = path.substr(0, path.rfind(u'\\'));
-    EXPECT_NE(GetFileAttributesW(ToWide(folder.c_str())) & FILE_ATTRIBUTE_DIRECTORY, 0u);
+TEST_F(InitApplicationTest, WithoutSettingsFollowsTheUserInLanguageAndSeparators) {
+    settings.settingsDirty = true;
+    Start();
+    EXPECT_EQ(effectiveLanguage, ChooseLanguage(LanguageAutomatic, UserLanguageId()));
+    EXPECT_EQ(std::u16string(uiText.TextMenuExit),
+              effectiveLanguage == LanguageGerman ? u"Beenden" : u"Exit");
+    EXPECT_NE(numberContext.decimalSeparators[0], u'd');
+    EXPECT_NE(numberContext.groupSeparators[0], u'g');
+    EXPECT_TRUE(settings.showWelcomeHint);
+    EXPECT_FALSE(settings.settingsDirty);
     EXPECT_EQ(PendingUiError(), UiErrorNone);
+    EXPECT_EQ(numberContext.calcError, CalcErrorNone);
+}
+
+TEST_F(InitApplicationTest, TakesLanguageAndSeparatorsFromTheSettings) {
+    StartWith(
+        u"[options]\r\nlanguage = German\r\ndecimal_separator = comma\r\n"
+        u"thousands_separator = space_U202F\r\n");
+    EXPECT_EQ(effectiveLanguage, LanguageGerman);
+    EXPECT_EQ(std::u16string(uiText.TextMenuExit), u"Beenden");
+    EXPECT_EQ(numberContext.decimalSeparators[0], u',');
+    EXPECT_EQ(numberContext.groupSeparators[0], u'\u202F');
+    EXPECT_FALSE(settings.settingsDirty);
+}
+
+TEST_F(InitApplicationTest, RepairsASingleAutomaticSeparatorBeforeItIsApplied) {
+    StartWith(
+        u"[options]\r\nlanguage = English\r\ndecimal_separator = (automatic)\r\n"
+        u"thousands_separator = space_U202F\r\n");
+    EXPECT_EQ(settings.thousandsSeparator, ThousandsAutomatic);
+    EXPECT_NE(numberContext.groupSeparators[0], u'\u202F');
+    EXPECT_TRUE(settings.settingsDirty);
 }
 
 }  // namespace

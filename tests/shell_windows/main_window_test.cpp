@@ -19,6 +19,19 @@ LRESULT Ignore(HWND, UINT, WPARAM, LPARAM, bool&) {
     return 0;
 }
 
+BOOL CALLBACK CountDialog(HWND window, LPARAM count) {
+    if (IsDialogWindow(window)) {
+        ++*reinterpret_cast<size_t*>(count);
+    }
+    return TRUE;
+}
+
+size_t CountDialogs() {
+    size_t count = 0;
+    EnumThreadWindows(GetCurrentThreadId(), CountDialog, reinterpret_cast<LPARAM>(&count));
+    return count;
+}
+
 int greetings;
 
 LRESULT CloseWhenShown(HWND window, UINT message, WPARAM wParam, LPARAM, bool& callDefault) {
@@ -117,6 +130,33 @@ TEST_F(MainWindow, HasAnOwnerThatIsNeverSeen) {
     EXPECT_TRUE(IsDialogWindow(hiddenOwnerWindow));
 }
 
+TEST_F(MainWindow, GivesAllWindowsTheirIconAndLeavesNoOtherWindowBehind) {
+    const HWND windows[] = {mainWindow, hiddenOwnerWindow, pageWindows[PageCalculator], dialog};
+    for (HWND window : windows) {
+        EXPECT_NE(GetClassLongPtrW(window, GCLP_HICON), 0u);
+    }
+    EXPECT_EQ(CountDialogs(), std::size(windows));
+}
+
+TEST_F(MainWindow, IsActivatedWhenAWindowThatItShowedIsClosed) {
+    ShowWindow(mainWindow, SW_SHOWNORMAL);
+    const HWND page = pageWindows[PageCalculator];
+    ChooseMenuItem(201);
+    EXPECT_EQ(GetActiveWindow(), page);
+    HidePageWindow(page);
+    EXPECT_FALSE(IsWindowVisible(page));
+    EXPECT_EQ(GetActiveWindow(), mainWindow);
+
+    // A dialog goes back to its owner.
+    const HWND owned = CreateDialogWindow(page, {100, 100}, u"", Ignore, 0, 0);
+    ShowProgramWindow(page);
+    ShowProgramWindow(owned);
+    HideProgramWindow(owned);
+    EXPECT_FALSE(IsWindowVisible(owned));
+    EXPECT_EQ(GetActiveWindow(), page);
+    DestroyWindow(owned);
+}
+
 TEST_F(MainWindow, GreetsOnceAndNotesThat) {
     settings = Settings{};
     aboutWindow = CreateDialogWindow(mainWindow, {100, 100}, u"About", CloseWhenShown, 0, 0);
@@ -129,6 +169,8 @@ TEST_F(MainWindow, GreetsOnceAndNotesThat) {
         EXPECT_EQ(settings.settingsDirty, greeted);
         EXPECT_FALSE(settings.showWelcomeHint);
     }
+    ChooseMenuItem(302);
+    EXPECT_EQ(greetings, 1) << "whoever asks is greeted again, and modally as well";
     DestroyWindow(aboutWindow);
     aboutWindow = nullptr;
     settings = Settings{};

@@ -1,4 +1,4 @@
-// Message boxes in a test: what they show is noted, and OK is pressed in each.
+// Message boxes in a test: a button is pressed in each, and what it showed is noted.
 #pragma once
 
 #include <string>
@@ -9,70 +9,71 @@
 
 namespace tallymere::testing_support {
 
-/// What the message boxes of a test showed while they were open; of several boxes, the last.
-struct SeenBoxes {
-    int32_t boxes = 0;
-    std::string title;
-    std::string text;
-    HWND owner = nullptr;
-    int32_t buttons = 0;
-    bool hasIcon = false;
-    UiErrorCode pending = UiErrorNone;  ///< what was pending behind the box
-    CalcError calcError = CalcErrorNone;
-    uint8_t cancelFlag = 0;
-    UiErrorCode raises = UiErrorNone;  ///< an error to raise behind the box
-};
-
-inline SeenBoxes seen;
-
-inline BOOL CALLBACK LookAtBoxControl(HWND control, LPARAM) {
-    if (IsSameClassName(WindowClassName(control).text, u"button")) {
-        seen.buttons++;
-    } else if ((WindowStyle(control) & SS_TYPEMASK) == SS_ICON) {
-        seen.hasIcon = SendMessageW(control, STM_GETICON, 0, 0) != 0;
-    } else {
-        seen.text = TextOf(control);
-    }
-    return TRUE;
-}
-
-inline BOOL CALLBACK LookAtBox(HWND window, LPARAM) {
-    if (!IsSameClassName(WindowClassName(window).text, u"#32770")) {
-        return TRUE;
-    }
-    seen.boxes++;
-    seen.title = TextOf(window);
-    seen.owner = GetWindow(window, GW_OWNER);
-    seen.buttons = 0;
-    EnumChildWindows(window, LookAtBoxControl, 0);
-    seen.pending = PendingUiError();
-    seen.calcError = numberContext.calcError;
-    seen.cancelFlag = cancelFlag;
-    if (seen.raises != UiErrorNone) {
-        SetUiError(seen.raises);
-    }
-    // At once, so that no later look finds the same box.
-    EndDialog(window, IDOK);
-    return FALSE;
-}
-
-inline void CALLBACK LookForBox(HWND, UINT, UINT_PTR, DWORD) {
-    EnumThreadWindows(GetCurrentThreadId(), LookAtBox, 0);
-}
-
-/// Looks out for message boxes of this thread as long as it lives.
-class MessageBoxWatch {
+/// Presses a button of every message box of this thread as soon as it is there, and tells what the
+/// last one said.
+class MessageBoxAnswer {
 public:
-    MessageBoxWatch() {
-        seen = {};
-        timer_ = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, LookForBox);
+    explicit MessageBoxAnswer(WORD button = IDOK) {
+        button_ = button;
+        caption = text = "";
+        owner = nullptr;
+        boxes = buttons = 0;
+        hasIcon = false;
+        raises = UiErrorNone;
+        hook_ = SetWindowsHookExW(WH_CBT, Answer, nullptr, GetCurrentThreadId());
     }
-    ~MessageBoxWatch() { KillTimer(nullptr, timer_); }
-    MessageBoxWatch(const MessageBoxWatch&) = delete;
-    MessageBoxWatch& operator=(const MessageBoxWatch&) = delete;
+    ~MessageBoxAnswer() { UnhookWindowsHookEx(hook_); }
+    MessageBoxAnswer(const MessageBoxAnswer&) = delete;
+    MessageBoxAnswer& operator=(const MessageBoxAnswer&) = delete;
+
+    static inline int32_t boxes;  ///< how many there were
+    static inline std::string caption;
+    static inline std::string text;
+    static inline HWND owner;
+    static inline int32_t buttons;
+    static inline bool hasIcon;
+
+    // What was pending behind the box.
+    static inline UiErrorCode pending;
+    static inline CalcError calcError;
+    static inline uint8_t cancelled;
+
+    static inline UiErrorCode raises;  ///< an error to raise behind the box
 
 private:
-    UINT_PTR timer_;
+    static constexpr int TextControl = 0xFFFF;
+
+    static LRESULT CALLBACK Answer(int code, WPARAM wParam, LPARAM lParam) {
+        const auto box = reinterpret_cast<HWND>(wParam);
+        if (code == HCBT_ACTIVATE && GetDlgItem(box, TextControl) != nullptr) {
+            boxes++;
+            caption = TextOf(box);
+            text = TextOf(GetDlgItem(box, TextControl));
+            owner = GetWindow(box, GW_OWNER);
+            buttons = 0;
+            EnumChildWindows(box, LookAtControl, 0);
+            pending = PendingUiError();
+            calcError = numberContext.calcError;
+            cancelled = cancelFlag;
+            if (raises != UiErrorNone) {
+                SetUiError(raises);
+            }
+            PostMessageW(box, WM_COMMAND, button_, 0);
+        }
+        return CallNextHookEx(nullptr, code, wParam, lParam);
+    }
+
+    static BOOL CALLBACK LookAtControl(HWND control, LPARAM) {
+        if (IsSameClassName(WindowClassName(control).text, u"button")) {
+            buttons++;
+        } else if ((WindowStyle(control) & SS_TYPEMASK) == SS_ICON) {
+            hasIcon = SendMessageW(control, STM_GETICON, 0, 0) != 0;
+        }
+        return TRUE;
+    }
+
+    static inline WORD button_;
+    HHOOK hook_;
 };
 
 }  // namespace tallymere::testing_support

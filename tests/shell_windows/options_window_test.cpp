@@ -9,12 +9,14 @@
 #include "shell/ui_error.h"
 #include "shell/windows/main_window.h"
 #include "shell/windows/program_windows.h"
+#include "shell_windows/message_boxes.h"
 #include "toolkit/test_dialog.h"
 
 namespace tallymere {
 namespace {
 
 using testing_support::IsChecked;
+using testing_support::MessageBoxAnswer;
 using testing_support::TextOf;
 
 struct Search {
@@ -43,41 +45,6 @@ HWND Find(const char* className, const char* text, int skip = 0) {
     EXPECT_NE(search.found, nullptr) << className << " " << text;
     return search.found;
 }
-
-// Presses a button of the next message box as soon as it is there, and tells what it said.
-class MessageBoxAnswer {
-public:
-    explicit MessageBoxAnswer(WORD button) {
-        button_ = button;
-        caption = text = "";
-        owner = nullptr;
-        hook_ = SetWindowsHookExW(WH_CBT, Answer, nullptr, GetCurrentThreadId());
-    }
-    ~MessageBoxAnswer() { UnhookWindowsHookEx(hook_); }
-    MessageBoxAnswer(const MessageBoxAnswer&) = delete;
-    MessageBoxAnswer& operator=(const MessageBoxAnswer&) = delete;
-
-    static inline std::string caption;
-    static inline std::string text;
-    static inline HWND owner;
-
-private:
-    static constexpr int TextControl = 0xFFFF;
-
-    static LRESULT CALLBACK Answer(int code, WPARAM wParam, LPARAM lParam) {
-        const auto box = reinterpret_cast<HWND>(wParam);
-        if (code == HCBT_ACTIVATE && GetDlgItem(box, TextControl) != nullptr) {
-            caption = TextOf(box);
-            text = TextOf(GetDlgItem(box, TextControl));
-            owner = GetWindow(box, GW_OWNER);
-            PostMessageW(box, WM_COMMAND, button_, 0);
-        }
-        return CallNextHookEx(nullptr, code, wParam, lParam);
-    }
-
-    static inline WORD button_;
-    HHOOK hook_;
-};
 
 class OptionsWindow : public testing_support::ToolkitTest {
 protected:

@@ -1,43 +1,19 @@
-// The settings file on disk, in the user's own folder. What lies there is put aside meanwhile.
+// The settings file on disk, in the user's own folder.
 #include "shell/windows/settings_file.h"
-
-#include <gtest/gtest.h>
-
-#include <shlobj.h>
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <string>
-#include <vector>
 
 #include "calculator/variable_table.h"
-#include "shell/settings_bytes.h"
 #include "shell/settings_testing.h"
 #include "shell/ui_error.h"
+#include "shell_windows/settings_folder.h"
 #include "support/random_source.h"
-#include "toolkit/wide_text.h"
 #include "toolkit/win32.h"
 
 namespace tallymere::testing_support {
 namespace {
-
-namespace fs = std::filesystem;
-
-using Bytes = std::vector<uint8_t>;
-
-fs::path UserFolder() {
-    wchar_t folder[MAX_PATH];
-    EXPECT_EQ(SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, 0, folder), S_OK);
-    return folder;
-}
-
-Bytes FileBytes(std::u16string_view text) {
-    const auto count = static_cast<int64_t>(text.size());
-    Bytes bytes(static_cast<size_t>(SettingsByteCount(count)));
-    EncodeSettings(bytes.data(), text.data(), count);
-    return bytes;
-}
 
 // A handle that keeps others from the file, as far as `sharing` says.
 class HeldFile {
@@ -54,50 +30,8 @@ private:
     HANDLE handle_;
 };
 
-class SettingsFile : public ::testing::Test {
+class SettingsFile : public SettingsFolderTest {
 protected:
-    static void SetUpTestSuite() {
-        folder = UserFolder() / "Tallymere";
-        // Where the aside is there already, what is in the folder is left from a test that broke.
-        if (fs::exists(folder) && !fs::exists(Aside())) {
-            fs::rename(folder, Aside());
-        }
-        fs::remove_all(folder);
-        file = ToWide(SettingsPath());
-        static const bool isThereAfterFirstCall = fs::is_directory(folder);
-        folderWasMade = isThereAfterFirstCall;
-    }
-    static void TearDownTestSuite() {
-        fs::remove_all(folder);
-        if (fs::exists(Aside())) {
-            fs::rename(Aside(), folder);
-        }
-    }
-
-    SettingsFile() {
-        fs::remove_all(folder);
-        fs::create_directory(folder);
-        settings = Settings{};
-        ClearErrors();
-    }
-    ~SettingsFile() override {
-        settings = Settings{};
-        ClearErrors();
-    }
-
-    static fs::path Aside() { return folder.parent_path() / "Tallymere put aside by a test"; }
-
-    static void Put(const Bytes& bytes) {
-        std::ofstream(file, std::ios::binary)
-            .write(reinterpret_cast<const char*>(bytes.data()),
-                   static_cast<std::streamsize>(bytes.size()));
-    }
-    static Bytes Content() {
-        std::ifstream stream(file, std::ios::binary);
-        EXPECT_TRUE(stream.is_open());
-        return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-    }
-
     // What the program has after a start with these bytes in the file.
     static void ExpectLoaded(const Bytes& bytes, const Settings& expected) {
         Put(bytes);
@@ -113,10 +47,6 @@ protected:
 
     // Settings that differ from the file and are to be written.
     static void ChangeSomething() { ChangeSetting(settings, &Settings::groupPrimes, true); }
-
-    static inline fs::path folder;
-    static inline fs::path file;
-    static inline bool folderWasMade = false;
 };
 
 TEST_F(SettingsFile, LiesInAFolderThatTheFirstCallMakes) {
