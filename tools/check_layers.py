@@ -7,7 +7,7 @@ usage: tools/check_layers.py [ROOT]
     of a neighbour
   - no file reaches itself through its includes
   - a project file is included in quotes, by its path from src/ (from tests/ in tests)
-  - only files in toolkit/ or in a folder named windows/ include headers of Windows
+  - only files in toolkit/ or in a folder named windows/ include headers of Windows, and their tests
 
 Prints one line for each finding, file and line first, and exits with 1 if there is any.
 """
@@ -64,7 +64,10 @@ def includes_of(path):
 
 
 def is_windows_half(file):
-    return "toolkit" in file.parts[:-1] or "windows" in file.parts[:-1]
+    """Product code by its folder; the tests of shell/windows stand in tests/shell_windows."""
+    folders = file.parts[:-1]
+    return ("toolkit" in folders or "windows" in folders
+            or folders[0] == "tests" and folders[-1].endswith("_windows"))
 
 
 def resolve(root, file, name):
