@@ -37,6 +37,7 @@ class CheckLayersTest(unittest.TestCase):
             "src/toolkit/dialog.h": ["<commctrl.h>"],
             "tests/core/limb_test.cpp": ['"core/limb.h"', '"support/seed.h"', "<gtest/gtest.h>"],
             "tests/support/seed.h": [],
+            "tests/shell_windows/settings_folder.h": ["<shlobj.h>"],
         }))
 
     def test_finds_a_higher_layer(self):
