@@ -1,4 +1,5 @@
 // The toolkit's own controls.
+#include <algorithm>
 #include <vector>
 
 #include "shell/number_type_rows.h"
@@ -72,6 +73,19 @@ TEST_F(NumericUpDown, TheSpinButtonsStandAtTheRightEndOfTheField) {
     EXPECT_GT(place.x, 65 / 2);
     EXPECT_GT(place.width, 0);
     EXPECT_LE(place.x + place.width, 65);
+}
+
+TEST_F(NumericUpDown, ItsFieldFillsItAtAnyResolution) {
+    for (const int32_t dpi : {96, 120, 144, 192}) {
+        screenDpi = dpi;
+        const HWND control = CreateNumericUpDown(dialog, {115, 16, 65, 19});
+        const LayoutRect field = PlaceInParent(NumericEdit(control));
+        const LayoutRect spin = PlaceInParent(NumericSpin(control));
+        EXPECT_EQ(ClientSize(control), (LayoutSize{ToPixels(65, dpi), ToPixels(19, dpi)})) << dpi;
+        EXPECT_EQ((LayoutPoint{field.x, field.y}), (LayoutPoint{0, 0})) << dpi;
+        EXPECT_EQ(field.height, ToPixels(19, dpi)) << dpi;
+        EXPECT_GE(std::max(field.width, spin.x + spin.width + 2), ToPixels(65, dpi)) << dpi;
+    }
 }
 
 TEST_F(NumericUpDown, ThePageIsNotToldOfWhatItSets) {
@@ -306,6 +320,18 @@ TEST_F(NumberBaseControl, ItsLabelIsPlacedWithItsText) {
     EXPECT_EQ(place.width, 40);
 }
 
+TEST_F(NumberBaseControl, GrowsWithTheScreen) {
+    screenDpi = 144;
+    const HWND large = CreateNumberBaseControl(dialog, 120, 3, NumberBaseLabelAbove);
+    SetNumberBaseLabel(large, u"Output base");
+    EXPECT_EQ(PlaceInParent(large), (LayoutRect{180, 5, 147, 63}));
+    EXPECT_EQ(PlaceInParent(NumberBaseLabel(large)), (LayoutRect{0, 0, 60, 23}));
+    const LayoutRect place = PlaceInParent(NumberBaseList(large));
+    EXPECT_EQ(place.x, 0);
+    EXPECT_EQ(place.y, 27);
+    EXPECT_EQ(place.width, 60);
+}
+
 class NumberTypeControl : public testing_support::ToolkitTest {
 protected:
     NumberTypeControl() {
@@ -478,6 +504,13 @@ TEST_F(DigitCountControl, HasItsLabelBesideOrAbove) {
     EXPECT_EQ(PlaceInParent(above), (LayoutRect{7, 9, 98, 35}));
     EXPECT_EQ(PlaceInParent(DigitCountLabel(above)), (LayoutRect{0, 0, 40, 20}));
     EXPECT_EQ(PlaceInParent(DigitCountField(above)), (LayoutRect{0, 17, 40, 17}));
+}
+
+TEST_F(DigitCountControl, GrowsWithTheScreen) {
+    screenDpi = 192;
+    const HWND above = CreateDigitCountControl(dialog, 7, 9, DigitCountLabelAbove);
+    EXPECT_EQ(PlaceInParent(above), (LayoutRect{14, 18, 196, 70}));
+    EXPECT_EQ(PlaceInParent(DigitCountField(above)), (LayoutRect{0, 34, 80, 34}));
 }
 
 TEST_F(DigitCountControl, ShowsTheCountWithABlankBehind) {
