@@ -54,7 +54,6 @@ TEST_F(InitApplicationTest, KnowsTheModuleTheSystemAndTheScreen) {
     EXPECT_EQ(osVersionCode, version.dwMajorVersion * 256 + version.dwMinorVersion);
     EXPECT_GE(osVersionCode, OsVersionVista);
 
-    EXPECT_TRUE(IsProcessDPIAware());
     const HDC screen = GetDC(nullptr);
     EXPECT_EQ(screenDpi, GetDeviceCaps(screen, LOGPIXELSY));
     ReleaseDC(nullptr, screen);

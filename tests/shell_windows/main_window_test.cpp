@@ -143,6 +143,7 @@ TEST_F(MainWindow, IsActivatedWhenAWindowThatItShowedIsClosed) {
     const HWND page = pageWindows[PageCalculator];
     ChooseMenuItem(201);
     EXPECT_EQ(GetActiveWindow(), page);
+    SetActiveWindow(dialog);
     HidePageWindow(page);
     EXPECT_FALSE(IsWindowVisible(page));
     EXPECT_EQ(GetActiveWindow(), mainWindow);
@@ -165,6 +166,7 @@ TEST_F(MainWindow, GreetsOnceAndNotesThat) {
         settings.settingsDirty = false;
         OpenMainWindow();
         EXPECT_TRUE(IsWindowVisible(mainWindow));
+        EXPECT_FALSE(IsIconic(mainWindow));
         EXPECT_EQ(greetings, greeted ? 1 : 0);
         EXPECT_EQ(settings.settingsDirty, greeted);
         EXPECT_FALSE(settings.showWelcomeHint);
@@ -194,8 +196,10 @@ TEST_F(MainWindow, ShowsEachWindowInFrontByItsItem) {
             EXPECT_EQ(IsWindowVisible(*windows[k]) != FALSE, k <= i) << items[i];
         }
     }
+    ShowWindow(optionsWindow, SW_SHOWMINIMIZED);
     ChooseMenuItem(101);
     EXPECT_EQ(GetForegroundWindow(), optionsWindow) << "shown already, but behind the others";
+    EXPECT_FALSE(IsIconic(optionsWindow));
     for (HWND* window : windows) {
         DestroyWindow(*window);
         *window = nullptr;
