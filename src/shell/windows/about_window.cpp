@@ -34,13 +34,17 @@ void CreateAboutControls(HWND window) {
     SendMessageW(controls[AboutTitle], WM_SETFONT, reinterpret_cast<WPARAM>(titleFont), FALSE);
 }
 
+// Not a shared icon: of these the system gives the one that it has, whatever its size.
+void DrawResourceIcon(HDC dc, const wchar_t* name, const LayoutRect& place) {
+    auto* icon = static_cast<HICON>(
+        LoadImageW(programInstance, name, IMAGE_ICON, place.width, place.height, LR_DEFAULTCOLOR));
+    DrawIconEx(dc, place.x, place.y, icon, place.width, place.height, 0, nullptr, DI_NORMAL);
+    DestroyIcon(icon);
+}
+
 void PaintAboutIcon(HWND window) {
     PAINTSTRUCT paint;
-    const HDC dc = BeginPaint(window, &paint);
-    const LayoutRect& place = AboutIconPixels;
-    auto* icon = static_cast<HICON>(
-        LoadImageW(programInstance, L"!AppIcon", IMAGE_ICON, place.width, place.height, LR_SHARED));
-    DrawIconEx(dc, place.x, place.y, icon, place.width, place.height, 0, nullptr, DI_NORMAL);
+    DrawResourceIcon(BeginPaint(window, &paint), L"!AppIcon", AboutIconPixels);
     EndPaint(window, &paint);
 }
 
@@ -49,12 +53,8 @@ void DrawDonateButton(const DRAWITEMSTRUCT& item) {
         return;
     }
     RECT place = item.rcItem;
-    const int width = place.right - place.left;
-    const int height = place.bottom - place.top;
-    auto* icon = static_cast<HICON>(
-        LoadImageW(programInstance, L"DonateBtnIcon", IMAGE_ICON, width, height, LR_DEFAULTCOLOR));
-    DrawIconEx(item.hDC, place.left, place.top, icon, width, height, 0, nullptr, DI_NORMAL);
-    DestroyIcon(icon);
+    DrawResourceIcon(item.hDC, L"DonateBtnIcon",
+                     {place.left, place.top, place.right - place.left, place.bottom - place.top});
 
     char16_t text[DonateTextCapacity + 1];
     GetWindowTextW(item.hwndItem, ToWide(text), DonateTextCapacity + 1);

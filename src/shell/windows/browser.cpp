@@ -4,6 +4,7 @@
 #include "shell/text_format.h"
 #include "shell/ui_error.h"
 #include "shell/windows/error_report.h"
+#include "shell/windows/program_file.h"
 #include "toolkit/wide_text.h"
 #include "toolkit/win32.h"
 
@@ -15,9 +16,6 @@ namespace tallymere {
 namespace {
 
 constexpr int64_t QuotedAddressCapacity = PathCapacity + 2;
-
-// No path of Windows is longer.
-constexpr int64_t LongestPath = 32'767;
 
 char16_t helpFolder[PathCapacity + 1] = u"";
 
@@ -38,11 +36,9 @@ void OpenInBrowser(const char16_t* argument) {
 }
 
 void FindHelpFolder() {
-    // A path that was cut to PathCapacity might lose its last backslash, and another folder would
-    // be taken for the program's.
-    char16_t programFile[LongestPath + 1];
-    GetModuleFileNameW(nullptr, ToWide(programFile), LongestPath + 1);
-    FormatHelpFolder(helpFolder, programFile);
+    // Of a path that is cut to PathCapacity the last backslash might be gone, and another folder
+    // would be taken for the program's.
+    FormatHelpFolder(helpFolder, ProgramFile());
 }
 
 void ShowHelp() {

@@ -1,6 +1,6 @@
 #include "shell/windows/restart.h"
 
-#include "shell/program_paths.h"
+#include "shell/windows/program_file.h"
 #include "shell/windows/program_windows.h"
 #include "shell/windows/settings_file.h"
 #include "toolkit/wide_text.h"
@@ -9,12 +9,10 @@ namespace tallymere {
 
 void RestartProgram() {
     SaveSettings();
-    char16_t programFile[PathCapacity + 1];
-    GetModuleFileNameW(nullptr, ToWide(programFile), PathCapacity + 1);
     STARTUPINFOW start = {};
     start.cb = sizeof(start);
     PROCESS_INFORMATION process = {};
-    if (CreateProcessW(ToWide(programFile), nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+    if (CreateProcessW(ToWide(ProgramFile()), nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                        &start, &process)) {
         CloseHandle(process.hThread);
         CloseHandle(process.hProcess);
