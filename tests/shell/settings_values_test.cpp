@@ -154,7 +154,7 @@ TEST(SettingsValues, NumbersAreReadAsFarAsTheyGo) {
                              Case{u"12.9", 12},
                              Case{u"1e3", 1},
                              Case{u"0x10", 0},
-                             Case{u"\t\v\f 5", 5},
+                             Case{u"\t\n\v\f\r 5", 5},
                              Case{u"\u00A05", 0},
                              Case{u"\u0665", 0},
                              Case{u"abc", 0},
