@@ -214,6 +214,18 @@ TEST_F(CalcThread, ReportsAnErrorOfTheInputUnderTheCodeOfThePageAndStartsNothing
     EXPECT_EQ(TextOf(output), "old\r\n");
 }
 
+TEST_F(CalcThread, ForgetsAStopThatComesAfterTheEnd) {
+    BeginPageRun(run);
+    ASSERT_TRUE(StartPageRun(run, WriteTwoLines, UiErrorCalculation));
+    LoopUntilEnd();
+    LeavePageRunLater(run);
+    StopPageRun(run);
+    RequestCancel();
+    LoopWhileBusy();
+    EXPECT_EQ(PendingUiError(), UiErrorNone);
+    EXPECT_EQ(cancelFlag, 0);
+}
+
 TEST_F(CalcThread, EndsWhenItIsStoppedWithoutAWord) {
     StopPageRun(run);
     EXPECT_EQ(PendingUiError(), UiErrorNone) << "nothing runs yet";

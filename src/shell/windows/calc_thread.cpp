@@ -119,6 +119,8 @@ void EndPageRun(PageRun& run, UiErrorCode fallback) {
 }
 
 void LeavePageRun(PageRun& run) {
+    // A stop that came after the end would stay pending and silence the next error.
+    ClearErrors();
     SetPageBusy(run, false);
 }
 

@@ -80,7 +80,8 @@ bool StartPageRun(PageRun& run, PageWorker worker, UiErrorCode fallback);
 /// ScratchStack back. The page is busy still.
 void EndPageRun(PageRun& run, UiErrorCode fallback);
 
-/// The page is not busy any more: captions and windows become what they were.
+/// The page is not busy any more: captions and windows become what they were, and a stop that came
+/// after EndPageRun is forgotten.
 void LeavePageRun(PageRun& run);
 
 /// Likewise after 200 ms, at HandlePageRunTimer, so that a click on Stop that comes late cannot
