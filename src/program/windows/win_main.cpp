@@ -1,11 +1,9 @@
-// The start of the program and its one message loop.
+// The start of the program, and the order in which its windows are made.
 
-#include "core/scratch.h"
 #include "shell/windows/about_window.h"
-#include "shell/windows/init_application.h"
 #include "shell/windows/main_window.h"
 #include "shell/windows/options_window.h"
-#include "shell/windows/settings_file.h"
+#include "shell/windows/program_run.h"
 #include "toolkit/win32.h"
 
 namespace tallymere {
@@ -19,28 +17,10 @@ void CreateProgramWindows() {
     CreateAboutWindow();
 }
 
-// Runs until the main window is closed; the result is the exit status of the process. The keys that
-// lead through dialogs are the business of their controls, so the loop is a plain one.
-int RunMessageLoop() {
-    MSG message = {};
-    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    }
-    return static_cast<int>(message.wParam);
-}
-
 }  // namespace
 
 }  // namespace tallymere
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int) {
-    using namespace tallymere;
-    InitApplication(instance);
-    CreateProgramWindows();
-    OpenMainWindow();
-    const int status = RunMessageLoop();
-    SaveSettings();
-    DestroyScratchStack();
-    return status;
+    return tallymere::RunProgram(instance, tallymere::CreateProgramWindows);
 }
