@@ -93,6 +93,11 @@ class Display:
     def click(self, x, y):
         run(["xdotool", "mousemove", str(x), str(y), "click", "1"], self.environment)
 
+    def click_twice(self, x, y):
+        """As a hand does that is too quick: nothing waits for what the first click did."""
+        run(["xdotool", "mousemove", str(x), str(y), "click", "--repeat", "2", "--delay", "30",
+             "1"], self.environment)
+
     def move(self, window, x, y):
         """Moves a window, which may land a frame's width beside that place."""
         run(["xdotool", "windowmove", str(window.display_id), str(x), str(y)], self.environment)

@@ -111,6 +111,14 @@ class Probe:
         if not self.ask("browser", path):
             raise AssertionError(f"{path!r} could not be registered")
 
+    def answers(self, window):
+        """How many of a hundred messages, one after the other, a window answers."""
+        return self.ask("answers", window.handle)
+
+    def write(self, control, text):
+        """Sets the text of a control that no hand can reach."""
+        return self.ask("write", f"{control.handle} {text}")
+
     def close(self):
         self.process.stdin.close()
         stop(self.process)

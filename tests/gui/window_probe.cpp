@@ -9,6 +9,9 @@
 //   end ID            ends a process; whether that worked
 //   browser PATH      makes a program the only one that opens web addresses; without PATH there is
 //                     none; whether that worked
+//   answers HANDLE    sends a window a hundred messages that do nothing; how many were answered,
+//                     each before the next was sent
+//   write HANDLE TEXT sets the text of a control; whether it took it
 //
 // It ends with the input. All places are pixels of the screen: x, y, width, height.
 
@@ -297,6 +300,26 @@ std::string EndProcess(DWORD id) {
     return ended ? "true" : "false";
 }
 
+HWND WindowOf(const std::string& argument) {
+    return reinterpret_cast<HWND>(std::strtoll(argument.c_str(), nullptr, 10));
+}
+
+std::string CountAnswers(HWND window) {
+    constexpr int Messages = 100;
+    int answered = 0;
+    DWORD_PTR result = 0;
+    while (answered < Messages && SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL,
+                                                      AnswerMilliseconds, &result) != 0) {
+        answered++;
+    }
+    return std::to_string(answered);
+}
+
+std::string WriteText(HWND window, const std::wstring& text) {
+    return Ask(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str())) != 0 ? "true"
+                                                                                   : "false";
+}
+
 std::string Answer(const std::string& line) {
     const size_t blank = line.find(' ');
     const std::string command = line.substr(0, blank);
@@ -312,10 +335,17 @@ std::string Answer(const std::string& line) {
         return EndProcess(static_cast<DWORD>(std::strtoul(argument.c_str(), nullptr, 10)));
     }
     if (command == "menu") {
-        return AnswerMenu(reinterpret_cast<HWND>(std::strtoll(argument.c_str(), nullptr, 10)));
+        return AnswerMenu(WindowOf(argument));
     }
     if (command == "browser") {
         return RegisterBrowser(wide);
+    }
+    if (command == "answers") {
+        return CountAnswers(WindowOf(argument));
+    }
+    if (command == "write") {
+        const size_t text = argument.find(' ') + 1;
+        return WriteText(WindowOf(argument), wide.substr(text));
     }
     return "null";
 }

@@ -1,0 +1,279 @@
+// The program with two pages that exist only here, for tests of what all pages have in common: how
+// a page calculates, is stopped and closed, and follows the main window. All else is the program's
+// own, its start and its main loop too.
+//
+// Roots adds the square roots of all whole numbers down from the one in its edit. Its worker looks
+// for the stop by itself, as those of most pages do; Stop and closing raise UiErrorStopped.
+//
+// Factorials writes the factorials of one million, two millions and so on, as many as its edit
+// says. The arithmetic looks for the stop, as on the calculator page: Stop sets cancelFlag, and a
+// closed page goes on.
+
+#include <cstdint>
+#include <iterator>
+
+#include "core/number_text.h"
+#include "core/real_add.h"
+#include "core/real_integer.h"
+#include "core/real_rounding.h"
+#include "core/real_text.h"
+#include "core/scratch.h"
+#include "functions/factorial.h"
+#include "functions/roots.h"
+#include "shell/text_format.h"
+#include "shell/windows/about_window.h"
+#include "shell/windows/calc_thread.h"
+#include "shell/windows/main_window.h"
+#include "shell/windows/options_window.h"
+#include "shell/windows/program_run.h"
+#include "shell/windows/program_windows.h"
+#include "toolkit/dialog_window.h"
+#include "toolkit/standard_controls.h"
+#include "toolkit/wide_text.h"
+
+namespace tallymere {
+
+namespace {
+
+constexpr int64_t LineCapacity = 255;
+
+// Different ones, so that a page that does not install its own shows it.
+constexpr int64_t RootsDigits = 100;
+constexpr int64_t FactorialsDigits = 60;
+
+constexpr int64_t RootsPerLine = 20'000;
+constexpr int64_t FactorialStep = 1'000'000;
+
+// What both pages have.
+struct TestPage {
+    HWND window;
+    HWND startButton;
+    HWND otherButton;
+    HWND input;
+    HWND output;
+    PageRun run;
+};
+
+TestPage roots;
+TestPage factorials;
+
+// The input and the result of the roots' worker; they lie on the ScratchStack of the UI thread.
+RealNumber* rootsFrom;
+RealNumber* rootsSum;
+
+HWND CreateTestPage(TestPage& page, const char16_t* title, WindowHandler handler, DWORD style,
+                    const char16_t* otherCaption) {
+    page.window = CreateDialogWindow(hiddenOwnerWindow, {600, 300}, title, handler,
+                                     WS_SYSMENU | style | DialogClientSize, 0);
+    page.startButton = CreateButton(page.window, {10, 10, 100, 25}, uiText.TextBtnStart);
+    page.otherButton = CreateButton(page.window, {120, 10, 100, 25}, otherCaption);
+    page.input = CreateEdit(page.window, {230, 10, 360, 25}, u"", ES_AUTOHSCROLL, WS_EX_CLIENTEDGE);
+    page.output =
+        CreateEdit(page.window, {10, 45, 580, 245}, u"",
+                   ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | WS_VSCROLL, WS_EX_CLIENTEDGE);
+    page.run = {page.window, page.startButton, &UiText::TextBtnStart, &page.otherButton, 1,
+                false,       nullptr};
+    return page.window;
+}
+
+void InstallRealNumbers(int64_t digits) {
+    numberContext.numberType = NumberTypeReal;
+    SetRealPrecision(digits);
+}
+
+RealNumber* TakeReal(ScratchArea& area) {
+    return RealAt(ScratchTake(area, RealWords()));
+}
+
+// The whole number in the page's edit, or an error. Runs on the UI thread and on the CalcThread.
+int64_t ReadWholeNumber(const TestPage& page) {
+    char16_t text[LineCapacity + 1];
+    GetWindowTextW(page.input, ToWide(text), LineCapacity + 1);
+    ScratchStackScope scope;
+    RealNumber* number = TakeReal(CurrentScratchStack());
+    RealRound(number, RealFromText(number, text, TextUntilZero, 0));
+    int64_t value = 0;
+    if (!RealToInt(&value, number, IntegerExact)) {
+        SetUiError(UiErrorInvalidInput, text);
+    }
+    return value;
+}
+
+// A line "label = number" for the output.
+struct OutputLine {
+    char16_t text[LineCapacity + 1];
+
+    OutputLine(const char16_t* label, const RealNumber* number) {
+        char16_t digits[LineCapacity + 1];
+        NumberToText(digits, LineCapacity, &number->header, 0);
+        FormatBounded(text, LineCapacity, u"%s = %s\r\n", {label, digits});
+    }
+};
+
+void AppendLine(const TestPage& page, const char16_t* line) {
+    AppendPageText(page.output, reinterpret_cast<LPARAM>(line));
+}
+
+bool IsRunStopped() {
+    return PendingUiError() != UiErrorNone || numberContext.calcError != CalcErrorNone;
+}
+
+void AddRoots() {
+    ScratchStackScope scope;
+    RealNumber* number = TakeReal(CurrentScratchStack());
+    RealNumber* root = TakeReal(CurrentScratchStack());
+    RealNumber* one = TakeReal(CurrentScratchStack());
+    RealSetOne(one);
+    RealCopy(number, rootsFrom);
+    RealSetZero(rootsSum, 0);
+    for (int64_t count = 1; !IsRunStopped() && !RealIsZero(number); count++) {
+        RealSqrtRounded(root, number);
+        RealAdd(rootsSum, rootsSum, root);
+        RealSubtract(number, number, one);
+        if (count % RootsPerLine == 0) {
+            SendPageText(OutputLine(u"so far", rootsSum).text);
+        }
+    }
+}
+
+// An error of the arithmetic and two of the page.
+void FailThreeTimes() {
+    RealSetNaN(rootsSum, CalcErrorUndefined);
+    SetUiError(UiErrorDivisionByZero);
+    SetUiError(UiErrorPrimeNumberOverflow);
+}
+
+void StartRoots(PageWorker worker) {
+    BeginPageRun(roots.run);
+    InstallRealNumbers(RootsDigits);
+    rootsFrom = TakeReal(CurrentScratchStack());
+    rootsSum = TakeReal(CurrentScratchStack());
+    if (worker == AddRoots) {
+        RealFromInt(rootsFrom, ReadWholeNumber(roots));
+    }
+    if (StartPageRun(roots.run, worker, UiErrorCalculation)) {
+        AppendLine(roots, u"started\r\n");
+    }
+}
+
+void EndRoots() {
+    if (!IsRunStopped()) {
+        AppendLine(roots, OutputLine(u"sum", rootsSum).text);
+    }
+    EndPageRun(roots.run, UiErrorCalculation);
+    LeavePageRunLater(roots.run);
+}
+
+LRESULT RootsProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
+    switch (message) {
+        case WM_COMMAND:
+            if (HIWORD(wParam) != BN_CLICKED) {
+                break;
+            }
+            if (reinterpret_cast<HWND>(lParam) == roots.otherButton) {
+                StartRoots(FailThreeTimes);
+            } else if (reinterpret_cast<HWND>(lParam) != roots.startButton) {
+                break;
+            } else if (roots.run.isBusy) {
+                StopPageRun(roots.run);
+            } else {
+                StartRoots(AddRoots);
+            }
+            break;
+        case PageWorkerMessage:
+            if (wParam == PageWorkerText) {
+                AppendPageText(roots.output, lParam);
+            } else if (wParam == PageWorkerEnded) {
+                EndRoots();
+            }
+            break;
+        case WM_TIMER:
+            HandlePageRunTimer(roots.run, wParam);
+            break;
+        case WM_CLOSE:
+            callDefault = false;
+            StopPageRun(roots.run);
+            HidePageWindow(window);
+            break;
+        default:
+            break;
+    }
+    return 0;
+}
+
+// Reads the edit anew before every factorial, which is how a run can be told to end by itself.
+void WriteFactorials() {
+    ScratchStackScope scope;
+    RealNumber* value = TakeReal(CurrentScratchStack());
+    for (int64_t count = 1; count <= ReadWholeNumber(factorials); count++) {
+        RealProductFactorial(value, count * FactorialStep);
+        if (numberContext.calcError != CalcErrorNone) {
+            return;
+        }
+        SendPageText(OutputLine(u"next", value).text);
+    }
+}
+
+void StartFactorials() {
+    BeginPageRun(factorials.run);
+    InstallRealNumbers(FactorialsDigits);
+    ReadWholeNumber(factorials);
+    if (StartPageRun(factorials.run, WriteFactorials, UiErrorCalculation)) {
+        AppendLine(factorials, u"started\r\n");
+    }
+}
+
+LRESULT FactorialsProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
+    switch (message) {
+        case WM_COMMAND:
+            if (HIWORD(wParam) != BN_CLICKED) {
+                break;
+            }
+            if (reinterpret_cast<HWND>(lParam) == factorials.otherButton) {
+                SetWindowTextW(factorials.output, L"");
+            } else if (reinterpret_cast<HWND>(lParam) != factorials.startButton) {
+                break;
+            } else if (factorials.run.isBusy) {
+                RequestCancel();
+            } else {
+                StartFactorials();
+            }
+            break;
+        case PageWorkerMessage:
+            if (wParam == PageWorkerText) {
+                AppendPageText(factorials.output, lParam);
+            } else if (wParam == PageWorkerEnded) {
+                if (!IsRunStopped()) {
+                    AppendLine(factorials, u"done\r\n");
+                }
+                EndPageRun(factorials.run, UiErrorCalculation);
+                LeavePageRun(factorials.run);
+            }
+            break;
+        case WM_CLOSE:
+            callDefault = false;
+            HidePageWindow(window);
+            break;
+        default:
+            break;
+    }
+    return 0;
+}
+
+void CreateWindows() {
+    CreateMainWindow();
+    pageWindows[PageAlgebraicEquations] = CreateTestPage(
+        roots, u"Roots", RootsProc, WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX, u"Fail");
+    CreateOptionsWindow();
+    CreateAboutWindow();
+    pageWindows[PageLinearSystems] =
+        CreateTestPage(factorials, u"Factorials", FactorialsProc, WS_MINIMIZEBOX, u"Clear");
+}
+
+}  // namespace
+
+}  // namespace tallymere
+
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int) {
+    return tallymere::RunProgram(instance, tallymere::CreateWindows);
+}
