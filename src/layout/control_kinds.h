@@ -11,6 +11,7 @@ inline constexpr int32_t ClassNameCapacity = 64;
 inline constexpr const char16_t* ButtonClass = u"button";
 inline constexpr const char16_t* ComboBoxClass = u"combobox";
 inline constexpr const char16_t* EditClass = u"edit";
+inline constexpr const char16_t* ListBoxClass = u"listbox";
 inline constexpr const char16_t* RichEditClass = u"richedit";
 
 /// Bits of window styles, with the values that the system gives them.

@@ -1,15 +1,34 @@
 #include "shell/windows/form_windows.h"
 
 #include "layout/control_kinds.h"
+#include "toolkit/digit_count_control.h"
+#include "toolkit/number_base_control.h"
+#include "toolkit/numeric_up_down.h"
+#include "toolkit/splitter_control.h"
 #include "toolkit/standard_controls.h"
 #include "toolkit/tab_page.h"
+#include "toolkit/wide_text.h"
 
 namespace tallymere {
 
 namespace {
 
+HWND CreateDigitCount(HWND parent, const FormControl& control) {
+    const HWND window =
+        CreateDigitCountControl(parent, control.place.x, control.place.y, control.style);
+    SetWindowTextW(DigitCountLabel(window), ToWide(FormText(control)));
+    return window;
+}
+
+HWND CreateNumberBase(HWND parent, const FormControl& control) {
+    const HWND window =
+        CreateNumberBaseControl(parent, control.place.x, control.place.y, control.style);
+    SetNumberBaseLabel(window, FormText(control));
+    return window;
+}
+
 HWND CreateFormControl(HWND parent, const FormControl& control) {
-    const char16_t* text = control.text == nullptr ? u"" : uiText.*control.text;
+    const char16_t* text = FormText(control);
     switch (control.kind) {
         case FormStatic:
             return CreateStatic(parent, control.place, text);
@@ -32,6 +51,28 @@ HWND CreateFormControl(HWND parent, const FormControl& control) {
             return CreateTabControl(parent, control.place);
         case FormTabPage:
             return AddTabPage(parent, text);
+        case FormFocusSink:
+            return CreateControl(parent, ButtonClass, control.place, text, BS_PUSHBUTTON);
+        case FormField:
+            return CreateEdit(parent, control.place, text, ES_AUTOHSCROLL, WS_EX_CLIENTEDGE);
+        case FormMultilineField:
+            return CreateEdit(parent, control.place, text,
+                              ES_MULTILINE | ES_AUTOVSCROLL | WS_VSCROLL, WS_EX_CLIENTEDGE);
+        case FormList:
+            return CreateControl(parent, ListBoxClass, control.place, text,
+                                 WS_VSCROLL | WS_TABSTOP | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
+                                 WS_EX_CLIENTEDGE);
+        case FormSlider:
+            return CreateTrackbar(parent, control.place.x, control.place.width);
+        case FormNumericUpDown:
+            return CreateNumericUpDown(parent, control.place);
+        case FormSplitter:
+            return CreateSplitter(parent, control.place,
+                                  static_cast<SplitterOrientation>(control.style), nullptr);
+        case FormDigitCount:
+            return CreateDigitCount(parent, control);
+        case FormNumberBase:
+            return CreateNumberBase(parent, control);
     }
     return nullptr;
 }
