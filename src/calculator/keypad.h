@@ -1,0 +1,78 @@
+// The keypad of the calculator: 72 keys in 8 rows, whose captions and actions depend on the number
+// type, the angle unit and the case of letters.
+#pragma once
+
+#include <cstdint>
+
+#include "calculator/key_texts.h"
+#include "layout/rgb_colour.h"
+
+namespace tallymere {
+
+inline constexpr int32_t KeyColumns = 9;
+inline constexpr int32_t KeyRows = 8;
+inline constexpr int32_t KeyCount = KeyColumns * KeyRows;
+
+/// The id of the first key's window; the others follow in the order of the keys, row by row.
+inline constexpr int32_t FirstKeyId = 100'000;
+
+/// The key CA, which is Stop during a long calculation.
+inline constexpr int32_t StopKey = 0;
+/// A fixed text: the German interface shows it too.
+inline constexpr const char16_t* StopCaption = u"Stop";
+
+/// Decides the colour of a caption.
+enum KeyClass : int32_t {
+    KeyClassNone = 0,  ///< of an empty key
+    KeyClassDigit = 1,
+    KeyClassOperator = 2,
+    KeyClassClear = 3,
+    KeyClassFunction = 4,
+    KeyClassStructure = 5,
+    KeyClassComplex = 6,
+    KeyClassCount,
+};
+
+/// The colours of the classes, by their number.
+inline constexpr RgbColour KeyColours[] = {
+    {0, 0, 0}, {0, 100, 0}, {0, 100, 0}, {255, 0, 0}, {0, 0, 255}, {0, 0, 0}, {128, 0, 0},
+};
+
+/// Left and right of a caption, in pixels: the room of a drawn caption is narrowed by it.
+inline constexpr int32_t KeyCaptionMargin = 3;
+
+enum KeyFont : int32_t {
+    KeyFontPlain,
+    KeyFontArrow,
+    KeyFontPi,
+    KeyFontNarrow,
+    KeyFontCount,
+};
+
+struct KeyFontForm {
+    const char16_t* name;
+    int32_t height;  ///< of a line, in logical units
+};
+
+/// The fonts of the keys, by their number.
+inline constexpr KeyFontForm KeyFonts[] = {
+    {u"Verdana", 13}, {u"Consolas", 22}, {u"Consolas", 13}, {u"Verdana", 12}};
+
+/// Characters of the longest caption, the terminating 0 not counted.
+inline constexpr int64_t KeyCaptionCharacters = 8;
+
+struct KeyInfo {
+    char16_t caption[KeyCaptionCharacters + 1] = {};
+    KeyAction action = ActionNone;
+    KeyClass colourClass = KeyClassNone;
+    KeyFont font = KeyFontPlain;
+};
+
+/// The key at `index`. One for which the number type has no use, or outside of 0 to 71, has no
+/// caption and no action.
+KeyInfo KeypadEntry(int32_t index, const KeypadStyle& style);
+
+/// The index of the key with an action in a number type, -1 for none.
+int32_t KeyOfAction(KeyAction action, NumberType type);
+
+}  // namespace tallymere
