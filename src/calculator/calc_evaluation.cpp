@@ -38,7 +38,7 @@ CalcEvaluation EvaluateInReal(const char16_t* formula, const VariableRows& varia
     CalcEvaluation evaluation = EvaluateInForce(formula, variables, result);
     evaluation.fellToReal = evaluation.error == FormulaErrorNone;
     if (evaluation.fellToReal) {
-        ApplyNumberType(NumberTypeReal, calculator.calcOutputBase);
+        InstallNumberType(NumberTypeReal, calculator.calcOutputBase);
     } else {
         RestoreCalcContext();
     }

@@ -30,12 +30,16 @@ void ApplyPrecision(int64_t precision) {
     MarkResultStale();
 }
 
-void ApplyNumberType(NumberType type, int64_t base) {
+void InstallNumberType(NumberType type, int64_t base) {
     calculator.calcOutputBase = type == NumberTypeUint ? base : 10;
     calculator.calcResultType = type;
     numberContext.numberType = type;
     calculator.calcIntegerDigits = IntegerDigits(type);
     SetUintDigits(calculator.calcIntegerDigits);
+}
+
+void ApplyNumberType(NumberType type, int64_t base) {
+    InstallNumberType(type, base);
     MarkResultStale();
 }
 
@@ -43,6 +47,20 @@ void RestoreCalcContext() {
     numberContext.numberType = calculator.calcResultType;
     SetRealPrecision(calculator.calcWorkingDigits);
     SetUintDigits(calculator.calcIntegerDigits);
+}
+
+void BeginEvaluation() {
+    MarkResultStale();
+    calculator.resultForm = ResultAutomatic;
+}
+
+void ResetCalculator() {
+    MarkResultStale();
+    calculator.resultBracket = false;
+    calculator.resultForm = ResultAutomatic;
+    calculator.ansAvailable = false;
+    calculator.calcResultText[0] = 0;
+    calculator.formulaTouched = false;
 }
 
 }  // namespace tallymere

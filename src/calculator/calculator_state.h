@@ -38,9 +38,10 @@ struct CalculatorState {
     int64_t calcOutputBase = 10;     ///< 2, 8, 10 or 16; always 10 unless the type is uint
     NumberType calcResultType = NumberTypeReal;  ///< the type in force and of calcResult
     ResultForm resultForm = ResultAutomatic;
-    bool ansAvailable = false;   ///< there was a result
-    bool resultValid = false;    ///< the result shown belongs to the formula and settings shown
-    bool resultBracket = false;  ///< an exact type lost a remainder on the way to the result
+    bool ansAvailable = false;    ///< there was a result
+    bool resultValid = false;     ///< the result shown belongs to the formula and settings shown
+    bool resultBracket = false;   ///< an exact type lost a remainder on the way to the result
+    bool formulaTouched = false;  ///< the formula field holds something that the user wants to keep
 
     uint64_t calcResult[CalcResultWords] = {};
     /// The result as shown. `ans` is this text and not the number; empty before the first result.
@@ -58,10 +59,20 @@ void MarkResultStale();
 void ApplyPrecision(int64_t precision);
 
 /// Takes over the number type and puts it in force. The base, 2, 8, 10 or 16, matters for uint.
+void InstallNumberType(NumberType type, int64_t base);
+
+/// Likewise; the result shown is stale then.
 void ApplyNumberType(NumberType type, int64_t base);
 
 /// Puts type, digits and integer width of the calculator in force again. Sets code 100 instead of
 /// installing what is out of range.
 void RestoreCalcContext();
+
+/// What "=" begins with: the result shown is stale, and the next one has no form of its own yet.
+void BeginEvaluation();
+
+/// The calculator without a result: no `ans`, automatic form, and the formula, which is to be
+/// emptied, not touched. The settings stay in force and a pending error stays pending.
+void ResetCalculator();
 
 }  // namespace tallymere

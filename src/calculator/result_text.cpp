@@ -120,6 +120,7 @@ const char16_t* FinishCalculation(const ResultStyle& style) {
     const char16_t* shown = ShowResult(style);
     calculator.ansAvailable = true;
     calculator.resultValid = true;
+    calculator.formulaTouched = false;
     return shown;
 }
 

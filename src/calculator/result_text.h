@@ -18,7 +18,8 @@ struct ResultStyle {
 const char16_t* ShowResult(const ResultStyle& style);
 
 /// What the end of the calculating thread leads to: with no UiError pending the result is shown, as
-/// above, and valid; else the result shown before stays and is marked stale, and null is returned.
+/// above, and valid, and the formula is free to be replaced by the next one; else the result shown
+/// before stays and is marked stale, and null is returned.
 const char16_t* FinishCalculation(const ResultStyle& style);
 
 }  // namespace tallymere

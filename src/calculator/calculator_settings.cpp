@@ -1,0 +1,50 @@
+#include "calculator/calculator_settings.h"
+
+namespace tallymere {
+
+ResultStyle StyleOfResult(const Settings& record) {
+    return {record.groupCalculator, record.useLowerCaseHex};
+}
+
+void StartCalculator(Settings& record) {
+    RepairPrecision(record);
+    ResetCalculator();
+    ApplyPrecision(record.decimalPrecision);
+    ApplyNumberType(record.numberType, InstalledOutputBase(record));
+}
+
+void ChoosePrecision(Settings& record, int32_t precision) {
+    ChangeSetting(record, &Settings::decimalPrecision, precision);
+    ApplyPrecision(precision);
+}
+
+bool ChooseNumberType(Settings& record, NumberType type, int64_t base) {
+    if (!ChangeSetting(record, &Settings::numberType, type)) {
+        return false;
+    }
+    ApplyNumberType(type, base);
+    return true;
+}
+
+bool ChooseAngle(Settings& record, AngleType angle) {
+    return ChangeSetting(record, &Settings::angleType, angle);
+}
+
+bool ChooseOutputBase(Settings& record, int64_t base) {
+    if (calculator.calcOutputBase != base) {
+        ChangeSetting(record, &Settings::outputNumberBase, base);
+        calculator.calcOutputBase = base;
+    }
+    return calculator.resultValid;
+}
+
+bool SwitchLetterCase(Settings& record) {
+    ChangeSetting(record, &Settings::useLowerCaseHex, !record.useLowerCaseHex);
+    return calculator.resultValid && calculator.calcOutputBase == 16;
+}
+
+bool FollowFallToReal(Settings& record) {
+    return ChangeSetting(record, &Settings::numberType, NumberTypeReal);
+}
+
+}  // namespace tallymere

@@ -1,0 +1,96 @@
+#include "calculator/key_press.h"
+
+#include "calculator/calculator_state.h"
+#include "calculator/result_forms.h"
+#include "shell/ui_error.h"
+
+namespace tallymere {
+
+namespace {
+
+constexpr KeyText NoText = {};
+
+void AddEdit(FieldEdits& edits, int64_t from, int64_t to, const KeyText& text) {
+    edits.edits[edits.count++] = {from, to, text};
+}
+
+// Adds what InsertForAction tells.
+void AddEditsForAction(FieldEdits& edits, KeyAction action, int64_t length,
+                       const KeypadStyle& style) {
+    calculator.formulaTouched = true;
+    switch (action) {
+        case ActionClearAll:
+            ClearErrors();
+            ResetCalculator();
+            [[fallthrough]];
+        case ActionClearFormula:
+            AddEdit(edits, 0, length, NoText);
+            return;
+        case ActionBackspace:
+            // The end of the formula counts, wherever the caret is.
+            if (length > 0) {
+                AddEdit(edits, length - 1, length, NoText);
+            }
+            return;
+        case ActionBracketFormula:
+            AddEdit(edits, 0, 0, TextForAction(ActionOpen, style));
+            AddEdit(edits, length + 1, length + 1, TextForAction(ActionClose, style));
+            return;
+        default:
+            break;
+    }
+    const KeyText text = TextForAction(action, style);
+    if (text.text[0] == 0) {
+        SetUiError(UiErrorInternal);
+        return;
+    }
+    AddEdit(edits, AtSelection, AtSelection, text);
+}
+
+KeyEffect PressFormulaKey(KeyAction action, int64_t length, const KeypadStyle& style) {
+    MarkResultStale();
+    KeyEffect effect = {action == ActionClearAll ? KeyClearsAll : KeyEditsFormula, {}};
+    if (!calculator.formulaTouched) {
+        AddEdit(effect.edits, 0, length, NoText);
+        length = 0;
+    }
+    AddEditsForAction(effect.edits, action, length, style);
+    return effect;
+}
+
+KeyCommand PressCommandKey(KeyAction action) {
+    switch (action) {
+        case ActionEvaluate:
+            return KeyEvaluates;
+        case ActionSwitchNotation:
+            return SwitchNotation() ? KeyShowsResult : KeyDoesNothing;
+        case ActionSwitchMixed:
+            return SwitchMixed() ? KeyShowsResult : KeyDoesNothing;
+        case ActionShowVariables:
+            return KeyShowsVariables;
+        default:
+            return KeyDoesNothing;
+    }
+}
+
+}  // namespace
+
+FieldEdits InsertForAction(KeyAction action, int64_t length, const KeypadStyle& style) {
+    FieldEdits edits;
+    AddEditsForAction(edits, action, length, style);
+    return edits;
+}
+
+KeyEffect CalcKeyPressed(int32_t index, int64_t length, const KeypadStyle& style) {
+    if (index < 0 || index >= KeyCount) {
+        SetUiError(UiErrorInternal);
+        return {};
+    }
+    const KeyAction action = KeypadEntry(index, style).action;
+    if (EditsFormula(action)) {
+        return PressFormulaKey(action, length, style);
+    }
+    return {PressCommandKey(action), {}};
+}
+
+}  // namespace tallymere

@@ -1,0 +1,98 @@
+#include "calculator/result_forms.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "core/complex_number.h"
+#include "core/digit_text.h"
+#include "exact/rational_number.h"
+
+namespace tallymere {
+
+namespace {
+
+// Which notation of a decimal number the automatic one looks like.
+enum AutomaticLook { LooksFixed, LooksScientific, LooksMixed };
+
+AutomaticLook LookOfReal(const RealNumber* x) {
+    const int64_t exponent = RealExponent(x);
+    return !RealIsSpecial(x) && (exponent < -3 || exponent >= calculator.calcPrecision)
+               ? LooksScientific
+               : LooksFixed;
+}
+
+// A part that is zero is not written beside one that is not, so only the other one counts.
+AutomaticLook LookOfComplex(const ComplexNumber* z) {
+    if (ComplexIsReal(z)) {
+        return LookOfReal(RealPart(z));
+    }
+    const AutomaticLook imaginary = LookOfReal(ImaginaryPart(z));
+    if (RealIsZero(RealPart(z)) || LookOfReal(RealPart(z)) == imaginary) {
+        return imaginary;
+    }
+    return LooksMixed;
+}
+
+// An exact number that is no integer looks as a fraction, like neither notation.
+AutomaticLook LookOfResult() {
+    switch (calculator.calcResultType) {
+        case NumberTypeReal:
+            return LookOfReal(RealAt(calculator.calcResult));
+        case NumberTypeComplex:
+            return LookOfComplex(ComplexAt(calculator.calcResult));
+        case NumberTypeRational:
+            return RationalIsInteger(RationalAt(calculator.calcResult)) ? LooksFixed : LooksMixed;
+        default:
+            return LooksFixed;
+    }
+}
+
+}  // namespace
+
+ResultForm FormAfterNotationKey() {
+    switch (calculator.resultForm) {
+        case ResultFixed:
+            return LookOfResult() == LooksScientific ? ResultAutomatic : ResultScientific;
+        case ResultScientific:
+            return ResultAutomatic;
+        default:
+            return LookOfResult() == LooksFixed ? ResultScientific : ResultFixed;
+    }
+}
+
+ResultForm FormAfterMixedKey() {
+    return calculator.resultForm != ResultMixed &&
+                   !RationalIsInteger(RationalAt(calculator.calcResult))
+               ? ResultMixed
+               : ResultAutomatic;
+}
+
+bool SwitchNotation() {
+    if (!calculator.resultValid) {
+        return false;
+    }
+    calculator.resultForm = FormAfterNotationKey();
+    return true;
+}
+
+bool SwitchMixed() {
+    if (!calculator.resultValid || calculator.calcResultType != NumberTypeRational) {
+        return false;
+    }
+    calculator.resultForm = FormAfterMixedKey();
+    return true;
+}
+
+int32_t ResultDigitCount() {
+    if (calculator.calcResultType != NumberTypeUint || calculator.resultForm == ResultScientific) {
+        return -1;
+    }
+    std::u16string_view text = calculator.calcResultText;
+    if (calculator.calcOutputBase != 10) {
+        text.remove_prefix(std::min<size_t>(text.size(), 2));
+    }
+    return static_cast<int32_t>(
+        std::count_if(text.begin(), text.end(), [](char16_t c) { return DigitValue(c) >= 0; }));
+}
+
+}  // namespace tallymere

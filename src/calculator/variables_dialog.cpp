@@ -1,0 +1,101 @@
+#include "calculator/variables_dialog.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "calculator/calculator_state.h"
+#include "shell/ui_error.h"
+
+namespace tallymere {
+
+namespace {
+
+bool HasVariable(int64_t index) {
+    return index >= 0 && index < variableTable.count;
+}
+
+}  // namespace
+
+bool CommitName(VariablesDialog& dialog, int64_t index, const char16_t* name) {
+    if (!dialog.nameChanged || !HasVariable(index)) {
+        return false;
+    }
+    dialog.nameChanged = false;
+    SetVariableName(index, name);
+    const char16_t* taken = variableTable.variables[index].name;
+    if (!IsValidVariableName(taken)) {
+        SetUiError(UiErrorVariableName, taken);
+    }
+    return true;
+}
+
+void CommitValue(VariablesDialog& dialog, int64_t index, const char16_t* value) {
+    if (!dialog.valueChanged || !HasVariable(index)) {
+        return;
+    }
+    dialog.valueChanged = false;
+    SetVariableValue(index, value);
+}
+
+bool CommitBoxes(VariablesDialog& dialog, const VariableBoxes& boxes) {
+    CommitValue(dialog, dialog.selected, boxes.value);
+    return CommitName(dialog, dialog.selected, boxes.name);
+}
+
+void BoxesWritten(VariablesDialog& dialog) {
+    dialog.nameChanged = dialog.valueChanged = false;
+}
+
+void SelectVariable(VariablesDialog& dialog, int64_t index) {
+    dialog.selected = HasVariable(index) ? index : NoVariable;
+    BoxesWritten(dialog);
+}
+
+bool IsVariableSelected(const VariablesDialog& dialog) {
+    return HasVariable(dialog.selected);
+}
+
+void WriteShownValue(char16_t* buffer, int64_t index) {
+    const std::u16string_view value = variableTable.variables[index].value;
+    *std::replace_copy(value.begin(), value.end(), buffer, u'.',
+                       numberContext.decimalSeparators[0]) = 0;
+}
+
+bool AddAndSelectVariable(VariablesDialog& dialog, int64_t position) {
+    if (!AddVariable(position)) {
+        return false;
+    }
+    SelectVariable(dialog, position);
+    return true;
+}
+
+bool DeleteSelectedVariable(VariablesDialog& dialog) {
+    if (!IsVariableSelected(dialog)) {
+        return false;
+    }
+    DeleteVariable(dialog.selected);
+    SelectVariable(dialog, std::min(dialog.selected, variableTable.count - 1));
+    return true;
+}
+
+bool AssignResult(VariablesDialog& dialog) {
+    static_assert(CalcResultCharacters <= VariableValueCharacters);
+    if (!IsVariableSelected(dialog)) {
+        return false;
+    }
+    SetVariableValue(dialog.selected, calculator.calcResultText);
+    dialog.valueChanged = false;
+    return true;
+}
+
+const char16_t* TakeVariableName(const VariablesDialog& dialog) {
+    if (!IsVariableSelected(dialog)) {
+        return nullptr;
+    }
+    calculator.formulaTouched = true;
+    // The result stays as it is shown: only what is typed into the formula or pressed on the keypad
+    // makes it stale.
+    return variableTable.variables[dialog.selected].name;
+}
+
+}  // namespace tallymere

@@ -1,0 +1,78 @@
+// The controls of the variables dialog.
+#pragma once
+
+#include <iterator>
+
+#include "calculator/variable_table.h"
+#include "shell/form_control.h"
+
+namespace tallymere {
+
+/// The client area as it is made.
+inline constexpr LayoutSize VariablesSize = {370, 230};
+
+enum VariablesControl : int32_t {
+    VariablesListLabel,
+    VariablesList,
+    VariablesNameLabel,
+    VariablesName,  ///< takes VariableNameCharacters characters at most
+    VariablesValueLabel,
+    VariablesValue,
+    VariablesAssign,
+    VariablesTakeName,
+    VariablesAdd,
+    VariablesInsert,
+    VariablesDelete,
+    VariablesControlCount,
+};
+
+/// What has a 0 for y or a size gets it with the layout of the dialog, see PlaceVariablesControl.
+inline constexpr FormControl VariablesForm[] = {
+    {FormWindow, FormStatic, {10, 10, 100, 20}, &UiText::TextVarVariables},
+    {FormWindow, FormList, {10, 30, 120, 0}, nullptr},
+    {FormWindow, FormStatic, {135, 10, 140, 20}, &UiText::TextVarName},
+    {FormWindow, FormField, {135, 30, 120, 20}, nullptr},
+    {FormWindow, FormStatic, {135, 60, 80, 20}, &UiText::TextVarStringValue},
+    {FormWindow, FormMultilineField, {135, 80, 0, 0}, nullptr},
+    {FormWindow, FormPushButton, {10, 0, 115, 25}, &UiText::TextVarAssignResult},
+    {FormWindow, FormPushButton, {10, 0, 115, 25}, &UiText::TextVarTakeName},
+    {FormWindow, FormPushButton, {130, 0, 115, 25}, &UiText::TextVarAddVariable},
+    {FormWindow, FormPushButton, {130, 0, 115, 25}, &UiText::TextVarInsertVariable},
+    {FormWindow, FormPushButton, {250, 0, 115, 25}, &UiText::TextVarDeleteVariable},
+};
+static_assert(std::size(VariablesForm) == VariablesControlCount);
+
+/// The place of a control in a client area, both in logical units: list and value box take the room
+/// that there is, the buttons stand in two rows at the bottom. In an area too small for that sizes
+/// are below 0, which the system takes as none.
+constexpr LayoutRect PlaceVariablesControl(VariablesControl control, LayoutSize client) {
+    LayoutRect place = VariablesForm[control].place;
+    switch (control) {
+        case VariablesList:
+            place.height = client.height - 95;
+            break;
+        case VariablesValue:
+            place.width = client.width - 145;
+            place.height = client.height - 145;
+            break;
+        case VariablesAssign:
+        case VariablesAdd:
+            place.y = client.height - 58;
+            break;
+        case VariablesTakeName:
+        case VariablesInsert:
+        case VariablesDelete:
+            place.y = client.height - 30;
+            break;
+        default:
+            break;
+    }
+    return place;
+}
+
+/// Where the dialog is shown, beside the page: both places in pixels on the screen, at `dpi`.
+constexpr LayoutPoint PlaceVariablesBeside(const LayoutRect& page, int32_t dpi) {
+    return {page.x + page.width - ToPixels(5, dpi), page.y + ToPixels(50, dpi)};
+}
+
+}  // namespace tallymere
