@@ -2,8 +2,11 @@
 // tests of the windows compare the screen with.
 
 #include <iostream>
+#include <span>
 #include <string>
 
+#include "calculator/calculator_form.h"
+#include "calculator/variables_form.h"
 #include "gui/json_text.h"
 #include "shell/about_form.h"
 #include "shell/main_menu.h"
@@ -40,12 +43,29 @@ const char* KindName(FormControlKind kind) {
             return "tab control";
         case FormTabPage:
             return "tab page";
+        case FormFocusSink:
+            return "focus sink";
+        case FormField:
+            return "field";
+        case FormMultilineField:
+            return "multiline field";
+        case FormList:
+            return "list";
+        case FormSlider:
+            return "slider";
+        case FormNumericUpDown:
+            return "numeric up-down";
+        case FormSplitter:
+            return "splitter";
+        case FormDigitCount:
+            return "digit count";
+        case FormNumberBase:
+            return "number base";
     }
     return "";
 }
 
-template <size_t Count>
-std::string FormJson(const FormControl (&form)[Count]) {
+std::string FormJson(std::span<const FormControl> form) {
     JsonList controls = JsonArray();
     for (const FormControl& control : form) {
         JsonList place = JsonArray();
@@ -57,7 +77,8 @@ std::string FormJson(const FormControl (&form)[Count]) {
         object.Add("parent", control.parent);
         object.Add("kind", '"' + std::string(KindName(control.kind)) + '"');
         object.Add("place", place.Text());
-        object.Add("text", control.text == nullptr ? "null" : Json(uiText.*control.text));
+        const bool hasText = control.text != nullptr || control.fixedText != nullptr;
+        object.Add("text", hasText ? Json(FormText(control)) : "null");
         controls.Add(object.Text());
     }
     return controls.Text();
@@ -92,6 +113,11 @@ std::string LanguageJson(Language language) {
     tables.Add("about", FormJson(AboutForm));
     tables.Add("options_size", SizeJson(OptionsSize));
     tables.Add("options", FormJson(OptionsForm));
+    tables.Add("calculator_size", SizeJson(CalculatorSize));
+    tables.Add("calculator", FormJson(CalculatorForm));
+    tables.Add("calculator_container", FormJson(ContainerForm));
+    tables.Add("variables_size", SizeJson(VariablesSize));
+    tables.Add("variables", FormJson(VariablesForm));
     tables.Add("menu", MenuJson());
     tables.Add("texts", TextsJson());
     return tables.Text();
