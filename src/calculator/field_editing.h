@@ -21,6 +21,7 @@ enum FieldMessage : uint32_t {
 inline constexpr uint64_t FieldDeleteKey = 0x2E;
 inline constexpr uint64_t FieldBackspace = 8;
 inline constexpr uint64_t FieldReturn = 13;
+inline constexpr uint64_t FieldPasteKey = 22;  ///< the character of Ctrl+V
 
 /// Whether a message changes the text. `parameter` is its first argument: a key or a character.
 /// Control characters other than Backspace, such as that of Ctrl+V, lead to messages of their own.

@@ -33,7 +33,7 @@ LRESULT CALLBACK ControlProc(HWND window, UINT message, WPARAM wParam, LPARAM lP
 /// Shows or hides a control. Its place on the window is repainted in either case.
 void ShowControl(HWND control, bool show);
 
-/// Moves a control to another place in its parent, in logical units.
+/// Moves and sizes a control; `place` is in logical units of the parent's client area.
 void PlaceControl(HWND control, const LayoutRect& place);
 
 /// Sizes are in logical units; the control's position stays.

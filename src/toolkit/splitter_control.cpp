@@ -87,8 +87,12 @@ HWND CreateSplitter(HWND parent, const LayoutRect& place, SplitterOrientation or
     const HWND splitter = CreateOwnControl(parent, splitterClass, place);
     SetPropW(splitter, ToWide(SplitterOrientationProperty),
              reinterpret_cast<HANDLE>(static_cast<intptr_t>(orientation)));
-    SetPropW(splitter, ToWide(SplitterMovingProperty), reinterpret_cast<HANDLE>(moving));
+    SetSplitterMoving(splitter, moving);
     return splitter;
+}
+
+void SetSplitterMoving(HWND splitter, SplitterMovingEvent moving) {
+    SetPropW(splitter, ToWide(SplitterMovingProperty), reinterpret_cast<HANDLE>(moving));
 }
 
 }  // namespace tallymere

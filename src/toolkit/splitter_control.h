@@ -23,4 +23,7 @@ using SplitterMovingEvent = bool (*)(HWND splitter, int32_t difference);
 HWND CreateSplitter(HWND parent, const LayoutRect& place, SplitterOrientation orientation,
                     SplitterMovingEvent moving);
 
+/// Null for a bar that does not move.
+void SetSplitterMoving(HWND splitter, SplitterMovingEvent moving);
+
 }  // namespace tallymere

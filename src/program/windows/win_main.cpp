@@ -1,5 +1,7 @@
 // The start of the program, and the order in which its windows are made.
 
+#include "calculator/windows/calculator_page.h"
+#include "calculator/windows/variables_window.h"
 #include "shell/windows/about_window.h"
 #include "shell/windows/main_window.h"
 #include "shell/windows/options_window.h"
@@ -13,8 +15,10 @@ namespace {
 // Who owns a window must be there before it.
 void CreateProgramWindows() {
     CreateMainWindow();
+    CreateCalculatorPage();
     CreateOptionsWindow();
     CreateAboutWindow();
+    CreateVariablesWindow();
 }
 
 }  // namespace

@@ -1,0 +1,236 @@
+#include "calculator/windows/calculator_container.h"
+
+#include "calculator/calc_phase.h"
+#include "calculator/calculator_settings.h"
+#include "calculator/calculator_sliders.h"
+#include "calculator/windows/calculator_controls.h"
+#include "calculator/windows/calculator_display.h"
+#include "calculator/windows/calculator_run.h"
+#include "shell/windows/error_report.h"
+#include "shell/windows/form_windows.h"
+#include "toolkit/control_data.h"
+#include "toolkit/control_focus.h"
+#include "toolkit/environment.h"
+#include "toolkit/number_base_control.h"
+#include "toolkit/numeric_up_down.h"
+#include "toolkit/standard_controls.h"
+#include "toolkit/wide_text.h"
+#include "toolkit/window_class.h"
+
+#include <commctrl.h>
+
+namespace tallymere {
+
+namespace {
+
+ToolkitClass containerClass = {u"SciCalcContainerControl", DefWindowProcW, 0, 0, false};
+
+COLORREF ToColorRef(RgbColour colour) {
+    return RGB(colour.red, colour.green, colour.blue);
+}
+
+int32_t SliderPosition(ContainerControl slider) {
+    return static_cast<int32_t>(SendMessageW(ControlOf(slider), TBM_GETPOS, 0, 0));
+}
+
+void ShowResultAnew() {
+    ShowResultText();
+    ReportUiError();
+}
+
+void HandleSlider(HWND slider, int32_t news) {
+    RestoreCalcContext();
+    if (!MovesSlider(news)) {
+        return;
+    }
+    if (slider == ControlOf(ContainerTypeSlider)) {
+        const NumberType type = TypeOfPosition(SliderPosition(ContainerTypeSlider));
+        if (ChooseNumberType(settings, type, SelectedNumberBase(ControlOf(ContainerNumberBase)))) {
+            ShowNumberType();
+        }
+    } else if (slider == ControlOf(ContainerAngleSlider)) {
+        if (ChooseAngle(settings, AngleOfPosition(SliderPosition(ContainerAngleSlider)))) {
+            ShowAngle();
+        }
+    }
+}
+
+void HandlePrecision(HWND, int32_t precision) {
+    RestoreCalcContext();
+    ChoosePrecision(settings, precision);
+    ShowResultState();
+}
+
+void HandleOutputBase(int32_t base) {
+    RestoreCalcContext();
+    if (ChooseOutputBase(settings, base)) {
+        ShowResultAnew();
+    }
+    ShowKeys();
+}
+
+void HandleCaseKey() {
+    RestoreCalcContext();
+    if (SwitchLetterCase(settings)) {
+        ShowResultAnew();
+    }
+    ShowKeys();
+}
+
+void HandleButton(int32_t id) {
+    if (id == CaseKeyId) {
+        HandleCaseKey();
+    } else if (id >= FirstKeyId && id < FirstKeyId + KeyCount) {
+        ClickCalculatorKey(id - FirstKeyId);
+    }
+}
+
+// The label beside the position of its slider stands out.
+bool IsCurrentLabel(HWND label) {
+    const int id = GetDlgCtrlID(label);
+    return id != 0 && (id == SliderPosition(ContainerTypeSlider) ||
+                       id == SliderPosition(ContainerAngleSlider));
+}
+
+HBRUSH PrepareCurrentLabel(HDC dc) {
+    SetTextColor(dc, ToColorRef(CurrentLabelColour));
+    SetBkMode(dc, TRANSPARENT);
+    return GetSysColorBrush(COLOR_BTNFACE);
+}
+
+UINT CaptionAlignment(HWND key) {
+    switch (WindowStyle(key) & BS_CENTER) {
+        case BS_LEFT:
+            return DT_LEFT;
+        case BS_RIGHT:
+            return DT_RIGHT;
+        default:
+            return DT_CENTER;
+    }
+}
+
+// The system has drawn the key's face. Its focus rectangle has to be drawn here as well.
+void DrawKeyCaption(const NMCUSTOMDRAW& draw, KeyClass colourClass) {
+    const HWND key = draw.hdr.hwndFrom;
+    char16_t caption[KeyCaptionCharacters + 1];
+    GetWindowTextW(key, ToWide(caption), KeyCaptionCharacters + 1);
+    RECT place = draw.rc;
+    place.left += KeyCaptionMargin;
+    place.right -= KeyCaptionMargin;
+    const HGDIOBJ fontBefore =
+        SelectObject(draw.hdc, reinterpret_cast<HFONT>(SendMessageW(key, WM_GETFONT, 0, 0)));
+    const int modeBefore = SetBkMode(draw.hdc, TRANSPARENT);
+    const COLORREF colourBefore = SetTextColor(draw.hdc, ToColorRef(KeyColours[colourClass]));
+    DrawTextW(draw.hdc, ToWide(caption), -1, &place,
+              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | CaptionAlignment(key));
+    SetTextColor(draw.hdc, colourBefore);
+    SetBkMode(draw.hdc, modeBefore);
+    SelectObject(draw.hdc, fontBefore);
+    if ((draw.uItemState & CDIS_FOCUS) != 0 && (draw.uItemState & CDIS_SHOWKEYBOARDCUES) != 0) {
+        DrawFocusRect(draw.hdc, &place);
+    }
+}
+
+// Disabled keys are left to the system, which draws them grey.
+LRESULT DrawKey(const NMCUSTOMDRAW& draw) {
+    const HWND key = draw.hdr.hwndFrom;
+    const int32_t index = GetDlgCtrlID(key) - FirstKeyId;
+    if (index < 0 || index >= KeyCount || draw.dwDrawStage != CDDS_PREPAINT ||
+        !IsWindowEnabled(key)) {
+        return CDRF_DODEFAULT;
+    }
+    DrawKeyCaption(draw, KeypadEntry(index, StyleOfKeypad(settings, osVersionCode)).colourClass);
+    return CDRF_SKIPDEFAULT;
+}
+
+LRESULT ContainerHandler(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
+    switch (message) {
+        case WM_COMMAND:
+            if (HIWORD(wParam) == BN_CLICKED && lParam != 0) {
+                HandleButton(GetDlgCtrlID(reinterpret_cast<HWND>(lParam)));
+            }
+            break;
+        case WM_HSCROLL:
+        case WM_VSCROLL:
+            HandleSlider(reinterpret_cast<HWND>(lParam), LOWORD(wParam));
+            break;
+        case WM_CTLCOLORSTATIC:
+            if (IsCurrentLabel(reinterpret_cast<HWND>(lParam))) {
+                callDefault = false;
+                return reinterpret_cast<LRESULT>(
+                    PrepareCurrentLabel(reinterpret_cast<HDC>(wParam)));
+            }
+            break;
+        case WM_NOTIFY:
+            if (reinterpret_cast<const NMHDR*>(lParam)->code == NM_CUSTOMDRAW) {
+                callDefault = false;
+                return DrawKey(*reinterpret_cast<const NMCUSTOMDRAW*>(lParam));
+            }
+            break;
+        default:
+            break;
+    }
+    return 0;
+}
+
+void SetId(HWND control, int32_t id) {
+    SetWindowLongW(control, GWL_ID, id);
+}
+
+void NumberControls() {
+    for (int32_t i = 0; i < KeyCount; i++) {
+        SetId(KeyWindow(i), FirstKeyId + i);
+    }
+    SetId(ControlOf(ContainerCaseKey), CaseKeyId);
+    for (int32_t label = ContainerTypeUint; label <= ContainerTypeCplx; label++) {
+        SetId(calculatorWindows.containerControls[label],
+              FirstTypePosition + label - ContainerTypeUint);
+    }
+    for (int32_t label = ContainerAngleDeg; label <= ContainerAngleGon; label++) {
+        SetId(calculatorWindows.containerControls[label],
+              FirstAnglePosition + label - ContainerAngleDeg);
+    }
+}
+
+void SetSlider(ContainerControl slider, int32_t first, int32_t last, int32_t position) {
+    const HWND window = ControlOf(slider);
+    SendMessageW(window, TBM_SETRANGEMIN, FALSE, first);
+    SendMessageW(window, TBM_SETRANGEMAX, FALSE, last);
+    SendMessageW(window, TBM_SETPOS, TRUE, position);
+}
+
+// The precision counts as told, so that leaving the field without a change tells nothing.
+void ShowPrecision() {
+    const HWND precision = ControlOf(ContainerPrecision);
+    SetNumericRange(precision, LowestPrecision, HighestPrecision);
+    SetNumericPosition(precision, static_cast<int32_t>(calculator.calcPrecision));
+    SyncNumericUpDown(precision, true, true);
+    SetNumericChanged(precision, HandlePrecision);
+}
+
+void ShowSettings() {
+    SetSlider(ContainerTypeSlider, FirstTypePosition, LastTypePosition,
+              PositionOfType(settings.numberType));
+    SetSlider(ContainerAngleSlider, FirstAnglePosition, LastAnglePosition,
+              PositionOfAngle(settings.angleType));
+    ShowPrecision();
+    const HWND base = ControlOf(ContainerNumberBase);
+    SelectNumberBase(base, static_cast<int32_t>(InstalledOutputBase(settings)));
+    SetNumberBaseChosen(base, HandleOutputBase);
+}
+
+}  // namespace
+
+void CreateCalculatorContainer() {
+    const HWND container =
+        CreateOwnControl(calculatorWindows.page, containerClass, CalculatorContainer);
+    calculatorWindows.container = container;
+    AttachControlData(container, ContainerHandler);
+    CreateFormControls(container, ContainerForm.data(), ContainerControlCount,
+                       calculatorWindows.containerControls);
+    NumberControls();
+    ShowSettings();
+    ShowControl(ControlOf(ContainerBracketMark), false);
+}
+
+}  // namespace tallymere

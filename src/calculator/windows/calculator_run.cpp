@@ -1,0 +1,189 @@
+#include "calculator/windows/calculator_run.h"
+
+#include <algorithm>
+
+#include "calculator/calc_evaluation.h"
+#include "calculator/calc_phase.h"
+#include "calculator/calculator_settings.h"
+#include "calculator/calculator_sliders.h"
+#include "calculator/key_press.h"
+#include "calculator/variables_form.h"
+#include "calculator/windows/calculator_controls.h"
+#include "calculator/windows/calculator_display.h"
+#include "shell/windows/calc_thread.h"
+#include "shell/windows/error_report.h"
+#include "shell/windows/program_windows.h"
+#include "shell/windows/window_text.h"
+#include "toolkit/control_data.h"
+#include "toolkit/environment.h"
+#include "toolkit/wide_text.h"
+
+#include <commctrl.h>
+
+namespace tallymere {
+
+namespace {
+
+// Written by the CalcThread, read when it has posted its end.
+CalcEvaluation lastEvaluation;
+
+// The formula as it stands in its field, on the thread's ScratchStack. One that is too long raises
+// UiErrorTextOverflow.
+const char16_t* ReadFormula(ScratchScope& scope) {
+    bool isCut = false;
+    const char16_t* formula =
+        TakeWindowText(scope, ControlOf(CalculatorFormula), CalcFormulaCharacters, &isCut);
+    if (isCut) {
+        SetUiError(UiErrorTextOverflow);
+    }
+    return formula;
+}
+
+void EditFormula(int64_t from, int64_t to, const char16_t* text) {
+    const HWND field = ControlOf(CalculatorFormula);
+    if (from != AtSelection) {
+        SendMessageW(field, EM_SETSEL, static_cast<WPARAM>(from), static_cast<LPARAM>(to));
+    }
+    SendMessageW(field, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text));
+}
+
+void AppendMissingParentheses() {
+    ScratchStackScope scope;
+    const int64_t missing = CountMissingParentheses(ReadFormula(scope));
+    if (missing == 0) {
+        return;
+    }
+    char16_t* text = TakeText(scope, missing);
+    std::fill_n(text, missing, u')');
+    text[missing] = 0;
+    const int64_t end = GetWindowTextLengthW(ControlOf(CalculatorFormula));
+    EditFormula(end, end, text);
+}
+
+void SetPageBusy(bool busy) {
+    const HWND page = calculatorWindows.page;
+    KillTimer(page, StopTimer);
+    if (const CalcTimer timer = SetCalcBusy(busy); timer != NoTimer) {
+        SetTimer(page, timer, TimerMilliseconds(timer), nullptr);
+    }
+    for (int32_t i = 0; i < ContainerControlCount; i++) {
+        if (IsDisabledDuringRun(static_cast<ContainerControl>(i))) {
+            EnableWindow(calculatorWindows.containerControls[i], !busy);
+        }
+    }
+    EnableOtherWindows(page, !busy);
+}
+
+// The work of the CalcThread.
+void EvaluateFormulaField() {
+    ScratchStackScope scope;
+    const char16_t* formula = ReadFormula(scope);
+    lastEvaluation = CalculateResult(formula);
+}
+
+void StartEvaluation() {
+    AppendMissingParentheses();
+    if (PendingUiError() != UiErrorNone) {
+        return;
+    }
+    BeginEvaluation();
+    ShowResultState();
+    SetPageBusy(true);
+    StartCalcThread(calculatorWindows.page, EvaluateFormulaField);
+}
+
+void ClearAll() {
+    SetWindowTextW(ControlOf(CalculatorResult), L"");
+    ShowControl(ControlOf(ContainerBracketMark), false);
+}
+
+void ShowVariablesWindow() {
+    const LayoutPoint place =
+        PlaceVariablesBeside(PlaceInParent(calculatorWindows.page), screenDpi);
+    SetWindowPos(variablesWindow, nullptr, place.x, place.y, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    ShowWindow(variablesWindow, SW_SHOWNORMAL);
+    BringWindowToTop(variablesWindow);
+}
+
+void PressKey(int32_t index) {
+    RestoreCalcContext();
+    ClearErrors();
+    const KeyEffect effect =
+        CalcKeyPressed(index, GetWindowTextLengthW(ControlOf(CalculatorFormula)),
+                       StyleOfKeypad(settings, osVersionCode));
+    switch (effect.command) {
+        case KeyDoesNothing:
+            break;
+        case KeyClearsAll:
+            ClearAll();
+            [[fallthrough]];
+        case KeyEditsFormula:
+            for (const FieldEdit& edit : effect.edits) {
+                EditFormula(edit.from, edit.to, edit.text.text);
+            }
+            ShowResultState();
+            break;
+        case KeyEvaluates:
+            StartEvaluation();
+            break;
+        case KeyShowsResult:
+            ShowResultText();
+            break;
+        case KeyShowsVariables:
+            ShowVariablesWindow();
+            break;
+    }
+    if (PendingUiError() != UiErrorNone) {
+        MarkResultStale();
+        ShowResultState();
+        ReportUiError();
+    }
+}
+
+}  // namespace
+
+void ClickCalculatorKey(int32_t index) {
+    SetFocus(ControlOf(CalculatorFocusSink));
+    switch (ClickOfKey(index)) {
+        case ClickIgnored:
+            break;
+        case ClickPresses:
+            PressKey(index);
+            break;
+        case ClickStops:
+            RequestCancel();
+            break;
+    }
+}
+
+void ClickEvaluate() {
+    ClickCalculatorKey(KeyOfAction(ActionEvaluate, settings.numberType));
+}
+
+void EndCalculatorRun() {
+    if (lastEvaluation.fellToReal) {
+        FollowFallToReal(settings);
+        SendMessageW(ControlOf(ContainerTypeSlider), TBM_SETPOS, TRUE,
+                     PositionOfType(NumberTypeReal));
+        ShowNumberType();
+    }
+    const char16_t* shown = FinishCalculation(StyleOfResult(settings));
+    if (shown != nullptr) {
+        ShowResultText(shown);
+        ShowControl(ControlOf(ContainerBracketMark), calculator.resultBracket);
+    }
+    TakeCalcError(UiErrorCalculation);
+    SetPageBusy(false);
+    ShowResultState();
+    ReportUiError();
+}
+
+void EndCalculatorTimer(WPARAM timer) {
+    KillTimer(calculatorWindows.page, timer);
+    if (CalcTimerEnded(static_cast<CalcTimer>(timer))) {
+        ShowKeys();
+    }
+}
+
+}  // namespace tallymere

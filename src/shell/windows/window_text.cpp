@@ -1,0 +1,25 @@
+#include "shell/windows/window_text.h"
+
+#include "shell/text_sink.h"
+#include "toolkit/wide_text.h"
+
+namespace tallymere {
+
+char16_t* TakeText(ScratchScope& scope, int64_t characters) {
+    return reinterpret_cast<char16_t*>(scope.Take(characters / CharactersPerWord + 1));
+}
+
+const char16_t* TakeWindowText(ScratchScope& scope, HWND window, int64_t capacity, bool* isCut) {
+    char16_t* text = TakeText(scope, capacity);
+    GetWindowTextW(window, ToWide(text), static_cast<int>(capacity + 1));
+    const bool cut = GetWindowTextLengthW(window) > capacity;
+    if (cut) {
+        text[capacity - 1] = Ellipsis;
+    }
+    if (isCut != nullptr) {
+        *isCut = cut;
+    }
+    return text;
+}
+
+}  // namespace tallymere

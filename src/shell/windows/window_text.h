@@ -1,0 +1,16 @@
+// Texts of windows on the ScratchStack.
+#pragma once
+
+#include "core/scratch.h"
+#include "toolkit/win32.h"
+
+namespace tallymere {
+
+/// Room for a text of so many characters and its terminating 0.
+char16_t* TakeText(ScratchScope& scope, int64_t characters);
+
+/// The text of a window, at most `capacity` characters; one that is longer is cut and ends in an
+/// ellipsis. `isCut`, which may be null, tells whether that happened. Any thread may ask.
+const char16_t* TakeWindowText(ScratchScope& scope, HWND window, int64_t capacity, bool* isCut);
+
+}  // namespace tallymere
