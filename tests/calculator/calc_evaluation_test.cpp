@@ -211,6 +211,13 @@ TEST_F(CalcEvaluationTest, WhatFailsInRealTooLeavesTheTypeAndReportsTheSecondErr
     EXPECT_EQ(numberContext.uintLimbs, 520);
 }
 
+TEST_F(CalcEvaluationTest, TheFallLeavesTheMarkOfTheResultToThePage) {
+    ApplyNumberType(NumberTypeRational, 10);
+    calculator.resultValid = true;
+    EXPECT_TRUE(CalculateResult(u"sqrt(2)").fellToReal);
+    EXPECT_TRUE(calculator.resultValid);
+}
+
 TEST_F(CalcEvaluationTest, TheFallUsesTheVariablesAndWorkingDigits) {
     ApplyPrecision(4);
     ApplyNumberType(NumberTypeRational, 10);

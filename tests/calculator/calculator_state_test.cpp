@@ -129,6 +129,41 @@ TEST_F(CalculatorStateTest, LimbsSufficeForTheDigitsWithOneToSpareAtMost) {
     }
 }
 
+TEST_F(CalculatorStateTest, AnEvaluationBeginsWithAStaleResultAndNoForm) {
+    calculator.resultValid = true;
+    calculator.ansAvailable = true;
+    calculator.resultForm = ResultScientific;
+    BeginEvaluation();
+    EXPECT_FALSE(calculator.resultValid);
+    EXPECT_EQ(calculator.resultForm, ResultAutomatic);
+    EXPECT_TRUE(calculator.ansAvailable);
+}
+
+TEST_F(CalculatorStateTest, AResetForgetsTheResultAndKeepsSettingsAndErrors) {
+    ApplyPrecision(25);
+    Show(u"5", ResultScientific);
+    calculator.resultBracket = calculator.formulaTouched = true;
+    SetUiError(UiErrorInternal);
+    ResetCalculator();
+    EXPECT_FALSE(calculator.ansAvailable);
+    EXPECT_FALSE(calculator.resultValid);
+    EXPECT_FALSE(calculator.resultBracket);
+    EXPECT_FALSE(calculator.formulaTouched);
+    EXPECT_EQ(calculator.resultForm, ResultAutomatic);
+    EXPECT_EQ(std::u16string(calculator.calcResultText), u"");
+    EXPECT_EQ(calculator.calcPrecision, 25);
+    EXPECT_EQ(PendingUiError(), UiErrorInternal);
+}
+
+TEST_F(CalculatorStateTest, AnInstalledTypeIsInForceAndLeavesTheMarkOfTheResult) {
+    calculator.resultValid = true;
+    InstallNumberType(NumberTypeRational, 16);
+    EXPECT_EQ(numberContext.numberType, NumberTypeRational);
+    EXPECT_EQ(numberContext.uintDigits, 10'000);
+    EXPECT_EQ(calculator.calcOutputBase, 10);
+    EXPECT_TRUE(calculator.resultValid);
+}
+
 TEST_F(CalculatorStateTest, AResultOfAnyTypeHasRoom) {
     ApplyPrecision(10'003);
     for (const NumberType type :

@@ -159,5 +159,14 @@ TEST_F(ResultTextTest, TheEndOfACalculationMakesTheResultValid) {
     EXPECT_FALSE(calculator.resultValid);
 }
 
+TEST_F(ResultTextTest, AFormulaIsTouchedUntilItHasAResult) {
+    calculator.formulaTouched = true;
+    Show(u"5+");
+    EXPECT_TRUE(calculator.formulaTouched);
+    ClearErrors();
+    Show(u"5");
+    EXPECT_FALSE(calculator.formulaTouched);
+}
+
 }  // namespace
 }  // namespace tallymere::testing_support

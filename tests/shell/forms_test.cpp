@@ -161,6 +161,15 @@ TEST(AboutFormTest, TheButtonsStandSideBySideWithoutTouching) {
     EXPECT_LT(close.x + close.width, AboutSize.width);
 }
 
+TEST(Forms, ATextIsThatOfTheEntryElseTheFixedOneElseEmpty) {
+    InstallLanguage(LanguageGerman);
+    const LayoutRect place = {1, 2, 3, 4};
+    EXPECT_EQ(std::u16string(FormText({0, FormStatic, place, &UiText::TextBtnClose})),
+              u"Schlie\u00DFen");
+    EXPECT_EQ(std::u16string(FormText({0, FormStatic, place, nullptr, u"deg"})), u"deg");
+    EXPECT_EQ(std::u16string(FormText({0, FormStatic, place, nullptr})), u"");
+}
+
 TEST(Forms, ClientSizesComeBackUnchangedFromEveryUsualScreen) {
     for (const int32_t dpi : {96, 120, 144, 168, 192, 240, 288}) {
         for (const LayoutSize size : {OptionsSize, AboutSize}) {
