@@ -74,6 +74,10 @@ HFONT FieldFont() {
 }
 
 void ShowKeys() {
+    // A run that ends soon is to change no key.
+    if (calcPhase == CalcBusy) {
+        return;
+    }
     const KeypadStyle style = StyleOfKeypad(settings, osVersionCode);
     for (int32_t i = 0; i < KeyCount; i++) {
         ShowKey(KeyWindow(i), ViewOfKey(i, style));

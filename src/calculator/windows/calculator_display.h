@@ -12,7 +12,8 @@ void DeleteCalculatorFonts();
 /// What formula and result are written in.
 HFONT FieldFont();
 
-/// Captions, fonts and enabled states of the keys.
+/// Captions, fonts and enabled states of the keys. They stay as they are while a run may end before
+/// Stop is shown.
 void ShowKeys();
 
 /// The number type that was chosen: which controls are there, the label of its position, the keys.

@@ -87,8 +87,8 @@ void StartEvaluation() {
         return;
     }
     BeginEvaluation();
-    ShowResultState();
     SetPageBusy(true);
+    ShowResultState();
     StartCalcThread(calculatorWindows.page, EvaluateFormulaField);
 }
 
