@@ -60,6 +60,10 @@ LRESULT CALLBACK NumberBaseProc(HWND window, UINT message, WPARAM wParam, LPARAM
                 TellChosenBase(window);
             }
             break;
+        case WM_ENABLE:
+            EnableWindow(NumberBaseLabel(window), wParam != FALSE);
+            EnableWindow(NumberBaseList(window), wParam != FALSE);
+            break;
         default:
             break;
     }

@@ -296,6 +296,15 @@ TEST_F(NumberBaseControl, TellsTheBaseWhenTheListCloses) {
     EXPECT_EQ(told, Values{8});
 }
 
+TEST_F(NumberBaseControl, BothChildrenAreDisabledWithIt) {
+    EnableWindow(control, FALSE);
+    EXPECT_FALSE(IsWindowEnabled(list));
+    EXPECT_FALSE(IsWindowEnabled(NumberBaseLabel(control)));
+    EnableWindow(control, TRUE);
+    EXPECT_TRUE(IsWindowEnabled(list));
+    EXPECT_TRUE(IsWindowEnabled(NumberBaseLabel(control)));
+}
+
 TEST_F(NumberBaseControl, NobodyNeedsToListen) {
     SelectNumberBase(control, 8);
     SetFocus(list);
