@@ -154,9 +154,12 @@ class GuiCase(unittest.TestCase):
 
     def choose_menu(self, program, item_id):
         """Chooses an item of the main window's menu by the keyboard."""
-        bar, position = divmod(item_id, 100)
+        ids = [item["id"] for item in self.forms["menu"]]
+        bar = [id for id in ids if id % 100 == 0]
+        bar_id = item_id // 100 * 100
         program.wait_for_window(MAIN_TITLE)
-        self.display.press("F10", *["Right"] * (bar - 1), *["Down"] * position, "Return")
+        self.display.press("F10", *["Right"] * bar.index(bar_id),
+                           *["Down"] * (ids.index(item_id) - ids.index(bar_id)), "Return")
 
     def click(self, control):
         self.display.click(*control.middle())
