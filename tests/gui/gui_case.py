@@ -152,27 +152,33 @@ class GuiCase(unittest.TestCase):
     def settings_bytes(self):
         return self.settings_path().read_bytes()
 
+    def place_in_menu(self, item_id):
+        """Where an item of the main window's menu stands: the index of the bar item with its
+        drop-down menu, and its own in that menu."""
+        ids = [item["id"] for item in self.forms["menu"]]
+        bar_item = item_id // 100 * 100
+        bar = [id for id in ids if id % 100 == 0]
+        return bar.index(bar_item), ids.index(item_id) - ids.index(bar_item) - 1
+
     def choose_menu(self, program, item_id):
         """Chooses an item of the main window's menu by the keyboard."""
-        ids = [item["id"] for item in self.forms["menu"]]
-        bar = [id for id in ids if id % 100 == 0]
-        bar_id = item_id // 100 * 100
+        bar, position = self.place_in_menu(item_id)
         program.wait_for_window(MAIN_TITLE)
-        self.display.press("F10", *["Right"] * bar.index(bar_id),
-                           *["Down"] * (ids.index(item_id) - ids.index(bar_id)), "Return")
+        # The first Down opens the menu, with its first item chosen.
+        self.display.press("F10", *["Right"] * bar, *["Down"] * (position + 1), "Return")
 
     def click(self, control):
         self.display.click(*control.middle())
 
     def choose_menu_by_mouse(self, program, item_id):
         """Chooses an item of the main window's menu by two clicks."""
-        bar, position = divmod(item_id, 100)
-        menu = program.menu(program.wait_for_window(MAIN_TITLE))[bar - 1]
+        bar, position = self.place_in_menu(item_id)
+        menu = program.menu(program.wait_for_window(MAIN_TITLE))[bar]
         self.display.click(*middle(menu["rect"]))
         drop_down = program.wait_for(lambda: program.find(MENU_CLASS), "the menu to drop down")
         x, y, width, height = drop_down.client
         count = len(menu["items"])
-        self.display.click(x + width // 2, y + height * (2 * position - 1) // (2 * count))
+        self.display.click(x + width // 2, y + height * (2 * position + 1) // (2 * count))
         program.wait_until_hidden(None, MENU_CLASS)
 
     def wait_for_message(self, program, title, text):
