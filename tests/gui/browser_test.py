@@ -100,7 +100,6 @@ class BrowserTest(GuiCase):
                 address = "file:///" + windows_path(self.page(folder, language))
                 self.assertEqual(f'"{address}"', self.browser.argument())
                 self.assertEqual({MAIN_TITLE}, program.visible_windows())
-                program.close()
 
     def test_language_of_the_settings_decides(self):
         self.write_settings(settings_text(language="German"))
@@ -127,7 +126,6 @@ class BrowserTest(GuiCase):
                 self.choose_menu(program, SHOW_HELP)
                 self.assertEqual(f'"file:///{windows_path(page)}"', self.browser.argument(),
                                  "the first time that it is called")
-                program.close()
 
     def test_without_a_browser_nothing_happens(self):
         self.probe.register_browser()

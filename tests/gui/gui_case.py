@@ -110,13 +110,18 @@ class GuiCase(unittest.TestCase):
 
     @contextlib.contextmanager
     def subTest(self, msg="", **params):
+        """What is started in it ends with it, even when it fails, and disturbs nothing later."""
         # A failure does not leave it, so the picture is taken inside.
         parts = [self.name(), str(msg), *(f"{key}-{value}" for key, value in params.items())]
+        started = len(self.programs)
         with super().subTest(msg, **params), screenshot_of_failure("-".join(filter(None, parts))):
             yield
+        for program in self.programs[started:]:
+            program.close()
 
     def setUp(self):
         self.display = desktop().display
+        self.programs = []
         desktop().set_dpi(96)
         desktop().prefix.forget_settings()
 
@@ -132,6 +137,7 @@ class GuiCase(unittest.TestCase):
         self.expect_language(speaks or language)
         program = Program(self.display, desktop().probe,
                           desktop().prefix.environment_of(LOCALES[language]), program_file)
+        self.programs.append(program)
         self.addCleanup(program.close)
         return program
 
