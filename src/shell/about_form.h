@@ -25,7 +25,8 @@ enum AboutControl : int32_t {
     AboutControlCount,
 };
 
-// The notice reaches behind the lines below it; its text is shorter than its place.
+// Each row: the parent, the kind, the place in the parent, the text. The notice reaches behind the
+// lines below it; its text is shorter than its place.
 inline constexpr FormControl AboutForm[] = {
     {FormWindow, FormStatic, {80, 25, AboutSize.width - 80, 40}, nullptr},
     {FormWindow,

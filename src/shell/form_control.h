@@ -8,9 +8,6 @@
 
 namespace tallymere {
 
-/// Names an entry of the text table, in whatever language it is filled.
-using UiTextEntry = const char16_t* UiText::*;
-
 enum FormControlKind {
     FormStatic,
     FormPushButton,

@@ -4,23 +4,14 @@ namespace tallymere {
 
 MenuCommand CommandOfMenu(int64_t id, int64_t sender) {
     if (sender != 0) {
-        return {MenuDoesNothing, {}};
+        return {};
     }
-    if (id >= MenuFirstPage && id < MenuFirstPage + PageCount) {
-        return {MenuShowsPage, static_cast<PageIndex>(id - MenuFirstPage)};
+    for (const MenuItem& item : MainMenu) {
+        if (item.id == id) {
+            return item.command;
+        }
     }
-    switch (id) {
-        case MenuOptions:
-            return {MenuShowsOptions, {}};
-        case MenuExit:
-            return {MenuClosesProgram, {}};
-        case MenuShowHelp:
-            return {MenuOpensHelp, {}};
-        case MenuInfo:
-            return {MenuRunsAbout, {}};
-        default:
-            return {MenuDoesNothing, {}};
-    }
+    return {};
 }
 
 }  // namespace tallymere

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "shell/form_control.h"
+#include "shell/ui_text.h"
 
 namespace tallymere {
 
@@ -31,31 +31,6 @@ enum MenuId : int32_t {
 /// The id of PageCalculator; the other pages follow in their order.
 inline constexpr int32_t MenuFirstPage = 201;
 
-/// An item of the bar, whose id is a multiple of 100, or of the drop-down menu of the bar item
-/// before it.
-struct MenuItem {
-    int32_t id;
-    UiTextEntry caption;
-
-    constexpr bool IsBarItem() const { return id % 100 == 0; }
-};
-
-inline constexpr MenuItem MainMenu[] = {
-    {MenuApplication, &UiText::TextMenuApplication},
-    {MenuOptions, &UiText::TextMenuOptions},
-    {MenuExit, &UiText::TextMenuExit},
-    {MenuAlgebra, &UiText::TextMenuAlgebra},
-    {MenuFirstPage + PageCalculator, &UiText::TextMenuScientificCalculator},
-    {MenuFirstPage + PageAlgebraicEquations, &UiText::TextMenuAlgebraicEquations},
-    {MenuFirstPage + PageLinearSystems, &UiText::TextMenuSystemsLinearEquations},
-    {MenuFirstPage + PagePolynomialCalculation, &UiText::TextMenuPolynomialCalculation},
-    {MenuFirstPage + PagePrimeNumbers, &UiText::TextMenuPrimeNumbers},
-    {MenuFirstPage + PagePrimeFactors, &UiText::TextMenuPrimeFactorsDivisors},
-    {MenuHelp, &UiText::TextMenuHelp},
-    {MenuShowHelp, &UiText::TextMenuShowHelp},
-    {MenuInfo, &UiText::TextMenuInfo},
-};
-
 enum MenuAction {
     MenuDoesNothing,
     MenuShowsOptions,
@@ -66,12 +41,43 @@ enum MenuAction {
 };
 
 struct MenuCommand {
-    MenuAction action;
-    PageIndex page;  ///< with MenuShowsPage
+    MenuAction action = MenuDoesNothing;
+    PageIndex page = {};  ///< with MenuShowsPage
 };
 
-/// What a command message does. `sender` is the message's second argument: 0 comes from a menu,
-/// anything else is the window of a control, which is not listened to.
+/// An item of the bar, whose id is a multiple of 100, or of the drop-down menu of the bar item
+/// before it.
+struct MenuItem {
+    int32_t id;
+    UiTextEntry caption;
+    MenuCommand command = {};  ///< nothing for an item of the bar
+
+    constexpr bool IsBarItem() const { return id % 100 == 0; }
+};
+
+constexpr MenuItem PageItem(PageIndex page, UiTextEntry caption) {
+    return {MenuFirstPage + page, caption, {MenuShowsPage, page}};
+}
+
+inline constexpr MenuItem MainMenu[] = {
+    {MenuApplication, &UiText::TextMenuApplication},
+    {MenuOptions, &UiText::TextMenuOptions, {MenuShowsOptions}},
+    {MenuExit, &UiText::TextMenuExit, {MenuClosesProgram}},
+    {MenuAlgebra, &UiText::TextMenuAlgebra},
+    PageItem(PageCalculator, &UiText::TextMenuScientificCalculator),
+    PageItem(PageAlgebraicEquations, &UiText::TextMenuAlgebraicEquations),
+    PageItem(PageLinearSystems, &UiText::TextMenuSystemsLinearEquations),
+    PageItem(PagePolynomialCalculation, &UiText::TextMenuPolynomialCalculation),
+    PageItem(PagePrimeNumbers, &UiText::TextMenuPrimeNumbers),
+    PageItem(PagePrimeFactors, &UiText::TextMenuPrimeFactorsDivisors),
+    {MenuHelp, &UiText::TextMenuHelp},
+    {MenuShowHelp, &UiText::TextMenuShowHelp, {MenuOpensHelp}},
+    {MenuInfo, &UiText::TextMenuInfo, {MenuRunsAbout}},
+};
+
+/// What a command message does: nothing with an id that is not in the menu. `sender` is the
+/// message's second argument: 0 comes from a menu, anything else is the window of a control, which
+/// is not listened to.
 MenuCommand CommandOfMenu(int64_t id, int64_t sender);
 
 }  // namespace tallymere

@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "core/number_context.h"
-#include "shell/form_control.h"
+#include "shell/ui_text.h"
 
 namespace tallymere {
 

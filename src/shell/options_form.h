@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "shell/form_control.h"
+#include "shell/ui_text.h"
 
 namespace tallymere {
 
@@ -33,6 +34,7 @@ enum OptionsControl : int32_t {
     OptionsControlCount,
 };
 
+// Each row: the parent, the kind, the place in the parent, the text.
 inline constexpr FormControl OptionsForm[] = {
     {FormWindow, FormTabControl, {5, 8, 358, 280}, nullptr},
     {OptionsTabs, FormTabPage, {}, &UiText::TextOptNumberPresentation},
@@ -70,6 +72,17 @@ inline constexpr UiTextEntry OptionsThousandsRows[] = {
     &UiText::TextOptComma,
     &UiText::TextOptApostrophe,
     &UiText::TextOptNarrowSpaceU202F,
+};
+
+/// The radio buttons of the language settings.
+struct OptionsLanguageButton {
+    OptionsControl button;
+    Language language;
+};
+inline constexpr OptionsLanguageButton OptionsLanguageButtons[] = {
+    {OptionsLanguageAutomatic, LanguageAutomatic},
+    {OptionsLanguageEnglish, LanguageEnglish},
+    {OptionsLanguageGerman, LanguageGerman},
 };
 
 }  // namespace tallymere

@@ -13,9 +13,12 @@ inline constexpr const char16_t* UiTextMissing = u"???";
 
 /// Each field points to a constant text that lives as long as the process; none is ever null.
 struct UiText {
-#define ENTRY(name, english, german) const char16_t* name = UiTextMissing;
+#define ENTRY(name, ...) const char16_t* name = UiTextMissing;
 #include "shell/ui_text_entries.inc"
 };
+
+/// Names an entry of the table, in whatever language it is filled.
+using UiTextEntry = const char16_t* UiText::*;
 
 /// The one table of the process.
 extern UiText uiText;

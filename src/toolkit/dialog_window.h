@@ -23,7 +23,8 @@ inline constexpr const char16_t* DialogClass = u"cwl_DialogWindow";
 /// Makes a dialog window, hidden, with its upper left corner in that of the screen unless `style`
 /// asks otherwise. `owner` may be null. `size` is in logical units and counts frame and title
 /// unless `style` has DialogClientSize. `style` are WS_ bits and those of DialogStyle; WS_CAPTION
-/// is added. `handler` gets every message of the window, the one of its creation included.
+/// is added. `handler` gets every message of the window, the one of its creation included; null for
+/// a window that does only what every dialog does.
 HWND CreateDialogWindow(HWND owner, LayoutSize size, const char16_t* title, WindowHandler handler,
                         DWORD style, DWORD extendedStyle);
 

@@ -35,7 +35,6 @@ class AboutTest(GuiCase):
                                self.about_texts())
                     self.assertTrue(all(control.visible and control.enabled
                                         for control in about.walk()))
-                    program.close()
 
     def test_is_modal_and_can_be_opened_again(self):
         program = self.start_again()

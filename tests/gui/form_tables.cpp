@@ -101,7 +101,7 @@ std::string MenuJson() {
 
 std::string TextsJson() {
     JsonList texts = JsonObject();
-#define ENTRY(name, english, german) texts.Add(#name, Json(uiText.name));
+#define ENTRY(name, ...) texts.Add(#name, Json(uiText.name));
 #include "shell/ui_text_entries.inc"
     return texts.Text();
 }

@@ -110,13 +110,18 @@ class GuiCase(unittest.TestCase):
 
     @contextlib.contextmanager
     def subTest(self, msg="", **params):
+        """What is started in it ends with it, even when it fails, and disturbs nothing later."""
         # A failure does not leave it, so the picture is taken inside.
         parts = [self.name(), str(msg), *(f"{key}-{value}" for key, value in params.items())]
+        started = len(self.programs)
         with super().subTest(msg, **params), screenshot_of_failure("-".join(filter(None, parts))):
             yield
+        for program in self.programs[started:]:
+            program.close()
 
     def setUp(self):
         self.display = desktop().display
+        self.programs = []
         desktop().set_dpi(96)
         desktop().prefix.forget_settings()
 
@@ -132,6 +137,7 @@ class GuiCase(unittest.TestCase):
         self.expect_language(speaks or language)
         program = Program(self.display, desktop().probe,
                           desktop().prefix.environment_of(LOCALES[language]), program_file)
+        self.programs.append(program)
         self.addCleanup(program.close)
         return program
 
@@ -152,24 +158,33 @@ class GuiCase(unittest.TestCase):
     def settings_bytes(self):
         return self.settings_path().read_bytes()
 
+    def place_in_menu(self, item_id):
+        """Where an item of the main window's menu stands: the index of the bar item with its
+        drop-down menu, and its own in that menu."""
+        ids = [item["id"] for item in self.forms["menu"]]
+        bar_item = item_id // 100 * 100
+        bar = [id for id in ids if id % 100 == 0]
+        return bar.index(bar_item), ids.index(item_id) - ids.index(bar_item) - 1
+
     def choose_menu(self, program, item_id):
         """Chooses an item of the main window's menu by the keyboard."""
-        bar, position = divmod(item_id, 100)
+        bar, position = self.place_in_menu(item_id)
         program.wait_for_window(MAIN_TITLE)
-        self.display.press("F10", *["Right"] * (bar - 1), *["Down"] * position, "Return")
+        # The first Down opens the menu, with its first item chosen.
+        self.display.press("F10", *["Right"] * bar, *["Down"] * (position + 1), "Return")
 
     def click(self, control):
         self.display.click(*control.middle())
 
     def choose_menu_by_mouse(self, program, item_id):
         """Chooses an item of the main window's menu by two clicks."""
-        bar, position = divmod(item_id, 100)
-        menu = program.menu(program.wait_for_window(MAIN_TITLE))[bar - 1]
+        bar, position = self.place_in_menu(item_id)
+        menu = program.menu(program.wait_for_window(MAIN_TITLE))[bar]
         self.display.click(*middle(menu["rect"]))
         drop_down = program.wait_for(lambda: program.find(MENU_CLASS), "the menu to drop down")
         x, y, width, height = drop_down.client
         count = len(menu["items"])
-        self.display.click(x + width // 2, y + height * (2 * position - 1) // (2 * count))
+        self.display.click(x + width // 2, y + height * (2 * position + 1) // (2 * count))
         program.wait_until_hidden(None, MENU_CLASS)
 
     def wait_for_message(self, program, title, text):

@@ -56,7 +56,9 @@ class KeyboardTest(OptionsCase):
         self.press_for_row(program, "Down", 0, 1)
         self.press_to(program, "Tab Tab", "button", "Scientific calculator")
         self.press_to(program, "shift+Tab", "combobox")
-        self.press_for_row(program, "alt+Down Home Down Down Return", 1, 2)
+        self.press_for(program, "alt+Down", lambda _: self.drop_lists(program)[1].dropped,
+                       "the list to drop down")
+        self.press_for_row(program, "Home Down Down Return", 1, 2)
         self.press_to(program, "Tab Tab", "button", "Equations && polynomials")
         self.press_box(program, "Equations && polynomials", True)
         self.press_to(program, "Tab", "button", "Prime numbers && factors")

@@ -75,7 +75,6 @@ class LanguageTest(OptionsCase):
                 self.show_tab(program, 1)
                 self.assertTrue(self.options(program).control(
                     "button", self.texts["TextOptAutomaticSelection2"]).checked)
-                program.close()
 
 
 if __name__ == "__main__":

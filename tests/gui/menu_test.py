@@ -45,7 +45,6 @@ class MenuTest(GuiCase):
                 self.assertEqual([2, 6, 2], [len(drop_down["items"]) for drop_down in bar])
                 self.assertTrue(all(item["enabled"] for drop_down in bar
                                     for item in [drop_down, *drop_down["items"]]))
-                program.close()
 
     def test_items_without_a_page_do_nothing(self):
         program = self.start_again()

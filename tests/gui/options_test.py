@@ -27,7 +27,6 @@ class OptionsTest(OptionsCase):
                     self.display.screenshot(f"options-language-{language}-{dpi}", window.rect)
                     pages = self.options(program).children[0].children
                     self.assertEqual([False, True], [page.visible for page in pages])
-                    program.close()
 
     def test_is_centred_on_the_screen(self):
         x, y, width, height = self.open_options(self.start_again()).rect

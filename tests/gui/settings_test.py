@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Settings files that cannot be read, cannot be written or hold more than the program knows, and two
-programs with one file."""
+"""Settings files that cannot be read, cannot be written or hold more than the program knows, and
+two programs with one file."""
 
 import random
 import unittest

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
+#include <utility>
 
 #include "shell/about_form.h"
 #include "shell/number_type_rows.h"
@@ -118,10 +118,19 @@ TEST(OptionsFormTest, RowsOfTheListsAreTheValuesOfTheSettings) {
     EXPECT_EQ(OptionsThousandsRows[ThousandsNarrowSpace], &UiText::TextOptNarrowSpaceU202F);
 }
 
-TEST(OptionsFormTest, TheLanguageButtonsFollowOneAnotherInTheOrderOfTheirSettings) {
-    EXPECT_EQ(OptionsLanguageEnglish - OptionsLanguageAutomatic,
-              LanguageEnglish - LanguageAutomatic);
-    EXPECT_EQ(OptionsLanguageGerman - OptionsLanguageAutomatic, LanguageGerman - LanguageAutomatic);
+TEST(OptionsFormTest, EachLanguageHasTheButtonWithItsName) {
+    const std::pair<Language, UiTextEntry> expected[] = {
+        {LanguageAutomatic, &UiText::TextOptAutomaticSelection2},
+        {LanguageEnglish, &UiText::TextOptEnglish},
+        {LanguageGerman, &UiText::TextOptGerman},
+    };
+    ASSERT_EQ(std::size(OptionsLanguageButtons), std::size(expected));
+    for (size_t i = 0; i < std::size(expected); i++) {
+        const auto& [button, language] = OptionsLanguageButtons[i];
+        EXPECT_EQ(language, expected[i].first);
+        EXPECT_EQ(OptionsForm[button].kind, FormRadioButton);
+        EXPECT_EQ(OptionsForm[button].text, expected[i].second);
+    }
 }
 
 TEST(AboutFormTest, HasItsControlsInPlace) {

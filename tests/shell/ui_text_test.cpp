@@ -15,7 +15,7 @@ struct Entry {
 };
 
 const Entry Entries[] = {
-#define ENTRY(name, english, german) {#name, &UiText::name},
+#define ENTRY(name, ...) {#name, &UiText::name},
 #include "shell/ui_text_entries.inc"
 };
 

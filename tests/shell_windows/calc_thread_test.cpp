@@ -63,17 +63,13 @@ LRESULT HandlePage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, bool
     return 0;
 }
 
-LRESULT Ignore(HWND, UINT, WPARAM, LPARAM, bool&) {
-    return 0;
-}
-
 class CalcThread : public testing_support::ToolkitTest {
 protected:
     CalcThread() {
         InstallLanguage(LanguageEnglish);
         CreateScratchStack();
         page = CreateDialogWindow(nullptr, {300, 200}, u"Page", HandlePage, 0, 0);
-        other = CreateDialogWindow(nullptr, {100, 100}, u"Other", Ignore, 0, 0);
+        other = CreateDialogWindow(nullptr, {100, 100}, u"Other", nullptr, 0, 0);
         start = CreateButton(page, {0, 0, 75, 25}, uiText.TextBtnStart);
         clear = CreateButton(page, {0, 30, 75, 25}, u"Clear");
         output = CreateEdit(page, {0, 60, 200, 100}, u"old\r\n", ES_MULTILINE | ES_AUTOVSCROLL, 0);

@@ -15,10 +15,6 @@ namespace {
 
 using testing_support::TextOf;
 
-LRESULT Ignore(HWND, UINT, WPARAM, LPARAM, bool&) {
-    return 0;
-}
-
 BOOL CALLBACK CountDialog(HWND window, LPARAM count) {
     if (IsDialogWindow(window)) {
         ++*reinterpret_cast<size_t*>(count);
@@ -66,7 +62,7 @@ protected:
         InstallLanguage(LanguageEnglish);
         CreateMainWindow();
         pageWindows[PageCalculator] =
-            CreateDialogWindow(hiddenOwnerWindow, {100, 100}, u"Page", Ignore, 0, 0);
+            CreateDialogWindow(hiddenOwnerWindow, {100, 100}, u"Page", nullptr, 0, 0);
     }
     ~MainWindow() override {
         DestroyWindow(pageWindows[PageCalculator]);
@@ -149,7 +145,7 @@ TEST_F(MainWindow, IsActivatedWhenAWindowThatItShowedIsClosed) {
     EXPECT_EQ(GetActiveWindow(), mainWindow);
 
     // A dialog goes back to its owner.
-    const HWND owned = CreateDialogWindow(page, {100, 100}, u"", Ignore, 0, 0);
+    const HWND owned = CreateDialogWindow(page, {100, 100}, u"", nullptr, 0, 0);
     ShowProgramWindow(page);
     ShowProgramWindow(owned);
     HideProgramWindow(owned);
@@ -187,7 +183,7 @@ TEST_F(MainWindow, ShowsEachWindowInFrontByItsItem) {
                              &pageWindows[PagePrimeFactors]};
     const WPARAM items[] = {101, 202, 203, 204, 205, 206};
     for (HWND* window : windows) {
-        *window = CreateDialogWindow(hiddenOwnerWindow, {100, 100}, u"", Ignore, 0, 0);
+        *window = CreateDialogWindow(hiddenOwnerWindow, {100, 100}, u"", nullptr, 0, 0);
     }
     for (size_t i = 0; i < std::size(windows); i++) {
         ChooseMenuItem(items[i]);

@@ -378,8 +378,8 @@ TEST_F(ControlProcedure, APlaceIsLogicalUnitsAndTheOrderOfTabsStays) {
     screenDpi = 144;
     const HWND first = Button(u"first");
     const HWND second = Button(u"second");
-    PlaceControl(first, {3, 5, 60, 21});
-    EXPECT_EQ(PlaceInParent(first), (LayoutRect{5, 8, 90, 32}));
+    PlaceControl(second, {3, 5, 60, 21});
+    EXPECT_EQ(PlaceInParent(second), (LayoutRect{5, 8, 90, 32}));
     EXPECT_EQ(NextTabStop(dialog, true), first);
     EXPECT_EQ(NextTabStop(first, true), second);
 }

@@ -51,16 +51,12 @@ LRESULT StayHidden(HWND, UINT message, WPARAM, LPARAM lParam, bool&) {
     return 0;
 }
 
-LRESULT Ignore(HWND, UINT, WPARAM, LPARAM, bool&) {
-    return 0;
-}
-
 class ModalLoop : public testing_support::ToolkitTest {
 protected:
     ModalLoop() {
         run = {};
-        other = CreateDialogWindow(nullptr, {100, 100}, u"Other", Ignore, 0, 0);
-        disabled = CreateDialogWindow(nullptr, {100, 100}, u"Disabled", Ignore, WS_DISABLED, 0);
+        other = CreateDialogWindow(nullptr, {100, 100}, u"Other", nullptr, 0, 0);
+        disabled = CreateDialogWindow(nullptr, {100, 100}, u"Disabled", nullptr, WS_DISABLED, 0);
         modal = CreateDialogWindow(dialog, {100, 100}, u"Modal", HandleModal, WS_SYSMENU, 0);
     }
 

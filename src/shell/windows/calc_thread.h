@@ -26,8 +26,8 @@
 
 #include <cstdint>
 
-#include "shell/form_control.h"
 #include "shell/ui_error.h"
+#include "shell/ui_text.h"
 #include "toolkit/win32.h"
 
 namespace tallymere {

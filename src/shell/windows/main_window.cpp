@@ -5,7 +5,7 @@
 #include "shell/settings.h"
 #include "shell/text_format.h"
 #include "shell/window_states.h"
-#include "shell/windows/browser.h"
+#include "shell/windows/help.h"
 #include "shell/windows/program_windows.h"
 #include "toolkit/dialog_window.h"
 #include "toolkit/environment.h"
@@ -21,11 +21,6 @@ constexpr LayoutSize HiddenOwnerSize = {10, 10};
 constexpr int64_t TitleCapacity = 63;
 
 WindowStateList<HWND> windowStates;
-
-// Without a handler of its own the window does only what every dialog does.
-LRESULT PassMessageOn(HWND, UINT, WPARAM, LPARAM, bool&) {
-    return 0;
-}
 
 void InsertMenuCaption(HMENU menu, const MenuItem& item, HMENU dropDown) {
     MENUITEMINFOW info = {};
@@ -127,7 +122,7 @@ LRESULT MainWindowProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& c
 // The class is registered by now, so the icon is put into it by way of a window that is thrown away
 // again.
 void SetIconOfAllWindows() {
-    const HWND window = CreateDialogWindow(nullptr, HiddenOwnerSize, u"", PassMessageOn, 0, 0);
+    const HWND window = CreateDialogWindow(nullptr, HiddenOwnerSize, u"", nullptr, 0, 0);
     const HICON icon = LoadIconW(programInstance, L"!AppIcon");
     SetClassLongPtrW(window, GCLP_HICON, reinterpret_cast<LONG_PTR>(icon));
     SetClassLongPtrW(window, GCLP_HICONSM, 0);
@@ -137,7 +132,7 @@ void SetIconOfAllWindows() {
 }  // namespace
 
 void CreateMainWindow() {
-    hiddenOwnerWindow = CreateDialogWindow(nullptr, HiddenOwnerSize, u"", PassMessageOn, 0, 0);
+    hiddenOwnerWindow = CreateDialogWindow(nullptr, HiddenOwnerSize, u"", nullptr, 0, 0);
     char16_t title[TitleCapacity + 1];
     FormatBounded(title, TitleCapacity, u"%s %s", {ProgramName, ProgramVersion});
     mainWindow = CreateDialogWindow(hiddenOwnerWindow, MainWindowSize, title, MainWindowProc,

@@ -60,9 +60,9 @@ void WriteControls() {
     SetChecked(OptionsGroupingCalculator, choices.groupCalculator);
     SetChecked(OptionsGroupingEquations, choices.groupEquations);
     SetChecked(OptionsGroupingPrimes, choices.groupPrimes);
-    SetChecked(OptionsLanguageAutomatic, choices.language == LanguageAutomatic);
-    SetChecked(OptionsLanguageEnglish, choices.language == LanguageEnglish);
-    SetChecked(OptionsLanguageGerman, choices.language == LanguageGerman);
+    for (const auto& [button, language] : OptionsLanguageButtons) {
+        SetChecked(button, choices.language == language);
+    }
 }
 
 void ReadControls() {
@@ -72,9 +72,12 @@ void ReadControls() {
     choices.groupCalculator = IsChecked(OptionsGroupingCalculator);
     choices.groupEquations = IsChecked(OptionsGroupingEquations);
     choices.groupPrimes = IsChecked(OptionsGroupingPrimes);
-    choices.language = IsChecked(OptionsLanguageEnglish)  ? LanguageEnglish
-                       : IsChecked(OptionsLanguageGerman) ? LanguageGerman
-                                                          : LanguageAutomatic;
+    choices.language = LanguageAutomatic;
+    for (const auto& [button, language] : OptionsLanguageButtons) {
+        if (IsChecked(button)) {
+            choices.language = language;
+        }
+    }
 }
 
 // A language that was changed stays so even when the user does not want to restart now.
