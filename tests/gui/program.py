@@ -117,7 +117,19 @@ class Probe:
 
     def write(self, control, text):
         """Sets the text of a control that no hand can reach."""
-        return self.ask("write", f"{control.handle} {text}")
+        return self.ask("write", f"{control.handle} {json.dumps(text)}")
+
+    def window(self, window):
+        """A window or control as it is now, with all in it."""
+        return Window(self.ask("window", window.handle))
+
+    def put_on_clipboard(self, text):
+        if not self.ask("clipboard", json.dumps(text)):
+            raise AssertionError("the clipboard did not take a text")
+
+    def counts(self, process):
+        """What a process holds: handles, gdi, windows, and bytes that are committed, resident."""
+        return self.ask("counts", process)
 
     def close(self):
         self.process.stdin.close()

@@ -4,6 +4,7 @@
 //
 //   windows IMAGE     the windows of all processes of the program file IMAGE, such as
 //                     "tallymere.exe", visible or not, each with its controls
+//   window HANDLE     one of them, or one control, with all in it
 //   menu HANDLE       the items of a window's menu, each with those of its drop-down menu
 //   processes IMAGE   the ids of these processes
 //   end ID            ends a process; whether that worked
@@ -11,22 +12,30 @@
 //                     none; whether that worked
 //   answers HANDLE    sends a window a hundred messages that do nothing; how many were answered,
 //                     each before the next was sent
-//   write HANDLE TEXT sets the text of a control; whether it took it
+//   write HANDLE TEXT sets the text of a control, a string of JSON; whether it took it
+//   clipboard TEXT    puts a text on the clipboard, a string of JSON; whether it took it
+//   counts ID         what a process holds: handles of the system, objects to draw with, windows,
+//                     bytes of memory
 //
 // It ends with the input. All places are pixels of the screen: x, y, width, height.
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdlib>
+#include <cstring>
 #include <iostream>
 #include <iterator>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "gui/json_text.h"
 #include "gui/menu_teller.h"
 #include "toolkit/win32.h"
-// Needs the headers of Windows before it.
+// They need the headers of Windows before them.
+#include <psapi.h>
 #include <tlhelp32.h>
+#include <winternl.h>
 
 namespace tallymere {
 
@@ -163,6 +172,25 @@ void AddClassMembers(JsonList& object, HWND window, const std::wstring& classNam
         object.Add("rows", rows.Text());
         object.Add("row", Ask(window, CB_GETCURSEL, 0, 0, CB_ERR));
         object.Add("dropped", Ask(window, CB_GETDROPPEDSTATE) != 0);
+    } else if (lstrcmpiW(className.c_str(), L"listbox") == 0) {
+        JsonList rows = JsonArray();
+        const LRESULT count = Ask(window, LB_GETCOUNT);
+        for (LRESULT row = 0; row < count; row++) {
+            rows.Add(
+                Json(AskText(window, LB_GETTEXTLEN, LB_GETTEXT, static_cast<WPARAM>(row), false)));
+        }
+        object.Add("rows", rows.Text());
+        object.Add("row", Ask(window, LB_GETCURSEL, 0, 0, LB_ERR));
+    } else if (lstrcmpiW(className.c_str(), L"edit") == 0) {
+        DWORD from = 0;
+        DWORD to = 0;
+        Ask(window, EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
+        JsonList selection = JsonArray();
+        selection.Add(std::to_string(from));
+        selection.Add(std::to_string(to));
+        object.Add("selection", selection.Text());
+    } else if (lstrcmpiW(className.c_str(), TRACKBAR_CLASSW) == 0) {
+        object.Add("position", Ask(window, TBM_GETPOS, 0, 0, -1));
     } else if (lstrcmpiW(className.c_str(), WC_TABCONTROLW) == 0) {
         object.Add("tabs", TabTitles(window));
         object.Add("tab", Ask(window, TCM_GETCURSEL, 0, 0, -1));
@@ -300,6 +328,29 @@ std::string EndProcess(DWORD id) {
     return ended ? "true" : "false";
 }
 
+// What a string of JSON in ASCII says.
+std::wstring TextOfJson(const std::string& json) {
+    std::wstring text;
+    for (size_t i = 1; i + 1 < json.size(); i++) {
+        if (json[i] != '\\') {
+            text += static_cast<wchar_t>(json[i]);
+            continue;
+        }
+        const char escaped = json[++i];
+        if (escaped == 'u') {
+            const std::string code = json.substr(i + 1, 4);
+            text += static_cast<wchar_t>(std::strtoul(code.c_str(), nullptr, 16));
+            i += 4;
+        } else {
+            constexpr std::string_view Letters = "nrtbf";
+            constexpr std::wstring_view Characters = L"\n\r\t\b\f";
+            const size_t letter = Letters.find(escaped);
+            text += letter == Letters.npos ? static_cast<wchar_t>(escaped) : Characters[letter];
+        }
+    }
+    return text;
+}
+
 HWND WindowOf(const std::string& argument) {
     return reinterpret_cast<HWND>(std::strtoll(argument.c_str(), nullptr, 10));
 }
@@ -318,6 +369,104 @@ std::string CountAnswers(HWND window) {
 std::string WriteText(HWND window, const std::wstring& text) {
     return Ask(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str())) != 0 ? "true"
                                                                                    : "false";
+}
+
+bool PutOnClipboard(const std::wstring& text) {
+    if (OpenClipboard(nullptr) == 0) {
+        return false;
+    }
+    EmptyClipboard();
+    const size_t bytes = (text.size() + 1) * sizeof(wchar_t);
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
+    std::memcpy(GlobalLock(memory), text.c_str(), bytes);
+    GlobalUnlock(memory);
+    const bool taken = SetClipboardData(CF_UNICODETEXT, memory) != nullptr;
+    CloseClipboard();
+    return taken;
+}
+
+// Windows of a process, all controls among them.
+int64_t CountWindows(DWORD process) {
+    struct Count {
+        DWORD process;
+        int64_t windows;
+    } count = {process, 0};
+    const auto add = [](HWND window, LPARAM argument) -> BOOL {
+        auto& found = *reinterpret_cast<Count*>(argument);
+        DWORD owner = 0;
+        GetWindowThreadProcessId(window, &owner);
+        found.windows += owner == found.process;
+        return TRUE;
+    };
+    EnumChildWindows(GetDesktopWindow(), add, reinterpret_cast<LPARAM>(&count));
+    return count.windows;
+}
+
+// Handles of the system. GetProcessHandleCount would tell them as well, but Wine always gives 0.
+int64_t CountHandles(DWORD process) {
+    struct Entry {
+        void* object;
+        ULONG_PTR process;
+        ULONG_PTR handle;
+        ULONG access;
+        USHORT trace;
+        USHORT type;
+        ULONG attributes;
+        ULONG reserved;
+    };
+    constexpr auto AllHandles = static_cast<SYSTEM_INFORMATION_CLASS>(64);
+    std::vector<ULONG_PTR> table(1 << 20);
+    ULONG size = 0;
+    if (NtQuerySystemInformation(AllHandles, table.data(),
+                                 static_cast<ULONG>(table.size() * sizeof(ULONG_PTR)), &size) < 0) {
+        return -1;
+    }
+    const ULONG_PTR count = table[0];
+    const auto* entries = reinterpret_cast<const Entry*>(&table[2]);
+    return std::count_if(entries, entries + count,
+                         [process](const Entry& entry) { return entry.process == process; });
+}
+
+// Objects to draw with, from the process's own table of them, for Wine, whose GetGuiResources
+// gives 0. There each process has a table of its own.
+int64_t CountGdiObjects(HANDLE process) {
+    struct Entry {
+        void* object;
+        ULONG owner;
+        USHORT unique;
+        BYTE type;
+        BYTE flags;
+        void* user;
+    };
+    constexpr size_t TableInPeb = 0xF8;
+    PROCESS_BASIC_INFORMATION basic = {};
+    NtQueryInformationProcess(process, ProcessBasicInformation, &basic, sizeof basic, nullptr);
+    void* table = nullptr;
+    ReadProcessMemory(process, reinterpret_cast<std::byte*>(basic.PebBaseAddress) + TableInPeb,
+                      &table, sizeof table, nullptr);
+    std::vector<Entry> entries(1 << 16);
+    if (!ReadProcessMemory(process, table, entries.data(), entries.size() * sizeof(Entry),
+                           nullptr)) {
+        return -1;
+    }
+    return std::count_if(entries.begin(), entries.end(),
+                         [](const Entry& entry) { return entry.type != 0; });
+}
+
+std::string CountResources(DWORD id) {
+    const HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id);
+    PROCESS_MEMORY_COUNTERS memory = {};
+    memory.cb = sizeof memory;
+    K32GetProcessMemoryInfo(process, &memory, sizeof memory);
+    const DWORD gdi = GetGuiResources(process, GR_GDIOBJECTS);
+    JsonList counts = JsonObject();
+    counts.Add("handles", CountHandles(id));
+    counts.Add("gdi", gdi != 0 ? gdi : CountGdiObjects(process));
+    counts.Add("windows", CountWindows(id));
+    counts.Add("committed", memory.PagefileUsage);
+    counts.Add("resident", memory.WorkingSetSize);
+    CloseHandle(process);
+    return counts.Text();
 }
 
 std::string Answer(const std::string& line) {
@@ -345,7 +494,16 @@ std::string Answer(const std::string& line) {
     }
     if (command == "write") {
         const size_t text = argument.find(' ') + 1;
-        return WriteText(WindowOf(argument), wide.substr(text));
+        return WriteText(WindowOf(argument), TextOfJson(argument.substr(text)));
+    }
+    if (command == "window") {
+        return Describe(WindowOf(argument));
+    }
+    if (command == "clipboard") {
+        return PutOnClipboard(TextOfJson(argument)) ? "true" : "false";
+    }
+    if (command == "counts") {
+        return CountResources(static_cast<DWORD>(std::strtoul(argument.c_str(), nullptr, 10)));
     }
     return "null";
 }
