@@ -4,7 +4,7 @@ namespace tallymere {
 
 namespace {
 
-KeyAction ActionOfTab(const KeyStroke& stroke) {
+ControlKeyAction ActionOfTab(const KeyStroke& stroke) {
     if (stroke.control) {
         return KeyForward;
     }
@@ -14,7 +14,7 @@ KeyAction ActionOfTab(const KeyStroke& stroke) {
     return stroke.shift ? KeyTabBackward : KeyTabForward;
 }
 
-KeyAction ActionOfReturn(const KeyStroke& stroke, const KeyReceiver& receiver) {
+ControlKeyAction ActionOfReturn(const KeyStroke& stroke, const KeyReceiver& receiver) {
     if (stroke.control || receiver.wantsReturn) {
         return KeyForward;
     }
@@ -27,7 +27,8 @@ KeyAction ActionOfReturn(const KeyStroke& stroke, const KeyReceiver& receiver) {
     return receiver.hasDefaultButton ? KeyClickDefault : KeySwallow;
 }
 
-KeyAction ActionOfArrow(const KeyStroke& stroke, const KeyReceiver& receiver, KeyAction action) {
+ControlKeyAction ActionOfArrow(const KeyStroke& stroke, const KeyReceiver& receiver,
+                               ControlKeyAction action) {
     if (!receiver.isRadioButton) {
         return KeyForward;
     }
@@ -36,7 +37,7 @@ KeyAction ActionOfArrow(const KeyStroke& stroke, const KeyReceiver& receiver, Ke
 
 }  // namespace
 
-KeyAction ActionOfKey(const KeyStroke& stroke, const KeyReceiver& receiver) {
+ControlKeyAction ActionOfKey(const KeyStroke& stroke, const KeyReceiver& receiver) {
     switch (stroke.key) {
         case KeyTab:
             return ActionOfTab(stroke);

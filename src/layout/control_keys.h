@@ -31,7 +31,7 @@ struct KeyReceiver {
     bool hasDefaultButton = false;  ///< whether its dialog has one
 };
 
-enum KeyAction {
+enum ControlKeyAction {
     KeyForward,       ///< the control's own procedure gets the key
     KeySwallow,       ///< nothing happens
     KeyTabForward,    ///< the focus goes to the next tab stop
@@ -43,7 +43,7 @@ enum KeyAction {
 };
 
 /// What a key does in a control.
-KeyAction ActionOfKey(const KeyStroke& stroke, const KeyReceiver& receiver);
+ControlKeyAction ActionOfKey(const KeyStroke& stroke, const KeyReceiver& receiver);
 
 /// Whether a typed character reaches the control's own procedure: the tab character (9) never does
 /// and Return (13) only where it is wanted, so that neither beeps nor ends up in a text.

@@ -57,7 +57,7 @@ bool IsKeyHeld(int key) {
     return GetKeyState(key) < 0;
 }
 
-KeyAction ActionOfKeyMessage(HWND control, uint32_t key, bool isDown) {
+ControlKeyAction ActionOfKeyMessage(HWND control, uint32_t key, bool isDown) {
     return ActionOfKey(
         {.key = key,
          .isDown = isDown,
