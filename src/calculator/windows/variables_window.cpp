@@ -90,8 +90,10 @@ void ShowSelectedVariable() {
 }
 
 void HandleSelection() {
+    // Taking a name over rewrites its row, which selects it again.
+    const LRESULT row = SendMessageW(controls[VariablesList], LB_GETCURSEL, 0, 0);
     CommitShownVariable();
-    SelectVariable(dialog, SendMessageW(controls[VariablesList], LB_GETCURSEL, 0, 0));
+    SelectVariable(dialog, row);
     ShowSelectedVariable();
 }
 

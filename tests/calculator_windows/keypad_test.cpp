@@ -1,0 +1,296 @@
+// The keys of the calculator as windows: what they show, how they are drawn, what a click does.
+#include "calculator/keypad.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "calculator/calc_phase.h"
+#include "calculator_windows/calculator_windows.h"
+#include "toolkit/control_data.h"
+
+namespace tallymere::testing_support {
+namespace {
+
+constexpr NumberType Types[] = {NumberTypeUint, NumberTypeRational, NumberTypeReal,
+                                NumberTypeComplex};
+
+class KeypadWindows : public CalculatorWindowsTest {
+protected:
+    static KeyInfo Entry(int32_t index) {
+        return KeypadEntry(index, StyleOfKeypad(settings, osVersionCode));
+    }
+    static void ClickKey(int32_t index) { Click(KeyWindow(index)); }
+    static std::u16string Caption(int32_t index) { return WholeText(KeyWindow(index)); }
+    static bool IsEnabled(int32_t index) { return IsWindowEnabled(KeyWindow(index)) != FALSE; }
+};
+
+TEST_F(KeypadWindows, KeysHaveTheirIds) {
+    for (int32_t i = 0; i < KeyCount; i++) {
+        EXPECT_EQ(GetDlgCtrlID(KeyWindow(i)), 100'000 + i);
+    }
+}
+
+TEST_F(KeypadWindows, CaptionsFollowTypeUnitAndCase) {
+    for (const NumberType type : Types) {
+        ChooseType(type);
+        for (const AngleType angle : {AngleDegrees, AngleGon, AngleRadians}) {
+            ChooseAngleUnit(angle);
+            for (int32_t i = 0; i < KeyCount; i++) {
+                ASSERT_EQ(Caption(i), Entry(i).caption) << i << ", type " << type;
+            }
+        }
+        for (int presses = 0; presses < 2; presses++) {
+            Click(ControlOf(ContainerCaseKey));
+            for (int32_t i = 0; i < KeyCount; i++) {
+                ASSERT_EQ(Caption(i), Entry(i).caption) << i << ", type " << type;
+            }
+        }
+    }
+    EXPECT_EQ(Caption(32), u"sin");
+}
+
+TEST_F(KeypadWindows, KeysWithoutActionAreDisabled) {
+    for (const NumberType type : Types) {
+        ChooseType(type);
+        for (int32_t i = 0; i < KeyCount; i++) {
+            const KeyAction action = Entry(i).action;
+            const bool waitsForResult = action == ActionAns || action == ActionSwitchNotation ||
+                                        action == ActionSwitchMixed;
+            EXPECT_EQ(IsEnabled(i), action != ActionNone && !waitsForResult) << i;
+        }
+    }
+}
+
+TEST_F(KeypadWindows, KeysHaveTheirFonts) {
+    for (const NumberType type : Types) {
+        ChooseType(type);
+        for (int32_t i = 0; i < KeyCount; i++) {
+            LOGFONTW font = {};
+            const auto handle =
+                reinterpret_cast<HFONT>(SendMessageW(KeyWindow(i), WM_GETFONT, 0, 0));
+            ASSERT_NE(GetObjectW(handle, sizeof font, &font), 0) << i;
+            const KeyFontForm& form = KeyFonts[Entry(i).font];
+            EXPECT_EQ(std::wstring(font.lfFaceName), ToWide(form.name)) << i;
+            EXPECT_EQ(std::abs(font.lfHeight), form.height) << i;
+        }
+    }
+}
+
+TEST_F(KeypadWindows, EveryKeyThatInsertsPutsItsTextAtTheCaret) {
+    for (const NumberType type : Types) {
+        ChooseType(type);
+        calculator.ansAvailable = true;
+        for (int32_t i = 0; i < KeyCount; i++) {
+            const std::u16string text =
+                TextForAction(Entry(i).action, StyleOfKeypad(settings, osVersionCode)).text;
+            if (text.empty()) {
+                continue;
+            }
+            EnableWindow(KeyWindow(i), TRUE);
+            SetFormula(u"12");
+            SendMessageW(ControlOf(CalculatorFormula), EM_SETSEL, 1, 1);
+            ClickKey(i);
+            ASSERT_EQ(Formula(), u"1" + text + u"2") << i << ", type " << type;
+        }
+    }
+}
+
+TEST_F(KeypadWindows, AClickBringsTheFocusToTheSink) {
+    SetFocus(ControlOf(CalculatorFormula));
+    Press(ActionOpen);
+    EXPECT_EQ(GetFocus(), ControlOf(CalculatorFocusSink));
+}
+
+TEST_F(KeypadWindows, KeysThatEditTheWholeFormula) {
+    SetFormula(u"1+2");
+    SendMessageW(ControlOf(CalculatorFormula), EM_SETSEL, 0, 1);
+    Press(ActionBackspace);
+    EXPECT_EQ(Formula(), u"1+");
+    Press(ActionBracketFormula);
+    EXPECT_EQ(Formula(), u"(1+)");
+    Press(ActionClearFormula);
+    EXPECT_EQ(Formula(), u"");
+    Press(ActionBackspace);
+    EXPECT_EQ(Formula(), u"");
+    Press(ActionBracketFormula);
+    EXPECT_EQ(Formula(), u"()");
+}
+
+TEST_F(KeypadWindows, ClearAllEmptiesBothFieldsAndHidesTheBracketMark) {
+    SetFormula(u"7/2");
+    SetWindowTextW(ControlOf(CalculatorResult), L"3");
+    ShowControl(ControlOf(ContainerBracketMark), true);
+    calculator.resultValid = calculator.ansAvailable = true;
+    Press(ActionClearAll);
+    EXPECT_EQ(Formula(), u"");
+    EXPECT_EQ(WholeText(ControlOf(CalculatorResult)), u"");
+    EXPECT_EQ(WindowStyle(ControlOf(ContainerBracketMark)) & WS_VISIBLE, 0u);
+    EXPECT_FALSE(calculator.formulaTouched);
+    EXPECT_FALSE(IsEnabled(KeyOfAction(ActionAns, NumberTypeReal)));
+}
+
+TEST_F(KeypadWindows, ClearFormulaLeavesTheResultField) {
+    SetFormula(u"7/2");
+    SetWindowTextW(ControlOf(CalculatorResult), L"3.5");
+    Press(ActionClearFormula);
+    EXPECT_EQ(WholeText(ControlOf(CalculatorResult)), u"3.5");
+}
+
+TEST_F(KeypadWindows, ClicksDoNothingWhileALateClickOnStopMayCome) {
+    SetFormula(u"1");
+    calcPhase = StopLingers;
+    ClickKey(StopKey);
+    EXPECT_EQ(Formula(), u"1");
+    calcPhase = CalcIdle;
+}
+
+// A key that is drawn into a white picture of its own.
+class KeyPicture {
+public:
+    KeyPicture() {
+        BITMAPINFO form = {};
+        form.bmiHeader = {sizeof form.bmiHeader, Width, -Height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+        void* pixels = nullptr;
+        bitmap_ = CreateDIBSection(dc, &form, DIB_RGB_COLORS, &pixels, nullptr, 0);
+        pixels_ = static_cast<uint32_t*>(pixels);
+        before_ = SelectObject(dc, bitmap_);
+        std::fill_n(pixels_, Width * Height, White);
+        SetTextColor(dc, RGB(1, 2, 3));
+    }
+    ~KeyPicture() {
+        SelectObject(dc, before_);
+        DeleteObject(bitmap_);
+        DeleteDC(dc);
+    }
+    KeyPicture(const KeyPicture&) = delete;
+    KeyPicture& operator=(const KeyPicture&) = delete;
+
+    /// What the container answers when a control asks it.
+    LRESULT Draw(HWND control, DWORD stage = CDDS_PREPAINT) {
+        NMCUSTOMDRAW draw = {};
+        draw.hdr = {control, static_cast<UINT_PTR>(GetDlgCtrlID(control)), UINT(NM_CUSTOMDRAW)};
+        draw.dwDrawStage = stage;
+        draw.hdc = dc;
+        draw.rc = {Left, Top, Left + KeyWidth, Top + KeyHeight};
+        return SendMessageW(calculatorWindows.container, WM_NOTIFY, draw.hdr.idFrom,
+                            reinterpret_cast<LPARAM>(&draw));
+    }
+
+    bool IsEmpty() const { return InkFrom() == Width; }
+    /// The first column with ink and the one behind the last, from the left of the key.
+    int32_t InkFrom() const {
+        int32_t x = 0;
+        while (x < Width && !HasInk(x)) {
+            x++;
+        }
+        return x == Width ? Width : x - Left;
+    }
+    int32_t InkTo() const {
+        int32_t x = Width;
+        while (x > 0 && !HasInk(x - 1)) {
+            x--;
+        }
+        return x - Left;
+    }
+    /// Whether all ink is that colour, or the colour made lighter to smooth an edge.
+    bool IsAllOf(const RgbColour& colour) const {
+        return std::all_of(pixels_, pixels_ + Width * Height, [&](uint32_t pixel) {
+            return Lies(pixel >> 16, colour.red) && Lies(pixel >> 8, colour.green) &&
+                   Lies(pixel, colour.blue);
+        });
+    }
+    bool Has(const RgbColour& colour) const {
+        const uint32_t pure =
+            uint32_t{colour.red} << 16 | uint32_t{colour.green} << 8 | uint32_t{colour.blue};
+        return std::any_of(pixels_, pixels_ + Width * Height,
+                           [&](uint32_t pixel) { return (pixel & White) == pure; });
+    }
+
+    static constexpr int32_t KeyWidth = 60;
+    const HDC dc = CreateCompatibleDC(nullptr);
+
+private:
+    static constexpr int32_t Width = 100;
+    static constexpr int32_t Height = 60;
+    static constexpr int32_t Left = 20;
+    static constexpr int32_t Top = 15;
+    static constexpr int32_t KeyHeight = 25;
+    static constexpr uint32_t White = 0xFFFFFF;
+
+    static bool Lies(uint32_t part, uint8_t darkest) { return (part & 0xFF) >= darkest; }
+    bool HasInk(int32_t x) const {
+        for (int32_t y = 0; y < Height; y++) {
+            if ((pixels_[y * Width + x] & White) != White) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    HBITMAP bitmap_;
+    uint32_t* pixels_;
+    HGDIOBJ before_;
+};
+
+TEST_F(KeypadWindows, EveryEnabledKeyIsDrawnInTheColourOfItsClass) {
+    for (const NumberType type : Types) {
+        ChooseType(type);
+        for (int32_t i = 0; i < KeyCount; i++) {
+            KeyPicture picture;
+            const bool isEnabled = IsEnabled(i);
+            EXPECT_EQ(picture.Draw(KeyWindow(i)), isEnabled ? CDRF_SKIPDEFAULT : CDRF_DODEFAULT)
+                << i;
+            EXPECT_EQ(picture.IsEmpty(), !isEnabled) << i;
+            const RgbColour& colour = KeyColours[Entry(i).colourClass];
+            EXPECT_TRUE(picture.IsAllOf(colour)) << i;
+            EXPECT_EQ(picture.Has(colour), isEnabled) << i;
+        }
+    }
+}
+
+TEST_F(KeypadWindows, OnlyKeysAreDrawnAndOnlyBeforeTheyArePainted) {
+    KeyPicture picture;
+    for (const DWORD stage : {CDDS_PREERASE, CDDS_POSTERASE, CDDS_POSTPAINT}) {
+        EXPECT_EQ(picture.Draw(KeyWindow(2), stage), CDRF_DODEFAULT);
+    }
+    for (const ContainerControl control :
+         {ContainerTypeSlider, ContainerCaseKey, ContainerAngleSlider, ContainerPrecision}) {
+        EXPECT_EQ(picture.Draw(ControlOf(control)), CDRF_DODEFAULT);
+    }
+    EXPECT_TRUE(picture.IsEmpty());
+}
+
+TEST_F(KeypadWindows, CaptionsAreAlignedAsTheKeyWithThreePixelsBesideThem) {
+    const HWND key = KeyWindow(KeyOfAction(ActionMod, NumberTypeReal));
+    const uint32_t style = WindowStyle(key);
+    const auto draw = [key, style](uint32_t alignment) {
+        SetWindowLongW(key, GWL_STYLE, static_cast<LONG>(style | alignment));
+        KeyPicture picture;
+        picture.Draw(key);
+        return std::pair(picture.InkFrom(), picture.InkTo());
+    };
+    const auto left = draw(BS_LEFT);
+    const auto right = draw(BS_RIGHT);
+    const auto centre = draw(BS_CENTER);
+    EXPECT_EQ(draw(0), centre);
+    SetWindowLongW(key, GWL_STYLE, static_cast<LONG>(style));
+    // A letter may have a blank column of its own.
+    EXPECT_GE(left.first, 3);
+    EXPECT_LE(left.first, 5);
+    EXPECT_LE(right.second, KeyPicture::KeyWidth - 3);
+    EXPECT_GE(right.second, KeyPicture::KeyWidth - 5);
+    EXPECT_NEAR(centre.first, KeyPicture::KeyWidth - centre.second, 2);
+}
+
+TEST_F(KeypadWindows, DrawingLeavesThePictureAsItWasSet) {
+    KeyPicture picture;
+    SetBkMode(picture.dc, OPAQUE);
+    const HGDIOBJ font = GetCurrentObject(picture.dc, OBJ_FONT);
+    picture.Draw(KeyWindow(2));
+    EXPECT_EQ(GetTextColor(picture.dc), RGB(1, 2, 3));
+    EXPECT_EQ(GetBkMode(picture.dc), OPAQUE);
+    EXPECT_EQ(GetCurrentObject(picture.dc, OBJ_FONT), font);
+}
+
+}  // namespace
+}  // namespace tallymere::testing_support

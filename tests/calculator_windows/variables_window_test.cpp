@@ -1,0 +1,281 @@
+// The dialog of variables as a window: its controls, the focus and the list.
+#include "calculator/windows/variables_window.h"
+
+#include "calculator_windows/calculator_windows.h"
+#include "shell_windows/message_boxes.h"
+
+namespace tallymere::testing_support {
+namespace {
+
+class VariablesWindowTest : public CalculatorWindowsTest {
+protected:
+    VariablesWindowTest() {
+        Press(ActionShowVariables);
+        SetFocus(list);
+    }
+
+    static void Add() { Click(VariablesWindowControl(VariablesAdd)); }
+    // As a click into a row does, which takes the focus first.
+    void Select(WPARAM row) {
+        SetFocus(list);
+        SelectWithoutFocus(row);
+    }
+    void SelectWithoutFocus(WPARAM row) {
+        SendMessageW(list, LB_SETCURSEL, row, 0);
+        SendMessageW(variablesWindow, WM_COMMAND, MAKEWPARAM(0, LBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(list));
+    }
+    LRESULT Selected() { return SendMessageW(list, LB_GETCURSEL, 0, 0); }
+    static void Type(HWND box, const std::u16string& text) {
+        SetFocus(box);
+        SendMessageW(box, EM_SETSEL, 0, -1);
+        SendMessageW(box, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
+    }
+    static std::u16string Stored(int64_t row) { return variableTable.variables[row].value; }
+
+    HWND list = VariablesWindowControl(VariablesList);
+    HWND name = VariablesWindowControl(VariablesName);
+    HWND value = VariablesWindowControl(VariablesValue);
+    HWND assign = VariablesWindowControl(VariablesAssign);
+    HWND takeName = VariablesWindowControl(VariablesTakeName);
+    HWND add = VariablesWindowControl(VariablesAdd);
+    HWND insert = VariablesWindowControl(VariablesInsert);
+    HWND deleteButton = VariablesWindowControl(VariablesDelete);
+};
+
+TEST_F(VariablesWindowTest, ShowsTheVariablesOfTheSettingsAtTheStart) {
+    EXPECT_EQ(namesAtStart, u"rate var?? ");
+    EXPECT_EQ(valueAtStart, u"1,5");
+    EXPECT_FALSE(settingsDirtyAtStart);
+}
+
+TEST_F(VariablesWindowTest, BelongsToThePageAndHasItsFrame) {
+    EXPECT_EQ(GetWindow(variablesWindow, GW_OWNER), calculatorWindows.page);
+    const uint32_t style = WindowStyle(variablesWindow);
+    EXPECT_EQ(style & (WS_SYSMENU | WS_THICKFRAME | WS_MAXIMIZEBOX | WS_MINIMIZEBOX),
+              uint32_t{WS_SYSMENU | WS_THICKFRAME | WS_MAXIMIZEBOX});
+    EXPECT_EQ(WholeText(variablesWindow), uiText.TextVarCalculatorVariables);
+    EXPECT_EQ(ClientSize(variablesWindow), VariablesSize);
+}
+
+TEST_F(VariablesWindowTest, ListAndBoxesHaveTheirStyles) {
+    EXPECT_EQ(WindowStyle(list) & 0xFFFF, uint32_t{LBS_NOTIFY | LBS_NOINTEGRALHEIGHT});
+    EXPECT_EQ(WindowStyle(name) & 0xFFFF, uint32_t{ES_AUTOHSCROLL});
+    EXPECT_EQ(WindowStyle(value) & 0xFFFF, uint32_t{ES_MULTILINE | ES_AUTOVSCROLL});
+    EXPECT_NE(WindowStyle(value) & WS_VSCROLL, 0u);
+    EXPECT_EQ(SendMessageW(name, EM_GETLIMITTEXT, 0, 0), VariableNameCharacters);
+    EXPECT_GE(SendMessageW(value, EM_GETLIMITTEXT, 0, 0), VariableValueCharacters);
+}
+
+TEST_F(VariablesWindowTest, TheListOfAHundredScrollsAndTakesNoMore) {
+    for (int i = 0; i < 101; i++) {
+        Add();
+    }
+    EXPECT_EQ(SendMessageW(list, LB_GETCOUNT, 0, 0), 100);
+    EXPECT_EQ(Selected(), 99);
+    EXPECT_NE(WindowStyle(list) & WS_VSCROLL, 0u);
+    EXPECT_EQ(PendingUiError(), UiErrorNone);
+}
+
+TEST_F(VariablesWindowTest, ANewVariableHasTheFocusInItsNameAllSelected) {
+    Add();
+    EXPECT_EQ(GetFocus(), name);
+    EXPECT_EQ(WholeText(name), u"var00");
+    EXPECT_EQ(SelectionIn(name), std::pair(DWORD{0}, DWORD{5}));
+    EXPECT_EQ(WholeText(value), u"");
+    EXPECT_EQ(Selected(), 0);
+    EXPECT_TRUE(variableTable.variablesChanged);
+}
+
+TEST_F(VariablesWindowTest, InsertPutsAVariableBeforeTheSelectedRow) {
+    Add();
+    Add();
+    Click(insert);
+    EXPECT_EQ(VariableNames(), u"var00 var02 var01 ");
+    EXPECT_EQ(Selected(), 1);
+    EXPECT_EQ(GetFocus(), name);
+    EXPECT_EQ(SelectionIn(name), std::pair(DWORD{0}, DWORD{5}));
+}
+
+TEST_F(VariablesWindowTest, ButtonsThatNeedAVariableAreEnabledWithOne) {
+    for (const bool hasOne : {false, true, false}) {
+        if (hasOne) {
+            Add();
+        } else if (variableTable.count > 0) {
+            Click(deleteButton);
+        }
+        for (const HWND button : {assign, takeName, insert, deleteButton}) {
+            EXPECT_EQ(IsWindowEnabled(button) != FALSE, hasOne);
+        }
+        EXPECT_TRUE(IsWindowEnabled(add));
+    }
+    EXPECT_EQ(WholeText(name), u"");
+    EXPECT_EQ(WholeText(value), u"");
+    EXPECT_EQ(Selected(), LB_ERR);
+}
+
+TEST_F(VariablesWindowTest, ANameIsTakenOverWhenItsBoxLosesTheFocus) {
+    Add();
+    Add();
+    Type(name, u"x");
+    EXPECT_EQ(VariableNames(), u"var00 var01 ");
+    SetFocus(value);
+    EXPECT_EQ(VariableNames(), u"var00 x ");
+    EXPECT_EQ(Selected(), 1);
+    EXPECT_EQ(WholeText(name), u"x");
+}
+
+TEST_F(VariablesWindowTest, ABadNameIsReportedOnceAndStays) {
+    Add();
+    Type(name, u"ans");
+    const MessageBoxAnswer answer;
+    SetFocus(add);
+    EXPECT_EQ(answer.boxes, 1);
+    EXPECT_NE(answer.text.find("The variable name \"ans\" is invalid."), std::string::npos);
+    EXPECT_EQ(VariableNames(), u"ans ");
+    SetFocus(name);
+    SetFocus(add);
+    EXPECT_EQ(answer.boxes, 1);
+    Type(name, u"x");
+    SetFocus(add);
+    EXPECT_EQ(answer.boxes, 1);
+    EXPECT_EQ(VariableNames(), u"x ");
+}
+
+TEST_F(VariablesWindowTest, AValueIsTakenOverWhenItsBoxLosesTheFocus) {
+    ApplySeparators(DecimalComma, ThousandsPoint);
+    Add();
+    variableTable.variablesChanged = false;
+    Type(value, u"1.234,5");
+    EXPECT_EQ(Stored(0), u"");
+    SetFocus(list);
+    EXPECT_EQ(Stored(0), u"1234.5");
+    EXPECT_TRUE(variableTable.variablesChanged);
+}
+
+TEST_F(VariablesWindowTest, AnotherRowShowsItsVariableWithTheCaretsAtTheEnd) {
+    Add();
+    Type(name, u"first");
+    Type(value, u"2*pi");
+    Add();
+    EXPECT_EQ(WholeText(value), u"");
+    Select(0);
+    EXPECT_EQ(WholeText(name), u"first");
+    EXPECT_EQ(WholeText(value), u"2*pi");
+    EXPECT_EQ(SelectionIn(name), std::pair(DWORD{5}, DWORD{5}));
+    EXPECT_EQ(SelectionIn(value), std::pair(DWORD{4}, DWORD{4}));
+}
+
+TEST_F(VariablesWindowTest, ARowThatIsSelectedWhileANameIsTypedStaysSelected) {
+    Add();
+    Add();
+    Type(name, u"x");
+    SelectWithoutFocus(0);
+    EXPECT_EQ(VariableNames(), u"var00 x ");
+    EXPECT_EQ(Selected(), 0);
+    EXPECT_EQ(WholeText(name), u"var00");
+}
+
+TEST_F(VariablesWindowTest, LookingAtVariablesChangesNone) {
+    Add();
+    Add();
+    variableTable.variablesChanged = false;
+    Select(0);
+    Select(1);
+    SetFocus(value);
+    SetFocus(name);
+    SetFocus(add);
+    EXPECT_FALSE(variableTable.variablesChanged);
+}
+
+TEST_F(VariablesWindowTest, DeleteSelectsTheSameRowOrTheLast) {
+    for (int i = 0; i < 3; i++) {
+        Add();
+    }
+    Select(1);
+    Click(deleteButton);
+    EXPECT_EQ(VariableNames(), u"var00 var02 ");
+    EXPECT_EQ(Selected(), 1);
+    EXPECT_EQ(WholeText(name), u"var02");
+    Click(deleteButton);
+    EXPECT_EQ(VariableNames(), u"var00 ");
+    EXPECT_EQ(Selected(), 0);
+    EXPECT_EQ(WholeText(name), u"var00");
+}
+
+TEST_F(VariablesWindowTest, AssignShowsTheResultInTheValueBox) {
+    Add();
+    std::u16string(u"1,234.5").copy(calculator.calcResultText, 8);
+    calculator.calcResultText[7] = 0;
+    variableTable.variablesChanged = false;
+    Click(assign);
+    EXPECT_EQ(WholeText(value), u"1234.5");
+    EXPECT_EQ(Stored(0), u"1234.5");
+    EXPECT_TRUE(variableTable.variablesChanged);
+}
+
+TEST_F(VariablesWindowTest, TakeNamePutsTheNameInPlaceOfTheSelectionInTheFormula) {
+    SetFormula(u"1+xx*2");
+    calculator.formulaTouched = false;
+    SendMessageW(ControlOf(CalculatorFormula), EM_SETSEL, 2, 4);
+    Add();
+    Click(takeName);
+    EXPECT_EQ(Formula(), u"1+var00*2");
+    EXPECT_EQ(SelectionIn(ControlOf(CalculatorFormula)), std::pair(DWORD{7}, DWORD{7}));
+    EXPECT_TRUE(calculator.formulaTouched);
+}
+
+TEST_F(VariablesWindowTest, ANameJustTypedIsTheOneThatIsTaken) {
+    Add();
+    Type(name, u"x");
+    SetFocus(takeName);
+    Click(takeName);
+    EXPECT_EQ(Formula(), u"x");
+}
+
+TEST_F(VariablesWindowTest, ShowsValuesWithTheSeparatorThatIsInForceWhenItIsActivated) {
+    Add();
+    Type(value, u"1.5");
+    SetActiveWindow(calculatorWindows.page);
+    ApplySeparators(DecimalComma, ThousandsPoint);
+    EXPECT_EQ(WholeText(value), u"1.5");
+    SetActiveWindow(variablesWindow);
+    EXPECT_EQ(WholeText(value), u"1,5");
+    EXPECT_EQ(Stored(0), u"1.5");
+    variableTable.variablesChanged = false;
+    SetFocus(add);
+    EXPECT_FALSE(variableTable.variablesChanged);
+}
+
+TEST_F(VariablesWindowTest, ClosingActivatesThePageAndKeepsTheTable) {
+    Add();
+    SetActiveWindow(variablesWindow);
+    SendMessageW(variablesWindow, WM_CLOSE, 0, 0);
+    EXPECT_TRUE(IsWindow(variablesWindow));
+    EXPECT_FALSE(IsWindowVisible(variablesWindow));
+    EXPECT_EQ(GetActiveWindow(), calculatorWindows.page);
+    Press(ActionShowVariables);
+    EXPECT_EQ(VariableNames(), u"var00 ");
+}
+
+TEST_F(VariablesWindowTest, ClosesWithThePage) {
+    SendMessageW(calculatorWindows.page, WM_CLOSE, 0, 0);
+    EXPECT_FALSE(IsWindowVisible(variablesWindow));
+    EXPECT_FALSE(IsWindowVisible(calculatorWindows.page));
+}
+
+TEST_F(VariablesWindowTest, ControlsFollowTheSizeOfTheWindow) {
+    SetWindowPos(variablesWindow, nullptr, 0, 0, 600, 500,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    const LayoutSize client = ClientSize(variablesWindow);
+    EXPECT_NE(client, VariablesSize);
+    for (int32_t i = 0; i < VariablesControlCount; i++) {
+        const auto control = static_cast<VariablesControl>(i);
+        EXPECT_EQ(PlaceInParent(VariablesWindowControl(control)),
+                  PlaceVariablesControl(control, client))
+            << i;
+    }
+}
+
+}  // namespace
+}  // namespace tallymere::testing_support
