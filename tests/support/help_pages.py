@@ -187,6 +187,39 @@ def keywords():
             for text, count in re.findall(r'\{u"([\w\\]+)", \w+, (-?\d+)\}', source)}
 
 
+@dataclass(frozen=True)
+class Key:
+    caption: str
+    kind: str  # the number type in which it is there
+    inserted: str  # into a formula in English; empty for a key that does something else
+
+
+def keypad():
+    """Every key of the calculator in every number type, in radians and with capital letters."""
+    folder = ROOT / "src/calculator"
+    codes = {name: int(code) for name, code in re.findall(
+        r"(Action\w+) = (\d+)", (folder / "key_action.h").read_text(encoding="utf-8"))}
+    first, end = codes["ActionSqrt"], codes["ActionDigit0"]  # the functions are from here to there
+    texts = {"ActionDecimalSeparator": ".", "ActionExponent": "e", "ActionImaginaryUnit": "i"}
+    texts |= {f"DigitAction({digit})": str(digit) for digit in range(10)}
+    texts |= {f"LetterAction({index})": letter for index, letter in enumerate("ABCDEF")}
+    for action, text in re.findall(r'\{(Action\w+), u"([^"]+)"\}', (
+            folder / "key_texts.cpp").read_text(encoding="utf-8")):
+        texts[action] = text.replace("\\u03C0", "π") + ("(" if first <= codes[action] < end else "")
+    kinds = {"InUint": ["uint"], "InRat": ["rat"], "InCplx": ["cplx"],
+             "InDecimal": ["real", "cplx"], "NotInUint": ["rat", "real", "cplx"],
+             "InAll": ["uint", "rat", "real", "cplx"]}
+    rows = re.findall(r'\{\d+, (\w+), (?:nullptr|u"([^"]+)"), (\w+(?:\(\d\))?), \w+',
+                      (folder / "keypad.cpp").read_text(encoding="utf-8"))
+    return [Key(caption or texts[action].removesuffix("("), kind, texts.get(action, ""))
+            for types, caption, action in rows for kind in kinds[types]]
+
+
+def captions(element):
+    """The keys below an element, in their order."""
+    return [key.text() for key in element.find("kbd")]
+
+
 def signatures(path):
     """[(function, number of arguments, element)] for each signature of a page."""
     found = []

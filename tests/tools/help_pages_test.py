@@ -12,9 +12,9 @@ from pathlib import Path
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
-from help_pages import (EXCHANGE_SEPARATORS, FOLDER, LANGUAGES, PageParser,  # noqa: E402
-                        Element, examples, is_formula, keywords, main_of, page_name,
-                        page_paths, parse, program_texts, signatures, words)
+from help_pages import (EXCHANGE_SEPARATORS, FOLDER, LANGUAGES, ROOT,  # noqa: E402
+                        Element, Key, PageParser, captions, examples, is_formula, keypad, keywords,
+                        main_of, page_name, page_paths, parse, program_texts, signatures, words)
 
 PAGES = [path for language in LANGUAGES for path in page_paths(language)]
 ELEMENTS = {"html", "head", "meta", "title", "link", "body", "header", "nav", "main", "section",
@@ -272,6 +272,97 @@ class ProgramTest(unittest.TestCase):
                     in main_of(FOLDER / f"functions_{language}.html").find("code")
                     if not is_formula(element)}
             self.assertLessEqual(others | {"^"}, told)
+
+
+class CalculatorPageTest(unittest.TestCase):
+    """The page of the calculator against the table of its keys and the form of its dialog."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.keys = keypad()
+        cls.pages = {language: main_of(FOLDER / f"calculator_{language}.html")
+                     for language in LANGUAGES}
+
+    def in_english(self, text, language):
+        return text.translate(EXCHANGE_SEPARATORS) if language == "de" else text
+
+    def told_keys(self, language):
+        for table in self.pages[language].find("table"):
+            if table.attributes.get("class") == "keys":
+                for row in table.find("tbody")[0].find("tr"):
+                    keys, texts, _, kinds = (cell for cell in row.children
+                                             if isinstance(cell, Element))
+                    inserted = [code.text() for code in texts.find("code")] or [""] * len(
+                        captions(keys))
+                    for caption, text in zip(captions(keys), inserted, strict=True):
+                        for kind in kinds.attributes["data-types"].split():
+                            yield Key(caption, kind, self.in_english(text, language))
+
+    def test_the_keys_of_all_types_are_found(self):
+        count = Counter(key.kind for key in self.keys)
+        self.assertEqual({"uint": 50, "rat": 46, "real": 60, "cplx": 67}, count)
+
+    def test_every_key_is_told_with_what_it_inserts(self):
+        wanted = Counter(Key(key.caption, key.kind, key.inserted.strip()) for key in self.keys)
+        for language in LANGUAGES:
+            self.assertEqual(wanted, Counter(self.told_keys(language)), language)
+
+    def test_types_are_named_as_the_program_names_them(self):
+        texts = program_texts()
+        for language, everywhere in (("en", "all"), ("de", "alle")):
+            names = {kind: texts[f"TextCalc{kind.capitalize()}"][language]
+                     for kind in ("rat", "real", "cplx")} | {"uint": "uint"}
+            for cell in self.pages[language].walk():
+                if "data-types" in cell.attributes:
+                    kinds = cell.attributes["data-types"].split()
+                    self.assertEqual(
+                        everywhere if len(kinds) == 4 else ", ".join(map(names.get, kinds)),
+                        words(cell))
+
+    def test_pressed_keys_make_the_formula_beside_them(self):
+        for language in LANGUAGES:
+            pressed = [cell for cell in self.pages[language].find("td")
+                       if cell.attributes.get("class") == "pressed"]
+            self.assertGreater(len(pressed), 10)
+            self.assertEqual({"uint", "rat", "real", "cplx"},
+                             {cell.nearest("data-type") for cell in pressed})
+            for cell in pressed:
+                formula = next(code for code in cell.parent.find("code") if is_formula(code))
+                with self.subTest(language=language, formula=formula.text()):
+                    self.check_pressed(captions(cell), cell.nearest("data-type"),
+                                       self.in_english(formula.text(), language),
+                                       cell.nearest("data-options"))
+
+    def check_pressed(self, pressed, kind, formula, options):
+        texts = {key.caption: key.inserted for key in self.keys if key.kind == kind}
+        for caption, inserted in list(texts.items()):
+            if re.fullmatch(r"(a?(sin|cos|tan)|arg)\(", inserted):
+                texts |= {f"{caption}{unit}": f"{caption}{unit}(" for unit in "dg"}
+        end = pressed.index("=")
+        typed = "".join(texts[caption] for caption in pressed[:end])
+        self.assertEqual(formula, typed + ")" * (typed.count("(") - typed.count(")")))
+        # What the keys behind it make of a fraction.
+        forms = {(): None, ("R↔M",): "--form mixed", ("F↔S",): "--form fixed"}
+        self.assertEqual(forms[tuple(pressed[end + 1:])], options)
+        if pressed[end + 1:]:
+            self.assertEqual("rat", kind)
+
+    def test_keys_that_are_named_exist(self):
+        known = {key.caption for key in self.keys} | {"sind", "sing", "Stop", "Aa", "[ ]"}
+        of_the_keyboard = {"en": {"Return"}, "de": {"Eingabetaste"}}
+        for language, page in self.pages.items():
+            self.assertLessEqual(set(captions(page)), known | of_the_keyboard[language])
+
+    def test_every_control_of_the_dialog_of_variables_is_told(self):
+        form = (ROOT / "src/calculator/variables_form.h").read_text(encoding="utf-8")
+        controls = set(re.findall(r"&UiText::(\w+)", form))
+        self.assertEqual(8, len(controls))
+        for language, page in self.pages.items():
+            section = next(section for section in page.find("section")
+                           if section.attributes["aria-labelledby"] == "variables")
+            quoted = {element.attributes.get("data-text") for element in section.walk()}
+            # The label of the list is the heading of the section.
+            self.assertEqual(controls - {"TextVarVariables"}, quoted - {None}, language)
 
 
 if __name__ == "__main__":
