@@ -32,7 +32,8 @@ ToolkitClass digitCountClass = {DigitCountClass, DigitCountProc, 0, DigitCountSl
 
 HWND CreateDigitCountControl(HWND parent, int32_t x, int32_t y, uint32_t style) {
     const LayoutSize size = LayOutDigitCount(style).control;
-    return CreateOwnControl(parent, digitCountClass, {x, y, size.width, size.height}, style);
+    return CreateOwnControl(parent, digitCountClass, {x, y, size.width, size.height},
+                            style | BehindNeighbours);
 }
 
 void ShowDigitCount(HWND control, int32_t count) {

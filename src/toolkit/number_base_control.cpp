@@ -76,7 +76,8 @@ ToolkitClass numberBaseClass = {NumberBaseClass, NumberBaseProc, 0, NumberBaseSl
 
 HWND CreateNumberBaseControl(HWND parent, int32_t x, int32_t y, uint32_t style) {
     return CreateOwnControl(parent, numberBaseClass,
-                            {x, y, NumberBaseSize.width, NumberBaseSize.height}, style);
+                            {x, y, NumberBaseSize.width, NumberBaseSize.height},
+                            style | BehindNeighbours);
 }
 
 void SetNumberBaseChosen(HWND control, NumberBaseChosen chosen) {

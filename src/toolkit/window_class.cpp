@@ -25,10 +25,9 @@ HWND CreateOwnControl(HWND parent, ToolkitClass& toolkitClass, const LayoutRect&
                       DWORD style) {
     RegisterToolkitClass(toolkitClass);
     const LayoutRect pixels = ToScreenPixels(place);
-    // Where such a control reaches below neighbours, its background must not be drawn over them.
-    return CreateWindowExW(0, ToWide(toolkitClass.name), nullptr,
-                           style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, pixels.x, pixels.y,
-                           pixels.width, pixels.height, parent, nullptr, programInstance, nullptr);
+    return CreateWindowExW(0, ToWide(toolkitClass.name), nullptr, style | WS_CHILD | WS_VISIBLE,
+                           pixels.x, pixels.y, pixels.width, pixels.height, parent, nullptr,
+                           programInstance, nullptr);
 }
 
 }  // namespace tallymere

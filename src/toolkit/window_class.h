@@ -21,6 +21,10 @@ struct ToolkitClass {
 /// Registers a class on first use. A failure is not told; the next call tries again.
 void RegisterToolkitClass(ToolkitClass& toolkitClass);
 
+/// The style of controls whose empty part may reach below their neighbours: they are not drawn over
+/// those that were made before them.
+inline constexpr DWORD BehindNeighbours = WS_CLIPSIBLINGS;
+
 /// Makes a visible child of a class of the toolkit's own controls; `place` in logical units.
 HWND CreateOwnControl(HWND parent, ToolkitClass& toolkitClass, const LayoutRect& place,
                       DWORD style = 0);
