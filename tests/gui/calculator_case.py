@@ -1,8 +1,12 @@
 """What tests of the calculator share: its page, its controls and the texts in them."""
 
+import math
+import os
+import subprocess
 from dataclasses import dataclass
 
-from gui_case import MAIN_TITLE, settings_text
+from desktop import SECONDS, WINE_RUN
+from gui_case import LOCALES, MAIN_TITLE, desktop, settings_text
 from options_case import OptionsCase
 from program import MESSAGE_BOX_CLASS, Window
 
@@ -14,6 +18,46 @@ PRECISION_LABEL, PRECISION = 5, 6
 ANGLE_SLIDER, ANGLE_LABELS = 7, slice(8, 11)
 KEYS = slice(11, 83)
 BRACKET_MARK, DIGIT_COUNT, NUMBER_BASE, CASE_KEY = 83, 84, 85, 86
+
+# The positions of the sliders, and what settings and console call them.
+TYPES = ("uint", "rat", "real", "cplx")
+ANGLES = ("deg", "rad", "gon")
+BASES = (2, 8, 10, 16)
+
+# Keys by their index, which are at the same place in all number types.
+CLEAR_ALL, BACKSPACE, CLEAR_FORMULA, VARIABLES = 0, 1, 9, 10
+BRACKET_FORMULA, EVALUATE, ANS, SWITCH_NOTATION = 27, 30, 31, 56
+
+# The client area of the page as it is made, and its container, in logical units.
+CALCULATOR_SIZE = [370, 355]
+CONTAINER_HEIGHT = 250
+
+
+def lay_out(width, height, formula, result):
+    """The places of formula field, splitter, result field and container in a client area, all in
+    logical units, when the fields had these heights before."""
+    scale = (height - CONTAINER_HEIGHT - 20) / (formula + result)
+    formula = math.trunc(formula * scale + 0.5)
+    result = math.trunc(result * scale + 0.5)
+    width -= 20
+    return [[10, 10, width, formula], [10, 10 + formula, width, 4],
+            [10, 14 + formula, width, result],
+            [0, height - CONTAINER_HEIGHT, 370, CONTAINER_HEIGHT]]
+
+
+def console_results(*formulas, language="en", **options):
+    """What the console answers to formulas, one text for each. While a program with windows runs,
+    it is of the same language: under Wine a user has the number habits of the last program."""
+    words = [f"--{name}={value}" for name, value in options.items()]
+    answer = subprocess.run(
+        [str(WINE_RUN), os.environ["TALLYMERE_CONSOLE"], *words],
+        env=desktop().prefix.environment_of(LOCALES[language]),
+        input="".join(f"{formula}\n" for formula in formulas), check=False, timeout=SECONDS,
+        stdout=subprocess.PIPE, stderr=subprocess.PIPE, encoding="utf-8")
+    lines = answer.stdout.splitlines()
+    if len(lines) != len(formulas):
+        raise AssertionError(f"the console says {answer.stdout!r} and {answer.stderr!r}")
+    return lines
 
 
 def calculator_settings(number_type="real", precision=10, base=10, angle="rad", lower_case=0,
@@ -43,6 +87,37 @@ class Calculator:
         self.keys = controls[KEYS]
         self.bracket_mark, self.digit_count = controls[BRACKET_MARK], controls[DIGIT_COUNT]
         self.number_base, self.case_key = controls[NUMBER_BASE], controls[CASE_KEY]
+
+    @property
+    def precision_field(self):
+        return self.precision.children[0]
+
+    @property
+    def base_list(self):
+        box, = [control for control in self.number_base.children
+                if control.class_name.lower() == "combobox"]
+        return box
+
+    @property
+    def digits(self):
+        """The text of the count of digits."""
+        return self.digit_count.children[0].text
+
+    @property
+    def type(self):
+        return TYPES[self.type_slider.position - 300000]
+
+    @property
+    def angle(self):
+        return ANGLES[self.angle_slider.position - 200000]
+
+    @property
+    def has_valid_result(self):
+        return self.bracket_mark.enabled
+
+    @property
+    def is_busy(self):
+        return not self.type_slider.enabled
 
     def key(self, caption):
         """The key with that caption; there must be just one."""
@@ -107,6 +182,93 @@ class CalculatorCase(OptionsCase):
         self.type_formula(formula)
         self.display.press("Return")
         return self.wait_for_result(result)
+
+    def wait_for_stale_result(self):
+        return self.wait_for_page_where(lambda page: not page.has_valid_result, "a stale result")
+
+    def wait_until_idle(self):
+        return self.wait_for_page_where(
+            lambda page: not page.is_busy and page.keys[CLEAR_ALL].text == "CA", "no run")
+
+    def press_keys(self, *keys):
+        """Clicks keys one after the other, each told by its index or its caption."""
+        page = self.page()
+        self.display.click_all([
+            (page.keys[key] if isinstance(key, int) else page.key(key)).middle() for key in keys])
+
+    def enter(self, formula):
+        """Types a new formula and Return, and waits for nothing."""
+        self.press_keys(CLEAR_FORMULA)
+        self.display.type_text(formula)
+        self.display.press("Return")
+
+    def evaluate(self, formula):
+        """Types a new formula and Return. The page once it has the result."""
+        self.enter(formula)
+        return self.wait_for_page_where(
+            lambda page: page.formula.text.rstrip(")") == formula.rstrip(")")
+            and page.has_valid_result and not page.is_busy, f"the result of {formula!r}")
+
+    def result_of(self, formula):
+        return self.evaluate(formula).result.text
+
+    def results_by_keys(self, caption, count):
+        """The texts of the result after each of so many clicks of a key, each of which must change
+        it."""
+        results = []
+        for _ in range(count):
+            before = self.page().result.text
+            self.press_keys(caption)
+            results.append(self.wait_for_page_where(
+                lambda page, before=before: page.result.text != before,
+                f"{caption} to change the result").result.text)
+        return results
+
+    def paste_formula(self, text):
+        """Puts a new formula into the field from the clipboard."""
+        self.program.probe.put_on_clipboard(text)
+        self.press_keys(CLEAR_FORMULA)
+        self.focus_formula()
+        self.display.press("ctrl+v")
+
+    def choose_type(self, number_type):
+        """Moves the slider by the keyboard. The page then."""
+        self.click(self.page().type_slider)
+        self.display.press("Home", *["Right"] * TYPES.index(number_type))
+        return self.wait_for_page_where(lambda page: page.type == number_type, number_type)
+
+    def choose_angle(self, angle):
+        self.click(self.page().angle_slider)
+        self.display.press("Home", *["Right"] * ANGLES.index(angle))
+        return self.wait_for_page_where(lambda page: page.angle == angle, angle)
+
+    def choose_precision(self, digits):
+        """Types the precision and Return. The page when the result is stale."""
+        self.click(self.page().precision_field)
+        self.display.press("Home", "shift+End", *str(digits), "Return")
+        return self.wait_for_page_where(lambda page: page.precision_field.text == str(digits)
+                                        and not page.has_valid_result, f"{digits} digits")
+
+    def choose_base(self, base):
+        row = BASES.index(base)
+        self.click(self.page().base_list)
+        self.wait_for_page_where(lambda page: page.base_list.dropped, "the list to drop down")
+        self.display.press("Home", *["Down"] * row, "Return")
+        return self.wait_for_page_where(
+            lambda page: page.base_list.row == row and not page.base_list.dropped, f"base {base}")
+
+    def assert_no_message(self):
+        self.assertIsNone(self.program.find(MESSAGE_BOX_CLASS))
+
+    def end_program(self):
+        """Closes the program from its menu, which the page may cover; the settings are written."""
+        main, = [window for window in self.program.probe.windows() if window.text == MAIN_TITLE]
+        self.display.activate(main)
+        self.close_program(self.program)
+
+    def assert_setting(self, line):
+        """What the settings file says once the program has ended."""
+        self.assertIn(line, self.settings_bytes().decode("utf-16").splitlines())
 
     def expect_message(self, text):
         """The message box that says that text; it is closed by Return."""

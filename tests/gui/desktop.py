@@ -54,6 +54,25 @@ def stop(process):
             process.wait()
 
 
+class Picture:
+    """The pixels of a place of the screen as they were."""
+
+    def __init__(self, rect, pixels):
+        self.rect = rect
+        self.pixels = pixels
+
+    def colours(self, rect):
+        """The colours in a part of it, told by its place on the screen: red, green, blue."""
+        left, top, full_width, _ = self.rect
+        x, y, width, height = rect
+        found = set()
+        for row in range(y - top, y - top + height):
+            start = 3 * (row * full_width + x - left)
+            line = self.pixels[start:start + 3 * width]
+            found.update(zip(line[::3], line[1::3], line[2::3]))
+        return found
+
+
 class Display:
     """A virtual display with a window manager, and the hand at its keyboard and mouse."""
 
@@ -93,6 +112,20 @@ class Display:
     def click(self, x, y):
         run(["xdotool", "mousemove", str(x), str(y), "click", "1"], self.environment)
 
+    def click_all(self, places):
+        """Clicks one place after the other."""
+        clicks = [word for x, y in places
+                  for word in ("mousemove", str(x), str(y), "click", "1")]
+        run(["xdotool", *clicks], self.environment)
+
+    def drag(self, start, end):
+        """With the button held down, from one place to another, in two steps."""
+        (x, y), (to_x, to_y) = start, end
+        half = (x + to_x) // 2, (y + to_y) // 2
+        steps = [word for to in (half, end) for word in ("mousemove", *map(str, to))]
+        run(["xdotool", "mousemove", str(x), str(y), "mousedown", "1", *steps, "mouseup", "1"],
+            self.environment)
+
     def click_twice(self, x, y):
         """As a hand does that is too quick: nothing waits for what the first click did."""
         run(["xdotool", "mousemove", str(x), str(y), "click", "--repeat", "2", "--delay", "30",
@@ -101,6 +134,11 @@ class Display:
     def move(self, window, x, y):
         """Moves a window, which may land a frame's width beside that place."""
         run(["xdotool", "windowmove", str(window.display_id), str(x), str(y)], self.environment)
+
+    def resize(self, window, width, height):
+        """Gives a window a client area of that many pixels."""
+        run(["xdotool", "windowsize", str(window.display_id), str(width), str(height)],
+            self.environment)
 
     def minimise(self, window):
         run(["xdotool", "windowminimize", str(window.display_id)], self.environment)
@@ -119,6 +157,16 @@ class Display:
             crop = ["-crop", f"{width}x{height}+{x}+{y}", "+repage"]
         run(["import", "-window", "root", *crop, str(path)], self.environment)
         return path
+
+    def picture(self, rect):
+        """What is seen now at a place of the screen."""
+        x, y, width, height = rect
+        picture = subprocess.run(
+            ["import", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}", "+repage",
+             "-depth", "8", "rgb:-"],
+            env=self.environment, stdin=subprocess.DEVNULL, check=True, timeout=SECONDS,
+            stdout=subprocess.PIPE, stderr=self.log).stdout
+        return Picture(rect, picture)
 
     def close(self):
         stop(self.manager)

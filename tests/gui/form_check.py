@@ -17,6 +17,14 @@ CLASSES = {
     "drop list": ("combobox", None),
     "tab control": ("systabcontrol32", None),
     "tab page": ("cwl_tabpage", None),
+    "focus sink": ("button", (0,)),
+    "multiline field": ("edit", None),
+    "slider": ("msctls_trackbar32", None),
+    "numeric up-down": ("cwl_numericupdown", None),
+    "splitter": ("splittercontrol", None),
+    "digit count": ("digitcountcontrol", None),
+    "container": ("scicalccontainercontrol", None),
+    "number base": ("numberbasecontrol", None),
 }
 
 

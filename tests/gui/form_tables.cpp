@@ -1,11 +1,13 @@
-// Prints the tables that windows are made from, in both languages, as one object of JSON: what
-// tests of the windows compare the screen with.
+// Prints the tables that windows are made from, in both languages, and the keypads of the
+// calculator as one object of JSON: what tests of the windows compare the screen with.
 
 #include <iostream>
 #include <span>
 #include <string>
 
 #include "calculator/calculator_form.h"
+#include "calculator/calculator_sliders.h"
+#include "calculator/keypad.h"
 #include "calculator/variables_form.h"
 #include "gui/json_text.h"
 #include "shell/about_form.h"
@@ -106,6 +108,44 @@ std::string TextsJson() {
     return texts.Text();
 }
 
+// What the container of the calculator shows with certain settings, on a system of today.
+std::string KeypadJson(const KeypadStyle& style) {
+    JsonList keys = JsonArray();
+    for (int32_t index = 0; index < KeyCount; index++) {
+        const KeyInfo key = KeypadEntry(index, style);
+        JsonList object = JsonObject();
+        object.Add("caption", Json(key.caption));
+        object.Add("action", key.action);
+        keys.Add(object.Text());
+    }
+    JsonList shown = JsonArray();
+    for (int32_t control = 0; control < ContainerControlCount; control++) {
+        const bool isShown =
+            IsShownForType(static_cast<ContainerControl>(control), style.numberType);
+        shown.Add(isShown ? "true" : "false");
+    }
+    JsonList keypad = JsonObject();
+    keypad.Add("type", PositionOfType(style.numberType) - FirstTypePosition);
+    keypad.Add("angle", PositionOfAngle(style.angleType) - FirstAnglePosition);
+    keypad.Add("lower_case", style.lowerCaseHex);
+    keypad.Add("keys", keys.Text());
+    keypad.Add("shown", shown.Text());
+    return keypad.Text();
+}
+
+std::string KeypadsJson() {
+    JsonList keypads = JsonArray();
+    for (const NumberType type :
+         {NumberTypeUint, NumberTypeRational, NumberTypeReal, NumberTypeComplex}) {
+        for (const AngleType angle : {AngleDegrees, AngleRadians, AngleGon}) {
+            for (const bool lowerCase : {false, true}) {
+                keypads.Add(KeypadJson({type, angle, lowerCase, 0x0A00}));
+            }
+        }
+    }
+    return keypads.Text();
+}
+
 std::string LanguageJson(Language language) {
     InstallLanguage(language);
     JsonList tables = JsonObject();
@@ -132,5 +172,6 @@ int main() {
     JsonList languages = JsonObject();
     languages.Add("en", LanguageJson(LanguageEnglish));
     languages.Add("de", LanguageJson(LanguageGerman));
+    languages.Add("keypads", KeypadsJson());
     std::cout << languages.Text() << std::endl;
 }

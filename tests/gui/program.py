@@ -84,6 +84,9 @@ class Probe:
         self.process = subprocess.Popen(
             [str(WINE_RUN), PROBE], env=prefix.environment, stdin=subprocess.PIPE,
             stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        # Under Wine the number habits of whoever started last are those of the user, so that a
+        # program started meanwhile could find those of the probe, or of the desktop behind it.
+        self.windows()
 
     def ask(self, command, argument=""):
         self.process.stdin.write(f"{command} {argument}".rstrip() + "\n")
