@@ -8,6 +8,7 @@
 
 #include "calculator/keypad.h"
 #include "layout/digit_count_layout.h"
+#include "layout/font_form.h"
 #include "layout/number_base_layout.h"
 #include "layout/splitter_drag.h"
 #include "shell/form_control.h"
@@ -38,7 +39,7 @@ inline constexpr FormControl CalculatorForm[] = {
 static_assert(std::size(CalculatorForm) == CalculatorControlCount);
 
 /// What formula and result are written in.
-inline constexpr KeyFontForm CalculatorFieldFont = {u"Verdana", 19};
+inline constexpr FontForm CalculatorFieldFont = {u"Verdana", 19};
 
 /// A result that is not that of the formula shown; a valid one has the system's colour of text.
 inline constexpr RgbColour StaleResultColour = {128, 128, 128};

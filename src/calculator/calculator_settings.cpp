@@ -43,8 +43,8 @@ bool SwitchLetterCase(Settings& record) {
     return calculator.resultValid && calculator.calcOutputBase == 16;
 }
 
-bool FollowFallToReal(Settings& record) {
-    return ChangeSetting(record, &Settings::numberType, NumberTypeReal);
+void FollowFallToReal(Settings& record) {
+    ChangeSetting(record, &Settings::numberType, NumberTypeReal);
 }
 
 }  // namespace tallymere

@@ -37,8 +37,7 @@ bool ChooseOutputBase(Settings& record, int64_t base);
 /// result to be shown anew.
 bool SwitchLetterCase(Settings& record);
 
-/// What the fall of a calculation from rat to real does to the settings. Returns whether the slider
-/// of number types is to move.
-bool FollowFallToReal(Settings& record);
+/// What the fall of a calculation from rat to real does to the settings.
+void FollowFallToReal(Settings& record);
 
 }  // namespace tallymere

@@ -18,7 +18,8 @@ struct FieldEdit {
     KeyText text;
 };
 
-/// Edits to be made in this order.
+/// Edits to be made in this order. The most are made by the key of the two parentheses after a
+/// result: it empties the formula first.
 struct FieldEdits {
     FieldEdit edits[3] = {};
     int32_t count = 0;

@@ -91,7 +91,7 @@ const char16_t* UnitLetter(AngleType angle) {
     return angle == AngleDegrees ? u"d" : angle == AngleGon ? u"g" : u"";
 }
 
-void AppendName(TextSink& sink, KeyAction action, const KeypadStyle& style) {
+void WriteName(TextSink& sink, KeyAction action, const KeypadStyle& style) {
     if (const char16_t c = CharacterForAction(action, style.lowerCaseHex); c != 0) {
         SinkChar(sink, c);
         return;
@@ -107,6 +107,17 @@ void AppendName(TextSink& sink, KeyAction action, const KeypadStyle& style) {
     }
 }
 
+KeyText WriteKeyText(KeyAction action, const KeypadStyle& style, bool withParenthesis) {
+    KeyText key;
+    TextSink sink = {0, KeyTextCharacters, key.text};
+    WriteName(sink, action, style);
+    if (withParenthesis && sink.count != 0) {
+        SinkChar(sink, u'(');
+    }
+    EndSinkText(sink);
+    return key;
+}
+
 }  // namespace
 
 KeypadStyle StyleOfKeypad(const Settings& record, uint32_t osVersionCode) {
@@ -114,22 +125,11 @@ KeypadStyle StyleOfKeypad(const Settings& record, uint32_t osVersionCode) {
 }
 
 KeyText NameForAction(KeyAction action, const KeypadStyle& style) {
-    KeyText key;
-    TextSink sink = {0, KeyTextCharacters, key.text};
-    AppendName(sink, action, style);
-    EndSinkText(sink);
-    return key;
+    return WriteKeyText(action, style, false);
 }
 
 KeyText TextForAction(KeyAction action, const KeypadStyle& style) {
-    KeyText key;
-    TextSink sink = {0, KeyTextCharacters, key.text};
-    AppendName(sink, action, style);
-    if (InsertsFunction(action) && sink.count != 0) {
-        SinkChar(sink, u'(');
-    }
-    EndSinkText(sink);
-    return key;
+    return WriteKeyText(action, style, InsertsFunction(action));
 }
 
 }  // namespace tallymere

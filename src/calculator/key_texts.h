@@ -10,11 +10,10 @@ namespace tallymere {
 
 /// What captions and texts of the keys depend on.
 struct KeypadStyle {
-    NumberType numberType;  ///< the setting, which is there before the type is in force
-    AngleType angleType;    ///< the formula has no mode: the unit is part of the function's name
-    bool lowerCaseHex;      ///< of the letters a to f
-    uint32_t
-        osVersionCode;  ///< of the system, major version shifted left by 8 or'ed with the minor
+    NumberType numberType;   ///< the setting, which is there before the type is in force
+    AngleType angleType;     ///< the formula has no mode: the unit is part of the function's name
+    bool lowerCaseHex;       ///< of the letters a to f
+    uint32_t osVersionCode;  ///< of the system: major version << 8 | minor version
 };
 
 KeypadStyle StyleOfKeypad(const Settings& record, uint32_t osVersionCode);

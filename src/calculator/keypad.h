@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "calculator/key_texts.h"
+#include "layout/font_form.h"
 #include "layout/rgb_colour.h"
 
 namespace tallymere {
@@ -49,13 +50,8 @@ enum KeyFont : int32_t {
     KeyFontCount,
 };
 
-struct KeyFontForm {
-    const char16_t* name;
-    int32_t height;  ///< of a line, in logical units
-};
-
 /// The fonts of the keys, by their number.
-inline constexpr KeyFontForm KeyFonts[] = {
+inline constexpr FontForm KeyFonts[] = {
     {u"Verdana", 13}, {u"Consolas", 22}, {u"Consolas", 13}, {u"Verdana", 12}};
 
 /// Characters of the longest caption, the terminating 0 not counted.

@@ -44,7 +44,7 @@ bool CommitBoxes(VariablesDialog& dialog, const VariableBoxes& boxes);
 void BoxesWritten(VariablesDialog& dialog);
 
 /// Selects the variable at `index`; an index without variable selects none, and the boxes are
-/// empty.
+/// empty. What was typed into the boxes and not taken over is forgotten.
 void SelectVariable(VariablesDialog& dialog, int64_t index);
 
 /// Whether the buttons insert, delete, assign and take name are enabled: a variable is selected.

@@ -136,6 +136,12 @@ TEST_F(KeyPressTest, BackspaceTakesTheLastCharacterWhereverTheCaretIs) {
     EXPECT_EQ(field.from, 3u);
 }
 
+TEST_F(KeyPressTest, BackspaceTakesTheOnlyCharacterToo) {
+    Type(u"1", 0, 0);
+    Press(ActionBackspace);
+    EXPECT_EQ(field.text, u"");
+}
+
 TEST_F(KeyPressTest, BackspaceOnAnEmptyFieldDoesNothing) {
     calculator.formulaTouched = true;
     const KeyEffect effect = CalcKeyPressed(1, 0, Style);

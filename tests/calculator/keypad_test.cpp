@@ -176,7 +176,7 @@ TEST(KeypadTest, EveryKeyIsThatOfItsTypeUnitCaseAndSystem) {
 TEST(KeypadTest, ThreeKeysHaveFontsOfTheirOwn) {
     for (const KeypadStyle& style : AllStyles()) {
         for (int32_t index = 0; index < 72; index++) {
-            const KeyFontForm& font = KeyFonts[KeypadEntry(index, style).font];
+            const FontForm& font = KeyFonts[KeypadEntry(index, style).font];
             const bool consolas = index == 1 || index == 66;
             ASSERT_EQ(std::u16string(font.name), consolas ? u"Consolas" : u"Verdana") << index;
             ASSERT_EQ(font.height, index == 1 ? 22 : index == 62 ? 12 : 13) << index;

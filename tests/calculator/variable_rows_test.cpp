@@ -46,6 +46,19 @@ TEST_F(VariableRowsTest, ValuesHaveTheFirstDecimalSeparatorInForce) {
     EXPECT_EQ(std::u16string(variableTable.variables[0].value), u"1.5+.2.");
 }
 
+TEST_F(VariableRowsTest, OnlyTextsThatChangeAreCopied) {
+    AddNamed(u"a", u"1.5");
+    AddNamed(u"b", u"15");
+    ScratchStackScope scope;
+    const VariableRows rows = BuildVariableRows(scope);
+    EXPECT_EQ(rows.rows[0].valueText, calculator.calcResultText);
+    EXPECT_EQ(rows.rows[1].valueText, variableTable.variables[0].value);
+    ApplySeparators(DecimalComma, ThousandsPoint);
+    const VariableRows changed = BuildVariableRows(scope);
+    EXPECT_NE(changed.rows[1].valueText, variableTable.variables[0].value);
+    EXPECT_EQ(changed.rows[2].valueText, variableTable.variables[1].value);
+}
+
 TEST_F(VariableRowsTest, TheResultTextHasItsSeparatorsAlready) {
     ApplySeparators(DecimalComma, ThousandsPoint);
     std::u16string(u"1.234,5").copy(calculator.calcResultText, 8);

@@ -191,10 +191,22 @@ TEST_F(VariablesDialogTest, BoxesThatWereNotTypedIntoChangeNothing) {
 TEST_F(VariablesDialogTest, ACommittedBoxIsNotTakenOverTwice) {
     Add(0);
     TypeName(u"x");
+    TypeValue(u"7");
     EXPECT_TRUE(Commit());
     variableTable.variablesChanged = false;
     EXPECT_FALSE(Commit());
     EXPECT_FALSE(variableTable.variablesChanged);
+}
+
+TEST_F(VariablesDialogTest, WhatWasNotTakenOverDoesNotGoToTheNextSelection) {
+    Add(0);
+    Add(1);
+    TypeName(u"x");
+    TypeValue(u"7");
+    SelectVariable(dialog, 0);
+    EXPECT_FALSE(Commit());
+    EXPECT_EQ(std::u16string(variableTable.variables[0].name), u"var00");
+    EXPECT_EQ(Stored(0), u"");
 }
 
 TEST_F(VariablesDialogTest, NothingIsTakenOverWithoutAVariable) {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 #include "calculator/calc_phase.h"
 #include "calculator_windows/calculator_windows.h"
@@ -69,7 +70,7 @@ TEST_F(KeypadWindows, KeysHaveTheirFonts) {
             const auto handle =
                 reinterpret_cast<HFONT>(SendMessageW(KeyWindow(i), WM_GETFONT, 0, 0));
             ASSERT_NE(GetObjectW(handle, sizeof font, &font), 0) << i;
-            const KeyFontForm& form = KeyFonts[Entry(i).font];
+            const FontForm& form = KeyFonts[Entry(i).font];
             EXPECT_EQ(std::wstring(font.lfFaceName), ToWide(form.name)) << i;
             EXPECT_EQ(std::abs(font.lfHeight), form.height) << i;
         }
@@ -166,10 +167,11 @@ public:
     KeyPicture& operator=(const KeyPicture&) = delete;
 
     /// What the container answers when a control asks it.
-    LRESULT Draw(HWND control, DWORD stage = CDDS_PREPAINT) {
+    LRESULT Draw(HWND control, DWORD stage = CDDS_PREPAINT, UINT state = 0) {
         NMCUSTOMDRAW draw = {};
         draw.hdr = {control, static_cast<UINT_PTR>(GetDlgCtrlID(control)), UINT(NM_CUSTOMDRAW)};
         draw.dwDrawStage = stage;
+        draw.uItemState = state;
         draw.hdc = dc;
         draw.rc = {Left, Top, Left + KeyWidth, Top + KeyHeight};
         return SendMessageW(calculatorWindows.container, WM_NOTIFY, draw.hdr.idFrom,
@@ -280,6 +282,20 @@ TEST_F(KeypadWindows, CaptionsAreAlignedAsTheKeyWithThreePixelsBesideThem) {
     EXPECT_LE(right.second, KeyPicture::KeyWidth - 3);
     EXPECT_GE(right.second, KeyPicture::KeyWidth - 5);
     EXPECT_NEAR(centre.first, KeyPicture::KeyWidth - centre.second, 2);
+}
+
+TEST_F(KeypadWindows, TheFocusIsShownAroundTheCaptionWhereTheKeyboardIsUsed) {
+    const HWND key = KeyWindow(KeyOfAction(ActionMod, NumberTypeReal));
+    const auto ink = [key](UINT state) {
+        KeyPicture picture;
+        picture.Draw(key, CDDS_PREPAINT, state);
+        return std::pair(picture.InkFrom(), picture.InkTo());
+    };
+    const auto plain = ink(0);
+    EXPECT_GT(plain.first, 3);
+    EXPECT_EQ(ink(CDIS_FOCUS), plain);
+    EXPECT_EQ(ink(CDIS_SHOWKEYBOARDCUES), plain);
+    EXPECT_EQ(ink(CDIS_FOCUS | CDIS_SHOWKEYBOARDCUES), std::pair(3, KeyPicture::KeyWidth - 3));
 }
 
 TEST_F(KeypadWindows, DrawingLeavesThePictureAsItWasSet) {

@@ -6,15 +6,15 @@
 #include "calculator/windows/calculator_controls.h"
 #include "calculator/windows/calculator_display.h"
 #include "calculator/windows/calculator_run.h"
+#include "calculator/windows/colours.h"
+#include "calculator/windows/key_drawing.h"
 #include "shell/windows/error_report.h"
 #include "shell/windows/form_windows.h"
 #include "toolkit/control_data.h"
 #include "toolkit/control_focus.h"
-#include "toolkit/environment.h"
 #include "toolkit/number_base_control.h"
 #include "toolkit/numeric_up_down.h"
 #include "toolkit/standard_controls.h"
-#include "toolkit/wide_text.h"
 #include "toolkit/window_class.h"
 
 #include <commctrl.h>
@@ -24,10 +24,6 @@ namespace tallymere {
 namespace {
 
 ToolkitClass containerClass = {u"SciCalcContainerControl", DefWindowProcW, 0, 0, false};
-
-COLORREF ToColorRef(RgbColour colour) {
-    return RGB(colour.red, colour.green, colour.blue);
-}
 
 int32_t SliderPosition(ContainerControl slider) {
     return static_cast<int32_t>(SendMessageW(ControlOf(slider), TBM_GETPOS, 0, 0));
@@ -96,51 +92,6 @@ HBRUSH PrepareCurrentLabel(HDC dc) {
     SetTextColor(dc, ToColorRef(CurrentLabelColour));
     SetBkMode(dc, TRANSPARENT);
     return GetSysColorBrush(COLOR_BTNFACE);
-}
-
-UINT CaptionAlignment(HWND key) {
-    switch (WindowStyle(key) & BS_CENTER) {
-        case BS_LEFT:
-            return DT_LEFT;
-        case BS_RIGHT:
-            return DT_RIGHT;
-        default:
-            return DT_CENTER;
-    }
-}
-
-// The system has drawn the key's face. Its focus rectangle has to be drawn here as well.
-void DrawKeyCaption(const NMCUSTOMDRAW& draw, KeyClass colourClass) {
-    const HWND key = draw.hdr.hwndFrom;
-    char16_t caption[KeyCaptionCharacters + 1];
-    GetWindowTextW(key, ToWide(caption), KeyCaptionCharacters + 1);
-    RECT place = draw.rc;
-    place.left += KeyCaptionMargin;
-    place.right -= KeyCaptionMargin;
-    const HGDIOBJ fontBefore =
-        SelectObject(draw.hdc, reinterpret_cast<HFONT>(SendMessageW(key, WM_GETFONT, 0, 0)));
-    const int modeBefore = SetBkMode(draw.hdc, TRANSPARENT);
-    const COLORREF colourBefore = SetTextColor(draw.hdc, ToColorRef(KeyColours[colourClass]));
-    DrawTextW(draw.hdc, ToWide(caption), -1, &place,
-              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | CaptionAlignment(key));
-    SetTextColor(draw.hdc, colourBefore);
-    SetBkMode(draw.hdc, modeBefore);
-    SelectObject(draw.hdc, fontBefore);
-    if ((draw.uItemState & CDIS_FOCUS) != 0 && (draw.uItemState & CDIS_SHOWKEYBOARDCUES) != 0) {
-        DrawFocusRect(draw.hdc, &place);
-    }
-}
-
-// Disabled keys are left to the system, which draws them grey.
-LRESULT DrawKey(const NMCUSTOMDRAW& draw) {
-    const HWND key = draw.hdr.hwndFrom;
-    const int32_t index = GetDlgCtrlID(key) - FirstKeyId;
-    if (index < 0 || index >= KeyCount || draw.dwDrawStage != CDDS_PREPAINT ||
-        !IsWindowEnabled(key)) {
-        return CDRF_DODEFAULT;
-    }
-    DrawKeyCaption(draw, KeypadEntry(index, StyleOfKeypad(settings, osVersionCode)).colourClass);
-    return CDRF_SKIPDEFAULT;
 }
 
 LRESULT ContainerHandler(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {

@@ -1,7 +1,8 @@
 // The windows of the calculator page, for the files that share its work.
 //
 //   calculator_page       makes the page; the two fields, the splitter, resizing
-//   calculator_container  the container below them: sliders, lists, keys and their drawing
+//   calculator_container  the container below them: sliders, lists and keys
+//   key_drawing           the captions of the keys
 //   calculator_run        what a key does, the run on the CalcThread, Stop
 //   calculator_display    shows the state of the calculator on the controls
 #pragma once

@@ -20,10 +20,6 @@ namespace {
 HFONT fieldFont = nullptr;
 HFONT keyFonts[KeyFontCount] = {};
 
-HFONT MakeKeyFont(const KeyFontForm& form) {
-    return MakeFont({form.name, form.height});
-}
-
 bool HasCaption(HWND key, std::u16string_view caption) {
     char16_t shown[KeyCaptionCharacters + 1];
     GetWindowTextW(key, ToWide(shown), KeyCaptionCharacters + 1);
@@ -56,9 +52,9 @@ bool DependsOnTypeAlone(int32_t control) {
 }  // namespace
 
 void MakeCalculatorFonts() {
-    fieldFont = MakeKeyFont(CalculatorFieldFont);
+    fieldFont = MakeFont(CalculatorFieldFont);
     for (int32_t i = 0; i < KeyFontCount; i++) {
-        keyFonts[i] = MakeKeyFont(KeyFonts[i]);
+        keyFonts[i] = MakeFont(KeyFonts[i]);
     }
 }
 

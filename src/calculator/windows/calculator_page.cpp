@@ -7,6 +7,7 @@
 #include "calculator/windows/calculator_controls.h"
 #include "calculator/windows/calculator_display.h"
 #include "calculator/windows/calculator_run.h"
+#include "calculator/windows/colours.h"
 #include "shell/windows/calc_thread.h"
 #include "shell/windows/error_report.h"
 #include "shell/windows/form_windows.h"
@@ -116,9 +117,8 @@ LRESULT ResultHandler(HWND, UINT message, WPARAM wParam, LPARAM, bool& callDefau
 }
 
 HBRUSH PrepareResult(HDC dc) {
-    const RgbColour& stale = StaleResultColour;
-    SetTextColor(dc, calculator.resultValid ? GetSysColor(COLOR_WINDOWTEXT)
-                                            : RGB(stale.red, stale.green, stale.blue));
+    SetTextColor(
+        dc, calculator.resultValid ? GetSysColor(COLOR_WINDOWTEXT) : ToColorRef(StaleResultColour));
     SetBkMode(dc, OPAQUE);
     SetBkColor(dc, GetSysColor(COLOR_WINDOW));
     return GetSysColorBrush(COLOR_WINDOW);
