@@ -64,10 +64,11 @@ def includes_of(path):
 
 
 def is_windows_half(file):
-    """Product code by its folder; the tests of shell/windows stand in tests/shell_windows."""
+    """Product code by its folder; the tests of shell/windows stand in tests/shell_windows, and
+    tests/gui has helpers that look at windows from outside."""
     folders = file.parts[:-1]
     return ("toolkit" in folders or "windows" in folders
-            or folders[0] == "tests" and folders[-1].endswith("_windows"))
+            or folders[0] == "tests" and (folders[-1] == "gui" or folders[-1].endswith("_windows")))
 
 
 def resolve(root, file, name):

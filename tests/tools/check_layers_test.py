@@ -38,6 +38,7 @@ class CheckLayersTest(unittest.TestCase):
             "tests/core/limb_test.cpp": ['"core/limb.h"', '"support/seed.h"', "<gtest/gtest.h>"],
             "tests/support/seed.h": [],
             "tests/shell_windows/settings_folder.h": ["<shlobj.h>"],
+            "tests/gui/window_probe.cpp": ["<winternl.h>"],
         }))
 
     def test_finds_a_higher_layer(self):
