@@ -7,7 +7,7 @@ bool ChangesFieldText(uint32_t message, uint64_t parameter) {
         case FieldKeyDown:
             return parameter == FieldDeleteKey;
         case FieldCharacter:
-            return parameter == FieldBackspace || parameter >= u' ';
+            return parameter == FieldBackspace || parameter == FieldLineFeed || parameter >= u' ';
         case FieldUndoEdit:
         case FieldCut:
         case FieldPaste:

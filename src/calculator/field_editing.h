@@ -20,11 +20,12 @@ enum FieldMessage : uint32_t {
 /// Keys and characters of such messages.
 inline constexpr uint64_t FieldDeleteKey = 0x2E;
 inline constexpr uint64_t FieldBackspace = 8;
+inline constexpr uint64_t FieldLineFeed = 10;  ///< of Ctrl+Return, which begins a new line
 inline constexpr uint64_t FieldReturn = 13;
 inline constexpr uint64_t FieldPasteKey = 22;  ///< the character of Ctrl+V
 
 /// Whether a message changes the text. `parameter` is its first argument: a key or a character.
-/// Control characters other than Backspace, such as that of Ctrl+V, lead to messages of their own.
+/// Other control characters, such as that of Ctrl+V, lead to messages of their own.
 bool ChangesFieldText(uint32_t message, uint64_t parameter);
 
 }  // namespace tallymere

@@ -5,9 +5,9 @@
 namespace tallymere::testing_support {
 namespace {
 
-TEST(FieldEditingTest, CharactersFromTheBlankOnAndBackspaceChangeTheText) {
+TEST(FieldEditingTest, CharactersFromTheBlankOnBackspaceAndANewLineChangeTheText) {
     for (uint64_t c = 0; c < 0x400; c++) {
-        EXPECT_EQ(ChangesFieldText(0x0102, c), c == 8 || c >= 32) << c;
+        EXPECT_EQ(ChangesFieldText(0x0102, c), c == 8 || c == 10 || c >= 32) << c;
     }
 }
 
