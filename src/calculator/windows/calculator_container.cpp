@@ -145,17 +145,22 @@ void NumberControls() {
 
 void SetSlider(ContainerControl slider, int32_t first, int32_t last, int32_t position) {
     const HWND window = ControlOf(slider);
-    SendMessageW(window, TBM_SETRANGEMIN, FALSE, first);
+    // The range that a slider has at first ends below the new one, so that the end comes first.
     SendMessageW(window, TBM_SETRANGEMAX, FALSE, last);
+    SendMessageW(window, TBM_SETRANGEMIN, FALSE, first);
     SendMessageW(window, TBM_SETPOS, TRUE, position);
 }
 
-// The precision counts as told, so that leaving the field without a change tells nothing.
+// The precision counts as told, so that leaving the field without a change tells nothing. One from
+// the settings that is out of range moves to its end, which is then chosen, as the field shows it.
 void ShowPrecision() {
     const HWND precision = ControlOf(ContainerPrecision);
     SetNumericRange(precision, LowestPrecision, HighestPrecision);
     SetNumericPosition(precision, static_cast<int32_t>(calculator.calcPrecision));
     SyncNumericUpDown(precision, true, true);
+    if (const int32_t shown = NumericPosition(precision); shown != calculator.calcPrecision) {
+        ChoosePrecision(settings, shown);
+    }
     SetNumericChanged(precision, HandlePrecision);
 }
 

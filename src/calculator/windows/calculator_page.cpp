@@ -167,6 +167,7 @@ LRESULT CalculatorPageProc(HWND window, UINT message, WPARAM wParam, LPARAM lPar
             HidePageWindow(window);
             break;
         case WM_NCDESTROY:
+            isComplete = false;
             DeleteCalculatorFonts();
             break;
         default:
