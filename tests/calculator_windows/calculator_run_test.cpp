@@ -1,0 +1,370 @@
+// The keys of the calculator page and its runs on the CalcThread.
+#include "calculator/windows/calculator_run.h"
+
+#include "calculator/calc_phase.h"
+#include "calculator_windows/calculator_windows.h"
+#include "shell/windows/calc_thread.h"
+#include "shell_windows/message_boxes.h"
+#include "toolkit/number_base_control.h"
+#include "toolkit/numeric_up_down.h"
+
+namespace tallymere::testing_support {
+namespace {
+
+// Takes longer than anybody waits, and looks for a stop all the time.
+constexpr const char16_t* EndlessFormula = u"1e999999999999 mod 7";
+
+constexpr int32_t NotationKey = 56;
+constexpr int32_t AnsKey = 31;
+
+class CalculatorRunTest : public CalculatorWindowsTest {
+protected:
+    ~CalculatorRunTest() override {
+        EXPECT_EQ(calcPhase, CalcIdle);
+        EXPECT_TRUE(IsWindowEnabled(mainWindow));
+        EXPECT_EQ(*CurrentScratchStack().top, CurrentScratchStack().base);
+        DestroyWindow(other);
+    }
+
+    // Dispatches messages until the condition holds. Timers are in the hands of the tests unless
+    // they are let through.
+    template <typename Condition>
+    static void RunUntil(Condition condition, bool withTimers = false) {
+        MSG message;
+        while (!condition() && GetMessageW(&message, nullptr, 0, 0) > 0) {
+            if (message.message != WM_TIMER || message.hwnd != calculatorWindows.page ||
+                withTimers) {
+                TranslateMessage(&message);
+                DispatchMessageW(&message);
+            }
+        }
+    }
+    static bool IsRunning() { return calcPhase == CalcBusy || calcPhase == StopShown; }
+    static void FinishRun() {
+        RunUntil([] { return !IsRunning(); });
+    }
+    static void EndTimer(WPARAM timer) { SendMessageW(calculatorWindows.page, WM_TIMER, timer, 0); }
+    // "=" without a run that lasts.
+    static void Evaluate(const std::u16string& formula) {
+        SetFormula(formula);
+        Press(ActionEvaluate);
+        FinishRun();
+    }
+    static std::u16string Result() { return WholeText(ControlOf(CalculatorResult)); }
+    static std::u16string Caption(int32_t key) { return WholeText(KeyWindow(key)); }
+    static bool IsEnabled(HWND window) { return IsWindowEnabled(window) != FALSE; }
+    static std::vector<bool> EnabledKeys() {
+        std::vector<bool> enabled;
+        for (int32_t i = 0; i < KeyCount; i++) {
+            enabled.push_back(IsEnabled(KeyWindow(i)));
+        }
+        return enabled;
+    }
+    static bool IsMarkThere() {
+        return (WindowStyle(ControlOf(ContainerBracketMark)) & WS_VISIBLE) != 0;
+    }
+
+    HWND other = CreateDialogWindow(nullptr, {100, 100}, u"Other", nullptr, 0, 0);
+};
+
+TEST_F(CalculatorRunTest, AKeyClickTakesTheFocusToTheSink) {
+    SetFocus(ControlOf(CalculatorFormula));
+    Press(ActionDigit9);
+    EXPECT_EQ(GetFocus(), ControlOf(CalculatorFocusSink));
+    EXPECT_EQ(Formula(), u"9");
+}
+
+TEST_F(CalculatorRunTest, TheResultOfAFormulaIsShown) {
+    EXPECT_FALSE(IsEnabled(KeyWindow(AnsKey)));
+    SetFormula(u"(1+2");
+    calculator.resultForm = ResultScientific;
+    Press(ActionEvaluate);
+    EXPECT_EQ(calcPhase, CalcBusy);
+    EXPECT_EQ(Formula(), u"(1+2)");
+    EXPECT_EQ(Result(), u"");
+    FinishRun();
+    EXPECT_EQ(Result(), u"3");
+    EXPECT_EQ(calcPhase, CalcIdle);
+    EXPECT_TRUE(calculator.resultValid);
+    EXPECT_FALSE(calculator.formulaTouched);
+    EXPECT_TRUE(IsEnabled(KeyWindow(AnsKey)));
+    EXPECT_TRUE(IsEnabled(KeyWindow(NotationKey)));
+    EXPECT_FALSE(IsMarkThere());
+    EXPECT_EQ(GetFocus(), ControlOf(CalculatorFocusSink));
+}
+
+TEST_F(CalculatorRunTest, ALostRemainderShowsTheMarkUntilEverythingIsCleared) {
+    ChooseType(NumberTypeUint);
+    Evaluate(u"7/2");
+    EXPECT_EQ(Result(), u"3");
+    EXPECT_TRUE(IsMarkThere());
+    EXPECT_TRUE(IsEnabled(ControlOf(ContainerBracketMark)));
+    Press(ActionClearFormula);
+    EXPECT_TRUE(IsMarkThere());
+    EXPECT_FALSE(IsEnabled(ControlOf(ContainerBracketMark)));
+    Press(ActionClearAll);
+    EXPECT_FALSE(IsMarkThere());
+    EXPECT_EQ(Result(), u"");
+    EXPECT_EQ(Formula(), u"");
+    EXPECT_FALSE(calculator.formulaTouched);
+    Evaluate(u"7/2");
+    EXPECT_TRUE(IsMarkThere());
+    Evaluate(u"6/2");
+    EXPECT_FALSE(IsMarkThere());
+}
+
+TEST_F(CalculatorRunTest, TheSettingsAreInForceWhateverAnotherPageInstalled) {
+    SetFormula(u"1/3");
+    numberContext.numberType = NumberTypeUint;
+    SetRealPrecision(1'000);
+    Press(ActionEvaluate);
+    FinishRun();
+    EXPECT_EQ(Result(), u"0.3333333333");
+    numberContext.numberType = NumberTypeUint;
+    SetRealPrecision(1'000);
+    Press(ActionSwitchNotation);
+    EXPECT_EQ(Result(), u"3.333333333e-1");
+    EXPECT_EQ(numberContext.precisionDigits, 12);
+}
+
+TEST_F(CalculatorRunTest, AShortRunChangesNoKey) {
+    Evaluate(u"5");
+    const std::vector<bool> before = EnabledKeys();
+    SetFormula(u"5+1");
+    Press(ActionEvaluate);
+    EXPECT_EQ(EnabledKeys(), before);
+    EXPECT_EQ(Caption(0), u"CA");
+    FinishRun();
+    EXPECT_EQ(EnabledKeys(), before);
+}
+
+TEST_F(CalculatorRunTest, ARunDisablesOtherWindowsAndWhatChangesTheNumbers) {
+    ShowWindow(other, SW_SHOW);
+    SetFormula(EndlessFormula);
+    Press(ActionEvaluate);
+    for (const bool isOver : {false, true}) {
+        for (const HWND window : {other, mainWindow, hiddenOwnerWindow, variablesWindow}) {
+            EXPECT_EQ(IsEnabled(window), isOver);
+        }
+        for (int32_t i = 0; i < ContainerControlCount; i++) {
+            const auto control = static_cast<ContainerControl>(i);
+            if (IsDisabledDuringRun(control)) {
+                EXPECT_EQ(IsEnabled(ControlOf(control)), isOver) << i;
+            }
+        }
+        EXPECT_EQ(IsEnabled(NumericEdit(ControlOf(ContainerPrecision))), isOver);
+        EXPECT_EQ(IsEnabled(NumberBaseList(ControlOf(ContainerNumberBase))), isOver);
+        EXPECT_TRUE(IsEnabled(calculatorWindows.page));
+        EXPECT_TRUE(IsEnabled(ControlOf(CalculatorFormula)));
+        if (!isOver) {
+            RequestCancel();
+            FinishRun();
+        }
+    }
+}
+
+TEST_F(CalculatorRunTest, ALongRunIsStoppedByItsKeyInSilence) {
+    Evaluate(u"6");
+    const std::vector<bool> before = EnabledKeys();
+    SetFormula(EndlessFormula);
+    Press(ActionEvaluate);
+    // The page's own timer brings Stop.
+    RunUntil([] { return calcPhase == StopShown; }, true);
+    EXPECT_EQ(Caption(0), u"Stop");
+    std::vector<bool> onlyStop(KeyCount, false);
+    onlyStop[0] = true;
+    EXPECT_EQ(EnabledKeys(), onlyStop);
+    Press(ActionEvaluate);
+    SetFocus(ControlOf(CalculatorFormula));
+    SendMessageW(ControlOf(CalculatorFormula), WM_CHAR, u'\r', 1);
+    EXPECT_EQ(calcPhase, StopShown);
+    EXPECT_EQ(cancelFlag, 0);
+
+    const MessageBoxAnswer answer;
+    Click(KeyWindow(0));
+    EXPECT_EQ(cancelFlag, 1);
+    FinishRun();
+    EXPECT_EQ(answer.boxes, 0);
+    EXPECT_EQ(cancelFlag, 0);
+    EXPECT_EQ(calcPhase, StopLingers);
+    EXPECT_EQ(Caption(0), u"CA");
+    EXPECT_FALSE(calculator.resultValid);
+    EXPECT_EQ(Result(), u"6");
+    EXPECT_EQ(std::u16string(calculator.calcResultText), u"6");
+    std::vector<bool> after = before;
+    after[NotationKey] = false;
+    EXPECT_EQ(EnabledKeys(), after);
+    EXPECT_TRUE(IsEnabled(other));
+
+    Click(KeyWindow(0));
+    EXPECT_EQ(Formula(), EndlessFormula) << "a click that comes late";
+    RunUntil([] { return calcPhase == CalcIdle; }, true);
+    Click(KeyWindow(0));
+    EXPECT_EQ(Formula(), u"");
+}
+
+TEST_F(CalculatorRunTest, TheStopTimerEndsWithTheRunAndAtItsFirstMessage) {
+    Evaluate(u"6");
+    EXPECT_FALSE(KillTimer(calculatorWindows.page, StopTimer));
+    SetFormula(EndlessFormula);
+    Press(ActionEvaluate);
+    EndTimer(StopTimer);
+    EXPECT_EQ(calcPhase, StopShown);
+    EXPECT_FALSE(KillTimer(calculatorWindows.page, StopTimer));
+    Click(KeyWindow(0));
+    FinishRun();
+    EndTimer(LateClickTimer);
+    EXPECT_EQ(calcPhase, CalcIdle);
+    EXPECT_FALSE(KillTimer(calculatorWindows.page, LateClickTimer));
+}
+
+TEST_F(CalculatorRunTest, AnErrorIsReportedAndTheOldResultStaysGrey) {
+    Evaluate(u"6");
+    const MessageBoxAnswer answer;
+    Evaluate(u"6*)");
+    EXPECT_EQ(answer.boxes, 1);
+    EXPECT_EQ(answer.caption, "Error");
+    EXPECT_EQ(answer.owner, calculatorWindows.page);
+    EXPECT_EQ(Formula(), u"6*)");
+    EXPECT_EQ(Result(), u"6");
+    EXPECT_FALSE(calculator.resultValid);
+    EXPECT_TRUE(IsEnabled(KeyWindow(AnsKey)));
+    EXPECT_FALSE(IsEnabled(KeyWindow(NotationKey)));
+    EXPECT_EQ(PendingUiError(), UiErrorNone);
+    Evaluate(u"ans+1");
+    EXPECT_EQ(answer.boxes, 1);
+    EXPECT_EQ(Result(), u"7");
+}
+
+TEST_F(CalculatorRunTest, WhatIsNoFractionMovesTheSliderToReal) {
+    ChooseType(NumberTypeRational);
+    settings.settingsDirty = false;
+    Evaluate(u"sqrt(2)");
+    EXPECT_EQ(Result(), u"1.414213562");
+    EXPECT_EQ(settings.numberType, NumberTypeReal);
+    EXPECT_TRUE(settings.settingsDirty);
+    EXPECT_EQ(SendMessageW(ControlOf(ContainerTypeSlider), TBM_GETPOS, 0, 0), 300'002);
+    EXPECT_EQ(Caption(32), u"sin");
+    EXPECT_NE(WindowStyle(ControlOf(ContainerAngleSlider)) & WS_VISIBLE, 0u);
+    EXPECT_TRUE(calculator.resultValid);
+    EXPECT_TRUE(IsEnabled(KeyWindow(NotationKey)));
+
+    // What stays a fraction leaves the type, also after one that fell.
+    ChooseType(NumberTypeRational);
+    Evaluate(u"1/3");
+    EXPECT_EQ(Result(), u"1/3");
+    EXPECT_EQ(settings.numberType, NumberTypeRational);
+    const MessageBoxAnswer answer;
+    Evaluate(u"sqrt(2)+");
+    EXPECT_EQ(answer.boxes, 1);
+    EXPECT_EQ(settings.numberType, NumberTypeRational);
+    EXPECT_EQ(numberContext.numberType, NumberTypeRational);
+}
+
+TEST_F(CalculatorRunTest, ReturnInTheFormulaEvaluatesAndKeepsTheFocus) {
+    SetFocus(ControlOf(CalculatorFormula));
+    SetFormula(u"2*(3");
+    PressKey(ControlOf(CalculatorFormula), VK_RETURN);
+    EXPECT_EQ(calcPhase, CalcIdle) << "the character does it, and not the key as well";
+    SendMessageW(ControlOf(CalculatorFormula), WM_CHAR, u'\r', 1);
+    EXPECT_EQ(GetFocus(), ControlOf(CalculatorFormula));
+    FinishRun();
+    EXPECT_EQ(Formula(), u"2*(3)");
+    EXPECT_EQ(Result(), u"6");
+    EXPECT_EQ(GetFocus(), ControlOf(CalculatorFormula));
+}
+
+TEST_F(CalculatorRunTest, WhatIsTypedAfterAKeyGoesToTheFormula) {
+    const HWND sink = ControlOf(CalculatorFocusSink);
+    Press(static_cast<KeyAction>(ActionDigit0 + 4));
+    SendMessageW(sink, WM_CHAR, u'2', 1);
+    EXPECT_EQ(Formula(), u"42");
+    EXPECT_EQ(GetFocus(), ControlOf(CalculatorFormula));
+    SetFocus(sink);
+    SendMessageW(sink, WM_CHAR, u'\r', 1);
+    FinishRun();
+    EXPECT_EQ(Result(), u"42");
+    EXPECT_EQ(GetFocus(), sink);
+    PressKey(sink, VK_SPACE);
+    PressKey(sink, VK_RETURN);
+    EXPECT_TRUE(calculator.resultValid);
+    SendMessageW(sink, WM_CHAR, u'7', 1);
+    EXPECT_EQ(Formula(), u"7");
+    EXPECT_FALSE(calculator.resultValid);
+}
+
+TEST_F(CalculatorRunTest, TheFirstKeyAfterAResultStartsANewFormula) {
+    Evaluate(u"12");
+    Press(ActionAns);
+    EXPECT_EQ(Formula(), u"ans");
+    EXPECT_FALSE(calculator.resultValid);
+    Press(ActionAdd);
+    EXPECT_EQ(Formula(), u"ans+");
+    Evaluate(u"12");
+    SetFocus(ControlOf(CalculatorFormula));
+    Press(ActionAdd);
+    EXPECT_EQ(Formula(), u"+12") << "a click into the formula keeps it";
+}
+
+TEST_F(CalculatorRunTest, AFormulaThatIsTooLongIsReportedAndKept) {
+    Evaluate(u"6");
+    // In short lines, since an edit control of Wine takes a minute to break long ones.
+    std::u16string longest;
+    while (longest.size() < 88'660) {
+        longest += std::u16string(38, u'1') + u"\r\n";
+    }
+    longest.resize(88'661);
+    const std::string tooLong = "String buffer overflow!";
+    const MessageBoxAnswer answer;
+    Evaluate(longest + u"1");
+    EXPECT_EQ(answer.boxes, 1);
+    EXPECT_EQ(answer.text, tooLong);
+    EXPECT_EQ(calcPhase, CalcIdle);
+    EXPECT_FALSE(calculator.resultValid);
+    EXPECT_EQ(Formula().size(), 88'662u);
+    // A parenthesis that is added makes it too long for the thread.
+    Evaluate(u"(" + longest.substr(1));
+    EXPECT_EQ(answer.boxes, 2);
+    EXPECT_EQ(answer.text, tooLong);
+    EXPECT_EQ(Formula().size(), 88'662u);
+    EXPECT_EQ(Result(), u"6");
+    // This one is read, and has another error.
+    Evaluate(longest);
+    EXPECT_EQ(answer.boxes, 3);
+    EXPECT_NE(answer.text, tooLong);
+}
+
+TEST_F(CalculatorRunTest, ATextTooLongForFixedNotationSaysSo) {
+    Evaluate(u"1e99999");
+    EXPECT_EQ(Result(), u"1e+99999");
+    Press(ActionSwitchNotation);
+    EXPECT_EQ(Result(), u"<Number is too long for fixed-point notation>");
+    EXPECT_TRUE(calculator.resultValid);
+    Press(ActionSwitchNotation);
+    EXPECT_EQ(Result(), u"1e+99999");
+}
+
+TEST_F(CalculatorRunTest, AClosedPageCalculatesOn) {
+    SetFormula(EndlessFormula);
+    Press(ActionEvaluate);
+    SendMessageW(calculatorWindows.page, WM_CLOSE, 0, 0);
+    EXPECT_FALSE(IsWindowVisible(calculatorWindows.page));
+    EXPECT_EQ(cancelFlag, 0);
+    EXPECT_EQ(calcPhase, CalcBusy);
+    RequestCancel();
+    FinishRun();
+    EXPECT_TRUE(IsEnabled(mainWindow));
+    EXPECT_FALSE(IsWindowVisible(calculatorWindows.page));
+}
+
+TEST_F(CalculatorRunTest, OtherNewsOfAThreadEndNoRun) {
+    SetFormula(EndlessFormula);
+    Press(ActionEvaluate);
+    SendMessageW(calculatorWindows.page, PageWorkerMessage, PageWorkerText, 0);
+    EXPECT_EQ(calcPhase, CalcBusy);
+    RequestCancel();
+    FinishRun();
+}
+
+}  // namespace
+}  // namespace tallymere::testing_support
