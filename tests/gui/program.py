@@ -137,7 +137,11 @@ class Program:
             stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     def describe(self):
-        return "\n".join(window.describe() for window in self.probe.windows() if window.visible)
+        status = self.process.poll()
+        state = "it still runs" if status is None else f"it ended with status {status}"
+        return "\n".join([f"processes {self.probe.processes()}; of the one started here: {state}",
+                          *(window.describe() for window in self.probe.windows()
+                            if window.visible)])
 
     def find(self, class_name=DIALOG_CLASS, title=None):
         """The visible top-level window of that class and title, None if there is none."""
