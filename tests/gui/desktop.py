@@ -58,6 +58,18 @@ def stop(process):
             process.wait()
 
 
+def picture_path(name):
+    SCREENSHOTS.mkdir(parents=True, exist_ok=True)
+    return SCREENSHOTS / f"{name}.png"
+
+
+def around(*places):
+    """The smallest place that holds them all."""
+    left, top = (min(place[side] for place in places) for side in (0, 1))
+    right, bottom = (max(place[side] + place[side + 2] for place in places) for side in (0, 1))
+    return left, top, right - left, bottom - top
+
+
 class Display:
     """A virtual display with a window manager, and the hand at its keyboard and mouse."""
 
@@ -66,7 +78,7 @@ class Display:
         self.log = open(FOLDER / "display.log", "ab")
         self.server = subprocess.Popen(
             ["setpriv", "--pdeathsig", "TERM", "Xvfb", "-displayfd", "1", "-screen", "0", SCREEN,
-             "-nolisten", "tcp"],
+             "-wr", "-nolisten", "tcp"],
             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=self.log)
         number = self.server.stdout.readline().decode().strip()
         if not number:
@@ -113,15 +125,26 @@ class Display:
         """Brings a window to the front, a minimised one too, as a task bar would."""
         run(["xdotool", "windowactivate", str(window.display_id)], self.environment)
 
-    def screenshot(self, name, rect=None):
-        """A picture of a place of the screen, all of it without one, in build/screenshots/."""
-        SCREENSHOTS.mkdir(parents=True, exist_ok=True)
-        path = SCREENSHOTS / f"{name}.png"
-        crop = []
-        if rect:
-            x, y, width, height = rect
-            crop = ["-crop", f"{width}x{height}+{x}+{y}", "+repage"]
-        run(["import", "-window", "root", *crop, str(path)], self.environment)
+    def screenshot(self, name):
+        """A picture of the screen, in build/screenshots/."""
+        path = picture_path(name)
+        run(["import", "-window", "root", str(path)], self.environment)
+        return path
+
+    def picture(self, name, window, drop_down=None):
+        """A picture of a window with its frame and of what dropped down from it, without date."""
+        path = picture_path(name)
+        if drop_down:
+            # They are windows of their own. The white of the screen around them goes.
+            x, y, width, height = around(window.rect, drop_down.rect)
+            run(["import", "-window", "root", str(path)], self.environment)
+            run(["mogrify", "-crop", f"{width}x{height}+{x}+{y}", "+repage", "-bordercolor", "white",
+                 "-border", "1", "-trim", "+repage", str(path)], self.environment)
+        else:
+            run(["import", "-frame", "-window", str(window.display_id), str(path)],
+                self.environment)
+        run(["mogrify", "-strip", "-define", "png:exclude-chunks=date,time", str(path)],
+            self.environment)
         return path
 
     def close(self):

@@ -103,6 +103,10 @@ class Probe:
         """The items of the menu of a window: id, text, enabled, rect and items of each."""
         return self.ask("menu", window.handle)
 
+    def texts(self, window):
+        """The texts of the controls in a window: handle of the control, text, needed and room."""
+        return self.ask("texts", window.handle)
+
     def end(self, process):
         return self.ask("end", process)
 

@@ -12,7 +12,6 @@ class StartTest(GuiCase):
             with self.subTest(language):
                 program = self.start(language)
                 about = program.wait_for_window(title)
-                self.display.screenshot(f"about-first-start-{language}", about.rect)
                 main = program.find(title=MAIN_TITLE)
                 self.assertFalse(main.enabled)
                 self.click(about.control("button", "OK"))
