@@ -3,7 +3,7 @@
 
 import unittest
 
-from form_check import check_form
+from form_check import check_form, check_texts
 from gui_case import MAIN_TITLE, GuiCase
 
 INFO = 302  # its menu item
@@ -30,9 +30,9 @@ class AboutTest(GuiCase):
                     program = self.start_again(language, dpi)
                     self.choose_menu(program, INFO)
                     about = program.wait_for_window(title)
-                    self.display.screenshot(f"about-{language}-{dpi}", about.rect)
                     check_form(self, about, self.forms["about"], self.forms["about_size"], dpi,
                                self.about_texts())
+                    check_texts(self, program, about, dpi)
                     self.assertTrue(all(control.visible and control.enabled
                                         for control in about.walk()))
 

@@ -1,5 +1,7 @@
-"""A desktop of their own for the tests of the windows: a virtual display with a window manager, and
-a Wine prefix that no other program uses. Here is also all that a hand does: keys, clicks.
+"""A desktop of its own for each script that tests windows: a virtual display with a window manager,
+and a Wine prefix that no other program uses. Here is also all that a hand does: keys, clicks.
+
+Scripts may run side by side, as the keyboard of one display does not reach another.
 
 Everything that is started here ends with it, and everything ends with the virtual display, which
 the system stops should the tests be killed.
@@ -10,11 +12,13 @@ import glob
 import os
 import shutil
 import subprocess
+import sys
 import time
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent.parent
-FOLDER = ROOT / "build" / "gui"
+GUI_FOLDER = ROOT / "build" / "gui"
+FOLDER = GUI_FOLDER / Path(sys.argv[0]).stem  # of the script that runs
 SCREENSHOTS = ROOT / "build" / "screenshots"
 WINE_RUN = ROOT / "cmake" / "wine-run"
 WINDOW_MANAGER = ROOT / "tests" / "gui" / "openbox.xml"
@@ -54,6 +58,18 @@ def stop(process):
             process.wait()
 
 
+def picture_path(name):
+    SCREENSHOTS.mkdir(parents=True, exist_ok=True)
+    return SCREENSHOTS / f"{name}.png"
+
+
+def around(*places):
+    """The smallest place that holds them all."""
+    left, top = (min(place[side] for place in places) for side in (0, 1))
+    right, bottom = (max(place[side] + place[side + 2] for place in places) for side in (0, 1))
+    return left, top, right - left, bottom - top
+
+
 class Picture:
     """The pixels of a place of the screen as they were."""
 
@@ -81,7 +97,7 @@ class Display:
         self.log = open(FOLDER / "display.log", "ab")
         self.server = subprocess.Popen(
             ["setpriv", "--pdeathsig", "TERM", "Xvfb", "-displayfd", "1", "-screen", "0", SCREEN,
-             "-nolisten", "tcp"],
+             "-wr", "-nolisten", "tcp"],
             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=self.log)
         number = self.server.stdout.readline().decode().strip()
         if not number:
@@ -147,15 +163,26 @@ class Display:
         """Brings a window to the front, a minimised one too, as a task bar would."""
         run(["xdotool", "windowactivate", str(window.display_id)], self.environment)
 
-    def screenshot(self, name, rect=None):
-        """A picture of a place of the screen, all of it without one, in build/screenshots/."""
-        SCREENSHOTS.mkdir(parents=True, exist_ok=True)
-        path = SCREENSHOTS / f"{name}.png"
-        crop = []
-        if rect:
-            x, y, width, height = rect
-            crop = ["-crop", f"{width}x{height}+{x}+{y}", "+repage"]
-        run(["import", "-window", "root", *crop, str(path)], self.environment)
+    def screenshot(self, name):
+        """A picture of the screen, in build/screenshots/."""
+        path = picture_path(name)
+        run(["import", "-window", "root", str(path)], self.environment)
+        return path
+
+    def picture(self, name, window, drop_down=None):
+        """A picture of a window with its frame and of what dropped down from it, without date."""
+        path = picture_path(name)
+        if drop_down:
+            # They are windows of their own. The white of the screen around them goes.
+            x, y, width, height = around(window.rect, drop_down.rect)
+            run(["import", "-window", "root", str(path)], self.environment)
+            run(["mogrify", "-crop", f"{width}x{height}+{x}+{y}", "+repage", "-bordercolor", "white",
+                 "-border", "1", "-trim", "+repage", str(path)], self.environment)
+        else:
+            run(["import", "-frame", "-window", str(window.display_id), str(path)],
+                self.environment)
+        run(["mogrify", "-strip", "-define", "png:exclude-chunks=date,time", str(path)],
+            self.environment)
         return path
 
     def picture(self, rect):
@@ -175,16 +202,42 @@ class Display:
         self.log.close()
 
 
+def copy_prepared_prefix(folder):
+    """Makes the folder a Wine prefix as if no program had run in it yet.
+
+    The prefix that all scripts copy is made once. The system of Wine in it, some 700 MB that
+    programs only read, is not copied but linked.
+    """
+    prepared = GUI_FOLDER / "prepared"
+    environment = {**os.environ, "WINEPREFIX": str(prepared)}
+    with open(GUI_FOLDER / "prepared.users", "w", encoding="ascii") as lock:
+        fcntl.flock(lock, fcntl.LOCK_EX)
+        run([str(ROOT / "tools" / "prepare_desktop_prefix")], environment)
+        # Only when its server has ended the registry is in the files.
+        run(["wineserver", "-w"], environment)
+    shutil.rmtree(folder, ignore_errors=True)
+    system = prepared / "drive_c" / "windows"
+
+    def copy(source, destination):
+        if system in Path(source).parents:
+            os.link(source, destination)
+        else:
+            shutil.copy2(source, destination)
+
+    shutil.copytree(prepared, folder, symlinks=True, copy_function=copy)
+
+
 class WinePrefix:
-    """The Wine of these tests, for one script at a time; all that runs in it that script starts."""
+    """The Wine of this script; all that runs in it was started by it."""
 
     def __init__(self, display):
         FOLDER.mkdir(parents=True, exist_ok=True)
         self.folder = FOLDER / "prefix"
+        # For a second run of the same script to wait.
         self.lock = open(FOLDER / "prefix.users", "w", encoding="ascii")
         fcntl.flock(self.lock, fcntl.LOCK_EX)
+        copy_prepared_prefix(self.folder)
         self.environment = {**display.environment, "WINEPREFIX": str(self.folder)}
-        run([str(ROOT / "tools" / "prepare_desktop_prefix")], self.environment)
         self.dpi = None
 
     def environment_of(self, locale):

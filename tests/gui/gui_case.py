@@ -17,6 +17,7 @@ import unittest
 
 from desktop import SECONDS, WINE_RUN, Display, WinePrefix
 from program import MENU_CLASS, MESSAGE_BOX_CLASS, PROGRAM, Probe, Program, middle
+from user_settings import file_bytes, settings_text
 
 LOCALES = {"en": "C.UTF-8", "de": "de_DE.UTF-8"}
 MAIN_TITLE = "Tallymere 3.9"
@@ -68,32 +69,6 @@ def screenshot_of_failure(name):
         path = desktop().display.screenshot(f"failed-{re.sub(r'[^0-9A-Za-z_.-]+', '-', name)}")
         print(f"{name} failed; the screen at that time: {path}", file=sys.stderr)
         raise
-
-
-def settings_text(language="(automatic)", decimal="(automatic)", thousands="(automatic)",
-                  grouping=(0, 0, 0), precision=10, hint=0):
-    """The text of a settings file of somebody who has met About before."""
-    return "\r\n".join([
-        "[options]",
-        f"language = {language}",
-        f"decimal_separator = {decimal}",
-        f"thousands_separator = {thousands}",
-        f"thousands_sep_sci_calc = {grouping[0]}",
-        f"thousands_sep_equations = {grouping[1]}",
-        f"thousands_sep_prime_nums = {grouping[2]}",
-        "[scientific_calculator]",
-        "angle_type = rad",
-        "number_type = real",
-        f"decimal_precision = {precision}",
-        "output_number_base = 10",
-        "use_lower_case_hex = 0",
-        "[hints]",
-        f"show_welcome_hint = {hint}",
-        ""])
-
-
-def file_bytes(settings):
-    return b"\xff\xfe" + settings.encode("utf-16-le")
 
 
 class GuiCase(unittest.TestCase):

@@ -21,7 +21,6 @@ class LanguageTest(OptionsCase):
         program = self.start_again()
         old, = program.probe.processes()
         box = self.choose_language(program, "German")
-        self.display.screenshot("language-hint", box.rect)
         self.display.press("Return")
         self.assertEqual(0, program.wait_until_ended())
         german, = program.probe.processes()

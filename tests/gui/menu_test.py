@@ -24,7 +24,7 @@ MENU = {
 }
 OPTIONS = 101
 EXIT = 102
-PAGES = range(201, 207)
+WITHOUT_PAGE = range(202, 207)
 INFO = 302
 
 
@@ -49,7 +49,7 @@ class MenuTest(GuiCase):
     def test_items_without_a_page_do_nothing(self):
         program = self.start_again()
         for choose in (self.choose_menu, self.choose_menu_by_mouse):
-            for item in PAGES:
+            for item in WITHOUT_PAGE:
                 choose(program, item)
             # What the menu posts is handled in its order.
             choose(program, OPTIONS)

@@ -3,7 +3,7 @@
 
 import unittest
 
-from form_check import check_form
+from form_check import check_form, check_texts
 from gui_case import MAIN_TITLE, file_bytes, settings_text
 from options_case import OptionsCase
 
@@ -15,16 +15,15 @@ class OptionsTest(OptionsCase):
                 with self.subTest(language=language, dpi=dpi):
                     program = self.start_again(language, dpi)
                     window = self.open_options(program)
-                    self.display.screenshot(f"options-{language}-{dpi}", window.rect)
                     check_form(self, window, self.forms["options"], self.forms["options_size"],
                                dpi)
+                    check_texts(self, program, window, dpi)
                     tabs = window.children[0]
                     self.assertEqual([self.texts["TextOptNumberPresentation"],
                                       self.texts["TextOptLanguage"]],
                                      [tab["text"] for tab in tabs.tabs])
                     self.assertEqual([True, False], [page.visible for page in tabs.children])
                     self.show_tab(program, 1)
-                    self.display.screenshot(f"options-language-{language}-{dpi}", window.rect)
                     pages = self.options(program).children[0].children
                     self.assertEqual([False, True], [page.visible for page in pages])
 
@@ -102,7 +101,6 @@ class OptionsTest(OptionsCase):
             self.press_ok(program)
             box = self.wait_for_message(program, "Error",
                                         self.texts["TextErrDecimalThousandsSeparatorSame"])
-            self.display.screenshot("options-separators-refused", box.rect)
             self.leave_message(program, "Error")
             program.wait_for(lambda: self.options(program).enabled, "the options to go on")
         self.click(self.options(program).control("button", "Cancel"))

@@ -27,7 +27,7 @@ class PagesErrorTest(PagesCase):
     def test_each_error_is_told_once_and_the_first_of_several(self):
         for language, self.messages in TEXTS.items():
             with self.subTest(language):
-                program = self.start_again(language)
+                self.start_again(language)
                 page = self.open_page(self.ROOTS)
                 for text in ("abc", "2.5", ""):
                     self.start_run(self.ROOTS, text)
@@ -44,7 +44,6 @@ class PagesErrorTest(PagesCase):
                 self.wait_for_lines(self.ROOTS, 4)
                 self.wait_until_idle(self.ROOTS)
                 self.assert_no_message()
-                program.close()
 
     def test_an_error_that_the_worker_finds_in_an_edit(self):
         self.messages = TEXTS["en"]

@@ -106,6 +106,10 @@ class Probe:
         """The items of the menu of a window: id, text, enabled, rect and items of each."""
         return self.ask("menu", window.handle)
 
+    def texts(self, window):
+        """The texts of the controls in a window: handle of the control, text, needed and room."""
+        return self.ask("texts", window.handle)
+
     def end(self, process):
         return self.ask("end", process)
 
@@ -152,7 +156,11 @@ class Program:
             stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     def describe(self):
-        return "\n".join(window.describe() for window in self.probe.windows() if window.visible)
+        status = self.process.poll()
+        state = "it still runs" if status is None else f"it ended with status {status}"
+        return "\n".join([f"processes {self.probe.processes()}; of the one started here: {state}",
+                          *(window.describe() for window in self.probe.windows()
+                            if window.visible)])
 
     def find(self, class_name=DIALOG_CLASS, title=None):
         """The visible top-level window of that class and title, None if there is none."""

@@ -47,7 +47,7 @@ class SettingsTest(OptionsCase):
                 self.write_settings("")
                 self.settings_path().write_bytes(content)
                 self.run_with_defaults()
-                self.assertEqual(file_bytes(settings_text(precision=0, grouping=(0, 1, 0))),
+                self.assertEqual(file_bytes(settings_text(grouping=(0, 1, 0))),
                                  self.settings_bytes())
 
     def test_folder_in_the_place_of_the_file_stays(self):

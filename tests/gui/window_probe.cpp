@@ -6,6 +6,8 @@
 //                     "tallymere.exe", visible or not, each with its controls
 //   window HANDLE     one of them, or one control, with all in it
 //   menu HANDLE       the items of a window's menu, each with those of its drop-down menu
+//   texts HANDLE      the texts of a window's controls, each with the room that it needs and that
+//                     it has, as width and height
 //   processes IMAGE   the ids of these processes
 //   end ID            ends a process; whether that worked
 //   browser PATH      makes a program the only one that opens web addresses; without PATH there is
@@ -30,7 +32,7 @@
 #include <vector>
 
 #include "gui/json_text.h"
-#include "gui/menu_teller.h"
+#include "gui/window_teller.h"
 #include "toolkit/win32.h"
 // They need the headers of Windows before them.
 #include <psapi.h>
@@ -287,17 +289,18 @@ std::string AnswerWindows(const std::wstring& image) {
     return answer.Text();
 }
 
-std::string AnswerMenu(HWND window) {
+// What the library answers within the process of the window.
+std::string AskInside(HWND window, WindowTellerQuestion question) {
     const HANDLE memory = CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0,
-                                             MenuTellerBytes, MenuTellerMemory);
+                                             WindowTellerBytes, WindowTellerMemory);
     auto* answer =
-        static_cast<const char*>(MapViewOfFile(memory, FILE_MAP_READ, 0, 0, MenuTellerBytes));
-    const HMODULE library = LoadLibraryW(MenuTellerLibrary);
+        static_cast<const char*>(MapViewOfFile(memory, FILE_MAP_READ, 0, 0, WindowTellerBytes));
+    const HMODULE library = LoadLibraryW(WindowTellerLibrary);
     const auto hookProc = reinterpret_cast<HOOKPROC>(
-        reinterpret_cast<void*>(GetProcAddress(library, MenuTellerHook)));
+        reinterpret_cast<void*>(GetProcAddress(library, WindowTellerHook)));
     const HHOOK hook = SetWindowsHookExW(WH_CALLWNDPROC, hookProc, library,
                                          GetWindowThreadProcessId(window, nullptr));
-    Ask(window, RegisterWindowMessageW(MenuTellerMessage));
+    Ask(window, RegisterWindowMessageW(WindowTellerMessage), question);
     UnhookWindowsHookEx(hook);
     // New shared memory is empty.
     const std::string text = *answer == 0 ? "null" : answer;
@@ -484,7 +487,10 @@ std::string Answer(const std::string& line) {
         return EndProcess(static_cast<DWORD>(std::strtoul(argument.c_str(), nullptr, 10)));
     }
     if (command == "menu") {
-        return AnswerMenu(WindowOf(argument));
+        return AskInside(WindowOf(argument), TellMenu);
+    }
+    if (command == "texts") {
+        return AskInside(WindowOf(argument), TellTexts);
     }
     if (command == "browser") {
         return RegisterBrowser(wide);

@@ -4,9 +4,10 @@ import sys
 import unittest
 from pathlib import Path
 
+ROOT = Path(__file__).resolve().parents[2]
 sys.dont_write_bytecode = True
-sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
-from run_tests import count_cases  # noqa: E402
+sys.path.insert(0, str(ROOT / "tools"))
+from run_tests import LONG_PROGRAMS, Program, count_cases, longest_first  # noqa: E402
 
 
 class CountCasesTest(unittest.TestCase):
@@ -48,6 +49,18 @@ class CountCasesTest(unittest.TestCase):
     def test_a_bad_exit_status_after_good_output_failed(self):
         self.assertEqual((5, 1), count_cases(
             "[==========] 5 tests from 2 test suites ran. (1 ms total)\n[  PASSED  ] 5 tests.\n", 1))
+
+
+class LongestFirstTest(unittest.TestCase):
+    def test_long_programs_start_first_and_none_is_lost(self):
+        programs = [Program("optimised", "calculator", []), Program("optimised", "core", []),
+                    *(Program(kind, name, []) for kind, name in reversed(LONG_PROGRAMS))]
+        self.assertEqual([*LONG_PROGRAMS, ("optimised", "calculator"), ("optimised", "core")],
+                         [(program.kind, program.name) for program in longest_first(programs)])
+
+    def test_long_programs_exist(self):
+        for _, name in LONG_PROGRAMS:
+            self.assertTrue(list((ROOT / "tests" / name).glob("*_test.cpp")), name)
 
 
 if __name__ == "__main__":

@@ -1,0 +1,74 @@
+"""Pictures of all windows, for the eye and for README.
+
+A window that is new gets its method here and a line in take_all.
+"""
+
+from gui_case import MAIN_TITLE
+from options_case import OptionsCase
+from program import MENU_CLASS, MESSAGE_BOX_CLASS, middle
+
+LIST_CLASS = "ComboLBox"  # of the rows of a drop list
+INFO = 302  # its menu item
+
+
+class Pictures(OptionsCase):
+    """Not a test: borrows what the tests have."""
+
+    def take_all(self, language, dpi):
+        """Takes the pictures and gives their files."""
+        self.suffix = f"{language}-{dpi}"
+        self.files = []
+        self.setUp()
+        try:
+            program = self.start_again(language, dpi)
+            self.take_menu(program)
+            self.take_options(program)
+            self.take_about(program)
+        finally:
+            self.doCleanups()
+        return self.files
+
+    def take(self, name, window, drop_down=None):
+        """Takes it once the windows have painted themselves: when two pictures are the same."""
+        before = None
+        while True:
+            path = self.display.picture(f"{name}-{self.suffix}", window, drop_down)
+            picture = path.read_bytes()
+            if picture == before:
+                break
+            before = picture
+        self.files.append(path)
+
+    def take_menu(self, program):
+        main = program.wait_for_window(MAIN_TITLE)
+        self.take("main", main)
+        for name, item in zip(("application", "algebra", "help"), program.menu(main)):
+            self.display.click(*middle(item["rect"]))
+            drop_down = program.wait_for(lambda: program.find(MENU_CLASS), "the menu to drop down")
+            self.take(f"menu-{name}", main, drop_down)
+            self.display.press("Escape", "Escape")
+            program.wait_until_hidden(None, MENU_CLASS)
+
+    def take_options(self, program):
+        window = self.open_options(program)
+        self.take("options", window)
+        self.toggle(program, self.texts["TextOptAutomaticSelection"], False)
+        self.select_row(program, 0, 1)
+        self.click(self.drop_lists(program)[1])
+        rows = program.wait_for(lambda: program.find(LIST_CLASS), "the list to drop down")
+        self.take("options-list", window, rows)
+        self.display.press("Escape")
+        program.wait_until_hidden(None, LIST_CLASS)
+        self.press_ok(program)
+        box = program.wait_for_window(self.texts["TextErrError"], MESSAGE_BOX_CLASS)
+        self.take("options-refused", box)
+        self.leave_message(program, box.text)
+        self.show_tab(program, 1)
+        self.take("options-language", window)
+        self.click(self.options(program).control("button", self.texts["TextBtnCancel"]))
+        program.wait_until_hidden(window.text)
+
+    def take_about(self, program):
+        self.choose_menu(program, INFO)
+        about = program.wait_for_window(self.texts["TextAboutAbout"].replace("%s", "Tallymere"))
+        self.take("about", about)
