@@ -412,64 +412,6 @@ TEST_F(CalculatorPageTest, AResultIsGreyUnlessItIsValid) {
     DeleteDC(dc);
 }
 
-TEST_F(CalculatorPageTest, EnabledKeysAreDrawnInTheColourOfTheirClass) {
-    GiveResult();
-    const HDC dc = CreateCompatibleDC(nullptr);
-    BITMAPINFO form = {};
-    form.bmiHeader = {sizeof form.bmiHeader, 60, -30, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    void* pixels = nullptr;
-    const HBITMAP bitmap = CreateDIBSection(dc, &form, DIB_RGB_COLORS, &pixels, nullptr, 0);
-    const HGDIOBJ before = SelectObject(dc, bitmap);
-    const auto draw = [dc](HWND key, DWORD stage) {
-        const RECT all = {0, 0, 60, 30};
-        FillRect(dc, &all, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-        NMCUSTOMDRAW news = {};
-        news.hdr = {key, static_cast<UINT_PTR>(GetDlgCtrlID(key)),
-                    static_cast<UINT>(NM_CUSTOMDRAW)};
-        news.dwDrawStage = stage;
-        news.hdc = dc;
-        news.rc = {10, 2, 48, 27};
-        SetTextColor(dc, RGB(1, 2, 3));
-        SetBkMode(dc, OPAQUE);
-        const LRESULT result = SendMessageW(calculatorWindows.container, WM_NOTIFY, news.hdr.idFrom,
-                                            reinterpret_cast<LPARAM>(&news));
-        EXPECT_EQ(GetTextColor(dc), RGB(1, 2, 3));
-        EXPECT_EQ(GetBkMode(dc), OPAQUE);
-        return result;
-    };
-    // Counts pixels, and whether they lie in the key and have its colour.
-    const auto drawn = [dc](COLORREF colour) {
-        int32_t count = 0;
-        for (int32_t y = 0; y < 30; y++) {
-            for (int32_t x = 0; x < 60; x++) {
-                const COLORREF pixel = GetPixel(dc, x, y);
-                if (pixel == colour) {
-                    EXPECT_TRUE(x >= 13 && x < 45 && y >= 2 && y < 27) << x << ", " << y;
-                    count++;
-                }
-            }
-        }
-        return count;
-    };
-    for (int32_t i = 0; i < 67; i++) {
-        const KeyInfo key = KeypadEntry(i, StyleOfKeypad(settings, osVersionCode));
-        const bool enabled = IsWindowEnabled(KeyWindow(i)) != FALSE;
-        const RgbColour& colour = KeyColours[key.colourClass];
-        EXPECT_EQ(draw(KeyWindow(i), CDDS_PREPAINT), enabled ? CDRF_SKIPDEFAULT : CDRF_DODEFAULT);
-        EXPECT_EQ(drawn(RGB(colour.red, colour.green, colour.blue)) > 0, enabled)
-            << i << " "
-            << std::string(key.caption,
-                           key.caption + std::char_traits<char16_t>::length(key.caption));
-        EXPECT_EQ(draw(KeyWindow(i), CDDS_PREERASE), CDRF_DODEFAULT);
-        EXPECT_EQ(draw(KeyWindow(i), CDDS_POSTPAINT), CDRF_DODEFAULT);
-    }
-    EXPECT_EQ(draw(ControlOf(ContainerCaseKey), CDDS_PREPAINT), CDRF_DODEFAULT);
-    EXPECT_EQ(draw(ControlOf(ContainerTypeSlider), CDDS_PREPAINT), CDRF_DODEFAULT);
-    SelectObject(dc, before);
-    DeleteObject(bitmap);
-    DeleteDC(dc);
-}
-
 TEST_F(CalculatorPageTest, TheResultFieldTakesNoChanges) {
     GiveResult(u"1234");
     const HWND field = ControlOf(CalculatorResult);
