@@ -25,6 +25,10 @@ protected:
         SendMessageW(variablesWindow, WM_COMMAND, MAKEWPARAM(0, LBN_SELCHANGE),
                      reinterpret_cast<LPARAM>(list));
     }
+    static void ClickWithoutFocus(HWND button) {
+        SendMessageW(variablesWindow, WM_COMMAND, MAKEWPARAM(0, BN_CLICKED),
+                     reinterpret_cast<LPARAM>(button));
+    }
     LRESULT Selected() { return SendMessageW(list, LB_GETCURSEL, 0, 0); }
     static void Type(HWND box, const std::u16string& text) {
         SetFocus(box);
@@ -176,6 +180,19 @@ TEST_F(VariablesWindowTest, ARowThatIsSelectedWhileANameIsTypedStaysSelected) {
     EXPECT_EQ(WholeText(name), u"var00");
 }
 
+TEST_F(VariablesWindowTest, WhatIsTypedIsNotLostToAButtonThatTakesNoFocus) {
+    Add();
+    Type(name, u"x");
+    Type(value, u"7");
+    ClickWithoutFocus(add);
+    EXPECT_EQ(VariableNames(), u"x var00 ");
+    EXPECT_EQ(Stored(0), u"7");
+    Type(name, u"y");
+    ClickWithoutFocus(assign);
+    EXPECT_EQ(VariableNames(), u"x y ");
+    EXPECT_EQ(WholeText(name), u"y");
+}
+
 TEST_F(VariablesWindowTest, LookingAtVariablesChangesNone) {
     Add();
     Add();
@@ -247,15 +264,25 @@ TEST_F(VariablesWindowTest, ShowsValuesWithTheSeparatorThatIsInForceWhenItIsActi
     EXPECT_FALSE(variableTable.variablesChanged);
 }
 
+TEST_F(VariablesWindowTest, BoxesStayAsTheyAreWhenItIsActivatedWithTheSameSeparator) {
+    Add();
+    Type(value, u"12345");
+    SendMessageW(value, EM_SETSEL, 1, 3);
+    SetActiveWindow(calculatorWindows.page);
+    SetActiveWindow(variablesWindow);
+    EXPECT_EQ(SelectionIn(value), std::pair(DWORD{1}, DWORD{3}));
+}
+
 TEST_F(VariablesWindowTest, ClosingActivatesThePageAndKeepsTheTable) {
     Add();
-    SetActiveWindow(variablesWindow);
+    ShowProgramWindow(mainWindow);
     SendMessageW(variablesWindow, WM_CLOSE, 0, 0);
     EXPECT_TRUE(IsWindow(variablesWindow));
     EXPECT_FALSE(IsWindowVisible(variablesWindow));
     EXPECT_EQ(GetActiveWindow(), calculatorWindows.page);
     Press(ActionShowVariables);
     EXPECT_EQ(VariableNames(), u"var00 ");
+    ShowWindow(mainWindow, SW_HIDE);
 }
 
 TEST_F(VariablesWindowTest, ClosesWithThePage) {
