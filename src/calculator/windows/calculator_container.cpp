@@ -1,6 +1,5 @@
 #include "calculator/windows/calculator_container.h"
 
-#include "calculator/calc_phase.h"
 #include "calculator/calculator_settings.h"
 #include "calculator/calculator_sliders.h"
 #include "calculator/windows/calculator_controls.h"
