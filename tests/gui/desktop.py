@@ -70,8 +70,8 @@ def around(*places):
     return left, top, right - left, bottom - top
 
 
-class Picture:
-    """The pixels of a place of the screen as they were."""
+class Pixels:
+    """Those of a place of the screen as they were."""
 
     def __init__(self, rect, pixels):
         self.rect = rect
@@ -185,15 +185,15 @@ class Display:
             self.environment)
         return path
 
-    def picture(self, rect):
+    def pixels_of(self, rect):
         """What is seen now at a place of the screen."""
         x, y, width, height = rect
-        picture = subprocess.run(
+        pixels = subprocess.run(
             ["import", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}", "+repage",
              "-depth", "8", "rgb:-"],
             env=self.environment, stdin=subprocess.DEVNULL, check=True, timeout=SECONDS,
             stdout=subprocess.PIPE, stderr=self.log).stdout
-        return Picture(rect, picture)
+        return Pixels(rect, pixels)
 
     def close(self):
         stop(self.manager)

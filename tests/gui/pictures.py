@@ -3,15 +3,15 @@
 A window that is new gets its method here and a line in take_all.
 """
 
+from calculator_case import VARIABLES, CalculatorCase
 from gui_case import MAIN_TITLE
-from options_case import OptionsCase
 from program import MENU_CLASS, MESSAGE_BOX_CLASS, middle
 
 LIST_CLASS = "ComboLBox"  # of the rows of a drop list
 INFO = 302  # its menu item
 
 
-class Pictures(OptionsCase):
+class Pictures(CalculatorCase):
     """Not a test: borrows what the tests have."""
 
     def take_all(self, language, dpi):
@@ -24,6 +24,7 @@ class Pictures(OptionsCase):
             self.take_menu(program)
             self.take_options(program)
             self.take_about(program)
+            self.take_calculator(program)
         finally:
             self.doCleanups()
         return self.files
@@ -72,3 +73,27 @@ class Pictures(OptionsCase):
         self.choose_menu(program, INFO)
         about = program.wait_for_window(self.texts["TextAboutAbout"].replace("%s", "Tallymere"))
         self.take("about", about)
+
+        self.display.press("alt+F4")
+        program.wait_until_hidden(about.text)
+
+    def take_calculator(self, program):
+        """The page in all types, from the rarest to the one that it starts with, and its
+        variables."""
+        self.program = program
+        self.open_calculator()
+        for number_type, formula in (("cplx", "(1+2*i)^3"), ("rat", "(1/3+1/7)^5"),
+                                     ("uint", "2^64-1"), ("real", "2*sin(1)")):
+            self.choose_type(number_type)
+            self.take(f"calculator-{number_type}", self.evaluate(formula).window)
+        self.press_keys(VARIABLES)
+        variables = program.wait_for_window(self.texts["TextVarCalculatorVariables"])
+        self.click(variables.control("button", self.texts["TextVarAddVariable"]))
+        program.wait_for(lambda: self.variable_rows(program, variables.text) == ["var00"],
+                         "a variable")
+        self.take("variables", variables)
+
+    def variable_rows(self, program, title):
+        rows, = [control.rows for control in program.find(title=title).walk()
+                 if control.class_name.lower() == "listbox"]
+        return rows
