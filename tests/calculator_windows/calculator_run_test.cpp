@@ -236,6 +236,15 @@ TEST_F(CalculatorRunTest, AnErrorIsReportedAndTheOldResultStaysGrey) {
     EXPECT_EQ(Result(), u"7");
 }
 
+TEST_F(CalculatorRunTest, AFormulaThatLacksNothingKeepsItsCaret) {
+    SetFormula(u"1+2");
+    SendMessageW(ControlOf(CalculatorFormula), EM_SETSEL, 1, 2);
+    Press(ActionEvaluate);
+    FinishRun();
+    EXPECT_EQ(SelectionIn(ControlOf(CalculatorFormula)), std::pair(DWORD{1}, DWORD{2}));
+    EXPECT_EQ(Formula(), u"1+2");
+}
+
 TEST_F(CalculatorRunTest, WhatIsNoFractionMovesTheSliderToReal) {
     ChooseType(NumberTypeRational);
     settings.settingsDirty = false;
