@@ -15,7 +15,9 @@ import shutil
 import subprocess
 import sys
 import time
+from collections import defaultdict
 from concurrent.futures import ThreadPoolExecutor
+from contextlib import ExitStack
 from dataclasses import dataclass, field
 from pathlib import Path
 from threading import Lock
@@ -44,6 +46,8 @@ SECONDS_PER_PROGRAM = 900
 # What is busy all the time gives way to the scripts on the desktops.
 GIVING_WAY = ["nice", "-n", "10"]
 TAIL_LINES = 40
+# What programs lock, by the name that CMake gives it.
+RESOURCES = defaultdict(Lock)
 
 ENVIRONMENT = {
     "ASAN_OPTIONS": "detect_stack_use_after_return=1:strict_string_checks=1",
@@ -59,6 +63,7 @@ class Program:
     command: list
     environment: dict = field(default_factory=dict)
     has_windows: bool = False  # needs a desktop
+    locks: list = field(default_factory=list)  # names of what only one program at a time may use
 
 
 class Totals:
@@ -144,7 +149,7 @@ def test_programs(preset, kind):
         environment = dict(item.split("=", 1) for item in properties.get("ENVIRONMENT", []))
         has_windows = "windows" in properties.get("LABELS", [])
         yield Program("desktop" if has_windows else kind, test["name"], test["command"],
-                      environment, has_windows)
+                      environment, has_windows, properties.get("RESOURCE_LOCK", []))
 
 
 def count_cases(output, status):
@@ -175,9 +180,19 @@ def count_cases(output, status):
     return passed, failed
 
 
+def resources_of(program):
+    """Waits until no other program uses them, and gives them back at the end of its context."""
+    held = ExitStack()
+    for name in sorted(program.locks):
+        held.enter_context(RESOURCES[name])
+    return held
+
+
 def run_program(program, totals, prefix=()):
-    started, log = time.monotonic(), fresh_log(f"{program.kind}-{program.name}")
-    status = run_logged([*prefix, *program.command], log, SECONDS_PER_PROGRAM, program.environment)
+    with resources_of(program):
+        started, log = time.monotonic(), fresh_log(f"{program.kind}-{program.name}")
+        status = run_logged([*prefix, *program.command], log, SECONDS_PER_PROGRAM,
+                            program.environment)
     passed, failed = count_cases(log.read_text(encoding="utf-8", errors="replace"), status)
     totals.add(passed, failed)
     outcome = f"{passed} passed, {failed} failed"

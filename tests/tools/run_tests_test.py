@@ -7,7 +7,8 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(ROOT / "tools"))
-from run_tests import LONG_PROGRAMS, Program, count_cases, longest_first  # noqa: E402
+from run_tests import (  # noqa: E402
+    LONG_PROGRAMS, RESOURCES, Program, count_cases, longest_first, resources_of)
 
 
 class CountCasesTest(unittest.TestCase):
@@ -49,6 +50,21 @@ class CountCasesTest(unittest.TestCase):
     def test_a_bad_exit_status_after_good_output_failed(self):
         self.assertEqual((5, 1), count_cases(
             "[==========] 5 tests from 2 test suites ran. (1 ms total)\n[  PASSED  ] 5 tests.\n", 1))
+
+
+class ResourcesTest(unittest.TestCase):
+    def test_one_program_at_a_time_has_what_it_locks(self):
+        first = Program("Windows", "toolkit", [], locks=["screen", "keys"])
+        with resources_of(first):
+            self.assertTrue(RESOURCES["screen"].locked() and RESOURCES["keys"].locked())
+            with resources_of(Program("Windows", "core", [])):
+                pass
+        with resources_of(Program("Windows", "shell_windows", [], locks=["keys"])):
+            self.assertFalse(RESOURCES["screen"].locked())
+
+    def test_programs_with_windows_of_their_own_lock_the_foreground(self):
+        lists = (ROOT / "tests" / "CMakeLists.txt").read_text()
+        self.assertRegex(lists, r"DISPLAY=\" RESOURCE_LOCK foreground\)")
 
 
 class LongestFirstTest(unittest.TestCase):
