@@ -458,6 +458,32 @@ TEST_F(CalculatorPageTest, EditingTheFormulaMakesTheResultStale) {
     }
 }
 
+TEST_F(CalculatorPageTest, WhatChangesItsColourIsPaintedAnew) {
+    const auto paintAll = [] {
+        RedrawWindow(calculatorWindows.page, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    };
+    const auto isToBePainted = [](HWND control) {
+        return GetUpdateRect(control, nullptr, FALSE) != FALSE;
+    };
+    const HWND result = ControlOf(CalculatorResult);
+    GiveResult();
+    paintAll();
+    EXPECT_FALSE(isToBePainted(result));
+    SendMessageW(ControlOf(CalculatorFormula), WM_CHAR, u'2', 1);
+    EXPECT_TRUE(isToBePainted(result));
+
+    const HWND real = ControlOf(ContainerTypeReal);
+    const HWND degrees = ControlOf(ContainerAngleDeg);
+    paintAll();
+    Scroll(ContainerTypeSlider, 300'003, SB_THUMBTRACK);
+    EXPECT_TRUE(isToBePainted(real));
+    EXPECT_FALSE(isToBePainted(degrees));
+    paintAll();
+    Scroll(ContainerAngleSlider, 200'000, SB_THUMBTRACK);
+    EXPECT_TRUE(isToBePainted(degrees));
+    EXPECT_FALSE(isToBePainted(real));
+}
+
 TEST_F(CalculatorPageTest, AFormulaWithTheFocusIsOneToKeep) {
     SetFocus(ControlOf(CalculatorResult));
     calculator.formulaTouched = false;

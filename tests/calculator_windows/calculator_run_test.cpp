@@ -294,8 +294,11 @@ TEST_F(CalculatorRunTest, WhatIsTypedAfterAKeyGoesToTheFormula) {
     FinishRun();
     EXPECT_EQ(Result(), u"42");
     EXPECT_EQ(GetFocus(), sink);
-    PressKey(sink, VK_SPACE);
-    PressKey(sink, VK_RETURN);
+    for (const WPARAM key : {VK_SPACE, VK_RETURN}) {
+        SendMessageW(sink, WM_KEYDOWN, key, 1);
+        EXPECT_EQ(SendMessageW(sink, BM_GETSTATE, 0, 0) & BST_PUSHED, 0) << "the sink is no key";
+        SendMessageW(sink, WM_KEYUP, key, 1);
+    }
     EXPECT_TRUE(calculator.resultValid);
     SendMessageW(sink, WM_CHAR, u'7', 1);
     EXPECT_EQ(Formula(), u"7");
