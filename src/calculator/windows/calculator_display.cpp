@@ -6,6 +6,7 @@
 #include "calculator/calculator_settings.h"
 #include "calculator/result_forms.h"
 #include "calculator/windows/calculator_controls.h"
+#include "calculator/windows/long_text_field.h"
 #include "shell/windows/fonts.h"
 #include "toolkit/control_data.h"
 #include "toolkit/control_focus.h"
@@ -112,7 +113,7 @@ void ShowResultText(const char16_t* text) {
     if (text == nullptr) {
         return;
     }
-    SetWindowTextW(ControlOf(CalculatorResult), ToWide(text));
+    WriteLongText(ControlOf(CalculatorResult), text);
     if (const int32_t digits = ResultDigitCount(); digits >= 0) {
         ShowDigitCount(ControlOf(ContainerDigitCount), digits);
     }

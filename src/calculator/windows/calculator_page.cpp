@@ -8,6 +8,7 @@
 #include "calculator/windows/calculator_display.h"
 #include "calculator/windows/calculator_run.h"
 #include "calculator/windows/colours.h"
+#include "calculator/windows/long_text_field.h"
 #include "shell/windows/calc_thread.h"
 #include "shell/windows/error_report.h"
 #include "shell/windows/form_windows.h"
@@ -36,9 +37,9 @@ void LayOutPage() {
     const CalculatorLayout layout =
         LayOutCalculator({FromScreenPixels(client.width), FromScreenPixels(client.height)},
                          {FromScreenPixels(heights.formula), FromScreenPixels(heights.result)});
-    PlaceControl(ControlOf(CalculatorFormula), layout.formula);
+    PlaceLongTextField(ControlOf(CalculatorFormula), ToScreenPixels(layout.formula));
     PlaceControl(ControlOf(CalculatorSplitter), layout.splitter);
-    PlaceControl(ControlOf(CalculatorResult), layout.result);
+    PlaceLongTextField(ControlOf(CalculatorResult), ToScreenPixels(layout.result));
     PlaceControl(calculatorWindows.container, layout.container);
 }
 
@@ -47,14 +48,13 @@ bool MoveSplitter(HWND, int32_t difference) {
     if (!MoveCalculatorSplitter(heights, difference, screenDpi)) {
         return false;
     }
-    const HWND formula = ControlOf(CalculatorFormula);
-    const LayoutRect above = PlaceInParent(formula);
-    SetWindowPos(formula, nullptr, 0, 0, above.width, heights.formula,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    const HWND result = ControlOf(CalculatorResult);
-    const LayoutRect below = PlaceInParent(result);
-    SetWindowPos(result, nullptr, below.x, below.y + difference, below.width, heights.result,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    LayoutRect formula = PlaceInParent(ControlOf(CalculatorFormula));
+    formula.height = heights.formula;
+    PlaceLongTextField(ControlOf(CalculatorFormula), formula);
+    LayoutRect result = PlaceInParent(ControlOf(CalculatorResult));
+    result.y += difference;
+    result.height = heights.result;
+    PlaceLongTextField(ControlOf(CalculatorResult), result);
     return true;
 }
 
@@ -79,6 +79,7 @@ LRESULT FormulaHandler(HWND field, UINT message, WPARAM wParam, LPARAM, bool& ca
         SetFocus(field);
     } else if (ChangesFieldText(message, wParam)) {
         FormulaChanges();
+        callDefault = message != WM_PASTE || !PasteLongText(field);
     }
     return 0;
 }
