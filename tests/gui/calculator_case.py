@@ -100,8 +100,8 @@ class Calculator:
 
     @property
     def digits(self):
-        """The text of the count of digits."""
-        return self.digit_count.children[0].text
+        """What the count of digits says."""
+        return self.digit_count.children[1].text.strip()
 
     @property
     def type(self):
@@ -110,6 +110,10 @@ class Calculator:
     @property
     def angle(self):
         return ANGLES[self.angle_slider.position - 200000]
+
+    def state(self):
+        """What changes with a key that does something."""
+        return self.formula.text, self.result.text, self.has_valid_result
 
     @property
     def has_valid_result(self):
@@ -174,8 +178,9 @@ class CalculatorCase(OptionsCase):
                                         f"the formula {text!r}")
 
     def wait_for_result(self, text):
-        return self.wait_for_page_where(lambda page: page.result.text == text,
-                                        f"the result {text!r}")
+        return self.wait_for_page_where(
+            lambda page: page.result.text == text and page.has_valid_result and not page.is_busy,
+            f"the result {text!r}")
 
     def calculate(self, formula, result):
         """Types a formula and presses Return; the page once it shows that result."""
@@ -193,21 +198,43 @@ class CalculatorCase(OptionsCase):
     def press_keys(self, *keys):
         """Clicks keys one after the other, each told by its index or its caption."""
         page = self.page()
-        self.display.click_all([
-            (page.keys[key] if isinstance(key, int) else page.key(key)).middle() for key in keys])
+        places = [(page.keys[key] if isinstance(key, int) else page.key(key)).middle()
+                  for key in keys]
+        if page.has_valid_result and keys[0] != VARIABLES:
+            self.press_until_heard(places.pop(0), page)
+        if places:
+            self.display.click_all(places)
+
+    def press_until_heard(self, place, before):
+        """Clicks a key that changes something. For a moment after a run that took so long that Stop
+        was shown, no key does anything. That the focus has come to the result tells that the click
+        of the key before has been looked at."""
+        def is_heard():
+            self.display.click_all([place, before.result.middle()])
+            page = self.wait_for_page_where(lambda page: page.result.focused, "the focus")
+            return page.state() != before.state()
+        self.program.wait_for(is_heard, "a key to be heard")
+
+    def clear_formula(self):
+        def is_cleared():
+            self.display.click_all([self.page().keys[CLEAR_FORMULA].middle()])
+            return not self.page().formula.text
+        self.program.wait_for(is_cleared, "an empty formula")
 
     def enter(self, formula):
         """Types a new formula and Return, and waits for nothing."""
-        self.press_keys(CLEAR_FORMULA)
+        self.clear_formula()
         self.display.type_text(formula)
         self.display.press("Return")
 
     def evaluate(self, formula):
         """Types a new formula and Return. The page once it has the result."""
         self.enter(formula)
-        return self.wait_for_page_where(
+        self.wait_for_page_where(
             lambda page: page.formula.text.rstrip(")") == formula.rstrip(")")
             and page.has_valid_result and not page.is_busy, f"the result of {formula!r}")
+        # The result may have come while the page was told, control by control.
+        return self.page()
 
     def result_of(self, formula):
         return self.evaluate(formula).result.text
@@ -227,7 +254,7 @@ class CalculatorCase(OptionsCase):
     def paste_formula(self, text):
         """Puts a new formula into the field from the clipboard."""
         self.program.probe.put_on_clipboard(text)
-        self.press_keys(CLEAR_FORMULA)
+        self.clear_formula()
         self.focus_formula()
         self.display.press("ctrl+v")
 
