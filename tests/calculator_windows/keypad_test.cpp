@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "calculator/calc_phase.h"
+#include "calculator/windows/calculator_display.h"
 #include "calculator_windows/calculator_windows.h"
 #include "toolkit/control_data.h"
 
@@ -53,6 +54,28 @@ TEST_F(KeypadWindows, KeysWithoutActionAreDisabled) {
                                         action == ActionSwitchMixed;
             EXPECT_EQ(IsEnabled(i), action != ActionNone && !waitsForResult) << i;
         }
+    }
+}
+
+int32_t messagesToKeys = 0;
+
+LRESULT CountMessages(HWND, UINT, WPARAM, LPARAM, bool&) {
+    messagesToKeys++;
+    return 0;
+}
+
+TEST_F(KeypadWindows, KeysThatStayAsTheyAreGetNoMessage) {
+    for (int32_t i = 0; i < KeyCount; i++) {
+        SetControlHandler(KeyWindow(i), CountMessages);
+    }
+    messagesToKeys = 0;
+    ShowKeys();
+    EXPECT_EQ(messagesToKeys, 0);
+    calculator.ansAvailable = true;
+    ShowKeys();
+    EXPECT_GT(messagesToKeys, 0);
+    for (int32_t i = 0; i < KeyCount; i++) {
+        SetControlHandler(KeyWindow(i), nullptr);
     }
 }
 

@@ -1,12 +1,12 @@
 #include "calculator/windows/calculator_display.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include "calculator/calc_phase.h"
 #include "calculator/calculator_settings.h"
 #include "calculator/result_forms.h"
 #include "calculator/windows/calculator_controls.h"
-#include "calculator/windows/long_text_field.h"
 #include "shell/windows/fonts.h"
 #include "toolkit/control_data.h"
 #include "toolkit/control_focus.h"
@@ -21,22 +21,27 @@ namespace {
 HFONT fieldFont = nullptr;
 HFONT keyFonts[KeyFontCount] = {};
 
-bool HasCaption(HWND key, std::u16string_view caption) {
-    char16_t shown[KeyCaptionCharacters + 1];
-    GetWindowTextW(key, ToWide(shown), KeyCaptionCharacters + 1);
-    return shown == caption;
-}
+// How the keys look, so that one that stays as it is costs no message to it: between the press of
+// "=" and the result every key is looked at.
+struct ShownKey {
+    KeyView view;
+    bool isShown;
+};
+ShownKey shownKeys[KeyCount] = {};
 
-// Only what changed is touched, so that the keypad does not flicker.
-void ShowKey(HWND key, const KeyView& view) {
-    const HFONT font = keyFonts[view.info.font];
-    if (reinterpret_cast<HFONT>(SendMessageW(key, WM_GETFONT, 0, 0)) != font) {
-        SendMessageW(key, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+void ShowKey(int32_t index, const KeyView& view) {
+    ShownKey& shown = shownKeys[index];
+    const HWND key = KeyWindow(index);
+    if (!shown.isShown || shown.view.info.font != view.info.font) {
+        SendMessageW(key, WM_SETFONT, reinterpret_cast<WPARAM>(keyFonts[view.info.font]), TRUE);
     }
-    if (!HasCaption(key, view.info.caption)) {
+    if (!shown.isShown || std::u16string_view(shown.view.info.caption) != view.info.caption) {
         SetWindowTextW(key, ToWide(view.info.caption));
     }
-    EnableWindow(key, view.enabled);
+    if (!shown.isShown || shown.view.enabled != view.enabled) {
+        EnableWindow(key, view.enabled);
+    }
+    shown = {view, true};
 }
 
 void RepaintLabels(ContainerControl first, ContainerControl last) {
@@ -53,6 +58,7 @@ bool DependsOnTypeAlone(int32_t control) {
 }  // namespace
 
 void MakeCalculatorFonts() {
+    std::fill_n(shownKeys, KeyCount, ShownKey{});
     fieldFont = MakeFont(CalculatorFieldFont);
     for (int32_t i = 0; i < KeyFontCount; i++) {
         keyFonts[i] = MakeFont(KeyFonts[i]);
@@ -77,7 +83,7 @@ void ShowKeys() {
     }
     const KeypadStyle style = StyleOfKeypad(settings, osVersionCode);
     for (int32_t i = 0; i < KeyCount; i++) {
-        ShowKey(KeyWindow(i), ViewOfKey(i, style));
+        ShowKey(i, ViewOfKey(i, style));
     }
 }
 
@@ -113,7 +119,7 @@ void ShowResultText(const char16_t* text) {
     if (text == nullptr) {
         return;
     }
-    WriteLongText(ControlOf(CalculatorResult), text);
+    SetWindowTextW(ControlOf(CalculatorResult), ToWide(text));
     if (const int32_t digits = ResultDigitCount(); digits >= 0) {
         ShowDigitCount(ControlOf(ContainerDigitCount), digits);
     }

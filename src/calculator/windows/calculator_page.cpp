@@ -8,13 +8,13 @@
 #include "calculator/windows/calculator_display.h"
 #include "calculator/windows/calculator_run.h"
 #include "calculator/windows/colours.h"
-#include "calculator/windows/long_text_field.h"
 #include "shell/windows/calc_thread.h"
 #include "shell/windows/error_report.h"
 #include "shell/windows/form_windows.h"
 #include "shell/windows/program_windows.h"
 #include "toolkit/control_data.h"
 #include "toolkit/environment.h"
+#include "toolkit/long_text_field.h"
 #include "toolkit/splitter_control.h"
 
 namespace tallymere {
@@ -37,9 +37,9 @@ void LayOutPage() {
     const CalculatorLayout layout =
         LayOutCalculator({FromScreenPixels(client.width), FromScreenPixels(client.height)},
                          {FromScreenPixels(heights.formula), FromScreenPixels(heights.result)});
-    PlaceLongTextField(ControlOf(CalculatorFormula), ToScreenPixels(layout.formula));
+    PlaceControl(ControlOf(CalculatorFormula), layout.formula);
     PlaceControl(ControlOf(CalculatorSplitter), layout.splitter);
-    PlaceLongTextField(ControlOf(CalculatorResult), ToScreenPixels(layout.result));
+    PlaceControl(ControlOf(CalculatorResult), layout.result);
     PlaceControl(calculatorWindows.container, layout.container);
 }
 
@@ -48,13 +48,14 @@ bool MoveSplitter(HWND, int32_t difference) {
     if (!MoveCalculatorSplitter(heights, difference, screenDpi)) {
         return false;
     }
-    LayoutRect formula = PlaceInParent(ControlOf(CalculatorFormula));
-    formula.height = heights.formula;
-    PlaceLongTextField(ControlOf(CalculatorFormula), formula);
-    LayoutRect result = PlaceInParent(ControlOf(CalculatorResult));
-    result.y += difference;
-    result.height = heights.result;
-    PlaceLongTextField(ControlOf(CalculatorResult), result);
+    const HWND formula = ControlOf(CalculatorFormula);
+    const LayoutRect above = PlaceInParent(formula);
+    SetWindowPos(formula, nullptr, 0, 0, above.width, heights.formula,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    const HWND result = ControlOf(CalculatorResult);
+    const LayoutRect below = PlaceInParent(result);
+    SetWindowPos(result, nullptr, below.x, below.y + difference, below.width, heights.result,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
     return true;
 }
 
@@ -70,18 +71,18 @@ void FormulaChanges() {
     }
 }
 
-LRESULT FormulaHandler(HWND field, UINT message, WPARAM wParam, LPARAM, bool& callDefault) {
+LRESULT FormulaHandler(HWND field, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
     if (message == WM_SETFOCUS) {
         calculator.formulaTouched = true;
     } else if (message == WM_CHAR && wParam == FieldReturn) {
         callDefault = false;
         ClickEvaluate();
         SetFocus(field);
+        return 0;
     } else if (ChangesFieldText(message, wParam)) {
         FormulaChanges();
-        callDefault = message != WM_PASTE || !PasteLongText(field);
     }
-    return 0;
+    return HandleLongText(field, message, wParam, lParam, callDefault);
 }
 
 // What is typed after a click on the keypad is meant for the formula, and follows the rule of the
@@ -112,9 +113,12 @@ LRESULT FocusSinkHandler(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool&
 }
 
 // The field is not read-only, which would make it grey, but takes no changes.
-LRESULT ResultHandler(HWND, UINT message, WPARAM wParam, LPARAM, bool& callDefault) {
-    callDefault = !ChangesFieldText(message, wParam);
-    return 0;
+LRESULT ResultHandler(HWND field, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
+    if (ChangesFieldText(message, wParam)) {
+        callDefault = false;
+        return 0;
+    }
+    return HandleLongText(field, message, wParam, lParam, callDefault);
 }
 
 HBRUSH PrepareResult(HDC dc) {

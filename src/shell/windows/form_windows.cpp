@@ -2,6 +2,7 @@
 
 #include "layout/control_kinds.h"
 #include "toolkit/digit_count_control.h"
+#include "toolkit/long_text_field.h"
 #include "toolkit/number_base_control.h"
 #include "toolkit/numeric_up_down.h"
 #include "toolkit/splitter_control.h"
@@ -56,8 +57,7 @@ HWND CreateFormControl(HWND parent, const FormControl& control) {
         case FormField:
             return CreateEdit(parent, control.place, text, ES_AUTOHSCROLL, WS_EX_CLIENTEDGE);
         case FormMultilineField:
-            return CreateEdit(parent, control.place, text,
-                              ES_MULTILINE | ES_AUTOVSCROLL | WS_VSCROLL, WS_EX_CLIENTEDGE);
+            return CreateLongTextField(parent, control.place, text);
         case FormList:
             return CreateControl(parent, ListBoxClass, control.place, text,
                                  WS_VSCROLL | WS_TABSTOP | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,

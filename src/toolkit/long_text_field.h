@@ -1,0 +1,20 @@
+// A multi-line field for texts of any length. The system's control behind it gets long lines with
+// soft breaks, see layout/soft_breaks.h; who writes, reads or selects the text through messages
+// never meets them.
+#pragma once
+
+#include "layout/logical_units.h"
+#include "toolkit/win32.h"
+
+namespace tallymere {
+
+/// An edit control with frame and vertical scroll bar whose handler is HandleLongText; `place` in
+/// logical units.
+HWND CreateLongTextField(HWND parent, const LayoutRect& place, const char16_t* text);
+
+/// The handler of such a field. A handler that takes its place gives it all messages that it does
+/// not keep for itself. Text and selection work as in any edit control; only the numbers of lines
+/// and what undo brings back are the system control's own.
+LRESULT HandleLongText(HWND field, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault);
+
+}  // namespace tallymere
