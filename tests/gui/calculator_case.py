@@ -45,10 +45,11 @@ def lay_out(width, height, formula, result):
             [0, height - CONTAINER_HEIGHT, 370, CONTAINER_HEIGHT]]
 
 
-def console_results(*formulas, language="en", **options):
+def console_results(*formulas, language="en", flags=(), **options):
     """What the console answers to formulas, one text for each. While a program with windows runs,
     it is of the same language: under Wine a user has the number habits of the last program."""
     words = [f"--{name}={value}" for name, value in options.items()]
+    words += [f"--{flag}" for flag in flags]
     answer = subprocess.run(
         [str(WINE_RUN), os.environ["TALLYMERE_CONSOLE"], *words],
         env=desktop().prefix.environment_of(LOCALES[language]),
