@@ -368,7 +368,16 @@ HWND CreateLongTextField(HWND parent, const LayoutRect& place, const char16_t* t
     return field;
 }
 
+bool IsPasteKey(UINT message, WPARAM wParam) {
+    return message == WM_KEYDOWN && wParam == VK_INSERT && GetKeyState(VK_SHIFT) < 0;
+}
+
 LRESULT HandleLongText(HWND field, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
+    if (IsPasteKey(message, wParam)) {
+        callDefault = false;
+        SendMessageW(field, WM_PASTE, 0, 0);
+        return 0;
+    }
     switch (message) {
         case WM_SETTEXT:
             callDefault = false;

@@ -17,4 +17,8 @@ HWND CreateLongTextField(HWND parent, const LayoutRect& place, const char16_t* t
 /// and what undo brings back are the system control's own.
 LRESULT HandleLongText(HWND field, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault);
 
+/// Whether a message is Shift+Insert, for which the system's control may paste without the message
+/// for it, and HandleLongText sends it.
+bool IsPasteKey(UINT message, WPARAM wParam);
+
 }  // namespace tallymere

@@ -108,6 +108,9 @@ LRESULT FocusSinkHandler(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool&
                (ChangesFieldText(message, wParam) || wParam == FieldPasteKey)) {
         callDefault = false;
         TypeIntoFormula(wParam, lParam);
+    } else if (IsPasteKey(message, wParam)) {
+        callDefault = false;
+        TypeIntoFormula(FieldPasteKey, lParam);
     }
     return 0;
 }
