@@ -189,6 +189,10 @@ class CalculatorCase(OptionsCase):
         self.display.press("Return")
         return self.wait_for_result(result)
 
+    def wait_for_valid_result(self):
+        return self.wait_for_page_where(
+            lambda page: page.has_valid_result and not page.is_busy, "a result")
+
     def wait_for_stale_result(self):
         return self.wait_for_page_where(lambda page: not page.has_valid_result, "a stale result")
 
@@ -208,11 +212,14 @@ class CalculatorCase(OptionsCase):
 
     def press_until_heard(self, place, before):
         """Clicks a key that changes something. For a moment after a run that took so long that Stop
-        was shown, no key does anything. That the focus has come to the result tells that the click
-        of the key before has been looked at."""
+        was shown, no key does anything. That the focus has come to the sink tells that the click
+        was looked at."""
         def is_heard():
-            self.display.click_all([place, before.result.middle()])
-            page = self.wait_for_page_where(lambda page: page.result.focused, "the focus")
+            if self.page().sink.focused:
+                self.click(before.result)
+                self.wait_for_page_where(lambda page: page.result.focused, "the focus on the result")
+            self.display.click_all([place])
+            page = self.wait_for_page_where(lambda page: page.sink.focused, "the focus on the sink")
             return page.state() != before.state()
         self.program.wait_for(is_heard, "a key to be heard")
 
@@ -227,6 +234,15 @@ class CalculatorCase(OptionsCase):
         self.clear_formula()
         self.display.type_text(formula)
         self.display.press("Return")
+
+    def press_return(self):
+        """Presses Return in the fields until it has evaluated the formula, whose result was stale:
+        for a moment after a run that took so long that Stop was shown, Return does nothing either."""
+        def is_heard():
+            self.display.press("Return")
+            page = self.page()
+            return page.is_busy or page.has_valid_result
+        self.program.wait_for(is_heard, "Return to be heard")
 
     def evaluate(self, formula):
         """Types a new formula and Return. The page once it has the result."""
@@ -299,7 +315,8 @@ class CalculatorCase(OptionsCase):
         self.assertIn(line, self.settings_bytes().decode("utf-16").splitlines())
 
     def expect_message(self, text):
-        """The message box that says that text; it is closed by Return."""
+        """The message box that says that text; it is closed by Return. The window manager has the
+        keyboard lead to the main window then, which alone is in its list of windows."""
         title = self.texts["TextErrError"]
         box = self.program.wait_for_window(title, MESSAGE_BOX_CLASS)
         self.assertIn(text, [control.text for control in box.walk()])
