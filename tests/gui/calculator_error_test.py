@@ -5,7 +5,7 @@ import unittest
 
 from calculator_case import CalculatorCase, calculator_settings
 
-# Formulas by number type, and the text and the place that are told.
+# Formulas by number type, the name of the text shown and the place that it names.
 ERRORS = {
     "real": [
         ("2+*3", "TextFormulaSyntaxError", 3),
@@ -25,7 +25,7 @@ ERRORS = {
         ("0.5", "TextFormulaNumberAnInvalidFormat", 1),
     ],
     "cplx": [("powmod(2;3;5)", "TextFormulaFunctionAvailableSetNumber", 1)],
-    # What is no fraction is tried as a real number, and the second error is told.
+    # What is no fraction is tried as a real number, and it is the second error that is shown.
     "rat": [("1/3+i", "TextFormulaFunctionNumberRequiresComplex", 5),
             ("sqrt(-2)", "TextFormulaOverflow", 8)],
 }
