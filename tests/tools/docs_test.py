@@ -40,7 +40,7 @@ class DocsTest(unittest.TestCase):
             for name in named_in(document):
                 if re.fullmatch(r"(?:[A-Z][a-z0-9]+){2,}", name):
                     with self.subTest(document=document.name, name=name):
-                        self.assertRegex(declared, rf"\b{name}\b")
+                        self.assertTrue(re.search(rf"\b{name}\b", declared))
 
     def test_the_readme_names_the_words_of_formulas(self):
         table = (ROOT / "src/formula/formula_keywords.cpp").read_text(encoding="utf-8")
