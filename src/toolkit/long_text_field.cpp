@@ -1,12 +1,13 @@
 #include "toolkit/long_text_field.h"
 
 #include <algorithm>
-#include <memory>
-#include <new>
 #include <string_view>
 
 #include "layout/soft_breaks.h"
+#include "toolkit/broken_text.h"
+#include "toolkit/clipboard_text.h"
 #include "toolkit/control_data.h"
+#include "toolkit/control_focus.h"
 #include "toolkit/standard_controls.h"
 #include "toolkit/wide_text.h"
 
@@ -14,170 +15,42 @@ namespace tallymere {
 
 namespace {
 
-// A text on the heap. Without memory for it the text is empty.
-struct HeapText {
-    explicit HeapText(int64_t characters)
-        : buffer(new (std::nothrow) char16_t[static_cast<size_t>(characters) + 1]()) {}
-
-    std::u16string_view View() const { return {buffer.get(), static_cast<size_t>(length)}; }
-
-    std::unique_ptr<char16_t[]> buffer;
-    int64_t length = 0;
-};
-
-struct Selection {
-    int64_t from;
-    int64_t to;
-};
-
-// What the control makes of a message by the procedure of its class, as if it were not a control of
-// the toolkit.
-LRESULT AskControl(HWND field, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-    const auto procedure = reinterpret_cast<WNDPROC>(GetClassLongPtrW(field, GCLP_WNDPROC));
-    return CallWindowProcW(procedure, field, message, wParam, lParam);
-}
-
-// Only then can there be soft breaks in it.
-bool IsLong(HWND field) {
-    return AskControl(field, WM_GETTEXTLENGTH) > LongLineCharacters;
-}
-
-// The text as the control has it.
-HeapText BrokenText(HWND field) {
-    HeapText text(AskControl(field, WM_GETTEXTLENGTH));
-    if (text.buffer != nullptr) {
-        const auto size = AskControl(field, WM_GETTEXTLENGTH) + 1;
-        text.length = AskControl(field, WM_GETTEXT, static_cast<WPARAM>(size),
-                                 reinterpret_cast<LPARAM>(text.buffer.get()));
-    }
-    return text;
-}
-
-HeapText PlainText(HWND field) {
-    HeapText text = BrokenText(field);
-    if (text.buffer != nullptr) {
-        text.length = RemoveSoftBreaks(text.buffer.get(), text.length);
-    }
-    return text;
-}
-
-// In the text as the control has it.
-Selection BrokenSelection(HWND field) {
-    DWORD from = 0;
-    DWORD to = 0;
-    AskControl(field, EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
-    return {from, to};
-}
-
-void SelectBroken(HWND field, Selection selection) {
-    AskControl(field, EM_SETSEL, static_cast<WPARAM>(selection.from), selection.to);
-}
-
-Selection PlainSelection(HWND field) {
-    const HeapText text = BrokenText(field);
-    const Selection broken = BrokenSelection(field);
-    return {PlainPosition(text.View(), broken.from), PlainPosition(text.View(), broken.to)};
-}
-
-void SelectPlain(HWND field, Selection selection) {
-    const HeapText text = BrokenText(field);
-    SelectBroken(field, {BrokenPosition(text.View(), selection.from),
-                         BrokenPosition(text.View(), selection.to)});
-}
-
-// Measures in the font of a field, as wide as its lines.
-class FieldRuler {
-public:
-    explicit FieldRuler(HWND field) : field_(field), dc_(GetDC(field)) {
-        RECT room = {};
-        AskControl(field, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
-        width_ = std::max<int>(room.right - room.left, 0);
-        fontBefore_ = SelectObject(dc_, reinterpret_cast<HFONT>(AskControl(field, WM_GETFONT)));
-    }
-    ~FieldRuler() {
-        SelectObject(dc_, fontBefore_);
-        ReleaseDC(field_, dc_);
-    }
-    FieldRuler(const FieldRuler&) = delete;
-    FieldRuler& operator=(const FieldRuler&) = delete;
-
-    // Each character that is looked at takes its time, so that not many more than those of the line
-    // before are.
-    int64_t Fitting(std::u16string_view next) {
-        int fitting = 0;
-        int count = 0;
-        do {
-            count = static_cast<int>(std::min<size_t>(next.size(), window_));
-            SIZE size = {};
-            GetTextExtentExPointW(dc_, ToWide(next.data()), count, width_, &fitting, nullptr,
-                                  &size);
-            window_ = static_cast<size_t>(fitting) * 5 / 4 + 16;
-        } while (fitting == count && static_cast<size_t>(count) < next.size());
-        return fitting;
-    }
-
-private:
-    HWND field_;
-    HDC dc_;
-    int width_;
-    HGDIOBJ fontBefore_;
-    size_t window_ = 64;
-};
-
-int64_t FittingOf(void* ruler, std::u16string_view next) {
-    return static_cast<FieldRuler*>(ruler)->Fitting(next);
-}
-
-HeapText BreakText(HWND field, std::u16string_view text) {
-    HeapText broken(static_cast<int64_t>(text.size()) * BrokenPerPlain);
-    if (broken.buffer != nullptr) {
-        FieldRuler ruler(field);
-        broken.length = InsertSoftBreaks(broken.buffer.get(), text, FittingOf, &ruler);
-    }
-    return broken;
-}
-
-LRESULT WriteText(HWND field, const char16_t* text) {
-    const std::u16string_view plain = text != nullptr ? text : u"";
-    if (plain.size() <= LongLineCharacters) {
-        return AskControl(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
-    }
-    const HeapText broken = BreakText(field, plain);
-    if (broken.buffer == nullptr) {
-        return FALSE;
-    }
-    return AskControl(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(broken.buffer.get()));
-}
-
-// Puts the soft breaks where they belong after a change of text or width.
-void BreakAnew(HWND field) {
-    const HeapText before = BrokenText(field);
-    const HeapText plain = PlainText(field);
-    if (before.buffer == nullptr || plain.buffer == nullptr) {
-        return;
-    }
-    const HeapText after = BreakText(field, plain.View());
-    if (after.buffer == nullptr || after.View() == before.View()) {
-        return;
-    }
-    const Selection selection = PlainSelection(field);
-    const LRESULT firstLine = AskControl(field, EM_GETFIRSTVISIBLELINE);
-    AskControl(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(after.buffer.get()));
-    SelectPlain(field, selection);
-    AskControl(field, EM_LINESCROLL, 0, firstLine);
-}
-
 // Lets the control handle what may change the text.
-LRESULT ChangeText(HWND field, UINT message, WPARAM wParam, LPARAM lParam) {
-    const LRESULT result = AskControl(field, message, wParam, lParam);
+LRESULT ChangeText(HWND field, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+    const LRESULT result = AskEdit(field, message, wParam, lParam);
     BreakAnew(field);
-    AskControl(field, EM_SCROLLCARET);
+    AskEdit(field, EM_SCROLLCARET);
     return result;
+}
+
+void TellChange(HWND field) {
+    SendMessageW(GetParent(field), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(field), EN_CHANGE),
+                 reinterpret_cast<LPARAM>(field));
+}
+
+void ReplaceSelection(HWND field, std::u16string_view insertion) {
+    const FieldState before = PlainState(field);
+    const auto [from, to] = before.selection;
+    HeapText after(before.text.length + static_cast<int64_t>(insertion.size()));
+    if (!before.text.IsThere() || !after.IsThere()) {
+        return;
+    }
+    const std::u16string_view text = before.text.View();
+    char16_t* const start = after.buffer.get();
+    char16_t* end = std::copy_n(text.begin(), from, start);
+    end = std::copy(insertion.begin(), insertion.end(), end);
+    const int64_t caret = RemoveSoftBreaks(start, end - start);
+    end = std::copy(text.begin() + to, text.end(), start + caret);
+    after.length = end - start;
+    if (!ChangePlainText(field, after.View(), {caret, caret})) {
+        return;
+    }
+    TellChange(field);
 }
 
 LRESULT ReadText(HWND field, WPARAM size, LPARAM buffer) {
     const HeapText text = PlainText(field);
-    if (size == 0 || text.buffer == nullptr) {
+    if (size == 0 || !text.IsThere()) {
         return 0;
     }
     const size_t count = std::min(text.View().size(), static_cast<size_t>(size) - 1);
@@ -187,7 +60,7 @@ LRESULT ReadText(HWND field, WPARAM size, LPARAM buffer) {
 }
 
 LRESULT ReadSelection(HWND field, WPARAM from, LPARAM to) {
-    const Selection selection = PlainSelection(field);
+    const TextSelection selection = PlainState(field).selection;
     if (from != 0) {
         *reinterpret_cast<DWORD*>(from) = static_cast<DWORD>(selection.from);
     }
@@ -200,113 +73,113 @@ LRESULT ReadSelection(HWND field, WPARAM from, LPARAM to) {
                : MAKELRESULT(static_cast<WORD>(selection.from), static_cast<WORD>(selection.to));
 }
 
-// Negative positions have a meaning of their own.
+// A position of a message. Negative ones have a meaning of their own.
+int64_t ToBroken(const HeapText& broken, uint64_t position) {
+    const auto plain = static_cast<int32_t>(position);
+    return plain < 0 ? plain : BrokenPosition(broken.View(), plain);
+}
+
 LRESULT WriteSelection(HWND field, WPARAM from, LPARAM to) {
     const HeapText text = BrokenText(field);
-    const auto start = static_cast<int64_t>(static_cast<int32_t>(from));
-    const int64_t end = static_cast<int32_t>(to);
-    const int64_t brokenStart = start < 0 ? start : BrokenPosition(text.View(), start);
-    const int64_t brokenEnd = end < 0 ? end : BrokenPosition(text.View(), end);
-    return AskControl(field, EM_SETSEL, static_cast<WPARAM>(brokenStart), brokenEnd);
+    SelectBroken(field, {ToBroken(text, from), ToBroken(text, static_cast<uint64_t>(to))});
+    return 0;
 }
 
-void TellChange(HWND field) {
-    SendMessageW(GetParent(field), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(field), EN_CHANGE),
-                 reinterpret_cast<LPARAM>(field));
+LRESULT AskAtPosition(HWND field, UINT message, WPARAM position, LPARAM lParam) {
+    const int64_t broken = ToBroken(BrokenText(field), position);
+    return AskEdit(field, message, static_cast<WPARAM>(broken), lParam);
 }
 
-// The text is put together outside of the control, which would wrap a long insertion at once.
-void ReplaceSelection(HWND field, std::u16string_view insertion) {
-    const HeapText before = PlainText(field);
-    const Selection selection = PlainSelection(field);
-    HeapText after(before.length + static_cast<int64_t>(insertion.size()));
-    if (before.buffer == nullptr || after.buffer == nullptr) {
-        return;
+LRESULT StartOfLine(HWND field, WPARAM line) {
+    const LRESULT broken = AskEdit(field, EM_LINEINDEX, line);
+    return broken < 0 ? broken : PlainPosition(BrokenText(field).View(), broken);
+}
+
+// The answer has only the lower half of a position, and the line, whose start tells the rest.
+LRESULT CharacterAt(HWND field, LPARAM point) {
+    const LRESULT found = AskEdit(field, EM_CHARFROMPOS, 0, point);
+    const WORD line = HIWORD(found);
+    const LRESULT start = AskEdit(field, EM_LINEINDEX, line);
+    if (start < 0) {
+        return found;
     }
-    char16_t* end = std::copy_n(before.buffer.get(), selection.from, after.buffer.get());
-    end = std::copy(insertion.begin(), insertion.end(), end);
-    std::copy(before.buffer.get() + selection.to, before.buffer.get() + before.length, end);
-    const int64_t caret = end - after.buffer.get();
-    const LRESULT firstLine = AskControl(field, EM_GETFIRSTVISIBLELINE);
-    WriteText(field, after.buffer.get());
-    SelectPlain(field, {caret, caret});
-    AskControl(field, EM_LINESCROLL, 0, firstLine);
-    AskControl(field, EM_SCROLLCARET);
-    TellChange(field);
+    const WORD fromStart = LOWORD(found - start);
+    const int64_t plain = PlainPosition(BrokenText(field).View(), start + fromStart);
+    return MAKELRESULT(LOWORD(plain), line);
 }
 
 bool IsLongWith(HWND field, std::u16string_view insertion) {
-    return static_cast<int64_t>(insertion.size()) + AskControl(field, WM_GETTEXTLENGTH) >
+    return static_cast<int64_t>(insertion.size()) + AskEdit(field, WM_GETTEXTLENGTH) >
            LongLineCharacters;
 }
 
-// The clipboard's text, locked as long as the record lives.
-class ClipboardText {
-public:
-    explicit ClipboardText(HWND owner) : isOpen_(OpenClipboard(owner) != 0) {
-        memory_ = isOpen_ ? GetClipboardData(CF_UNICODETEXT) : nullptr;
-        text_ = memory_ != nullptr ? static_cast<const wchar_t*>(GlobalLock(memory_)) : nullptr;
-    }
-    ~ClipboardText() {
-        if (text_ != nullptr) {
-            GlobalUnlock(memory_);
-        }
-        if (isOpen_) {
-            CloseClipboard();
-        }
-    }
-    ClipboardText(const ClipboardText&) = delete;
-    ClipboardText& operator=(const ClipboardText&) = delete;
-
-    std::u16string_view View() const { return text_ != nullptr ? FromWide(text_) : u""; }
-
-private:
-    bool isOpen_;
-    HANDLE memory_;
-    const wchar_t* text_;
-};
-
-void PutOnClipboard(HWND owner, std::u16string_view text) {
-    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(char16_t));
-    if (memory == nullptr || OpenClipboard(owner) == 0) {
-        GlobalFree(memory);
-        return;
-    }
-    auto* copy = static_cast<char16_t*>(GlobalLock(memory));
-    *std::copy(text.begin(), text.end(), copy) = 0;
-    GlobalUnlock(memory);
-    EmptyClipboard();
-    if (SetClipboardData(CF_UNICODETEXT, memory) == nullptr) {
-        GlobalFree(memory);
-    }
-    CloseClipboard();
-}
-
 void CopySelection(HWND field) {
-    const HeapText text = PlainText(field);
-    const Selection selection = PlainSelection(field);
-    if (selection.from < selection.to) {
-        PutOnClipboard(field,
-                       text.View().substr(static_cast<size_t>(selection.from),
-                                          static_cast<size_t>(selection.to - selection.from)));
+    const auto [text, selection] = PlainState(field);
+    const auto [from, to] = selection;
+    if (text.IsThere() && from < to) {
+        PutOnClipboard(
+            field, text.View().substr(static_cast<size_t>(from), static_cast<size_t>(to - from)));
     }
 }
 
-// Backspace behind a soft break and Delete before one mean the character beyond it.
-void ReachOverSoftBreak(HWND field, bool backwards) {
+bool IsSelected(HWND field) {
+    const TextSelection selection = BrokenSelection(field);
+    return selection.from != selection.to;
+}
+
+// A key that moves over a character or erases one means the one beyond a soft break at the caret.
+void StepOverSoftBreak(HWND field, bool backwards) {
     const HeapText text = BrokenText(field);
-    const auto [from, to] = BrokenSelection(field);
+    const int64_t caret = BrokenSelection(field).from;
     constexpr auto Length = static_cast<int64_t>(SoftBreak.size());
-    const int64_t start = backwards ? from - Length : from;
-    if (from != to || start < 1 ||
-        text.View().substr(static_cast<size_t>(start), SoftBreak.size()) != SoftBreak) {
-        return;
+    const int64_t start = backwards ? caret - Length : caret;
+    if (text.IsThere() && !IsSelected(field) && start >= 0 &&
+        text.View().substr(static_cast<size_t>(start)).starts_with(SoftBreak)) {
+        const int64_t beyond = backwards ? start : start + Length;
+        SelectBroken(field, {beyond, beyond});
     }
-    SelectBroken(field, backwards ? Selection{start - 1, to} : Selection{from, to + Length + 1});
 }
 
-bool IsPlainDelete(WPARAM key) {
-    return key == VK_DELETE && GetKeyState(VK_SHIFT) >= 0 && GetKeyState(VK_CONTROL) >= 0;
+bool IsHeld(int key) {
+    return GetKeyState(key) < 0;
+}
+
+LRESULT HandleKey(HWND field, WPARAM key, LPARAM lParam, bool& callDefault) {
+    const bool withShift = IsHeld(VK_SHIFT);
+    const bool withControl = IsHeld(VK_CONTROL);
+    switch (key) {
+        case VK_INSERT:
+            if (withControl) {
+                return SendMessageW(field, WM_COPY, 0, 0);
+            }
+            break;
+        case VK_DELETE:
+            if (withShift && !withControl && IsSelected(field)) {
+                return SendMessageW(field, WM_CUT, 0, 0);
+            }
+            StepOverSoftBreak(field, withShift);
+            return ChangeText(field, WM_KEYDOWN, key, lParam);
+        case VK_LEFT:
+        case VK_RIGHT:
+            StepOverSoftBreak(field, key == VK_LEFT);
+            break;
+        default:
+            break;
+    }
+    callDefault = true;
+    return 0;
+}
+
+LRESULT HandleCharacter(HWND field, WPARAM character, LPARAM lParam, bool& callDefault) {
+    if (character == VK_BACK) {
+        StepOverSoftBreak(field, true);
+        return ChangeText(field, WM_CHAR, character, lParam);
+    }
+    if (character == u'\n' || character >= VK_SPACE) {
+        return ChangeText(field, WM_CHAR, character, lParam);
+    }
+    callDefault = true;
+    return 0;
 }
 
 // Messages to a field whose text is long.
@@ -321,33 +194,31 @@ LRESULT HandleLong(HWND field, UINT message, WPARAM wParam, LPARAM lParam, bool&
             return ReadSelection(field, wParam, lParam);
         case EM_SETSEL:
             return WriteSelection(field, wParam, lParam);
+        case EM_LINEFROMCHAR:
+        case EM_LINELENGTH:
+        case EM_POSFROMCHAR:
+            return AskAtPosition(field, message, wParam, lParam);
+        case EM_LINEINDEX:
+            return StartOfLine(field, wParam);
+        case EM_CHARFROMPOS:
+            return CharacterAt(field, lParam);
         case WM_COPY:
             CopySelection(field);
             return 0;
         case WM_CUT:
             CopySelection(field);
-            return ChangeText(field, WM_CLEAR, 0, 0);
+            return ChangeText(field, WM_CLEAR);
         case WM_CLEAR:
         case WM_UNDO:
         case EM_UNDO:
-            return ChangeText(field, message, wParam, lParam);
+            return ChangeText(field, message);
         case WM_CHAR:
-            if (wParam == VK_BACK || wParam == u'\n' || wParam >= VK_SPACE) {
-                if (wParam == VK_BACK) {
-                    ReachOverSoftBreak(field, true);
-                }
-                return ChangeText(field, message, wParam, lParam);
-            }
-            break;
+            return HandleCharacter(field, wParam, lParam, callDefault);
         case WM_KEYDOWN:
-            if (IsPlainDelete(wParam)) {
-                ReachOverSoftBreak(field, false);
-                return ChangeText(field, message, wParam, lParam);
-            }
-            break;
+            return HandleKey(field, wParam, lParam, callDefault);
         case WM_SIZE:
         case WM_SETFONT: {
-            const LRESULT result = AskControl(field, message, wParam, lParam);
+            const LRESULT result = AskEdit(field, message, wParam, lParam);
             BreakAnew(field);
             return result;
         }
@@ -369,7 +240,7 @@ HWND CreateLongTextField(HWND parent, const LayoutRect& place, const char16_t* t
 }
 
 bool IsPasteKey(UINT message, WPARAM wParam) {
-    return message == WM_KEYDOWN && wParam == VK_INSERT && GetKeyState(VK_SHIFT) < 0;
+    return message == WM_KEYDOWN && wParam == VK_INSERT && IsHeld(VK_SHIFT);
 }
 
 LRESULT HandleLongText(HWND field, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
@@ -381,7 +252,7 @@ LRESULT HandleLongText(HWND field, UINT message, WPARAM wParam, LPARAM lParam, b
     switch (message) {
         case WM_SETTEXT:
             callDefault = false;
-            return WriteText(field, reinterpret_cast<const char16_t*>(lParam));
+            return WritePlainText(field, reinterpret_cast<const char16_t*>(lParam));
         case EM_REPLACESEL: {
             const auto* insertion = reinterpret_cast<const char16_t*>(lParam);
             if (insertion != nullptr && IsLongWith(field, insertion)) {
@@ -392,15 +263,17 @@ LRESULT HandleLongText(HWND field, UINT message, WPARAM wParam, LPARAM lParam, b
         }
         case WM_PASTE: {
             const ClipboardText clipboard(field);
-            if (IsLongWith(field, clipboard.View())) {
+            const bool isReadOnly = (WindowStyle(field) & ES_READONLY) != 0;
+            if (!isReadOnly && clipboard.IsThere() && IsLongWith(field, clipboard.View())) {
                 callDefault = false;
                 ReplaceSelection(field, clipboard.View());
             }
             return 0;
         }
         default:
-            return IsLong(field) ? HandleLong(field, message, wParam, lParam, callDefault) : 0;
+            break;
     }
+    return HasLongText(field) ? HandleLong(field, message, wParam, lParam, callDefault) : 0;
 }
 
 }  // namespace tallymere

@@ -1,6 +1,7 @@
 #include "toolkit/long_text_field.h"
 
 #include <algorithm>
+#include <cstring>
 #include <string>
 
 #include "layout/soft_breaks.h"
@@ -9,6 +10,7 @@
 namespace tallymere {
 namespace {
 
+using testing_support::PressKey;
 using testing_support::TypeCharacter;
 
 std::u16string Digits(size_t length) {
@@ -24,6 +26,31 @@ std::u16string Digits(size_t length) {
 LRESULT AskSystem(HWND field, UINT message, WPARAM wParam, LPARAM lParam) {
     const auto procedure = reinterpret_cast<WNDPROC>(GetClassLongPtrW(field, GCLP_WNDPROC));
     return CallWindowProcW(procedure, field, message, wParam, lParam);
+}
+
+// The clipboard's text, "none" without one.
+std::u16string TextOnClipboard(HWND owner) {
+    std::u16string text = u"none";
+    OpenClipboard(owner);
+    if (const HANDLE memory = GetClipboardData(CF_UNICODETEXT); memory != nullptr) {
+        text = FromWide(static_cast<const wchar_t*>(GlobalLock(memory)));
+        GlobalUnlock(memory);
+    }
+    CloseClipboard();
+    return text;
+}
+
+void PutOnEmptyClipboard(HWND owner, const std::u16string& text) {
+    OpenClipboard(owner);
+    EmptyClipboard();
+    if (!text.empty()) {
+        const size_t bytes = (text.size() + 1) * sizeof(char16_t);
+        const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
+        std::memcpy(GlobalLock(memory), text.c_str(), bytes);
+        GlobalUnlock(memory);
+        SetClipboardData(CF_UNICODETEXT, memory);
+    }
+    CloseClipboard();
 }
 
 int32_t changes = 0;
@@ -187,7 +214,7 @@ TEST_F(LongTextField, DeletesOverTheEndOfALine) {
     EXPECT_EQ(Selection(), std::pair(end - 1, end - 1));
 
     Select(end - 1, end - 1);
-    testing_support::PressKey(field, VK_DELETE);
+    PressKey(field, VK_DELETE);
     EXPECT_EQ(Text(), std::u16string(shorter).erase(static_cast<size_t>(end) - 1, 1));
     Select(0, 990);
     SendMessageW(field, WM_CLEAR, 0, 0);
@@ -199,7 +226,7 @@ TEST_F(LongTextField, DeletesTheCharacterBehindALineThatTheCaretIsAtTheEndOf) {
     const int end = EndOfFirstLine();
     // The end of the line, where the key End leads to, and not the start of the next.
     AskSystem(field, EM_SETSEL, static_cast<WPARAM>(end), end);
-    testing_support::PressKey(field, VK_DELETE);
+    PressKey(field, VK_DELETE);
     EXPECT_EQ(Text(), Digits(1000).erase(static_cast<size_t>(end), 1));
 }
 
@@ -228,6 +255,166 @@ TEST_F(LongTextField, KeepsTheLinesOfItsText) {
     EXPECT_EQ(Text(), text);
     TypeCharacter(field, u'x');
     EXPECT_EQ(Text(), u"x" + text);
+}
+
+TEST_F(LongTextField, KeysCopyAndCutWithoutItsBreaks) {
+    const std::u16string text = Digits(1000);
+    SetText(text);
+    Select(100, 900);
+    PutOnEmptyClipboard(parent, u"");
+    PressKey(field, VK_INSERT, VK_CONTROL);
+    EXPECT_EQ(TextOnClipboard(parent), text.substr(100, 800));
+    EXPECT_EQ(Text(), text);
+    PutOnEmptyClipboard(parent, u"");
+    PressKey(field, VK_DELETE, VK_SHIFT);
+    EXPECT_EQ(TextOnClipboard(parent), text.substr(100, 800));
+    EXPECT_EQ(Text(), text.substr(0, 100) + text.substr(900));
+    SetText(text);
+    Select(100, 900);
+    PutOnEmptyClipboard(parent, u"");
+    PressKey(field, VK_DELETE);
+    EXPECT_EQ(TextOnClipboard(parent), u"none");
+}
+
+TEST_F(LongTextField, KeepsItsSelectionIfThereIsNothingToPaste) {
+    SetText(Digits(1000));
+    Select(100, 900);
+    PutOnEmptyClipboard(parent, u"");
+    SendMessageW(field, WM_PASTE, 0, 0);
+    EXPECT_EQ(Text(), Digits(1000));
+    EXPECT_EQ(Selection(), std::pair(100, 900));
+    EXPECT_EQ(changes, 0);
+}
+
+TEST_F(LongTextField, TakesNothingFromTheClipboardWhileItIsOnlyToBeRead) {
+    SetText(Digits(1000));
+    PutOnEmptyClipboard(parent, u"x");
+    SendMessageW(field, EM_SETREADONLY, TRUE, 0);
+    SendMessageW(field, WM_PASTE, 0, 0);
+    EXPECT_EQ(Text(), Digits(1000));
+}
+
+TEST_F(LongTextField, LosesSoftBreaksThatArePasted) {
+    PutOnEmptyClipboard(parent, Digits(200) + std::u16string(SoftBreak) + u"\r\n" + Digits(200));
+    SetText(u"<>");
+    Select(1, 1);
+    SendMessageW(field, WM_PASTE, 0, 0);
+    EXPECT_EQ(Text(), u"<" + Digits(200) + u"\r\n" + Digits(200) + u">");
+    EXPECT_EQ(Selection(), std::pair(403, 403));
+}
+
+TEST_F(LongTextField, ArrowsStepOverTheEndOfALineInOneGo) {
+    SetText(Digits(1000));
+    const int end = EndOfFirstLine();
+    Select(end - 2, end - 2);
+    for (int i = -1; i <= 2; i++) {
+        PressKey(field, VK_RIGHT);
+        EXPECT_EQ(Selection(), std::pair(end + i, end + i));
+    }
+    for (int i = 1; i >= -2; i--) {
+        PressKey(field, VK_LEFT);
+        EXPECT_EQ(Selection(), std::pair(end + i, end + i));
+    }
+    Select(end, end);
+    PressKey(field, VK_LEFT, VK_SHIFT);
+    EXPECT_EQ(Selection(), std::pair(end - 1, end));
+}
+
+TEST_F(LongTextField, ShiftAndDeleteErasesWhatIsBeforeTheCaret) {
+    SetText(Digits(1000));
+    const int end = EndOfFirstLine();
+    Select(end, end);
+    PressKey(field, VK_DELETE, VK_SHIFT);
+    EXPECT_EQ(Text(), Digits(1000).erase(static_cast<size_t>(end) - 1, 1));
+    EXPECT_EQ(Selection(), std::pair(end - 1, end - 1));
+}
+
+TEST_F(LongTextField, CountsLinesAndPlacesByThePositionsOfItsText) {
+    const auto ask = [this](UINT message, LRESULT first, LPARAM second = 0) {
+        return SendMessageW(field, message, static_cast<WPARAM>(first), second);
+    };
+    SetText(Digits(90'000));
+    const int end = EndOfFirstLine();
+    EXPECT_EQ(ask(EM_LINEFROMCHAR, end - 1), 0);
+    EXPECT_EQ(ask(EM_LINEFROMCHAR, end), 1);
+    EXPECT_EQ(ask(EM_LINEINDEX, 1), end);
+    EXPECT_EQ(ask(EM_LINEINDEX, 1'000'000), -1);
+    EXPECT_EQ(ask(EM_LINELENGTH, end - 1), end);
+    const LRESULT line = ask(EM_LINEFROMCHAR, 80'000);
+    const LRESULT start = ask(EM_LINEINDEX, line);
+    EXPECT_LE(start, 80'000);
+    EXPECT_GT(start + ask(EM_LINELENGTH, 80'000), 80'000);
+    Select(80'000, 80'000);
+    EXPECT_EQ(ask(EM_LINEFROMCHAR, -1), line);
+    EXPECT_EQ(ask(EM_LINEINDEX, -1), start);
+
+    ask(EM_SCROLLCARET, 0);
+    const LRESULT place = ask(EM_POSFROMCHAR, 80'000);
+    EXPECT_NE(place, -1);
+    const LRESULT found = ask(EM_CHARFROMPOS, 0, MAKELPARAM(LOWORD(place) + 1, HIWORD(place) + 1));
+    EXPECT_EQ(LOWORD(found), 80'000 % 0x10000);
+    EXPECT_EQ(HIWORD(found), line);
+    EXPECT_EQ(ask(EM_CHARFROMPOS, 0, MAKELPARAM(5000, 5000)),
+              AskSystem(field, EM_CHARFROMPOS, 0, MAKELPARAM(5000, 5000)));
+}
+
+TEST_F(LongTextField, IsModifiedByTheUserAlone) {
+    SetText(Digits(1000));
+    const auto isModified = [this] { return SendMessageW(field, EM_GETMODIFY, 0, 0) != FALSE; };
+    EXPECT_FALSE(isModified());
+    MoveWindow(field, 0, 0, 380, 100, TRUE);
+    EXPECT_FALSE(isModified());
+    TypeCharacter(field, u'x');
+    EXPECT_TRUE(isModified());
+    SetText(Digits(1000));
+    Replace(u"12");
+    EXPECT_TRUE(isModified());
+    MoveWindow(field, 0, 0, 200, 100, TRUE);
+    EXPECT_TRUE(isModified());
+}
+
+TEST_F(LongTextField, BecomesLongAndShortAgainByTyping) {
+    SetText(Digits(298));
+    Select(298, 298);
+    for (int i = 0; i < 5; i++) {
+        TypeCharacter(field, u'x');
+    }
+    EXPECT_EQ(Text(), Digits(298) + u"xxxxx");
+    EXPECT_NE(InnerText(), Text());
+    for (int i = 0; i < 5; i++) {
+        TypeCharacter(field, VK_BACK);
+        EXPECT_EQ(Selection(), std::pair(302 - i, 302 - i));
+    }
+    EXPECT_EQ(Text(), Digits(298));
+    EXPECT_EQ(InnerText(), Text());
+    EXPECT_EQ(changes, 10);
+}
+
+TEST_F(LongTextField, TakesBothHalvesOfACharacter) {
+    SetText(Digits(1000));
+    const int end = EndOfFirstLine();
+    for (int place = end - 2; place <= end + 1; place++) {
+        SetText(Digits(1000));
+        Select(place, place);
+        TypeCharacter(field, 0xD835);
+        TypeCharacter(field, 0xDF0B);
+        EXPECT_EQ(Text(), Digits(1000).insert(static_cast<size_t>(place), u"\U0001D70B"));
+        EXPECT_EQ(Selection(), std::pair(place + 2, place + 2));
+    }
+}
+
+TEST_F(LongTextField, BeginsAndJoinsLines) {
+    SetText(Digits(1000));
+    Select(500, 500);
+    TypeCharacter(field, u'\n');
+    EXPECT_EQ(Text(), Digits(1000).insert(500, u"\r\n"));
+    EXPECT_EQ(Selection(), std::pair(502, 502));
+    TypeCharacter(field, VK_BACK);
+    EXPECT_EQ(Text(), Digits(1000));
+    TypeCharacter(field, u'\n');
+    Select(500, 500);
+    PressKey(field, VK_DELETE);
+    EXPECT_EQ(Text(), Digits(1000));
 }
 
 TEST_F(LongTextField, IsEmptiedByNoText) {

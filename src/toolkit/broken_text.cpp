@@ -1,0 +1,163 @@
+#include "toolkit/broken_text.h"
+
+#include <algorithm>
+
+#include "layout/soft_breaks.h"
+#include "toolkit/wide_text.h"
+
+namespace tallymere {
+
+namespace {
+
+// Measures in the font of a field, as wide as its lines.
+class FieldRuler {
+public:
+    explicit FieldRuler(HWND field) : field_(field), dc_(GetDC(field)) {
+        RECT room = {};
+        AskEdit(field, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
+        width_ = std::max<int>(room.right - room.left, 0);
+        fontBefore_ = SelectObject(dc_, reinterpret_cast<HFONT>(AskEdit(field, WM_GETFONT)));
+    }
+    ~FieldRuler() {
+        SelectObject(dc_, fontBefore_);
+        ReleaseDC(field_, dc_);
+    }
+    FieldRuler(const FieldRuler&) = delete;
+    FieldRuler& operator=(const FieldRuler&) = delete;
+
+    // Each character that is looked at takes its time, so that not many more than those of the line
+    // before are.
+    int64_t Fitting(std::u16string_view next) {
+        int fitting = 0;
+        int count = 0;
+        do {
+            count = static_cast<int>(std::min<size_t>(next.size(), window_));
+            SIZE size = {};
+            GetTextExtentExPointW(dc_, ToWide(next.data()), count, width_, &fitting, nullptr,
+                                  &size);
+            window_ = static_cast<size_t>(fitting) * 5 / 4 + 16;
+        } while (fitting == count && static_cast<size_t>(count) < next.size());
+        return fitting;
+    }
+
+private:
+    HWND field_;
+    HDC dc_;
+    int width_;
+    HGDIOBJ fontBefore_;
+    size_t window_ = 64;
+};
+
+int64_t FittingOf(void* ruler, std::u16string_view next) {
+    return static_cast<FieldRuler*>(ruler)->Fitting(next);
+}
+
+HeapText BreakText(HWND field, std::u16string_view text) {
+    HeapText broken(static_cast<int64_t>(text.size()) * BrokenPerPlain);
+    if (broken.IsThere()) {
+        FieldRuler ruler(field);
+        broken.length = InsertSoftBreaks(broken.buffer.get(), text, FittingOf, &ruler);
+    }
+    return broken;
+}
+
+void SelectPlain(HWND field, TextSelection selection) {
+    const HeapText text = BrokenText(field);
+    SelectBroken(field, {BrokenPosition(text.View(), selection.from),
+                         BrokenPosition(text.View(), selection.to)});
+}
+
+// What is seen of the text stays where it is.
+bool Rewrite(HWND field, const HeapText& broken, TextSelection selection) {
+    const LRESULT firstLine = AskEdit(field, EM_GETFIRSTVISIBLELINE);
+    const LRESULT isModified = AskEdit(field, EM_GETMODIFY);
+    const auto text = reinterpret_cast<LPARAM>(broken.buffer.get());
+    const bool isWritten = AskEdit(field, WM_SETTEXT, 0, text) != FALSE;
+    SelectPlain(field, selection);
+    AskEdit(field, EM_SETMODIFY, static_cast<WPARAM>(isModified));
+    AskEdit(field, EM_LINESCROLL, 0, firstLine);
+    return isWritten;
+}
+
+}  // namespace
+
+LRESULT AskEdit(HWND field, UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto procedure = reinterpret_cast<WNDPROC>(GetClassLongPtrW(field, GCLP_WNDPROC));
+    return CallWindowProcW(procedure, field, message, wParam, lParam);
+}
+
+bool HasLongText(HWND field) {
+    return AskEdit(field, WM_GETTEXTLENGTH) > LongLineCharacters;
+}
+
+HeapText BrokenText(HWND field) {
+    const LRESULT length = AskEdit(field, WM_GETTEXTLENGTH);
+    HeapText text(length);
+    if (text.IsThere()) {
+        text.length = AskEdit(field, WM_GETTEXT, static_cast<WPARAM>(length + 1),
+                              reinterpret_cast<LPARAM>(text.buffer.get()));
+    }
+    return text;
+}
+
+TextSelection BrokenSelection(HWND field) {
+    DWORD from = 0;
+    DWORD to = 0;
+    AskEdit(field, EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
+    return {from, to};
+}
+
+void SelectBroken(HWND field, TextSelection selection) {
+    AskEdit(field, EM_SETSEL, static_cast<WPARAM>(selection.from), selection.to);
+}
+
+FieldState PlainState(HWND field) {
+    FieldState state = {BrokenText(field), BrokenSelection(field)};
+    auto& [text, selection] = state;
+    if (text.IsThere()) {
+        selection = {PlainPosition(text.View(), selection.from),
+                     PlainPosition(text.View(), selection.to)};
+        text.length = RemoveSoftBreaks(text.buffer.get(), text.length);
+    }
+    return state;
+}
+
+HeapText PlainText(HWND field) {
+    return PlainState(field).text;
+}
+
+LRESULT WritePlainText(HWND field, const char16_t* text) {
+    const std::u16string_view plain = text != nullptr ? text : u"";
+    if (plain.size() <= LongLineCharacters) {
+        return AskEdit(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
+    }
+    const HeapText broken = BreakText(field, plain);
+    if (!broken.IsThere()) {
+        return FALSE;
+    }
+    return AskEdit(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(broken.buffer.get()));
+}
+
+void BreakAnew(HWND field) {
+    const HeapText before = BrokenText(field);
+    const FieldState plain = PlainState(field);
+    if (!before.IsThere() || !plain.text.IsThere()) {
+        return;
+    }
+    const HeapText after = BreakText(field, plain.text.View());
+    if (after.IsThere() && after.View() != before.View()) {
+        Rewrite(field, after, plain.selection);
+    }
+}
+
+bool ChangePlainText(HWND field, std::u16string_view text, TextSelection selection) {
+    const HeapText broken = BreakText(field, text);
+    if (!broken.IsThere() || !Rewrite(field, broken, selection)) {
+        return false;
+    }
+    AskEdit(field, EM_SETMODIFY, TRUE);
+    AskEdit(field, EM_SCROLLCARET);
+    return true;
+}
+
+}  // namespace tallymere

@@ -1,0 +1,43 @@
+#include "toolkit/clipboard_text.h"
+
+#include <algorithm>
+
+#include "toolkit/wide_text.h"
+
+namespace tallymere {
+
+ClipboardText::ClipboardText(HWND owner) : isOpen_(OpenClipboard(owner) != 0) {
+    memory_ = isOpen_ ? GetClipboardData(CF_UNICODETEXT) : nullptr;
+    text_ = memory_ != nullptr ? static_cast<const wchar_t*>(GlobalLock(memory_)) : nullptr;
+}
+
+ClipboardText::~ClipboardText() {
+    if (text_ != nullptr) {
+        GlobalUnlock(memory_);
+    }
+    if (isOpen_) {
+        CloseClipboard();
+    }
+}
+
+std::u16string_view ClipboardText::View() const {
+    return IsThere() ? FromWide(text_) : u"";
+}
+
+void PutOnClipboard(HWND owner, std::u16string_view text) {
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(char16_t));
+    if (memory == nullptr || OpenClipboard(owner) == 0) {
+        GlobalFree(memory);
+        return;
+    }
+    auto* copy = static_cast<char16_t*>(GlobalLock(memory));
+    *std::copy(text.begin(), text.end(), copy) = 0;
+    GlobalUnlock(memory);
+    EmptyClipboard();
+    if (SetClipboardData(CF_UNICODETEXT, memory) == nullptr) {
+        GlobalFree(memory);
+    }
+    CloseClipboard();
+}
+
+}  // namespace tallymere
