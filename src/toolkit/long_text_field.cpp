@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "layout/soft_breaks.h"
 #include "toolkit/broken_text.h"
@@ -9,6 +10,7 @@
 #include "toolkit/control_data.h"
 #include "toolkit/control_focus.h"
 #include "toolkit/standard_controls.h"
+#include "toolkit/text_undo.h"
 #include "toolkit/wide_text.h"
 
 namespace tallymere {
@@ -16,10 +18,13 @@ namespace tallymere {
 namespace {
 
 // Lets the control handle what may change the text.
-LRESULT ChangeText(HWND field, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+LRESULT ChangeText(HWND field, TextChangeKind kind, UINT message, WPARAM wParam = 0,
+                   LPARAM lParam = 0) {
+    FieldState before = PlainState(field);
     const LRESULT result = AskEdit(field, message, wParam, lParam);
     BreakAnew(field);
     AskEdit(field, EM_SCROLLCARET);
+    NoteTextChange(field, std::move(before), PlainState(field), kind);
     return result;
 }
 
@@ -28,8 +33,8 @@ void TellChange(HWND field) {
                  reinterpret_cast<LPARAM>(field));
 }
 
-void ReplaceSelection(HWND field, std::u16string_view insertion) {
-    const FieldState before = PlainState(field);
+void ReplaceSelection(HWND field, std::u16string_view insertion, bool canBeUndone) {
+    FieldState before = PlainState(field);
     const auto [from, to] = before.selection;
     HeapText after(before.text.length + static_cast<int64_t>(insertion.size()));
     if (!before.text.IsThere() || !after.IsThere()) {
@@ -45,7 +50,29 @@ void ReplaceSelection(HWND field, std::u16string_view insertion) {
     if (!ChangePlainText(field, after.View(), {caret, caret})) {
         return;
     }
+    if (canBeUndone) {
+        NoteTextChange(field, std::move(before), PlainState(field), TextReplaced);
+    } else {
+        ForgetTextChange(field);
+    }
     TellChange(field);
+}
+
+TextChange* LastChange(HWND field) {
+    return TextChangeTo(field, PlainText(field).View());
+}
+
+// False if the last change is none of those that are remembered here.
+bool TakeChangeBack(HWND field) {
+    TextChange* change = LastChange(field);
+    if (change == nullptr) {
+        return false;
+    }
+    if (ChangePlainText(field, change->before.text.View(), change->before.selection)) {
+        TurnTextChange(*change);
+        TellChange(field);
+    }
+    return true;
 }
 
 LRESULT ReadText(HWND field, WPARAM size, LPARAM buffer) {
@@ -158,7 +185,7 @@ LRESULT HandleKey(HWND field, WPARAM key, LPARAM lParam, bool& callDefault) {
                 return SendMessageW(field, WM_CUT, 0, 0);
             }
             StepOverSoftBreak(field, withShift);
-            return ChangeText(field, WM_KEYDOWN, key, lParam);
+            return ChangeText(field, TextErased, WM_KEYDOWN, key, lParam);
         case VK_LEFT:
         case VK_RIGHT:
             StepOverSoftBreak(field, key == VK_LEFT);
@@ -173,10 +200,10 @@ LRESULT HandleKey(HWND field, WPARAM key, LPARAM lParam, bool& callDefault) {
 LRESULT HandleCharacter(HWND field, WPARAM character, LPARAM lParam, bool& callDefault) {
     if (character == VK_BACK) {
         StepOverSoftBreak(field, true);
-        return ChangeText(field, WM_CHAR, character, lParam);
+        return ChangeText(field, TextErased, WM_CHAR, character, lParam);
     }
     if (character == u'\n' || character >= VK_SPACE) {
-        return ChangeText(field, WM_CHAR, character, lParam);
+        return ChangeText(field, TextTyped, WM_CHAR, character, lParam);
     }
     callDefault = true;
     return 0;
@@ -207,11 +234,11 @@ LRESULT HandleLong(HWND field, UINT message, WPARAM wParam, LPARAM lParam, bool&
             return 0;
         case WM_CUT:
             CopySelection(field);
-            return ChangeText(field, WM_CLEAR);
+            return ChangeText(field, TextReplaced, WM_CLEAR);
         case WM_CLEAR:
         case WM_UNDO:
         case EM_UNDO:
-            return ChangeText(field, message);
+            return ChangeText(field, TextReplaced, message);
         case WM_CHAR:
             return HandleCharacter(field, wParam, lParam, callDefault);
         case WM_KEYDOWN:
@@ -252,12 +279,13 @@ LRESULT HandleLongText(HWND field, UINT message, WPARAM wParam, LPARAM lParam, b
     switch (message) {
         case WM_SETTEXT:
             callDefault = false;
+            ForgetTextChange(field);
             return WritePlainText(field, reinterpret_cast<const char16_t*>(lParam));
         case EM_REPLACESEL: {
             const auto* insertion = reinterpret_cast<const char16_t*>(lParam);
             if (insertion != nullptr && IsLongWith(field, insertion)) {
                 callDefault = false;
-                ReplaceSelection(field, insertion);
+                ReplaceSelection(field, insertion, wParam != FALSE);
             }
             return 0;
         }
@@ -266,10 +294,29 @@ LRESULT HandleLongText(HWND field, UINT message, WPARAM wParam, LPARAM lParam, b
             const bool isReadOnly = (WindowStyle(field) & ES_READONLY) != 0;
             if (!isReadOnly && clipboard.IsThere() && IsLongWith(field, clipboard.View())) {
                 callDefault = false;
-                ReplaceSelection(field, clipboard.View());
+                ReplaceSelection(field, clipboard.View(), true);
             }
             return 0;
         }
+        case WM_UNDO:
+        case EM_UNDO:
+            if (TakeChangeBack(field)) {
+                callDefault = false;
+                return TRUE;
+            }
+            // From now on the control itself does the change again.
+            ForgetTextChange(field);
+            break;
+        case EM_CANUNDO:
+            if (LastChange(field) != nullptr) {
+                callDefault = false;
+                return TRUE;
+            }
+            break;
+        case EM_EMPTYUNDOBUFFER:
+        case WM_NCDESTROY:
+            ForgetTextChange(field);
+            break;
         default:
             break;
     }

@@ -13,10 +13,9 @@ namespace tallymere {
 HWND CreateLongTextField(HWND parent, const LayoutRect& place, const char16_t* text);
 
 /// The handler of such a field. A handler that takes its place gives it all messages that it does
-/// not keep for itself. Text, selection and positions work as in any edit control, with these
-/// differences: undo knows only what the system's control did by itself, a limit of its length
-/// counts the soft breaks, and soft breaks in a text that is written or pasted get lost where it is
-/// long.
+/// not keep for itself. Text, selection, positions and undo work as in any edit control, with these
+/// differences: a limit of its length counts the soft breaks, and soft breaks in a text that is
+/// written or pasted get lost where it is long.
 LRESULT HandleLongText(HWND field, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault);
 
 /// Whether a message is Shift+Insert, for which the system's control may paste without the message
