@@ -75,8 +75,6 @@ class CalculatorFormTest(CalculatorCase):
                     for number_type in TYPES:
                         page = self.choose_type(number_type)
                         self.check_type(page, number_type)
-                        self.display.picture(f"calculator-{number_type}-{language}-{dpi}",
-                                             page.window)
                     self.program.close()
 
     def test_keys_of_all_types_units_and_letters(self):
