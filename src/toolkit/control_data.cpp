@@ -164,8 +164,10 @@ void ShowControl(HWND control, bool show) {
 
 void PlaceControl(HWND control, const LayoutRect& place) {
     const LayoutRect pixels = ToScreenPixels(place);
+    // What it shows is painted anew: moved along, it could be wiped out by the background of its
+    // parent, which is painted later.
     SetWindowPos(control, nullptr, pixels.x, pixels.y, pixels.width, pixels.height,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
 }
 
 void SetControlSize(HWND control, int32_t width, int32_t height) {
