@@ -5,7 +5,7 @@ import os
 import subprocess
 from dataclasses import dataclass
 
-from desktop import SECONDS, WINE_RUN
+from desktop import SECONDS, WINE_RUN, around
 from gui_case import LOCALES, MAIN_TITLE, desktop, settings_text
 from options_case import OptionsCase
 from program import MESSAGE_BOX_CLASS, Window
@@ -27,6 +27,9 @@ BASES = (2, 8, 10, 16)
 # Keys by their index, which are at the same place in all number types.
 CLEAR_ALL, BACKSPACE, CLEAR_FORMULA, VARIABLES = 0, 1, 9, 10
 BRACKET_FORMULA, EVALUATE, ANS, SWITCH_NOTATION = 27, 30, 31, 56
+
+# The colours of a result that counts and of one that does not.
+VALID, STALE = (0, 0, 0), (128, 128, 128)
 
 # The client area of the page as it is made, and its container, in logical units.
 CALCULATOR_SIZE = [370, 355]
@@ -275,16 +278,33 @@ class CalculatorCase(OptionsCase):
         self.focus_formula()
         self.display.press("ctrl+v")
 
+    def wait_for_keypad(self, condition, what):
+        """The page once the condition holds for it and its keys fit its sliders: they follow when
+        the key that moved a slider is let go."""
+        def fits(page):
+            captions = [key.text for key in page.keys]
+            return condition(page) and any(
+                captions == [key["caption"] for key in pad["keys"]]
+                for pad in desktop().forms["keypads"]
+                if (TYPES[pad["type"]], ANGLES[pad["angle"]]) == (page.type, page.angle))
+        self.wait_for_page_where(fits, what)
+        # The keys may have followed while the page was told, control by control.
+        return self.page()
+
     def choose_type(self, number_type):
-        """Moves the slider by the keyboard. The page then."""
-        self.click(self.page().type_slider)
-        self.display.press("Home", *["Right"] * TYPES.index(number_type))
-        return self.wait_for_page_where(lambda page: page.type == number_type, number_type)
+        """Moves the slider by the keyboard, unless it stands there. The page then."""
+        page = self.page()
+        if page.type != number_type:
+            self.click(page.type_slider)
+            self.display.press("Home", *["Right"] * TYPES.index(number_type))
+        return self.wait_for_keypad(lambda page: page.type == number_type, number_type)
 
     def choose_angle(self, angle):
-        self.click(self.page().angle_slider)
-        self.display.press("Home", *["Right"] * ANGLES.index(angle))
-        return self.wait_for_page_where(lambda page: page.angle == angle, angle)
+        page = self.page()
+        if page.angle != angle:
+            self.click(page.angle_slider)
+            self.display.press("Home", *["Right"] * ANGLES.index(angle))
+        return self.wait_for_keypad(lambda page: page.angle == angle, angle)
 
     def choose_precision(self, digits):
         """Types the precision and Return. The page when the result is stale."""
@@ -293,13 +313,49 @@ class CalculatorCase(OptionsCase):
         return self.wait_for_page_where(lambda page: page.precision_field.text == str(digits)
                                         and not page.has_valid_result, f"{digits} digits")
 
+    def wait_for_base_row(self, row):
+        return self.wait_for_page_where(lambda page: page.base_list.row == row, f"row {row}")
+
+    def drop_bases_down(self):
+        """On a loaded machine a click has been seen to leave the list closed. Keys tell when it has
+        been handled, as they change the row in any case."""
+        self.click(self.page().base_list)
+        self.display.press("End")
+        self.wait_for_base_row(len(BASES) - 1)
+        self.display.press("Home")
+        if not self.wait_for_base_row(0).base_list.dropped:
+            self.display.press("alt+Down")
+            self.wait_for_page_where(lambda page: page.base_list.dropped, "the list to drop down")
+
     def choose_base(self, base):
         row = BASES.index(base)
-        self.click(self.page().base_list)
-        self.wait_for_page_where(lambda page: page.base_list.dropped, "the list to drop down")
-        self.display.press("Home", *["Down"] * row, "Return")
+        self.drop_bases_down()
+        self.display.press(*["Down"] * row, "Return")
         return self.wait_for_page_where(
             lambda page: page.base_list.row == row and not page.base_list.dropped, f"base {base}")
+
+    def wait_for_pixels(self, rect, condition, what):
+        """What is seen at a place of the screen once the condition holds for it. A window that has
+        changed paints itself only when there is nothing else to do."""
+        def pixels_if():
+            pixels = self.display.pixels_of(rect)
+            return pixels if condition(pixels) else None
+        return self.program.wait_for(pixels_if, what)
+
+    def wait_until_painted(self, controls):
+        """Waits until each of these controls shows more than one colour."""
+        self.wait_for_pixels(
+            around(*(control.rect for control in controls)),
+            lambda pixels: all(len(pixels.colours(control.rect)) > 1 for control in controls),
+            "the controls to be painted")
+
+    def wait_for_colour_of_result(self, colour):
+        """Waits until the result is written in the colour of one that counts or of one that does
+        not. The smoothed edges of black letters may have any grey."""
+        rect = self.page().result.client
+        self.wait_for_pixels(
+            rect, lambda pixels: (VALID in pixels.colours(rect)) == (colour == VALID)
+            and colour in pixels.colours(rect), f"a result in {colour}")
 
     def assert_no_message(self):
         self.assertIsNone(self.program.find(MESSAGE_BOX_CLASS))

@@ -94,19 +94,29 @@ class ConsoleTest(CalculatorCase):
     def shown(self, page):
         """What the console would say to the result that the page shows."""
         mark = "\t[ ]" if self.program.probe.window(page.bracket_mark).visible else ""
-        return self.program.probe.window(page.result).text + mark
+        return self.text(page.result) + mark
+
+    def text(self, control):
+        return self.program.probe.window(control).text
 
     def wait_for_written_result(self, page, what):
-        def written():
-            text = self.program.probe.window(page.result).text
-            return text if text != PENDING else None
-        self.program.wait_for(written, f"the result of {what!r}")
+        self.program.wait_for(lambda: self.text(page.result) != PENDING, f"the result of {what!r}")
 
     def result_of_written(self, page, formula):
-        """Puts a formula into its field, and its result, for which a key is pressed."""
+        """Puts a formula into its field, and its result, for which Return is pressed. For a moment
+        after a run that took so long that Stop was shown, Return does nothing: it is pressed again,
+        but only when it has been handled, as the formula may name the result before."""
         self.program.probe.write(page.formula, formula)
         self.program.probe.write(page.result, PENDING)
-        self.display.press("Return")
+
+        def is_heard():
+            self.display.press("ctrl+End", "Return", "ctrl+Home")
+            # The caret tells that Return was handled.
+            self.program.wait_for(
+                lambda: self.program.probe.window(page.formula).selection == [0, 0], "Return")
+            is_busy = not self.program.probe.window(page.type_slider).enabled
+            return is_busy or self.text(page.result) != PENDING
+        self.program.wait_for(is_heard, f"Return to be heard for {formula!r}")
         self.wait_for_written_result(page, formula)
         return self.shown(page)
 

@@ -56,15 +56,18 @@ class CalculatorFormTest(CalculatorCase):
                  for is_shown, control in zip(pad["shown"], page.container.children)]
         self.assertEqual(shown, [control.visible for control in page.container.children])
 
-    def check_labels(self, page):
-        pixels = self.display.pixels_of(page.window.rect)
-        for slider, labels in ((page.type_slider, page.type_labels),
-                               (page.angle_slider, page.angle_labels)):
-            if not slider.visible:
-                continue
-            current = slider.position % 100000
-            self.assertEqual([i == current for i in range(len(labels))],
-                             [LABEL_COLOUR in pixels.colours(start_of(label)) for label in labels])
+    def wait_for_labels(self, page):
+        """Waits until the labels beside the positions of the sliders, and no others, stand out."""
+        labels = {start_of(label): i == slider.position % 100000
+                  for slider, of_slider in ((page.type_slider, page.type_labels),
+                                            (page.angle_slider, page.angle_labels))
+                  if slider.visible
+                  for i, label in enumerate(of_slider)}
+        self.wait_for_pixels(
+            page.window.rect,
+            lambda pixels: all(stands_out == (LABEL_COLOUR in pixels.colours(place))
+                               for place, stands_out in labels.items()),
+            f"labels that stand out: {labels}")
 
     def test_shows_its_form_in_both_languages_at_every_resolution(self):
         for dpi in (96, 120, 144, 192):
@@ -93,9 +96,9 @@ class CalculatorFormTest(CalculatorCase):
                 self.choose_type(number_type)
                 page = self.choose_angle(angle)
                 self.check_type(page, number_type, angle=angle)
-                self.check_labels(page)
+                self.wait_for_labels(page)
         for number_type in TYPES:
-            self.check_labels(self.choose_type(number_type))
+            self.wait_for_labels(self.choose_type(number_type))
         self.end_program()
         for line in ("angle_type = gon", "number_type = cplx", "use_lower_case_hex = 0"):
             self.assert_setting(line)
@@ -105,31 +108,34 @@ class CalculatorFormTest(CalculatorCase):
         # The label of the precision reaches into its field, the control of the output base and the
         # count of digits into the keys and the bracket mark.
         x, y, width, _ = page.precision_field.rect
-        pixels = self.display.pixels_of(page.window.rect)
-        self.assertIn(WHITE, pixels.colours((x + 2, y + 2, width - 4, 1)))
+        top_of_field = (x + 2, y + 2, width - 4, 1)
+        self.wait_for_pixels(top_of_field, lambda pixels: WHITE in pixels.colours(top_of_field),
+                             "the precision field in front of its label")
         page = self.choose_type("uint")
         page = self.evaluate("7/2")
-        pixels = self.display.pixels_of(page.window.rect)
-        for key in page.keys[2:7]:
-            x, y, width, _ = key.rect
-            self.assertIn(WHITE, pixels.colours((x + 6, y + 3, width - 12, 1)))
-        # Thin as it is, its lines are smoothed to a dark grey.
-        self.assertTrue(any(max(colour) < 100
-                            for colour in pixels.colours(page.bracket_mark.rect)))
+        keys = [(x + 6, y + 3, width - 12, 1) for x, y, width, _ in
+                (key.rect for key in page.keys[2:7])]
+        self.wait_for_pixels(
+            page.window.rect,
+            lambda pixels: all(WHITE in pixels.colours(key) for key in keys)
+            # Thin as it is, its lines are smoothed to a dark grey.
+            and any(max(colour) < 100 for colour in pixels.colours(page.bracket_mark.rect)),
+            "keys and bracket mark in front of their neighbours")
 
     def test_colours_of_the_keys(self):
         page = self.start_calculator(settings=calculator_settings(number_type="cplx"))
-        pixels = self.display.pixels_of(page.window.rect)
         classes = {"7": GREEN, "+": GREEN, "=": GREEN, "CA": RED, "←": RED, "CF": RED,
                    "sinh": BLUE, "x!": BLUE, "var": BLACK, "(..)": BLACK, "realp": BROWN,
                    "imagp": BROWN}
         for caption, colour in classes.items():
             with self.subTest(caption):
                 # Of the colours that keys have, and not of those of their edges.
-                found = pixels.colours(page.key(caption).rect)
-                self.assertEqual({colour}, found & set(classes.values()))
-        # A key that is disabled is grey.
-        found = pixels.colours(page.key("ans").rect)
+                rect = page.key(caption).rect
+                self.wait_for_pixels(
+                    rect, lambda pixels, rect=rect, colour=colour:
+                    {colour} == pixels.colours(rect) & set(classes.values()), f"{caption} in {colour}")
+        # A key that is disabled is grey. It was painted with the others.
+        found = self.display.pixels_of(page.key("ans").rect).colours(page.key("ans").rect)
         self.assertFalse(found & set(classes.values()))
 
 

@@ -140,6 +140,9 @@ class CalculatorFormulaTest(CalculatorCase):
         self.press_keys(CLEAR_FORMULA, "*")
         self.display.press("shift+Insert")
         self.wait_for_formula("*23")
+        self.press_keys("/")
+        self.display.press("ctrl+v")
+        self.wait_for_formula("*23/23")
 
     def test_line_breaks_in_a_formula(self):
         self.start_calculator()
@@ -157,6 +160,16 @@ class CalculatorFormulaTest(CalculatorCase):
         self.display.press("ctrl+Return")
         self.wait_for_formula("1+\r\n2\r\n*5\r\n")
         self.wait_for_stale_result()
+
+    def test_long_formulas_break_at_any_character(self):
+        self.start_calculator()
+        text = "9" * 20 + " + " + "9" * 30
+        self.paste_formula(text)
+        self.wait_for_formula(text)
+        self.display.press("ctrl+Home", "End")
+        # The blanks do not end the first line, but its width does.
+        page = self.wait_for_page_where(lambda page: page.formula.selection != [0, 0], "its end")
+        self.assertIn(page.formula.selection[0], range(25, 45))
 
     def test_pasted_characters_that_no_formula_has(self):
         self.start_calculator("de")

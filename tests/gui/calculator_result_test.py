@@ -3,10 +3,8 @@
 
 import unittest
 
-from calculator_case import (ANS, BACKSPACE, CLEAR_ALL, SWITCH_NOTATION, TYPES, CalculatorCase,
-                             calculator_settings, console_results)
-
-BLACK, GREY = (0, 0, 0), (128, 128, 128)
+from calculator_case import (ANS, BACKSPACE, CLEAR_ALL, STALE, SWITCH_NOTATION, TYPES, VALID,
+                             CalculatorCase, calculator_settings, console_results)
 
 FORMULAS = {
     "uint": ["2^64-1", "7/2", "ncr(10; 3)"],
@@ -26,25 +24,46 @@ FORMS = [
     ("rat", "-22/7", "F↔S", ["fixed", "scientific", "auto"]),
     ("rat", "-22/7", "R↔M", ["mixed", "auto"]),
 ]
-GERMAN = {"language": "de", "decimal": "comma", "thousands": "point"}
+SEPARATORS = {"en": {"decimal": "point", "thousands": "comma"},
+              "de": {"decimal": "comma", "thousands": "point"}}
 
 
 class CalculatorResultTest(CalculatorCase):
-    def test_two_times_the_sine_of_one_typed_and_clicked(self):
-        self.start_calculator("de")
-        for digits in (10, 50, 1000, 10000):
-            with self.subTest(digits=digits):
-                expected, = console_results("2*sin(1)", digits=digits, **GERMAN)
-                self.assertIn(len(expected), (digits, digits + 1))
-                self.choose_precision(digits)
-                self.assertEqual(expected, self.result_of("2*sin(1)"))
-                self.press_keys(CLEAR_ALL)
-                self.wait_for_page_where(lambda page: not page.result.text, "an empty result")
-                self.press_keys("2", "*", "sin", "1", "=")
+    def test_two_times_the_sine_of_one_typed_by_somebody_new(self):
+        for language, separators in SEPARATORS.items():
+            with self.subTest(language):
+                self.program = self.start(language)
+                about = self.program.wait_for_window(
+                    self.texts["TextAboutAbout"].replace("%s", "Tallymere"))
+                self.click(about.control("button", "OK"))
+                self.program.wait_until_hidden(about.text)
+                self.open_calculator()
+                # Without a click the keyboard is in the formula.
+                self.wait_for_page_where(lambda page: page.formula.focused, "the keyboard")
+                self.display.type_text("2*sin(1)")
+                self.display.press("Return")
+                expected, = console_results("2*sin(1)", language=language, **separators)
                 page = self.wait_for_result(expected)
                 self.assertEqual("2*sin(1)", page.formula.text)
-        self.end_program()
-        self.assert_setting("decimal_precision = 10000")
+                self.program.close()
+
+    def test_two_times_the_sine_of_one_typed_and_clicked(self):
+        for language, separators in SEPARATORS.items():
+            self.start_calculator(language)
+            for digits in (10, 50, 1000, 10000):
+                with self.subTest(language=language, digits=digits):
+                    expected, = console_results("2*sin(1)", digits=digits, language=language,
+                                                **separators)
+                    self.assertIn(len(expected), (digits, digits + 1))
+                    self.choose_precision(digits)
+                    self.assertEqual(expected, self.result_of("2*sin(1)"))
+                    self.press_keys(CLEAR_ALL)
+                    self.wait_for_page_where(lambda page: not page.result.text, "an empty result")
+                    self.press_keys("2", "*", "sin", "1", "=")
+                    page = self.wait_for_result(expected)
+                    self.assertEqual("2*sin(1)", page.formula.text)
+            self.end_program()
+            self.assert_setting("decimal_precision = 10000")
 
     def test_formulas_of_each_number_type(self):
         self.start_calculator()
@@ -190,26 +209,22 @@ class CalculatorResultTest(CalculatorCase):
         self.assertEqual("11", self.wait_for_result("0x100.0000.0000").digits)
 
     def test_stale_results_are_grey(self):
-        def colours(page):
-            return self.display.pixels_of(page.result.client).colours(page.result.client)
-
         self.start_calculator()
-        page = self.evaluate("7*6")
-        self.assertIn(BLACK, colours(page))
+        self.evaluate("7*6")
+        self.wait_for_colour_of_result(VALID)
         self.display.type_text("1")
         page = self.wait_for_stale_result()
         self.assertEqual("42", page.result.text)
         self.assertFalse(page.key("F↔S").enabled)
-        self.program.wait_for(lambda: BLACK not in colours(page), "no black result")
-        self.assertIn(GREY, colours(page))
+        self.wait_for_colour_of_result(STALE)
         # Every change of the settings makes a result stale that the formula would not have now.
         for change in (lambda: self.choose_precision(11), lambda: self.choose_type("cplx"),
                        lambda: self.press_keys(BACKSPACE)):
-            page = self.evaluate("7*6")
-            self.assertIn(BLACK, colours(page))
+            self.evaluate("7*6")
+            self.wait_for_colour_of_result(VALID)
             change()
-            page = self.wait_for_stale_result()
-            self.program.wait_for(lambda: BLACK not in colours(page), "no black result")
+            self.wait_for_stale_result()
+            self.wait_for_colour_of_result(STALE)
         # Another unit does not.
         self.evaluate("7*6")
         self.assertTrue(self.choose_angle("gon").has_valid_result)

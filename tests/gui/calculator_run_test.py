@@ -3,14 +3,18 @@
 
 import unittest
 
-from calculator_case import (CLEAR_ALL, EVALUATE, VARIABLES, CalculatorCase, calculator_settings,
-                             console_results)
+from calculator_case import (CLEAR_ALL, EVALUATE, STALE, VALID, VARIABLES, CalculatorCase,
+                             calculator_settings, console_results)
 from gui_case import MAIN_TITLE
 from program import DIALOG_CLASS
 
+# Some seconds with 10,000 digits.
+SECONDS_LONG = "fact(1000000)-fact(1000000)+" * 3 + "42"
 # Longer than any test.
 REAL = "+".join(f"fact({number})" for number in range(1000000, 1000100))
 UINT = "powmod(3; 10^19000+7; 10^19000+9)"
+
+BLACK = (0, 0, 0)
 
 
 def enabled_keys(page):
@@ -69,6 +73,14 @@ class CalculatorRunTest(CalculatorCase):
         page = self.wait_for_page_where(lambda page: page.window.client[2:] == [700, 600],
                                         "the page to be larger")
         self.assertEqual(680, page.formula.rect[2])
+        # It paints itself as it is now.
+        self.wait_until_painted([key for key in page.keys if key.text])
+        formula = page.formula.client
+        self.wait_for_pixels(formula, lambda pixels: BLACK in pixels.colours(formula),
+                             "the formula to be painted")
+        self.wait_for_colour_of_result(STALE)
+        for window in (page.window, self.dialogs()[MAIN_TITLE]):
+            self.assertEqual(100, self.program.probe.answers(window))
         # Nothing else does anything, by mouse or keyboard.
         self.display.click_all([page.keys[key].middle() for key in (3, 9, EVALUATE)])
         self.focus_formula()
@@ -106,12 +118,12 @@ class CalculatorRunTest(CalculatorCase):
         self.start_calculator()
         page = self.evaluate("1+1")
         captions = [key.text for key in page.keys]
-        for digit in "3456789":
+        for digit, result in zip("3456789", ("5", "9", "14", "20", "27", "35", "44")):
             self.display.type_text(f"+{digit}")
+            self.wait_for_stale_result()
             self.press_return()
-            page = self.wait_for_valid_result()
+            page = self.wait_for_result(result)
             self.assertEqual(captions, [key.text for key in page.keys])
-        self.wait_for_result("44")
 
     def test_page_closed_while_it_calculates(self):
         self.start_calculator("de", settings=calculator_settings(precision=10000))
@@ -119,13 +131,30 @@ class CalculatorRunTest(CalculatorCase):
         self.program.wait_for_window(self.texts["TextVarCalculatorVariables"])
         self.display.activate(self.page().window)
         self.program.wait_for_window(self.page_title())
-        self.start_run(REAL)
+        self.start_run(SECONDS_LONG)
         self.display.press("alt+F4")
         self.program.wait_until_hidden(self.page_title())
         self.assertEqual({MAIN_TITLE}, self.program.visible_windows())
         page = self.page()
         self.assert_busy(page)
         self.assertEqual(100, self.program.probe.answers(page.window))
+
+        # It goes on, and tells nothing at its end.
+        self.wait_until_idle()
+        self.assertEqual({MAIN_TITLE}, self.program.visible_windows())
+        self.display.activate(self.dialogs()[MAIN_TITLE])
+        self.open_calculator()
+        self.wait_for_result("42")
+        self.wait_for_colour_of_result(VALID)
+        # From here on a key is heard again.
+        self.assertEqual(["4,2e+1", "42"], self.results_by_keys("F↔S", 2))
+        # Once more without a change: what is shown does not count any more.
+        self.focus_formula()
+        self.display.press("Return")
+        self.wait_for_page_where(lambda page: page.keys[CLEAR_ALL].text == "Stop", "Stop")
+        self.wait_for_colour_of_result(STALE)
+        self.stop_run()
+        self.assertEqual("43", self.result_of("ans+1"))
 
 
 if __name__ == "__main__":

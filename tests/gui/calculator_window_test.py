@@ -3,7 +3,7 @@
 
 import unittest
 
-from calculator_case import (CALCULATOR_SIZE, CONTAINER_HEIGHT, CalculatorCase,
+from calculator_case import (CALCULATOR_SIZE, CONTAINER_HEIGHT, VALID, CalculatorCase,
                              calculator_settings, lay_out)
 from form_check import offset_in
 
@@ -21,7 +21,9 @@ class CalculatorWindowTest(CalculatorCase):
         self.display.resize(self.page().window, width, height)
         self.wait_for_page_where(lambda page: page.window.client[2:] == [width, height],
                                  f"a client area of {width} by {height}")
-        return self.page()
+        page = self.page()
+        self.wait_until_painted([key for key in page.keys if key.text])
+        return page
 
     def drag_splitter(self, distance):
         x, y = self.page().splitter.middle()
@@ -45,13 +47,23 @@ class CalculatorWindowTest(CalculatorCase):
         self.assertEqual(whole, sum(self.heights(page)))
         self.assertEqual(page.formula.rect[1] + page.formula.rect[3], page.splitter.rect[1])
         self.assertEqual(page.splitter.rect[1] + 4, page.result.rect[1])
+        self.wait_for_colour_of_result(VALID)
+        places = self.places(page)
+        self.display.minimise(page.window)
+        self.wait_for_page_where(lambda page: page.window.minimised, "the page to be minimised")
+        self.display.activate(page.window)
+        self.wait_for_page_where(lambda page: not page.window.minimised, "the page to come back")
+        page = self.wait_for_page()
+        self.assertEqual(places, self.places(page))
         heights = self.heights(page)
         for size in ((2500, 1500), (600, 700), (370, 355)):
             page = self.resize(*size)
             self.assertEqual(lay_out(*size, *heights), self.places(page))
             heights = self.heights(page)
         # Too low for the fields, and much lower than the container.
-        self.resize(300, CONTAINER_HEIGHT - 30)
+        self.display.resize(page.window, 300, CONTAINER_HEIGHT - 30)
+        self.wait_for_page_where(lambda page: page.window.client[3] == CONTAINER_HEIGHT - 30,
+                                 "the page to be lower")
         page = self.resize(*CALCULATOR_SIZE)
         self.assertEqual(lay_out(*CALCULATOR_SIZE, 1, 1), self.places(page))
         self.assertEqual(["2^3000", result], [page.formula.text, page.result.text])
@@ -83,13 +95,13 @@ class CalculatorWindowTest(CalculatorCase):
         return control.text if control else None
 
     def press_to(self, keys, name):
-        self.display.press(*keys.split())
+        if keys:
+            self.display.press(*keys.split())
         self.program.wait_for(lambda: self.focus_name() == name, f"{name} to have the keyboard")
 
     def test_keyboard_alone(self):
         self.start_calculator(settings=calculator_settings(number_type="uint"))
-        if self.focus_name() != "formula":
-            self.press_to("Tab", "formula")
+        self.press_to("", "formula")
         self.display.type_text("2^10")
         self.display.press("Return")
         self.wait_for_result("1024")

@@ -39,7 +39,14 @@ class VariablesTest(VariablesCase):
                     self.program.close()
 
     def test_first_variable_from_its_name_to_the_next_start(self):
-        dialog = self.start_with()
+        for language, value, results in (("en", "2.5*4", ("2.5", "10.5")),
+                                         ("de", "2,5*4", ("2,5", "10,5"))):
+            with self.subTest(language):
+                self.use_first_variable(language, value, results)
+                self.program.close()
+
+    def use_first_variable(self, language, value, results):
+        dialog = self.start_with(language=language)
         self.assertEqual(([], -1, "", ""), dialog.shown)
         for button in (dialog.assign, dialog.take_name, dialog.insert, dialog.delete):
             self.assertFalse(button.enabled)
@@ -51,17 +58,17 @@ class VariablesTest(VariablesCase):
         self.wait_for_focus_on("name")
         self.assertEqual([0, 5], self.dialog().name.selection)
         self.display.type_text("width")
-        self.type_value("2.5*4")
-        self.wait_for_shown(["width"], 0, "width", "2.5*4")
-        self.calculate("width/4", "2.5")
+        self.type_value(value)
+        self.wait_for_shown(["width"], 0, "width", value)
+        self.calculate("width/4", results[0])
         self.end_and_expect_settings(variables=[("width", "2.5*4")])
 
         before = self.settings_bytes()
-        self.program = self.start()
+        self.program = self.start(language)
         self.open_calculator()
         self.open_variables()
-        self.wait_for_shown(["width"], 0, "width", "2.5*4")
-        self.calculate("width+1", "11")
+        self.wait_for_shown(["width"], 0, "width", value)
+        self.calculate("width+1/2", results[1])
         self.end_program()
         self.assertEqual(before, self.settings_bytes())
 
@@ -76,6 +83,9 @@ class VariablesTest(VariablesCase):
         moved = self.wait_for_dialog_where(
             lambda shown: shown.window.rect[:2] != dialog.window.rect[:2], "the dialog to move")
         self.assertEqual([x + width - 5, y + 50], moved.window.rect[:2])
+        # It is the active window again, whatever the window manager makes of that.
+        self.program.wait_for(lambda: self.program.find(title=moved.window.text).in_foreground,
+                              "the dialog to be active")
 
     def test_closing_hides_it_and_keeps_everything(self):
         self.start_with([("a", "1")])
@@ -417,6 +427,8 @@ class VariablesTest(VariablesCase):
                              [button.rect[1] - y for button in (
                                  dialog.assign, dialog.take_name, dialog.add, dialog.insert,
                                  dialog.delete)])
+            self.wait_until_painted([
+                dialog.assign, dialog.take_name, dialog.list, dialog.name, dialog.value])
 
     def test_keyboard_alone(self):
         self.start_with([("a", "1"), ("b", "2")])
