@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <iterator>
 
 #include "calculator/keypad.h"
 #include "layout/digit_count_layout.h"

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <iterator>
 
 #include "calculator/key_texts.h"
 #include "layout/font_form.h"
@@ -38,6 +39,7 @@ enum KeyClass : int32_t {
 inline constexpr RgbColour KeyColours[] = {
     {0, 0, 0}, {0, 100, 0}, {0, 100, 0}, {255, 0, 0}, {0, 0, 255}, {0, 0, 0}, {128, 0, 0},
 };
+static_assert(std::size(KeyColours) == KeyClassCount);
 
 /// Left and right of a caption, in pixels: the room of a drawn caption is narrowed by it.
 inline constexpr int32_t KeyCaptionMargin = 3;
@@ -53,6 +55,7 @@ enum KeyFont : int32_t {
 /// The fonts of the keys, by their number.
 inline constexpr FontForm KeyFonts[] = {
     {u"Verdana", 13}, {u"Consolas", 22}, {u"Consolas", 13}, {u"Verdana", 12}};
+static_assert(std::size(KeyFonts) == KeyFontCount);
 
 /// Characters of the longest caption, the terminating 0 not counted.
 inline constexpr int64_t KeyCaptionCharacters = 8;

@@ -185,7 +185,6 @@ TEST(KeypadTest, ThreeKeysHaveFontsOfTheirOwn) {
 }
 
 TEST(KeypadTest, EveryClassHasItsColour) {
-    ASSERT_EQ(std::size(KeyColours), size_t{KeyClassCount});
     EXPECT_EQ(KeyColours[1], (RgbColour{0, 100, 0}));
     EXPECT_EQ(KeyColours[2], (RgbColour{0, 100, 0}));
     EXPECT_EQ(KeyColours[3], (RgbColour{255, 0, 0}));
