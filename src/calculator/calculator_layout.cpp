@@ -4,8 +4,8 @@ namespace tallymere {
 
 namespace {
 
-constexpr LayoutPoint FormulaCorner = {10, 10};
 constexpr int32_t SideMargins = 20;
+// Above and below the fields and, between them, the splitter.
 constexpr int32_t HeightOfNoFields = 20;
 constexpr int32_t LowestField = 20;
 
@@ -25,14 +25,16 @@ CalculatorLayout LayOutCalculator(LayoutSize client, FieldHeights current) {
         static_cast<double>(area - HeightOfNoFields) / (current.formula + current.result);
 
     CalculatorLayout layout;
-    layout.formula = {FormulaCorner.x, FormulaCorner.y, width,
-                      ScaledHeight(current.formula, scale)};
+    layout.formula = CalculatorForm[CalculatorFormula].place;
+    layout.formula.width = width;
+    layout.formula.height = ScaledHeight(current.formula, scale);
     layout.splitter = CalculatorForm[CalculatorSplitter].place;
     layout.splitter.y = layout.formula.y + layout.formula.height;
     layout.splitter.width = width;
-    layout.result = {CalculatorForm[CalculatorResult].place.x,
-                     layout.splitter.y + layout.splitter.height, width,
-                     ScaledHeight(current.result, scale)};
+    layout.result = CalculatorForm[CalculatorResult].place;
+    layout.result.y = layout.splitter.y + layout.splitter.height;
+    layout.result.width = width;
+    layout.result.height = ScaledHeight(current.result, scale);
     layout.container = CalculatorContainer;
     layout.container.y = area;
     return layout;

@@ -42,6 +42,12 @@ inline constexpr FormControl VariablesForm[] = {
 };
 static_assert(std::size(VariablesForm) == VariablesControlCount);
 
+/// Distances from the right and the lower edge of the client area.
+inline constexpr int32_t VariablesRightMargin = 10;   ///< to the value box
+inline constexpr int32_t VariablesButtonRoom = 65;    ///< to list and value box
+inline constexpr int32_t VariablesUpperButtons = 58;  ///< to the upper edge of a row of buttons
+inline constexpr int32_t VariablesLowerButtons = 30;  ///< likewise
+
 /// The place of a control in a client area, both in logical units: list and value box take the room
 /// that there is, the buttons stand in two rows at the bottom. In an area too small for that sizes
 /// are below 0, which the system takes as none.
@@ -49,20 +55,20 @@ constexpr LayoutRect PlaceVariablesControl(VariablesControl control, LayoutSize 
     LayoutRect place = VariablesForm[control].place;
     switch (control) {
         case VariablesList:
-            place.height = client.height - 95;
+            place.height = client.height - VariablesButtonRoom - place.y;
             break;
         case VariablesValue:
-            place.width = client.width - 145;
-            place.height = client.height - 145;
+            place.width = client.width - VariablesRightMargin - place.x;
+            place.height = client.height - VariablesButtonRoom - place.y;
             break;
         case VariablesAssign:
         case VariablesAdd:
-            place.y = client.height - 58;
+            place.y = client.height - VariablesUpperButtons;
             break;
         case VariablesTakeName:
         case VariablesInsert:
         case VariablesDelete:
-            place.y = client.height - 30;
+            place.y = client.height - VariablesLowerButtons;
             break;
         default:
             break;
