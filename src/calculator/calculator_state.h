@@ -28,7 +28,12 @@ inline constexpr int64_t CalcResultWords =
     std::max({2 * (LayoutForDigits(MaxPrecisionDigits).limbs + 1),
               UintLimbsForDigits(CalcUintDigits), 2 * UintLimbsForDigits(CalcRationalDigits) + 1});
 
-/// Characters of a result, the terminating 0 not counted.
+/// Automatic notation writes no exponent for a real number whose exponent lies above this and below
+/// the precision setting.
+inline constexpr int64_t AutomaticFixedAbove = -4;
+
+/// Characters of a result, the terminating 0 not counted: room for as many digits as the longest
+/// integer has in base 2, 66,496, in groups of three.
 inline constexpr int64_t CalcResultCharacters = 88'661;
 
 struct CalculatorState {

@@ -16,9 +16,9 @@ enum AutomaticLook { LooksFixed, LooksScientific, LooksMixed };
 
 AutomaticLook LookOfReal(const RealNumber* x) {
     const int64_t exponent = RealExponent(x);
-    return !RealIsSpecial(x) && (exponent < -3 || exponent >= calculator.calcPrecision)
-               ? LooksScientific
-               : LooksFixed;
+    const bool hasExponent =
+        exponent <= AutomaticFixedAbove || exponent >= calculator.calcPrecision;
+    return !RealIsSpecial(x) && hasExponent ? LooksScientific : LooksFixed;
 }
 
 // A part that is zero is not written beside one that is not, so only the other one counts.

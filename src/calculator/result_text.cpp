@@ -24,7 +24,7 @@ void InstallNotationWindow() {
         SetCalcError(CalcErrorBadParameter);
         return;
     }
-    numberContext.fixedExponentLow = -4;
+    numberContext.fixedExponentLow = AutomaticFixedAbove;
     numberContext.fixedExponentHigh = calculator.calcPrecision;
 }
 

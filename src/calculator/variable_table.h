@@ -6,13 +6,16 @@
 
 #include <cstdint>
 
+#include "calculator/calculator_state.h"
+
 namespace tallymere {
 
 inline constexpr int64_t MaxVariables = 100;
 
-/// Characters of a name and of a value text, the terminating 0 not counted.
+/// Characters of a name and of a value text, the terminating 0 not counted. A variable can have
+/// each result for its value.
 inline constexpr int64_t VariableNameCharacters = 10;
-inline constexpr int64_t VariableValueCharacters = 88'661;
+inline constexpr int64_t VariableValueCharacters = CalcResultCharacters;
 
 /// Each variable owns its two buffers, of VariableNameCharacters + 1 and VariableValueCharacters +
 /// 1 characters.

@@ -79,7 +79,6 @@ bool DeleteSelectedVariable(VariablesDialog& dialog) {
 }
 
 bool AssignResult(VariablesDialog& dialog) {
-    static_assert(CalcResultCharacters <= VariableValueCharacters);
     if (!IsVariableSelected(dialog)) {
         return false;
     }
