@@ -75,7 +75,8 @@ bool Rewrite(HWND field, const HeapText& broken, TextSelection selection) {
     const bool isWritten = AskEdit(field, WM_SETTEXT, 0, text) != FALSE;
     SelectPlain(field, selection);
     AskEdit(field, EM_SETMODIFY, static_cast<WPARAM>(isModified));
-    AskEdit(field, EM_LINESCROLL, 0, firstLine);
+    // Selecting may have scrolled.
+    AskEdit(field, EM_LINESCROLL, 0, firstLine - AskEdit(field, EM_GETFIRSTVISIBLELINE));
     return isWritten;
 }
 

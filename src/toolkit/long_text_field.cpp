@@ -52,8 +52,6 @@ void ReplaceSelection(HWND field, std::u16string_view insertion, bool canBeUndon
     }
     if (canBeUndone) {
         NoteTextChange(field, std::move(before), PlainState(field), TextReplaced);
-    } else {
-        ForgetTextChange(field);
     }
     TellChange(field);
 }

@@ -3,6 +3,7 @@
 
 #include <cstring>
 
+#include "calculator/field_editing.h"
 #include "calculator/variables_form.h"
 #include "calculator_windows/calculator_windows.h"
 
@@ -34,6 +35,15 @@ bool PutOnClipboard(const std::u16string& text) {
     const bool isTaken = SetClipboardData(CF_UNICODETEXT, memory) != nullptr;
     CloseClipboard();
     return isTaken;
+}
+
+void PressInsertWithShift(HWND window) {
+    BYTE keys[256] = {};
+    keys[VK_SHIFT] = 0x80;
+    SetKeyboardState(keys);
+    SendMessageW(window, WM_KEYDOWN, VK_INSERT, 1);
+    keys[VK_SHIFT] = 0;
+    SetKeyboardState(keys);
 }
 
 // The longest line that the system's control has.
@@ -97,6 +107,20 @@ TEST_F(LongTextsTest, ArePastedAtEachPlace) {
     EXPECT_EQ(SelectionIn(field), (std::pair<DWORD, DWORD>(3000, 3000)));
 }
 
+TEST_F(LongTextsTest, ArePastedIntoTheFormulaAfterAKey) {
+    const std::u16string text = LongText(3000, 100'000);
+    ASSERT_TRUE(PutOnClipboard(text));
+    const HWND sink = ControlOf(CalculatorFocusSink);
+    SetFormula(u"");
+    SetFocus(sink);
+    SendMessageW(sink, WM_CHAR, FieldPasteKey, 1);
+    EXPECT_TRUE(Formula() == text);
+    EXPECT_EQ(GetFocus(), field);
+    SetFocus(sink);
+    PressInsertWithShift(sink);
+    EXPECT_TRUE(Formula() == text + text);
+}
+
 TEST_F(LongTextsTest, CannotBeChangedInTheResult) {
     const HWND result = ControlOf(CalculatorResult);
     const std::u16string text = LongText(3000, 100'000);
@@ -109,6 +133,8 @@ TEST_F(LongTextsTest, CannotBeChangedInTheResult) {
     SendMessageW(result, WM_CHAR, u'5', 1);
     SendMessageW(result, WM_CHAR, VK_BACK, 1);
     SendMessageW(result, WM_KEYDOWN, VK_DELETE, 1);
+    SendMessageW(result, WM_CHAR, FieldPasteKey, 1);
+    PressInsertWithShift(result);
     EXPECT_TRUE(WholeText(result) == text);
     SendMessageW(result, WM_COPY, 0, 0);
     SetFormula(u"");

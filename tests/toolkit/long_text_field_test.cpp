@@ -33,6 +33,20 @@ TEST_F(LongTextField, WrapsWhereTheSystemWould) {
     EXPECT_LE(LineCount(), 2 * lines);
 }
 
+TEST_F(LongTextField, FillsItsLinesWithoutTheSystemsHelp) {
+    MoveWindow(field, 0, 0, 380, 100, TRUE);
+    const HFONT large = CreateFontW(40, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0,
+                                    0, 0, 0, L"Verdana");
+    for (const HFONT font : {defaultGuiFont, large}) {
+        SendMessageW(field, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+        SetText(std::u16string(1000, u'i'));
+        const int length = EndOfFirstLine();
+        EXPECT_EQ(LineCount(), (1000 + length - 1) / length);
+        EXPECT_EQ(SendMessageW(field, EM_LINELENGTH, 0, 0), length);
+    }
+    DeleteObject(large);
+}
+
 TEST_F(LongTextField, WrapsAnewForAnotherWidthOrFont) {
     SetText(Digits(1000));
     Select(500, 510);
@@ -71,7 +85,9 @@ TEST_F(LongTextField, SelectsByThePositionsOfItsText) {
     Select(-1, 0);
     EXPECT_EQ(Selection().first, Selection().second);
     SetText(Digits(70'000));
-    Select(0, -1);
+    Select(1, 65'535);
+    EXPECT_EQ(SendMessageW(field, EM_GETSEL, 0, 0), MAKELRESULT(1, 65'535));
+    Select(1, 65'536);
     EXPECT_EQ(SendMessageW(field, EM_GETSEL, 0, 0), -1);
 }
 
@@ -104,6 +120,11 @@ TEST_F(LongTextField, DeletesOverTheEndOfALine) {
     Select(0, 990);
     SendMessageW(field, WM_CLEAR, 0, 0);
     EXPECT_EQ(Text(), Digits(1000).substr(992));
+
+    SetText(Digits(1000));
+    Select(end, end + 10);
+    TypeCharacter(field, VK_BACK);
+    EXPECT_EQ(Text(), Digits(1000).erase(static_cast<size_t>(end), 10));
 }
 
 TEST_F(LongTextField, DeletesTheCharacterBehindALineThatTheCaretIsAtTheEndOf) {
@@ -159,6 +180,21 @@ TEST_F(LongTextField, KeysCopyAndCutWithoutItsBreaks) {
     PutOnEmptyClipboard(parent, u"");
     PressKey(field, VK_DELETE);
     EXPECT_EQ(TextOnClipboard(parent), u"none");
+    Select(0, 50);
+    PressKey(field, VK_DELETE, VK_SHIFT, VK_CONTROL);
+    EXPECT_EQ(TextOnClipboard(parent), u"none");
+}
+
+TEST_F(LongTextField, CopiesInsteadOfAnythingThatTheClipboardHas) {
+    SetText(Digits(1000));
+    Select(0, 500);
+    PutOnEmptyClipboard(parent, u"");
+    OpenClipboard(parent);
+    SetClipboardData(CF_PRIVATEFIRST, GlobalAlloc(GMEM_MOVEABLE, 1));
+    CloseClipboard();
+    EXPECT_TRUE(IsClipboardFormatAvailable(CF_PRIVATEFIRST));
+    SendMessageW(field, WM_COPY, 0, 0);
+    EXPECT_FALSE(IsClipboardFormatAvailable(CF_PRIVATEFIRST));
 }
 
 TEST_F(LongTextField, KeepsItsSelectionIfThereIsNothingToPaste) {
@@ -241,6 +277,28 @@ TEST_F(LongTextField, CountsLinesAndPlacesByThePositionsOfItsText) {
     EXPECT_EQ(HIWORD(found), line);
     EXPECT_EQ(ask(EM_CHARFROMPOS, 0, MAKELPARAM(5000, 5000)),
               AskSystem(field, EM_CHARFROMPOS, 0, MAKELPARAM(5000, 5000)));
+}
+
+TEST_F(LongTextField, ShowsTheSameLinesAfterAChange) {
+    SetText(Digits(5000));
+    const auto firstLine = [this] { return SendMessageW(field, EM_GETFIRSTVISIBLELINE, 0, 0); };
+    const auto scroll = [this](LPARAM lines) { SendMessageW(field, EM_LINESCROLL, 0, lines); };
+    Select(2500, 2500);
+    SendMessageW(field, EM_SCROLLCARET, 0, 0);
+    scroll(2);
+    const LRESULT first = firstLine();
+    EXPECT_GT(first, 10);
+    TypeCharacter(field, u'x');
+    EXPECT_EQ(firstLine(), first);
+    Replace(u"x");
+    EXPECT_EQ(firstLine(), first);
+    SendMessageW(field, WM_UNDO, 0, 0);
+    EXPECT_EQ(firstLine(), first);
+    scroll(-10);
+    MoveWindow(field, 0, 0, 210, 100, TRUE);
+    EXPECT_EQ(firstLine(), first - 10) << "the caret is not shown";
+    Replace(u"x");
+    EXPECT_GT(firstLine(), first - 10) << "the caret is shown";
 }
 
 TEST_F(LongTextField, IsModifiedByTheUserAlone) {

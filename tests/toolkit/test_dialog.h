@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -24,16 +25,17 @@ inline std::string TextOf(HWND window) {
     return {text, text + length};
 }
 
-/// Sends a key that goes down and comes up, as the message loop would, without the character.
-inline void PressKey(HWND control, int key, int heldKey = 0) {
+/// Sends a key that goes down and comes up, as the message loop would, without the character, while
+/// other keys are held.
+inline void PressKey(HWND control, int key, int heldKey = 0, int otherHeldKey = 0) {
     BYTE keys[256] = {};
-    if (heldKey != 0) {
-        keys[heldKey] = 0x80;
+    for (const int held : {heldKey, otherHeldKey}) {
+        keys[held] = held != 0 ? 0x80 : 0;
     }
     SetKeyboardState(keys);
     SendMessageW(control, WM_KEYDOWN, static_cast<WPARAM>(key), 1);
     SendMessageW(control, WM_KEYUP, static_cast<WPARAM>(key), static_cast<LPARAM>(0xC0000001));
-    keys[heldKey] = 0;
+    std::fill_n(keys, 256, BYTE{0});
     SetKeyboardState(keys);
 }
 

@@ -59,13 +59,36 @@ TEST_F(LongTextUndo, MakesATextShortThatWasMadeLong) {
 TEST_F(LongTextUndo, TakesAllBackThatWasTypedInOneGo) {
     SetText(text);
     Select(100, 600);
-    Type(u"abc");
+    Type(u"a b\n");
     ExpectUndo(text, {100, 600});
     Type(u"d");
-    const std::u16string before = Text();
+    std::u16string before = Text();
     Select(5, 5);
     Type(u"e");
     ExpectUndo(before, {5, 5});
+    before = Text();
+    Select(6, 9);
+    Type(u"f");
+    ExpectUndo(before, {6, 9});
+    Undo();
+    Select(6, 6);
+    Type(u"g");
+    ExpectUndo(before, {6, 6});
+    before = Text();
+    Replace(u"12");
+    const std::u16string replaced = Text();
+    ExpectUndo(before, {7, 7});
+    Replace(u"34");
+    ExpectUndo(replaced, {9, 9});
+}
+
+TEST_F(LongTextUndo, BeginsAnewWithWhatIsTypedAfterIt) {
+    SetText(text);
+    Select(100, 100);
+    Type(u"abc");
+    Undo();
+    Type(u"d");
+    ExpectUndo(text, {100, 100});
 }
 
 TEST_F(LongTextUndo, TakesAllBackThatWasErasedInOneGo) {
