@@ -1,9 +1,9 @@
 #include "calculator/mixed_fraction.h"
 
-#include "core/scratch.h"
 #include "exact/big_uint.h"
 #include "exact/big_uint_division.h"
 #include "exact/big_uint_text.h"
+#include "shell/scratch_text.h"
 #include "shell/text_format.h"
 
 namespace tallymere {
@@ -12,7 +12,7 @@ namespace {
 
 const char16_t* IntegerText(ScratchScope& scope, const uint64_t* a, uint32_t flags) {
     const int64_t capacity = BigUintTextLength(flags);
-    auto* text = reinterpret_cast<char16_t*>(scope.Take(capacity / CharactersPerWord + 1));
+    char16_t* text = TakeText(scope, capacity);
     BigUintToText(text, capacity, a, flags);
     return text;
 }

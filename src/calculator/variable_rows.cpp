@@ -1,10 +1,10 @@
 #include "calculator/variable_rows.h"
 
-#include <algorithm>
 #include <string_view>
 
 #include "calculator/calculator_state.h"
 #include "calculator/variable_table.h"
+#include "shell/scratch_text.h"
 
 namespace tallymere {
 
@@ -13,13 +13,11 @@ namespace {
 // A stored text with the decimal separator in force, copied only if that makes a difference.
 const char16_t* TextInForce(ScratchScope& scope, const char16_t* stored) {
     const std::u16string_view text = stored;
-    const char16_t separator = numberContext.decimalSeparators[0];
-    if (separator == u'.' || text.find(u'.') == text.npos) {
+    if (numberContext.decimalSeparators[0] == u'.' || text.find(u'.') == text.npos) {
         return stored;
     }
-    const auto length = static_cast<int64_t>(text.size());
-    auto* copy = reinterpret_cast<char16_t*>(scope.Take(length / CharactersPerWord + 1));
-    *std::replace_copy(text.begin(), text.end(), copy, u'.', separator) = 0;
+    char16_t* copy = TakeText(scope, static_cast<int64_t>(text.size()));
+    WriteInForce(copy, stored);
     return copy;
 }
 

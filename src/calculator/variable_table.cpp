@@ -127,4 +127,10 @@ void SetVariableValue(int64_t index, const char16_t* text) {
     variableTable.variablesChanged = true;
 }
 
+void WriteInForce(char16_t* buffer, const char16_t* stored) {
+    const std::u16string_view text = stored;
+    const char16_t separator = numberContext.decimalSeparators[0];
+    *std::replace_copy(text.begin(), text.end(), buffer, u'.', separator) = 0;
+}
+
 }  // namespace tallymere

@@ -59,4 +59,8 @@ void SetVariableName(int64_t index, const char16_t* name);
 /// too long ends in an ellipsis.
 void SetVariableValue(int64_t index, const char16_t* text);
 
+/// Writes a text in storage form as the user sees it and formulas read it, with the first decimal
+/// separator in force in place of ".". The buffer has room for as many characters and a 0.
+void WriteInForce(char16_t* buffer, const char16_t* stored);
+
 }  // namespace tallymere

@@ -1,7 +1,6 @@
 #include "calculator/variables_dialog.h"
 
 #include <algorithm>
-#include <string_view>
 
 #include "calculator/calculator_state.h"
 #include "shell/ui_error.h"
@@ -53,12 +52,6 @@ void SelectVariable(VariablesDialog& dialog, int64_t index) {
 
 bool IsVariableSelected(const VariablesDialog& dialog) {
     return HasVariable(dialog.selected);
-}
-
-void WriteShownValue(char16_t* buffer, int64_t index) {
-    const std::u16string_view value = variableTable.variables[index].value;
-    *std::replace_copy(value.begin(), value.end(), buffer, u'.',
-                       numberContext.decimalSeparators[0]) = 0;
 }
 
 bool AddAndSelectVariable(VariablesDialog& dialog, int64_t position) {

@@ -50,10 +50,6 @@ void SelectVariable(VariablesDialog& dialog, int64_t index);
 /// Whether the buttons insert, delete, assign and take name are enabled: a variable is selected.
 bool IsVariableSelected(const VariablesDialog& dialog);
 
-/// The value of the variable at `index` as its box shows it, with the first decimal separator in
-/// force in place of ".", into a buffer of VariableValueCharacters + 1 characters.
-void WriteShownValue(char16_t* buffer, int64_t index);
-
 /// The button add, with the count of variables for `position`, and insert, with the selected row:
 /// puts a new variable there, see AddVariable, and selects it. Returns false and does nothing where
 /// there can be none; the user is not told.

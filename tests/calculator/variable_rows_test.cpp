@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "calculator/calculator_testing.h"
+#include "shell/scratch_text.h"
 #include "shell/separators.h"
 
 namespace tallymere::testing_support {
@@ -92,8 +93,7 @@ protected:
         last.copy(calculator.calcResultText, last.size());
         {
             ScratchStackScope scope;
-            auto* text = reinterpret_cast<char16_t*>(
-                scope.Take(CalcFormulaCharacters / CharactersPerWord + 1));
+            char16_t* text = TakeText(scope, CalcFormulaCharacters);
             *std::copy(formula.begin(), formula.end(), text) = 0;
             EXPECT_EQ(Show(text), expected)
                 << evaluation.error << " at " << evaluation.errorPosition;

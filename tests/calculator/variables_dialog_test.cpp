@@ -27,7 +27,7 @@ protected:
     }
     static std::u16string ShownValue(int64_t index) {
         std::u16string buffer(static_cast<size_t>(VariableValueCharacters) + 1, u'?');
-        WriteShownValue(buffer.data(), index);
+        WriteInForce(buffer.data(), variableTable.variables[index].value);
         return buffer.c_str();
     }
     static std::u16string Stored(int64_t index) { return variableTable.variables[index].value; }

@@ -10,6 +10,7 @@
 #include "calculator/variables_form.h"
 #include "calculator/windows/calculator_controls.h"
 #include "calculator/windows/calculator_display.h"
+#include "shell/scratch_text.h"
 #include "shell/windows/calc_thread.h"
 #include "shell/windows/error_report.h"
 #include "shell/windows/program_windows.h"

@@ -5,6 +5,7 @@
 #include "calculator/variables_dialog.h"
 #include "calculator/variables_form.h"
 #include "calculator/windows/calculator_controls.h"
+#include "shell/scratch_text.h"
 #include "shell/windows/error_report.h"
 #include "shell/windows/form_windows.h"
 #include "shell/windows/program_windows.h"
@@ -66,10 +67,11 @@ void CommitShownVariable() {
 
 void WriteShownVariable() {
     ScratchStackScope scope;
+    const Variable& variable = variableTable.variables[dialog.selected];
     char16_t* value = TakeText(scope, VariableValueCharacters);
-    WriteShownValue(value, dialog.selected);
+    WriteInForce(value, variable.value);
     WriteBox(VariablesValue, value);
-    WriteBox(VariablesName, variableTable.variables[dialog.selected].name);
+    WriteBox(VariablesName, variable.name);
 }
 
 void ShowSelectedVariable() {

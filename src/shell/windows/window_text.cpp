@@ -5,10 +5,6 @@
 
 namespace tallymere {
 
-char16_t* TakeText(ScratchScope& scope, int64_t characters) {
-    return reinterpret_cast<char16_t*>(scope.Take(characters / CharactersPerWord + 1));
-}
-
 const char16_t* TakeWindowText(ScratchScope& scope, HWND window, int64_t capacity, bool* isCut) {
     char16_t* text = TakeText(scope, capacity);
     GetWindowTextW(window, ToWide(text), static_cast<int>(capacity + 1));

@@ -1,13 +1,10 @@
 // Texts of windows on the ScratchStack.
 #pragma once
 
-#include "core/scratch.h"
+#include "shell/scratch_text.h"
 #include "toolkit/win32.h"
 
 namespace tallymere {
-
-/// Room for a text of so many characters and its terminating 0.
-char16_t* TakeText(ScratchScope& scope, int64_t characters);
 
 /// The text of a window, at most `capacity` characters; one that is longer is cut and ends in an
 /// ellipsis. `isCut`, which may be null, tells whether that happened. Any thread may ask.

@@ -1,0 +1,13 @@
+// Texts on a ScratchStack.
+#pragma once
+
+#include "core/scratch.h"
+
+namespace tallymere {
+
+/// Room for a text of so many characters and its terminating 0.
+inline char16_t* TakeText(ScratchScope& scope, int64_t characters) {
+    return reinterpret_cast<char16_t*>(scope.Take(characters / CharactersPerWord + 1));
+}
+
+}  // namespace tallymere
