@@ -53,7 +53,8 @@ struct CalculatorState {
     char16_t calcResultText[CalcResultCharacters + 1] = {};
 };
 
-/// The one calculator of the process.
+/// The one calculator of the process. It belongs to the UI thread; during a run the CalcThread has
+/// it, and the UI thread touches resultValid and formulaTouched alone, which a run leaves alone.
 extern CalculatorState calculator;
 
 /// The result shown is no longer that of the formula and settings shown.

@@ -33,7 +33,8 @@ struct VariableTable {
     bool variablesChanged;  ///< the table is to be saved
 };
 
-/// The one table of the process, empty at the start.
+/// The one table of the process, empty at the start. It belongs to the UI thread; during a run the
+/// CalcThread reads it, and the dialog, which alone changes it, is disabled.
 extern VariableTable variableTable;
 
 /// True unless the name is reserved ("e", "i", "π", "pi", "ans") or has a character that names may
