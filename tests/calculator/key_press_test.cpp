@@ -99,6 +99,16 @@ TEST_F(KeyPressTest, EveryKeyThatEditsInsertsItsTextIntoEveryType) {
     EXPECT_EQ(PendingUiError(), UiErrorNone);
 }
 
+TEST_F(KeyPressTest, NoKeyOfThePadIsAnInternalError) {
+    for (const NumberType type :
+         {NumberTypeUint, NumberTypeRational, NumberTypeReal, NumberTypeComplex}) {
+        for (int32_t index = 0; index < KeyCount; index++) {
+            CalcKeyPressed(index, 2, {type, AngleDegrees, false, 0x0600});
+            ASSERT_EQ(PendingUiError(), UiErrorNone) << "key " << index << ", type " << type;
+        }
+    }
+}
+
 TEST_F(KeyPressTest, TheFirstKeyAfterAResultStartsANewFormula) {
     field = {u"1+2", 3, 3};
     Show(field.text);
