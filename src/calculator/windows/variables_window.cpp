@@ -204,6 +204,9 @@ LRESULT VariablesWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lPa
             callDefault = false;
             HideProgramWindow(window);
             break;
+        case WM_NCDESTROY:
+            isComplete = false;
+            break;
         default:
             break;
     }
