@@ -80,7 +80,8 @@ void HandleButton(int32_t id) {
     }
 }
 
-// The label beside the position of its slider stands out.
+// The label beside the position of its slider stands out. Labels of no slider have the id 0, which
+// is also the position of a slider before it is set.
 bool IsCurrentLabel(HWND label) {
     const int id = GetDlgCtrlID(label);
     return id != 0 && (id == SliderPosition(ContainerTypeSlider) ||

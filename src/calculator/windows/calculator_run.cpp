@@ -28,8 +28,8 @@ namespace {
 // Written by the CalcThread, read when it has posted its end.
 CalcEvaluation lastEvaluation;
 
-// The formula as it stands in its field, on the thread's ScratchStack. One that is too long raises
-// UiErrorTextOverflow.
+// The formula as it stands in its field, on the ScratchStack of the calling thread. One that is too
+// long raises UiErrorTextOverflow.
 const char16_t* ReadFormula(ScratchScope& scope) {
     bool isCut = false;
     const char16_t* formula =
@@ -75,7 +75,8 @@ void SetPageBusy(bool busy) {
     EnableOtherWindows(page, !busy);
 }
 
-// The work of the CalcThread.
+// The work of the CalcThread. It reads the formula itself, since the text has to lie on a
+// ScratchStack until the end of the run; the UI thread answers from its message loop.
 void EvaluateFormulaField() {
     ScratchStackScope scope;
     const char16_t* formula = ReadFormula(scope);
@@ -93,7 +94,7 @@ void StartEvaluation() {
     StartCalcThread(calculatorWindows.page, EvaluateFormulaField);
 }
 
-void ClearAll() {
+void EmptyResult() {
     SetWindowTextW(ControlOf(CalculatorResult), L"");
     ShowControl(ControlOf(ContainerBracketMark), false);
 }
@@ -117,7 +118,7 @@ void PressKey(int32_t index) {
         case KeyDoesNothing:
             break;
         case KeyClearsAll:
-            ClearAll();
+            EmptyResult();
             [[fallthrough]];
         case KeyEditsFormula:
             for (const FieldEdit& edit : effect.edits) {
