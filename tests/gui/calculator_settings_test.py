@@ -5,15 +5,10 @@ into the controls."""
 import unittest
 
 from calculator_case import CASE_KEY, calculator_settings
-from gui_case import file_bytes
 from variables_case import VariablesCase
 
 
 class CalculatorSettingsTest(VariablesCase):
-    def end_and_expect(self, text):
-        self.end_program()
-        self.assertEqual(file_bytes(text), self.settings_bytes())
-
     def test_each_control_writes_its_setting(self):
         def click_case_key():
             self.click(self.page().case_key)

@@ -107,10 +107,19 @@ class VariablesCase(CalculatorCase):
         self.click_and_focus("list")
         self.wait_for_rows([*rows, name], len(rows))
 
-    def end_and_expect_settings(self, **settings):
-        """Ends the program; the file it leaves has these settings, byte for byte."""
+    def start_once_more(self, language="en"):
+        """Starts the program with the settings that it left, and opens the dialog."""
+        self.program = self.start(language)
+        self.open_calculator()
+        return self.open_variables()
+
+    def end_and_expect(self, text):
+        """Ends the program; the file it leaves has that text, byte for byte."""
         self.end_program()
-        self.assertEqual(file_bytes(calculator_settings(**settings)), self.settings_bytes())
+        self.assertEqual(file_bytes(text), self.settings_bytes())
+
+    def end_and_expect_settings(self, **settings):
+        self.end_and_expect(calculator_settings(**settings))
 
     def bring_to_front(self, window):
         """Makes a window of the program the active one, wherever it is. It is visible."""

@@ -3,9 +3,8 @@
 
 import unittest
 
-from calculator_case import calculator_settings
 from form_check import check_form
-from gui_case import MAIN_TITLE, file_bytes, to_pixels
+from gui_case import MAIN_TITLE, to_pixels
 from variables_case import VariablesCase
 
 
@@ -64,9 +63,7 @@ class VariablesTest(VariablesCase):
         self.end_and_expect_settings(variables=[("width", "2.5*4")])
 
         before = self.settings_bytes()
-        self.program = self.start(language)
-        self.open_calculator()
-        self.open_variables()
+        self.start_once_more(language)
         self.wait_for_shown(["width"], 0, "width", value)
         self.calculate("width+1/2", results[1])
         self.end_program()
@@ -202,9 +199,7 @@ class VariablesTest(VariablesCase):
         self.click_and_focus("value")
         self.wait_for_shown([""], 0, "", "1")
         self.end_and_expect_settings(variables=[("", "1")])
-        self.program = self.start()
-        self.open_calculator()
-        self.open_variables()
+        self.start_once_more()
         self.wait_for_shown(["var??"], 0, "var??", "1")
 
     def test_name_has_ten_characters_at_most(self):
@@ -240,9 +235,7 @@ class VariablesTest(VariablesCase):
         self.wait_for_shown(["a", "b"], 1, "b", "1234,5+0,25")
         self.calculate("b", "1234,75")
         self.end_and_expect_settings(variables=[("a", "1.5"), ("b", "1234.5+0.25")])
-        self.program = self.start("de")
-        self.open_calculator()
-        self.open_variables()
+        self.start_once_more("de")
         self.click_row(1)
         self.wait_for_shown(["a", "b"], 1, "b", "1234,5+0,25")
 
@@ -365,9 +358,7 @@ class VariablesTest(VariablesCase):
                                            "the long value")
                 self.click_and_focus("name")
                 self.end_and_expect_settings(variables=[("a", kept)])
-                self.program = self.start()
-                self.open_calculator()
-                self.open_variables()
+                self.start_once_more()
                 self.wait_for_shown(["a"], 0, "a", kept)
                 self.program.close()
 
@@ -387,9 +378,7 @@ class VariablesTest(VariablesCase):
         self.wait_for_shown(["a", "b"], 0, "a", "10+\r\n2\r\n")
         self.calculate("a", "12")
         self.end_and_expect_settings(variables=[("a", "10+  2  "), ("b", "2")])
-        self.program = self.start()
-        self.open_calculator()
-        self.open_variables()
+        self.start_once_more()
         self.wait_for_shown(["a", "b"], 0, "a", "10+  2  ")
         self.calculate("a", "12")
 
@@ -407,9 +396,7 @@ class VariablesTest(VariablesCase):
     def test_same_name_twice_is_kept_and_the_first_counts(self):
         self.start_with([("a", "1"), ("a", "2")])
         self.calculate("a", "1")
-        self.end_program()
-        self.assertEqual(file_bytes(calculator_settings(variables=[("a", "1"), ("a", "2")])),
-                         self.settings_bytes())
+        self.end_and_expect_settings(variables=[("a", "1"), ("a", "2")])
 
     def test_resizing_gives_list_and_value_the_room(self):
         self.start_with([("a", "1")])
