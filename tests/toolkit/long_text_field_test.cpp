@@ -180,6 +180,7 @@ TEST_F(LongTextField, KeysCopyAndCutWithoutItsBreaks) {
     PutOnEmptyClipboard(parent, u"");
     PressKey(field, VK_DELETE);
     EXPECT_EQ(TextOnClipboard(parent), u"none");
+    SetText(text);
     Select(0, 50);
     PressKey(field, VK_DELETE, VK_SHIFT, VK_CONTROL);
     EXPECT_EQ(TextOnClipboard(parent), u"none");

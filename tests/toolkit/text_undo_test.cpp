@@ -66,20 +66,22 @@ TEST_F(LongTextUndo, TakesAllBackThatWasTypedInOneGo) {
     Select(5, 5);
     Type(u"e");
     ExpectUndo(before, {5, 5});
-    before = Text();
-    Select(6, 9);
-    Type(u"f");
-    ExpectUndo(before, {6, 9});
-    Undo();
     Select(6, 6);
+    Type(u"f");
+    before = Text();
+    Select(7, 10);
+    Type(u"h");
+    ExpectUndo(before, {7, 10});
+    Undo();
+    Select(7, 7);
     Type(u"g");
-    ExpectUndo(before, {6, 6});
+    ExpectUndo(before, {7, 7});
     before = Text();
     Replace(u"12");
     const std::u16string replaced = Text();
-    ExpectUndo(before, {7, 7});
+    ExpectUndo(before, {8, 8});
     Replace(u"34");
-    ExpectUndo(replaced, {9, 9});
+    ExpectUndo(replaced, {10, 10});
 }
 
 TEST_F(LongTextUndo, BeginsAnewWithWhatIsTypedAfterIt) {
