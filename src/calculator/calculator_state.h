@@ -41,7 +41,8 @@ struct CalculatorState {
     int64_t calcWorkingDigits = 12;  ///< calcPrecision + 2, the digits of the arithmetic
     int64_t calcIntegerDigits = 1;   ///< digits of integers; 1 for types that have none
     int64_t calcOutputBase = 10;     ///< 2, 8, 10 or 16; always 10 unless the type is uint
-    NumberType calcResultType = NumberTypeReal;  ///< the type in force and of calcResult
+    /// The type in force, and that of calcResult until the result is stale.
+    NumberType calcResultType = NumberTypeReal;
     ResultForm resultForm = ResultAutomatic;
     bool ansAvailable = false;    ///< there was a result
     bool resultValid = false;     ///< the result shown belongs to the formula and settings shown
@@ -49,7 +50,8 @@ struct CalculatorState {
     bool formulaTouched = false;  ///< the formula field holds something that the user wants to keep
 
     uint64_t calcResult[CalcResultWords] = {};
-    /// The result as shown. `ans` is this text and not the number; empty before the first result.
+    /// The result as shown. `ans` is this text and not the number; empty before the first result
+    /// and for one whose fixed notation is too long.
     char16_t calcResultText[CalcResultCharacters + 1] = {};
 };
 
