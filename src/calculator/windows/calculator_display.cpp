@@ -57,7 +57,7 @@ bool DependsOnTypeAlone(int32_t control) {
 
 }  // namespace
 
-void MakeCalculatorFonts() {
+void PrepareCalculatorDisplay() {
     std::fill_n(shownKeys, KeyCount, ShownKey{});
     fieldFont = MakeFont(CalculatorFieldFont);
     for (int32_t i = 0; i < KeyFontCount; i++) {

@@ -5,8 +5,11 @@
 
 namespace tallymere {
 
-/// Makes the fonts of the fields and keys, before anything is shown, and deletes them.
-void MakeCalculatorFonts();
+/// Before anything of a new page is shown: makes the fonts of its fields and keys and takes its
+/// keys for windows that have no look yet.
+void PrepareCalculatorDisplay();
+
+/// Deletes the fonts.
 void DeleteCalculatorFonts();
 
 /// What formula and result are written in.

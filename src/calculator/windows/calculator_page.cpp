@@ -187,7 +187,7 @@ LRESULT CalculatorPageProc(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 }  // namespace
 
 void CreateCalculatorPage() {
-    MakeCalculatorFonts();
+    PrepareCalculatorDisplay();
     StartCalculator(settings);
     calculatorWindows.page = CreateDialogWindow(
         hiddenOwnerWindow, CalculatorSize, uiText.TextCalcScientificCalculator, CalculatorPageProc,

@@ -2,7 +2,8 @@
 //
 // At most one runs at a time, because a page that starts it disables all other windows until it has
 // ended. There is no lock: the page installs NumberContext and prepares its input before the start,
-// leaves both alone during the run, and takes the results when the thread has posted its end.
+// or has the worker fetch it by messages to the page as its first step, leaves both alone during
+// the run, and takes the results when the thread has posted its end.
 //
 // A page with a start button goes through the steps of PageRun:
 //
