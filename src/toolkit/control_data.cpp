@@ -13,8 +13,33 @@ namespace tallymere {
 
 namespace {
 
+// The controls whose records were looked for last. Every message to a control looks for its record,
+// and under Wine each look at a property asks another process. For the UI thread, which has all
+// controls.
+struct KnownControl {
+    HWND control;
+    ControlData* data;
+};
+constexpr size_t KnownControlCount = 512;
+KnownControl knownControls[KnownControlCount] = {};
+
+KnownControl& PlaceOf(HWND control) {
+    // The lowest bit of a handle is always 0.
+    return knownControls[reinterpret_cast<uintptr_t>(control) / 2 % KnownControlCount];
+}
+
 ControlData* DataOf(HWND control) {
-    return static_cast<ControlData*>(GetPropW(control, ToWide(ControlDataProperty)));
+    KnownControl& known = PlaceOf(control);
+    if (known.control != control) {
+        known = {control,
+                 static_cast<ControlData*>(GetPropW(control, ToWide(ControlDataProperty)))};
+    }
+    return known.data;
+}
+
+// The record comes or goes.
+void ForgetControl(HWND control) {
+    PlaceOf(control) = {};
 }
 
 void NoteFocus(HWND control) {
@@ -107,6 +132,7 @@ void AttachControlData(HWND window, WindowHandler handler) {
         delete data;
         return;
     }
+    ForgetControl(window);
     SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(ControlProc));
     if (defaultGuiFont != nullptr) {
         SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(defaultGuiFont), FALSE);
@@ -138,6 +164,7 @@ LRESULT CALLBACK ControlProc(HWND window, UINT message, WPARAM wParam, LPARAM lP
             break;
         case WM_NCDESTROY:
             delete data;
+            ForgetControl(window);
             RemovePropW(window, ToWide(ControlDataProperty));
             break;
         case WM_CHAR:
