@@ -76,8 +76,8 @@ LRESULT FormulaHandler(HWND field, UINT message, WPARAM wParam, LPARAM lParam, b
         calculator.formulaTouched = true;
     } else if (message == WM_CHAR && wParam == FieldReturn) {
         callDefault = false;
-        ClickEvaluate();
-        SetFocus(field);
+        calculator.formulaTouched = true;
+        PressEvaluate();
         return 0;
     } else if (ChangesFieldText(message, wParam)) {
         FormulaChanges();
@@ -103,7 +103,7 @@ LRESULT FocusSinkHandler(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool&
         callDefault = false;
     } else if (message == WM_CHAR && wParam == FieldReturn) {
         callDefault = false;
-        ClickEvaluate();
+        PressEvaluate();
     } else if (message == WM_CHAR &&
                (ChangesFieldText(message, wParam) || wParam == FieldPasteKey)) {
         callDefault = false;

@@ -143,10 +143,7 @@ void PressKey(int32_t index) {
     }
 }
 
-}  // namespace
-
-void ClickCalculatorKey(int32_t index) {
-    SetFocus(ControlOf(CalculatorFocusSink));
+void PressCalculatorKey(int32_t index) {
     switch (ClickOfKey(index)) {
         case ClickIgnored:
             break;
@@ -159,8 +156,15 @@ void ClickCalculatorKey(int32_t index) {
     }
 }
 
-void ClickEvaluate() {
-    ClickCalculatorKey(KeyOfAction(ActionEvaluate, settings.numberType));
+}  // namespace
+
+void ClickCalculatorKey(int32_t index) {
+    SetFocus(ControlOf(CalculatorFocusSink));
+    PressCalculatorKey(index);
+}
+
+void PressEvaluate() {
+    PressCalculatorKey(KeyOfAction(ActionEvaluate, settings.numberType));
 }
 
 void EndCalculatorRun() {

@@ -9,10 +9,11 @@
 namespace tallymere {
 
 /// A key was clicked, the one at `index` of the keypad. During a run this is ignored, or stops it.
+/// The focus goes to the sink.
 void ClickCalculatorKey(int32_t index);
 
-/// Return in the formula field, which is a click of the key "=".
-void ClickEvaluate();
+/// Return on the page does what a click of the key "=" does; the focus stays where it is.
+void PressEvaluate();
 
 /// At PageWorkerEnded: shows the result, leaves the busy state and reports an error.
 void EndCalculatorRun();
