@@ -10,6 +10,7 @@ using testing_support::HasDefaultLook;
 using testing_support::heard;
 using testing_support::IsChecked;
 using testing_support::keyMessages;
+using testing_support::PlainControl;
 using testing_support::PressKey;
 using testing_support::TextOf;
 using testing_support::TypeCharacter;
@@ -95,6 +96,35 @@ TEST_F(ControlProcedure, AHandlerSeesMessagesFirstAndMayEndThem) {
     SetControlHandler(first, nullptr);
     PressKey(first, VK_TAB);
     EXPECT_EQ(GetFocus(), second);
+}
+
+// More of them than are remembered at a time.
+TEST_F(ControlProcedure, EachOfManyControlsKeepsItsHandler) {
+    HWND controls[1300];
+    for (HWND& control : controls) {
+        control = CreateControl(dialog, PlainControl(), {}, nullptr, 0);
+    }
+    for (size_t i = 0; i < std::size(controls); i += 3) {
+        SetControlHandler(controls[i], EatKeys);
+    }
+    for (int round = 0; round < 2; round++) {
+        for (size_t i = 0; i < std::size(controls); i++) {
+            keysSeen = 0;
+            SendMessageW(controls[i], WM_CHAR, u'a', 1);
+            EXPECT_EQ(keysSeen, i % 3 == 0) << i;
+        }
+    }
+}
+
+TEST_F(ControlProcedure, AWindowThatWasNoControlBecomesOne) {
+    const HWND window = CreateWindowExW(0, ToWide(PlainControl()), nullptr, WS_CHILD, 0, 0, 1, 1,
+                                        dialog, nullptr, programInstance, nullptr);
+    SetControlHandler(window, EatKeys);
+    AttachControlData(window, nullptr);
+    SetControlHandler(window, EatKeys);
+    keysSeen = 0;
+    SendMessageW(window, WM_CHAR, u'a', 1);
+    EXPECT_EQ(keysSeen, 1);
 }
 
 TEST_F(ControlProcedure, TheFocusIsRemembered) {
