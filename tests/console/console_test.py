@@ -416,7 +416,8 @@ class InterruptTest(ConsoleCase):
         with start(arguments) as process:
             process.stdin.write(b"1+1\n" + lines)
             process.stdin.flush()
-            self.assertEqual(b"2\n", process.stdout.readline())
+            answer = process.stdout.readline()
+            self.assertEqual(b"2\n", answer, "" if answer else process.stderr.read())
             # From here on only the calculation takes time.
             begin = processor_seconds(process.pid)
             deadline = time.monotonic() + SECONDS
