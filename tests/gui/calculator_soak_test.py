@@ -47,7 +47,9 @@ class SoakTest(CalculatorCase):
 
     def press_some_keys(self, page):
         keys = [key for key in page.keys if key.text != VARIABLES_KEY]
-        self.display.click_all([self.random.choice(keys).middle() for _ in range(CLICKS)])
+        # Whichever keys are met, the presses are random.
+        self.display.click_all([self.random.choice(keys).middle() for _ in range(CLICKS)],
+                               milliseconds=10)
 
     def type_some_formula(self, page):
         self.click(page.formula)

@@ -13,6 +13,7 @@ import os
 import shutil
 import subprocess
 import sys
+import tempfile
 import time
 from pathlib import Path
 
@@ -95,11 +96,15 @@ class Display:
     def __init__(self):
         FOLDER.mkdir(parents=True, exist_ok=True)
         self.log = open(FOLDER / "display.log", "ab")
-        self.server = subprocess.Popen(
-            ["setpriv", "--pdeathsig", "TERM", "Xvfb", "-displayfd", "1", "-screen", "0", SCREEN,
-             "-wr", "-nolisten", "tcp"],
-            stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=self.log)
-        number = self.server.stdout.readline().decode().strip()
+        # Two servers that look for a free number at the same moment can take each other's socket.
+        turns = Path(tempfile.gettempdir()) / f"tallymere-displays-{os.getuid()}"
+        with open(turns, "ab") as turn:
+            fcntl.flock(turn, fcntl.LOCK_EX)
+            self.server = subprocess.Popen(
+                ["setpriv", "--pdeathsig", "TERM", "Xvfb", "-displayfd", "1", "-screen", "0",
+                 SCREEN, "-wr", "-nolisten", "tcp"],
+                stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=self.log)
+            number = self.server.stdout.readline().decode().strip()
         if not number:
             raise RuntimeError(f"Xvfb did not start, see {self.log.name}")
         self.name = f":{number}"
@@ -128,11 +133,11 @@ class Display:
     def click(self, x, y):
         run(["xdotool", "mousemove", str(x), str(y), "click", "1"], self.environment)
 
-    def click_all(self, places):
-        """Clicks one place after the other, at once: without a delay of its own xdotool would wait
-        for a tenth of a second after each click."""
-        clicks = [word for x, y in places
-                  for word in ("mousemove", str(x), str(y), "click", "--delay", "10", "1")]
+    def click_all(self, places, milliseconds=100):
+        """Clicks one place after the other, with a pause behind each click. On a busy machine the
+        mouse may be further on than a click that the window manager looks at, if it is short."""
+        clicks = [word for x, y in places for word in (
+            "mousemove", str(x), str(y), "click", "--delay", str(milliseconds), "1")]
         run(["xdotool", *clicks], self.environment)
 
     def drag(self, start, end):
