@@ -15,6 +15,7 @@ import subprocess
 import sys
 import tempfile
 import time
+from contextlib import contextmanager
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent.parent
@@ -96,10 +97,7 @@ class Display:
     def __init__(self):
         FOLDER.mkdir(parents=True, exist_ok=True)
         self.log = open(FOLDER / "display.log", "ab")
-        # Two servers that look for a free number at the same moment can take each other's socket.
-        turns = Path(tempfile.gettempdir()) / f"tallymere-displays-{os.getuid()}"
-        with open(turns, "ab") as turn:
-            fcntl.flock(turn, fcntl.LOCK_EX)
+        with self._turn():
             self.server = subprocess.Popen(
                 ["setpriv", "--pdeathsig", "TERM", "Xvfb", "-displayfd", "1", "-screen", "0",
                  SCREEN, "-wr", "-nolisten", "tcp"],
@@ -113,6 +111,16 @@ class Display:
             ["openbox", "--sm-disable", "--config-file", str(WINDOW_MANAGER)],
             env=self.environment, stdin=subprocess.DEVNULL, stdout=self.log, stderr=self.log)
         wait_until(self._is_managed, "the window manager")
+
+    @staticmethod
+    @contextmanager
+    def _turn():
+        """One server at a time looks for a free number or ends: else they can take each other's
+        socket."""
+        turns = Path(tempfile.gettempdir()) / f"tallymere-displays-{os.getuid()}"
+        with open(turns, "ab") as turn:
+            fcntl.flock(turn, fcntl.LOCK_EX)
+            yield
 
     def _is_managed(self):
         return subprocess.run(["xdotool", "get_desktop"], env=self.environment, check=False,
@@ -203,7 +211,8 @@ class Display:
 
     def close(self):
         stop(self.manager)
-        stop(self.server)
+        with self._turn():
+            stop(self.server)
         self.server.stdout.close()
         self.log.close()
 
