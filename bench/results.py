@@ -10,15 +10,12 @@ Prints a table in Markdown, and ends with status 1 if a median is above the targ
 """
 
 import statistics
-import subprocess
 import sys
 from pathlib import Path
 
 sys.dont_write_bytecode = True
-ROOT = Path(__file__).resolve().parent.parent
-sys.path.insert(0, str(ROOT / "tests" / "gui"))
-from desktop import WINE_RUN, Display, WinePrefix  # noqa: E402
-from user_settings import file_bytes, settings_text  # noqa: E402
+sys.path.insert(0, str(Path(__file__).resolve().parent))
+from timers import times_of  # noqa: E402
 
 ROUNDS = 31
 TARGET = 30  # milliseconds
@@ -42,23 +39,7 @@ def figures(rounds):
 
 def measure(build, rounds):
     """Rounds of times in milliseconds, a pair for each work."""
-    display = Display()
-    try:
-        prefix = WinePrefix(display)
-        try:
-            # Those of somebody who has met About before.
-            prefix.settings_folder().mkdir(parents=True, exist_ok=True)
-            (prefix.settings_folder() / "UserSettings_3.8.ini").write_bytes(
-                file_bytes(settings_text()))
-            output = subprocess.run(
-                [str(WINE_RUN), str(build / "bench" / "result_timer.exe"), str(rounds + 1)],
-                env=prefix.environment, check=True, stdin=subprocess.DEVNULL,
-                stdout=subprocess.PIPE, text=True).stdout
-        finally:
-            prefix.close()
-    finally:
-        display.close()
-    return [[float(time) for time in line.split()] for line in output.splitlines()][1:]
+    return times_of(build / "bench" / "result_timer.exe", rounds)
 
 
 def main():

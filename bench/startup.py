@@ -9,15 +9,12 @@ that warms up. Prints a table in Markdown.
 """
 
 import statistics
-import subprocess
 import sys
 from pathlib import Path
 
 sys.dont_write_bytecode = True
-ROOT = Path(__file__).resolve().parent.parent
-sys.path.insert(0, str(ROOT / "tests" / "gui"))
-from desktop import WINE_RUN, Display, WinePrefix  # noqa: E402
-from user_settings import file_bytes, settings_text  # noqa: E402
+sys.path.insert(0, str(Path(__file__).resolve().parent))
+from timers import times_of  # noqa: E402
 
 ROUNDS = 21
 
@@ -36,26 +33,9 @@ def figures(rounds):
 def measure(build, rounds):
     """Rounds of times in milliseconds, each with one of tallymere, of the empty window and of
     notepad."""
-    display = Display()
-    try:
-        prefix = WinePrefix(display)
-        try:
-            # Those of somebody who has met About before.
-            prefix.settings_folder().mkdir(parents=True)
-            (prefix.settings_folder() / "UserSettings_3.8.ini").write_bytes(
-                file_bytes(settings_text()))
-            programs = [f"Z:{path}" for path in (build / "tallymere.exe",
-                                                 build / "bench" / "empty_window.exe")]
-            output = subprocess.run(
-                [str(WINE_RUN), str(build / "bench" / "startup_timer.exe"), str(rounds + 1),
-                 *programs, "notepad.exe"],
-                env=prefix.environment, check=True, stdin=subprocess.DEVNULL,
-                stdout=subprocess.PIPE, text=True).stdout
-        finally:
-            prefix.close()
-    finally:
-        display.close()
-    return [[float(time) for time in line.split()] for line in output.splitlines()][1:]
+    programs = [f"Z:{path}" for path in (build / "tallymere.exe",
+                                         build / "bench" / "empty_window.exe")]
+    return times_of(build / "bench" / "startup_timer.exe", rounds, [*programs, "notepad.exe"])
 
 
 def main():

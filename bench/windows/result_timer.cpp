@@ -21,6 +21,8 @@
 #include "shell/windows/program_windows.h"
 #include "toolkit/wide_text.h"
 
+#include "milliseconds.h"
+
 namespace tallymere {
 
 namespace {
@@ -39,14 +41,6 @@ constexpr Work Works[] = {
 };
 
 int rounds = 0;
-
-double Milliseconds() {
-    LARGE_INTEGER count = {};
-    LARGE_INTEGER perSecond = {};
-    QueryPerformanceCounter(&count);
-    QueryPerformanceFrequency(&perSecond);
-    return 1000.0 * static_cast<double>(count.QuadPart) / static_cast<double>(perSecond.QuadPart);
-}
 
 void HandleMessage() {
     MSG message = {};

@@ -11,6 +11,8 @@
 
 #include "toolkit/win32.h"
 
+#include "milliseconds.h"
+
 namespace {
 
 constexpr double LongestMilliseconds = 60'000;
@@ -38,32 +40,24 @@ HWND VisibleWindow(DWORD process) {
     return search.found;
 }
 
-double Milliseconds() {
-    LARGE_INTEGER count = {};
-    LARGE_INTEGER perSecond = {};
-    QueryPerformanceCounter(&count);
-    QueryPerformanceFrequency(&perSecond);
-    return 1000.0 * static_cast<double>(count.QuadPart) / static_cast<double>(perSecond.QuadPart);
-}
-
 // The milliseconds to the first visible window, negative without one. The program has ended then.
 double TimeStart(std::wstring commandLine) {
     STARTUPINFOW startup = {};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process = {};
-    const double start = Milliseconds();
+    const double start = tallymere::Milliseconds();
     if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                         &startup, &process)) {
         return -1;
     }
     HWND window = nullptr;
-    while (window == nullptr && Milliseconds() - start < LongestMilliseconds) {
+    while (window == nullptr && tallymere::Milliseconds() - start < LongestMilliseconds) {
         window = VisibleWindow(process.dwProcessId);
         if (window == nullptr) {
             Sleep(1);
         }
     }
-    const double elapsed = Milliseconds() - start;
+    const double elapsed = tallymere::Milliseconds() - start;
     PostMessageW(window, WM_CLOSE, 0, 0);
     if (window == nullptr || WaitForSingleObject(process.hProcess, 10'000) != WAIT_OBJECT_0) {
         TerminateProcess(process.hProcess, 1);

@@ -158,10 +158,7 @@ class CalculatorCase(OptionsCase):
 
     def wait_for_page_where(self, condition, what):
         """The page once the condition holds for it."""
-        def page_if():
-            page = self.page()
-            return page if condition(page) else None
-        return self.program.wait_for(page_if, what)
+        return self.program.wait_for_where(self.page, condition, what)
 
     def click_key(self, caption):
         self.click(self.page().key(caption))

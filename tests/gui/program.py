@@ -180,6 +180,13 @@ class Program:
         """What the condition gives, once that is true; it takes no argument."""
         return wait_until(condition, lambda: f"{what}; there is:\n{self.describe()}")
 
+    def wait_for_where(self, look, condition, what):
+        """What `look` gives, which takes no argument, once the condition holds for it."""
+        def seen():
+            state = look()
+            return state if condition(state) else None
+        return self.wait_for(seen, what)
+
     def wait_for_window(self, title, class_name=DIALOG_CLASS):
         """The window with that title, once it is visible and both the program and the window
         manager have the keyboard lead there."""

@@ -40,10 +40,7 @@ class VariablesCase(CalculatorCase):
 
     def wait_for_dialog_where(self, condition, what):
         """The dialog once the condition holds for it."""
-        def dialog_if():
-            dialog = self.dialog()
-            return dialog if condition(dialog) else None
-        return self.program.wait_for(dialog_if, what)
+        return self.program.wait_for_where(self.dialog, condition, what)
 
     def wait_for_shown(self, *shown):
         return self.wait_for_dialog_where(lambda dialog: dialog.shown == shown,
