@@ -98,9 +98,11 @@ class Display:
         FOLDER.mkdir(parents=True, exist_ok=True)
         self.log = open(FOLDER / "display.log", "ab")
         with self._turn():
+            # Without -noreset the server begins anew whenever its last client leaves, and refuses
+            # the window manager if that comes just then.
             self.server = subprocess.Popen(
                 ["setpriv", "--pdeathsig", "TERM", "Xvfb", "-displayfd", "1", "-screen", "0",
-                 SCREEN, "-wr", "-nolisten", "tcp"],
+                 SCREEN, "-wr", "-nolisten", "tcp", "-noreset"],
                 stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=self.log)
             number = self.server.stdout.readline().decode().strip()
         if not number:
