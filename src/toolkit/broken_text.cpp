@@ -1,6 +1,7 @@
 #include "toolkit/broken_text.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "layout/soft_breaks.h"
 #include "toolkit/wide_text.h"
@@ -67,12 +68,40 @@ void SelectPlain(HWND field, TextSelection selection) {
                          BrokenPosition(text.View(), selection.to)});
 }
 
+// A copy in memory that a control can make its own and change the size of; null without memory.
+HLOCAL CopyForControl(const HeapText& text) {
+    const size_t bytes = (static_cast<size_t>(text.length) + 1) * sizeof(char16_t);
+    const HLOCAL copy = LocalAlloc(LMEM_MOVEABLE, bytes);
+    if (copy != nullptr) {
+        std::memcpy(LocalLock(copy), text.buffer.get(), bytes);
+        LocalUnlock(copy);
+    }
+    return copy;
+}
+
+// Does what WM_SETTEXT does, by which the control would scroll to the end of the text and back, and
+// under Wine draw its scroll bar at every step. A control that does not take the memory gets
+// WM_SETTEXT.
+bool WriteBroken(HWND field, const HeapText& text) {
+    const auto before = reinterpret_cast<HLOCAL>(AskEdit(field, EM_GETHANDLE));
+    const HLOCAL copy = before != nullptr ? CopyForControl(text) : nullptr;
+    if (copy != nullptr) {
+        AskEdit(field, EM_SETHANDLE, reinterpret_cast<WPARAM>(copy));
+        if (reinterpret_cast<HLOCAL>(AskEdit(field, EM_GETHANDLE)) == copy) {
+            LocalFree(before);
+            NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, field, OBJID_CLIENT, CHILDID_SELF);
+            return true;
+        }
+        LocalFree(copy);
+    }
+    return AskEdit(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.buffer.get())) != FALSE;
+}
+
 // What is seen of the text stays where it is.
 bool Rewrite(HWND field, const HeapText& broken, TextSelection selection) {
     const LRESULT firstLine = AskEdit(field, EM_GETFIRSTVISIBLELINE);
     const LRESULT isModified = AskEdit(field, EM_GETMODIFY);
-    const auto text = reinterpret_cast<LPARAM>(broken.buffer.get());
-    const bool isWritten = AskEdit(field, WM_SETTEXT, 0, text) != FALSE;
+    const bool isWritten = WriteBroken(field, broken);
     SelectPlain(field, selection);
     AskEdit(field, EM_SETMODIFY, static_cast<WPARAM>(isModified));
     // Selecting may have scrolled.
@@ -133,10 +162,7 @@ LRESULT WritePlainText(HWND field, const char16_t* text) {
         return AskEdit(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
     }
     const HeapText broken = BreakText(field, plain);
-    if (!broken.IsThere()) {
-        return FALSE;
-    }
-    return AskEdit(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(broken.buffer.get()));
+    return broken.IsThere() && WriteBroken(field, broken) ? TRUE : FALSE;
 }
 
 void BreakAnew(HWND field) {

@@ -1,5 +1,7 @@
 #include "toolkit/long_text_field.h"
 
+#include <tuple>
+
 #include "toolkit/long_text_testing.h"
 
 namespace tallymere::testing_support {
@@ -359,6 +361,71 @@ TEST_F(LongTextField, BeginsAndJoinsLines) {
     Select(500, 500);
     PressKey(field, VK_DELETE);
     EXPECT_EQ(Text(), Digits(1000));
+}
+
+TEST_F(LongTextField, ShowsANewTextAsTheSystemWould) {
+    const HWND twin = CreateLongTextField(parent, {0, 100, 200, 100}, u"");
+    const auto scrollBar = [](HWND window) {
+        SCROLLINFO info = {};
+        info.cbSize = sizeof info;
+        info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+        GetScrollInfo(window, SB_VERT, &info);
+        return std::tuple(info.nMin, info.nMax, info.nPage, info.nPos);
+    };
+    for (const size_t before : {0u, 10u, 5000u}) {
+        for (const size_t length : {301u, 1000u, 5000u}) {
+            for (const HWND window : {field, twin}) {
+                SetWindowTextW(window, ToWide(Digits(before).c_str()));
+                SendMessageW(window, EM_SETSEL, 5, 9);
+                SendMessageW(window, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L"12"));
+                SendMessageW(window, EM_LINESCROLL, 0, 20);
+            }
+            changes = 0;
+            SetText(Digits(length));
+            EXPECT_EQ(changes, 0);
+            AskSystem(twin, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(InnerText().c_str()));
+            for (const UINT message : {EM_GETSEL, EM_GETFIRSTVISIBLELINE, EM_GETLINECOUNT,
+                                       EM_GETMODIFY, WM_GETTEXTLENGTH}) {
+                EXPECT_EQ(AskSystem(field, message, 0, 0), AskSystem(twin, message, 0, 0))
+                    << message;
+            }
+            EXPECT_FALSE(SendMessageW(field, EM_CANUNDO, 0, 0));
+            EXPECT_EQ(scrollBar(field), scrollBar(twin));
+        }
+    }
+}
+
+TEST_F(LongTextField, GrowsAndShrinksAfterANewText) {
+    for (int round = 0; round < 20; round++) {
+        SetText(Digits(500));
+        Select(500, 500);
+        Replace(Digits(20'000));
+        EXPECT_TRUE(Text() == Digits(500) + Digits(20'000));
+        Select(10, 20'490);
+        Replace(u"+");
+        EXPECT_EQ(Text(), u"1234567890+1234567890");
+        SetText(Digits(40'000));
+        EXPECT_TRUE(Text() == Digits(40'000));
+    }
+}
+
+int32_t valueChanges = 0;
+
+TEST_F(LongTextField, TellsScreenReadersOfANewText) {
+    const auto count = [](HWINEVENTHOOK, DWORD, HWND, LONG object, LONG child, DWORD, DWORD) {
+        valueChanges += object == OBJID_CLIENT && child == CHILDID_SELF;
+    };
+    const HWINEVENTHOOK hook =
+        SetWinEventHook(EVENT_OBJECT_VALUECHANGE, EVENT_OBJECT_VALUECHANGE, nullptr, count,
+                        GetCurrentProcessId(), GetCurrentThreadId(), WINEVENT_OUTOFCONTEXT);
+    valueChanges = 0;
+    SetText(Digits(1000));
+    MSG message = {};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        DispatchMessageW(&message);
+    }
+    EXPECT_EQ(valueChanges, 1);
+    UnhookWinEvent(hook);
 }
 
 TEST_F(LongTextField, IsEmptiedByNoText) {
