@@ -6,6 +6,7 @@ TALLYMERE_PROGRAM names the program, TALLYMERE_WINDOW_PROBE the helper that tell
 import json
 import os
 import subprocess
+import tempfile
 from dataclasses import dataclass, field
 
 from desktop import WINE_RUN, stop, wait_until
@@ -13,6 +14,8 @@ from desktop import WINE_RUN, stop, wait_until
 PROGRAM = os.environ["TALLYMERE_PROGRAM"]
 PROBE = os.environ["TALLYMERE_WINDOW_PROBE"]
 IMAGE = os.path.basename(PROGRAM)
+
+ERRORS_SHOWN = 10000  # bytes of what a program has said
 
 DIALOG_CLASS = "cwl_DialogWindow"
 MESSAGE_BOX_CLASS = "#32770"
@@ -151,14 +154,17 @@ class Program:
         self.display = display
         self.probe = probe
         self.is_closed = False
+        self.errors = tempfile.TemporaryFile()  # what Wine and its libraries say
         self.process = subprocess.Popen(
             [str(WINE_RUN), str(program_file)], env=environment, stdin=subprocess.DEVNULL,
-            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            stdout=subprocess.DEVNULL, stderr=self.errors)
 
     def describe(self):
         status = self.process.poll()
         state = "it still runs" if status is None else f"it ended with status {status}"
+        errors = os.pread(self.errors.fileno(), ERRORS_SHOWN, 0).decode(errors="replace")
         return "\n".join([f"processes {self.probe.processes()}; of the one started here: {state}",
+                          *errors.splitlines(),
                           *(window.describe() for window in self.probe.windows()
                             if window.visible)])
 
@@ -214,3 +220,4 @@ class Program:
             self.probe.end(process)
         stop(self.process)
         wait_until(lambda: not self.probe.processes(), "the end of all processes of the program")
+        self.errors.close()
