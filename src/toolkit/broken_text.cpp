@@ -69,6 +69,8 @@ void SelectPlain(HWND field, TextSelection selection) {
 }
 
 // A copy in memory that a control can make its own and change the size of; null without memory.
+// Windows frees it with the control; under Wine the last one stays until the program ends, as the
+// fields do.
 HLOCAL CopyForControl(const HeapText& text) {
     const size_t bytes = (static_cast<size_t>(text.length) + 1) * sizeof(char16_t);
     const HLOCAL copy = LocalAlloc(LMEM_MOVEABLE, bytes);

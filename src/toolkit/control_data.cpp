@@ -24,7 +24,7 @@ constexpr size_t KnownControlCount = 512;
 KnownControl knownControls[KnownControlCount] = {};
 
 KnownControl& PlaceOf(HWND control) {
-    // The lowest bit of a handle is always 0.
+    // The lowest bit of a handle is 0 as a rule; the others spread.
     return knownControls[reinterpret_cast<uintptr_t>(control) / 2 % KnownControlCount];
 }
 

@@ -381,7 +381,9 @@ TEST_F(LongTextField, ShowsANewTextAsTheSystemWould) {
                 SendMessageW(window, EM_LINESCROLL, 0, 20);
             }
             changes = 0;
+            const LRESULT memoryBefore = AskSystem(field, EM_GETHANDLE, 0, 0);
             SetText(Digits(length));
+            EXPECT_NE(AskSystem(field, EM_GETHANDLE, 0, 0), memoryBefore);
             EXPECT_EQ(changes, 0);
             AskSystem(twin, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(InnerText().c_str()));
             for (const UINT message : {EM_GETSEL, EM_GETFIRSTVISIBLELINE, EM_GETLINECOUNT,

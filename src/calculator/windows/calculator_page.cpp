@@ -76,6 +76,7 @@ LRESULT FormulaHandler(HWND field, UINT message, WPARAM wParam, LPARAM lParam, b
         calculator.formulaTouched = true;
     } else if (message == WM_CHAR && wParam == FieldReturn) {
         callDefault = false;
+        // As if the focus had gone to the key and come back.
         calculator.formulaTouched = true;
         PressEvaluate();
         return 0;
