@@ -3,8 +3,8 @@
 
 usage: tools/check_layers.py [ROOT]
 
-  - a file of src/ includes files of its own folder or of lower layers, never of a higher layer or
-    of a neighbour
+  - a file of src/ includes files of its own room and of the rooms that it stands on, never of a
+    higher one or of a neighbour
   - no file reaches itself through its includes
   - a project file is included in quotes, by its path from src/ (from tests/ in tests)
   - only files in toolkit/ or in a folder named windows/ include headers of Windows, and their tests
@@ -16,27 +16,29 @@ import re
 import sys
 from pathlib import Path
 
-# Lowest first. Folders on one line are neighbours: neither includes the other.
-LAYERS = [
-    ["core"],
-    ["functions", "exact"],
-    ["formula"],
-    ["numtheory", "algebra", "layout"],
-    ["shell"],
-    ["calculator"],
-    ["toolkit"],
-    ["shell/windows"],
-    ["numtheory/windows", "algebra/windows", "calculator/windows"],
-    ["program/windows"],
-]
-LEVEL = {folder: level for level, folders in enumerate(LAYERS) for folder in folders}
-
-# Files that stand at the top of core/ because they need the layer above it: they may include
-# functions/ and exact/, and in return nothing else in core/ includes them. Paths without suffix.
-TOP_OF_CORE = {"core/complex_modulus", "core/exact_conversions", "core/number_text"}
-
-# Other exceptions, each with its reason: (including folder, included folder).
-ALLOWED = set()
+# Each room of src/ and the rooms that it stands on. It may include those, what they stand on, and
+# itself; all others lie above it or beside it.
+STANDS_ON = {
+    "core": [],
+    "functions": ["core"],
+    "exact": ["core"],
+    "values": ["functions", "exact"],
+    "formula": ["values"],
+    "numtheory": ["values"],
+    "algebra": ["values"],
+    "layout": ["core"],
+    "shell": ["formula", "layout"],
+    "calculator": ["shell"],
+    "prime_pages": ["shell", "numtheory"],
+    "algebra_pages": ["shell", "algebra"],
+    "toolkit": ["layout"],
+    # The settings file holds the variables of the calculator.
+    "shell/windows": ["shell", "toolkit", "calculator"],
+    "calculator/windows": ["calculator", "shell/windows"],
+    "prime_pages/windows": ["prime_pages", "shell/windows"],
+    "algebra_pages/windows": ["algebra_pages", "shell/windows"],
+    "program/windows": ["calculator/windows", "prime_pages/windows", "algebra_pages/windows"],
+}
 
 SOURCE_SUFFIXES = {".h", ".cpp", ".inc"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
@@ -83,33 +85,29 @@ def resolve(root, file, name):
 
 
 def room_of(file):
-    """The folder of a file of src/, as LAYERS writes it; None for files outside src/."""
+    """The folder of a file of src/, as STANDS_ON writes it; None for files outside src/."""
     return file.parent.relative_to("src").as_posix() if file.parts[0] == "src" else None
 
 
-def stem_of(file):
-    return file.relative_to("src").with_suffix("").as_posix()
+def rooms_below(room):
+    """All rooms that a room may include besides itself."""
+    below = set(STANDS_ON[room])
+    for lower in STANDS_ON[room]:
+        below |= rooms_below(lower)
+    return below
 
 
 def layer_finding(file, target):
     """What is wrong with a file of src/ including another one, or None."""
     room, target_room = room_of(file), room_of(target)
     for folder in (room, target_room):
-        if folder not in LEVEL:
+        if folder not in STANDS_ON:
             return f"src/{folder} has no layer yet: give it one in tools/check_layers.py"
-    if room == target_room == "core":
-        if stem_of(target) in TOP_OF_CORE and stem_of(file) not in TOP_OF_CORE:
-            return f"{stem_of(target)} stands at the top of core/: nothing below includes it"
+    if target_room == room or target_room in rooms_below(room):
         return None
-    if room == target_room or (room, target_room) in ALLOWED:
-        return None
-    if stem_of(file) in TOP_OF_CORE and target_room in ("functions", "exact"):
-        return None
-    if LEVEL[target_room] > LEVEL[room]:
+    if room in rooms_below(target_room):
         return f"{room}/ lies below {target_room}/ and must not include it"
-    if LEVEL[target_room] == LEVEL[room]:
-        return f"{room}/ and {target_room}/ are neighbours: neither includes the other"
-    return None
+    return f"{room}/ and {target_room}/ are neighbours: neither includes the other"
 
 
 def find_circles(graph):

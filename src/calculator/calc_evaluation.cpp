@@ -5,14 +5,14 @@
 
 #include "calculator/calculator_state.h"
 #include "calculator/variable_rows.h"
-#include "core/number_text.h"
 #include "core/scratch.h"
 #include "core/text_flags.h"
 #include "formula/formula_evaluation.h"
-#include "formula/value_operations.h"
 #include "shell/text_format.h"
 #include "shell/ui_error.h"
 #include "shell/ui_message.h"
+#include "values/number_text.h"
+#include "values/value_operations.h"
 
 namespace tallymere {
 

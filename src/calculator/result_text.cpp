@@ -2,14 +2,14 @@
 
 #include "calculator/calculator_state.h"
 #include "calculator/mixed_fraction.h"
-#include "core/exact_conversions.h"
-#include "core/number_text.h"
 #include "core/real_rounding.h"
 #include "core/real_text.h"
 #include "core/scratch.h"
 #include "core/text_flags.h"
 #include "shell/ui_error.h"
 #include "shell/ui_text.h"
+#include "values/exact_conversions.h"
+#include "values/number_text.h"
 
 namespace tallymere {
 

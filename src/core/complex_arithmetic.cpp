@@ -4,6 +4,7 @@
 #include "core/real_compare.h"
 #include "core/real_div_mod.h"
 #include "core/real_divide.h"
+#include "core/real_integer.h"
 #include "core/real_layout.h"
 #include "core/real_multiply.h"
 #include "core/scratch.h"
@@ -200,6 +201,16 @@ void ComplexConvertPrecision(ComplexNumber* dest, int64_t digits, const ComplexN
     const int64_t sourceWords = LayoutForDigits(sourceDigits).limbs + 1;
     RealConvertPrecision(RealAt(&dest->realHeader + destWords), digits,
                          RealAt(&src->realHeader + sourceWords), sourceDigits);
+}
+
+bool ComplexToUint(uint64_t* out, const ComplexNumber* z) {
+    *out = 0;
+    return ComplexIsReal(z) && RealToUint(out, RealPart(z), AllowNegative);
+}
+
+bool ComplexToInt(int64_t* out, const ComplexNumber* z) {
+    *out = 0;
+    return ComplexIsReal(z) && RealToInt(out, RealPart(z), IntegerExact);
 }
 
 }  // namespace tallymere

@@ -59,4 +59,11 @@ void ComplexRealOnly(ComplexNumber* dest, const ComplexNumber* a, const ComplexN
 void ComplexConvertPrecision(ComplexNumber* dest, int64_t digits, const ComplexNumber* src,
                              int64_t sourceDigits);
 
+/// Writes |z| and returns true when z is a real integer whose magnitude fits 64 bits; else writes
+/// 0.
+bool ComplexToUint(uint64_t* out, const ComplexNumber* z);
+
+/// Writes z and returns true when z is a real integer in the signed 64-bit range; else writes 0.
+bool ComplexToInt(int64_t* out, const ComplexNumber* z);
+
 }  // namespace tallymere

@@ -32,22 +32,4 @@ bool SetUintDigits(int64_t digits) {
     return true;
 }
 
-uint64_t SizeOfNumber() {
-    const uint64_t realBytes = 8 * static_cast<uint64_t>(numberContext.realLimbs + 1);
-    const uint64_t uintBytes = 8 * static_cast<uint64_t>(numberContext.uintLimbs);
-    switch (numberContext.numberType) {
-        case NumberTypeReal:
-            return realBytes;
-        case NumberTypeComplex:
-            return 2 * realBytes;
-        case NumberTypeUint:
-            return uintBytes;
-        case NumberTypeRational:
-            return 2 * uintBytes + 8;
-        default:
-            SetCalcError(CalcErrorUnknownType);
-            return 0;
-    }
-}
-
 }  // namespace tallymere

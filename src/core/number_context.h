@@ -188,8 +188,4 @@ private:
     CalcError saved_;
 };
 
-/// Bytes of one value of the current number type: real 8 (n + 1), cplx twice that, uint
-/// 8 uintLimbs, rat 16 uintLimbs + 8. Any other type gives 0 and code 102.
-uint64_t SizeOfNumber();
-
 }  // namespace tallymere

@@ -64,4 +64,7 @@ int RationalCompareSmall(const RationalNumber* a, uint64_t k, bool negative);
 /// bits of IntegerFlags. A zero, also one that is left of a fraction, is never negative.
 bool RationalToUnsigned(uint64_t* out, const RationalNumber* a, uint32_t flags);
 
+/// Writes q and returns true when q is an integer in the signed 64-bit range; else writes 0.
+bool RationalToSigned(int64_t* out, const RationalNumber* q);
+
 }  // namespace tallymere

@@ -80,4 +80,13 @@ bool RationalToUnsigned(uint64_t* out, const RationalNumber* a, uint32_t flags) 
     return true;
 }
 
+bool RationalToSigned(int64_t* out, const RationalNumber* q) {
+    const bool negative = RationalSign(q) != 0;
+    const uint64_t limit = (uint64_t{1} << 63) - (negative ? 0 : 1);
+    uint64_t magnitude = 0;
+    const bool fits = RationalToUnsigned(&magnitude, q, AllowNegative) && magnitude <= limit;
+    *out = fits ? static_cast<int64_t>(negative ? 0 - magnitude : magnitude) : 0;
+    return fits;
+}
+
 }  // namespace tallymere

@@ -1,8 +1,8 @@
 #include "formula/complex_evaluation.h"
 
-#include "core/complex_modulus.h"
 #include "formula/angles.h"
 #include "formula/real_evaluation.h"
+#include "functions/complex_modulus.h"
 #include "functions/complex_roots.h"
 #include "functions/inverse_trigonometric.h"
 

@@ -83,16 +83,6 @@ void ComplexApplyOperator(uint32_t operatorId, ComplexNumber* a, const ComplexNu
     }
 }
 
-bool ComplexToUint(uint64_t* out, const ComplexNumber* z) {
-    *out = 0;
-    return ComplexIsReal(z) && RealToUint(out, RealPart(z), AllowNegative);
-}
-
-bool ComplexToInt(int64_t* out, const ComplexNumber* z) {
-    *out = 0;
-    return ComplexIsReal(z) && RealToInt(out, RealPart(z), IntegerExact);
-}
-
 void ComplexSetImaginaryUnit(ComplexNumber* z) {
     RealSetZero(RealPart(z), 0);
     RealSetOne(ImaginaryPart(z));

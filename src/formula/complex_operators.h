@@ -11,13 +11,6 @@ namespace tallymere {
 /// 203. NaN and code 102 for an operator without an operation.
 void ComplexApplyOperator(uint32_t operatorId, ComplexNumber* a, const ComplexNumber* b);
 
-/// Writes |z| and returns true when z is a real integer whose magnitude fits 64 bits; else writes
-/// 0.
-bool ComplexToUint(uint64_t* out, const ComplexNumber* z);
-
-/// Writes z and returns true when z is a real integer in the signed 64-bit range; else writes 0.
-bool ComplexToInt(int64_t* out, const ComplexNumber* z);
-
 /// z = i.
 void ComplexSetImaginaryUnit(ComplexNumber* z);
 

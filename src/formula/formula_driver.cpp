@@ -6,7 +6,7 @@
 #include "formula/formula_operands.h"
 #include "formula/formula_reduction.h"
 #include "formula/formula_stack.h"
-#include "formula/value_operations.h"
+#include "values/value_operations.h"
 
 namespace tallymere {
 

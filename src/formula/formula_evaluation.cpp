@@ -4,7 +4,7 @@
 #include "core/scratch.h"
 #include "formula/formula_driver.h"
 #include "formula/formula_variables.h"
-#include "formula/value_operations.h"
+#include "values/value_operations.h"
 
 namespace tallymere {
 

@@ -6,7 +6,7 @@
 #include "formula/formula_stack.h"
 #include "formula/operation_dispatch.h"
 #include "formula/used_variables.h"
-#include "formula/value_operations.h"
+#include "values/value_operations.h"
 
 namespace tallymere {
 

@@ -5,7 +5,7 @@
 #include "formula/formula_keywords.h"
 #include "formula/formula_stack.h"
 #include "formula/operation_dispatch.h"
-#include "formula/value_operations.h"
+#include "values/value_operations.h"
 
 namespace tallymere {
 

@@ -4,6 +4,7 @@
 
 #include "core/number_context.h"
 #include "core/scratch.h"
+#include "values/value_operations.h"
 
 namespace tallymere {
 

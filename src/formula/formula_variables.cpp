@@ -5,6 +5,7 @@
 #include "formula/formula_driver.h"
 #include "formula/formula_lexer.h"
 #include "formula/used_variables.h"
+#include "values/value_operations.h"
 
 namespace tallymere {
 

@@ -14,7 +14,7 @@
 #include "formula/real_operators.h"
 #include "formula/uint_evaluation.h"
 #include "formula/uint_operators.h"
-#include "formula/value_operations.h"
+#include "values/value_operations.h"
 
 namespace tallymere {
 

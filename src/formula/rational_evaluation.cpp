@@ -6,7 +6,7 @@
 #include "exact/rational_combinatorics.h"
 #include "exact/rational_powers.h"
 #include "formula/formula_token.h"
-#include "formula/value_operations.h"
+#include "values/value_operations.h"
 
 namespace tallymere {
 

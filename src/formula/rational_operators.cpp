@@ -4,7 +4,7 @@
 #include "exact/rational_arithmetic.h"
 #include "exact/rational_powers.h"
 #include "formula/formula_token.h"
-#include "formula/value_operations.h"
+#include "values/value_operations.h"
 
 namespace tallymere {
 
@@ -49,12 +49,12 @@ void Divide(RationalNumber* a, const RationalNumber* b) {
 void Power(RationalNumber* a, const RationalNumber* b) {
     int64_t base = 0;  // stays 0 where a is no machine integer
     int64_t exponent = 0;
-    RationalToInt(&base, a);
+    RationalToSigned(&base, a);
     if (base == 2) {
         RationalPowerOfTwo(a, b);
     } else if (base == 10) {
         RationalPowerOfTen(a, b);
-    } else if (RationalToInt(&exponent, b)) {
+    } else if (RationalToSigned(&exponent, b)) {
         RationalPowerSmall(a, a, exponent);
     } else {
         RationalPower(a, a, b);
@@ -86,15 +86,6 @@ void RationalApplyOperator(uint32_t operatorId, RationalNumber* a, const Rationa
         default:
             ValueSetUnavailable(&a->sign);
     }
-}
-
-bool RationalToInt(int64_t* out, const RationalNumber* q) {
-    const bool negative = RationalSign(q) != 0;
-    const uint64_t limit = (uint64_t{1} << 63) - (negative ? 0 : 1);
-    uint64_t magnitude = 0;
-    const bool fits = IsSmall(&magnitude, q) && magnitude <= limit;
-    *out = fits ? static_cast<int64_t>(negative ? 0 - magnitude : magnitude) : 0;
-    return fits;
 }
 
 }  // namespace tallymere

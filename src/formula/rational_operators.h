@@ -10,7 +10,4 @@ namespace tallymere {
 /// is +0/1 with the code of its routine; 102 for an operator without an operation.
 void RationalApplyOperator(uint32_t operatorId, RationalNumber* a, const RationalNumber* b);
 
-/// Writes q and returns true when q is an integer in the signed 64-bit range; else writes 0.
-bool RationalToInt(int64_t* out, const RationalNumber* q);
-
 }  // namespace tallymere

@@ -10,7 +10,7 @@
 #include "exact/big_uint_mod_power.h"
 #include "exact/big_uint_roots.h"
 #include "exact/rational_arithmetic.h"
-#include "formula/value_operations.h"
+#include "values/value_operations.h"
 
 namespace tallymere {
 

@@ -4,7 +4,7 @@
 #include "exact/big_uint_division.h"
 #include "exact/big_uint_multiply.h"
 #include "exact/big_uint_powers.h"
-#include "formula/value_operations.h"
+#include "values/value_operations.h"
 
 namespace tallymere {
 

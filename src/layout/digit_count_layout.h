@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "layout/decimal_text.h"
 #include "layout/logical_units.h"
 
 namespace tallymere {
@@ -10,8 +11,13 @@ namespace tallymere {
 /// The one style bit of the control: the label stands above the count instead of right of it.
 inline constexpr uint32_t DigitCountLabelAbove = 1;
 
-/// The format of the count's text, for one number; at first it shows 0.
-inline constexpr const char16_t* DigitCountFormat = u"%d ";
+/// The text of a count, with a blank between it and the frame; at first the control shows that of
+/// 0.
+constexpr DecimalText DigitCountText(int32_t count) {
+    DecimalText shown = DecimalTextOf(count);
+    shown.text[shown.length++] = u' ';
+    return shown;
+}
 
 struct DigitCountLayout {
     LayoutSize control;

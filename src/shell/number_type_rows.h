@@ -1,22 +1,19 @@
 // The rows of the list with which a page's number type is chosen.
 #pragma once
 
-#include <cstdint>
+#include <array>
 
 #include "core/number_context.h"
+#include "layout/list_row.h"
 #include "shell/ui_text.h"
 
 namespace tallymere {
 
-struct NumberTypeRow {
-    UiTextEntry text;
-    NumberType type;  ///< also the value that the row carries and the page is told
-};
-
-inline constexpr NumberTypeRow NumberTypeRows[] = {
-    {&UiText::TextCtlRational, NumberTypeRational},
-    {&UiText::TextCtlReal, NumberTypeReal},
-    {&UiText::TextCtlComplex, NumberTypeComplex},
-};
+/// In the language of this run; the values are NumberTypes.
+inline std::array<ListRow, 3> NumberTypeRows() {
+    return {{{uiText.TextCtlRational, NumberTypeRational},
+             {uiText.TextCtlReal, NumberTypeReal},
+             {uiText.TextCtlComplex, NumberTypeComplex}}};
+}
 
 }  // namespace tallymere

@@ -1,25 +1,11 @@
 #include "shell/text_format.h"
 
+#include "layout/decimal_text.h"
 #include "shell/ui_error.h"
 
 namespace tallymere {
 
 namespace {
-
-void SinkDecimal(TextSink& sink, int32_t value) {
-    uint32_t rest = static_cast<uint32_t>(value);
-    if (value < 0) {
-        SinkChar(sink, u'-');
-        rest = 0 - rest;
-    }
-    char16_t digits[11] = {};
-    char16_t* first = digits + 10;
-    do {
-        *--first = static_cast<char16_t>(u'0' + rest % 10);
-        rest /= 10;
-    } while (rest != 0);
-    SinkText(sink, first);
-}
 
 void SinkArgument(TextSink& sink, const FormatArgument& argument) {
     switch (argument.kind) {
@@ -30,7 +16,7 @@ void SinkArgument(TextSink& sink, const FormatArgument& argument) {
             SinkChar(sink, argument.character);
             break;
         case FormatArgument::Number:
-            SinkDecimal(sink, argument.number);
+            SinkText(sink, DecimalTextOf(argument.number).text);
             break;
     }
 }

@@ -1,6 +1,5 @@
 #include "toolkit/digit_count_control.h"
 
-#include "shell/text_format.h"
 #include "toolkit/control_focus.h"
 #include "toolkit/standard_controls.h"
 #include "toolkit/wide_text.h"
@@ -37,9 +36,7 @@ HWND CreateDigitCountControl(HWND parent, int32_t x, int32_t y, uint32_t style) 
 }
 
 void ShowDigitCount(HWND control, int32_t count) {
-    char16_t text[16];
-    FormatBounded(text, 15, DigitCountFormat, {count});
-    SetWindowTextW(DigitCountField(control), ToWide(text));
+    SetWindowTextW(DigitCountField(control), ToWide(DigitCountText(count).text));
 }
 
 HWND DigitCountLabel(HWND control) {

@@ -1,6 +1,6 @@
 #include "toolkit/number_base_control.h"
 
-#include "shell/text_format.h"
+#include "layout/decimal_text.h"
 #include "toolkit/control_focus.h"
 #include "toolkit/environment.h"
 #include "toolkit/standard_controls.h"
@@ -24,9 +24,8 @@ void CreateChildren(HWND control) {
     SetSlot(control, LabelSlot, CreateStatic(control, {0, 0, 40, 0}, nullptr));
     const NumberBaseRows rows = RowsOf(control);
     for (int32_t row = 0; row < rows.count; row++) {
-        char16_t text[3];
-        FormatBounded(text, 2, u"%d", {rows.bases[row]});
-        SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
+        const DecimalText text = DecimalTextOf(rows.bases[row]);
+        SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.text));
     }
 }
 

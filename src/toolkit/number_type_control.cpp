@@ -1,7 +1,7 @@
 #include "toolkit/number_type_control.h"
 
-#include "shell/number_type_rows.h"
 #include "toolkit/standard_controls.h"
+#include "toolkit/wide_text.h"
 #include "toolkit/window_class.h"
 
 namespace tallymere {
@@ -16,11 +16,6 @@ constexpr LayoutSize NumberTypeSize = {70, 23};
 void CreateChildren(HWND control) {
     const HWND list = CreateDropList(control, {0, 0, NumberTypeSize.width, NumberTypeSize.height});
     SetSlot(control, ListSlot, list);
-    for (const NumberTypeRow& row : NumberTypeRows) {
-        const LRESULT index =
-            SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(uiText.*row.text));
-        SendMessageW(list, CB_SETITEMDATA, static_cast<WPARAM>(index), row.type);
-    }
 }
 
 void TellChosenType(HWND control) {
@@ -50,21 +45,30 @@ ToolkitClass numberTypeClass = {NumberTypeClass, NumberTypeProc, 0, NumberTypeSl
 
 }  // namespace
 
-HWND CreateNumberTypeControl(HWND parent, int32_t x) {
-    return CreateOwnControl(parent, numberTypeClass,
-                            {x, NumberTypeY, NumberTypeSize.width, NumberTypeSize.height});
+HWND CreateNumberTypeControl(HWND parent, int32_t x, std::span<const ListRow> rows) {
+    const HWND control = CreateOwnControl(
+        parent, numberTypeClass, {x, NumberTypeY, NumberTypeSize.width, NumberTypeSize.height});
+    const HWND list = NumberTypeList(control);
+    for (const ListRow& row : rows) {
+        const LRESULT index =
+            SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ToWide(row.text)));
+        SendMessageW(list, CB_SETITEMDATA, static_cast<WPARAM>(index), row.value);
+    }
+    return control;
 }
 
 void SetNumberTypeChosen(HWND control, NumberTypeChosen chosen) {
     SetSlot(control, ChosenSlot, chosen);
 }
 
-void SelectNumberTypeReal(HWND control) {
-    WPARAM index = 0;
-    while (NumberTypeRows[index].type != NumberTypeReal) {
-        index++;
+void SelectNumberType(HWND control, int32_t type) {
+    const HWND list = NumberTypeList(control);
+    const LRESULT count = SendMessageW(list, CB_GETCOUNT, 0, 0);
+    for (WPARAM index = 0; index < static_cast<WPARAM>(count); index++) {
+        if (SendMessageW(list, CB_GETITEMDATA, index, 0) == type) {
+            SendMessageW(list, CB_SETCURSEL, index, 0);
+        }
     }
-    SendMessageW(NumberTypeList(control), CB_SETCURSEL, index, 0);
 }
 
 int32_t SelectedNumberType(HWND control) {

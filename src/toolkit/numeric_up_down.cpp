@@ -1,8 +1,8 @@
 #include "toolkit/numeric_up_down.h"
 
 #include "layout/control_keys.h"
+#include "layout/decimal_text.h"
 #include "layout/numeric_sync.h"
-#include "shell/text_format.h"
 #include "toolkit/control_data.h"
 #include "toolkit/environment.h"
 #include "toolkit/standard_controls.h"
@@ -21,9 +21,7 @@ constexpr const char16_t* SpinClass = u"msctls_updown32";
 constexpr int32_t NumericTextCapacity = 31;
 
 void WriteText(HWND control, int32_t position) {
-    char16_t text[NumericTextCapacity + 1];
-    FormatBounded(text, NumericTextCapacity, u"%d", {position});
-    SetWindowTextW(NumericEdit(control), ToWide(text));
+    SetWindowTextW(NumericEdit(control), ToWide(DecimalTextOf(position).text));
 }
 
 void Sync(HWND control, NumericEvent event) {

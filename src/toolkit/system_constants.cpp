@@ -1,10 +1,7 @@
 // The logic half writes down what it needs of the system's numbers; here both are held together.
-#include "calculator/calculator_sliders.h"
-#include "calculator/field_editing.h"
 #include "layout/control_keys.h"
 #include "layout/control_kinds.h"
 #include "layout/logical_units.h"
-#include "shell/window_states.h"
 #include "toolkit/win32.h"
 
 namespace tallymere {
@@ -25,15 +22,5 @@ static_assert(StaticTypeLeft == SS_LEFT && StaticTypeCentre == SS_CENTER);
 static_assert(StaticTypeRight == SS_RIGHT && StaticTypeLeftNoWrap == SS_LEFTNOWORDWRAP);
 
 static_assert(EditWantsReturn == ES_WANTRETURN);
-
-static_assert(SliderTracks == SB_THUMBTRACK && SliderRests == SB_ENDSCROLL);
-
-static_assert(FieldKeyDown == WM_KEYDOWN && FieldCharacter == WM_CHAR);
-static_assert(FieldCut == WM_CUT && FieldPaste == WM_PASTE && FieldClear == WM_CLEAR);
-static_assert(FieldUndo == WM_UNDO && FieldUndoEdit == EM_UNDO);
-static_assert(FieldDeleteKey == VK_DELETE && FieldBackspace == VK_BACK && FieldReturn == VK_RETURN);
-
-static_assert(WindowHidden == SW_HIDE && WindowNormal == SW_SHOWNORMAL);
-static_assert(WindowMaximised == SW_SHOWMAXIMIZED);
 
 }  // namespace tallymere

@@ -4,6 +4,7 @@
 
 #include "calculator/calculator_testing.h"
 #include "support/real_testing.h"
+#include "values/value_operations.h"
 
 namespace tallymere::testing_support {
 namespace {

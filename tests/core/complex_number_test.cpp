@@ -13,8 +13,6 @@ TEST(ComplexNumber, IsTwoRealRecordsOneBehindTheOther) {
     for (int64_t p : AllPrecisions) {
         PrecisionScope scope(p);
         EXPECT_EQ(ComplexWords(), 2 * (numberContext.realLimbs + 1));
-        FieldScope type(numberContext.numberType, NumberTypeComplex);
-        EXPECT_EQ(SizeOfNumber(), static_cast<uint64_t>(8 * ComplexWords()));
         ComplexBuffer z("3 -4");
         EXPECT_EQ(&RealPart(z.Get())->header, z.Words());
         EXPECT_EQ(&ImaginaryPart(z.Get())->header, z.Words() + RealWords());

@@ -5,10 +5,10 @@
 #include <string>
 
 #include "core/complex_arithmetic.h"
-#include "core/number_text.h"
 #include "core/real_text.h"
 #include "support/complex_testing.h"
 #include "support/decimal_text.h"
+#include "values/number_text.h"
 
 namespace tallymere {
 namespace {

@@ -91,24 +91,6 @@ TEST(CalcErrorCodes, AreThoseThatCallersKnow) {
     EXPECT_EQ(CalcErrorCapacity, 400u);
 }
 
-TEST(SizeOfNumber, DependsOnTheNumberType) {
-    PrecisionScope scope(25);
-    FieldScope<int64_t> width(numberContext.uintLimbs, 5);
-    const auto sizeAs = [](NumberType type) {
-        FieldScope<NumberType> chosen(numberContext.numberType, type);
-        return SizeOfNumber();
-    };
-    EXPECT_EQ(sizeAs(NumberTypeReal), 24u);
-    EXPECT_EQ(sizeAs(NumberTypeComplex), 48u);
-    EXPECT_EQ(sizeAs(NumberTypeUint), 40u);
-    EXPECT_EQ(sizeAs(NumberTypeRational), 88u);
-    EXPECT_EQ(TakeCode(), CalcErrorNone);
-    EXPECT_EQ(sizeAs(NumberTypeNone), 0u);
-    EXPECT_EQ(TakeCode(), CalcErrorUnknownType);
-    EXPECT_EQ(sizeAs(static_cast<NumberType>(3)), 0u);
-    EXPECT_EQ(TakeCode(), CalcErrorUnknownType);
-}
-
 TEST(RealLayoutScope, PutsTheLayoutBack) {
     PrecisionScope scope(25);
     {

@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "core/exact_conversions.h"
 #include "core/number_scanner.h"
 #include "core/scratch.h"
 #include "exact/big_uint.h"
@@ -27,6 +26,7 @@
 #include "exact/rational_text.h"
 #include "support/exact_testing.h"
 #include "support/rational_testing.h"
+#include "values/exact_conversions.h"
 
 namespace tallymere {
 namespace {

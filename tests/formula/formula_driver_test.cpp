@@ -9,6 +9,7 @@
 #include "formula/formula_evaluation.h"
 #include "formula/formula_stack.h"
 #include "support/formula_testing.h"
+#include "values/value_operations.h"
 
 namespace tallymere {
 namespace {

@@ -10,9 +10,9 @@
 #include "exact/big_uint.h"
 #include "exact/rational_number.h"
 #include "formula/formula_evaluation.h"
-#include "formula/value_operations.h"
 #include "support/formula_generator.h"
 #include "support/formula_testing.h"
+#include "values/value_operations.h"
 
 namespace tallymere {
 namespace {

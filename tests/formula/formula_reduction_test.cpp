@@ -8,8 +8,8 @@
 
 #include "core/scratch.h"
 #include "formula/formula_stack.h"
-#include "formula/value_operations.h"
 #include "support/formula_testing.h"
+#include "values/value_operations.h"
 
 namespace tallymere {
 namespace {

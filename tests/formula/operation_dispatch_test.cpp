@@ -4,8 +4,8 @@
 
 #include <vector>
 
-#include "formula/value_operations.h"
 #include "support/formula_testing.h"
+#include "values/value_operations.h"
 
 namespace tallymere {
 namespace {

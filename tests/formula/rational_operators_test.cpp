@@ -162,26 +162,5 @@ TEST_F(RationalOperators, KeepACodeThatWasNotedBefore) {
     EXPECT_EQ(Apply(OperatorDivide, {"1/2", "0"}), (ExactOutcome{"0", CalcErrorTextTooLong}));
 }
 
-TEST_F(RationalOperators, TellMachineIntegers) {
-    const auto read = [](const char* text) {
-        int64_t out = 7;
-        const bool fits = RationalToInt(&out, RationalAt(ExactWords(text).data()));
-        EXPECT_TRUE(fits || out == 0);
-        return fits ? std::to_string(out) : "none";
-    };
-    EXPECT_EQ(read("0"), "0");
-    EXPECT_EQ(read("-0"), "0");
-    EXPECT_EQ(read("-5"), "-5");
-    EXPECT_EQ(read("9223372036854775807"), "9223372036854775807");
-    EXPECT_EQ(read("9223372036854775808"), "none");
-    EXPECT_EQ(read("-9223372036854775808"), "-9223372036854775808");
-    EXPECT_EQ(read("-9223372036854775809"), "none");
-    EXPECT_EQ(read("18446744073709551615"), "none");
-    EXPECT_EQ(read("2^64"), "none");
-    EXPECT_EQ(read("1/2"), "none");
-    EXPECT_EQ(read("4/2"), "none") << "not in lowest terms, so no integer";
-    EXPECT_EQ(TakeCode(), CalcErrorNone);
-}
-
 }  // namespace
 }  // namespace tallymere

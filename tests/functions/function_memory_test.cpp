@@ -9,11 +9,11 @@
 #include <vector>
 
 #include "core/complex_arithmetic.h"
-#include "core/complex_modulus.h"
 #include "core/real_rounding.h"
 #include "core/scratch.h"
 #include "functions/angle_units.h"
 #include "functions/combinatorics.h"
+#include "functions/complex_modulus.h"
 #include "functions/complex_powers.h"
 #include "functions/complex_roots.h"
 #include "functions/exponential.h"

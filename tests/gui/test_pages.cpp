@@ -12,7 +12,6 @@
 #include <cstdint>
 #include <iterator>
 
-#include "core/number_text.h"
 #include "core/real_add.h"
 #include "core/real_integer.h"
 #include "core/real_rounding.h"
@@ -30,6 +29,7 @@
 #include "toolkit/dialog_window.h"
 #include "toolkit/standard_controls.h"
 #include "toolkit/wide_text.h"
+#include "values/number_text.h"
 
 namespace tallymere {
 

@@ -108,7 +108,9 @@ TEST(DigitCount, OtherStyleBitsDoNotMatter) {
 }
 
 TEST(DigitCount, TheNumberIsFollowedByABlank) {
-    EXPECT_EQ(std::u16string(DigitCountFormat), u"%d ");
+    EXPECT_EQ(std::u16string(DigitCountText(0).text), u"0 ");
+    EXPECT_EQ(std::u16string(DigitCountText(20'000).text), u"20000 ");
+    EXPECT_EQ(std::u16string(DigitCountText(INT32_MIN).text), u"-2147483648 ");
 }
 
 // A field as its page sees it: the position, the text, and what the page was told.

@@ -189,13 +189,15 @@ TEST(Forms, ClientSizesComeBackUnchangedFromEveryUsualScreen) {
 }
 
 TEST(NumberTypeRowsTest, OfferFractionsRealAndComplexNumbers) {
-    ASSERT_EQ(std::size(NumberTypeRows), 3u);
-    EXPECT_EQ(NumberTypeRows[0].text, &UiText::TextCtlRational);
-    EXPECT_EQ(NumberTypeRows[0].type, 11u);
-    EXPECT_EQ(NumberTypeRows[1].text, &UiText::TextCtlReal);
-    EXPECT_EQ(NumberTypeRows[1].type, 1u);
-    EXPECT_EQ(NumberTypeRows[2].text, &UiText::TextCtlComplex);
-    EXPECT_EQ(NumberTypeRows[2].type, 2u);
+    FillUiTextEnglish();
+    const auto rows = NumberTypeRows();
+    ASSERT_EQ(rows.size(), 3u);
+    EXPECT_EQ(std::u16string(rows[0].text), uiText.TextCtlRational);
+    EXPECT_EQ(rows[0].value, 11);
+    EXPECT_EQ(std::u16string(rows[1].text), uiText.TextCtlReal);
+    EXPECT_EQ(rows[1].value, 1);
+    EXPECT_EQ(std::u16string(rows[2].text), uiText.TextCtlComplex);
+    EXPECT_EQ(rows[2].value, 2);
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "core/complex_arithmetic.h"
-#include "core/complex_modulus.h"
+#include "functions/complex_modulus.h"
 #include "functions/complex_powers.h"
 #include "functions/complex_roots.h"
 #include "support/function_oracle.h"

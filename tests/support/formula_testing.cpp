@@ -8,8 +8,8 @@
 #include "core/complex_number.h"
 #include "core/scratch.h"
 #include "formula/formula_evaluation.h"
-#include "formula/value_operations.h"
 #include "support/exact_testing.h"
+#include "values/value_operations.h"
 
 namespace tallymere::testing_support {
 

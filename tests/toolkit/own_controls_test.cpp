@@ -360,7 +360,7 @@ protected:
     NumberTypeControl() {
         told.clear();
         FillUiTextEnglish();
-        control = CreateNumberTypeControl(dialog, 30);
+        control = CreateNumberTypeControl(dialog, 30, NumberTypeRows());
         SetNumberTypeChosen(control, NoteValue);
     }
 
@@ -378,7 +378,7 @@ TEST_F(NumberTypeControl, OffersTheTypesOfAPage) {
     EXPECT_EQ(SendMessageW(list, CB_GETITEMDATA, 1, 0), 1);
     EXPECT_EQ(SendMessageW(list, CB_GETITEMDATA, 2, 0), 2);
     EXPECT_EQ(SelectedNumberType(control), 0);
-    SelectNumberTypeReal(control);
+    SelectNumberType(control, NumberTypeReal);
     EXPECT_EQ(SelectedNumberType(control), NumberTypeReal);
     EXPECT_EQ(
         TextOf(list),
@@ -388,7 +388,7 @@ TEST_F(NumberTypeControl, OffersTheTypesOfAPage) {
 }
 
 TEST_F(NumberTypeControl, TellsTheTypeThatTheUserSelects) {
-    SelectNumberTypeReal(control);
+    SelectNumberType(control, NumberTypeReal);
     SetFocus(NumberTypeList(control));
     PressKey(NumberTypeList(control), VK_DOWN);
     PressKey(NumberTypeList(control), VK_UP);

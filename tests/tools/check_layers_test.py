@@ -47,11 +47,11 @@ class CheckLayersTest(unittest.TestCase):
             "src/formula/driver.h": [],
         }, "src/core/limb.h:2: core/ lies below formula/")
 
-    def test_finds_a_page_included_by_the_toolkit(self):
+    def test_finds_a_page_included_by_the_windows_of_the_shell(self):
         self.assert_one_finding({
-            "src/toolkit/dialog.h": ['"calculator/windows/page.h"'],
+            "src/shell/windows/dialog.h": ['"calculator/windows/page.h"'],
             "src/calculator/windows/page.h": [],
-        }, "toolkit/ lies below calculator/windows/")
+        }, "shell/windows/ lies below calculator/windows/")
 
     def test_finds_a_neighbour(self):
         self.assert_one_finding({
@@ -81,17 +81,18 @@ class CheckLayersTest(unittest.TestCase):
             "src/core/limb.h": [],
         }, "src/attic has no layer")
 
-    def test_only_the_top_of_core_may_look_up_and_nothing_in_core_looks_at_it(self):
-        files = {
-            "src/exact/big_uint.h": [],
-            "src/core/conversions.h": ['"exact/big_uint.h"'],
-        }
-        self.assert_one_finding(files, "core/ lies below exact/")
-        self.addCleanup(setattr, check_layers, "TOP_OF_CORE", check_layers.TOP_OF_CORE)
-        check_layers.TOP_OF_CORE = {"core/conversions"}
-        self.assertEqual([], self.check(files))
-        self.assert_one_finding({**files, "src/core/limb.h": ['"core/conversions.h"']},
-                                "stands at the top of core/")
+    def test_the_toolkit_knows_plain_rooms_alone(self):
+        files = {f"src/{room}/a.h": [] for room in ("core", "layout", "shell", "formula", "calculator")}
+        for room in ("core", "layout"):
+            self.assertEqual([], self.check({**files, "src/toolkit/b.h": [f'"{room}/a.h"']}))
+        for room in ("shell", "formula", "calculator"):
+            self.assert_one_finding({**files, "src/toolkit/b.h": [f'"{room}/a.h"']},
+                                    f"toolkit/ and {room}/ are neighbours")
+
+    def test_all_rooms_stand_on_known_rooms(self):
+        for room, below in check_layers.STANDS_ON.items():
+            self.assertLessEqual(set(below), set(check_layers.STANDS_ON), room)
+            self.assertNotIn(room, check_layers.rooms_below(room))
 
 
 if __name__ == "__main__":

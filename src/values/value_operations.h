@@ -7,9 +7,13 @@
 
 #include <cstdint>
 
-#include "core/number_text.h"
+#include "values/number_text.h"
 
 namespace tallymere {
+
+/// Bytes of one value of the current number type: real 8 (n + 1), cplx twice that, uint
+/// 8 uintLimbs, rat 16 uintLimbs + 8. Any other type gives 0 and code 102.
+uint64_t SizeOfNumber();
 
 /// Copies one value.
 void ValueCopy(uint64_t* dest, const uint64_t* source);

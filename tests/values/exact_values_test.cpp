@@ -7,9 +7,9 @@
 
 #include "core/text_flags.h"
 #include "exact/big_uint_text.h"
-#include "formula/value_operations.h"
 #include "support/exact_testing.h"
 #include "support/formula_testing.h"
+#include "values/value_operations.h"
 
 namespace tallymere {
 namespace {
@@ -220,11 +220,6 @@ TEST_F(RationalValues, AreReadAsMachineIntegers) {
     EXPECT_EQ(Small("2^64"), "none");
     EXPECT_EQ(Small("1/2"), "none");
     EXPECT_EQ(Small("-0"), "0");
-    EXPECT_EQ(Signed("-9223372036854775808"), "-9223372036854775808");
-    EXPECT_EQ(Signed("9223372036854775807"), "9223372036854775807");
-    EXPECT_EQ(Signed("9223372036854775808"), "none");
-    EXPECT_EQ(Signed("-9223372036854775809"), "none");
-    EXPECT_EQ(Signed("1/2"), "none");
     EXPECT_EQ(TakeCode(), CalcErrorNone);
 }
 
@@ -236,6 +231,21 @@ TEST_F(RationalValues, AreWrittenAsText) {
     EXPECT_EQ(Text("-3/4", 0, 4), "-3/4");
     EXPECT_EQ(Text("-3/4", 0, 3), "[$] code 300");
     EXPECT_EQ(ValueToText(nullptr, 0, nullptr, TextGroup), 2 * BigUintTextLength(TextGroup) + 2);
+}
+
+TEST_F(RationalValues, ToSigned) {
+    EXPECT_EQ(Signed("0"), "0");
+    EXPECT_EQ(Signed("-0"), "0");
+    EXPECT_EQ(Signed("-5"), "-5");
+    EXPECT_EQ(Signed("9223372036854775807"), "9223372036854775807");
+    EXPECT_EQ(Signed("9223372036854775808"), "none");
+    EXPECT_EQ(Signed("-9223372036854775808"), "-9223372036854775808");
+    EXPECT_EQ(Signed("-9223372036854775809"), "none");
+    EXPECT_EQ(Signed("18446744073709551615"), "none");
+    EXPECT_EQ(Signed("2^64"), "none");
+    EXPECT_EQ(Signed("1/2"), "none");
+    EXPECT_EQ(Signed("4/2"), "none") << "not in lowest terms, so no integer";
+    EXPECT_EQ(TakeCode(), CalcErrorNone);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 // Conversions between decimal and exact numbers against GMP, at every width and precisions from one
 // digit to longer than the integers are.
-#include "core/exact_conversions.h"
+#include "values/exact_conversions.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "core/exact_conversions.h"
+#include "values/exact_conversions.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "core/complex_modulus.h"
+#include "functions/complex_modulus.h"
 
 #include <gtest/gtest.h>
 

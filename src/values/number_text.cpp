@@ -1,4 +1,4 @@
-#include "core/number_text.h"
+#include "values/number_text.h"
 
 #include "core/complex_arithmetic.h"
 #include "core/complex_text.h"

@@ -1,9 +1,8 @@
-#include "formula/value_operations.h"
+#include "values/value_operations.h"
 
 #include <cstring>
 
 #include "core/complex_arithmetic.h"
-#include "core/complex_modulus.h"
 #include "core/number_context.h"
 #include "core/real_compare.h"
 #include "core/real_divide.h"
@@ -11,8 +10,7 @@
 #include "core/real_rounding.h"
 #include "exact/big_uint.h"
 #include "exact/rational_arithmetic.h"
-#include "formula/complex_operators.h"
-#include "formula/rational_operators.h"
+#include "functions/complex_modulus.h"
 #include "functions/stored_constants.h"
 
 namespace tallymere {
@@ -47,6 +45,24 @@ bool UintToInt(int64_t* out, const uint64_t* a) {
 }
 
 }  // namespace
+
+uint64_t SizeOfNumber() {
+    const uint64_t realBytes = 8 * static_cast<uint64_t>(numberContext.realLimbs + 1);
+    const uint64_t uintBytes = 8 * static_cast<uint64_t>(numberContext.uintLimbs);
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            return realBytes;
+        case NumberTypeComplex:
+            return 2 * realBytes;
+        case NumberTypeUint:
+            return uintBytes;
+        case NumberTypeRational:
+            return 2 * uintBytes + 8;
+        default:
+            SetCalcError(CalcErrorUnknownType);
+            return 0;
+    }
+}
 
 void ValueCopy(uint64_t* dest, const uint64_t* source) {
     std::memmove(dest, source, SizeOfNumber());
@@ -267,7 +283,7 @@ bool ValueToSigned(int64_t* out, const uint64_t* a) {
         case NumberTypeUint:
             return UintToInt(out, a);
         case NumberTypeRational:
-            return RationalToInt(out, RationalAt(a));
+            return RationalToSigned(out, RationalAt(a));
         default:
             SetCalcError(CalcErrorUnknownType);
             *out = 0;

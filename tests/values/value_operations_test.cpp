@@ -1,4 +1,4 @@
-#include "formula/value_operations.h"
+#include "values/value_operations.h"
 
 #include <gtest/gtest.h>
 
@@ -29,6 +29,24 @@ class RealValues : public ::testing::Test {
 protected:
     FormulaScope scope_;
 };
+
+TEST(SizeOfNumber, DependsOnTheNumberType) {
+    PrecisionScope scope(25);
+    FieldScope<int64_t> width(numberContext.uintLimbs, 5);
+    const auto sizeAs = [](NumberType type) {
+        FieldScope<NumberType> chosen(numberContext.numberType, type);
+        return SizeOfNumber();
+    };
+    EXPECT_EQ(sizeAs(NumberTypeReal), 24u);
+    EXPECT_EQ(sizeAs(NumberTypeComplex), 48u);
+    EXPECT_EQ(sizeAs(NumberTypeUint), 40u);
+    EXPECT_EQ(sizeAs(NumberTypeRational), 88u);
+    EXPECT_EQ(TakeCode(), CalcErrorNone);
+    EXPECT_EQ(sizeAs(NumberTypeNone), 0u);
+    EXPECT_EQ(TakeCode(), CalcErrorUnknownType);
+    EXPECT_EQ(sizeAs(static_cast<NumberType>(3)), 0u);
+    EXPECT_EQ(TakeCode(), CalcErrorUnknownType);
+}
 
 TEST_F(RealValues, AreCopiedWhole) {
     const RealBuffer x("-1.2345678901234567891e-77");
