@@ -10,14 +10,14 @@ namespace tallymere {
 
 namespace {
 
-// dest = a shifted right by limbShift limbs and 0 <= bits < 64; limbShift is at most the width. The
-// arrays may overlap in any way.
+// dest = a shifted right by limbShift limbs and `bits` bits, 0 <= limbShift <= width, 0 <= bits <
+// 64. The arrays may overlap in any way.
 void ShiftRight(uint64_t* dest, const uint64_t* a, int64_t limbShift, int bits) {
     const int64_t kept = numberContext.uintLimbs - limbShift;
     const uint64_t* source = a + limbShift;
     const auto limbAt = [=](int64_t i) {
         const uint64_t above = i + 1 < kept ? source[i + 1] : 0;
-        // In two steps, since a shift by 64 has no meaning.
+        // Two shifts, since one shift by 64 is undefined.
         return (source[i] >> bits) | (above << 1 << (63 - bits));
     };
     if (dest <= source) {
@@ -66,6 +66,12 @@ int64_t BigUintLength(const uint64_t* a) {
 int64_t BigUintBitLength(const uint64_t* a) {
     const int64_t length = BigUintLength(a);
     return length == 0 ? 0 : BitsPerUintLimb * length - std::countl_zero(a[length - 1]);
+}
+
+bool BigUintWidthIsWellFormed() {
+    const UintWidth width = CurrentUintWidth();
+    return width.limbs >= 1 && width.limbs <= MaxWorkingUintLimbs && width.digits >= 0 &&
+           width.digits <= UintWidthForLimbs(width.limbs).digits;
 }
 
 bool BigUintIsZero(const uint64_t* a) {

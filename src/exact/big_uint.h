@@ -1,14 +1,16 @@
-// BigUint: the exact unsigned integer of a width set at run time.
+// BigUint: the exact unsigned integer. Its width is set at run time.
 //
-// A BigUint is a bare array of NumberContext::uintLimbs 64-bit limbs, least significant first. It
-// carries neither length nor sign, so it means something only at the width at which it was made;
-// BigUintResize moves it to another. The width is changed through UintWidthScope. Where limbs of
-// base 10^19 stand beside its own, as in conversions, its own are called words.
+// A BigUint is a bare array of NumberContext::uintLimbs limbs of 64 bits, least significant first.
+// It carries neither length nor sign. So it means something only at the width at which it was made;
+// BigUintResize takes it to another width. Whoever changes the width does so through
+// UintWidthScope. Conversions also work with limbs of base 10^19. There the limbs of a BigUint are
+// called words.
 //
-// Overflow never wraps: a result that does not fit is 0 and notes a code. In all operations the
-// destination comes first and may be an operand; where nothing else is said it may not overlap one
-// otherwise. Operations read the width in force; the memory of all arrays is the caller's. None of
-// them clears a code.
+// Overflow never wraps: a result that does not fit is 0 and notes CalcErrorOverflow.
+//
+// Rules for all operations: the destination comes first. It may be an operand, but may not overlap
+// one in part, unless the operation says so. The caller owns the memory of all arrays. Operations
+// read the width in force. None of them clears a code that was noted before.
 #pragma once
 
 #include <cstdint>
@@ -20,19 +22,27 @@ namespace tallymere {
 /// Bits of a limb of a BigUint.
 inline constexpr int64_t BitsPerUintLimb = 64;
 
+/// The widest that operations work for a while: twice the widest that is ever set.
+inline constexpr int64_t MaxWorkingUintLimbs = 2 * MaxUintLimbs;
+
+/// True when the width in force is one that a BigUint can have: 1 to MaxWorkingUintLimbs limbs, and
+/// no more decimal digits than these are sure to hold. That is all there is to check, because every
+/// pattern of bits is a value.
+bool BigUintWidthIsWellFormed();
+
 void BigUintClear(uint64_t* dest);
 void BigUintCopy(uint64_t* dest, const uint64_t* src);
 
-/// What stands where an operation failed: 0, and the code unless one is noted already.
+/// Marks a failed result: dest = 0, and notes the code unless one is noted already.
 void BigUintSetFailed(uint64_t* dest, CalcError code);
 
 /// dest = k.
 void BigUintFromWord(uint64_t* dest, uint64_t k);
 
-/// The limbs of a up to its highest that is not 0; 0 for a = 0.
+/// How many limbs a has up to its highest that is not 0; 0 for a = 0.
 int64_t BigUintLength(const uint64_t* a);
 
-/// Index of the highest set bit plus 1; 0 for a = 0.
+/// The index of the highest set bit, plus 1; 0 for a = 0.
 int64_t BigUintBitLength(const uint64_t* a);
 
 /// Bit `index` of a, 0 or 1; 0 <= index < 64 uintLimbs.
@@ -54,34 +64,35 @@ bool BigUintFitsSigned(const uint64_t* a);
 /// -1, 0 or 1 as a is below, equal to or above b.
 int BigUintCompare(const uint64_t* a, const uint64_t* b);
 
-/// dest = a + b. 0 and code 200 on a carry out of the top limb.
+/// dest = a + b. 0 and CalcErrorOverflow when it does not fit.
 void BigUintAdd(uint64_t* dest, const uint64_t* a, const uint64_t* b);
 
-/// dest = a + k. 0 and code 200 on a carry out of the top limb.
+/// dest = a + k. 0 and CalcErrorOverflow when it does not fit.
 void BigUintAddSmall(uint64_t* dest, const uint64_t* a, uint64_t k);
 
-/// dest = a - b. 0 and code 200 for a < b.
+/// dest = a - b. 0 and CalcErrorOverflow for a < b.
 void BigUintSub(uint64_t* dest, const uint64_t* a, const uint64_t* b);
 
-/// dest = a - 1. 0 and code 200 for a = 0.
+/// dest = a - 1. 0 and CalcErrorOverflow for a = 0.
 void BigUintSubOne(uint64_t* dest, const uint64_t* a);
 
-/// Copies a value of srcLimbs limbs to destLimbs limbs, whatever the width in force; the arrays may
-/// overlap in any way. Code 100 and nothing written for a count of 0. Narrowing that would lose a
-/// limb gives 0 and code 200.
+/// Copies a value of srcLimbs limbs to destLimbs limbs. The width in force plays no part. The
+/// arrays may overlap in any way. A count of 0 notes CalcErrorBadParameter and writes nothing; no
+/// count is negative. When a limb other than 0 would be lost, dest is 0 and CalcErrorOverflow is
+/// noted.
 void BigUintResize(uint64_t* dest, int64_t destLimbs, const uint64_t* src, int64_t srcLimbs);
 
-/// dest = a shifted right by 0 <= n <= 64 bits; `out`, which may be null, takes the n bits that
-/// fall out, as a number. 0 and code 203 for an n above 64, `out` included. dest and a may overlap
+/// dest = a shifted right by n bits, 0 <= n <= 64. *out is the number that the n lost bits make;
+/// `out` may be null. For an n above 64 both are 0, with CalcErrorUndefined. dest and a may overlap
 /// in any way.
 void BigUintShiftRightOut(uint64_t* dest, uint64_t* out, const uint64_t* a, uint64_t n);
 
-/// dest = a shifted right by n bits; 0 for n of 2^31 and above. 0 and code 203 for a negative n.
-/// dest and a may overlap in any way.
+/// dest = a shifted right by n bits; 0 for n of 2^31 and above. 0 and CalcErrorUndefined for a
+/// negative n. dest and a may overlap in any way.
 void BigUintShiftRight(uint64_t* dest, const uint64_t* a, int64_t n);
 
-/// dest = a shifted left by 1 <= n <= 63 bits. 0 and code 203 for another n. With `check`, bits
-/// that would leave at the top give 0 and code 200; without, they are lost.
+/// dest = a shifted left by n bits, 1 <= n <= 63. 0 and CalcErrorUndefined for any other n. Bits
+/// that leave at the top are lost; with `check` they make the result 0 with CalcErrorOverflow.
 void BigUintShiftLeft(uint64_t* dest, const uint64_t* a, int64_t n, bool check);
 
 }  // namespace tallymere

@@ -12,10 +12,10 @@ namespace tallymere {
 
 namespace {
 
-// dest = (m + 1) (m + 2) ... (m + count), divided by count! unless `falling`; m goes up with it.
-// Ends early when a code is noted.
+// dest = (m + 1) (m + 2) ... (m + count), and divided by count! unless `falling` is true. m is
+// count larger afterwards. Ends early when a code is noted.
 //
-// The product of i consecutive integers is divisible by i!, so that every division is exact.
+// The product of i consecutive integers is divisible by i!, so every division is exact.
 void MultiplyUpwards(uint64_t* dest, uint64_t* m, uint64_t count, bool falling) {
     BigUintFromWord(dest, 1);
     for (uint64_t i = 0; i < count && numberContext.calcError == CalcErrorNone; i++) {

@@ -1,4 +1,4 @@
-// Factorial, binomial coefficient and falling factorial of integers. A failure gives 0; a code that
+// Factorial, binomial coefficient and falling factorial of integers. A failure gives 0. A code that
 // was noted before is kept.
 #pragma once
 
@@ -6,12 +6,15 @@
 
 namespace tallymere {
 
-/// dest = n!. Code 200 when it does not fit.
+/// dest = n!. CalcErrorOverflow when it does not fit.
 void BigUintFactorial(uint64_t* dest, const uint64_t* n);
 
-/// dest = n over k, or with `falling` n (n - 1) ... (n - k + 1); 0 for k > n. Code 203 for more
-/// than 2^64 - 1 factors, 200 when a step does not fit (n over k times a number up to k must), 207
-/// when asked to stop, which is polled once for each factor.
+/// dest = n over k, or n (n - 1) ... (n - k + 1) when `falling` is true; 0 for k > n.
+///
+/// n over k is n over n - k too, and the smaller of both is the number of factors.
+/// CalcErrorUndefined for more than 2^64 - 1 factors. CalcErrorOverflow when a product on the way
+/// does not fit: for n over k that may be as large as the result times the number of factors. The
+/// stop request is polled once for each factor; it gives CalcErrorCancelled.
 void BigUintBinomial(uint64_t* dest, const uint64_t* n, const uint64_t* k, bool falling);
 
 }  // namespace tallymere

@@ -17,22 +17,23 @@ void ClearFrom(uint64_t* dest, int64_t index) {
     std::fill(dest + index, dest + numberContext.uintLimbs, uint64_t{0});
 }
 
-// WordReciprocal of d shifted left to a full word, from DivisorReciprocal(d); d no power of two.
-// That is floor(2^127 / d) for the shifted d, which leaves the last bit open.
+// WordReciprocal(d) for a d with its highest bit set that is no power of two. `reciprocal` is
+// DivisorReciprocal of the divisor before it was shifted. That is floor(2^127 / d), so all bits of
+// the result are known but the last.
 uint64_t RefineReciprocal(uint64_t d, uint64_t reciprocal) {
     const uint64_t refined = 2 * reciprocal;
     const Wide product = wide::Add(wide::Multiply(refined, d), {d, 0});
     return refined + (AtLeast({0, d}, wide::Subtract({0, 0}, product)) ? 0 : 1);
 }
 
-// quotient = floor(a / d), for an a of n >= 1 limbs and a d that is no power of two; returns a mod
-// d. quotient may be null; `reciprocal` is DivisorReciprocal(d).
+// quotient = floor(a / d), and returns a mod d, for an a of n limbs, n >= 1, and a d that is no
+// power of two. quotient may be null. `reciprocal` is DivisorReciprocal(d).
 uint64_t DivideLimbsByWord(uint64_t* quotient, const uint64_t* a, int64_t n, uint64_t d,
                            uint64_t reciprocal) {
     const int shift = 63 - HighestBit(d);
     const uint64_t divisor = d << shift;
     const uint64_t inverse = RefineReciprocal(divisor, reciprocal);
-    // a is shifted left with d on the way, in two steps as no limb is shifted by 64 bits at once.
+    // a is shifted left like d, limb by limb. Two shifts, since one shift by 64 is undefined.
     const auto fromBelow = [shift](uint64_t limb) { return (limb >> 1) >> (63 - shift); };
     uint64_t limb = a[n - 1];
     uint64_t rest = fromBelow(limb);

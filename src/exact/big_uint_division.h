@@ -1,4 +1,5 @@
-// Division of BigUint values. All of them: 0 and code 202 for a divisor of 0.
+// Division of BigUint values. A divisor of 0 gives 0 for quotient and remainder, and
+// CalcErrorExactDivisionByZero.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +12,9 @@ namespace tallymere {
 /// array.
 void BigUintDivide(uint64_t* quotient, uint64_t* remainder, const uint64_t* a, const uint64_t* b);
 
-/// quotient = floor(a / b); returns true when nothing remains, which is so for b = 0 too.
+/// quotient = floor(a / b). Returns true when the division is exact, that is, when the remainder is
+/// 0; it is for b = 0 too. The name means a question, and not, as elsewhere, that the caller knows
+/// the division to be exact.
 bool BigUintDivideExact(uint64_t* quotient, const uint64_t* a, const uint64_t* b);
 
 /// quotient = floor(a / d), *remainder = a mod d; either may be null. `reciprocal` is

@@ -15,7 +15,7 @@ namespace tallymere {
 
 namespace {
 
-// Limbs without leading zeros.
+// A number of `count` limbs. The highest is not 0 after Trim.
 struct Operand {
     uint64_t* limbs;
     int64_t count;
@@ -27,7 +27,7 @@ struct Operand {
     }
 };
 
-// x and y, x >= y > 0, become y and x mod y.
+// x, y = y, x mod y. For x >= y > 0.
 void EuclidStep(Operand& x, Operand& y) {
     CoreScratchScope scratch;
     const UintLimbDivisor divisor = PrepareDivisor(scratch.Take(y.count), y.limbs, y.count);
@@ -40,13 +40,14 @@ void EuclidStep(Operand& x, Operand& y) {
     std::swap(x, y);
 }
 
-// The three highest limbs of x, or what it has of them with zeros below, from `limbs` limbs up.
+// The three limbs of x below place `limbs`, highest first. Places that x does not have are 0.
 LeadingLimbs Leading(const Operand& x, int64_t limbs) {
     const auto limb = [&](int64_t i) { return i >= 0 && i < x.count ? x.limbs[i] : 0; };
     return {limb(limbs - 1), limb(limbs - 2), limb(limbs - 3)};
 }
 
-// Many steps of Euclid at once, for x >= y > 0; false where the leading limbs do not tell even one.
+// Does many steps of Euclid at once, for x >= y > 0. Returns false, and does nothing, when the
+// leading limbs do not even determine one.
 bool LehmerStep(Operand& x, Operand& y) {
     const int64_t n = x.count;
     LehmerFactors factors;
@@ -65,14 +66,14 @@ bool LehmerStep(Operand& x, Operand& y) {
     return true;
 }
 
-uint64_t WordGreatestDivisor(uint64_t x, uint64_t y) {
+uint64_t GcdSmall(uint64_t x, uint64_t y) {
     while (y != 0) {
         x = std::exchange(y, x % y);
     }
     return x;
 }
 
-// True, with dest cleared and a code noted, when one of the two is 0.
+// Refuses a zero argument: dest = 0, notes CalcErrorUndefined and returns true. Else returns false.
 bool RefuseZero(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
     if (!BigUintIsZero(a) && !BigUintIsZero(b)) {
         return false;
@@ -83,7 +84,7 @@ bool RefuseZero(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
 
 }  // namespace
 
-void BigUintGreatestDivisor(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
+void BigUintGcdAllowingZero(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
     const int64_t width = numberContext.uintLimbs;
     CoreScratchScope scratch;
     Operand x = {scratch.Take(width), width};
@@ -104,7 +105,7 @@ void BigUintGreatestDivisor(uint64_t* dest, const uint64_t* a, const uint64_t* b
         EuclidStep(x, y);
     }
     if (y.count == 1) {
-        BigUintFromWord(dest, WordGreatestDivisor(x.limbs[0], y.limbs[0]));
+        BigUintFromWord(dest, GcdSmall(x.limbs[0], y.limbs[0]));
     } else {
         BigUintClear(dest);
         std::copy_n(x.limbs, x.count, dest);
@@ -113,7 +114,7 @@ void BigUintGreatestDivisor(uint64_t* dest, const uint64_t* a, const uint64_t* b
 
 void BigUintGcd(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
     if (!RefuseZero(dest, a, b)) {
-        BigUintGreatestDivisor(dest, a, b);
+        BigUintGcdAllowingZero(dest, a, b);
     }
 }
 
@@ -123,7 +124,7 @@ void BigUintLcm(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
     }
     CoreScratchScope scratch;
     uint64_t* factor = scratch.Take(numberContext.uintLimbs);
-    BigUintGreatestDivisor(factor, a, b);
+    BigUintGcdAllowingZero(factor, a, b);
     BigUintDivide(factor, nullptr, a, factor);
     BigUintMul(dest, factor, b);
 }

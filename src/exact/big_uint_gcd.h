@@ -6,12 +6,14 @@
 namespace tallymere {
 
 /// dest = gcd(a, b), where gcd(a, 0) = a and gcd(0, 0) = 0. Notes no code.
-void BigUintGreatestDivisor(uint64_t* dest, const uint64_t* a, const uint64_t* b);
+/// Method: Lehmer's steps (exact/lehmer_step.h), and a step of Euclid where they find none.
+void BigUintGcdAllowingZero(uint64_t* dest, const uint64_t* a, const uint64_t* b);
 
-/// dest = gcd(a, b). A zero argument has none here: 0 and code 203.
+/// dest = gcd(a, b). A zero argument is refused: 0 and CalcErrorUndefined.
 void BigUintGcd(uint64_t* dest, const uint64_t* a, const uint64_t* b);
 
-/// dest = lcm(a, b). 0 and code 203 for a zero argument, 0 and code 200 when it does not fit.
+/// dest = lcm(a, b). 0 and CalcErrorUndefined for a zero argument. 0 and CalcErrorOverflow when it
+/// does not fit.
 void BigUintLcm(uint64_t* dest, const uint64_t* a, const uint64_t* b);
 
 }  // namespace tallymere

@@ -18,10 +18,13 @@ bool RefuseLogarithm(uint64_t* dest) {
     return false;
 }
 
-// log2 of mantissa / 2^63 * 2^exponent, for a mantissa with its highest bit set.
+// log2(mantissa / 2^63 * 2^exponent) in units of 2^-BinaryLogPlaces, for a mantissa with its
+// highest bit set.
 //
-// Every squaring cuts off less than 2^-63 of the mantissa and counts half as much as the one before
-// it; with what the mantissa itself had lost, that makes less than 2^-61 for the logarithm.
+// Error: each squaring cuts off less than 2^-63 of the mantissa, and its effect on the logarithm is
+// half that of the squaring before. The mantissa itself was cut by less than 2^-63. All this
+// together changes the logarithm by less than 2^-61. Then the places behind the last are cut off.
+// So the error is less than 2 units.
 uint64_t BinaryLogOf(uint64_t mantissa, int64_t exponent) {
     uint64_t log = static_cast<uint64_t>(exponent);
     for (int place = 0; place < BinaryLogPlaces; place++) {
@@ -35,7 +38,7 @@ uint64_t BinaryLogOf(uint64_t mantissa, int64_t exponent) {
 
 }  // namespace
 
-uint64_t BinaryLogOfWord(uint64_t x) {
+uint64_t BinaryLogSmall(uint64_t x) {
     const int exponent = HighestBit(x);
     return BinaryLogOf(x << (63 - exponent), exponent);
 }
@@ -79,14 +82,14 @@ bool BigUintLog(uint64_t* dest, const uint64_t* base, const uint64_t* x) {
         BigUintClear(dest);
         return one;
     }
-    // Bounds of the quotient of the true logarithms, which lies strictly between them. Where they
-    // have the same floor it is no whole number; else they differ by so little that there is only
-    // one whole number between them.
+    // The quotient of the true logarithms lies strictly between these two bounds. When the bounds
+    // have the same floor, the quotient is no whole number and has this floor too. Else the bounds
+    // differ so little that only one whole number, the candidate, lies between them.
     const uint64_t logX = BinaryLog(x);
     const uint64_t logBase = BinaryLog(base);
-    uint64_t floor = logX / (logBase + 2);
+    uint64_t floor = logX / (logBase + BinaryLogErrorUnits);
     bool exact = false;
-    if (const uint64_t candidate = (logX + 2) / logBase; candidate != floor) {
+    if (const uint64_t candidate = (logX + BinaryLogErrorUnits) / logBase; candidate != floor) {
         CoreScratchScope scratch;
         uint64_t* power = scratch.Take(numberContext.uintLimbs);
         if (BigUintPowerIfFits(power, base, static_cast<int64_t>(candidate))) {

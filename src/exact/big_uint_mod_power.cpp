@@ -12,12 +12,12 @@ namespace tallymere {
 
 namespace {
 
-// The most bits of the exponent that are taken at once, and the most limbs for the powers that this
-// needs.
+// The most bits of the exponent that one window takes, and the most limbs for the table of powers
+// that a window needs.
 constexpr int64_t MostWindowBits = 7;
 constexpr int64_t MostOddPowerLimbs = 5'000;
 
-// square = x^2 in 2 n limbs: twice the products of different limbs and the squares of single ones.
+// square = x^2 in 2 n limbs: the products of different limbs twice, and the squares of the limbs.
 void SquareLimbs(uint64_t* square, const uint64_t* x, int64_t n) {
     std::fill_n(square, n, uint64_t{0});
     for (int64_t i = 0; i < n; i++) {
@@ -40,19 +40,20 @@ void SquareLimbs(uint64_t* square, const uint64_t* x, int64_t n) {
     }
 }
 
-// m of n limbs, and how residues modulo m are multiplied. An odd m of two limbs and more goes by
-// Montgomery's reduction, which needs no quotients: the residue of x is x 2^(64 n) mod m. Otherwise
-// it is a number that is x modulo m and less than m shifted left to a full highest limb, which is a
-// multiple of m.
+// The modulus m of n limbs, and what the multiplication of residues modulo m needs.
+//
+// An odd m of two or more limbs uses Montgomery's reduction, which needs no quotients. There the
+// residue of x is x 2^(64 n) mod m. For any other m the residue of x is a number that equals x
+// modulo m and is below M. M is m shifted left until its highest bit is set: a multiple of m.
 struct Modulus {
     const uint64_t* limbs;
     UintLimbDivisor divisor;
     uint64_t negativeInverse;  // -1 / m modulo 2^64 for Montgomery's reduction, else 0
-    uint64_t* product;         // 2 n limbs
+    uint64_t* product;         // room for a product: 2 n limbs
 };
 
-// -1 / m modulo 2^64, for an odd m: each step doubles the low bits that are right, of which there
-// are three at first.
+// -1 / m modulo 2^64, for an odd m. The start has three correct low bits, and each step doubles
+// their number.
 uint64_t NegativeInverse(uint64_t m) {
     uint64_t inverse = m;
     for (int bits = 3; bits < 64; bits *= 2) {
@@ -61,14 +62,14 @@ uint64_t NegativeInverse(uint64_t m) {
     return 0 - inverse;
 }
 
-// dest = modulus.product / 2^(64 n) mod m, for a product below 2^(64 n) m: multiples of m make its
-// lower half 0, limb by limb.
+// dest = modulus.product / 2^(64 n) mod m, for a product below 2^(64 n) m. Multiples of m are added
+// until its lower half is 0, limb by limb.
 // Source: Menezes, van Oorschot and Vanstone, "Handbook of Applied Cryptography", algorithm 14.32.
 void ReduceMontgomery(uint64_t* dest, const Modulus& modulus) {
     const int64_t n = modulus.divisor.count;
     uint64_t* low = modulus.product;
     for (int64_t i = 0; i < n; i++) {
-        // The limb that becomes 0 holds what is to be added n limbs above it.
+        // This limb becomes 0, so it has room for the carry, which is added n limbs above later.
         low[i] = UintLimbsAddProduct(low + i, modulus.limbs, n, low[i] * modulus.negativeInverse);
     }
     uint64_t carry = 0;
@@ -82,6 +83,7 @@ void ReduceMontgomery(uint64_t* dest, const Modulus& modulus) {
     }
 }
 
+// dest = the residue that modulus.product stands for.
 void Reduce(uint64_t* dest, const Modulus& modulus) {
     if (modulus.negativeInverse != 0) {
         ReduceMontgomery(dest, modulus);
@@ -127,12 +129,13 @@ void ReduceFully(uint64_t* dest, const uint64_t* a, int64_t length, int64_t zero
     UintLimbsShiftRight(dest, rest, n, modulus.divisor.shift);
 }
 
+// dest = the residue of an a of `length` limbs.
 void MakeResidue(uint64_t* dest, const uint64_t* a, int64_t length, const Modulus& modulus) {
     const int64_t zeros = modulus.negativeInverse != 0 ? modulus.divisor.count : 0;
     ReduceFully(dest, a, length, zeros, modulus);
 }
 
-// Makes a residue the number below m that it stands for.
+// x = the number below m that the residue x stands for.
 void TakeFromResidue(uint64_t* x, const Modulus& modulus) {
     const int64_t n = modulus.divisor.count;
     if (modulus.negativeInverse == 0) {
@@ -144,8 +147,8 @@ void TakeFromResidue(uint64_t* x, const Modulus& modulus) {
     ReduceMontgomery(x, modulus);
 }
 
-// The bits of the exponent that are taken at once. One bit more makes twice as many odd powers
-// first, and with w bits there is a product in every w + 1 bits.
+// The bits of the exponent that one window takes. A longer window saves products: with w bits there
+// is one product for w + 1 bits on average. But each bit more doubles the table of odd powers.
 int64_t WindowBits(int64_t exponentBits, int64_t n) {
     int64_t window = 1;
     while (window < MostWindowBits && (n << window) <= MostOddPowerLimbs &&
@@ -155,7 +158,7 @@ int64_t WindowBits(int64_t exponentBits, int64_t n) {
     return window;
 }
 
-// dest = base, base^3, base^5 ..., `count` of them; `square` has the place of a residue.
+// dest = base, base^3, base^5 ..., `count` of them. `square` is room for a residue.
 void ComputeOddPowers(uint64_t* dest, int64_t count, const uint64_t* base, uint64_t* square,
                       const Modulus& modulus) {
     const int64_t n = modulus.divisor.count;
@@ -168,14 +171,14 @@ void ComputeOddPowers(uint64_t* dest, int64_t count, const uint64_t* base, uint6
     }
 }
 
-// Some bits of an exponent, from a higher one down to bit number `last`, as a number.
+// The value of some neighbouring bits of an exponent; `last` is the index of the lowest.
 struct ExponentBits {
     uint64_t value;
     int64_t last;
 };
 
-// At most `window` bits of e from bit `first` down: they begin and end with one that is set. One
-// that is not set is taken alone.
+// Takes at most `window` bits of e, from bit `first` down. The first and the last of them are set.
+// A bit `first` that is not set is taken alone.
 ExponentBits TakeWindow(const uint64_t* e, int64_t first, int64_t window) {
     ExponentBits bits = {BigUintBit(e, first), first};
     if (bits.value != 0) {
@@ -190,7 +193,8 @@ ExponentBits TakeWindow(const uint64_t* e, int64_t first, int64_t window) {
     return bits;
 }
 
-// dest = base^e, for residues and an e of 1 or more bits; false when asked to stop.
+// dest = base^e for residues and an e of exponentBits bits, 1 or more. False when a stop is
+// requested.
 // Method: windows that slide over the exponent (Menezes, van Oorschot and Vanstone, "Handbook of
 // Applied Cryptography", algorithm 14.85).
 bool PowerModulo(uint64_t* dest, const uint64_t* base, const uint64_t* e, int64_t exponentBits,

@@ -5,8 +5,8 @@
 
 namespace tallymere {
 
-/// dest = a^e mod m. 0 and code 202 for m = 0. Asked to stop, 0 and code 207: polled once for each
-/// bit of e.
+/// dest = a^e mod m; 0^0 is 1 mod m. 0 and CalcErrorExactDivisionByZero for m = 0. The stop request
+/// is polled once for each bit of e; it gives 0 and CalcErrorCancelled.
 void BigUintModPower(uint64_t* dest, const uint64_t* a, const uint64_t* e, const uint64_t* m);
 
 }  // namespace tallymere

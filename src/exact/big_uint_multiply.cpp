@@ -11,7 +11,8 @@ namespace tallymere {
 
 namespace {
 
-// a[0 .. la) * b[0 .. lb) in la + lb limbs at dest, which overlaps neither; la, lb >= 1.
+// dest = a * b, for a of la limbs and b of lb limbs, la, lb >= 1. dest gets la + lb limbs and
+// overlaps no operand.
 void MultiplyLimbs(uint64_t* dest, const uint64_t* a, int64_t la, const uint64_t* b, int64_t lb) {
     // The passes go over the longer operand.
     if (la > lb) {

@@ -8,8 +8,8 @@
 
 namespace tallymere {
 
-// From the highest bit of e down: every value on the way is a power of the base that is no larger
-// than the result, so that nothing overflows unless the result does.
+// Goes from the highest bit of e down. Every value on the way is a power of the base that is no
+// larger than the result. So nothing overflows unless the result does.
 bool BigUintPowerIfFits(uint64_t* dest, const uint64_t* base, int64_t e) {
     const CalcErrorScope codes;
     CoreScratchScope scratch;
@@ -75,7 +75,7 @@ void BigUintPowerOfTen(uint64_t* dest, const uint64_t* n) {
     }
 }
 
-// As BigUintPowerIfFits, but the highest bits of n come from the table of one-limb powers.
+// Like BigUintPowerIfFits, but the start is a power of ten from the table of one-limb powers.
 void BigUintPowerOfTenSmall(uint64_t* dest, int64_t n) {
     if (n < 0) {
         BigUintSetFailed(dest, CalcErrorUndefined);

@@ -15,10 +15,10 @@ namespace tallymere {
 
 namespace {
 
-// Roots of up to so many bits come from the logarithm alone.
+// The logarithm alone gives roots of up to this many bits.
 constexpr int64_t BitsFromLogarithm = 40;
 
-// dest = dest * 2^bits, which must fit.
+// dest = dest * 2^bits. It must fit.
 void ShiftLeftFar(uint64_t* dest, int64_t bits) {
     const int64_t limbs = bits / BitsPerUintLimb;
     const int64_t moved = numberContext.uintLimbs - limbs;
@@ -26,20 +26,21 @@ void ShiftLeftFar(uint64_t* dest, int64_t bits) {
     std::fill_n(dest, limbs, uint64_t{0});
 }
 
-// The smallest word whose BinaryLogOfWord is above `log`, and so a word above 2^log; it has up to
-// `bits` bits.
+// The smallest integer of up to `bits` bits whose BinaryLogSmall is above `log`. So it is above
+// 2^log, where log is taken in the units of a BinaryLog.
 uint64_t WordAboveLog(uint64_t log, int64_t bits) {
     uint64_t word = 0;
     for (uint64_t step = uint64_t{1} << (bits - 1); step != 0; step >>= 1) {
-        if (BinaryLogOfWord(word + step) <= log) {
+        if (BinaryLogSmall(word + step) <= log) {
             word += step;
         }
     }
     return word + 1;
 }
 
-// s = floor(((n - 1) s + x / s^(n - 1)) / n) + 1, which is above the n-th root of x for every s:
-// the mean of n numbers whose product is x is at least their geometric mean.
+// One step of Newton's method: s = floor(((n - 1) s + x / s^(n - 1)) / n) + 1. The new s is above
+// the n-th root of x for every s, because the arithmetic mean of n numbers with the product x is at
+// least their geometric mean.
 void StepAboveRoot(uint64_t* s, int64_t n, const uint64_t* x) {
     CoreScratchScope scratch;
     uint64_t* quotient = scratch.Take(numberContext.uintLimbs);
@@ -51,16 +52,19 @@ void StepAboveRoot(uint64_t* s, int64_t n, const uint64_t* x) {
     BigUintAddSmall(s, s, 1);
 }
 
-// s = a number above the n-th root r of x / 2^(n drop) and below r + 2. r has `bits` bits before
-// the point.
+// s = a whole number above r and below r + 2, where r is the n-th root of x / 2^(n drop). r has
+// `bits` bits before the point.
 //
-// With s = r (1 + e), a step leaves an error of at most r (n - 1) e^2 / 2. Half the bits of r, and
-// enough more to make up for n, give e < 2^(2 - leading), and after the step an error below 1/2, to
-// which the 1 is added that keeps s above r. A number above the root of a shortened x stays above
-// when both are made longer, being whole.
+// The recursion finds the `leading` bits of s, and one step of Newton's method the others. Let
+// s = r (1 + e) before the step. Afterwards the error is at most r (n - 1) e^2 / 2. `leading` is
+// half the bits of r and a few more because of n. That gives e < 2^(2 - leading) and an error below
+// 1/2 after the step. The step then adds 1, which keeps s above r.
+//
+// The recursion works with a shortened x. A whole number above the root of the shortened x stays
+// above the root when both get their bits back.
 void RootFromAbove(uint64_t* s, int64_t n, const uint64_t* x, int64_t drop, int64_t bits) {
     if (bits <= BitsFromLogarithm) {
-        const uint64_t log = (BinaryLog(x) + 2) / static_cast<uint64_t>(n) + 1;
+        const uint64_t log = (BinaryLog(x) + BinaryLogErrorUnits) / static_cast<uint64_t>(n) + 1;
         BigUintFromWord(s,
                         WordAboveLog(log - (static_cast<uint64_t>(drop) << BinaryLogPlaces), bits));
         return;
@@ -86,7 +90,7 @@ bool RootOfDegree(uint64_t* dest, int64_t n, const uint64_t* x) {
     uint64_t* root = scratch.Take(numberContext.uintLimbs);
     uint64_t* power = scratch.Take(numberContext.uintLimbs);
     RootFromAbove(root, n, x, 0, (bits - 1) / n + 1);
-    // An exact root is below a whole number that is less than 2 above it, and so is 1 below it.
+    // `root` is above the true root by less than 2. If the true root is whole, it is 1 less.
     BigUintSubOne(root, root);
     const int order = BigUintPowerIfFits(power, root, n) ? BigUintCompare(power, x) : 1;
     if (order > 0) {
@@ -103,7 +107,7 @@ bool BigUintSquareRoot(uint64_t* dest, const uint64_t* x) {
 }
 
 bool BigUintRoot(uint64_t* dest, const uint64_t* n, const uint64_t* x) {
-    // To a degree of 2^63 and above every root is as to this one.
+    // All degrees from 2^63 - 1 up give the same root.
     return BigUintRootSmall(dest, BigUintFitsSigned(n) ? static_cast<int64_t>(n[0]) : INT64_MAX, x);
 }
 

@@ -1,7 +1,7 @@
 // Integer roots: the floor, and whether it is exact. A code that was noted before is kept.
 //
-// Method: the leading bits from the binary logarithm of x, then Newton's steps on whole numbers,
-// always from above, of which each nearly doubles the bits; at the end one power tells whether the
+// Method: the binary logarithm of x gives the leading bits. Newton's steps on whole numbers nearly
+// double the correct bits each time; they come from above. One power at the end says whether the
 // root is exact.
 #pragma once
 
@@ -9,11 +9,12 @@
 
 namespace tallymere {
 
-/// dest = floor(sqrt(x)); true when exact.
+/// dest = floor(sqrt(x)). Returns true when exact.
 bool BigUintSquareRoot(uint64_t* dest, const uint64_t* x);
 
-/// dest = floor of the n-th root of x; true when exact. An n that is no positive signed 64-bit
-/// number leaves 1 for x > 1, inexact, and else x. n = 0 gives 0 and code 203, and false.
+/// dest = floor of the n-th root of x. Returns true when exact. n = 0 gives 0, CalcErrorUndefined
+/// and false. An n that is negative or above 2^63 - 1 counts as a very large degree: 1 and false
+/// for x > 1, else x and true.
 bool BigUintRoot(uint64_t* dest, const uint64_t* n, const uint64_t* x);
 bool BigUintRootSmall(uint64_t* dest, int64_t n, const uint64_t* x);
 

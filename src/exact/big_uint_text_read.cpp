@@ -13,10 +13,10 @@ namespace {
 
 constexpr uint64_t MaxWrittenExponent = (uint64_t{1} << 63) - 1;
 
-// What the text of a whole number says before its digits are converted.
+// The parts of the text of an integer, before its digits are converted.
 struct WrittenInteger {
-    NumberToken token;         // its digits
-    WrittenExponent exponent;  // 0 where none is written
+    NumberToken token;         // the digits
+    WrittenExponent exponent;  // 0 when the text has none
 };
 
 // True when the whole text is a number in the scanner's radix.
@@ -42,8 +42,8 @@ bool ReadWrittenInteger(NumberScanner& scanner, WrittenInteger* number) {
     return token.kind == NumberTokenEnd;
 }
 
-// Where the decimal separator of a digit token stands, counted from its start; its length if there
-// is none. A character that separates groups as well has been taken for that.
+// The characters of a digit token in front of its decimal separator; all of them if it has none. A
+// character that is both a group separator and a decimal separator counts as the former.
 int64_t IntegerPartLength(const NumberScanner& scanner, const NumberToken& token) {
     if (token.kind == NumberTokenDigits) {
         return token.length;
@@ -57,8 +57,8 @@ int64_t IntegerPartLength(const NumberScanner& scanner, const NumberToken& token
     return length;
 }
 
-// x = x 10^k + the next k digits of the walk, where k is the digits that are there or *limit,
-// whichever is less; *limit falls by k. False when that does not fit.
+// x = x 10^k + the next k digits of the walk. k is the number of digits that are left, or *limit if
+// that is less. *limit decreases by k. False when x does not fit.
 bool AppendDigits(GrowingInteger& x, DigitWalk& walk, uint64_t* limit) {
     constexpr int64_t limbsAtOnce = 16;
     for (;;) {
@@ -82,7 +82,7 @@ bool AppendDigits(GrowingInteger& x, DigitWalk& walk, uint64_t* limit) {
     }
 }
 
-// x = x / 10^places, where x is a BigUint; false when that is no integer.
+// x = x / 10^places for a BigUint x. False when that is no integer.
 bool DivideByPowerOfTen(uint64_t* x, uint64_t places) {
     if (BigUintIsZero(x)) {
         return true;
@@ -127,8 +127,8 @@ CalcError ReadDecimal(uint64_t* dest, const NumberScanner& scanner, const Writte
     return CalcErrorNone;
 }
 
-// In base 2, 8 and 16: from the last digit on, each is put where its bits belong. What is no digit
-// separates groups.
+// Reads base 2, 8 and 16: puts the bits of each digit into their place, from the last digit to the
+// first. Characters that are no digits are group separators.
 CalcError ReadBits(uint64_t* dest, const NumberScanner& scanner, const NumberToken& token) {
     const int bitsPerDigit = BitsPerDigit(scanner.radix);
     const int64_t width = BitsPerUintLimb * numberContext.uintLimbs;

@@ -16,7 +16,7 @@ constexpr int64_t DecimalGroup = 3;
 constexpr int64_t BinaryGroup = 4;
 constexpr int64_t ExponentCharacters = 13;
 
-// The bits [bit, bit + count) of the number in `length` limbs.
+// Bits `bit` to bit + count - 1 of a number of `length` limbs.
 uint64_t BitsAt(const uint64_t* a, int64_t length, int64_t bit, int count) {
     const int64_t limb = bit / BitsPerUintLimb;
     const int offset = static_cast<int>(bit % BitsPerUintLimb);

@@ -9,7 +9,7 @@ namespace tallymere {
 
 namespace {
 
-// The leading parts have 126 bits, which leaves room for a sign.
+// The leading parts have 126 bits, so that two bits of 128 are left for a sign.
 constexpr int LeadingShift = 2;
 
 // The top 126 bits of the limbs shifted left by `shift` bits.
@@ -26,26 +26,41 @@ bool IsNegative(Wide x) {
     return (x.high >> 63) != 0;
 }
 
-// A product of which the low 128 bits are wanted.
+// The low 128 bits of x k.
 Wide MultiplyWord(Wide x, uint64_t k) {
     Wide product = wide::Multiply(x.low, k);
     product.high += x.high * k;
     return product;
 }
 
-// A 128-bit sum with a carry that has a sign.
+// x plus a carry that is a signed number.
 Wide AddSigned(Wide x, uint64_t carry) {
     return wide::Add(x, {IsNegative({carry, 0}) ? ~uint64_t{0} : 0, carry});
 }
 
 }  // namespace
 
-// Let x and y be the leading parts, followed by the remainders that Euclid makes of them, each of
-// which is s x - t y or t y - s x. As 2^126 > x, s and t are at most 2^126 / r where r is the
-// remainder before. A step is taken if its remainder is at least 2^64 and the one before exceeds it
-// by as much; so r exceeded 2^65 and s and t are at most 2^61. The limbs that were cut off change a
-// remainder by less than max(s, t) and a difference of two by less than the sum of the factors of
-// both, in units of the last place of the parts: neither can reach 0.
+bool LehmerFactorsAreWellFormed(const LehmerFactors& factors) {
+    constexpr uint64_t limit = uint64_t{1} << 63;
+    const Wide kept = wide::Multiply(factors.keepX, factors.keepY);
+    const Wide taken = wide::Multiply(factors.takeX, factors.takeY);
+    const Wide determinant = wide::Subtract(kept, taken);
+    return factors.keepX < limit && factors.takeY < limit && factors.keepY < limit &&
+           factors.takeX < limit && determinant.high == 0 && determinant.low == 1;
+}
+
+// Why the factors are right for all numbers with these leading limbs:
+//
+// Let x and y be the leading parts, x < 2^126. Euclid's algorithm makes remainders of them. Each is
+// s x - t y or t y - s x, where s and t are at most 2^126 / r, and r is the remainder before it.
+//
+// A step is taken only if its remainder is at least 2^64 and the remainder before it is larger by
+// at least 2^64. So r was above 2^65, and s and t are at most 2^61.
+//
+// Now count in units of the last place of the leading parts. The limbs that were cut off change a
+// remainder by less than max(s, t). They change the difference of two remainders by less than the
+// sum of the factors of both. Both changes are below 2^64, so no remainder and no difference can
+// become 0 or negative.
 bool FindLehmerFactors(LehmerFactors& factors, LeadingLimbs x, LeadingLimbs y) {
     const int shift = std::countl_zero(x.high);
     Wide larger = LeadingPart(x, shift);
@@ -53,7 +68,7 @@ bool FindLehmerFactors(LehmerFactors& factors, LeadingLimbs x, LeadingLimbs y) {
     if (smaller.high == 0) {
         return false;
     }
-    // larger and smaller are s x - t y and t y - s x with these s and t, or the other way round.
+    // larger = |s0 x - t0 y| and smaller = |s1 x - t1 y| at all times.
     uint64_t s0 = 1;
     uint64_t t0 = 0;
     uint64_t s1 = 0;
@@ -65,7 +80,7 @@ bool FindLehmerFactors(LehmerFactors& factors, LeadingLimbs x, LeadingLimbs y) {
             return (part.high << zeros) | ((part.low >> 1) >> (63 - zeros));
         };
         const uint64_t divisor = leadingWord(smaller);
-        // The quotient of the leading words is too large by at most 2 while it is below 2^32.
+        // The quotient of the leading words is below 2^32 then, and too large by at most 2.
         if ((divisor >> 32) == 0) {
             break;
         }
@@ -90,7 +105,8 @@ bool FindLehmerFactors(LehmerFactors& factors, LeadingLimbs x, LeadingLimbs y) {
     return true;
 }
 
-// With factors below 2^63 a difference of two products and a signed carry fit 128 bits with a sign.
+// The factors are below 2^63. So a difference of two products, plus a signed carry, fits a signed
+// number of 128 bits.
 void ApplyLehmerFactors(uint64_t* x, uint64_t* y, int64_t n, const LehmerFactors& factors) {
     uint64_t carryX = 0;
     uint64_t carryY = 0;

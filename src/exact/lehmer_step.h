@@ -1,5 +1,5 @@
-// Lehmer's step: what many steps of Euclid's algorithm do to two numbers, found by their leading
-// limbs alone and then done to all limbs in one pass.
+// Lehmer's step for greatest common divisors. Many steps of Euclid's algorithm are found from the
+// leading limbs of two numbers alone, and then applied to all their limbs in one pass.
 //
 // Source: Knuth, "The Art of Computer Programming" 2, 4.5.2, algorithm L, here with leading parts
 // of two limbs.
@@ -16,23 +16,26 @@ struct LeadingLimbs {
     uint64_t low;
 };
 
-/// Two numbers x and y become keepX x - takeY y and keepY y - takeX x. All four are below 2^63, and
-/// keepX keepY - takeX takeY is 1, so that the greatest common divisor stays.
+/// Two numbers x and y become keepX x - takeY y and keepY y - takeX x. All four factors are below
+/// 2^63. keepX keepY - takeX takeY is 1, so the greatest common divisor does not change.
 struct LehmerFactors {
     uint64_t keepX;
     uint64_t takeY;
     uint64_t keepY;
     uint64_t takeX;
-    bool swaps;  ///< which of the two results is then the larger: the one in place of y
+    bool swaps;  ///< the result in the place of y is the larger one
 };
 
-/// The factors of as many steps as the leading limbs of x >= y, taken at the same place with
-/// x.high > 0, are sure of: the results are positive for every x and y with these limbs, and
-/// different. False if that is no step.
+/// True when `factors` has the invariant above.
+bool LehmerFactorsAreWellFormed(const LehmerFactors& factors);
+
+/// Finds the factors of several steps of Euclid for x >= y. The limbs of both are taken at the same
+/// place, and x.high > 0. For all numbers with these leading limbs the results are positive and
+/// different. Returns false when not even one step is certain; `factors` is unchanged then.
 bool FindLehmerFactors(LehmerFactors& factors, LeadingLimbs x, LeadingLimbs y);
 
-/// Applies the factors to all n limbs of x and y. The results must be below 2^(64 n) and not
-/// negative.
+/// Applies the factors to all n limbs of x and y, which do not overlap. Both results must be at
+/// least 0 and below 2^(64 n).
 void ApplyLehmerFactors(uint64_t* x, uint64_t* y, int64_t n, const LehmerFactors& factors);
 
 }  // namespace tallymere

@@ -6,7 +6,7 @@ namespace tallymere {
 
 namespace {
 
-// Shorter rows of products are not worth a call.
+// Rows of fewer limbs are multiplied in line, since a call would cost more than it saves.
 constexpr int64_t LongRow = 6;
 
 void Complement(uint64_t* limbs, int64_t n) {
@@ -28,10 +28,14 @@ void DivideByOneLimb(uint64_t* quotient, uint64_t* r, int64_t m, const UintLimbD
     r[0] = remainder;
 }
 
-// For a divisor of at least two limbs. The highest two limbs of what remains are held in `high`, of
-// those below the complements in r: with ~x = -1 - x, taking a product off is adding it there,
-// which is the faster loop. Method: Knuth, "The Art of Computer Programming" 2, 4.3.1, algorithm D;
-// with the estimate taken from three limbs by two it is at most one too large.
+// For a divisor of at least two limbs.
+//
+// `high` holds the two highest limbs of the remainder. r holds the complements of the limbs below
+// them: since ~x = -1 - x, a product is subtracted from x by adding it to ~x, and the loop that
+// adds is the faster one.
+//
+// Method: Knuth, "The Art of Computer Programming" 2, 4.3.1, algorithm D. The estimate of a
+// quotient limb divides three limbs by two, so it is too large by at most 1.
 void DivideByRows(uint64_t* quotient, uint64_t* r, int64_t m, const UintLimbDivisor& divisor) {
     const int64_t lower = divisor.count - 2;
     const uint64_t* b = divisor.limbs;
@@ -67,7 +71,7 @@ void DivideByRows(uint64_t* quotient, uint64_t* r, int64_t m, const UintLimbDivi
 }  // namespace
 
 uint64_t UintLimbsShiftLeft(uint64_t* dest, const uint64_t* src, int64_t n, int shift) {
-    // In two steps, since no limb is shifted by 64 bits at once.
+    // Two shifts, since one shift by 64 is undefined.
     const auto fromBelow = [shift](uint64_t limb) { return (limb >> 1) >> (63 - shift); };
     const uint64_t out = fromBelow(src[n - 1]);
     for (int64_t i = n - 1; i > 0; i--) {

@@ -1,6 +1,8 @@
-// Division of bare arrays of 64-bit limbs of any length, least significant limb first, by a divisor
-// that is made ready once: what quotients, greatest common divisors and modular powers are made of.
-// UintLimbs... work on such arrays; Limbs... of core/limb_tools are for limbs of base 10^19.
+// Division of bare arrays of 64-bit limbs, of any length, least significant limb first. A divisor
+// is prepared once and used often. Quotients, greatest common divisors and modular powers stand on
+// this.
+//
+// UintLimbs... work on 64-bit limbs. Limbs... of core/limb_tools work on limbs of base 10^19.
 #pragma once
 
 #include <cstdint>
@@ -33,13 +35,13 @@ constexpr uint64_t WideReciprocal(Wide d) {
     return reciprocal;
 }
 
-/// A quotient limb and the two limbs that remain.
+/// A quotient of one limb and a remainder of two.
 struct WideQuotient {
     uint64_t quotient;
     Wide remainder;
 };
 
-/// The three limbs (high, low) divided by a d with its highest bit set, for high < d;
+/// The three limbs (high, low) divided by d, for high < d. The highest bit of d is set.
 /// `reciprocal` is WideReciprocal(d).
 /// Method: Moller and Granlund, algorithm 5.
 constexpr WideQuotient DivideByWide(Wide high, uint64_t low, Wide d, uint64_t reciprocal) {
@@ -48,7 +50,7 @@ constexpr WideQuotient DivideByWide(Wide high, uint64_t low, Wide d, uint64_t re
     Wide remainder = {high.low - estimate.high * d.high, low};
     remainder = wide::Subtract(remainder, wide::Multiply(estimate.high, d.low));
     remainder = wide::Subtract(remainder, d);
-    // Needed in a good part of all cases, and unpredictable: better without a branch.
+    // This correction is needed often and cannot be predicted, so it does without a branch.
     const uint64_t tooLarge = remainder.high >= estimate.low ? ~uint64_t{0} : 0;
     quotient += tooLarge;
     remainder = wide::Add(remainder, {tooLarge & d.high, tooLarge & d.low});
@@ -59,36 +61,35 @@ constexpr WideQuotient DivideByWide(Wide high, uint64_t low, Wide d, uint64_t re
     return {quotient, remainder};
 }
 
-/// Shifts n >= 1 limbs left by 0 <= shift <= 63 bits; returns the bits that leave at the top. dest
-/// may be src, or overlap it from above.
+/// Shifts n limbs left by `shift` bits, n >= 1, 0 <= shift <= 63. Returns the bits that leave at
+/// the top. dest may be src, or overlap it from above.
 uint64_t UintLimbsShiftLeft(uint64_t* dest, const uint64_t* src, int64_t n, int shift);
 
-/// Shifts n >= 1 limbs right by 0 <= shift <= 63 bits; the bits that leave are lost. dest may be
-/// src, or overlap it from below.
+/// Shifts n limbs right by `shift` bits, n >= 1, 0 <= shift <= 63. The bits that leave are lost.
+/// dest may be src, or overlap it from below.
 void UintLimbsShiftRight(uint64_t* dest, const uint64_t* src, int64_t n, int shift);
 
-/// r += k b over n >= 0 limbs; returns the limb above. For rows that are often short.
+/// r += k b over n limbs, n >= 0. Returns the carry limb. Fast for short rows too.
 uint64_t UintLimbsAddProduct(uint64_t* r, const uint64_t* b, int64_t n, uint64_t k);
 
-/// r -= b over n >= 0 limbs; returns what is borrowed from above, 0 or 1.
+/// r -= b over n limbs, n >= 0. Returns the borrow, 0 or 1.
 uint64_t UintLimbsSubtract(uint64_t* r, const uint64_t* b, int64_t n);
 
-/// A divisor b of n >= 1 limbs, made ready.
+/// A prepared divisor b of n limbs, n >= 1.
 struct UintLimbDivisor {
-    const uint64_t* limbs;  ///< n of them: b shifted left by `shift` bits, its highest bit then set
+    const uint64_t* limbs;  ///< n limbs: b shifted left by `shift` bits, so its highest bit is set
     int64_t count;          ///< n
     int shift;              ///< 0 to 63
     uint64_t reciprocal;    ///< WideReciprocal of the highest two limbs; WordReciprocal of one
 };
 
-/// Makes a divisor of n limbs ready, of which the highest is not 0. `store` takes its n limbs and
-/// may be b.
+/// Prepares the divisor b of n limbs, n >= 1. Its highest limb is not 0. The shifted limbs go to
+/// `store`, which has room for n limbs, may be b, and must live as long as the result.
 UintLimbDivisor PrepareDivisor(uint64_t* store, const uint64_t* b, int64_t n);
 
-/// Divides the m + n limbs of r by the n limbs of the divisor as it was shifted left, for m >= 0
-/// and the highest n limbs of r below the divisor. quotient, which may be null, gets m limbs and
-/// must not overlap r; what remains is the lowest n limbs of r, and those above are without
-/// meaning.
+/// Divides r of m + n limbs by the n limbs of the shifted divisor, m >= 0. The highest n limbs of r
+/// must be below the divisor. The quotient has m limbs; it may be null and must not overlap r. The
+/// remainder is left in the lowest n limbs of r. The limbs of r above it have no meaning then.
 void UintLimbsDivide(uint64_t* quotient, uint64_t* r, int64_t m, const UintLimbDivisor& divisor);
 
 }  // namespace tallymere

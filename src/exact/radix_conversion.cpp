@@ -9,13 +9,13 @@ namespace tallymere {
 
 namespace {
 
-// Up to so many words, divisions are faster than products.
+// Up to this many words, division by 10^19 is faster than divide and conquer.
 constexpr int64_t DirectWords = 12;
 
-// How often an integer can be halved; CoreScratch ends long before.
+// How often an integer can be halved. CoreScratch has no room for more.
 constexpr int MaxHalvings = 32;
 
-// By dividing by 10^19 until nothing is left.
+// Divides by 10^19 until nothing is left. m is 0 to DirectWords + 1.
 void ConvertDirectly(Limb* dest, const uint64_t* words, int64_t m) {
     uint64_t rest[DirectWords + 1];
     std::copy_n(words, m, rest);
@@ -45,7 +45,7 @@ LimbArray WithoutLeadingZeros(LimbArray a) {
     return a;
 }
 
-// dest = a b + addend over n limbs, which must suffice and overlap no operand.
+// dest = a b + addend in n limbs. The result must fit, and dest must overlap no operand.
 void MultiplyArrays(Limb* dest, int64_t n, LimbArray a, LimbArray b, LimbArray addend) {
     ColumnSum column;
     for (int64_t c = 0; c < n; c++) {
@@ -62,7 +62,8 @@ void MultiplyArrays(Limb* dest, int64_t n, LimbArray a, LimbArray b, LimbArray a
     }
 }
 
-// Halves integers of up to `part` 2^halvings words; powers[i] is 2^(64 part 2^i).
+// How integers of up to part 2^halvings words are halved. `part` is the words of the shortest
+// parts; powers[i] is 2^(64 part 2^i).
 struct Halving {
     int64_t part;
     LimbArray powers[MaxHalvings];
@@ -84,7 +85,7 @@ void ComputePowers(Halving& halving, int halvings, ScratchScope& scratch) {
     }
 }
 
-// For m of up to part 2^level words.
+// Converts an integer of m words, m <= part 2^level.
 void ConvertByHalves(Limb* dest, const uint64_t* words, int64_t m, const Halving& halving,
                      int level) {
     if (level == 0) {
@@ -107,11 +108,13 @@ void ConvertByHalves(Limb* dest, const uint64_t* words, int64_t m, const Halving
                    halving.powers[level - 1], {low, lowCount});
 }
 
-// How many limbs one pass over a growing integer takes in.
+// The decimal limbs that one pass over a growing integer appends.
 constexpr int64_t LimbsPerPass = 4;
 
-// x = x 10^(19 LimbsPerPass) + limbs, for an x with room for as many words. One multiplication by
-// 10^19 hands its words to the next as they come, since a single one would wait for its carries.
+// x = x 10^(19 LimbsPerPass) + the LimbsPerPass limbs, for an x with room for as many more words.
+//
+// That takes LimbsPerPass multiplications by 10^19. All run in one pass over the words: each hands
+// a word to the next as soon as it is ready. So the processor need not wait for the carries of one.
 void TakeInDecimalLimbs(GrowingInteger& x, const Limb* limbs) {
     uint64_t carries[LimbsPerPass];
     std::copy_n(limbs, LimbsPerPass, carries);
@@ -135,6 +138,10 @@ void TakeInDecimalLimbs(GrowingInteger& x, const Limb* limbs) {
 }
 
 }  // namespace
+
+bool GrowingIntegerIsWellFormed(const GrowingInteger& x) {
+    return x.length >= 0 && x.length <= x.capacity && (x.length == 0 || x.words[x.length - 1] != 0);
+}
 
 int64_t WordsToDecimalLimbs(Limb* end, const uint64_t* words, int64_t m) {
     Halving halving = {m, {}};

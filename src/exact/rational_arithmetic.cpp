@@ -13,7 +13,8 @@ namespace tallymere {
 
 namespace {
 
-// dest = a + b as magnitudes with signs. Returns the sign, which is that of b where they cancel.
+// dest = |a + b| for magnitudes a and b with signs. Returns the sign of the sum. A sum of 0 has the
+// sign of b if the signs differ.
 uint64_t AddSigned(uint64_t* dest, const uint64_t* a, uint64_t signA, const uint64_t* b,
                    uint64_t signB) {
     if (signA == signB) {
@@ -28,8 +29,9 @@ uint64_t AddSigned(uint64_t* dest, const uint64_t* a, uint64_t signA, const uint
     return signB;
 }
 
-// dest = a fraction of parts with `limbs` limbs, which are used up. Reduced at the length of the
-// longer part: the divisor is what an operation spends its time on.
+// dest = a fraction whose parts have `limbs` limbs. Both parts are overwritten. They are reduced at
+// the length of the longer one, because the greatest common divisor takes most of the time of an
+// operation.
 void StoreReduced(RationalNumber* dest, uint64_t sign, uint64_t* numerator, uint64_t* denominator,
                   int64_t limbs) {
     int64_t length;
@@ -45,8 +47,8 @@ void StoreReduced(RationalNumber* dest, uint64_t sign, uint64_t* numerator, uint
     RationalFailOnCode(dest);
 }
 
-// Divides a and *k by their greatest common divisor; neither is 0.
-void ReduceByWord(uint64_t* a, uint64_t* k) {
+// Divides a and *k by their greatest common divisor. Neither is 0.
+void ReduceBySmall(uint64_t* a, uint64_t* k) {
     if (*k == 1 || BigUintIsWord(a, 1)) {
         return;
     }
@@ -75,7 +77,7 @@ void ReduceFraction(uint64_t* numerator, uint64_t* denominator) {
     }
     CoreScratchScope scratch;
     uint64_t* common = scratch.Take(numberContext.uintLimbs);
-    BigUintGreatestDivisor(common, numerator, denominator);
+    BigUintGcdAllowingZero(common, numerator, denominator);
     if (!BigUintIsWord(common, 1)) {
         BigUintDivideExact(numerator, numerator, common);
         BigUintDivideExact(denominator, denominator, common);
@@ -88,7 +90,7 @@ void RationalAddSub(RationalNumber* dest, const RationalNumber* a, const Rationa
     const uint64_t signB = RationalSign(b) ^ (subtract ? 1 : 0);
     CalcErrorScope codes;
     if (BigUintCompare(RationalDenominator(a), RationalDenominator(b)) == 0) {
-        // The width is kept also where a longer sum would reduce to one that fits.
+        // The sum is not formed at a larger width, even if it would then reduce to one that fits.
         dest->sign = AddSigned(RationalNumerator(dest), RationalNumerator(a), signA,
                                RationalNumerator(b), signB);
         BigUintCopy(RationalDenominator(dest), RationalDenominator(a));
@@ -147,9 +149,9 @@ void RationalScaleSmall(RationalNumber* dest, const RationalNumber* a, uint64_t 
         BigUintClear(numerator);
         BigUintFromWord(denominator, 1);
     } else {
-        ReduceByWord(denominator, &k);
+        ReduceBySmall(denominator, &k);
         if (d != 1) {
-            ReduceByWord(numerator, &d);
+            ReduceBySmall(numerator, &d);
             BigUintMulSmall(denominator, denominator, d);
         }
         if (k != 1) {

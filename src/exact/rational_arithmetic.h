@@ -1,12 +1,13 @@
-// Sums, products, quotients of fractions.
+// Sums, products, quotients and comparisons of fractions.
 //
-// Products are made at twice the width and reduced there, so a product, quotient or remainder
-// overflows only when it does not fit in lowest terms; sums have two more limits. A failure gives
-// +0/1 and code 203 unless another is stated; a code that was noted before is kept.
+// Products are formed at twice the width and reduced there. So a product, quotient or remainder
+// overflows only when it does not fit in lowest terms. Sums have two more limits, see
+// RationalAddSub. A failure gives +0/1, and CalcErrorUndefined unless another code is stated. A
+// code that was noted before is kept.
 //
-// Operands out of lowest terms, which only some powers leave, are taken for their value. Operations
-// by way of both products give lowest terms again; those by a word, the integer part, the fraction
-// and the reciprocal keep what factor they do not touch.
+// An operand need not be in lowest terms: its value counts. Operations that multiply both parts of
+// both operands give lowest terms again. Those by a machine integer, the integer part, the fraction
+// and the reciprocal do not look for a common factor that the operand already had.
 #pragma once
 
 #include "core/real_integer.h"
@@ -14,57 +15,67 @@
 
 namespace tallymere {
 
-/// Divides both by their greatest common divisor. A numerator of 0 makes the denominator 1; a
-/// denominator of 0 with another numerator is code 202.
+/// Divides both by their greatest common divisor. A numerator of 0 makes the denominator 1. A
+/// denominator of 0 with any other numerator notes CalcErrorExactDivisionByZero. They must not be
+/// the same array.
 void ReduceFraction(uint64_t* numerator, uint64_t* denominator);
 
-/// dest = a + b, or a - b with `subtract`. A zero that comes of different signs has the sign of b
-/// (of -b with `subtract`). Code 200 when the result does not fit, and also when the sum of the
-/// numerators of equal denominators does not, or that of the cross products of others does not fit
+/// dest = a + b, or a - b when `subtract` is true. When operands of different signs cancel, the
+/// zero has the sign of b (of -b with `subtract`).
+///
+/// CalcErrorOverflow when the result does not fit, and in two more cases. Equal denominators: the
+/// sum of the numerators does not fit the width. Others: the sum of the cross products does not fit
 /// twice the width.
 void RationalAddSub(RationalNumber* dest, const RationalNumber* a, const RationalNumber* b,
                     bool subtract);
 
-/// dest = a * b, or a / b with `divide`. Code 200 when the result does not fit, 202 for b = 0.
+/// dest = a * b, or a / b when `divide` is true. CalcErrorOverflow when the result does not fit,
+/// CalcErrorExactDivisionByZero for a / 0.
 void RationalMulDiv(RationalNumber* dest, const RationalNumber* a, const RationalNumber* b,
                     bool divide);
 
-/// dest = a * k. Code 200 when it does not fit.
+/// dest = a * k. CalcErrorOverflow when it does not fit.
 void RationalMulSmall(RationalNumber* dest, const RationalNumber* a, uint64_t k);
 
-/// dest = a * k / d for k and d without a common factor, in one go. Codes as those of the two.
+/// dest = a * k / d in one step, for k and d without a common factor. The codes are those of
+/// RationalMulSmall and RationalDivSmall.
 void RationalScaleSmall(RationalNumber* dest, const RationalNumber* a, uint64_t k, uint64_t d);
 
-/// dest = a / k. 0 / 0 is 0; else code 202 for k = 0. Code 200 when it does not fit.
+/// dest = a / k. CalcErrorOverflow when it does not fit, CalcErrorExactDivisionByZero for k = 0.
+/// But 0 / 0 is 0 here and notes nothing.
 void RationalDivSmall(RationalNumber* dest, const RationalNumber* a, uint64_t k);
 
-/// quotient = the integer |a / b| rounded down, remainder = |a| - quotient |b|, both with the sign
-/// of a / b. Either may be null; they must not be the same record. Code 202 for b = 0, 200 when one
-/// that is asked for does not fit; both are failed then.
+/// quotient = floor(|a / b|), remainder = |a| - quotient |b|, both with the sign of a / b. Either
+/// may be null; they must not be the same record. CalcErrorExactDivisionByZero for b = 0,
+/// CalcErrorOverflow when a result that is asked for does not fit. In both cases both results
+/// are +0/1.
 void RationalDivMod(RationalNumber* quotient, RationalNumber* remainder, const RationalNumber* a,
                     const RationalNumber* b);
 
-/// dest = 1 / a. Code 202 for a = 0.
+/// dest = 1 / a. CalcErrorExactDivisionByZero for a = 0.
 void RationalReciprocal(RationalNumber* dest, const RationalNumber* a);
 
-/// dest = the integer part of a, towards 0, with the sign of a.
+/// dest = the integer part of a: its fraction is dropped, its sign stays.
 void RationalTrunc(RationalNumber* dest, const RationalNumber* a);
 
-/// dest = a - trunc(a), with the sign of a.
+/// dest = a - trunc(a). The sign of a stays.
 void RationalFraction(RationalNumber* dest, const RationalNumber* a);
 
-/// -1, 0 or 1 as a is below, equal to or above b; `ignoreSign` compares magnitudes. Zeros are equal
-/// whatever their signs.
+/// -1, 0 or 1 as a is below, equal to or above b. With `ignoreSign` it compares |a| with |b|. Zeros
+/// are equal whatever their signs.
 int RationalCompare(const RationalNumber* a, const RationalNumber* b, bool ignoreSign);
 
-/// Compares a with k, or -k if `negative`.
+/// Compares a with k, or with -k when `negative` is true.
 int RationalCompareSmall(const RationalNumber* a, uint64_t k, bool negative);
 
-/// *out = a as an unsigned 64-bit number; false and 0 when it is none, or not by `flags`, which are
-/// bits of IntegerFlags. A zero, also one that is left of a fraction, is never negative.
+/// *out = a, and returns true, when a is an integer from 0 to 2^64 - 1. Else *out = 0, and returns
+/// false. `flags`, bits of IntegerFlags, allow more: AllowFraction drops a fraction first,
+/// AllowNegative takes the magnitude. A zero counts as not negative, also one that is left when the
+/// fraction is dropped.
 bool RationalToUnsigned(uint64_t* out, const RationalNumber* a, uint32_t flags);
 
-/// Writes q and returns true when q is an integer in the signed 64-bit range; else writes 0.
+/// *out = q, and returns true, when q is an integer from -2^63 to 2^63 - 1. Else *out = 0, and
+/// returns false.
 bool RationalToSigned(int64_t* out, const RationalNumber* q);
 
 }  // namespace tallymere

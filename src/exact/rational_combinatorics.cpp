@@ -18,7 +18,8 @@ bool IsPositiveInteger(const RationalNumber* x) {
     return RationalIsInteger(x) && RationalSign(x) == 0 && !RationalIsZero(x);
 }
 
-// dest = dest * factor / i. The factors of a long product mostly have parts of one limb.
+// dest = dest * factor / i; changes `factor`. In a long product most factors have parts of one
+// limb, which is faster.
 void MultiplyStep(RationalNumber* dest, RationalNumber* factor, uint64_t i) {
     RationalDivSmall(factor, factor, i);
     const uint64_t* numerator = RationalNumerator(factor);
@@ -31,8 +32,8 @@ void MultiplyStep(RationalNumber* dest, RationalNumber* factor, uint64_t i) {
     }
 }
 
-// dest = (n - count + 1) ... (n - 1) n, or each factor divided by its number. Ends at the first
-// code.
+// dest = (n - count + 1) ... (n - 1) n, and divided by count! unless `falling` is true. Ends early
+// when a code is noted.
 void MultiplySteps(RationalNumber* dest, const RationalNumber* n, uint64_t count, bool falling) {
     CoreScratchScope scratch;
     RationalNumber* position = RationalAt(scratch.Take(RationalWords()));
@@ -71,7 +72,7 @@ void CombinePositiveIntegers(RationalNumber* dest, const RationalNumber* a, cons
 
 void RationalFactorial(RationalNumber* dest, const RationalNumber* n) {
     CalcErrorScope codes;
-    // A zero with a sign is refused like any number that has one.
+    // A zero with a sign is refused too.
     if (!RationalIsInteger(n) || RationalSign(n) != 0) {
         RationalSetFailed(dest);
         return;

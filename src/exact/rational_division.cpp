@@ -10,7 +10,7 @@ namespace tallymere {
 
 namespace {
 
-// Reads a and b to the end before it writes, as either result may stand in their place.
+// Reads all of a and b before it writes, since either result may be an operand.
 void DivideFractions(RationalNumber* quotient, RationalNumber* remainder, uint64_t sign,
                      const RationalNumber* a, const RationalNumber* b) {
     CoreScratchScope scratch;

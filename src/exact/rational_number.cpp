@@ -1,6 +1,8 @@
 #include "exact/rational_number.h"
 
+#include "core/scratch.h"
 #include "exact/big_uint.h"
+#include "exact/big_uint_gcd.h"
 
 namespace tallymere {
 
@@ -37,6 +39,17 @@ void RationalNegate(RationalNumber* q) {
 
 bool RationalIsZero(const RationalNumber* q) {
     return BigUintIsZero(RationalNumerator(q));
+}
+
+bool RationalIsWellFormed(const RationalNumber* q) {
+    return q->sign <= 1 && !BigUintIsZero(RationalDenominator(q));
+}
+
+bool RationalIsInLowestTerms(const RationalNumber* q) {
+    CoreScratchScope scratch;
+    uint64_t* common = scratch.Take(numberContext.uintLimbs);
+    BigUintGcdAllowingZero(common, RationalNumerator(q), RationalDenominator(q));
+    return BigUintIsWord(common, 1);
 }
 
 bool RationalIsInteger(const RationalNumber* q) {

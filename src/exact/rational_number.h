@@ -1,15 +1,19 @@
 // RationalNumber: the exact fraction.
 //
-// A record is a sign word and, behind it, two BigUint of the width in force: the magnitudes of
-// numerator and denominator. Bit 0 of the sign word is 1 for a negative number.
+// A record is a sign word and two BigUint of the width in force behind it: the magnitudes of
+// numerator and denominator. The sign word is 1 for a negative number, else 0.
 //
-// Normal form: the two have no common factor, the denominator is not 0, and a zero has the
-// denominator 1. A zero may have a sign, as some sums leave it. Only powers with a fraction for
-// their exponent leave common factors (exact/rational_powers.h), and what keeps them.
+// Well-formed: the sign word is 0 or 1, and the denominator is not 0. A zero may have a sign; some
+// sums leave one.
 //
-// The memory of a record is the caller's: RationalWords() words anywhere. Destinations come first
-// and may be operands, but may not overlap one otherwise. CoreScratch has room for the operations
-// at widths of up to 1,039 limbs.
+// Lowest terms: numerator and denominator have no common factor, so a zero has the denominator 1.
+// Every result is in lowest terms, with one exception: a power with a fraction as exponent
+// (exact/rational_powers.h). Operations that rational_arithmetic.h names keep the common factor of
+// such an operand.
+//
+// The caller owns the memory of a record: RationalWords() words, anywhere. Destinations come first.
+// They may be operands, but may not overlap one in part. CoreScratch has room for the operations at
+// widths of up to 1,039 limbs.
 #pragma once
 
 #include <cstdint>
@@ -23,7 +27,7 @@ struct RationalNumber {
     uint64_t sign;
 };
 
-/// Words of one record at the width in force.
+/// The 64-bit words of one record at the width in force.
 inline int64_t RationalWords() {
     return 2 * numberContext.uintLimbs + 1;
 }
@@ -41,7 +45,7 @@ inline const uint64_t* RationalDenominator(const RationalNumber* q) {
     return &q->sign + 1 + numberContext.uintLimbs;
 }
 
-/// The record that lies in `words`.
+/// The record in the memory `words`.
 inline RationalNumber* RationalAt(uint64_t* words) {
     return reinterpret_cast<RationalNumber*>(words);
 }
@@ -57,13 +61,14 @@ inline uint64_t RationalSign(const RationalNumber* q) {
 /// +0/1.
 void RationalSetZero(RationalNumber* dest);
 
-/// What stands where an operation failed: +0/1, and code 203 unless one is noted already.
+/// Marks a failed result: dest = +0/1, and notes CalcErrorUndefined unless a code is noted already.
 void RationalSetFailed(RationalNumber* dest);
 
-/// RationalSetFailed where a code is noted: how an operation ends that has put earlier codes aside.
+/// Makes dest a failed result if a code is noted, and otherwise does nothing. An operation calls it
+/// at its end, within a CalcErrorScope: there a noted code can only come from the operation itself.
 void RationalFailOnCode(RationalNumber* dest);
 
-/// k/1 with the sign 0 or 1.
+/// dest = k/1 with a sign word of 0 or 1.
 void RationalFromWord(RationalNumber* dest, uint64_t k, uint64_t sign);
 
 void RationalCopy(RationalNumber* dest, const RationalNumber* src);
@@ -73,7 +78,14 @@ void RationalNegate(RationalNumber* q);
 
 bool RationalIsZero(const RationalNumber* q);
 
-/// True when the denominator is 1.
+/// True when the denominator is 1. In lowest terms that is so for every integer.
 bool RationalIsInteger(const RationalNumber* q);
+
+/// True when the record has the invariant above: a sign word of 0 or 1, a denominator other than 0.
+bool RationalIsWellFormed(const RationalNumber* q);
+
+/// True when numerator and denominator have no common factor. Takes the time of a greatest common
+/// divisor.
+bool RationalIsInLowestTerms(const RationalNumber* q);
 
 }  // namespace tallymere

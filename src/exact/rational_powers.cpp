@@ -12,13 +12,13 @@ namespace tallymere {
 
 namespace {
 
-// Magnitude and sign of an exponent or degree p / q, in memory of their own: the result may stand
-// in the place of the number that they come from.
+// A copy of an exponent or degree p / q. A copy, because the result may take the place of the
+// number.
 struct Exponent {
     uint64_t* p;
     uint64_t* q;
     bool negative;
-    bool whole;
+    bool whole;  // q = 1
 };
 
 Exponent TakeExponent(CoreScratchScope& scratch, const RationalNumber* e) {
@@ -40,7 +40,7 @@ void RaiseParts(RationalNumber* q, const uint64_t* p) {
     BigUintPower(RationalDenominator(q), RationalDenominator(q), p);
 }
 
-// Ends an operation with what stands in dest, or its reciprocal.
+// The end of an operation: dest, or 1 / dest when `reciprocal` is true, is the result.
 void Finish(RationalNumber* dest, bool reciprocal) {
     RationalFailOnCode(dest);
     if (reciprocal && numberContext.calcError == CalcErrorNone) {
@@ -48,8 +48,9 @@ void Finish(RationalNumber* dest, bool reciprocal) {
     }
 }
 
-void PowerOfWord(RationalNumber* dest, const RationalNumber* e,
-                 void (*power)(uint64_t*, const uint64_t*)) {
+// dest = 2^e or 10^e by the routine `power`.
+void PowerOfSmall(RationalNumber* dest, const RationalNumber* e,
+                  void (*power)(uint64_t*, const uint64_t*)) {
     CalcErrorScope codes;
     if (!RationalIsInteger(e)) {
         RationalSetFailed(dest);
@@ -72,9 +73,9 @@ void RationalPower(RationalNumber* dest, const RationalNumber* base, const Ratio
     if (exponent.whole) {
         RationalCopy(dest, base);
     } else {
-        // The roots taken are those of q, with the parts of the base as degrees, and the power of
-        // them is not reduced. So 1^(1/2) is 2/2, and 4^(1/2), the fourth root of 2, is refused:
-        // whoever wants the value of such a power goes on with real numbers.
+        // Kept on purpose: the radicand of both roots is q, the parts of the base are the degrees,
+        // and the result is not reduced. So 1^(1/2) is 2/2. 4^(1/2) asks for the fourth root of 2
+        // and is refused; callers turn to real numbers for such a power.
         if (IsNegative(base) ||
             !BigUintRoot(RationalNumerator(dest), RationalNumerator(base), exponent.q) ||
             !BigUintRoot(RationalDenominator(dest), RationalDenominator(base), exponent.q)) {
@@ -99,11 +100,11 @@ void RationalPowerSmall(RationalNumber* dest, const RationalNumber* base, int64_
 }
 
 void RationalPowerOfTwo(RationalNumber* dest, const RationalNumber* e) {
-    PowerOfWord(dest, e, BigUintPowerOfTwo);
+    PowerOfSmall(dest, e, BigUintPowerOfTwo);
 }
 
 void RationalPowerOfTen(RationalNumber* dest, const RationalNumber* e) {
-    PowerOfWord(dest, e, BigUintPowerOfTen);
+    PowerOfSmall(dest, e, BigUintPowerOfTen);
 }
 
 void RationalSquareRoot(RationalNumber* dest, const RationalNumber* x) {

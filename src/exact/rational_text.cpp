@@ -16,8 +16,8 @@ bool IsSign(char16_t c) {
     return c == u'+' || c == u'-';
 }
 
-// dest is of no use when a code is noted. A denominator that failed is 0, but its own code came
-// first.
+// When a code is noted, dest has no meaning. A denominator that could not be read is 0, but its own
+// code was noted first and wins.
 void ReadRational(RationalNumber* dest, const char16_t* text, const char16_t* end, uint32_t flags) {
     dest->sign = 0;
     if (text < end && IsSign(*text)) {

@@ -14,9 +14,7 @@ namespace tallymere {
 
 namespace {
 
-constexpr int64_t QuotientGuardDigits = 2;
-
-// The integer part of a finite |x| >= 1; false when it does not fit.
+// dest = the integer part of a finite |x| >= 1. False when it does not fit.
 bool IntegerFromLimbs(GrowingInteger& dest, const RealNumber* x) {
     const int64_t n = numberContext.realLimbs;
     const int64_t p = numberContext.precisionDigits;
@@ -28,10 +26,10 @@ bool IntegerFromLimbs(GrowingInteger& dest, const RealNumber* x) {
     return AppendDecimalLimbs(dest, integer, n) && MultiplyByPowerOfTen(dest, places);
 }
 
-// Puts a precision and a width in force for its life.
+// Puts a precision and a width in force until the end of the scope.
 class ConversionScope {
 public:
-    // Installs nothing and notes code 100 for what is out of range.
+    // Out of range: notes CalcErrorBadParameter and changes nothing.
     ConversionScope(int64_t digits, int64_t limbs)
         : valid_(digits >= 1 && digits <= MaxPrecisionDigits && limbs >= 1 &&
                  limbs <= MaxUintLimbs) {
@@ -101,7 +99,7 @@ void BigUintFromReal(uint64_t* dest, int64_t m, const RealNumber* x) {
 void RealFromRational(RealNumber* dest, const RationalNumber* q) {
     const int64_t oldLimbs = numberContext.realLimbs;
     const int64_t width = numberContext.uintLimbs;
-    const RealLayout wide = WidenedLayout(QuotientGuardDigits);
+    const RealLayout wide = WidenedLayout(RationalQuotientGuardDigits);
     const int64_t increase = wide.limbs - oldLimbs;
     CoreScratchScope scratch;
     RealNumber* quotient = RealAt(scratch.Take(wide.limbs + 1));
@@ -119,7 +117,7 @@ void RealFromRational(RealNumber* dest, const RationalNumber* q) {
             RealDivUint(quotient, quotient, denominator[0]);
         }
     }
-    RealRound(dest, RealNarrow(dest, quotient, QuotientGuardDigits, oldLimbs, increase));
+    RealRound(dest, RealNarrow(dest, quotient, RationalQuotientGuardDigits, oldLimbs, increase));
 }
 
 void ConvertRealToUint(uint64_t* dest, int64_t limbs, const RealNumber* x, int64_t digits) {

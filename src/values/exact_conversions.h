@@ -1,9 +1,10 @@
-// Between decimal numbers and exact ones.
+// Conversions between decimal numbers and exact ones.
 //
-// The conversions of a stored value, Convert..., run at the precision and width that they are
-// given, `digits` from 1 to MaxPrecisionDigits and `limbs` from 1 to MaxUintLimbs; anything else
-// notes code 100 and leaves the destination as it is. The other ones run at those in force.
-// Precision and width are put back on every way out. Destinations overlap no operand.
+// Convert... work on a stored value at a precision and a width of their own: `digits` from 1 to
+// MaxPrecisionDigits and `limbs` from 1 to MaxUintLimbs. Anything else notes
+// CalcErrorBadParameter and leaves the destination unchanged. The other conversions use the
+// precision and the width in force. Both are as before on return. A destination overlaps no
+// operand.
 #pragma once
 
 #include "core/complex_number.h"
@@ -12,30 +13,37 @@
 
 namespace tallymere {
 
-/// dest = the integer in m words of 64 bits, least significant first, whatever the width in force;
-/// raw.
+/// dest = the integer in m words of 64 bits, m >= 0, least significant first. Raw: truncated to the
+/// precision in force; the result of the call is the guard limb. The width in force plays no part.
 Limb RealFromBigUint(RealNumber* dest, const uint64_t* words, int64_t m);
 
-/// dest = the integer part of |x| in m words, least significant first, whatever the width in force.
-/// 0 and code 200 when it does not fit, as infinity does not; 0 and code 203 for NaN.
+/// dest = the integer part of |x| in m words, m >= 0, least significant first. The width in force
+/// plays no part. 0 and CalcErrorOverflow when it does not fit; infinity does not. 0 and
+/// CalcErrorUndefined for NaN.
 void BigUintFromReal(uint64_t* dest, int64_t m, const RealNumber* x);
 
-/// dest = q, divided with 2 guard digits and rounded once. A zero keeps its sign. Parts that are
-/// longer are cut to the guard digits before, which may move the last digit of the result by one.
+/// The guard digits with which RealFromRational divides.
+inline constexpr int64_t RationalQuotientGuardDigits = 2;
+
+/// dest = q, divided with RationalQuotientGuardDigits guard digits and rounded once. A zero keeps
+/// its sign. Error bound: half a unit in the last digit, while both parts of q have at most as many
+/// digits as the precision and the guard digits together. A longer part is cut to these before the
+/// division, and the last digit of the result may be off by one.
 void RealFromRational(RealNumber* dest, const RationalNumber* q);
 
-/// dest = x, a BigUint of `limbs` limbs. 0 for zeros of either sign; 0 and code 203 unless x is an
-/// integer and not negative; 0 and code 200 when it does not fit. A code that was noted before is
-/// kept.
+/// dest = x, a BigUint of `limbs` limbs. A zero of either sign gives 0. CalcErrorUndefined and 0
+/// unless x is an integer and not negative. CalcErrorOverflow and 0 when it does not fit. A code
+/// that was noted before is kept.
 void ConvertRealToUint(uint64_t* dest, int64_t limbs, const RealNumber* x, int64_t digits);
 
-/// dest = x as a fraction of `limbs` limbs a part, a zero with its sign. +0/1 and code 203 unless x
-/// is an integer; +0/1 and code 200 when it does not fit. A code that was noted before is kept.
+/// dest = x, a fraction with `limbs` limbs in each part. A zero keeps its sign. CalcErrorUndefined
+/// and +0/1 unless x is an integer. CalcErrorOverflow and +0/1 when it does not fit. A code that
+/// was noted before is kept.
 void ConvertRealToRational(RationalNumber* dest, int64_t limbs, const RealNumber* x,
                            int64_t digits);
 
-/// dest = q, a fraction of `limbs` limbs a part, as RealFromRational gives it at `digits`; in the
-/// complex form with an imaginary part of +0.
+/// dest = q, a fraction with `limbs` limbs in each part, as RealFromRational gives it at `digits`
+/// digits. The complex form has an imaginary part of +0.
 void ConvertRationalToReal(RealNumber* dest, int64_t digits, const RationalNumber* q,
                            int64_t limbs);
 void ConvertRationalToComplex(ComplexNumber* dest, int64_t digits, const RationalNumber* q,

@@ -17,7 +17,7 @@ namespace tallymere {
 
 namespace {
 
-int UintCompareInt(const uint64_t* a, int64_t k) {
+int BigUintCompareSmall(const uint64_t* a, int64_t k) {
     if (k < 0 || !BigUintFitsWord(a)) {
         return 1;
     }
@@ -25,20 +25,20 @@ int UintCompareInt(const uint64_t* a, int64_t k) {
     return a[0] < word ? -1 : static_cast<int>(a[0] > word);
 }
 
-void UintFromInt(uint64_t* dest, int64_t k) {
+void BigUintFromSigned(uint64_t* dest, int64_t k) {
     BigUintFromWord(dest, k < 0 ? 0 : static_cast<uint64_t>(k));
     if (k < 0) {
         SetCalcError(CalcErrorUndefined);
     }
 }
 
-bool UintToWord(uint64_t* out, const uint64_t* a) {
+bool BigUintToUnsigned(uint64_t* out, const uint64_t* a) {
     const bool fits = BigUintFitsWord(a);
     *out = fits ? a[0] : 0;
     return fits;
 }
 
-bool UintToInt(int64_t* out, const uint64_t* a) {
+bool BigUintToSigned(int64_t* out, const uint64_t* a) {
     const bool fits = BigUintFitsSigned(a);
     *out = fits ? static_cast<int64_t>(a[0]) : 0;
     return fits;
@@ -91,7 +91,7 @@ int ValueCompareSmall(const uint64_t* a, int64_t k) {
         case NumberTypeComplex:
             return ComplexIsReal(ComplexAt(a)) ? RealCompareInt(RealPart(ComplexAt(a)), k) : 1;
         case NumberTypeUint:
-            return UintCompareInt(a, k);
+            return BigUintCompareSmall(a, k);
         case NumberTypeRational:
             return RationalCompareSmall(RationalAt(a), IntegerMagnitude(k), k < 0);
         default:
@@ -181,7 +181,7 @@ void ValueFromInteger(uint64_t* dest, int64_t k) {
             ComplexClearImaginaryPart(ComplexAt(dest));
             break;
         case NumberTypeUint:
-            UintFromInt(dest, k);
+            BigUintFromSigned(dest, k);
             break;
         case NumberTypeRational:
             RationalFromWord(RationalAt(dest), IntegerMagnitude(k), k < 0 ? 1 : 0);
@@ -264,7 +264,7 @@ bool ValueToSmall(uint64_t* out, const uint64_t* a) {
         case NumberTypeComplex:
             return ComplexToUint(out, ComplexAt(a));
         case NumberTypeUint:
-            return UintToWord(out, a);
+            return BigUintToUnsigned(out, a);
         case NumberTypeRational:
             return RationalToUnsigned(out, RationalAt(a), AllowNegative);
         default:
@@ -281,7 +281,7 @@ bool ValueToSigned(int64_t* out, const uint64_t* a) {
         case NumberTypeComplex:
             return ComplexToInt(out, ComplexAt(a));
         case NumberTypeUint:
-            return UintToInt(out, a);
+            return BigUintToSigned(out, a);
         case NumberTypeRational:
             return RationalToSigned(out, RationalAt(a));
         default:

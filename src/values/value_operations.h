@@ -1,8 +1,9 @@
-// Operations on values of the current number type, for those who do not care which one it is.
+// Operations on values of the number type in force, for callers that serve all types alike.
 //
-// A value is SizeOfNumber() bytes anywhere. Each operation is one switch on
-// NumberContext::numberType; a type that has no such operation gives code 102 and a well-formed
-// value (NaN, or 0 where the type has none), or the stated result. Destinations may be operands.
+// A value is SizeOfNumber() bytes, anywhere. Each operation is one switch on
+// NumberContext::numberType. Where a type does not have the operation, it notes
+// CalcErrorUnknownType. The result is then the one stated here, else NaN, or 0 in a type without
+// NaN. Destinations may be operands.
 #pragma once
 
 #include <cstdint>
@@ -11,35 +12,36 @@
 
 namespace tallymere {
 
-/// Bytes of one value of the current number type: real 8 (n + 1), cplx twice that, uint
-/// 8 uintLimbs, rat 16 uintLimbs + 8. Any other type gives 0 and code 102.
+/// Bytes of one value of the number type in force: real 8 (n + 1), cplx twice that, uint
+/// 8 uintLimbs, rat 16 uintLimbs + 8. Any other type gives 0 and CalcErrorUnknownType.
 uint64_t SizeOfNumber();
 
 /// Copies one value.
 void ValueCopy(uint64_t* dest, const uint64_t* source);
 
-/// -1, 0 or 1 in the order of the type; ignoreSign compares magnitudes. 1 with code 102. Values of
-/// cplx that are not real have no order: as ComplexCompare, which see. Integers ignore ignoreSign.
+/// -1, 0 or 1 as a is below, equal to or above b. With `ignoreSign` it compares magnitudes; in uint
+/// that is the same. Values of cplx that are not real have no order; ComplexCompare says what they
+/// give. 1 for any other type.
 int ValueCompare(const uint64_t* a, const uint64_t* b, bool ignoreSign);
 
-/// Compares with k: -1, 0 or 1; 1 with code 102. In real as RealCompareInt does, which looks at no
-/// more digits of k than stand in the first limb; a value of cplx that is not real gives 1. Any
-/// integer is above a negative k.
+/// -1, 0 or 1 as a is below, equal to or above k. Real numbers are compared by RealCompareInt,
+/// which looks at no more digits of k than the first limb has. A value of cplx that is not real
+/// gives 1, and so does any other type.
 int ValueCompareSmall(const uint64_t* a, int64_t k);
 
-/// True for zero, in cplx when both parts are; false with code 102.
+/// True for zero; in cplx when both parts are zero. False for any other type.
 bool ValueIsZero(const uint64_t* a);
 
 /// dest = |source|, in cplx the modulus.
 void ValueAbs(uint64_t* dest, const uint64_t* source);
 
-/// dest = -source, also for a zero; in cplx both parts. uint does not have it.
+/// dest = -source; in cplx both parts. A zero changes its sign too. uint does not have it.
 void ValueNegate(uint64_t* dest, const uint64_t* source);
 
-/// dest = source / k, rounded, in rat exact; uint does not have it. 0/0 is 0 in rat.
+/// dest = source / k, rounded; in rat exact. 0/0 is 0 in rat. uint does not have it.
 void ValueDivideSmall(uint64_t* dest, const uint64_t* source, uint64_t k);
 
-/// dest = k, rounded. 0 and code 203 for a negative k in uint.
+/// dest = k, rounded. In uint a negative k gives 0 and CalcErrorUndefined.
 void ValueFromInteger(uint64_t* dest, int64_t k);
 
 /// dest = k, rounded.
@@ -48,22 +50,25 @@ void ValueFromUnsigned(uint64_t* dest, uint64_t k);
 /// dest = the zero of the type.
 void ValueZero(uint64_t* dest);
 
-/// dest = NaN, or 0 in a type that has none: what stands where an operation failed.
+/// Marks a failed result: dest = NaN, or 0 in a type without NaN.
 void ValueSetInvalid(uint64_t* dest);
 
-/// Notes code 102 and calls ValueSetInvalid: the type does not have the operation.
+/// For an operation that the type does not have: notes CalcErrorUnknownType and calls
+/// ValueSetInvalid.
 void ValueSetUnavailable(uint64_t* dest);
 
 /// dest = pi.
 void ValuePi(uint64_t* dest);
 
-/// Writes |a| and returns true when a is an integer whose magnitude fits 64 bits; else writes 0.
+/// *out = |a|, and returns true, when a is an integer and |a| < 2^64. Else *out = 0, and returns
+/// false.
 bool ValueToSmall(uint64_t* out, const uint64_t* a);
 
-/// Writes a and returns true when a is an integer in the signed 64-bit range; else writes 0.
+/// *out = a, and returns true, when a is an integer from -2^63 to 2^63 - 1. Else *out = 0, and
+/// returns false.
 bool ValueToSigned(int64_t* out, const uint64_t* a);
 
-/// Writes a as text by the rules of NumberToText, which see, and returns the length.
+/// The same as NumberToText (values/number_text.h).
 inline int64_t ValueToText(char16_t* characters, int64_t capacity, const uint64_t* a,
                            uint32_t flags) {
     return NumberToText(characters, capacity, a, flags);

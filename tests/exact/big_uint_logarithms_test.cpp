@@ -249,7 +249,7 @@ TEST(BinaryLog, OfPowersOfTwoIsExact) {
             }
         }
         for (int e = 0; e < 64; e++) {
-            EXPECT_EQ(BinaryLogOfWord(uint64_t{1} << e), uint64_t(e) << BinaryLogPlaces);
+            EXPECT_EQ(BinaryLogSmall(uint64_t{1} << e), uint64_t(e) << BinaryLogPlaces);
         }
     }
 }
@@ -270,7 +270,7 @@ TEST(BinaryLog, IsWithinItsBounds) {
             UintBuffer power;
             ASSERT_TRUE(BigUintPowerIfFits(power, base, e));
             const uint64_t log = BinaryLog(base);
-            EXPECT_EQ(log, BinaryLogOfWord(base[0]));
+            EXPECT_EQ(log, BinaryLogSmall(base[0]));
             EXPECT_LT(BinaryLog(power), uint64_t(e) * (log + 2)) << base.Text() << " ^ " << e;
             EXPECT_GT(BinaryLog(power) + 2, uint64_t(e) * log) << base.Text() << " ^ " << e;
         }
