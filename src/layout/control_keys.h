@@ -1,11 +1,11 @@
-// What the keys that a dialog cares for do in a control: Tab, Return and the arrows.
+// What Tab, Return and the arrow keys do in a control of a dialog.
 #pragma once
 
 #include <cstdint>
 
 namespace tallymere {
 
-/// Keys, with the codes that the system gives them; a code not listed is any other key.
+/// Keys. The values are the system's codes; any other code is a key that means nothing here.
 enum ControlKey : uint32_t {
     KeyTab = 0x09,
     KeyReturn = 0x0D,
@@ -23,12 +23,12 @@ struct KeyStroke {
     bool control = false;
 };
 
-/// What matters of the control that has the focus.
+/// The control that has the focus.
 struct KeyReceiver {
     bool isPushButton = false;
     bool isRadioButton = false;
     bool wantsReturn = false;       ///< see WantsReturn
-    bool hasDefaultButton = false;  ///< whether its dialog has one
+    bool hasDefaultButton = false;  ///< its dialog has one
 };
 
 enum ControlKeyAction {
@@ -45,8 +45,9 @@ enum ControlKeyAction {
 /// What a key does in a control.
 ControlKeyAction ActionOfKey(const KeyStroke& stroke, const KeyReceiver& receiver);
 
-/// Whether a typed character reaches the control's own procedure: the tab character (9) never does
-/// and Return (13) only where it is wanted, so that neither beeps nor ends up in a text.
+/// True when a typed character reaches the control's own procedure. The tab character (9) never
+/// does. Return (13) does only where the control wants it. So neither causes a beep or enters a
+/// text.
 bool ForwardsCharacter(uint32_t character, bool wantsReturn);
 
 }  // namespace tallymere

@@ -6,7 +6,7 @@
 namespace tallymere {
 
 struct DecimalText {
-    char16_t text[13];  ///< a "-" and ten digits at the most, one place to spare, and a 0
+    char16_t text[13];  ///< a "-", ten digits, one spare place, and a terminating 0
     int32_t length;     ///< in characters
 };
 

@@ -1,7 +1,7 @@
-// Which push button bears the look of the default button.
+// Which push button has the look of the default button.
 //
-// A push button that has the focus bears it; while anything else has the focus, the dialog's own
-// default button does.
+// A push button that has the focus has this look. While any other control has the focus, the
+// dialog's own default button has it.
 #pragma once
 
 #include <concepts>
@@ -9,8 +9,9 @@
 
 namespace tallymere {
 
-/// What the decisions ask: Buttons::Window names a window, the value-initialised one being none,
-/// which is never asked about; see IsPushButton in layout/control_kinds.h.
+/// What the functions below ask about windows. The type Buttons::Window names a window; its
+/// value-initialised value means no window, and is never passed to IsPushButton. See IsPushButton
+/// in layout/control_kinds.h.
 template <typename Buttons>
 concept PushButtons = requires(const Buttons& buttons, typename Buttons::Window window) {
     requires std::regular<typename Buttons::Window>;
@@ -20,12 +21,12 @@ concept PushButtons = requires(const Buttons& buttons, typename Buttons::Window 
 template <typename Window>
 struct LookChange {
     Window button;
-    bool isDefault;  ///< the look that it gets
+    bool isDefault;  ///< it gets the look of the default button, else the plain look
 
     bool operator==(const LookChange&) const = default;
 };
 
-/// At most three changes of look, to be made in this order.
+/// At most three changes of look. They are made in this order.
 template <typename Window>
 struct LookChanges {
     LookChange<Window> changes[3] = {};
@@ -36,8 +37,8 @@ struct LookChanges {
     const LookChange<Window>* end() const { return changes + count; }
 };
 
-/// The changes when `control` takes the focus. `last` is the control of the dialog that had it
-/// before, `defaultButton` the dialog's default button; either may be none.
+/// The changes when `control` takes the focus. `last` is the control that had the focus before, and
+/// `defaultButton` is the dialog's default button. Both may be no window.
 template <PushButtons Buttons>
 LookChanges<typename Buttons::Window> LooksAfterFocus(const Buttons& buttons,
                                                       typename Buttons::Window control,
@@ -67,8 +68,8 @@ LookChanges<typename Buttons::Window> LooksAfterFocus(const Buttons& buttons,
     return changes;
 }
 
-/// The changes when `button`, a push button, becomes the dialog's default button in place of
-/// `previous`, which may be none.
+/// The changes when the push button `button` becomes the dialog's default button. `previous` is the
+/// default button until then; it may be no window.
 template <PushButtons Buttons>
 LookChanges<typename Buttons::Window> LooksAfterNewDefault(const Buttons& buttons,
                                                            typename Buttons::Window previous,

@@ -1,4 +1,4 @@
-// Where a dialog window goes when it is made. All lengths are pixels.
+// The size and the place of a new dialog window. All lengths are pixels.
 #pragma once
 
 #include <cstdint>
@@ -7,23 +7,23 @@
 
 namespace tallymere {
 
-/// Requests to the class of dialog windows, in two bits of the window style that mean nothing to a
-/// window without parent.
+/// What a dialog window can ask for. Both are bits of the window style that the system does not use
+/// for windows without parent.
 enum DialogStyle : uint32_t {
     DialogClientSize = 1,  ///< the size that is asked for is that of the client area
     DialogCentred = 2,     ///< the window goes to the middle of the screen
 };
 
-/// The size of a window whose client area shall be `client`: what frame and title now take, which
-/// is the difference of `currentWindow` and `currentClient`, is added.
+/// The size of a window whose client area has the size `client`. Frame and title need the
+/// difference of `currentWindow` and `currentClient`.
 constexpr LayoutSize WindowSizeForClient(LayoutSize client, LayoutSize currentWindow,
                                          LayoutSize currentClient) {
     return {client.width + currentWindow.width - currentClient.width,
             client.height + currentWindow.height - currentClient.height};
 }
 
-/// Where the upper left corner of a window goes that stands in the middle of the screen; an odd
-/// pixel is right of it and below. A window larger than the screen begins outside of it.
+/// The upper left corner of a window in the middle of the screen. An odd pixel goes to the right
+/// and to the bottom. A window larger than the screen begins outside it.
 constexpr LayoutPoint CentredPosition(LayoutSize screen, LayoutSize window) {
     return {(screen.width - window.width) / 2, (screen.height - window.height) / 2};
 }

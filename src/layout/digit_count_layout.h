@@ -11,8 +11,7 @@ namespace tallymere {
 /// The one style bit of the control: the label stands above the count instead of right of it.
 inline constexpr uint32_t DigitCountLabelAbove = 1;
 
-/// The text of a count, with a blank between it and the frame; at first the control shows that of
-/// 0.
+/// The text of a count, with a blank between its last digit and the frame.
 constexpr DecimalText DigitCountText(int32_t count) {
     DecimalText shown = DecimalTextOf(count);
     shown.text[shown.length++] = u' ';

@@ -1,12 +1,12 @@
-// Logical units: pixels at 96 dots per inch. All sizes and positions are written in them, and
-// become pixels of the screen at the last moment.
+// Logical units: pixels at 96 dots per inch. All sizes and positions are written in logical units.
+// They are converted to pixels of the screen only when a window is placed.
 #pragma once
 
 #include <cstdint>
 
 namespace tallymere {
 
-/// The dots per inch at which a logical unit is a pixel.
+/// The dots per inch at which one logical unit is one pixel.
 inline constexpr int32_t LogicalDpi = 96;
 
 /// The pixels of a length or position at `dpi` > 0, rounded to the nearest, halves away from zero.
@@ -17,8 +17,8 @@ constexpr int32_t ToPixels(int32_t units, int32_t dpi) {
     return static_cast<int32_t>((units < 0 ? scaled - half : scaled + half) / LogicalDpi);
 }
 
-/// The logical units of a length or position in pixels at `dpi` > 0, rounded likewise; what
-/// ToPixels made at a dpi of 96 or more comes back unchanged. The result must fit 32 bits.
+/// The logical units of a length or position in pixels at `dpi` > 0, rounded in the same way. At 96
+/// dpi or more it takes back what ToPixels did. The result must fit 32 bits.
 constexpr int32_t ToLogicalUnits(int32_t pixels, int32_t dpi) {
     const int64_t half = dpi / 2;
     const int64_t scaled = int64_t{pixels} * LogicalDpi;
@@ -49,7 +49,8 @@ struct LayoutRect {
     bool operator==(const LayoutRect&) const = default;
 };
 
-/// Each number by itself: neighbours that touch in logical units may be a pixel apart.
+/// Converts each of the four numbers by itself. So two rectangles that touch in logical units may
+/// be a pixel apart.
 constexpr LayoutRect ToPixels(const LayoutRect& units, int32_t dpi) {
     return {ToPixels(units.x, dpi), ToPixels(units.y, dpi), ToPixels(units.width, dpi),
             ToPixels(units.height, dpi)};

@@ -6,7 +6,7 @@ namespace tallymere {
 
 namespace {
 
-// A number beyond 32 bits becomes the nearest of them.
+// A number that does not fit 32 bits becomes the nearest that does.
 bool ReadNumber(const char16_t* text, int32_t& number) {
     const bool isNegative = *text == u'-';
     if (*text == u'-' || *text == u'+') {

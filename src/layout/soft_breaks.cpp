@@ -17,7 +17,7 @@ bool IsLowSurrogate(char16_t c) {
     return c >= 0xDC00 && c <= 0xDFFF;
 }
 
-// The length of the first piece of a line that is too long for one.
+// The length of the first piece of a line that needs more than one.
 size_t PieceLength(std::u16string_view line, FittingCharacters fitting, void* ruler) {
     const auto fit = static_cast<size_t>(std::max<int64_t>(fitting(ruler, line), 1));
     if (fit >= line.size()) {

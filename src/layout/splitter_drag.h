@@ -1,4 +1,5 @@
-// The bar between two fields that is dragged to share their room. All lengths are pixels.
+// The bar between two fields. Dragging it makes one field larger and the other smaller. All lengths
+// are pixels.
 #pragma once
 
 #include <cstdint>
@@ -7,20 +8,22 @@
 
 namespace tallymere {
 
-/// Along which axis a bar moves.
+/// The axis along which a bar moves.
 enum SplitterOrientation : int32_t {
     SplitterUpAndDown = 0,
     SplitterLeftAndRight = 1,
 };
 
-/// One drag of a bar; positions are in the coordinates of the bar's parent, which does not move.
+/// One drag of a bar. Positions are coordinates of the bar's parent, because the parent does not
+/// move.
 struct SplitterDrag {
     SplitterOrientation orientation;
-    LayoutPoint mouse;  ///< where the mouse was last seen
+    LayoutPoint mouse;  ///< the last known position of the mouse
 };
 
-/// Notes where the mouse is now and returns how far it came along the axis. Whoever is asked may
-/// refuse the move; it is not caught up later, and from then on bar and mouse are apart by it.
+/// Notes the new position of the mouse and returns how far it moved along the axis. When the page
+/// refuses the move, the bar does not make up for it later: it stays behind the mouse by that
+/// distance.
 constexpr int32_t TrackSplitter(SplitterDrag& drag, LayoutPoint mouse) {
     const int32_t difference =
         drag.orientation == SplitterLeftAndRight ? mouse.x - drag.mouse.x : mouse.y - drag.mouse.y;
@@ -28,7 +31,7 @@ constexpr int32_t TrackSplitter(SplitterDrag& drag, LayoutPoint mouse) {
     return difference;
 }
 
-/// Where a bar stands after a move that was accepted.
+/// The new position of a bar after an accepted move.
 constexpr LayoutPoint MovedSplitter(SplitterOrientation orientation, LayoutPoint bar,
                                     int32_t difference) {
     return orientation == SplitterLeftAndRight ? LayoutPoint{bar.x + difference, bar.y}

@@ -1,7 +1,7 @@
-// Keyboard walks over a tree of windows: tab order and radio groups.
+// Where the keyboard leads in a tree of windows: tab order and radio groups.
 //
-// The walks see windows only through a small record that answers questions about them, so that the
-// same code runs over real windows and over plain records.
+// The functions see windows only through a small record that answers questions about them. So the
+// same code runs over real windows and over the plain records of tests.
 #pragma once
 
 #include <concepts>
@@ -9,16 +9,15 @@
 
 namespace tallymere {
 
-/// What the walks ask about windows. Tree::Window names a window and is compared with ==; the
-/// value-initialised one is none. Siblings are asked for only where there is a parent.
+/// What the functions ask about windows. The type Tree::Window names a window and has ==; its
+/// value-initialised value means no window, "none" below. Siblings are asked for only if there is a
+/// parent.
 ///
-/// Parent(window)            none for the root of the tree, the dialog, even if that has an owner
-/// FirstChild, LastChild     none without children; children are in the order of their creation
-/// NextSibling, PreviousSibling    none at the ends
-/// IsTabStop(window)         whether the Tab key may stop there, see CanTakeFocus
-/// IsVisible(window)         whether it is shown, with everything that it lies in
-/// IsRadioButton(window)
-/// IsChecked(window)         of a radio button
+/// Parent(window)            none for the dialog, which is the root, even if the dialog has an
+/// owner FirstChild, LastChild     none without children; children are in the order of their
+/// creation NextSibling, PreviousSibling    none at the ends IsTabStop(window)         the Tab key
+/// may stop there, see CanTakeFocus IsVisible(window)         the window and all its parents are
+/// shown IsRadioButton(window) IsChecked(window)         for a radio button
 template <typename Tree>
 concept WindowTree = requires(const Tree& tree, typename Tree::Window window) {
     requires std::regular<typename Tree::Window>;
@@ -33,11 +32,11 @@ concept WindowTree = requires(const Tree& tree, typename Tree::Window window) {
     { tree.IsChecked(window) } -> std::same_as<bool>;
 };
 
-/// The direction of a walk: that of Tab and of the arrows right and down, or that of Shift+Tab and
-/// of the arrows left and up.
+/// Forward is the direction of Tab and of the arrows right and down. Backward is that of Shift+Tab
+/// and of the arrows left and up.
 enum WalkDirection { WalkForward, WalkBackward };
 
-/// The last window of the tree below `window`, itself if it has no children.
+/// The last window of the tree below `window`; `window` itself if it has no children.
 template <WindowTree Tree>
 typename Tree::Window LastDescendant(const Tree& tree, typename Tree::Window window) {
     for (auto child = tree.LastChild(window); child != typename Tree::Window{};
@@ -47,8 +46,8 @@ typename Tree::Window LastDescendant(const Tree& tree, typename Tree::Window win
     return window;
 }
 
-/// The neighbour in the circle of all windows of the tree, each before its children; behind the
-/// last one comes the root.
+/// The next window in the circle of all windows of the tree. Each window comes before its children.
+/// After the last one comes the root.
 template <WindowTree Tree>
 typename Tree::Window WindowBeside(const Tree& tree, typename Tree::Window window,
                                    WalkDirection direction) {
@@ -73,9 +72,8 @@ typename Tree::Window WindowBeside(const Tree& tree, typename Tree::Window windo
     return window;
 }
 
-/// The next window that is a tab stop, going around the tree from `start`; `start` itself when
-/// there is no other, even if it is none. From the dialog forward this is the control that takes
-/// the focus first.
+/// The next tab stop in the circle, from `start` on. `start` itself when there is no other, even if
+/// `start` is no tab stop. Forward from the dialog it is the control that has the focus first.
 template <WindowTree Tree>
 typename Tree::Window NextTabStop(const Tree& tree, typename Tree::Window start,
                                   WalkDirection direction) {
@@ -86,8 +84,8 @@ typename Tree::Window NextTabStop(const Tree& tree, typename Tree::Window start,
     return window;
 }
 
-/// The sibling in a direction if it is a radio button, visible or not, else none: a radio group is
-/// a run of siblings that are radio buttons.
+/// The next sibling in a direction if it is a radio button, visible or not; else none. A radio
+/// group consists of neighbouring siblings that are radio buttons.
 template <WindowTree Tree>
 typename Tree::Window RadioButtonBeside(const Tree& tree, typename Tree::Window button,
                                         WalkDirection direction) {
@@ -97,7 +95,7 @@ typename Tree::Window RadioButtonBeside(const Tree& tree, typename Tree::Window 
     return sibling != Window{} && tree.IsRadioButton(sibling) ? sibling : Window{};
 }
 
-/// The last visible radio button of the group of `button` in a direction; `button` itself when no
+/// The last visible radio button in a direction, in the group of `button`. `button` itself when no
 /// other is visible there.
 template <WindowTree Tree>
 typename Tree::Window RadioGroupEnd(const Tree& tree, typename Tree::Window button,
@@ -113,8 +111,8 @@ typename Tree::Window RadioGroupEnd(const Tree& tree, typename Tree::Window butt
     return end;
 }
 
-/// The radio button that an arrow key leads to: the nearest visible one of the group in the
-/// direction, none at the end.
+/// The radio button that an arrow key leads to: the nearest visible one in the direction, in the
+/// group of `button`. None at the end of the group.
 template <WindowTree Tree>
 typename Tree::Window RadioArrowTarget(const Tree& tree, typename Tree::Window button,
                                        WalkDirection direction) {
@@ -130,12 +128,13 @@ typename Tree::Window RadioArrowTarget(const Tree& tree, typename Tree::Window b
 template <typename Window>
 struct FocusTarget {
     Window window;
-    bool check;  ///< whether the radio button is to be checked first
+    bool check;  ///< check the radio button first
 };
 
-/// The window that takes the focus in place of `control`: for a radio button the visible, checked
-/// one of its group, looked for backward from it and then forward; with none checked, the first
-/// visible one, which is then checked. Any other control takes the focus itself.
+/// The window that takes the focus when `control` should have it. For a radio button it is the
+/// visible, checked button of its group; the search goes backward from the button first, then
+/// forward. When none is checked, the first visible button of the group takes the focus and is
+/// checked. Any other control takes the focus itself.
 template <WindowTree Tree>
 FocusTarget<typename Tree::Window> FocusTargetOf(const Tree& tree, typename Tree::Window control) {
     using Window = typename Tree::Window;
@@ -160,8 +159,8 @@ FocusTarget<typename Tree::Window> FocusTargetOf(const Tree& tree, typename Tree
     return {RadioGroupEnd(tree, control, WalkBackward), true};
 }
 
-/// Where the Tab key leads from `control`: a radio group is left as a whole and entered at its
-/// selected button.
+/// Where the Tab key leads from `control`. It leaves a radio group as a whole, and enters one at
+/// its checked button.
 template <WindowTree Tree>
 FocusTarget<typename Tree::Window> TabTargetOf(const Tree& tree, typename Tree::Window control,
                                                WalkDirection direction) {

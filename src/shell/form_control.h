@@ -1,4 +1,4 @@
-// The controls of a window as a table, which the window is made from and which tests read.
+// The controls of a window as a table. The window is made from it, and tests read it.
 #pragma once
 
 #include <cstdint>
@@ -19,10 +19,10 @@ enum FormControlKind {
     FormGroupBox,
     FormTabControl,
     FormTabPage,         ///< fills its tab control; its place is empty
-    FormFocusSink,       ///< a push button that nobody sees or reaches by Tab, to put the focus on
+    FormFocusSink,       ///< a hidden push button without tab stop that can take the focus
     FormField,           ///< an edit control of one line
     FormMultilineField,  ///< an edit control of many lines that scrolls
-    FormList,            ///< a list that keeps its order and tells of selections
+    FormList,            ///< an unsorted list that reports selections
     FormSlider,          ///< a slider; only x and width of its place count
     FormNumericUpDown,
     FormSplitter,    ///< `style` is a SplitterOrientation
@@ -30,24 +30,24 @@ enum FormControlKind {
     FormNumberBase,  ///< `style` is of NumberBaseStyle; its text is that of the label
 };
 
-/// The parent of controls that lie in the window itself.
+/// The parent of a control that lies directly in the window.
 inline constexpr int32_t FormWindow = -1;
 
-/// The index of a control in its table is the enumerator that names it. A parent comes before its
-/// children, and the order of the table is that in which the controls are made and in which the Tab
-/// key visits them.
+/// One row of the table. The index of a row is the enumerator that names the control. A parent
+/// comes before its children. Controls are made in the order of the table, and the Tab key visits
+/// them in this order.
 struct FormControl {
     int32_t parent;  ///< the index of a control of the table, or FormWindow
     FormControlKind kind;
-    LayoutRect place;  ///< in the parent, in logical units
-    UiTextEntry text;  ///< null for a control without text or with one that is no entry
-    const char16_t* fixedText = nullptr;  ///< the same in every language, where there is no entry
-    uint32_t style = 0;                   ///< of the kinds that have one
+    LayoutRect place;                     ///< in the parent, in logical units
+    UiTextEntry text;                     ///< null for a control without text or with a fixed text
+    const char16_t* fixedText = nullptr;  ///< a text that is the same in every language
+    uint32_t style = 0;                   ///< for kinds whose comment above names it
 
     bool operator==(const FormControl&) const = default;
 };
 
-/// The text that a control is made with, empty for none.
+/// The text of a control when it is made; empty for none.
 inline const char16_t* FormText(const FormControl& control) {
     if (control.text != nullptr) {
         return uiText.*control.text;

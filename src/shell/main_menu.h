@@ -7,7 +7,7 @@
 
 namespace tallymere {
 
-/// The windows that the Algebra menu shows, in its order.
+/// The pages that the Algebra menu shows, in its order.
 enum PageIndex : int32_t {
     PageCalculator,
     PageAlgebraicEquations,
@@ -28,7 +28,7 @@ enum MenuId : int32_t {
     MenuInfo = 302,
 };
 
-/// The id of PageCalculator; the other pages follow in their order.
+/// The id of PageCalculator. The ids of the other pages follow in their order.
 inline constexpr int32_t MenuFirstPage = 201;
 
 enum MenuAction {
@@ -45,12 +45,12 @@ struct MenuCommand {
     PageIndex page = {};  ///< with MenuShowsPage
 };
 
-/// An item of the bar, whose id is a multiple of 100, or of the drop-down menu of the bar item
-/// before it.
+/// An item of the menu. An id that is a multiple of 100 is an item of the bar. Any other item
+/// belongs to the drop-down menu of the bar item before it.
 struct MenuItem {
     int32_t id;
     UiTextEntry caption;
-    MenuCommand command = {};  ///< nothing for an item of the bar
+    MenuCommand command = {};  ///< MenuDoesNothing for an item of the bar
 
     constexpr bool IsBarItem() const { return id % 100 == 0; }
 };
@@ -75,9 +75,9 @@ inline constexpr MenuItem MainMenu[] = {
     {MenuInfo, &UiText::TextMenuInfo, {MenuRunsAbout}},
 };
 
-/// What a command message does: nothing with an id that is not in the menu. `sender` is the
-/// message's second argument: 0 comes from a menu, anything else is the window of a control, which
-/// is not listened to.
+/// What a command message does. `sender` is the second argument of the message: 0 for a menu,
+/// otherwise the window of a control. A message of a control, and an id that is not in the menu, do
+/// nothing.
 MenuCommand CommandOfMenu(int64_t id, int64_t sender);
 
 }  // namespace tallymere

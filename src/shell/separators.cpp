@@ -20,7 +20,7 @@ void ApplySetting(char16_t (&separators)[3], int32_t setting, const char16_t (&c
     }
 }
 
-// A separator of up to three characters, the last of which fills the remaining places.
+// Stores up to three characters. The last one is repeated in the remaining places.
 void StoreLocaleText(char16_t (&separators)[3], const char16_t* text, char16_t otherwise) {
     char16_t last = otherwise;
     for (char16_t& separator : separators) {

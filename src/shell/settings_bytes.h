@@ -1,26 +1,28 @@
-// The settings file as bytes: UTF-16, least significant byte first, behind a byte order mark.
+// The settings file as bytes: a byte order mark, then UTF-16, least significant byte first.
 #pragma once
 
 #include <cstdint>
 
 namespace tallymere {
 
-/// Characters of the longest text of a file of so many bytes, the 0 that ends it counted.
+/// The characters that the text of a file of `byteCount` bytes may have, its terminating 0
+/// included.
 constexpr int64_t SettingsTextRoom(int64_t byteCount) {
     return byteCount >= 2 ? byteCount / 2 : 1;
 }
 
-/// Bytes of the file for a text of so many characters, the 0 that ends it not counted.
+/// The bytes of the file for a text of `characters` characters, without a terminating 0.
 constexpr int64_t SettingsByteCount(int64_t characters) {
     return 2 + 2 * characters;
 }
 
-/// The text of a file, ended by a 0, for which `text` has SettingsTextRoom(byteCount) characters. A
-/// file without byte order mark counts as absent and gives the empty text; half a character at its
-/// end is left out.
+/// text = the text of a file, ended with a 0. It has room for SettingsTextRoom(byteCount)
+/// characters. A file without byte order mark counts as missing and gives the empty text. Half a
+/// character at the end of the file is dropped.
 void DecodeSettings(char16_t* text, const uint8_t* bytes, int64_t byteCount);
 
-/// The file for a text of so many characters: SettingsByteCount(characters) bytes.
+/// bytes = the file for a text of `characters` characters. It has SettingsByteCount(characters)
+/// bytes.
 void EncodeSettings(uint8_t* bytes, const char16_t* text, int64_t characters);
 
 }  // namespace tallymere

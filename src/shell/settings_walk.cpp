@@ -14,10 +14,10 @@ constexpr std::u16string_view VariableKey = u"variable";
 using Setter = void (*)(Settings& record, const char16_t* value);
 using Getter = void (*)(const Settings& record, TextSink& sink);
 
-// The two directions of the walk.
+// The walk in its two directions.
 struct SettingsReader {
     Settings& record;
-    char16_t* position;  // never behind the 0 that ends the text
+    char16_t* position;  // at most at the 0 that ends the text
 };
 struct SettingsWriter {
     const Settings& record;
@@ -35,7 +35,7 @@ char16_t* SkipBlanks(char16_t* text) {
     return text;
 }
 
-// The place behind `expected`, or null if the text does not begin with it.
+// The position behind `expected`; null if the text does not begin with it.
 char16_t* SkipText(char16_t* text, std::u16string_view expected) {
     for (const char16_t c : expected) {
         if (*text++ != c) {
@@ -54,7 +54,7 @@ char16_t* SkipThroughLineFeed(char16_t* text) {
     return text;
 }
 
-// Makes the rest of the line a text of its own, and goes on to the next line.
+// Returns the rest of the line, ended with a 0, and moves to the next line.
 char16_t* TakeRestOfLine(char16_t*& position) {
     char16_t* start = position;
     while (*position != 0 && !IsLineEnd(*position)) {
@@ -65,7 +65,7 @@ char16_t* TakeRestOfLine(char16_t*& position) {
         return start;
     }
     *position++ = 0;
-    // Whatever stands behind a carriage return is taken for the line feed.
+    // Any character behind a carriage return counts as the line feed.
     if (end == u'\r' && *position != 0) {
         position++;
     }
@@ -141,7 +141,7 @@ void WriteLineEnd(TextSink& sink) {
     WriteText(sink, u"\r\n");
 }
 
-// Without line ends.
+// Appends a text in which each line end becomes a blank.
 void WriteVariableText(TextSink& sink, const char16_t* text) {
     for (; *text != 0; text++) {
         SinkChar(sink, IsLineEnd(*text) ? u' ' : *text);

@@ -12,9 +12,9 @@
 //     [hints]
 //     show_welcome_hint = 1
 //
-// The reader expects every key at its place. One that is not there leaves its setting at the
-// default and the position where it is, so that a line out of place hides all keys up to its own. A
-// section line only moves the position: one that is missing or wrong is no error, as nothing is.
+// The reader expects every key at its place. When a key is not there, its setting keeps the default
+// and the reader stays at the line. So a line in the wrong place hides all keys up to its own. A
+// section line only moves the reader on. A missing or wrong line is never an error.
 #pragma once
 
 #include "shell/settings.h"
@@ -22,18 +22,19 @@
 
 namespace tallymere {
 
-/// Takes all settings from the text of a file, which ends at a 0 character; the empty text gives
-/// the defaults. The settings equal the file then. The variables point into the text, which is
-/// changed (0 characters take the place of line ends) and must live as long as they.
+/// Reads all settings from the text of a file, which ends with a 0 character. The empty text gives
+/// the defaults. settingsDirty is false afterwards. The text is changed: 0 characters replace line
+/// ends. The variables point into it, so it must live as long as they do.
 ///
-/// Only U+0020 is a blank, and blanks may stand before a line and around its first "=". A value
-/// ends before a carriage return or a line feed. The character behind a carriage return is taken
-/// for the line feed, whatever it is.
+/// Only U+0020 is a blank. Blanks may stand in front of a line and around its first "=". A value
+/// ends before a carriage return or a line feed. The character behind a carriage return counts as
+/// the line feed, whatever it is.
 void ReadSettings(Settings& record, char16_t* text);
 
-/// Appends the text of a file with these settings; all lines end in carriage return and line feed.
-/// A line end within a text of a variable becomes a blank, as which formulas read it: it would cut
-/// the file short for the reader. A sink of capacity 0 tells how long the text is.
+/// Appends the text of a file with these settings. All lines end with carriage return and line
+/// feed. A line end inside a text of a variable becomes a blank, because the reader would take it
+/// for the end of the line. Formulas read it as a blank anyway. A sink of capacity 0 counts the
+/// characters.
 void WriteSettings(TextSink& sink, const Settings& record);
 
 }  // namespace tallymere

@@ -8,7 +8,7 @@ namespace tallymere {
 
 namespace {
 
-// The format for a code, null if it has none of its own.
+// The format for a code; null if the code has none of its own.
 const char16_t* MessageFormat(UiErrorCode code) {
     switch (code) {
         case UiErrorNone:

@@ -1,4 +1,4 @@
-// The words for an error: from the codes of UiError and of formulas to texts of UiText.
+// The messages for errors. They come from UiText, by the codes of UiError and of formulas.
 #pragma once
 
 #include <cstdint>
@@ -8,22 +8,22 @@
 
 namespace tallymere {
 
-/// Appends the message for uiError.code, with the record's arguments in it. A code without a text
-/// of its own takes that of an unknown error, and arg1 is overwritten by the code in decimal first;
+/// Appends the message for uiError.code, with the arguments of the record. A code without a message
+/// of its own has that of an unknown error; before, uiError.arg1 becomes the code in decimal.
 /// UiErrorStopped has no message and appends nothing.
 void FormatUiErrorMessage(TextSink& sink);
 
-/// Characters of a reported message, the terminating 0 not counted.
+/// The characters of a reported message, without the terminating 0.
 inline constexpr int64_t UiErrorMessageCapacity = 1'023;
 
-/// The report of an error, up to showing it: formats the message of the pending error into a buffer
-/// of capacity + 1 characters and ends it with a 0; one that is too long ends in an ellipsis. Then
-/// clears everything as ClearErrors does. Returns whether there is something to show: with no error
-/// pending, or UiErrorStopped, it is false and the message empty.
+/// Reports the pending error, except for showing it. Formats its message into a buffer of
+/// capacity + 1 characters and ends it with a 0. A message that is too long ends with an ellipsis.
+/// Then calls ClearErrors. Returns true when there is a message to show. With no pending error, and
+/// for UiErrorStopped, the message is empty and the result is false.
 bool TakeUiErrorMessage(char16_t* buffer, int64_t capacity);
 
-/// The text for the code of a formula error, a format whose "%d" is the 1-based character position
-/// of the error; some of the texts do not show it. Unknown codes give that of an internal error.
+/// The text for the code of a formula error. It is a format: "%d" is the position of the error, in
+/// characters from 1. Some texts have no "%d". An unknown code gives the text of an internal error.
 const char16_t* FormulaErrorText(FormulaError code);
 
 }  // namespace tallymere

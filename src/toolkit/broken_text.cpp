@@ -10,7 +10,7 @@ namespace tallymere {
 
 namespace {
 
-// Measures in the font of a field, as wide as its lines.
+// Measures texts in the font of a field, against the width of its lines.
 class FieldRuler {
 public:
     explicit FieldRuler(HWND field) : field_(field), dc_(GetDC(field)) {
@@ -26,8 +26,8 @@ public:
     FieldRuler(const FieldRuler&) = delete;
     FieldRuler& operator=(const FieldRuler&) = delete;
 
-    // Each character that is looked at takes its time, so that not many more than those of the line
-    // before are.
+    // Measuring takes time for each character. So it looks at only a few more than the line before
+    // had.
     int64_t Fitting(std::u16string_view next) {
         int fitting = 0;
         int count = 0;
@@ -68,9 +68,8 @@ void SelectPlain(HWND field, TextSelection selection) {
                          BrokenPosition(text.View(), selection.to)});
 }
 
-// A copy in memory that a control can make its own and change the size of; null without memory.
-// Windows frees it with the control; under Wine the last one stays until the program ends, as the
-// fields do.
+// A copy in memory that a control can own and resize; null without memory. Windows frees it with
+// the control. Wine keeps the last one until the program ends, and the fields live as long.
 HLOCAL CopyForControl(const HeapText& text) {
     const size_t bytes = (static_cast<size_t>(text.length) + 1) * sizeof(char16_t);
     const HLOCAL copy = LocalAlloc(LMEM_MOVEABLE, bytes);
@@ -81,9 +80,9 @@ HLOCAL CopyForControl(const HeapText& text) {
     return copy;
 }
 
-// Does what WM_SETTEXT does, by which the control would scroll to the end of the text and back, and
-// under Wine draw its scroll bar at every step. A control that does not take the memory gets
-// WM_SETTEXT.
+// Does what WM_SETTEXT does, but faster: with that message the control scrolls to the end of the
+// text and back, and Wine draws the scroll bar at every step. A control that does not take the
+// memory gets WM_SETTEXT.
 bool WriteBroken(HWND field, const HeapText& text) {
     const auto before = reinterpret_cast<HLOCAL>(AskEdit(field, EM_GETHANDLE));
     const HLOCAL copy = before != nullptr ? CopyForControl(text) : nullptr;
@@ -99,7 +98,7 @@ bool WriteBroken(HWND field, const HeapText& text) {
     return AskEdit(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.buffer.get())) != FALSE;
 }
 
-// What is seen of the text stays where it is.
+// The visible part of the text stays where it is.
 bool Rewrite(HWND field, const HeapText& broken, TextSelection selection) {
     const LRESULT firstLine = AskEdit(field, EM_GETFIRSTVISIBLELINE);
     const LRESULT isModified = AskEdit(field, EM_GETMODIFY);

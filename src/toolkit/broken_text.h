@@ -1,6 +1,7 @@
-// The text of an edit control that gets long lines with soft breaks, see layout/soft_breaks.h.
+// The text of an edit control whose long lines have soft breaks, see layout/soft_breaks.h.
 //
-// Plain texts and selections are those without soft breaks, broken ones those that the control has.
+// A broken text or selection is the control's own, which counts soft breaks. A plain one is without
+// them.
 #pragma once
 
 #include <string_view>
@@ -10,10 +11,11 @@
 
 namespace tallymere {
 
-/// What the system's control makes of a message, past all handlers.
+/// Sends a message to the system's control, past all handlers, and returns its result.
 LRESULT AskEdit(HWND field, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
-/// Whether the text has more than LongLineCharacters, broken or plain. Others have no soft breaks.
+/// True when the text has more than LongLineCharacters characters. Any other text has no soft
+/// breaks, so it does not matter whether they are counted.
 bool HasLongText(HWND field);
 
 HeapText BrokenText(HWND field);
@@ -22,19 +24,19 @@ HeapText PlainText(HWND field);
 TextSelection BrokenSelection(HWND field);
 void SelectBroken(HWND field, TextSelection selection);
 
-/// Plain text and selection. Without memory the text is empty, and the selection is of no use.
+/// The plain text and selection. Without memory the text is empty and the selection has no meaning.
 FieldState PlainState(HWND field);
 
-/// Does what WM_SETTEXT does for a plain text, which may be null. Returns its result: FALSE without
-/// memory, and the text is as before.
+/// Does what WM_SETTEXT does, for a plain text, which may be null. Returns the result of that
+/// message: FALSE without memory, and the text is as before.
 LRESULT WritePlainText(HWND field, const char16_t* text);
 
-/// Writes a plain text as a change by the user: what is seen of it stays where it is, the caret is
-/// scrolled into view, and the field is modified. EN_CHANGE is left to the caller. False without
+/// Writes a plain text like a change by the user. The visible part stays where it is, the caret is
+/// scrolled into view, and the field counts as modified. The caller sends EN_CHANGE. False without
 /// memory, and the text is as before.
 bool ChangePlainText(HWND field, std::u16string_view text, TextSelection selection);
 
-/// Puts the soft breaks where they belong after a change of text, width or font.
+/// Places all soft breaks anew, after a change of text, width or font.
 void BreakAnew(HWND field);
 
 }  // namespace tallymere

@@ -7,7 +7,7 @@
 
 namespace tallymere {
 
-/// The clipboard's text, which stays as it is as long as the record lives.
+/// The text on the clipboard. It does not change as long as this record lives.
 class ClipboardText {
 public:
     /// Opens the clipboard for a window.
@@ -16,10 +16,10 @@ public:
     ClipboardText(const ClipboardText&) = delete;
     ClipboardText& operator=(const ClipboardText&) = delete;
 
-    /// False where something else than text is on the clipboard, or it cannot be opened.
+    /// False when the clipboard has no text or cannot be opened.
     bool IsThere() const { return text_ != nullptr; }
 
-    /// Empty where there is no text.
+    /// The text; empty when there is none.
     std::u16string_view View() const;
 
 private:
@@ -28,8 +28,8 @@ private:
     const wchar_t* text_;
 };
 
-/// Replaces what is on the clipboard. Without memory, or while another program has the clipboard
-/// open, it stays as it is.
+/// Puts a text on the clipboard in place of what is there. Without memory, or while another program
+/// has the clipboard open, the clipboard does not change.
 void PutOnClipboard(HWND owner, std::u16string_view text);
 
 }  // namespace tallymere

@@ -13,9 +13,9 @@ namespace tallymere {
 
 namespace {
 
-// The controls whose records were looked for last. Every message to a control looks for its record,
-// and under Wine each look at a property asks another process. For the UI thread, which has all
-// controls.
+// The controls whose records were used last. Every message to a control needs its record, and under
+// Wine reading a property asks another process. Only the UI thread uses this: all controls are its
+// own.
 struct KnownControl {
     HWND control;
     ControlData* data;
@@ -24,7 +24,7 @@ constexpr size_t KnownControlCount = 512;
 KnownControl knownControls[KnownControlCount] = {};
 
 KnownControl& PlaceOf(HWND control) {
-    // The lowest bit of a handle is 0 as a rule; the others spread.
+    // The lowest bit of a handle is mostly 0, so it is left out.
     return knownControls[reinterpret_cast<uintptr_t>(control) / 2 % KnownControlCount];
 }
 
@@ -37,7 +37,7 @@ ControlData* DataOf(HWND control) {
     return known.data;
 }
 
-// The record comes or goes.
+// Call it when a control gets or loses its record.
 void ForgetControl(HWND control) {
     PlaceOf(control) = {};
 }
@@ -56,7 +56,8 @@ void ShowFocusRectangle(HWND control) {
     SendMessageW(control, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
 }
 
-// A click brings the focus to the button; Return leaves it where it was.
+// Clicks a button for the Return key. A click gives the button the focus, but Return must not, so
+// the focus goes back.
 void ClickDefaultButton(HWND control) {
     const HWND root = GetAncestor(control, GA_ROOT);
     const HWND button = DefaultButton(root);
@@ -94,7 +95,7 @@ ControlKeyAction ActionOfKeyMessage(HWND control, uint32_t key, bool isDown) {
          .hasDefaultButton = DefaultButton(GetAncestor(control, GA_ROOT)) != nullptr});
 }
 
-// Whether the key still has to reach the control's own procedure.
+// Returns true when the key must still reach the control's own procedure.
 bool ForwardsKey(HWND control, uint32_t key, bool isDown) {
     switch (ActionOfKeyMessage(control, key, isDown)) {
         case KeyForward:
@@ -191,8 +192,8 @@ void ShowControl(HWND control, bool show) {
 
 void PlaceControl(HWND control, const LayoutRect& place) {
     const LayoutRect pixels = ToScreenPixels(place);
-    // What it shows is painted anew: moved along, it could be wiped out by the background of its
-    // parent, which is painted later.
+    // The control is painted again and its picture is not moved along. The parent paints its
+    // background later and could erase a moved picture.
     SetWindowPos(control, nullptr, pixels.x, pixels.y, pixels.width, pixels.height,
                  SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
 }

@@ -1,4 +1,5 @@
-// Questions about real windows, for the decisions in layout/, and the moves of the focus.
+// What the decisions in layout/ ask about windows, answered for real windows; and the functions
+// that move the focus.
 #pragma once
 
 #include <cstdint>
@@ -16,16 +17,16 @@ struct WindowClassName {
     char16_t text[ClassNameCapacity];
 };
 
-/// The bits of a window's style.
+/// The style bits of a window.
 uint32_t WindowStyle(HWND window);
 
 bool IsPushButton(HWND window);
 bool IsRadioButton(HWND window);
 
-/// Whether a control has a use of its own for the Return key.
+/// True when a control uses the Return key itself.
 bool WantsReturn(HWND control);
 
-/// Real windows as what layout/window_tree.h and layout/default_look.h ask about. The root is a
+/// Real windows in the form that layout/window_tree.h and layout/default_look.h need. The root is a
 /// window that is no child.
 struct WindowsTree {
     using Window = HWND;
@@ -45,14 +46,14 @@ struct WindowsTree {
 /// The next tab stop from a control or from the dialog; `control` itself when there is no other.
 HWND NextTabStop(HWND control, bool forward);
 
-/// The last visible radio button of a group in a direction.
+/// The last visible radio button in a direction, in the group of `control`.
 HWND RadioGroupEnd(HWND control, bool forward);
 
-/// Gives the focus to a control. Of a group of radio buttons the checked one gets it, and when none
-/// is checked, the first one, which is then checked.
+/// Gives the focus to a control. For a radio button, the checked button of its group gets it. When
+/// none is checked, the first one is checked and gets it.
 void FocusControl(HWND control);
 
-/// What the Tab key does in a control. Returns the window that has got the focus.
+/// Does what the Tab key does in a control. Returns the window that has the focus then.
 HWND FocusNextControl(HWND control, bool forward);
 
 }  // namespace tallymere

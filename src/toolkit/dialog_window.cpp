@@ -74,7 +74,7 @@ LRESULT CALLBACK DialogWindowProc(HWND window, UINT message, WPARAM wParam, LPAR
         default:
             break;
     }
-    // Messages that come before WM_NCCREATE find no handler yet.
+    // Messages before WM_NCCREATE come before the handler is set.
     if (const auto handler = GetSlot<WindowHandler>(window, HandlerSlot); handler != nullptr) {
         bool callDefault = true;
         const LRESULT result = handler(window, message, wParam, lParam, callDefault);

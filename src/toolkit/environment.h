@@ -1,5 +1,5 @@
-// What all windows of the process are made with. The start of the program sets it, before the first
-// window; from then on it is only read.
+// What all windows of the process need to be made. The start of the program sets it before the
+// first window. From then on it is only read.
 #pragma once
 
 #include <cstdint>
@@ -12,16 +12,16 @@ namespace tallymere {
 /// The module of the program, for window classes and resources.
 extern HINSTANCE programInstance;
 
-/// The major version of Windows shifted left by 8 or'ed with the minor one, 0 when unknown.
+/// The version of Windows: 256 times the major version plus the minor version; 0 when unknown.
 extern uint32_t osVersionCode;
 
-/// The first version whose group boxes are drawn well with controls inside of them.
+/// The first version whose group boxes draw the controls inside them well.
 inline constexpr uint32_t OsVersionVista = 0x0600;
 
-/// Vertical pixels per logical inch of the screen.
+/// Dots per inch of the screen: pixels per logical inch, measured vertically.
 extern int32_t screenDpi;
 
-/// What every control is written in; null if the font could not be made, then the system's font.
+/// The font of every control. Null when it could not be made; controls use the system's font then.
 extern HFONT defaultGuiFont;
 
 /// The pixels of a length or position in logical units on the screen.
@@ -38,8 +38,8 @@ inline int32_t FromScreenPixels(int32_t pixels) {
     return ToLogicalUnits(pixels, screenDpi);
 }
 
-/// Where a window stands in its parent's client area, in pixels; for a window without parent, on
-/// the screen.
+/// The place of a window in its parent's client area, in pixels. For a window without parent it is
+/// the place on the screen.
 LayoutRect PlaceInParent(HWND window);
 
 /// The size of a window's client area in pixels.

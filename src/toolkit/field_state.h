@@ -1,4 +1,4 @@
-// What a field shows, kept aside.
+// A copy of what a field shows.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,7 @@ namespace tallymere {
 
 /// A text on the heap. Without memory for it the text is empty.
 struct HeapText {
-    /// Room for so many characters and a terminating 0.
+    /// Room for `characters` characters and a terminating 0.
     explicit HeapText(int64_t characters)
         : buffer(new (std::nothrow) char16_t[static_cast<size_t>(characters) + 1]()) {}
 
@@ -21,7 +21,8 @@ struct HeapText {
     int64_t length = 0;
 };
 
-/// `from` up to `to`; both are the caret's place where nothing is selected.
+/// The characters from `from` to before `to`. With nothing selected both are the place of the
+/// caret.
 struct TextSelection {
     int64_t from;
     int64_t to;

@@ -60,7 +60,7 @@ TextChange* LastChange(HWND field) {
     return TextChangeTo(field, PlainText(field).View());
 }
 
-// False if the last change is none of those that are remembered here.
+// False when the last change is none that this file remembers.
 bool TakeChangeBack(HWND field) {
     TextChange* change = LastChange(field);
     if (change == nullptr) {
@@ -98,7 +98,7 @@ LRESULT ReadSelection(HWND field, WPARAM from, LPARAM to) {
                : MAKELRESULT(static_cast<WORD>(selection.from), static_cast<WORD>(selection.to));
 }
 
-// A position of a message. Negative ones have a meaning of their own.
+// Converts a position in a message. A negative position has a special meaning and stays.
 int64_t ToBroken(const HeapText& broken, uint64_t position) {
     const auto plain = static_cast<int32_t>(position);
     return plain < 0 ? plain : BrokenPosition(broken.View(), plain);
@@ -120,7 +120,8 @@ LRESULT StartOfLine(HWND field, WPARAM line) {
     return broken < 0 ? broken : PlainPosition(BrokenText(field).View(), broken);
 }
 
-// The answer has only the lower half of a position, and the line, whose start tells the rest.
+// The answer has only the lower 16 bits of the position, and the line. The start of the line gives
+// the upper bits.
 LRESULT CharacterAt(HWND field, LPARAM point) {
     const LRESULT found = AskEdit(field, EM_CHARFROMPOS, 0, point);
     const WORD line = HIWORD(found);
@@ -152,7 +153,8 @@ bool IsSelected(HWND field) {
     return selection.from != selection.to;
 }
 
-// A key that moves over a character or erases one means the one beyond a soft break at the caret.
+// When the caret is at a soft break, a key that moves over a character or erases one means the
+// character beyond the soft break.
 void StepOverSoftBreak(HWND field, bool backwards) {
     const HeapText text = BrokenText(field);
     const int64_t caret = BrokenSelection(field).from;
@@ -207,7 +209,7 @@ LRESULT HandleCharacter(HWND field, WPARAM character, LPARAM lParam, bool& callD
     return 0;
 }
 
-// Messages to a field whose text is long.
+// Handles a message to a field whose text is long.
 LRESULT HandleLong(HWND field, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
     callDefault = false;
     switch (message) {
@@ -302,7 +304,7 @@ LRESULT HandleLongText(HWND field, UINT message, WPARAM wParam, LPARAM lParam, b
                 callDefault = false;
                 return TRUE;
             }
-            // From now on the control itself does the change again.
+            // From now on the control itself can do the change again.
             ForgetTextChange(field);
             break;
         case EM_CANUNDO:

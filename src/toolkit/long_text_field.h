@@ -1,6 +1,6 @@
-// A multi-line field for texts of any length. The system's control behind it gets long lines with
-// soft breaks, see layout/soft_breaks.h; who writes, reads or selects the text through messages
-// never meets them.
+// A multi-line field for texts of any length. The system's control inside it has soft breaks in
+// long lines, see layout/soft_breaks.h. Whoever writes, reads or selects the text by messages does
+// not see them.
 #pragma once
 
 #include "layout/logical_units.h"
@@ -8,18 +8,20 @@
 
 namespace tallymere {
 
-/// An edit control with frame and vertical scroll bar whose handler is HandleLongText; `place` in
-/// logical units.
+/// Makes an edit control with a frame and a vertical scroll bar. Its handler is HandleLongText.
+/// `place` is in logical units.
 HWND CreateLongTextField(HWND parent, const LayoutRect& place, const char16_t* text);
 
-/// The handler of such a field. A handler that takes its place gives it all messages that it does
-/// not keep for itself. Text, selection, positions and undo work as in any edit control, with these
-/// differences: a limit of its length counts the soft breaks, and soft breaks in a text that is
-/// written or pasted get lost where it is long.
+/// The handler of such a field. Another handler may replace it, but must pass on all messages that
+/// it does not use up.
+///
+/// Text, selection, positions and undo work as in any edit control, with two differences. A limit
+/// of the length counts soft breaks too. And when a long text that is written or pasted contains
+/// the characters of a soft break, they are lost.
 LRESULT HandleLongText(HWND field, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault);
 
-/// Whether a message is Shift+Insert, for which the system's control may paste without the message
-/// for it, and HandleLongText sends it.
+/// True when a message is the key Shift+Insert. The system's control may paste for it without a
+/// WM_PASTE message, so HandleLongText sends one.
 bool IsPasteKey(UINT message, WPARAM wParam);
 
 }  // namespace tallymere

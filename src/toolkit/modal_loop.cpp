@@ -10,10 +10,11 @@ namespace tallymere {
 
 namespace {
 
-// Posted to the thread, with the dialog that ends in wParam.
+// Posted to the thread when a dialog ends; wParam is the dialog.
 constexpr UINT ModalEndMessage = WM_APP + 1;
 
-// The enabled windows of the thread besides the dialog. With windows null they are only counted.
+// Collects the enabled windows of the thread except the dialog. With `windows` null it only counts
+// them.
 struct OtherWindows {
     HWND dialog;
     HWND* windows;
@@ -58,7 +59,7 @@ void HandleMessagesUntilEnd(HWND dialog) {
         }
     }
     if (result == 0) {
-        // The end of the program is meant for the main loop.
+        // The request to end the program is for the main loop, so it is posted again.
         PostQuitMessage(static_cast<int>(message.wParam));
     }
 }

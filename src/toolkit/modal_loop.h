@@ -1,4 +1,4 @@
-// Running a dialog while everything else waits.
+// Runs a dialog modally: all other windows wait.
 #pragma once
 
 #include "toolkit/win32.h"
@@ -6,13 +6,13 @@
 namespace tallymere {
 
 /// Shows a dialog, disables all other windows of the thread and handles messages until the dialog
-/// gets WM_CLOSE; then all windows that were disabled are enabled. The dialog has to hide itself at
-/// WM_CLOSE, with callDefault false, and can run again. False, with nothing run, for a window that
-/// is no dialog, when it does not come to be shown, and without memory.
+/// gets WM_CLOSE. Then it enables the windows that it disabled. At WM_CLOSE the dialog must hide
+/// itself and set callDefault to false; it can run again. Returns false and does nothing for a
+/// window that is no dialog, for a dialog that cannot be shown, and without memory.
 bool RunModal(HWND dialog);
 
-/// Part of WM_CLOSE of a dialog that runs modally, before its handler: enables its owner, if that
-/// is visible, gives it the focus and lets RunModal return.
+/// The first part of WM_CLOSE of a modal dialog, before its handler. It enables the owner and gives
+/// it the focus if the owner is visible. It makes RunModal return.
 void EndModal(HWND dialog);
 
 }  // namespace tallymere

@@ -1,4 +1,4 @@
-// The list with which an output base is chosen, and its label.
+// A list of output bases, and its label.
 #pragma once
 
 #include <cstdint>
@@ -10,21 +10,21 @@ namespace tallymere {
 
 inline constexpr const char16_t* NumberBaseClass = u"NumberBaseControl";
 
-/// Told when the list closes with a row selected, changed or not.
+/// Called when the list closes with a row selected, whether or not it is another row.
 using NumberBaseChosen = void (*)(int32_t base);
 
-/// Nothing is selected at first and nobody is told. Position in logical units; `style` of
-/// NumberBaseStyle.
+/// Makes the control. No row is selected at first, and no function is called. The position is in
+/// logical units. `style` has bits of NumberBaseStyle.
 HWND CreateNumberBaseControl(HWND parent, int32_t x, int32_t y, uint32_t style);
 
-/// Null for nobody.
+/// Sets the function that is called; null for none.
 void SetNumberBaseChosen(HWND control, NumberBaseChosen chosen);
 
-/// Sets the label's text and puts label and list in their places.
+/// Sets the text of the label and puts label and list in their places.
 void SetNumberBaseLabel(HWND control, const char16_t* text);
 
-/// Selects the row of a base; a negative one clears the selection, and with a base that is not
-/// offered the selection stays. Nobody is told.
+/// Selects the row of a base. A negative base clears the selection. A base that is not in the list
+/// changes nothing. Calls no function.
 void SelectNumberBase(HWND control, int32_t base);
 
 /// The selected base, 0 for none.

@@ -1,4 +1,4 @@
-// The list with which a page's number type is chosen.
+// A list of number types, for a page on which the user chooses one.
 #pragma once
 
 #include <cstdint>
@@ -11,17 +11,17 @@ namespace tallymere {
 
 inline constexpr const char16_t* NumberTypeClass = u"NumberTypeControl";
 
-/// Told when another row is selected; `type` is a NumberType, 0 for none.
+/// Called when the user selects another row. `type` is a NumberType; 0 for none.
 using NumberTypeChosen = void (*)(HWND control, int32_t type);
 
-/// The list holds these rows, whose values are NumberTypes; nothing is selected at first and nobody
-/// is told. `x` in logical units.
+/// Makes the control with these rows; their values are NumberTypes. No row is selected at first,
+/// and no function is called. `x` is in logical units.
 HWND CreateNumberTypeControl(HWND parent, int32_t x, std::span<const ListRow> rows);
 
-/// Null for nobody.
+/// Sets the function that is called; null for none.
 void SetNumberTypeChosen(HWND control, NumberTypeChosen chosen);
 
-/// Selects the row of a NumberType, one that the list has. Nobody is told.
+/// Selects the row of a NumberType that the list has. Calls no function.
 void SelectNumberType(HWND control, int32_t type);
 
 /// The NumberType of the selected row, 0 for none.

@@ -17,7 +17,7 @@ enum NumericSlot : int32_t { EditSlot, SpinSlot, ChangedSlot, LastReportedSlot, 
 
 constexpr const char16_t* SpinClass = u"msctls_updown32";
 
-// Characters of any position, its sign counted, and more.
+// Room for the characters of any position, with its sign.
 constexpr int32_t NumericTextCapacity = 31;
 
 void WriteText(HWND control, int32_t position) {
@@ -48,7 +48,7 @@ LRESULT HandleEdit(HWND edit, UINT message, WPARAM wParam, LPARAM, bool& callDef
             }
             break;
         case WM_LBUTTONDOWN:
-            // The field takes the focus back at once, and with it a caret that is not hidden.
+            // Losing and getting back the focus at once makes a hidden caret visible again.
             SetFocus(control);
             break;
         default:
@@ -60,7 +60,7 @@ LRESULT HandleEdit(HWND edit, UINT message, WPARAM wParam, LPARAM, bool& callDef
 void CreateChildren(HWND control) {
     const LayoutSize size = ClientSize(control);
     const LayoutRect place = {0, 0, FromScreenPixels(size.width), FromScreenPixels(size.height)};
-    // The field wants Return for itself, so that it does not click the dialog's default button.
+    // The field uses Return itself. So Return does not click the dialog's default button.
     const HWND edit =
         CreateEdit(control, place, nullptr, ES_RIGHT | ES_WANTRETURN, WS_EX_CLIENTEDGE);
     const HWND spin =
@@ -116,7 +116,7 @@ int32_t NumericPosition(HWND control) {
     BOOL failed = FALSE;
     const auto position = static_cast<int32_t>(
         SendMessageW(spin, UDM_GETPOS32, 0, reinterpret_cast<LPARAM>(&failed)));
-    // A typed number outside of the range counts as a failure here, so that the text is asked.
+    // For a typed number outside the range the message fails. Then the text itself is read.
     if (!failed) {
         return position;
     }

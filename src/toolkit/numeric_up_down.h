@@ -10,27 +10,28 @@ namespace tallymere {
 
 inline constexpr const char16_t* NumericUpDownClass = u"cwl_NumericUpDown";
 
-/// Told when the user has changed the number: not at each digit typed, but when Return is pressed
-/// or the field loses the focus, and at each step of the spin buttons.
+/// Called when the user has changed the number: when Return is pressed, when the field loses the
+/// focus, and at each step of the spin buttons. Not called for each digit that is typed.
 using NumericChanged = void (*)(HWND control, int32_t value);
 
-/// The range is 0 to 100, the position 0, and nobody is told; `place` in logical units.
+/// Makes the control, with the range 0 to 100 and the position 0. `place` is in logical units. No
+/// function is called until one is set.
 HWND CreateNumericUpDown(HWND parent, const LayoutRect& place);
 
-/// Null for nobody.
+/// Sets the function that is called; null for none.
 void SetNumericChanged(HWND control, NumericChanged changed);
 
-/// A position outside of the range moves to its nearer end. Nobody is told.
+/// Sets the range. A position outside it moves to its nearer end. Calls no function.
 void SetNumericRange(HWND control, int32_t low, int32_t high);
 
-/// The position, which is in the range; what is being typed counts.
+/// The position, which is in the range. A number that is being typed counts already.
 int32_t NumericPosition(HWND control);
 
-/// Nobody is told.
+/// Sets the position. Calls no function.
 void SetNumericPosition(HWND control, int32_t position);
 
-/// With `write` the text is made to show the position. With `notify`, NumericChanged is told if the
-/// position differs from what it was told last.
+/// With `write` the text shows the position afterwards. With `notify` NumericChanged is called if
+/// the position is not the one that it was called with last.
 void SyncNumericUpDown(HWND control, bool write, bool notify);
 
 /// The children.

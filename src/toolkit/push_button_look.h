@@ -6,8 +6,8 @@
 
 namespace tallymere {
 
-/// Gives push buttons the look of a default button or takes it from them, and repaints them. All
-/// else of their style stays.
+/// Gives push buttons the look of a default button or the plain look, and repaints them. The rest
+/// of their style stays.
 void ApplyLooks(const LookChanges<HWND>& looks);
 
 }  // namespace tallymere

@@ -47,7 +47,8 @@ void Drag(HWND splitter, LayoutPoint mouse) {
 LRESULT CALLBACK SplitterProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_SETCURSOR:
-            // The class would set its arrow before each move of the mouse, and the cursor flicker.
+            // Otherwise the class sets its arrow before each move of the mouse: the cursor
+            // flickers.
             ShowDragCursor(window);
             return TRUE;
         case WM_LBUTTONDOWN:

@@ -1,4 +1,4 @@
-// The bar between two fields that is dragged to share their room.
+// The bar between two fields. Dragging it makes one field larger and the other smaller.
 #pragma once
 
 #include <cstdint>
@@ -11,19 +11,19 @@ namespace tallymere {
 
 inline constexpr const char16_t* SplitterClass = u"SplitterControl";
 
-/// Properties of the window: a SplitterOrientation, and the function to be asked.
+/// Window properties: a SplitterOrientation, and the SplitterMovingEvent.
 inline constexpr const char16_t* SplitterOrientationProperty = u"Orientation";
 inline constexpr const char16_t* SplitterMovingProperty = u"SplitterMovingEvent";
 
-/// Asked before the bar moves by `difference` pixels, not 0, along its axis: resizes the neighbours
-/// and returns true, or refuses.
+/// Called before the bar moves along its axis by `difference` pixels, which is not 0. Resizes the
+/// neighbours and returns true, or returns false, and the bar does not move.
 using SplitterMovingEvent = bool (*)(HWND splitter, int32_t difference);
 
-/// `place` in logical units. With null for `moving` the bar does not move.
+/// Makes the control. `place` is in logical units. With null for `moving` the bar never moves.
 HWND CreateSplitter(HWND parent, const LayoutRect& place, SplitterOrientation orientation,
                     SplitterMovingEvent moving);
 
-/// Null for a bar that does not move.
+/// Sets the function that is called; null for a bar that never moves.
 void SetSplitterMoving(HWND splitter, SplitterMovingEvent moving);
 
 }  // namespace tallymere

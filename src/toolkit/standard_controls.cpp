@@ -22,8 +22,8 @@ void AddTabStop(HWND window) {
     SetWindowLongPtrW(window, GWL_STYLE, GetWindowLongPtrW(window, GWL_STYLE) | WS_TABSTOP);
 }
 
-// The window within a combobox that has the focus for it: the combobox itself unless text can be
-// typed into it.
+// The window that has the focus for a combobox: its edit control if text can be typed into it, else
+// the combobox itself.
 HWND InnerControl(HWND comboBox) {
     COMBOBOXINFO info = {};
     info.cbSize = sizeof info;
@@ -31,7 +31,7 @@ HWND InnerControl(HWND comboBox) {
     return info.hwndItem != nullptr ? info.hwndItem : comboBox;
 }
 
-// The group box of systems whose own one does not paint the controls inside well.
+// The group box for systems whose own group box does not paint the controls inside it well.
 enum OldGroupBoxSlot : int32_t { FrameSlot, OldGroupBoxSlotCount };
 
 LRESULT CALLBACK OldGroupBoxProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

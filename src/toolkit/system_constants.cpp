@@ -1,4 +1,5 @@
-// The logic half writes down what it needs of the system's numbers; here both are held together.
+// The logic half has its own copies of numbers of the system. Here they are checked against the
+// system's headers.
 #include "layout/control_keys.h"
 #include "layout/control_kinds.h"
 #include "layout/logical_units.h"

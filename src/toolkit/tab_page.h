@@ -8,16 +8,18 @@
 
 namespace tallymere {
 
-/// A tab control without tabs and tab stop; `place` in logical units.
+/// Makes a tab control without tabs. It is no tab stop. `place` is in logical units.
 HWND CreateTabControl(HWND parent, const LayoutRect& place);
 
-/// Adds a tab with a page, which is the parent of the controls on it and has the size that the tab
-/// control leaves for it. The page of the current tab is shown, any other hidden; at
-/// TCN_SELCHANGING and TCN_SELCHANGE that is up to the tab control's owner. The page's window text
-/// is always the title of its tab. Null when no tab could be added.
+/// Adds a tab and its page. The page is the parent of the controls on it. It fills the tab control.
+/// The window text of the page is always the title of its tab. Returns the page; null when no tab
+/// could be added.
+///
+/// The page of the current tab is shown, any other is hidden. When the user changes the tab, the
+/// owner of the tab control hides and shows the pages at TCN_SELCHANGING and TCN_SELCHANGE.
 HWND AddTabPage(HWND tabControl, const char16_t* text);
 
-/// The page of the current tab, null without one.
+/// The page of the current tab; null when there is none.
 HWND CurrentTabPage(HWND tabControl);
 
 }  // namespace tallymere

@@ -9,7 +9,7 @@ namespace tallymere {
 
 namespace {
 
-// A property of this name points to the change, which lives on the heap.
+// The window property of this name points to the change, which lives on the heap.
 constexpr const char16_t* TextChangeProperty = u"cwl_TextChange";
 
 TextChange* ChangeOf(HWND field) {
