@@ -3,7 +3,7 @@
 #include <atomic>
 #include <cstdlib>
 
-#include "shell/ui_error.h"
+#include "core/stop_request.h"
 
 namespace tallymere {
 

@@ -4,7 +4,6 @@
 
 #include "calculator/calc_evaluation.h"
 #include "calculator/variable_table.h"
-#include "console/interrupt.h"
 #include "console/line_reader.h"
 #include "console/utf8.h"
 #include "core/scratch.h"
@@ -64,7 +63,6 @@ void InstallVariables(const std::vector<ConsoleVariable>& variables) {
 Session::Session(const ConsoleOptions& options)
     : form_(options.form), style_{options.groupDigits, options.lowerHex} {
     CreateScratchStack();
-    InstallCancelFlag();
     InstallLanguage(options.language);
     ApplySeparators(options.decimal, options.thousands);
     ApplyPrecision(options.digits);
@@ -77,11 +75,8 @@ Session::~Session() {
 }
 
 ConsoleAnswer Session::Answer(std::string_view bytes) {
-    ClearErrors();
-    if (Interrupted()) {
-        // The request to stop went with the errors.
-        RequestCancel();
-    }
+    // Nobody takes back what Ctrl+C asks for: it may have come before this formula.
+    ClearPendingErrors();
     if (bytes.size() > MaxLineBytes) {
         SetUiError(UiErrorInputTooLong);
         return UiErrorAnswer(MaxLineBytes + 1);

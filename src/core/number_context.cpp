@@ -1,17 +1,6 @@
 #include "core/number_context.h"
 
-#include <atomic>
-
 namespace tallymere {
-
-bool AbortRequested() {
-    uint8_t* flag = numberContext.abortFlag;
-    return flag != nullptr && std::atomic_ref<uint8_t>(*flag).load(std::memory_order_relaxed) != 0;
-}
-
-void SetAbortByte(uint8_t* flag, uint8_t value) {
-    std::atomic_ref<uint8_t>(*flag).store(value, std::memory_order_relaxed);
-}
 
 bool SetRealPrecision(int64_t p) {
     if (p < 1 || p > MaxPrecisionDigits) {

@@ -11,6 +11,7 @@
 
 #include "core/calc_error.h"
 #include "core/limb.h"
+#include "core/stop_request.h"
 
 namespace tallymere {
 
@@ -25,7 +26,7 @@ enum NumberType : uint32_t {
 
 struct NumberContext {
     CalcError calcError = CalcErrorNone;
-    uint8_t* abortFlag = nullptr;  ///< read through AbortRequested; null never asks for a stop
+    uint8_t* abortFlag = &cancelFlag;  ///< the stop request; read through AbortRequested
 
     int64_t precisionDigits = 16;  ///< p, the significant decimal digits of a RealNumber
     int64_t realLimbs = 1;         ///< n = ceiling(p / 19)
@@ -53,8 +54,8 @@ struct NumberContext {
 };
 
 /// The one context of the process. It has its start values before main runs: 16 digits, "." and
-/// "'" as separators, CoreScratch empty. The program puts in the user's separators and the byte
-/// that stops a calculation.
+/// "'" as separators, CoreScratch empty, abortFlag on cancelFlag. The program puts in the user's
+/// separators.
 extern NumberContext numberContext;
 
 /// The largest precision of the core in digits; the widest layout that a program may install.
@@ -67,13 +68,6 @@ inline void SetCalcError(CalcError code) {
         numberContext.calcError = code;
     }
 }
-
-/// True when the running calculation is asked to stop. Long loops poll it at their check points.
-bool AbortRequested();
-
-/// Writes the byte that asks a calculation to stop (1) or takes the request back (0). May be called
-/// from another thread or a signal handler while a calculation runs.
-void SetAbortByte(uint8_t* flag, uint8_t value);
 
 /// Where the digits of a RealNumber lie: p digits in n limbs, t of them in the first.
 struct RealLayout {

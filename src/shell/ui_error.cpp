@@ -8,7 +8,6 @@
 namespace tallymere {
 
 UiError uiError;
-uint8_t cancelFlag = 0;
 
 UiErrorCode PendingUiError() {
     return std::atomic_ref<UiErrorCode>(uiError.code).load(std::memory_order_relaxed);
@@ -46,21 +45,28 @@ void TakeCalcError(UiErrorCode fallback) {
     numberContext.calcError = CalcErrorNone;
 }
 
-void ClearErrors() {
+void TakeStopRequest() {
+    if (AbortRequested()) {
+        SetUiError(UiErrorStopped);
+        ClearCancelRequest();
+    }
+}
+
+bool RunShouldEnd() {
+    return PendingUiError() != UiErrorNone || AbortRequested();
+}
+
+void ClearPendingErrors() {
     std::atomic_ref<UiErrorCode>(uiError.code).store(UiErrorNone, std::memory_order_relaxed);
     CopyBounded(uiError.arg1, UiErrorArgumentCapacity, u"");
     CopyBounded(uiError.arg2, UiErrorArgumentCapacity, u"");
     CopyBounded(uiError.arg3, UiErrorArgumentCapacity, u"");
     numberContext.calcError = CalcErrorNone;
-    SetAbortByte(&cancelFlag, 0);
 }
 
-void InstallCancelFlag() {
-    numberContext.abortFlag = &cancelFlag;
-}
-
-void RequestCancel() {
-    SetAbortByte(&cancelFlag, 1);
+void ClearErrors() {
+    ClearPendingErrors();
+    ClearCancelRequest();
 }
 
 }  // namespace tallymere

@@ -1,8 +1,8 @@
-// UiError: the one pending error that the user is to see, and the byte that cancels a calculation.
+// UiError: the one pending error that the user is to see.
 //
-// Whatever goes wrong anywhere ends here, the first error wins, and one report shows it and clears
-// everything. A calculation polls the record between its steps, and Stop ends it by raising
-// UiErrorStopped, from another thread if need be: the code is read and written atomically.
+// Whatever goes wrong anywhere ends here. The first error wins, and one report shows it and clears
+// everything. A run that the user stops ends with UiErrorStopped, which is reported by silence. Two
+// threads raise and poll errors, so the code is read and written atomically.
 #pragma once
 
 #include <cstdint>
@@ -80,17 +80,18 @@ void SetUiError(UiErrorCode code, const char16_t* arg1 = nullptr, const char16_t
 /// that is pending stays. calcError is cleared in any case.
 void TakeCalcError(UiErrorCode fallback);
 
-/// Clears uiError (its arguments become empty), calcError and cancelFlag: a new run may start.
+/// The end of a run: if a stop is asked for, raises UiErrorStopped, unless an error is pending, and
+/// takes the request back. So one request silences one run.
+void TakeStopRequest();
+
+/// True when a worker has nothing more to do: an error is pending or a stop is asked for. Workers
+/// poll it between their steps.
+bool RunShouldEnd();
+
+/// Clears uiError (its arguments become empty) and calcError. A request to stop stays.
+void ClearPendingErrors();
+
+/// Likewise, and takes a request to stop back: a new run may start.
 void ClearErrors();
-
-/// 1 while the running calculation is asked to stop, else 0; accessed as SetAbortByte does.
-extern uint8_t cancelFlag;
-
-/// Lets the arithmetic poll cancelFlag.
-void InstallCancelFlag();
-
-/// Asks the running calculation to stop at its next check point. May be called from another thread
-/// or a signal handler.
-void RequestCancel();
 
 }  // namespace tallymere

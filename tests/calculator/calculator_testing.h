@@ -24,7 +24,6 @@ protected:
         variableTable.count = 0;
         variableTable.variablesChanged = false;
         ClearErrors();
-        InstallCancelFlag();
         InstallLanguage(LanguageEnglish);
         CreateScratchStack();
         ApplyPrecision(10);

@@ -136,7 +136,6 @@ private:
         screenDpi = LogicalDpi;
         const INITCOMMONCONTROLSEX common = {sizeof common, 0xFFFF};
         InitCommonControlsEx(&common);
-        InstallCancelFlag();
         CreateScratchStack();
         InstallLanguage(LanguageEnglish);
         settings = Settings{};

@@ -58,7 +58,7 @@ private:
     static void GiveBack(void* block) {
         state.givenBack++;
         if (state.stops) {
-            numberContext.abortFlag = nullptr;
+            numberContext.abortFlag = &cancelFlag;
         }
         std::free(block);
     }

@@ -12,10 +12,7 @@ namespace {
 class UiErrorState : public ::testing::Test {
 protected:
     void SetUp() override { ClearErrors(); }
-    void TearDown() override {
-        ClearErrors();
-        numberContext.abortFlag = nullptr;
-    }
+    void TearDown() override { ClearErrors(); }
 };
 
 TEST_F(UiErrorState, AFreshRecordIsClearWithQuestionMarks) {
@@ -137,16 +134,45 @@ TEST_F(UiErrorState, APendingErrorStaysAndTheCalcErrorIsClearedAllTheSame) {
     }
 }
 
-TEST_F(UiErrorState, TheArithmeticSeesTheCancelFlagOnceItIsInstalled) {
+TEST_F(UiErrorState, TheEndOfARunTakesAStopOnceAndInSilence) {
+    TakeStopRequest();
+    EXPECT_EQ(PendingUiError(), UiErrorNone);
     RequestCancel();
+    TakeStopRequest();
+    EXPECT_EQ(PendingUiError(), UiErrorStopped);
     EXPECT_FALSE(AbortRequested());
-    InstallCancelFlag();
-    EXPECT_TRUE(AbortRequested());
+    ClearPendingErrors();
+    TakeStopRequest();
+    EXPECT_EQ(PendingUiError(), UiErrorNone) << "one request silences one run";
+}
+
+TEST_F(UiErrorState, AnErrorOfTheRunIsNotSilencedByAStop) {
+    SetUiError(UiErrorDivisionByZero);
+    RequestCancel();
+    TakeStopRequest();
+    EXPECT_EQ(PendingUiError(), UiErrorDivisionByZero);
+    EXPECT_FALSE(AbortRequested());
+}
+
+TEST_F(UiErrorState, AWorkerEndsAtAnErrorAndAtAStop) {
+    EXPECT_FALSE(RunShouldEnd());
+    RequestCancel();
+    EXPECT_TRUE(RunShouldEnd());
     ClearErrors();
-    EXPECT_FALSE(AbortRequested());
+    EXPECT_FALSE(RunShouldEnd());
+    SetUiError(UiErrorInternal);
+    EXPECT_TRUE(RunShouldEnd());
+}
+
+TEST_F(UiErrorState, TheErrorsCanBeClearedWithoutTheStop) {
+    SetUiError(UiErrorFormula, u"a");
+    SetCalcError(CalcErrorOverflow);
     RequestCancel();
+    ClearPendingErrors();
+    EXPECT_EQ(PendingUiError(), UiErrorNone);
+    EXPECT_EQ(std::u16string(uiError.arg1), u"");
+    EXPECT_EQ(numberContext.calcError, CalcErrorNone);
     EXPECT_TRUE(AbortRequested());
-    EXPECT_EQ(cancelFlag, 1);
 }
 
 }  // namespace

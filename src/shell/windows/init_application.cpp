@@ -2,7 +2,6 @@
 
 #include "core/scratch.h"
 #include "shell/settings.h"
-#include "shell/ui_error.h"
 #include "shell/ui_text.h"
 #include "shell/windows/fonts.h"
 #include "shell/windows/help.h"
@@ -63,7 +62,6 @@ void InitApplication(HINSTANCE instance) {
     DeclareDpiAware();
     FindScreenDpi();
     defaultGuiFont = MakeFont({u"Segoe UI", GuiFontHeight});
-    InstallCancelFlag();
     CreateScratchStack();
     SettingsPath();
     LoadSettings();
