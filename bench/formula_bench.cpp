@@ -2,6 +2,7 @@
 
 #include "bench/measuring.h"
 #include "bench/rooms.h"
+#include "core/number_setup.h"
 #include "core/scratch.h"
 #include "formula/formula_evaluation.h"
 
@@ -25,8 +26,7 @@ constexpr VariableRow Variables[] = {
 };
 
 void Evaluate(benchmark::State& state, const char16_t* text, int64_t digits) {
-    SetRealPrecision(digits);
-    numberContext.numberType = NumberTypeReal;
+    const NumberSetupScope scope({.type = NumberTypeReal, .digits = digits});
     CreateScratchStack();
     Words room = RoomForReal();
     FormulaEvaluator evaluator = {};

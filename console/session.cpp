@@ -65,6 +65,7 @@ Session::Session(const ConsoleOptions& options)
     CreateScratchStack();
     InstallLanguage(options.language);
     ApplySeparators(options.decimal, options.thousands);
+    const NumberSetupScope scope;
     ApplyPrecision(options.digits);
     ApplyNumberType(options.type, options.base);
     InstallVariables(options.variables);
@@ -92,7 +93,7 @@ ConsoleAnswer Session::Answer(std::string_view bytes) {
     }
     formula.append(static_cast<size_t>(CountMissingParentheses(formula.c_str())), u')');
 
-    RestoreCalcContext();
+    const NumberSetupScope scope(CalcNumberSetup());
     calculator.resultForm = form_;
     const CalcEvaluation evaluation = CalculateResult(formula.c_str());
     const char16_t* shown = FinishCalculation(style_);

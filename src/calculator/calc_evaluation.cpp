@@ -33,14 +33,16 @@ CalcEvaluation EvaluateInForce(const char16_t* formula, const VariableRows& vari
 
 CalcEvaluation EvaluateInReal(const char16_t* formula, const VariableRows& variables,
                               uint64_t* result) {
-    numberContext.numberType = NumberTypeReal;
-    SetRealPrecision(calculator.calcWorkingDigits);
-    CalcEvaluation evaluation = EvaluateInForce(formula, variables, result);
+    CalcEvaluation evaluation{};
+    {
+        NumberSetup setup = CalcNumberSetup();
+        setup.type = NumberTypeReal;
+        const NumberSetupScope scope(setup);
+        evaluation = EvaluateInForce(formula, variables, result);
+    }
     evaluation.fellToReal = evaluation.error == FormulaErrorNone;
     if (evaluation.fellToReal) {
         InstallNumberType(NumberTypeReal, calculator.calcOutputBase);
-    } else {
-        RestoreCalcContext();
     }
     return evaluation;
 }

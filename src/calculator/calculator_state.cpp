@@ -26,16 +26,15 @@ void MarkResultStale() {
 void ApplyPrecision(int64_t precision) {
     calculator.calcPrecision = precision;
     calculator.calcWorkingDigits = precision + 2;
-    SetRealPrecision(calculator.calcWorkingDigits);
+    RestoreCalcContext();
     MarkResultStale();
 }
 
 void InstallNumberType(NumberType type, int64_t base) {
     calculator.calcOutputBase = type == NumberTypeUint ? base : 10;
     calculator.calcResultType = type;
-    numberContext.numberType = type;
     calculator.calcIntegerDigits = IntegerDigits(type);
-    SetUintDigits(calculator.calcIntegerDigits);
+    RestoreCalcContext();
 }
 
 void ApplyNumberType(NumberType type, int64_t base) {
@@ -43,10 +42,14 @@ void ApplyNumberType(NumberType type, int64_t base) {
     MarkResultStale();
 }
 
+NumberSetup CalcNumberSetup() {
+    return {.type = calculator.calcResultType,
+            .digits = calculator.calcWorkingDigits,
+            .width = UintWidthForDigits(calculator.calcIntegerDigits)};
+}
+
 void RestoreCalcContext() {
-    numberContext.numberType = calculator.calcResultType;
-    SetRealPrecision(calculator.calcWorkingDigits);
-    SetUintDigits(calculator.calcIntegerDigits);
+    InstallNumberSetup(CalcNumberSetup());
 }
 
 void BeginEvaluation() {

@@ -1,13 +1,13 @@
 // The state of the calculator: its number settings, the last result and the result's text.
 //
 // NumberContext is shared with the other pages, so the calculator keeps its own settings here and
-// puts them in force anew before it does anything.
+// calculates within a NumberSetupScope of them.
 #pragma once
 
 #include <algorithm>
 #include <cstdint>
 
-#include "core/number_context.h"
+#include "core/number_setup.h"
 
 namespace tallymere {
 
@@ -62,18 +62,24 @@ extern CalculatorState calculator;
 /// The result shown is no longer that of the formula and settings shown.
 void MarkResultStale();
 
-/// Takes over the precision setting, |precision| < 2^62, and puts it in force. A precision that
-/// leads outside the layouts of the core sets code 100 and leaves the layout.
+/// Takes over the precision setting, |precision| < 2^62, and puts it in force until the end of the
+/// scope or run that it is called in. A precision that leads outside the layouts of the core notes
+/// CalcErrorBadParameter and leaves the layout.
 void ApplyPrecision(int64_t precision);
 
-/// Takes over the number type and puts it in force. The base, 2, 8, 10 or 16, matters for uint.
+/// Takes over the number type and puts it in force likewise. The base, 2, 8, 10 or 16, matters for
+/// uint.
 void InstallNumberType(NumberType type, int64_t base);
 
 /// Likewise; the result shown is stale then.
 void ApplyNumberType(NumberType type, int64_t base);
 
-/// Puts type, digits and integer width of the calculator in force again. Sets code 100 instead of
-/// installing what is out of range.
+/// Type, digits and integer width of the calculator. The notation window comes with the text of a
+/// result, see ShowResult.
+NumberSetup CalcNumberSetup();
+
+/// Puts them in force again, see InstallNumberSetup. What lasts no longer than a function uses a
+/// NumberSetupScope instead.
 void RestoreCalcContext();
 
 /// What "=" begins with: the result shown is stale, and the next one has no form of its own yet.

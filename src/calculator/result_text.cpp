@@ -15,20 +15,8 @@ namespace tallymere {
 
 namespace {
 
-// Above it the notation window is refused.
-constexpr int64_t MaxFixedExponent = 1'000'000'000;
-
-// Sets the notation window of automatic notation.
-void InstallNotationWindow() {
-    if (calculator.calcPrecision > MaxFixedExponent) {
-        SetCalcError(CalcErrorBadParameter);
-        return;
-    }
-    numberContext.fixedExponentLow = AutomaticFixedAbove;
-    numberContext.fixedExponentHigh = calculator.calcPrecision;
-}
-
-// The flags for the notation of a result in base 10; for automatic notation its window as well.
+// The flags for the notation of a result in base 10; for automatic notation its window as well,
+// within the scope of the caller.
 uint32_t PrepareNotation() {
     switch (calculator.resultForm) {
         case ResultFixed:
@@ -36,7 +24,7 @@ uint32_t PrepareNotation() {
         case ResultScientific:
             return TextScientific | TextStripZeros;
         default:
-            InstallNotationWindow();
+            SetNotationWindow({AutomaticFixedAbove, calculator.calcPrecision});
             return 0;
     }
 }
@@ -95,6 +83,7 @@ const char16_t* ShowResult(const ResultStyle& style) {
     if (PendingUiError() != UiErrorNone) {
         return nullptr;
     }
+    const NumberSetupScope scope;
     const uint32_t flags = style.groupDigits ? uint32_t{TextGroup} : 0;
     if (calculator.calcResultType == NumberTypeUint && calculator.calcOutputBase != 10) {
         WriteBasedResult(flags, style.lowerCaseHex);

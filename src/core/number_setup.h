@@ -31,8 +31,8 @@ constexpr UintWidth UintWidthForDigits(int64_t digits) {
 
 struct NumberSetup {
     NumberType type = NumberTypeReal;
-    int64_t digits = 16;                      ///< of real numbers: 1 to MaxPrecisionDigits
-    UintWidth width = UintWidthForLimbs(1);   ///< of integers: 1 to MaxUintLimbs limbs
+    int64_t digits = 16;                     ///< of real numbers: 1 to MaxPrecisionDigits
+    UintWidth width = UintWidthForLimbs(1);  ///< of integers: 1 to MaxUintLimbs limbs
     NotationWindow window = DefaultNotationWindow;
 };
 

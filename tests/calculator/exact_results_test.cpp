@@ -279,8 +279,8 @@ TEST_F(ExactResultsTest, TheSecondAttemptHasTheWorkingDigits) {
     EXPECT_EQ(numberContext.precisionDigits, 12);
 }
 
-// A second attempt would put the digits of the calculator in force.
-TEST_F(ExactResultsTest, AStopInTheFirstAttemptIsNotTriedInRealNumbers) {
+// Both attempts put digits of their own in force and leave those that they found.
+TEST_F(ExactResultsTest, AStopInEitherAttemptIsSilentAndLeavesTypeAndDigits) {
     UseRational();
     EXPECT_EQ(Show(u"ncr(1/2;2)"), u"-1/8");
     for (const char16_t* formula : {u"ncr(1/2;2)", u"ncr(5;2)"}) {
@@ -295,10 +295,12 @@ TEST_F(ExactResultsTest, AStopInTheFirstAttemptIsNotTriedInRealNumbers) {
         EXPECT_EQ(Text(), u"-1/8");
         ClearErrors();
     }
+    InstallRealLayout(LayoutForDigits(7));
     RequestCancel();
     EXPECT_EQ(Show(u"0.5+ncr(5;2)"), u"(none)");
     EXPECT_EQ(evaluation.error, FormulaErrorAborted);
-    EXPECT_EQ(numberContext.precisionDigits, 12);
+    EXPECT_EQ(numberContext.numberType, NumberTypeRational);
+    EXPECT_EQ(numberContext.precisionDigits, 7);
 }
 
 // It is a failure like any other, so real numbers are tried, and stopped in the same place.

@@ -47,7 +47,9 @@ TEST(NumberSetupScope, InstallsEveryPartAndPutsEveryPartBack) {
         const NumberSetupScope scope(Fractions);
         ExpectInForce(Fractions);
         {
-            const NumberSetup inner = {NumberTypeComplex, 10'005, UintWidthForDigits(38'531),
+            const NumberSetup inner = {NumberTypeComplex,
+                                       10'005,
+                                       UintWidthForDigits(38'531),
                                        {-MaxFixedExponent, MaxFixedExponent}};
             const NumberSetupScope innerScope(inner);
             ExpectInForce(inner);
