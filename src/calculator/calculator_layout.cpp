@@ -5,7 +5,7 @@ namespace tallymere {
 namespace {
 
 constexpr int32_t SideMargins = 20;
-// Above and below the fields and, between them, the splitter.
+// The height that is not for the fields: the space above and below them, and the splitter.
 constexpr int32_t HeightOfNoFields = 20;
 constexpr int32_t LowestField = 20;
 

@@ -1,4 +1,4 @@
-// How the fields of the calculator page share its room.
+// How the fields of the calculator page share the space.
 #pragma once
 
 #include "calculator/calculator_form.h"
@@ -12,7 +12,7 @@ struct FieldHeights {
     bool operator==(const FieldHeights&) const = default;
 };
 
-/// Where everything in the page stands, in logical units.
+/// The places of all parts of the page, in logical units.
 struct CalculatorLayout {
     LayoutRect formula;
     LayoutRect splitter;
@@ -20,15 +20,15 @@ struct CalculatorLayout {
     LayoutRect container;
 };
 
-/// Lays out a client area in which the fields have the heights `current`, all in logical units. The
-/// fields keep the ratio that the splitter gave them; when one of them has no height, they get the
-/// same. The container keeps its size and stands at the bottom. In an area too low for that heights
-/// are below 0, which the system takes as none.
+/// Lays out the page in a client area. `current` are the heights that the fields have now. All
+/// lengths are logical units. The fields keep the ratio of their heights; when one of them has no
+/// height, both get the same height. The container keeps its size and stands at the bottom. In an
+/// area that is too low, heights are negative; the system treats them as 0.
 CalculatorLayout LayOutCalculator(LayoutSize client, FieldHeights current);
 
-/// The fields after the splitter between them was dragged down by `difference`, in pixels at `dpi`
-/// like the heights. Returns false and leaves the heights when a field would be lower than 20
-/// logical units.
+/// Changes the heights of the fields when the splitter between them was dragged down by
+/// `difference`. All are pixels at `dpi`. When a field would be lower than 20 logical units,
+/// returns false and leaves the heights unchanged.
 bool MoveCalculatorSplitter(FieldHeights& heights, int32_t difference, int32_t dpi);
 
 }  // namespace tallymere

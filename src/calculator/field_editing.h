@@ -1,12 +1,12 @@
-// Which messages change the text of a field: they make the result stale in the formula field and
-// are swallowed in the result field, where only selecting and copying work.
+// Which messages change the text of a field. In the formula field they make the result stale. The
+// result field ignores them; there only selecting and copying work.
 #pragma once
 
 #include <cstdint>
 
 namespace tallymere {
 
-/// With the values that the system gives them.
+/// Messages of the system. The values are those of the system.
 enum FieldMessage : uint32_t {
     FieldUndoEdit = 0x00C7,
     FieldKeyDown = 0x0100,
@@ -17,15 +17,16 @@ enum FieldMessage : uint32_t {
     FieldUndo = 0x0304,
 };
 
-/// Keys and characters of such messages.
+/// Keys and characters that these messages carry.
 inline constexpr uint64_t FieldDeleteKey = 0x2E;
 inline constexpr uint64_t FieldBackspace = 8;
 inline constexpr uint64_t FieldLineFeed = 10;  ///< of Ctrl+Return, which begins a new line
 inline constexpr uint64_t FieldReturn = 13;
 inline constexpr uint64_t FieldPasteKey = 22;  ///< the character of Ctrl+V
 
-/// Whether a message changes the text. `parameter` is its first argument: a key or a character.
-/// Other control characters, such as that of Ctrl+V, lead to messages of their own.
+/// True when a message changes the text. `parameter` is its first argument: a key or a character.
+/// Of the control characters only backspace and the line feed count. Others, such as that of
+/// Ctrl+V, lead to messages of their own.
 bool ChangesFieldText(uint32_t message, uint64_t parameter);
 
 }  // namespace tallymere

@@ -14,7 +14,7 @@ void AddEdit(FieldEdits& edits, int64_t from, int64_t to, const KeyText& text) {
     edits.edits[edits.count++] = {from, to, text};
 }
 
-// Adds what InsertForAction tells.
+// Adds the edits that InsertForAction describes.
 void AddEditsForAction(FieldEdits& edits, KeyAction action, int64_t length,
                        const KeypadStyle& style) {
     calculator.formulaTouched = true;
@@ -27,7 +27,7 @@ void AddEditsForAction(FieldEdits& edits, KeyAction action, int64_t length,
             AddEdit(edits, 0, length, NoText);
             return;
         case ActionBackspace:
-            // The end of the formula counts, wherever the caret is.
+            // Erases at the end of the formula, wherever the caret is.
             if (length > 0) {
                 AddEdit(edits, length - 1, length, NoText);
             }

@@ -1,4 +1,4 @@
-// What a press of a key does to the formula, as edits of the formula field.
+// What a press of a key does. Changes of the formula are given as edits of the formula field.
 #pragma once
 
 #include <cstdint>
@@ -7,19 +7,19 @@
 
 namespace tallymere {
 
-/// A position that stands for the selection, or the caret where nothing is selected.
+/// Stands for the selection, or for the caret when nothing is selected.
 inline constexpr int64_t AtSelection = -1;
 
-/// Replaces the characters from `from` to before `to`, or the selection where `from` is
-/// AtSelection, and leaves the caret behind what it put there.
+/// Replaces the characters from `from` to before `to`; when `from` is AtSelection, replaces the
+/// selection. The caret is behind the new text then.
 struct FieldEdit {
     int64_t from;
     int64_t to;
     KeyText text;
 };
 
-/// Edits to be made in this order. The most are made by the key of the two parentheses after a
-/// result: it empties the formula first.
+/// Edits, to be made in this order. The key of the two parentheses needs three after a result: it
+/// empties the formula first.
 struct FieldEdits {
     FieldEdit edits[3] = {};
     int32_t count = 0;
@@ -28,19 +28,19 @@ struct FieldEdits {
     const FieldEdit* end() const { return edits + count; }
 };
 
-/// What an action from FirstFormulaAction to before FirstCommandAction does to a formula of
-/// `length` characters; the formula counts as touched from then on. ActionClearAll clears it and
-/// sets the calculator back (ResetCalculator); the result field is to be emptied too. An action
-/// that puts nothing into a formula raises UiErrorInternal.
+/// What an action does to a formula of `length` characters. The action is one from
+/// FirstFormulaAction to before FirstCommandAction; any other raises UiErrorInternal. The formula
+/// counts as touched then. ActionClearAll empties it and calls ResetCalculator; the caller must
+/// empty the result field too.
 FieldEdits InsertForAction(KeyAction action, int64_t length, const KeypadStyle& style);
 
-/// What the page does at a press of a key.
+/// What the page must do for a press of a key.
 enum KeyCommand : int32_t {
     KeyDoesNothing,
     KeyEditsFormula,    ///< make the edits
     KeyClearsAll,       ///< make the edits, empty the result field, hide the bracket mark
     KeyEvaluates,       ///< see BeginEvaluation
-    KeyShowsResult,     ///< the result has another form: show it anew
+    KeyShowsResult,     ///< the result has another form: show it again
     KeyShowsVariables,  ///< show the variables dialog beside the page
 };
 
@@ -52,12 +52,12 @@ struct KeyEffect {
 /// A press of the key at `index` with a formula of `length` characters. The settings of the
 /// calculator must be in force (RestoreCalcContext) and no error pending.
 ///
-/// A key that edits the formula marks the result as stale. If the formula was not touched since the
-/// result came, it is emptied first: the first key after a result starts a new formula, and only
-/// the key ans goes on with the result. The keys F↔S and R↔M act on a valid result alone.
+/// A key that edits the formula marks the result as stale. The first key after a result starts a
+/// new formula: if the formula was not touched since the result, it is emptied first. Only the key
+/// ans continues with the result. The keys F↔S and R↔M work only on a valid result.
 ///
-/// An index outside of 0 to 71 raises UiErrorInternal. Afterwards the page reports a pending error
-/// and, where a command raised it, marks the result as stale.
+/// An index outside 0 to 71 raises UiErrorInternal. Afterwards the page reports a pending error. If
+/// a command raised it, the page marks the result as stale.
 KeyEffect CalcKeyPressed(int32_t index, int64_t length, const KeypadStyle& style);
 
 }  // namespace tallymere

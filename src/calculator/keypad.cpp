@@ -6,7 +6,7 @@ namespace tallymere {
 
 namespace {
 
-// The first version that writes subscript digits in captions.
+// The first version of Windows that shows subscript digits in captions.
 constexpr uint32_t SubscriptVersion = 0x0600;
 
 enum KeyTypes : uint32_t {
@@ -158,8 +158,8 @@ const KeyRow* FindRow(int32_t index, NumberType type) {
     return nullptr;
 }
 
-// The arrow is small in the font of the others, and the Greek letter looks like a Latin one there;
-// the longest name of a complex function needs the room.
+// In the plain font the arrow is small, and the Greek letter looks like a Latin one. The longest
+// name of a complex function needs the narrow font.
 KeyFont FontOfKey(int32_t index) {
     switch (index) {
         case 1:

@@ -11,7 +11,7 @@ namespace tallymere {
 
 namespace {
 
-// Which notation of a decimal number the automatic one looks like.
+// What a result in automatic form looks like.
 enum AutomaticLook { LooksFixed, LooksScientific, LooksMixed };
 
 AutomaticLook LookOfReal(const RealNumber* x) {
@@ -21,7 +21,7 @@ AutomaticLook LookOfReal(const RealNumber* x) {
     return !RealIsSpecial(x) && hasExponent ? LooksScientific : LooksFixed;
 }
 
-// A part that is zero is not written beside one that is not, so only the other one counts.
+// A part that is zero is not written, so only the other part counts.
 AutomaticLook LookOfComplex(const ComplexNumber* z) {
     if (ComplexIsReal(z)) {
         return LookOfReal(RealPart(z));
@@ -33,7 +33,7 @@ AutomaticLook LookOfComplex(const ComplexNumber* z) {
     return LooksMixed;
 }
 
-// An exact number that is no integer looks as a fraction, like neither notation.
+// A fraction looks like neither of the two notations of decimal numbers.
 AutomaticLook LookOfResult() {
     switch (calculator.calcResultType) {
         case NumberTypeReal:

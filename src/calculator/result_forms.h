@@ -5,23 +5,24 @@
 
 namespace tallymere {
 
-/// What the key F↔S leads to: from automatic or mixed to fixed, from there to scientific, and back
-/// to automatic. A form that looks as automatic does is passed over, so that each press changes
-/// what is seen. Looks at calcResult, which must be a result under the settings in force.
+/// The form that the key F↔S leads to: from automatic or mixed to fixed, then to scientific, then
+/// back to automatic. A form that looks the same as automatic is skipped, so that each press
+/// changes the display. It depends on calcResult, which must be a result under the settings in
+/// force.
 ResultForm FormAfterNotationKey();
 
-/// What the key R↔M leads to: a fraction becomes mixed and from there automatic, an integer always
-/// automatic.
+/// The form that the key R↔M leads to: for a fraction mixed, then back to automatic; for an integer
+/// always automatic.
 ResultForm FormAfterMixedKey();
 
-/// Presses of the two keys: change the form of the result and return true if it is valid, the
-/// second only if it is of the type rat. The page then shows the result anew.
+/// A press of the key F↔S or R↔M. If the result is valid, and for R↔M of the type rat, changes its
+/// form and returns true. The page then shows the result again.
 bool SwitchNotation();
 bool SwitchMixed();
 
-/// The digits of calcResultText, an integer of the type uint: letters and digits behind the prefix
-/// of its base. -1 where the count that is shown stays as it is: for other types, and in
-/// scientific notation.
+/// The number of digits of calcResultText when it is an integer of the type uint. The prefix of the
+/// base does not count. -1 for other types and in scientific notation; the displayed count stays as
+/// it is then.
 int32_t ResultDigitCount();
 
 }  // namespace tallymere

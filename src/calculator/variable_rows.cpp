@@ -10,7 +10,7 @@ namespace tallymere {
 
 namespace {
 
-// A stored text with the decimal separator in force, copied only if that makes a difference.
+// A stored text with the decimal separator in force. It is copied only if it must be changed.
 const char16_t* TextInForce(ScratchScope& scope, const char16_t* stored) {
     const std::u16string_view text = stored;
     if (numberContext.decimalSeparators[0] == u'.' || text.find(u'.') == text.npos) {

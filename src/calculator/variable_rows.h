@@ -1,4 +1,4 @@
-// The rows in which the calculator hands its variables to the formula engine.
+// The calculator's variables as rows for the formula engine.
 #pragma once
 
 #include "core/scratch.h"
@@ -11,10 +11,11 @@ struct VariableRows {
     int64_t count;
 };
 
-/// Row 0 is `ans` with the text of the last result; the variables follow in the order of the table,
-/// each with the first decimal separator in force in place of ".". The rows, and the texts that had
-/// to be changed for that, are taken from `scope`; the rest stays where it is, so neither the table
-/// nor the result may change while the rows are in use.
+/// Row 0 is `ans` with the text of the last result. The variables follow in the order of the table.
+/// The texts have the first decimal separator in force in place of ".".
+///
+/// The rows, and texts that had to be changed, are on `scope`. Other texts are not copied, so
+/// neither the table nor the result may change while the rows are in use.
 VariableRows BuildVariableRows(ScratchScope& scope);
 
 }  // namespace tallymere

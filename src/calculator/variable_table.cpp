@@ -27,7 +27,7 @@ char16_t* NewText(int64_t characters) {
     return static_cast<char16_t*>(block);
 }
 
-// The buffers of the next free slot.
+// A variable with the buffers of the next free slot.
 Variable TakeSlot() {
     VariableTable& table = variableTable;
     if (table.count == table.madeCount) {
@@ -37,7 +37,7 @@ Variable TakeSlot() {
     return table.variables[table.count];
 }
 
-// The number of a name that is exactly "var" and two digits, else -1.
+// The number of a name that is "var" and two digits; -1 for any other name.
 int64_t NameNumber(std::u16string_view name) {
     if (name.size() != NumberedPrefix.size() + 2 || !name.starts_with(NumberedPrefix) ||
         !IsDecimalDigit(name[3]) || !IsDecimalDigit(name[4])) {
@@ -63,7 +63,7 @@ void WriteNewName(char16_t* name) {
     *end = 0;
 }
 
-// From the separators in force to the storage form, in place.
+// Converts a text with the separators in force to storage form, in place.
 void ConvertToStorageForm(char16_t* text) {
     char16_t* end = text;
     for (; *text != 0; text++) {

@@ -85,8 +85,7 @@ const char16_t* TakeVariableName(const VariablesDialog& dialog) {
         return nullptr;
     }
     calculator.formulaTouched = true;
-    // The result stays as it is shown: only what is typed into the formula or pressed on the keypad
-    // makes it stale.
+    // This does not make the result stale. Only typing into the formula and the keypad do.
     return variableTable.variables[dialog.selected].name;
 }
 

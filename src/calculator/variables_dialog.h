@@ -1,9 +1,10 @@
-// What the variables dialog decides: which variable its boxes show and when they are taken over.
+// What the variables dialog decides: which variable its boxes show, and when their texts go into
+// the table.
 //
-// The dialog shows the table in a list and the selected variable in two boxes. What is typed there
-// goes into the table by CommitBoxes: when a box loses the focus, and before the selection or the
-// table changes in any other way than by deleting. After the functions here the dialog makes list
-// and boxes show table and selection again and then calls BoxesWritten.
+// The dialog shows the table in a list, and the selected variable in two boxes. CommitBoxes puts
+// what is typed there into the table. The dialog calls it when a box loses the focus, and before
+// the selection or the table changes, except before a variable is deleted. After each function here
+// the dialog updates list and boxes and then calls BoxesWritten.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +19,7 @@ inline constexpr int64_t NoVariable = -1;
 /// What the dialog keeps besides the table.
 struct VariablesDialog {
     int64_t selected = NoVariable;  ///< the row whose variable the boxes show
-    bool nameChanged = false;       ///< the name box changed since it was written or taken over
+    bool nameChanged = false;       ///< the user changed the name box and it is not committed yet
     bool valueChanged = false;
 };
 
@@ -28,43 +29,45 @@ struct VariableBoxes {
     const char16_t* value;
 };
 
-/// Takes the text of the name box over for the variable at `index` if the box changed and there is
-/// such a variable. Returns whether the variable's row in the list is to be written anew. An
-/// invalid name raises UiErrorVariableName and is taken all the same, so that it can be mended.
+/// If the name box has changed and there is a variable at `index`, gives it the text of the box.
+/// Returns true when the variable's row in the list must be written again. An invalid name raises
+/// UiErrorVariableName, but is accepted, so that the user can correct it.
 bool CommitName(VariablesDialog& dialog, int64_t index, const char16_t* name);
 
-/// Likewise for the value box, whose text has the separators in force.
+/// The same for the value box. Its text has the separators in force.
 void CommitValue(VariablesDialog& dialog, int64_t index, const char16_t* value);
 
-/// Both for the selected variable; returns what CommitName does.
+/// Does both for the selected variable. Returns the result of CommitName.
 bool CommitBoxes(VariablesDialog& dialog, const VariableBoxes& boxes);
 
-/// Notes that the boxes show what the table has: to be called after each writing of the boxes,
-/// which they take for a change by the user.
+/// Notes that the boxes show what the table has. Call it after each writing of the boxes, because
+/// they report that as a change by the user.
 void BoxesWritten(VariablesDialog& dialog);
 
-/// Selects the variable at `index`; an index without variable selects none, and the boxes are
-/// empty. What was typed into the boxes and not taken over is forgotten.
+/// Selects the variable at `index`. An index without a variable selects none, and the boxes are
+/// empty. Text in the boxes that is not committed is lost.
 void SelectVariable(VariablesDialog& dialog, int64_t index);
 
-/// Whether the buttons insert, delete, assign and take name are enabled: a variable is selected.
+/// True when a variable is selected. Then the buttons insert, delete, assign and take name are
+/// enabled.
 bool IsVariableSelected(const VariablesDialog& dialog);
 
-/// The button add, with the count of variables for `position`, and insert, with the selected row:
-/// puts a new variable there, see AddVariable, and selects it. Returns false and does nothing where
-/// there can be none; the user is not told.
+/// The buttons add and insert: puts a new variable at `position`, see AddVariable, and selects it.
+/// The position is the count of variables for add, and the selected row for insert. When no
+/// variable can be added, returns false and does nothing; the user gets no message.
 bool AddAndSelectVariable(VariablesDialog& dialog, int64_t position);
 
-/// The button delete: removes the selected variable and selects the one that is in its row then, or
-/// the last one. Returns false without one. What is in the boxes belongs to the removed variable.
+/// The button delete: removes the selected variable. Selects the variable that is in its row then,
+/// or the last one. Returns false when none is selected. Text in the boxes that is not committed is
+/// lost.
 bool DeleteSelectedVariable(VariablesDialog& dialog);
 
-/// The button assign: the selected variable gets the text of the last result for its value. Returns
-/// false without one.
+/// The button assign: the value of the selected variable becomes the text of the last result.
+/// Returns false when none is selected.
 bool AssignResult(VariablesDialog& dialog);
 
-/// The button take name: the name of the selected variable, which goes into the formula in place of
-/// the selection there; the formula counts as touched. Null without one.
+/// The button take name: returns the name of the selected variable, null when none is selected. The
+/// page puts it into the formula in place of the selection there. The formula counts as touched.
 const char16_t* TakeVariableName(const VariablesDialog& dialog);
 
 }  // namespace tallymere

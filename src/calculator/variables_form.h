@@ -8,7 +8,7 @@
 
 namespace tallymere {
 
-/// The client area as it is made.
+/// The size of the client area at first.
 inline constexpr LayoutSize VariablesSize = {370, 230};
 
 enum VariablesControl : int32_t {
@@ -26,7 +26,8 @@ enum VariablesControl : int32_t {
     VariablesControlCount,
 };
 
-/// What has a 0 for y or a size gets it with the layout of the dialog, see PlaceVariablesControl.
+/// A 0 for y, width or height means that the layout of the dialog sets it, see
+/// PlaceVariablesControl.
 inline constexpr FormControl VariablesForm[] = {
     {FormWindow, FormStatic, {10, 10, 100, 20}, &UiText::TextVarVariables},
     {FormWindow, FormList, {10, 30, 120, 0}, nullptr},
@@ -42,15 +43,15 @@ inline constexpr FormControl VariablesForm[] = {
 };
 static_assert(std::size(VariablesForm) == VariablesControlCount);
 
-/// Distances from the right and the lower edge of the client area.
+/// Distances from the right or the lower edge of the client area.
 inline constexpr int32_t VariablesRightMargin = 10;   ///< to the value box
 inline constexpr int32_t VariablesButtonRoom = 65;    ///< to list and value box
-inline constexpr int32_t VariablesUpperButtons = 58;  ///< to the upper edge of a row of buttons
-inline constexpr int32_t VariablesLowerButtons = 30;  ///< likewise
+inline constexpr int32_t VariablesUpperButtons = 58;  ///< to the top of the upper row of buttons
+inline constexpr int32_t VariablesLowerButtons = 30;  ///< to the top of the lower row of buttons
 
-/// The place of a control in a client area, both in logical units: list and value box take the room
-/// that there is, the buttons stand in two rows at the bottom. In an area too small for that sizes
-/// are below 0, which the system takes as none.
+/// The place of a control in a client area, both in logical units. List and value box fill the
+/// area; the buttons stand in two rows at its bottom. In an area that is too small, sizes are
+/// negative; the system treats them as 0.
 constexpr LayoutRect PlaceVariablesControl(VariablesControl control, LayoutSize client) {
     LayoutRect place = VariablesForm[control].place;
     switch (control) {
@@ -76,7 +77,7 @@ constexpr LayoutRect PlaceVariablesControl(VariablesControl control, LayoutSize 
     return place;
 }
 
-/// Where the dialog is shown, beside the page: both places in pixels on the screen, at `dpi`.
+/// Where the dialog is shown: beside the page. Both places are in pixels of the screen, at `dpi`.
 constexpr LayoutPoint PlaceVariablesBeside(const LayoutRect& page, int32_t dpi) {
     return {page.x + page.width - ToPixels(5, dpi), page.y + ToPixels(50, dpi)};
 }
