@@ -95,11 +95,6 @@ constexpr bool InsertsFunction(KeyAction action) {
     return action >= FirstFunctionAction && action < FirstSymbolAction;
 }
 
-/// Whether the key has another caption and text with another angle unit.
-constexpr bool HasAngleUnit(KeyAction action) {
-    return (action >= ActionSin && action <= ActionAtan) || action == ActionArg;
-}
-
 /// Whether the key has another caption and text with another case of letters.
 constexpr bool IsLetterAction(KeyAction action) {
     return action >= ActionLetterA && action <= ActionLetterF;

@@ -16,6 +16,9 @@ struct KeypadStyle {
     uint32_t osVersionCode;  ///< of the system: major version << 8 | minor version
 };
 
+/// Whether the key has another caption and text with another angle unit.
+bool HasAngleUnit(KeyAction action);
+
 KeypadStyle StyleOfKeypad(const Settings& record, uint32_t osVersionCode);
 
 /// Characters of the longest text of a key, the terminating 0 not counted.

@@ -8,7 +8,7 @@
 #include "core/digit_text.h"
 #include "core/number_context.h"
 #include "core/number_scanner.h"
-#include "formula/formula_lexer.h"
+#include "formula/formula_names.h"
 #include "shell/text_sink.h"
 
 namespace tallymere {

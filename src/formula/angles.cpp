@@ -14,17 +14,12 @@ namespace tallymere {
 
 namespace {
 
-// The ids of each unit are a block of their own, in the same order.
-constexpr uint32_t FunctionsOfUnit = FunctionSinDegrees - FunctionSin;
-static_assert(FunctionAtanDegrees == FunctionAtan + FunctionsOfUnit);
-static_assert(FunctionSinGon == FunctionSin + 2 * FunctionsOfUnit);
-static_assert(FunctionAtanGon == FunctionAtan + 2 * FunctionsOfUnit);
-
 // Angles with exponents outside 0 to this are not tested.
 constexpr int64_t MaxTestedExponent = 8;
 
 void AngleToRadians(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
     switch (unit) {
+        case AngleUnit::None:
         case AngleUnit::Radians:
             RealCopy(dest, x);
             break;
@@ -39,6 +34,7 @@ void AngleToRadians(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
 
 void QuarterTurn(RealNumber* dest, AngleUnit unit) {
     switch (unit) {
+        case AngleUnit::None:
         case AngleUnit::Radians:
             // The arc sine of 1 is rounded once, which half of a rounded pi is not.
             RealSetOne(dest);
@@ -104,6 +100,7 @@ QuarterTurns ReduceAngleArgument(RealNumber* dest, const RealNumber* x, AngleUni
 
 void AngleFromRadians(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
     switch (unit) {
+        case AngleUnit::None:
         case AngleUnit::Radians:
             RealCopy(dest, x);
             break;
@@ -116,55 +113,49 @@ void AngleFromRadians(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
     }
 }
 
-bool IsCircularFunction(uint32_t functionId) {
-    return functionId >= FunctionSin && functionId <= FunctionAtanGon;
+void SineOfAngle(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
+    if (ReduceAngleArgument(dest, x, unit) == QuarterTurns::Even) {
+        RealSetZero(dest, 0);
+    } else {
+        RealSinRounded(dest, dest);
+    }
 }
 
-void ApplyCircularFunction(FormulaEvaluator& evaluator, const FormulaToken& function,
-                           RealNumber* dest, const RealNumber* x) {
-    const uint32_t index = function.id - FunctionSin;
-    const auto unit = static_cast<AngleUnit>(index / FunctionsOfUnit);
-    switch (FunctionSin + index % FunctionsOfUnit) {
-        case FunctionSin:
-            if (ReduceAngleArgument(dest, x, unit) == QuarterTurns::Even) {
-                RealSetZero(dest, 0);
-            } else {
-                RealSinRounded(dest, dest);
-            }
+void CosineOfAngle(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
+    if (ReduceAngleArgument(dest, x, unit) == QuarterTurns::Odd) {
+        RealSetZero(dest, 0);
+    } else {
+        RealCosRounded(dest, dest);
+    }
+}
+
+bool TangentOfAngle(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
+    switch (ReduceAngleArgument(dest, x, unit)) {
+        case QuarterTurns::Even:
+            RealSetZero(dest, 0);
             break;
-        case FunctionCos:
-            if (ReduceAngleArgument(dest, x, unit) == QuarterTurns::Odd) {
-                RealSetZero(dest, 0);
-            } else {
-                RealCosRounded(dest, dest);
-            }
-            break;
-        case FunctionTan:
-            switch (ReduceAngleArgument(dest, x, unit)) {
-                case QuarterTurns::Even:
-                    RealSetZero(dest, 0);
-                    break;
-                case QuarterTurns::Odd:
-                    SetFormulaError(evaluator, FormulaErrorOverflow, function);
-                    break;
-                case QuarterTurns::NoMultiple:
-                    RealTanRounded(dest, dest);
-                    break;
-            }
-            break;
-        case FunctionAsin:
-            RealAsinRounded(dest, x);
-            AngleFromRadians(dest, dest, unit);
-            break;
-        case FunctionAcos:
-            RealAcosRounded(dest, x);
-            AngleFromRadians(dest, dest, unit);
-            break;
-        default:
-            RealAtanRounded(dest, x);
-            AngleFromRadians(dest, dest, unit);
+        case QuarterTurns::Odd:
+            return false;
+        case QuarterTurns::NoMultiple:
+            RealTanRounded(dest, dest);
             break;
     }
+    return true;
+}
+
+void AngleOfSine(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
+    RealAsinRounded(dest, x);
+    AngleFromRadians(dest, dest, unit);
+}
+
+void AngleOfCosine(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
+    RealAcosRounded(dest, x);
+    AngleFromRadians(dest, dest, unit);
+}
+
+void AngleOfTangent(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
+    RealAtanRounded(dest, x);
+    AngleFromRadians(dest, dest, unit);
 }
 
 }  // namespace tallymere

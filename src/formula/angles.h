@@ -1,13 +1,14 @@
-// Angles in radians, degrees and gon: what the circular functions of formulas do about units, and
-// that sin(180 degrees) is 0 and no rounding residue.
+// Angles in radians, degrees and gon: what the trigonometric functions of formulas do about units,
+// and that sin(180 degrees) is 0 and no rounding residue.
+//
+// Precondition of all functions here: the unit is not AngleUnit::None. Every destination may be the
+// argument. Results are rounded, and those that fail note the code of their routine in functions/.
 #pragma once
 
 #include "core/real_number.h"
-#include "formula/formula_evaluator.h"
+#include "formula/angle_unit.h"
 
 namespace tallymere {
-
-enum class AngleUnit { Radians, Degrees, Gon };
 
 /// Whether an angle is a multiple of the quarter turn, and which.
 enum class QuarterTurns {
@@ -16,8 +17,7 @@ enum class QuarterTurns {
     Even = 2,
 };
 
-/// dest = the angle x in radians, rounded, and the answer whether x is a multiple of the quarter
-/// turn. dest may be x.
+/// dest = the angle x in radians, and the answer whether x is a multiple of the quarter turn.
 ///
 /// Zero is an even multiple. Beyond that only 1 <= |x| < 10^9 is looked at; smaller and larger
 /// angles are no multiples. A multiple in degrees or gon is one exactly. In radians, where the
@@ -25,17 +25,23 @@ enum class QuarterTurns {
 /// and p the precision; for p <= e + 2 that lets every angle pass.
 QuarterTurns ReduceAngleArgument(RealNumber* dest, const RealNumber* x, AngleUnit unit);
 
-/// dest = the angle x, in radians, in the unit; rounded. dest may be x.
+/// dest = the angle x, in radians, in the unit.
 void AngleFromRadians(RealNumber* dest, const RealNumber* x, AngleUnit unit);
 
-/// True for the ids of sine, cosine, tangent and their inverses in any unit.
-bool IsCircularFunction(uint32_t functionId);
+// dest = a function of the angle x. Angles in degrees and gon are rounded in radians on the way, so
+// the digits that a large one has before its point are missing from its sine. Zeros at multiples of
+// the quarter turn are exact and positive.
 
-/// dest = one of those functions of x. Angles in degrees and gon are rounded in radians on the way,
-/// so the digits that a large one has before its point are missing from its sine. The zeros of the
-/// forward functions are +0; a tangent at an odd multiple of the quarter turn is error 10203 at the
-/// function, and dest then an angle in radians. dest may be x.
-void ApplyCircularFunction(FormulaEvaluator& evaluator, const FormulaToken& function,
-                           RealNumber* dest, const RealNumber* x);
+void SineOfAngle(RealNumber* dest, const RealNumber* x, AngleUnit unit);
+void CosineOfAngle(RealNumber* dest, const RealNumber* x, AngleUnit unit);
+
+/// False at a pole, which is an odd multiple of the quarter turn. No code is noted then, and dest
+/// is the angle in radians.
+bool TangentOfAngle(RealNumber* dest, const RealNumber* x, AngleUnit unit);
+
+// dest = the angle with the sine, cosine or tangent x.
+void AngleOfSine(RealNumber* dest, const RealNumber* x, AngleUnit unit);
+void AngleOfCosine(RealNumber* dest, const RealNumber* x, AngleUnit unit);
+void AngleOfTangent(RealNumber* dest, const RealNumber* x, AngleUnit unit);
 
 }  // namespace tallymere

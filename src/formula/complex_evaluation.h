@@ -1,30 +1,30 @@
-// The functions of formulas in the number type cplx.
+// The functions of formulas that the number type cplx has of its own.
 //
-// Most are those of real: they take real values alone, and their result is real. Any other value
-// gives NaN and code 205.
+// The others are those of real; function_table.cpp has the rules by which they take complex values.
+// All results are rounded.
 #pragma once
 
 #include "core/complex_number.h"
-#include "formula/formula_evaluator.h"
+#include "formula/angle_unit.h"
 
 namespace tallymere {
 
-// dest = function of one, two or three arguments, rounded; dest may be a single argument, but none
-// of several. Errors and codes of the functions of real are those of RealApplyFunction1 and
-// RealApplyFunction2. Roots with a branch that is no integer from 0 to degree - 1, or with a degree
-// that is no integer from 1 to 2^61 - 1, are NaN and code 203.
+/// dest = the real part of z. dest may be z.
+void ComplexTakeRealPart(ComplexNumber* dest, const ComplexNumber* z);
 
-/// Beyond the functions of real: the modulus, the angle in three units, the parts, and whole and
-/// rest part by part.
-void ComplexApplyFunction1(FormulaEvaluator& evaluator, const FormulaToken& function,
-                           ComplexNumber* dest, const ComplexNumber* z);
+/// dest = the imaginary part of z, as a real value. dest may be z.
+void ComplexTakeImaginaryPart(ComplexNumber* dest, const ComplexNumber* z);
 
-/// Beyond the functions of real: sqrtc(z; branch) and cbrtc(z; branch).
-void ComplexApplyFunction2(uint32_t functionId, ComplexNumber* dest, const ComplexNumber* a,
-                           const ComplexNumber* b);
+/// dest = the angle of z in the unit: above -half a turn, up to half a turn. dest may be z.
+/// Precondition: the unit is not AngleUnit::None.
+void ComplexAngle(ComplexNumber* dest, const ComplexNumber* z, AngleUnit unit);
 
-/// rootc(degree; z; branch).
-void ComplexApplyFunction3(uint32_t functionId, ComplexNumber* dest, const ComplexNumber* a,
-                           const ComplexNumber* b, const ComplexNumber* c);
+// dest = one branch of a root of z. dest is none of the arguments. NaN and CalcErrorUndefined for a
+// branch that is no integer from 0 to degree - 1, and for a degree that is no integer from 1 to
+// 2^61 - 1.
+void ComplexSqrtOfBranch(ComplexNumber* dest, const ComplexNumber* z, const ComplexNumber* branch);
+void ComplexCbrtOfBranch(ComplexNumber* dest, const ComplexNumber* z, const ComplexNumber* branch);
+void ComplexRootOfBranch(ComplexNumber* dest, const ComplexNumber* degree, const ComplexNumber* z,
+                         const ComplexNumber* branch);
 
 }  // namespace tallymere

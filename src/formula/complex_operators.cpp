@@ -2,7 +2,6 @@
 
 #include "core/complex_arithmetic.h"
 #include "core/real_integer.h"
-#include "formula/formula_token.h"
 #include "formula/real_power.h"
 #include "functions/complex_powers.h"
 
@@ -22,7 +21,9 @@ bool IsNegative(const ComplexNumber* z) {
     return RealSign(RealPart(z)) != 0;
 }
 
-void Multiply(ComplexNumber* a, const ComplexNumber* b) {
+}  // namespace
+
+void ComplexMultiplyBy(ComplexNumber* a, const ComplexNumber* b) {
     uint64_t k = 0;
     if (ComplexToUint(&k, a)) {
         MultiplyBySmall(a, b, k, IsNegative(a));
@@ -33,7 +34,7 @@ void Multiply(ComplexNumber* a, const ComplexNumber* b) {
     }
 }
 
-void Divide(ComplexNumber* a, const ComplexNumber* b) {
+void ComplexDivideBy(ComplexNumber* a, const ComplexNumber* b) {
     uint64_t k = 0;
     if (!ComplexToUint(&k, b)) {
         ComplexDiv(a, a, b);
@@ -45,7 +46,7 @@ void Divide(ComplexNumber* a, const ComplexNumber* b) {
     }
 }
 
-void Power(ComplexNumber* a, const ComplexNumber* b) {
+void ComplexRaiseTo(ComplexNumber* a, const ComplexNumber* b) {
     if (!ComplexIsReal(b)) {
         ComplexSetNaN(a, CalcErrorComplexNotAllowed);
     } else if (ComplexIsReal(a)) {
@@ -56,31 +57,8 @@ void Power(ComplexNumber* a, const ComplexNumber* b) {
     }
 }
 
-}  // namespace
-
-void ComplexApplyOperator(uint32_t operatorId, ComplexNumber* a, const ComplexNumber* b) {
-    switch (operatorId) {
-        case OperatorAdd:
-            ComplexAdd(a, a, b);
-            break;
-        case OperatorSubtract:
-            ComplexSub(a, a, b);
-            break;
-        case OperatorMultiply:
-            Multiply(a, b);
-            break;
-        case OperatorDivide:
-            Divide(a, b);
-            break;
-        case OperatorPower:
-            Power(a, b);
-            break;
-        case OperatorMod:
-            ComplexDivMod(nullptr, a, a, b);
-            break;
-        default:
-            ComplexSetNaN(a, CalcErrorUnknownType);
-    }
+void ComplexReduceModulo(ComplexNumber* a, const ComplexNumber* b) {
+    ComplexDivMod(nullptr, a, a, b);
 }
 
 void ComplexSetImaginaryUnit(ComplexNumber* z) {

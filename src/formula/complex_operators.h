@@ -1,15 +1,25 @@
-// The operators of formulas in the number type cplx, and the imaginary unit.
+// The operators of formulas in the number type cplx that need more than a routine of core/, and the
+// imaginary unit. operator_table.cpp says which operator has which routine.
 #pragma once
 
 #include "core/complex_number.h"
 
 namespace tallymere {
 
-/// a = a (operator) b for OperatorAdd to OperatorMod, rounded. Products and quotients with a real
-/// machine integer go part by part. mod is for two real values, and so is ^ but for integers of the
-/// signed 64-bit range as exponents of any a: otherwise NaN and code 205, for ^ with a real b code
-/// 203. NaN and code 102 for an operator without an operation.
-void ComplexApplyOperator(uint32_t operatorId, ComplexNumber* a, const ComplexNumber* b);
+// a = a (operator) b, rounded. Products and quotients with a real machine integer go part by part.
+
+void ComplexMultiplyBy(ComplexNumber* a, const ComplexNumber* b);
+
+/// A part that is divided by 0 is an infinity and CalcErrorOverflow, or NaN and CalcErrorUndefined.
+void ComplexDivideBy(ComplexNumber* a, const ComplexNumber* b);
+
+/// The remainder, as RealReduceModulo. NaN and CalcErrorComplexNotAllowed unless both are real.
+void ComplexReduceModulo(ComplexNumber* a, const ComplexNumber* b);
+
+/// The power, as RealApplyPower where both are real. Otherwise b is an integer of the signed 64-bit
+/// range: NaN and CalcErrorComplexNotAllowed when it is not real, CalcErrorUndefined when it is
+/// real but no such integer.
+void ComplexRaiseTo(ComplexNumber* a, const ComplexNumber* b);
 
 /// z = i.
 void ComplexSetImaginaryUnit(ComplexNumber* z);

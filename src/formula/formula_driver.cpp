@@ -6,6 +6,7 @@
 #include "formula/formula_operands.h"
 #include "formula/formula_reduction.h"
 #include "formula/formula_stack.h"
+#include "formula/operator_table.h"
 #include "values/value_operations.h"
 
 namespace tallymere {
@@ -14,12 +15,12 @@ namespace {
 
 // True when the `;` on top of the stack ends an argument of a function.
 bool SeparatesArguments(const FormulaEvaluator& evaluator) {
-    if (StackId(evaluator, 1) != TokenValue) {
+    if (StackKind(evaluator, 1) != TokenValue) {
         return false;
     }
-    const uint32_t before = StackId(evaluator, 2);
+    const TokenKind before = StackKind(evaluator, 2);
     return before == TokenSeparator ||
-           (before == TokenLeftParen && IsFunctionId(StackId(evaluator, 3)));
+           (before == TokenLeftParen && StackKind(evaluator, 3) == TokenFunction);
 }
 
 void EndFormula(FormulaEvaluator& evaluator, const FormulaToken& token) {
@@ -27,7 +28,7 @@ void EndFormula(FormulaEvaluator& evaluator, const FormulaToken& token) {
     if (evaluator.error != FormulaErrorNone) {
         return;
     }
-    if (evaluator.top == 0 && StackId(evaluator, 0) == TokenValue) {
+    if (evaluator.top == 0 && StackKind(evaluator, 0) == TokenValue) {
         ValueCopy(evaluator.result, evaluator.stack[0].value);
     } else {
         SetFormulaError(evaluator, FormulaErrorUnexpectedEnd, token);
@@ -37,48 +38,75 @@ void EndFormula(FormulaEvaluator& evaluator, const FormulaToken& token) {
 // The two halves of the driver table, by what stands on top of the stack. False when the token may
 // not stand there.
 bool ActAfterValue(FormulaEvaluator& evaluator, const FormulaToken& token) {
-    if (token.id == TokenEnd) {
-        EndFormula(evaluator, token);
-    } else if (IsOperatorId(token.id) || token.id == TokenRightParen) {
-        ReduceOnToken(evaluator, token);
-    } else if (token.id == TokenSeparator) {
-        ReduceOnToken(evaluator, token);
-        return evaluator.error != FormulaErrorNone || SeparatesArguments(evaluator);
-    } else {
-        return false;
+    switch (token.kind) {
+        case TokenEnd:
+            EndFormula(evaluator, token);
+            return true;
+        case TokenOperator:
+        case TokenRightParen:
+            ReduceOnToken(evaluator, token);
+            return true;
+        case TokenSeparator:
+            ReduceOnToken(evaluator, token);
+            return evaluator.error != FormulaErrorNone || SeparatesArguments(evaluator);
+        case TokenNone:
+        case TokenInvalid:
+        case TokenValue:
+        case TokenLeftParen:
+        case TokenImaginaryUnit:
+        case TokenFunction:
+        case TokenConstant:
+        case TokenIdentifier:
+            break;
     }
-    return true;
+    return false;
 }
 
 bool ActBeforeOperand(FormulaEvaluator& evaluator, const FormulaToken& token) {
-    const uint32_t below = StackId(evaluator, 0);
-    if (!OperandMayFollow(evaluator) && !(IsFunctionId(below) && token.id == TokenLeftParen)) {
+    const TokenKind below = StackKind(evaluator, 0);
+    if (below == TokenFunction ? token.kind != TokenLeftParen : !OperandMayFollow(evaluator)) {
         return false;
     }
-    if (IsConstantId(token.id)) {
-        PushConstant(evaluator, token);
-    } else if (token.id == TokenIdentifier) {
-        PushVariable(evaluator, token);
-    } else if (token.id == TokenLeftParen || IsFunctionId(token.id) ||
-               (IsSignId(token.id) && !IsOperatorId(below))) {
-        PushFormulaToken(evaluator, token);
-    } else {
-        return false;
+    switch (token.kind) {
+        case TokenConstant:
+            PushConstant(evaluator, token);
+            return true;
+        case TokenIdentifier:
+            PushVariable(evaluator, token);
+            return true;
+        case TokenLeftParen:
+        case TokenFunction:
+            PushFormulaToken(evaluator, token);
+            return true;
+        case TokenOperator:
+            if (OperatorOf(token.operation).sign == nullptr || below == TokenOperator) {
+                return false;
+            }
+            PushFormulaToken(evaluator, token);
+            return true;
+        case TokenNone:
+        case TokenEnd:
+        case TokenInvalid:
+        case TokenValue:
+        case TokenRightParen:
+        case TokenSeparator:
+        case TokenImaginaryUnit:
+            break;
     }
-    return true;
+    return false;
 }
 
 bool ActOnToken(FormulaEvaluator& evaluator, const FormulaToken& token) {
-    if (token.id == TokenValue) {
+    if (token.kind == TokenValue) {
         ParseNumberToken(evaluator, token);
         return true;
     }
-    if (token.id == TokenImaginaryUnit) {
+    if (token.kind == TokenImaginaryUnit) {
         ApplyImaginaryUnit(evaluator, token);
         return true;
     }
-    return StackId(evaluator, 0) == TokenValue ? ActAfterValue(evaluator, token)
-                                               : ActBeforeOperand(evaluator, token);
+    return StackKind(evaluator, 0) == TokenValue ? ActAfterValue(evaluator, token)
+                                                 : ActBeforeOperand(evaluator, token);
 }
 
 // The operations note a CalcError and leave a number, so one check after each token suffices. It
@@ -99,7 +127,7 @@ void CheckCalcError(FormulaEvaluator& evaluator, const FormulaToken& token) {
 
 void AcceptFormulaToken(FormulaEvaluator& evaluator, const FormulaToken& token) {
     if (!ActOnToken(evaluator, token)) {
-        const bool atEnd = token.id == TokenEnd;
+        const bool atEnd = token.kind == TokenEnd;
         SetFormulaError(evaluator, atEnd ? FormulaErrorUnexpectedEnd : FormulaErrorSyntax, token);
     }
     CheckCalcError(evaluator, token);
@@ -112,8 +140,12 @@ void RunFormula(FormulaEvaluator& evaluator) {
     uint64_t position = 0;
     do {
         NextFormulaToken(evaluator, token, position);
-        AcceptFormulaToken(evaluator, token);
-    } while (evaluator.error == FormulaErrorNone && token.id != TokenEnd);
+        if (AbortRequested()) {
+            SetFormulaAborted(evaluator);
+        } else {
+            AcceptFormulaToken(evaluator, token);
+        }
+    } while (evaluator.error == FormulaErrorNone && token.kind != TokenEnd);
     if (evaluator.error != FormulaErrorNone) {
         ValueZero(evaluator.result);
     }

@@ -1,10 +1,10 @@
 // The driver: a left-to-right operator-precedence machine on one stack, without a syntax tree.
 //
-// The lexer delivers one token at a time; the pair of its id and the id on top of the stack decides
-// what happens, and operators and functions are applied as soon as precedence allows. What follows
-// from that and may surprise: there is no implicit multiplication except with `i`; a sign stands
-// only at the start and after `(` and `;`; and it binds like a sum, so -2^2 is -4 and -3 mod 2 is
-// -(3 mod 2).
+// The lexer delivers one token at a time. The kind of that token and the kind of the entry on top
+// of the stack decide what happens. Operators and functions are applied as soon as the levels in
+// operator_table.cpp allow it. Three rules may surprise. There is no implicit multiplication except
+// with `i`. A sign stands only at the start and after `(` and `;`. A sign binds like a sum, so -2^2
+// is -4 and -3 mod 2 is -(3 mod 2).
 #pragma once
 
 #include "formula/formula_evaluator.h"
@@ -12,9 +12,10 @@
 namespace tallymere {
 
 /// Evaluates the text, with the variables that ResolveUsedVariables left in the evaluator.
-/// Afterwards either error is 0 and *result holds the value, or the error fields are set and
-/// *result is 0. An operation that notes a CalcError makes error 10203 at the token that triggered
-/// it, or 10210 for a request to stop. The ScratchStack is as it was found; `stack` and
+/// Afterwards either error is FormulaErrorNone and *result holds the value, or the error fields are
+/// set and *result is 0. An operation that notes a CalcError makes FormulaErrorOverflow at the
+/// token that triggered it. A request to stop makes FormulaErrorAborted; it is looked for before
+/// every token and within long operations. The ScratchStack is as it was found; `stack` and
 /// `usedVariables` are null.
 void RunFormula(FormulaEvaluator& evaluator);
 

@@ -1,9 +1,14 @@
 #include "formula/formula_lexer.h"
 
+#include <string>
+
 #include "core/digit_text.h"
 #include "core/number_scanner.h"
 #include "core/text_flags.h"
-#include "formula/formula_keywords.h"
+#include "formula/constant_table.h"
+#include "formula/formula_names.h"
+#include "formula/function_table.h"
+#include "formula/operator_table.h"
 
 namespace tallymere {
 
@@ -17,27 +22,42 @@ bool IsHexLetter(char16_t c) {
     return (c >= u'A' && c <= u'F') || (c >= u'a' && c <= u'f');
 }
 
-uint32_t SymbolId(char16_t c) {
-    switch (c) {
-        case u'+':
-            return OperatorAdd;
-        case u'-':
-            return OperatorSubtract;
-        case u'*':
-            return OperatorMultiply;
-        case u'/':
-            return OperatorDivide;
-        case u'^':
-            return OperatorPower;
-        case u'(':
-            return TokenLeftParen;
-        case u')':
-            return TokenRightParen;
-        case u';':
-            return TokenSeparator;
-        default:
-            return TokenInvalid;
+// Sets the kind and the id of a run of letters and digits.
+void ReadName(FormulaToken& token, const char16_t* text, uint64_t length) {
+    if (const FunctionRow* function = FindFunction(text, length); function != nullptr) {
+        token.kind = TokenFunction;
+        token.function = function->id;
+    } else if (const ConstantRow* constant = FindConstant(text, length); constant != nullptr) {
+        token.kind = TokenConstant;
+        token.constant = constant->id;
+    } else if (const OperatorRow* word = FindWordOperator(text, length); word != nullptr) {
+        token.kind = TokenOperator;
+        token.operation = word->id;
+    } else {
+        token.kind = TokenIdentifier;
     }
+}
+
+// Sets the kind and the id of the symbol that the text begins with, and returns its length.
+uint64_t ReadSymbol(FormulaToken& token, const char16_t* text) {
+    switch (text[0]) {
+        case u'(':
+            token.kind = TokenLeftParen;
+            return 1;
+        case u')':
+            token.kind = TokenRightParen;
+            return 1;
+        case u';':
+            token.kind = TokenSeparator;
+            return 1;
+    }
+    if (const OperatorRow* row = FindSymbolOperator(text); row != nullptr) {
+        token.kind = TokenOperator;
+        token.operation = row->id;
+        return std::char_traits<char16_t>::length(row->spelling);
+    }
+    token.kind = TokenInvalid;
+    return 0;
 }
 
 // The index behind the number that starts with the digit at `start`.
@@ -62,11 +82,6 @@ uint64_t NumberEnd(const char16_t* text, uint64_t start, uint64_t flags) {
 }
 
 }  // namespace
-
-bool IsNameLetter(char16_t c) {
-    return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z') || c == u'_' ||
-           (c >= 0x03B1 && c <= 0x03C9) || (c >= 0x0391 && c <= 0x03A9);
-}
 
 uint32_t NumberBase(const char16_t* text) {
     if (text[0] != u'0') {
@@ -97,29 +112,25 @@ void NextFormulaToken(const FormulaEvaluator& evaluator, FormulaToken& token, ui
     token.position = start;
     token.value = nullptr;
     if (c == 0) {
-        token.id = TokenEnd;
+        token.kind = TokenEnd;
         token.length = 0;
         return;
     }
     if (IsDecimalDigit(c)) {
-        token.id = TokenValue;
+        token.kind = TokenValue;
         position = NumberEnd(text, start, evaluator.flags);
     } else if (IsImaginaryChar(c) && !IsNameLetter(text[start + 1]) &&
                !IsDecimalDigit(text[start + 1])) {
-        token.id = TokenImaginaryUnit;
+        token.kind = TokenImaginaryUnit;
         position++;
         return;
     } else if (IsNameLetter(c)) {
         do {
             position++;
         } while (IsNameLetter(text[position]) || IsDecimalDigit(text[position]));
-        const FormulaKeyword* keyword = FindKeyword(text + start, position - start);
-        token.id = keyword != nullptr ? keyword->id : uint32_t{TokenIdentifier};
+        ReadName(token, text + start, position - start);
     } else {
-        token.id = SymbolId(c);
-        if (token.id != TokenInvalid) {
-            position++;
-        }
+        position += ReadSymbol(token, text + start);
     }
     token.length = position - start;
 }

@@ -2,6 +2,7 @@
 
 #include "core/number_context.h"
 #include "formula/complex_operators.h"
+#include "formula/constant_table.h"
 #include "formula/formula_lexer.h"
 #include "formula/formula_stack.h"
 #include "formula/operation_dispatch.h"
@@ -18,7 +19,7 @@ uint64_t* PushOperand(FormulaEvaluator& evaluator, const FormulaToken& token) {
         return nullptr;
     }
     FormulaToken& entry = evaluator.stack[evaluator.top];
-    entry.id = TokenValue;
+    entry.kind = TokenValue;
     return entry.value;
 }
 
@@ -51,10 +52,12 @@ void PushConstant(FormulaEvaluator& evaluator, const FormulaToken& token) {
     if (value == nullptr) {
         return;
     }
-    if (token.id == ConstantPi) {
-        ValuePi(value);
+    const ConstantRoutine routine =
+        RoutineOf(ConstantOf(token.constant).routines, numberContext.numberType);
+    if (routine != nullptr) {
+        routine(value);
     } else {
-        SetFormulaError(evaluator, FormulaErrorInternal, token);
+        ValueSetUnavailable(value);
     }
 }
 
@@ -74,7 +77,7 @@ void PushVariable(FormulaEvaluator& evaluator, const FormulaToken& token) {
 void ApplyImaginaryUnit(FormulaEvaluator& evaluator, const FormulaToken& token) {
     if (numberContext.numberType != NumberTypeComplex) {
         SetFormulaError(evaluator, FormulaErrorNeedsComplex, token);
-    } else if (StackId(evaluator, 0) == TokenValue) {
+    } else if (StackKind(evaluator, 0) == TokenValue) {
         if (!ComplexTurnImaginary(ComplexAt(evaluator.stack[evaluator.top].value))) {
             SetFormulaError(evaluator, FormulaErrorBadNumber, token);
         }

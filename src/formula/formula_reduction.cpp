@@ -2,23 +2,30 @@
 
 #include <utility>
 
-#include "formula/formula_keywords.h"
 #include "formula/formula_stack.h"
+#include "formula/function_table.h"
 #include "formula/operation_dispatch.h"
-#include "values/value_operations.h"
+#include "formula/operator_table.h"
 
 namespace tallymere {
 
 namespace {
 
-// True when the operator on the stack is applied before the one that comes.
-bool BindsFirst(uint32_t onStack, uint32_t coming) {
-    return IsSignId(onStack) ? IsSignId(coming) : coming != OperatorPower;
+// True when an operator stands below the value on top and is applied before the one that comes. An
+// operator with the same spelling as a sign has the level of that sign.
+bool BindsFirst(const FormulaEvaluator& evaluator, OperatorId coming) {
+    if (StackKind(evaluator, 1) != TokenOperator) {
+        return false;
+    }
+    const OperatorRow& left = OperatorOf(evaluator.stack[evaluator.top - 1].operation);
+    const OperatorRow& right = OperatorOf(coming);
+    return left.level == right.level ? left.associativity == Associativity::LeftToRight
+                                     : left.level > right.level;
 }
 
 void ReduceOnOperator(FormulaEvaluator& evaluator, const FormulaToken& token) {
-    while (IsOperatorId(StackId(evaluator, 1)) && BindsFirst(StackId(evaluator, 1), token.id)) {
-        ApplyOperator(evaluator, token);
+    while (BindsFirst(evaluator, token.operation)) {
+        ApplyOperator(evaluator);
         if (evaluator.error != FormulaErrorNone) {
             return;
         }
@@ -26,18 +33,18 @@ void ReduceOnOperator(FormulaEvaluator& evaluator, const FormulaToken& token) {
     PushFormulaToken(evaluator, token);
 }
 
-void ReduceAllOperators(FormulaEvaluator& evaluator, const FormulaToken& token) {
-    while (IsOperatorId(StackId(evaluator, 1)) && evaluator.error == FormulaErrorNone) {
-        ApplyOperator(evaluator, token);
+void ReduceAllOperators(FormulaEvaluator& evaluator) {
+    while (StackKind(evaluator, 1) == TokenOperator && evaluator.error == FormulaErrorNone) {
+        ApplyOperator(evaluator);
     }
 }
 
 void ReduceOnSeparator(FormulaEvaluator& evaluator, const FormulaToken& token) {
-    ReduceAllOperators(evaluator, token);
+    ReduceAllOperators(evaluator);
     if (evaluator.error != FormulaErrorNone) {
         return;
     }
-    const uint32_t below = StackId(evaluator, 1);
+    const TokenKind below = StackKind(evaluator, 1);
     if (below == TokenSeparator || below == TokenLeftParen) {
         PushFormulaToken(evaluator, token);
     } else {
@@ -50,24 +57,21 @@ void CallFunction(FormulaEvaluator& evaluator, const FormulaToken& token) {
     FormulaToken* stack = evaluator.stack;
     int64_t argumentCount = 1;
     int64_t index = evaluator.top - 1;
-    while (index >= 0 && stack[index].id == TokenSeparator) {
+    while (index >= 0 && stack[index].kind == TokenSeparator) {
         argumentCount++;
-        if (index == 0 || stack[index - 1].id != TokenValue) {
+        if (index == 0 || stack[index - 1].kind != TokenValue) {
             SetFormulaError(evaluator, FormulaErrorSyntax, stack[index == 0 ? 0 : index - 1]);
             return;
         }
         index -= 2;
     }
-    const FormulaKeyword* keyword = nullptr;
-    if (index >= 1 && stack[index].id == TokenLeftParen) {
-        keyword = FindKeywordById(stack[index - 1].id);
-    }
-    if (keyword == nullptr) {
+    if (index < 1 || stack[index].kind != TokenLeftParen ||
+        stack[index - 1].kind != TokenFunction) {
         SetFormulaError(evaluator, FormulaErrorInternal, token);
         return;
     }
     FormulaToken& function = stack[index - 1];
-    if (keyword->argumentCount != argumentCount) {
+    if (ArgumentCount(FunctionOf(function.function)) != argumentCount) {
         SetFormulaError(evaluator, FormulaErrorArgumentCount, function);
         return;
     }
@@ -88,12 +92,12 @@ void CallFunction(FormulaEvaluator& evaluator, const FormulaToken& token) {
 }
 
 void ReduceOnRightParen(FormulaEvaluator& evaluator, const FormulaToken& token) {
-    ReduceAllOperators(evaluator, token);
+    ReduceAllOperators(evaluator);
     if (evaluator.error != FormulaErrorNone) {
         return;
     }
-    const uint32_t below = StackId(evaluator, 1);
-    const bool afterFunction = IsFunctionId(StackId(evaluator, 2));
+    const TokenKind below = StackKind(evaluator, 1);
+    const bool afterFunction = StackKind(evaluator, 2) == TokenFunction;
     if (below == TokenSeparator || (below == TokenLeftParen && afterFunction)) {
         CallFunction(evaluator, token);
     } else if (below == TokenLeftParen) {
@@ -110,38 +114,33 @@ void ReduceOnRightParen(FormulaEvaluator& evaluator, const FormulaToken& token) 
 }  // namespace
 
 void ReduceOnToken(FormulaEvaluator& evaluator, const FormulaToken& token) {
-    if (IsOperatorId(token.id)) {
+    if (token.kind == TokenOperator) {
         ReduceOnOperator(evaluator, token);
-    } else if (token.id == TokenRightParen) {
+    } else if (token.kind == TokenRightParen) {
         ReduceOnRightParen(evaluator, token);
-    } else if (token.id == TokenSeparator) {
+    } else if (token.kind == TokenSeparator) {
         ReduceOnSeparator(evaluator, token);
     } else {
-        ReduceAllOperators(evaluator, token);
+        ReduceAllOperators(evaluator);
     }
 }
 
-void ApplyOperator(FormulaEvaluator& evaluator, const FormulaToken& token) {
+void ApplyOperator(FormulaEvaluator& evaluator) {
     FormulaToken& right = evaluator.stack[evaluator.top];
     FormulaToken& operation = evaluator.stack[evaluator.top - 1];
-    if (operation.id < OperatorAdd || operation.id > OperatorMod) {
-        SetFormulaError(evaluator, FormulaErrorInternal, token);
-        return;
-    }
-    const uint32_t below = StackId(evaluator, 2);
+    const TokenKind below = StackKind(evaluator, 2);
     if (below == TokenValue) {
         FormulaToken& left = evaluator.stack[evaluator.top - 2];
-        ApplyBinaryOperator(evaluator, operation.id, left.value, right.value);
+        ApplyBinaryOperator(evaluator, operation.operation, left.value, right.value);
         TurnIntoValue(left, right);
         evaluator.top -= 2;
     } else if (below == TokenNone || below == TokenLeftParen || below == TokenSeparator) {
-        if (!IsSignId(operation.id)) {
+        const SignRoutine sign = OperatorOf(operation.operation).sign;
+        if (sign == nullptr) {
             SetFormulaError(evaluator, FormulaErrorSyntax, operation);
             return;
         }
-        if (operation.id == OperatorSubtract) {
-            ValueNegate(right.value, right.value);
-        }
+        sign(right.value);
         TurnIntoValue(operation, right);
         std::swap(operation.value, right.value);
         evaluator.top--;

@@ -5,22 +5,24 @@
 
 namespace tallymere {
 
-/// With a value on top of the stack: applies what binds tighter than the token - an operator, `)`,
-/// `;` or the end of the text - and then lets the token act: an operator or `;` is pushed, `)`
-/// closes its parentheses or calls its function.
+/// With a value on top of the stack: applies the operators that bind tighter than the token, which
+/// is an operator, `)`, `;` or the end of the text. Then the token acts: an operator or `;` is
+/// pushed, `)` closes its parentheses or calls its function.
 ///
-/// Level 3 is `^`, from right to left; level 2 `*`, `/` and mod; level 1 `+`, `-` and the signs.
+/// Level and associativity in operator_table.cpp say which of two operators is applied first.
 ///
-/// Errors: 10200 at the value before a `;` that stands in no parentheses; 10201 at a `)` without
-/// `(`; 10206 at a function with a wrong number of arguments; and those of the operations.
+/// Errors: FormulaErrorSyntax at the value before a `;` that stands in no parentheses;
+/// FormulaErrorLeftParenMissing at a `)` without `(`; FormulaErrorArgumentCount at a function with
+/// a wrong number of arguments; FormulaErrorInternal at the token for arguments without a function;
+/// and those of the operations.
 void ReduceOnToken(FormulaEvaluator& evaluator, const FormulaToken& token);
 
-/// Applies the operator below the value on top, as a binary operator when a value lies below it and
-/// else as a sign. The result stands where the left operand, or the sign, stood.
+/// With a value on top of the stack and an operator below it: applies the operator, as a binary one
+/// when a value lies below it and else as a sign. The result stands where the left operand, or the
+/// sign, stood.
 ///
-/// `token` is the one that led here. Errors: 10200 at an operator that is no sign but has no left
-/// operand, and at an entry below it that is no operand; 10205 at the token for an unknown
-/// operator.
-void ApplyOperator(FormulaEvaluator& evaluator, const FormulaToken& token);
+/// Errors: FormulaErrorSyntax at an operator that is no sign but has no left operand, and at an
+/// entry below the operator that is no operand.
+void ApplyOperator(FormulaEvaluator& evaluator);
 
 }  // namespace tallymere

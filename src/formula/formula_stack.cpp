@@ -25,9 +25,9 @@ bool PushFormulaToken(FormulaEvaluator& evaluator, const FormulaToken& token) {
     }
     evaluator.top++;
     FormulaToken& entry = evaluator.stack[evaluator.top];
-    entry.id = token.id;
-    entry.position = token.position;
-    entry.length = token.length;
+    uint64_t* slot = entry.value;
+    entry = token;
+    entry.value = slot;
     if (evaluator.top > evaluator.slotMark) {
         const auto words = static_cast<int64_t>(evaluator.elementSize) / BytesPerWord;
         entry.value = ScratchTake(CurrentScratchStack(), words);

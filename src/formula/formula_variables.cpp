@@ -16,10 +16,10 @@ void CollectUsedVariables(FormulaEvaluator& evaluator) {
     uint64_t position = 0;
     do {
         NextFormulaToken(evaluator, token, position);
-        if (token.id == TokenIdentifier) {
+        if (token.kind == TokenIdentifier) {
             NoteUsedVariable(evaluator, token);
         }
-    } while (evaluator.error == FormulaErrorNone && !EndsFormula(token.id));
+    } while (evaluator.error == FormulaErrorNone && !EndsFormula(token.kind));
 }
 
 void EvaluateUsedVariable(FormulaEvaluator& outer, UsedVariable& used) {

@@ -6,47 +6,23 @@
 #include "core/real_text.h"
 #include "exact/big_uint_text.h"
 #include "exact/rational_text.h"
-#include "formula/complex_evaluation.h"
-#include "formula/complex_operators.h"
-#include "formula/rational_evaluation.h"
-#include "formula/rational_operators.h"
-#include "formula/real_evaluation.h"
-#include "formula/real_operators.h"
-#include "formula/uint_evaluation.h"
-#include "formula/uint_operators.h"
+#include "formula/function_table.h"
+#include "formula/operator_table.h"
 #include "values/value_operations.h"
 
 namespace tallymere {
 
 namespace {
 
-bool NeedsComplexType(uint32_t functionId) {
-    switch (functionId) {
-        case FunctionComplexSqrt:
-        case FunctionComplexCbrt:
-        case FunctionComplexRoot:
-        case FunctionArg:
-        case FunctionArgDegrees:
-        case FunctionArgGon:
-        case FunctionRealPart:
-        case FunctionImaginaryPart:
-            return true;
-        default:
-            return false;
+void CallRoutine(const FunctionCall& call) {
+    const FunctionRoutine routine = RoutineOf(call.row.routines, numberContext.numberType);
+    if (routine != nullptr) {
+        routine(call);
+    } else if (call.row.refusal != FormulaErrorNone) {
+        SetFormulaError(call.evaluator, call.row.refusal, call.function);
+    } else {
+        ValueSetUnavailable(call.dest);
     }
-}
-
-// False, with the error noted, when the number type does not have the function by rule.
-bool TypeHasFunction(FormulaEvaluator& evaluator, const FormulaToken& function) {
-    if (NeedsComplexType(function.id) && numberContext.numberType != NumberTypeComplex) {
-        SetFormulaError(evaluator, FormulaErrorNeedsComplex, function);
-        return false;
-    }
-    if (function.id == FunctionPowMod && numberContext.numberType != NumberTypeUint) {
-        SetFormulaError(evaluator, FormulaErrorNotAvailable, function);
-        return false;
-    }
-    return true;
 }
 
 }  // namespace
@@ -77,90 +53,29 @@ void ValueFromNumberText(uint64_t* dest, const char16_t* digits, int64_t length,
     }
 }
 
-void ApplyBinaryOperator(FormulaEvaluator& evaluator, uint32_t operatorId, uint64_t* left,
+void ApplyBinaryOperator(FormulaEvaluator& evaluator, OperatorId id, uint64_t* left,
                          const uint64_t* right) {
-    switch (numberContext.numberType) {
-        case NumberTypeReal:
-            RealApplyOperator(operatorId, RealAt(left), RealAt(right));
-            break;
-        case NumberTypeComplex:
-            ComplexApplyOperator(operatorId, ComplexAt(left), ComplexAt(right));
-            break;
-        case NumberTypeUint:
-            UintApplyOperator(evaluator, operatorId, left, right);
-            break;
-        case NumberTypeRational:
-            RationalApplyOperator(operatorId, RationalAt(left), RationalAt(right));
-            break;
-        default:
-            ValueSetUnavailable(left);
+    const OperatorRoutine routine = RoutineOf(OperatorOf(id).routines, numberContext.numberType);
+    if (routine != nullptr) {
+        routine(evaluator, left, right);
+    } else {
+        ValueSetUnavailable(left);
     }
 }
 
 void ApplyFunction1(FormulaEvaluator& evaluator, const FormulaToken& function, uint64_t* dest,
                     const uint64_t* argument) {
-    if (!TypeHasFunction(evaluator, function)) {
-        return;
-    }
-    switch (numberContext.numberType) {
-        case NumberTypeReal:
-            RealApplyFunction1(evaluator, function, RealAt(dest), RealAt(argument));
-            break;
-        case NumberTypeComplex:
-            ComplexApplyFunction1(evaluator, function, ComplexAt(dest), ComplexAt(argument));
-            break;
-        case NumberTypeUint:
-            UintApplyFunction1(evaluator, function.id, dest, argument);
-            break;
-        case NumberTypeRational:
-            RationalApplyFunction1(function.id, RationalAt(dest), RationalAt(argument));
-            break;
-        default:
-            ValueSetUnavailable(dest);
-    }
+    CallRoutine({evaluator, function, FunctionOf(function.function), dest, {argument}});
 }
 
 void ApplyFunction2(FormulaEvaluator& evaluator, const FormulaToken& function, uint64_t* dest,
                     const uint64_t* first, const uint64_t* second) {
-    if (!TypeHasFunction(evaluator, function)) {
-        return;
-    }
-    switch (numberContext.numberType) {
-        case NumberTypeReal:
-            RealApplyFunction2(function.id, RealAt(dest), RealAt(first), RealAt(second));
-            break;
-        case NumberTypeComplex:
-            ComplexApplyFunction2(function.id, ComplexAt(dest), ComplexAt(first),
-                                  ComplexAt(second));
-            break;
-        case NumberTypeUint:
-            UintApplyFunction2(evaluator, function.id, dest, first, second);
-            break;
-        case NumberTypeRational:
-            RationalApplyFunction2(function.id, RationalAt(dest), RationalAt(first),
-                                   RationalAt(second));
-            break;
-        default:
-            ValueSetUnavailable(dest);
-    }
+    CallRoutine({evaluator, function, FunctionOf(function.function), dest, {first, second}});
 }
 
 void ApplyFunction3(FormulaEvaluator& evaluator, const FormulaToken& function, uint64_t* dest,
                     const uint64_t* first, const uint64_t* second, const uint64_t* third) {
-    if (!TypeHasFunction(evaluator, function)) {
-        return;
-    }
-    switch (numberContext.numberType) {
-        case NumberTypeComplex:
-            ComplexApplyFunction3(function.id, ComplexAt(dest), ComplexAt(first), ComplexAt(second),
-                                  ComplexAt(third));
-            break;
-        case NumberTypeUint:
-            UintApplyFunction3(function.id, dest, first, second, third);
-            break;
-        default:
-            ValueSetUnavailable(dest);
-    }
+    CallRoutine({evaluator, function, FunctionOf(function.function), dest, {first, second, third}});
 }
 
 }  // namespace tallymere

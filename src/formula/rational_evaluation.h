@@ -1,21 +1,30 @@
-// The functions of formulas in the number type rat: exact, or refused.
+// The functions of formulas in the number type rat that need more than a routine of exact/.
 //
-// What is no fraction is +0/1 with the code of its routine; 102 for a function that rat does not
-// have.
+// function_table.cpp says which function has which routine. What has no fraction as its result is
+// +0/1 and CalcErrorUndefined, or CalcErrorOverflow where it does not fit. The destination of a
+// function of one argument may be that argument.
 #pragma once
 
 #include "exact/rational_number.h"
 
 namespace tallymere {
 
-/// dest = function(x); dest may be x.
-///
-/// "round" is trunc(x) where the fraction is below 1/2 in magnitude. Where it is not, it is x
-/// itself moved away from 0 by 1, so round(5/2) is 7/2.
-void RationalApplyFunction1(uint32_t functionId, RationalNumber* dest, const RationalNumber* x);
+/// dest = the logarithm of x to the base 2. x is a power of 2, or 1 over one.
+void RationalLogTwo(RationalNumber* dest, const RationalNumber* x);
 
-/// dest = function(a, b). root(n; x) and logx(base; x) have x last.
-void RationalApplyFunction2(uint32_t functionId, RationalNumber* dest, const RationalNumber* a,
-                            const RationalNumber* b);
+/// Likewise, to the base 10.
+void RationalLogTen(RationalNumber* dest, const RationalNumber* x);
+
+/// dest = x without its sign.
+void RationalMagnitude(RationalNumber* dest, const RationalNumber* x);
+
+/// dest = the integer part of x where its fraction is below 1/2 in magnitude. Where it is not, dest
+/// is x itself moved away from 0 by 1, so round(5/2) is 7/2.
+void RationalRound(RationalNumber* dest, const RationalNumber* x);
+
+// dest = n (n - 1) ... (n - k + 1), for combinations divided by k!. k is an integer of 64 bits; n
+// is any fraction. Polls for a stop: CalcErrorCancelled.
+void RationalCombinations(RationalNumber* dest, const RationalNumber* n, const RationalNumber* k);
+void RationalPermutations(RationalNumber* dest, const RationalNumber* n, const RationalNumber* k);
 
 }  // namespace tallymere

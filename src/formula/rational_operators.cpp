@@ -3,8 +3,6 @@
 #include "exact/big_uint.h"
 #include "exact/rational_arithmetic.h"
 #include "exact/rational_powers.h"
-#include "formula/formula_token.h"
-#include "values/value_operations.h"
 
 namespace tallymere {
 
@@ -26,7 +24,17 @@ void ApplySmall(void (*routine)(RationalNumber*, const RationalNumber*, uint64_t
     }
 }
 
-void Multiply(RationalNumber* a, const RationalNumber* b) {
+}  // namespace
+
+void RationalAddTo(RationalNumber* a, const RationalNumber* b) {
+    RationalAddSub(a, a, b, false);
+}
+
+void RationalSubtractFrom(RationalNumber* a, const RationalNumber* b) {
+    RationalAddSub(a, a, b, true);
+}
+
+void RationalMultiplyBy(RationalNumber* a, const RationalNumber* b) {
     uint64_t k = 0;
     if (IsSmall(&k, a)) {
         ApplySmall(RationalMulSmall, a, b, k, RationalSign(a) != 0);
@@ -37,7 +45,7 @@ void Multiply(RationalNumber* a, const RationalNumber* b) {
     }
 }
 
-void Divide(RationalNumber* a, const RationalNumber* b) {
+void RationalDivideBy(RationalNumber* a, const RationalNumber* b) {
     uint64_t k = 0;
     if (IsSmall(&k, b)) {
         ApplySmall(RationalDivSmall, a, a, k, RationalSign(b) != 0);
@@ -46,7 +54,7 @@ void Divide(RationalNumber* a, const RationalNumber* b) {
     }
 }
 
-void Power(RationalNumber* a, const RationalNumber* b) {
+void RationalRaiseTo(RationalNumber* a, const RationalNumber* b) {
     int64_t base = 0;  // stays 0 where a is no machine integer
     int64_t exponent = 0;
     RationalToSigned(&base, a);
@@ -61,31 +69,8 @@ void Power(RationalNumber* a, const RationalNumber* b) {
     }
 }
 
-}  // namespace
-
-void RationalApplyOperator(uint32_t operatorId, RationalNumber* a, const RationalNumber* b) {
-    switch (operatorId) {
-        case OperatorAdd:
-            RationalAddSub(a, a, b, false);
-            break;
-        case OperatorSubtract:
-            RationalAddSub(a, a, b, true);
-            break;
-        case OperatorMultiply:
-            Multiply(a, b);
-            break;
-        case OperatorDivide:
-            Divide(a, b);
-            break;
-        case OperatorPower:
-            Power(a, b);
-            break;
-        case OperatorMod:
-            RationalDivMod(nullptr, a, a, b);
-            break;
-        default:
-            ValueSetUnavailable(&a->sign);
-    }
+void RationalReduceModulo(RationalNumber* a, const RationalNumber* b) {
+    RationalDivMod(nullptr, a, a, b);
 }
 
 }  // namespace tallymere

@@ -1,13 +1,28 @@
 // The operators of formulas in the number type rat.
+//
+// operator_table.cpp says which operator has which routine.
 #pragma once
 
 #include "exact/rational_number.h"
 
 namespace tallymere {
 
-/// a = a (operator) b for OperatorAdd to OperatorMod, exact. The remainder of mod has the sign of
-/// the quotient, so 7 mod (-2) is -1. 0/0 is 0, by the way of small divisors. What is no fraction
-/// is +0/1 with the code of its routine; 102 for an operator without an operation.
-void RationalApplyOperator(uint32_t operatorId, RationalNumber* a, const RationalNumber* b);
+// a = a (operator) b, exact. What is no fraction is +0/1 with CalcErrorUndefined, or with
+// CalcErrorOverflow where it does not fit.
+
+void RationalAddTo(RationalNumber* a, const RationalNumber* b);
+void RationalSubtractFrom(RationalNumber* a, const RationalNumber* b);
+void RationalMultiplyBy(RationalNumber* a, const RationalNumber* b);
+
+/// A quotient with 0 is CalcErrorExactDivisionByZero. 0/0 is 0 without a code, as a divisor of one
+/// limb takes a way of its own.
+void RationalDivideBy(RationalNumber* a, const RationalNumber* b);
+
+/// The remainder, with the sign of the quotient: 7 mod (-2) is -1. CalcErrorExactDivisionByZero for
+/// b = 0.
+void RationalReduceModulo(RationalNumber* a, const RationalNumber* b);
+
+/// The power. Where b is a fraction the result need not be in lowest terms; see RationalPower.
+void RationalRaiseTo(RationalNumber* a, const RationalNumber* b);
 
 }  // namespace tallymere

@@ -1,13 +1,10 @@
 #include "formula/real_operators.h"
 
-#include "core/real_add.h"
 #include "core/real_div_mod.h"
 #include "core/real_divide.h"
 #include "core/real_integer.h"
 #include "core/real_multiply.h"
 #include "core/real_rounding.h"
-#include "formula/formula_token.h"
-#include "formula/real_power.h"
 
 namespace tallymere {
 
@@ -21,7 +18,9 @@ void MultiplyBySmall(RealNumber* a, const RealNumber* x, uint64_t k, bool negati
     }
 }
 
-void Multiply(RealNumber* a, const RealNumber* b) {
+}  // namespace
+
+void RealMultiplyBy(RealNumber* a, const RealNumber* b) {
     uint64_t k = 0;
     if (RealToUint(&k, a, AllowNegative)) {
         MultiplyBySmall(a, b, k, RealSign(a) != 0);
@@ -32,7 +31,7 @@ void Multiply(RealNumber* a, const RealNumber* b) {
     }
 }
 
-void Divide(RealNumber* a, const RealNumber* b) {
+void RealDivideBy(RealNumber* a, const RealNumber* b) {
     uint64_t k = 0;
     if (!RealToUint(&k, b, AllowNegative)) {
         RealDiv(a, a, b);
@@ -44,31 +43,8 @@ void Divide(RealNumber* a, const RealNumber* b) {
     }
 }
 
-}  // namespace
-
-void RealApplyOperator(uint32_t operatorId, RealNumber* a, const RealNumber* b) {
-    switch (operatorId) {
-        case OperatorAdd:
-            RealAdd(a, a, b);
-            break;
-        case OperatorSubtract:
-            RealSubtract(a, a, b);
-            break;
-        case OperatorMultiply:
-            Multiply(a, b);
-            break;
-        case OperatorDivide:
-            Divide(a, b);
-            break;
-        case OperatorPower:
-            RealApplyPower(a, b);
-            break;
-        case OperatorMod:
-            RealDivMod(nullptr, a, a, b);
-            break;
-        default:
-            RealSetNaN(a, CalcErrorUnknownType);
-    }
+void RealReduceModulo(RealNumber* a, const RealNumber* b) {
+    RealDivMod(nullptr, a, a, b);
 }
 
 }  // namespace tallymere

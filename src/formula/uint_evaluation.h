@@ -1,27 +1,26 @@
-// The functions of formulas in the number type uint.
+// The functions of formulas in the number type uint that need more than a routine of exact/.
 //
-// Roots and logarithms are rounded down and note in the evaluator's inexactResult that they were.
-// What has no answer is 0 with the code of its routine; 102 for a function that uint does not have.
+// function_table.cpp says which function has which routine. No destination is an argument.
 #pragma once
 
-#include "formula/formula_evaluator.h"
+#include <cstdint>
 
 namespace tallymere {
 
-/// dest = function(x); dest is not x.
-///
-/// "round" does nothing at all: dest stays as it is. "frac" is that of rat on the words of x as if
-/// they were a fraction's sign, numerator and denominator with zeros behind, which is a division by
-/// 0: always 0 and code 202.
-void UintApplyFunction1(FormulaEvaluator& evaluator, uint32_t functionId, uint64_t* dest,
-                        const uint64_t* x);
+/// dest = the cube root of x, rounded down. True when it is exact.
+bool UintCubeRoot(uint64_t* dest, const uint64_t* x);
 
-/// dest = function(a, b). root(n; x) and logx(base; x) have x last.
-void UintApplyFunction2(FormulaEvaluator& evaluator, uint32_t functionId, uint64_t* dest,
-                        const uint64_t* a, const uint64_t* b);
+/// dest = 0, always with CalcErrorExactDivisionByZero: frac of an integer takes the words of x for
+/// the sign, numerator and denominator of a fraction, with zeros behind them.
+void UintFraction(uint64_t* dest, const uint64_t* x);
 
-/// powmod: dest = a^b mod c.
-void UintApplyFunction3(uint32_t functionId, uint64_t* dest, const uint64_t* a, const uint64_t* b,
-                        const uint64_t* c);
+/// Does nothing, so that dest keeps the number that it held before: round of an integer.
+void UintLeaveUnwritten(uint64_t* dest, const uint64_t* x);
+
+// dest = the number of ways to choose k of n things, without and with their order. Codes:
+// CalcErrorOverflow when it does not fit, CalcErrorUndefined for too many factors, and
+// CalcErrorCancelled.
+void UintCombinations(uint64_t* dest, const uint64_t* n, const uint64_t* k);
+void UintPermutations(uint64_t* dest, const uint64_t* n, const uint64_t* k);
 
 }  // namespace tallymere

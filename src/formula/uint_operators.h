@@ -1,15 +1,21 @@
-// The operators of formulas in the number type uint.
+// The operators of formulas in the number type uint that need more than a routine of exact/.
+//
+// operator_table.cpp says which operator has which routine.
 #pragma once
 
-#include "formula/formula_evaluator.h"
+#include <cstdint>
 
 namespace tallymere {
 
-/// a = a (operator) b for OperatorAdd to OperatorMod. A quotient is rounded down, and a remainder
-/// that is lost is noted in the evaluator's inexactResult. What has no unsigned integer as its
-/// answer is 0 with the code of its routine: 200 for a result out of range, a negative one
-/// included, 202 for a division by 0; 102 for an operator without an operation.
-void UintApplyOperator(FormulaEvaluator& evaluator, uint32_t operatorId, uint64_t* a,
-                       const uint64_t* b);
+// a = a (operator) b. A result that does not fit is 0 and CalcErrorOverflow.
+
+/// An operand of one limb multiplies the limbs of the other one in one pass.
+void UintMultiplyBy(uint64_t* a, const uint64_t* b);
+
+/// The remainder; 0 and CalcErrorExactDivisionByZero for b = 0.
+void UintReduceModulo(uint64_t* a, const uint64_t* b);
+
+/// The power; 0^0 is 1.
+void UintRaiseTo(uint64_t* a, const uint64_t* b);
 
 }  // namespace tallymere

@@ -1,6 +1,6 @@
 #include "formula/used_variables.h"
 
-#include "formula/formula_keywords.h"
+#include "formula/formula_names.h"
 
 namespace tallymere {
 

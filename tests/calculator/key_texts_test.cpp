@@ -6,7 +6,7 @@
 #include <string>
 
 #include "core/number_context.h"
-#include "formula/formula_keywords.h"
+#include "formula/function_table.h"
 
 namespace tallymere::testing_support {
 namespace {
@@ -107,7 +107,7 @@ TEST_F(KeyTextsTest, FormulasKnowEveryFunctionInEveryUnit) {
             const std::u16string name =
                 NameForAction(static_cast<KeyAction>(action), Style(angle)).text;
             if (action >= 1100 && action <= 1299) {
-                EXPECT_NE(FindKeyword(name.c_str(), name.size()), nullptr) << action;
+                EXPECT_NE(FindFunction(name.c_str(), name.size()), nullptr) << action;
             }
         }
     }

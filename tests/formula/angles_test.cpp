@@ -209,7 +209,7 @@ TEST(ReduceAngleArgument, EndsWithItsCodeWhenStopped) {
     FieldScope<uint8_t*> flag(numberContext.abortFlag, &stop);
     Reduce(RealBuffer("180"), AngleUnit::Degrees);
     EXPECT_EQ(TakeCode(), CalcErrorCancelled);
-    EXPECT_EQ(Evaluate(u"1+sind(180)"), Failure(FormulaErrorAborted, 1, 0));
+    EXPECT_EQ(EvaluateTokenByToken(u"1+sind(180)"), Failure(FormulaErrorAborted, 1, 0));
 }
 
 TEST(AngleFromRadians, ConvertsToTheUnit) {
@@ -281,18 +281,12 @@ TEST(CircularFunctions, NoteNoCodeAtAPole) {
     FormulaScope scope(20);
     FormulaEvaluator evaluator{};
     RealBuffer x("90");
-    ApplyCircularFunction(evaluator, {FunctionTanDegrees, 4, 4, nullptr}, x, x);
+    CallFunction(evaluator, Token(FunctionId::TanDegrees, 4, 4), &x.Get()->header,
+                 {&x.Get()->header});
     EXPECT_EQ(evaluator.error, uint32_t{FormulaErrorOverflow});
     EXPECT_EQ(evaluator.errorPosition, 5u);
     EXPECT_EQ(evaluator.errorLength, 4u);
     EXPECT_EQ(TakeCode(), CalcErrorNone);
-}
-
-TEST(CircularFunctions, AreTheirIdsFromSineToTheInverseTangentInGon) {
-    EXPECT_FALSE(IsCircularFunction(FunctionAbs));
-    EXPECT_TRUE(IsCircularFunction(FunctionSin));
-    EXPECT_TRUE(IsCircularFunction(FunctionAtanGon));
-    EXPECT_FALSE(IsCircularFunction(FunctionSinh));
 }
 
 }  // namespace

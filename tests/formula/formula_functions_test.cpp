@@ -2,12 +2,11 @@
 // arguments, and what it refuses.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
 #include <string_view>
 
 #include "core/real_rounding.h"
-#include "formula/formula_keywords.h"
+#include "formula/function_table.h"
 #include "support/formula_testing.h"
 
 namespace tallymere {
@@ -177,32 +176,18 @@ TEST(Functions, HaveKnownValuesForComplexArguments) {
     }
 }
 
-TEST(Functions, AreAllAmongTheKnownValues) {
-    for (const FormulaKeyword& keyword : FormulaKeywordTable) {
-        const auto isIt = [&](const auto& known) {
-            return FunctionOf(known.formula) == keyword.text;
-        };
-        if (IsFunctionId(keyword.id) && keyword.id != FunctionPowMod) {
-            EXPECT_TRUE(std::ranges::any_of(KnownValues, isIt) ||
-                        std::ranges::any_of(KnownComplexValues, isIt))
-                << Printable(keyword.text);
-        }
-    }
-}
-
 // What takes real values alone refuses each argument that is not real, at the `)`.
 TEST(Functions, ThatAreRealOnlyRefuseOtherValues) {
     FormulaScope scope(20, NumberTypeComplex);
     for (const KnownValue& known : KnownValues) {
         const std::u16string_view function = FunctionOf(known.formula);
-        const FormulaKeyword* keyword = FindKeyword(function.data(), function.size());
-        if (keyword == nullptr || !IsFunctionId(keyword->id) || function == u"abs" ||
-            IsByParts(function)) {
+        const FunctionRow* row = FindFunction(function.data(), function.size());
+        if (row == nullptr || function == u"abs" || IsByParts(function)) {
             continue;
         }
-        for (int16_t complexOne = 0; complexOne < keyword->argumentCount; complexOne++) {
+        for (int64_t complexOne = 0; complexOne < ArgumentCount(*row); complexOne++) {
             std::u16string formula = u"1+" + std::u16string(function) + u"(";
-            for (int16_t i = 0; i < keyword->argumentCount; i++) {
+            for (int64_t i = 0; i < ArgumentCount(*row); i++) {
                 formula += i == 0 ? u"" : u";";
                 formula += i == complexOne ? u"3+i" : u"3";
             }
@@ -315,7 +300,7 @@ TEST(Functions, ThatRunLongCanBeStopped) {
             for (const char16_t* formula :
                  {u"2+fact(30)", u"fact(100000)", u"ncr(30;4)", u"npr(30;4)", u"gcd(84;60)",
                   u"lcm(84;60)", u"84 mod 60+1", u"cosd(90)"}) {
-                EXPECT_EQ(Evaluate(formula), Failure(FormulaErrorAborted, 1, 0))
+                EXPECT_EQ(EvaluateTokenByToken(formula), Failure(FormulaErrorAborted, 1, 0))
                     << Printable(formula);
             }
         }

@@ -10,11 +10,10 @@
 namespace tallymere {
 namespace {
 
-using testing_support::FieldScope;
-using testing_support::Printable;
+using namespace testing_support;
 
 struct Lexeme {
-    uint32_t id;
+    Symbol symbol;
     uint64_t position;
     uint64_t length;
 
@@ -22,12 +21,13 @@ struct Lexeme {
 };
 
 void PrintTo(const Lexeme& lexeme, std::ostream* out) {
-    *out << lexeme.id << "@" << lexeme.position << "+" << lexeme.length;
+    PrintTo(lexeme.symbol, out);
+    *out << "@" << lexeme.position << "+" << lexeme.length;
 }
 
 // The tokens up to the one that ends the formula, which is not among them; that must be TokenEnd.
 std::vector<Lexeme> Tokens(const std::u16string& text, uint64_t flags = TextGroup,
-                           uint32_t lastId = TokenEnd) {
+                           TokenKind lastKind = TokenEnd) {
     FormulaEvaluator evaluator{};
     evaluator.text = text.c_str();
     evaluator.flags = flags;
@@ -39,13 +39,13 @@ std::vector<Lexeme> Tokens(const std::u16string& text, uint64_t flags = TextGrou
         token.value = &slot;
         NextFormulaToken(evaluator, token, position);
         EXPECT_EQ(token.value, nullptr);
-        if (EndsFormula(token.id)) {
-            EXPECT_EQ(token.id, lastId) << Printable(text);
+        if (EndsFormula(token.kind)) {
+            EXPECT_EQ(token.kind, lastKind) << Printable(text);
             EXPECT_EQ(token.length, 0u);
             EXPECT_EQ(position, token.position) << "what ends a formula is not passed";
             return lexemes;
         }
-        lexemes.push_back({token.id, token.position, token.length});
+        lexemes.push_back({Symbol(token), token.position, token.length});
     }
 }
 
@@ -57,7 +57,7 @@ uint64_t NumberLength(const std::u16string& text, uint64_t flags = TextGroup) {
     FormulaToken token{};
     uint64_t position = 0;
     NextFormulaToken(evaluator, token, position);
-    EXPECT_EQ(token.id, uint32_t{TokenValue}) << Printable(text);
+    EXPECT_EQ(token.kind, TokenValue) << Printable(text);
     EXPECT_EQ(token.position, 0u);
     EXPECT_EQ(position, token.length);
     return token.length;
@@ -66,29 +66,30 @@ uint64_t NumberLength(const std::u16string& text, uint64_t flags = TextGroup) {
 TEST(FormulaLexer, FindsEachTokenWithPlaceAndLength) {
     EXPECT_EQ(Tokens(u"12+x1*(sin(3);-4/5^6)mod pi"),
               (std::vector<Lexeme>{{TokenValue, 0, 2},
-                                   {OperatorAdd, 2, 1},
+                                   {OperatorId::Add, 2, 1},
                                    {TokenIdentifier, 3, 2},
-                                   {OperatorMultiply, 5, 1},
+                                   {OperatorId::Multiply, 5, 1},
                                    {TokenLeftParen, 6, 1},
-                                   {FunctionSin, 7, 3},
+                                   {FunctionId::Sin, 7, 3},
                                    {TokenLeftParen, 10, 1},
                                    {TokenValue, 11, 1},
                                    {TokenRightParen, 12, 1},
                                    {TokenSeparator, 13, 1},
-                                   {OperatorSubtract, 14, 1},
+                                   {OperatorId::Subtract, 14, 1},
                                    {TokenValue, 15, 1},
-                                   {OperatorDivide, 16, 1},
+                                   {OperatorId::Divide, 16, 1},
                                    {TokenValue, 17, 1},
-                                   {OperatorPower, 18, 1},
+                                   {OperatorId::Power, 18, 1},
                                    {TokenValue, 19, 1},
                                    {TokenRightParen, 20, 1},
-                                   {OperatorMod, 21, 3},
-                                   {ConstantPi, 25, 2}}));
+                                   {OperatorId::Mod, 21, 3},
+                                   {ConstantId::Pi, 25, 2}}));
 }
 
 TEST(FormulaLexer, PassesOverSpacesAndLineEndsOnly) {
-    EXPECT_EQ(Tokens(u" \n\r 1 \n+\r2 "),
-              (std::vector<Lexeme>{{TokenValue, 4, 1}, {OperatorAdd, 7, 1}, {TokenValue, 9, 1}}));
+    EXPECT_EQ(
+        Tokens(u" \n\r 1 \n+\r2 "),
+        (std::vector<Lexeme>{{TokenValue, 4, 1}, {OperatorId::Add, 7, 1}, {TokenValue, 9, 1}}));
     EXPECT_EQ(Tokens(u"1\t+2", TextGroup, TokenInvalid), (std::vector<Lexeme>{{TokenValue, 0, 1}}));
     EXPECT_EQ(Tokens(u"\u00A0", TextGroup, TokenInvalid), std::vector<Lexeme>{});
     EXPECT_EQ(Tokens(u"\v", TextGroup, TokenInvalid), std::vector<Lexeme>{});
@@ -102,7 +103,7 @@ TEST(FormulaLexer, EndsAtTheTerminatorBehindWhiteSpace) {
     uint64_t position = 0;
     for (int i = 0; i < 3; i++) {
         NextFormulaToken(evaluator, token, position);
-        EXPECT_EQ(token.id, uint32_t{TokenEnd});
+        EXPECT_EQ(token.kind, TokenEnd);
         EXPECT_EQ(token.position, 2u);
         EXPECT_EQ(token.length, 0u);
         EXPECT_EQ(position, 2u);
@@ -120,7 +121,7 @@ TEST(FormulaLexer, StaysAtAnInvalidCharacter) {
         token.length = 7;
         uint64_t position = 2;
         NextFormulaToken(evaluator, token, position);
-        EXPECT_EQ(token.id, uint32_t{TokenInvalid}) << Printable(text);
+        EXPECT_EQ(token.kind, TokenInvalid) << Printable(text);
         EXPECT_EQ(token.position, 2u);
         EXPECT_EQ(token.length, 0u);
         EXPECT_EQ(position, 2u);
@@ -136,14 +137,14 @@ TEST(FormulaLexer, TakesGreekLettersAndUnderscoresIntoNames) {
 }
 
 TEST(FormulaLexer, MatchesKeywordsExactly) {
-    EXPECT_EQ(Tokens(u"sin"), (std::vector<Lexeme>{{FunctionSin, 0, 3}}));
+    EXPECT_EQ(Tokens(u"sin"), (std::vector<Lexeme>{{FunctionId::Sin, 0, 3}}));
     for (const char16_t* name : {u"SIN", u"Sin", u"si", u"sins", u"sin_", u"sin2", u"MOD", u"modx",
                                  u"Pi", u"pip", u"\u03C0\u03C0", u"e", u"ans"}) {
         const std::u16string text = name;
         EXPECT_EQ(Tokens(text), (std::vector<Lexeme>{{TokenIdentifier, 0, text.size()}}))
             << Printable(text);
     }
-    EXPECT_EQ(Tokens(u"\u03C0"), (std::vector<Lexeme>{{ConstantPi, 0, 1}}));
+    EXPECT_EQ(Tokens(u"\u03C0"), (std::vector<Lexeme>{{ConstantId::Pi, 0, 1}}));
     EXPECT_EQ(Tokens(u"2mod3"), (std::vector<Lexeme>{{TokenValue, 0, 1}, {TokenIdentifier, 1, 4}}));
 }
 
@@ -163,10 +164,10 @@ TEST(FormulaLexer, LeavesTheLengthOfTheTokenBeforeToTheImaginaryUnit) {
               (std::vector<Lexeme>{{TokenImaginaryUnit, 0, 0}, {TokenImaginaryUnit, 2, 0}}));
     EXPECT_EQ(Tokens(u"1234i"),
               (std::vector<Lexeme>{{TokenValue, 0, 4}, {TokenImaginaryUnit, 4, 4}}));
-    EXPECT_EQ(Tokens(u"sin(i+"), (std::vector<Lexeme>{{FunctionSin, 0, 3},
+    EXPECT_EQ(Tokens(u"sin(i+"), (std::vector<Lexeme>{{FunctionId::Sin, 0, 3},
                                                       {TokenLeftParen, 3, 1},
                                                       {TokenImaginaryUnit, 4, 1},
-                                                      {OperatorAdd, 5, 1}}));
+                                                      {OperatorId::Add, 5, 1}}));
 }
 
 TEST(FormulaLexer, FollowsTheImaginaryUnitsOfTheContext) {

@@ -22,10 +22,10 @@ TEST(ParseNumberToken, ChecksWhatStandsBelow) {
     FormulaEvaluator evaluator{};
     evaluator.text = u"12";
     StartFormulaStack(evaluator);
-    ParseNumberToken(evaluator, {TokenValue, 0, 1, nullptr});
+    ParseNumberToken(evaluator, Token(TokenValue, 0, 1));
     ASSERT_EQ(evaluator.error, uint32_t{FormulaErrorNone});
     EXPECT_EQ(evaluator.top, 0);
-    ParseNumberToken(evaluator, {TokenValue, 1, 1, nullptr});
+    ParseNumberToken(evaluator, Token(TokenValue, 1, 1));
     EXPECT_EQ(evaluator.error, uint32_t{FormulaErrorSyntax});
     EXPECT_EQ(evaluator.errorPosition, 2u);
     EXPECT_EQ(evaluator.top, 0);
@@ -37,7 +37,7 @@ TEST(ParseNumberToken, ForgetsTheCodeOfTheConversion) {
     FormulaEvaluator evaluator{};
     evaluator.text = u"1.2.3";
     StartFormulaStack(evaluator);
-    ParseNumberToken(evaluator, {TokenValue, 0, 5, nullptr});
+    ParseNumberToken(evaluator, Token(TokenValue, 0, 5));
     EXPECT_EQ(evaluator.error, uint32_t{FormulaErrorBadNumber});
     EXPECT_EQ(TakeCode(), CalcErrorNone);
 }
@@ -49,7 +49,7 @@ TEST(ParseNumberToken, TurnsARequestToStopIntoItsOwnError) {
     evaluator.text = u"2+1";
     StartFormulaStack(evaluator);
     SetCalcError(CalcErrorCancelled);  // what a long conversion would note
-    ParseNumberToken(evaluator, {TokenValue, 2, 1, nullptr});
+    ParseNumberToken(evaluator, Token(TokenValue, 2, 1));
     EXPECT_EQ(evaluator.error, uint32_t{FormulaErrorAborted});
     EXPECT_EQ(evaluator.errorPosition, 1u);
     EXPECT_EQ(evaluator.errorLength, 0u);
@@ -63,13 +63,13 @@ protected:
 
     // Lays a value on the stack.
     void PushValue(std::string_view realPart, std::string_view imaginaryPart) {
-        ASSERT_TRUE(PushFormulaToken(evaluator_, {TokenValue, 0, 1, nullptr}));
+        ASSERT_TRUE(PushFormulaToken(evaluator_, Token(TokenValue, 0, 1)));
         uint64_t* value = evaluator_.stack[evaluator_.top].value;
         RealFromPlainText(RealAt(value), realPart);
         RealFromPlainText(RealAt(value + RealWords()), imaginaryPart);
     }
 
-    void Apply() { ApplyImaginaryUnit(evaluator_, {TokenImaginaryUnit, 4, 2, nullptr}); }
+    void Apply() { ApplyImaginaryUnit(evaluator_, Token(TokenImaginaryUnit, 4, 2)); }
 
     std::string Top() const {
         const uint64_t* value = evaluator_.stack[evaluator_.top].value;
@@ -103,24 +103,24 @@ TEST_F(ImaginaryUnit, RefusesAValueThatHasAnImaginaryPart) {
 }
 
 TEST_F(ImaginaryUnit, IsPushedOnWhateverIsNoValue) {
-    for (const uint32_t below : {uint32_t{TokenNone}, uint32_t{OperatorAdd}, uint32_t{FunctionSin},
-                                 uint32_t{TokenLeftParen}, uint32_t{TokenSeparator}}) {
+    for (const Symbol& below : std::initializer_list<Symbol>{
+             TokenNone, OperatorId::Add, FunctionId::Sin, TokenLeftParen, TokenSeparator}) {
         evaluator_.top = -1;
-        if (below != TokenNone) {
-            ASSERT_TRUE(PushFormulaToken(evaluator_, {below, 0, 1, nullptr}));
+        if (below.kind != TokenNone) {
+            ASSERT_TRUE(PushFormulaToken(evaluator_, Token(below, 0, 1)));
         }
         const int64_t top = evaluator_.top;
         Apply();
         EXPECT_EQ(evaluator_.error, uint32_t{FormulaErrorNone});
         EXPECT_EQ(evaluator_.top, top + 1);
-        EXPECT_EQ(StackId(evaluator_, 0), uint32_t{TokenValue});
+        EXPECT_EQ(StackKind(evaluator_, 0), TokenValue);
         EXPECT_EQ(Top(), "0 1e0");
     }
 }
 
 TEST_F(ImaginaryUnit, CountsAsAStackEntry) {
     for (int i = 0; i < 50; i++) {
-        ASSERT_TRUE(PushFormulaToken(evaluator_, {TokenLeftParen, 0, 1, nullptr}));
+        ASSERT_TRUE(PushFormulaToken(evaluator_, Token(TokenLeftParen, 0, 1)));
     }
     Apply();
     EXPECT_EQ(evaluator_.error, uint32_t{FormulaErrorTooComplicated});
@@ -145,7 +145,7 @@ TEST(ImaginaryUnitOutsideCplx, NeedsTheComplexType) {
         FormulaEvaluator evaluator{};
         StartFormulaStack(evaluator);
         TakeCode();
-        ApplyImaginaryUnit(evaluator, {TokenImaginaryUnit, 4, 2, nullptr});
+        ApplyImaginaryUnit(evaluator, Token(TokenImaginaryUnit, 4, 2));
         EXPECT_EQ(evaluator.error, uint32_t{FormulaErrorNeedsComplex});
         EXPECT_EQ(evaluator.errorPosition, 5u);
         EXPECT_EQ(evaluator.errorLength, 2u);

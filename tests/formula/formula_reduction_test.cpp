@@ -8,6 +8,7 @@
 
 #include "core/scratch.h"
 #include "formula/formula_stack.h"
+#include "formula/operator_table.h"
 #include "support/formula_testing.h"
 #include "values/value_operations.h"
 
@@ -22,23 +23,23 @@ protected:
 
     // Puts entries on the stack, each three characters long and ten behind the one before; values
     // are 1, 2, 3 and so on.
-    void Push(std::initializer_list<uint32_t> ids) {
-        for (const uint32_t id : ids) {
-            ASSERT_TRUE(PushFormulaToken(evaluator_, {id, NextPosition(), 3, nullptr}));
-            if (id == TokenValue) {
+    void Push(std::initializer_list<Symbol> symbols) {
+        for (const Symbol& symbol : symbols) {
+            ASSERT_TRUE(PushFormulaToken(evaluator_, Token(symbol, NextPosition(), 3)));
+            if (symbol.kind == TokenValue) {
                 ValueFromInteger(evaluator_.stack[evaluator_.top].value, ++values_);
             }
         }
     }
 
-    void Reduce(uint32_t id) { ReduceOnToken(evaluator_, Coming(id)); }
+    void Reduce(const Symbol& symbol) { ReduceOnToken(evaluator_, Coming(symbol)); }
 
     void Restart() {
         evaluator_.top = -1;
         evaluator_.error = FormulaErrorNone;
     }
 
-    FormulaToken Coming(uint32_t id) const { return {id, NextPosition(), 4, nullptr}; }
+    FormulaToken Coming(const Symbol& symbol) const { return Token(symbol, NextPosition(), 4); }
 
     void ExpectError(uint32_t error, uint64_t index, uint64_t length) {
         EXPECT_EQ(evaluator_.error, error);
@@ -50,7 +51,7 @@ protected:
         EXPECT_EQ(evaluator_.error, uint32_t{FormulaErrorNone});
         ASSERT_EQ(evaluator_.top, top);
         const FormulaToken& entry = evaluator_.stack[top];
-        EXPECT_EQ(entry.id, uint32_t{TokenValue});
+        EXPECT_EQ(entry.kind, TokenValue);
         EXPECT_EQ(PlainText(RealAt(entry.value)), PlainText(RealBuffer(value)));
         EXPECT_EQ(entry.position, position);
         EXPECT_EQ(entry.length, length);
@@ -79,7 +80,7 @@ TEST_F(FormulaStack, KeepsTheSlotOfAnEntryThatWasTakenOff) {
     uint64_t* slot = evaluator_.stack[1].value;
     const uint64_t* top = *CurrentScratchStack().top;
     evaluator_.top = 0;
-    ASSERT_TRUE(PushFormulaToken(evaluator_, {TokenValue, 5, 1, nullptr}));
+    ASSERT_TRUE(PushFormulaToken(evaluator_, Token(TokenValue, 5, 1)));
     EXPECT_EQ(evaluator_.stack[1].value, slot);
     EXPECT_EQ(PlainText(RealAt(slot)), "1e0") << "it holds the old number";
     EXPECT_EQ(*CurrentScratchStack().top, top);
@@ -90,27 +91,27 @@ TEST_F(FormulaStack, StaysFullAtFiftyEntries) {
     for (int i = 0; i < 50; i++) {
         Push({TokenLeftParen});
     }
-    EXPECT_FALSE(PushFormulaToken(evaluator_, {TokenValue, 77, 8, nullptr}));
+    EXPECT_FALSE(PushFormulaToken(evaluator_, Token(TokenValue, 77, 8)));
     EXPECT_EQ(evaluator_.top, 49);
     EXPECT_EQ(evaluator_.error, uint32_t{FormulaErrorTooComplicated});
     EXPECT_EQ(evaluator_.errorPosition, 78u);
     EXPECT_EQ(evaluator_.errorLength, 8u);
-    EXPECT_EQ(evaluator_.stack[49].id, uint32_t{TokenLeftParen});
+    EXPECT_EQ(Symbol(evaluator_.stack[49]), TokenLeftParen);
 }
 
 TEST_F(FormulaStack, LeavesABinaryResultWhereTheLeftOperandWas) {
-    Push({TokenValue, OperatorAdd, TokenValue});
+    Push({TokenValue, OperatorId::Add, TokenValue});
     const uint64_t* left = evaluator_.stack[0].value;
-    ApplyOperator(evaluator_, Coming(TokenEnd));
+    ApplyOperator(evaluator_);
     ExpectTop(0, "3", 0, 23);
     EXPECT_EQ(evaluator_.stack[0].value, left);
 }
 
 TEST_F(FormulaStack, TradesTheSlotsOfSignAndValue) {
-    Push({OperatorSubtract, TokenValue});
+    Push({OperatorId::Subtract, TokenValue});
     const uint64_t* signSlot = evaluator_.stack[0].value;
     const uint64_t* valueSlot = evaluator_.stack[1].value;
-    ApplyOperator(evaluator_, Coming(TokenEnd));
+    ApplyOperator(evaluator_);
     ExpectTop(0, "-1", 0, 13);
     EXPECT_EQ(evaluator_.stack[0].value, valueSlot);
     EXPECT_EQ(evaluator_.stack[1].value, signSlot);
@@ -127,7 +128,7 @@ TEST_F(FormulaStack, TradesTheSlotsOfParenthesisAndValue) {
 }
 
 TEST_F(FormulaStack, LeavesAFunctionValueWhereTheFunctionWas) {
-    Push({OperatorSubtract, FunctionAbs, TokenLeftParen, OperatorSubtract, TokenValue});
+    Push({OperatorId::Subtract, FunctionId::Abs, TokenLeftParen, OperatorId::Subtract, TokenValue});
     const uint64_t* slot = evaluator_.stack[1].value;
     Reduce(TokenRightParen);
     ExpectTop(1, "1", 10, 33);
@@ -135,97 +136,86 @@ TEST_F(FormulaStack, LeavesAFunctionValueWhereTheFunctionWas) {
 }
 
 TEST_F(FormulaStack, AppliesASignAfterParenthesisAndSeparator) {
-    Push({FunctionGcd, TokenLeftParen, OperatorSubtract, TokenValue});
+    Push({FunctionId::Gcd, TokenLeftParen, OperatorId::Subtract, TokenValue});
     Reduce(TokenSeparator);
     EXPECT_EQ(evaluator_.top, 3);
-    EXPECT_EQ(evaluator_.stack[3].id, uint32_t{TokenSeparator});
-    Push({OperatorAdd, TokenValue});
-    Reduce(OperatorAdd);
+    EXPECT_EQ(Symbol(evaluator_.stack[3]), TokenSeparator);
+    Push({OperatorId::Add, TokenValue});
+    Reduce(OperatorId::Add);
     ASSERT_EQ(evaluator_.top, 5);
-    EXPECT_EQ(evaluator_.stack[5].id, uint32_t{OperatorAdd});
+    EXPECT_EQ(Symbol(evaluator_.stack[5]), OperatorId::Add);
     EXPECT_EQ(PlainText(RealAt(evaluator_.stack[4].value)), "2e0");
     EXPECT_EQ(PlainText(RealAt(evaluator_.stack[2].value)), "-1e0");
 }
 
 TEST_F(FormulaStack, PushesAPowerOnEveryOperator) {
-    for (const uint32_t below : {OperatorAdd, OperatorSubtract, OperatorMultiply, OperatorDivide,
-                                 OperatorPower, OperatorMod}) {
+    for (const OperatorId below : {OperatorId::Add, OperatorId::Subtract, OperatorId::Multiply,
+                                   OperatorId::Divide, OperatorId::Power, OperatorId::Mod}) {
         Restart();
         Push({TokenValue, below, TokenValue});
-        Reduce(OperatorPower);
-        EXPECT_EQ(evaluator_.top, 3) << below;
+        Reduce(OperatorId::Power);
+        EXPECT_EQ(evaluator_.top, 3) << Printable(OperatorOf(below).spelling);
     }
 }
 
 TEST_F(FormulaStack, PushesProductsOnSumsOnly) {
-    for (const uint32_t coming : {OperatorMultiply, OperatorDivide, OperatorMod}) {
-        for (const uint32_t below :
-             {OperatorAdd, OperatorSubtract, OperatorMultiply, OperatorDivide, OperatorMod}) {
+    for (const OperatorId coming : {OperatorId::Multiply, OperatorId::Divide, OperatorId::Mod}) {
+        for (const OperatorId below : {OperatorId::Add, OperatorId::Subtract, OperatorId::Multiply,
+                                       OperatorId::Divide, OperatorId::Mod}) {
             Restart();
             Push({TokenValue, below, TokenValue});
             Reduce(coming);
-            const bool pushed = below == OperatorAdd || below == OperatorSubtract;
-            EXPECT_EQ(evaluator_.top, pushed ? 3 : 1) << below << " " << coming;
-            EXPECT_EQ(evaluator_.stack[evaluator_.top].id, coming);
+            const bool pushed = below == OperatorId::Add || below == OperatorId::Subtract;
+            EXPECT_EQ(evaluator_.top, pushed ? 3 : 1)
+                << Printable(OperatorOf(below).spelling) << Printable(OperatorOf(coming).spelling);
+            EXPECT_EQ(Symbol(evaluator_.stack[evaluator_.top]), coming);
         }
     }
 }
 
 TEST_F(FormulaStack, WaitsForAllPowersFromRightToLeft) {
-    Push({TokenValue, OperatorPower, TokenValue, OperatorPower, TokenValue});
-    Reduce(OperatorPower);
+    Push({TokenValue, OperatorId::Power, TokenValue, OperatorId::Power, TokenValue});
+    Reduce(OperatorId::Power);
     EXPECT_EQ(evaluator_.top, 5);
     EXPECT_EQ(TakeCode(), CalcErrorNone) << "none of them was applied";
 }
 
 TEST_F(FormulaStack, RefusesASignOtherThanPlusAndMinus) {
-    for (const uint32_t id : {OperatorMultiply, OperatorDivide, OperatorPower, OperatorMod}) {
+    for (const OperatorId id :
+         {OperatorId::Multiply, OperatorId::Divide, OperatorId::Power, OperatorId::Mod}) {
         Restart();
         Push({TokenLeftParen, id, TokenValue});
-        ApplyOperator(evaluator_, Coming(TokenEnd));
+        ApplyOperator(evaluator_);
         ExpectError(FormulaErrorSyntax, 1, 3);
         Restart();
         Push({id, TokenValue});
-        ApplyOperator(evaluator_, Coming(TokenEnd));
+        ApplyOperator(evaluator_);
         ExpectError(FormulaErrorSyntax, 0, 3);
     }
 }
 
 TEST_F(FormulaStack, RefusesAnOperatorOnWhatIsNoOperand) {
-    for (const uint32_t id : {uint32_t{FunctionSin}, uint32_t{OperatorAdd}}) {
+    for (const Symbol& symbol : {Symbol(FunctionId::Sin), Symbol(OperatorId::Add)}) {
         Restart();
-        Push({TokenLeftParen, id, OperatorAdd, TokenValue});
-        ApplyOperator(evaluator_, Coming(TokenEnd));
+        Push({TokenLeftParen, symbol, OperatorId::Add, TokenValue});
+        ApplyOperator(evaluator_);
         ExpectError(FormulaErrorSyntax, 1, 3);
     }
 }
 
-TEST_F(FormulaStack, ReportsAnUnknownOperatorAsInternal) {
-    for (const uint32_t id : {606u, 699u}) {
-        Restart();
-        Push({TokenValue, id, TokenValue});
-        ApplyOperator(evaluator_, Coming(TokenEnd));
-        ExpectError(FormulaErrorInternal, 3, 4);
-        Restart();
-        Push({id, TokenValue});
-        ApplyOperator(evaluator_, Coming(TokenEnd));
-        ExpectError(FormulaErrorInternal, 2, 4);
-    }
-}
-
 TEST_F(FormulaStack, EndsEveryLoopAtAnError) {
-    for (const uint32_t coming : {uint32_t{OperatorAdd}, uint32_t{TokenSeparator},
-                                  uint32_t{TokenRightParen}, uint32_t{TokenEnd}}) {
+    for (const Symbol& coming : {Symbol(OperatorId::Add), Symbol(TokenSeparator),
+                                 Symbol(TokenRightParen), Symbol(TokenEnd)}) {
         Restart();
-        Push({TokenLeftParen, TokenValue, 606, TokenValue});
+        Push({TokenLeftParen, OperatorId::Multiply, TokenValue});
         Reduce(coming);
-        ExpectError(FormulaErrorInternal, 4, 4);
-        EXPECT_EQ(evaluator_.top, 3) << "nothing was done";
+        ExpectError(FormulaErrorSyntax, 1, 3);
+        EXPECT_EQ(evaluator_.top, 2) << "nothing was done";
     }
 }
 
 TEST_F(FormulaStack, RefusesArgumentsThatAreNoValues) {
-    Push({FunctionGcd, TokenLeftParen, OperatorAdd, TokenSeparator, TokenValue});
+    Push({FunctionId::Gcd, TokenLeftParen, OperatorId::Add, TokenSeparator, TokenValue});
     Reduce(TokenRightParen);
     ExpectError(FormulaErrorSyntax, 2, 3);
 }
@@ -245,23 +235,33 @@ TEST_F(FormulaStack, ReportsArgumentsWithoutAParenthesisAsInternal) {
     Reduce(TokenRightParen);
     ExpectError(FormulaErrorInternal, 4, 4);
     Restart();
-    Push({FunctionSin, OperatorAdd, TokenValue, TokenSeparator, TokenValue});
+    Push({FunctionId::Sin, OperatorId::Add, TokenValue, TokenSeparator, TokenValue});
     Reduce(TokenRightParen);
     ExpectError(FormulaErrorInternal, 5, 4);
 }
 
-TEST_F(FormulaStack, ReportsAnUnknownFunctionAsInternal) {
-    Push({315, TokenLeftParen, TokenValue});
+TEST_F(FormulaStack, ReportsArgumentsOfWhatIsNoFunctionAsInternal) {
+    for (const Symbol& symbol : {Symbol(OperatorId::Mod), Symbol(TokenValue)}) {
+        Restart();
+        Push({symbol, TokenLeftParen, TokenValue, TokenSeparator, TokenValue});
+        Reduce(TokenRightParen);
+        ExpectError(FormulaErrorInternal, 5, 4);
+    }
+}
+
+TEST_F(FormulaStack, RefusesAWrongNumberOfArgumentsAtTheFunction) {
+    Push({FunctionId::Gcd, TokenLeftParen, TokenValue});
     Reduce(TokenRightParen);
-    ExpectError(FormulaErrorInternal, 3, 4);
+    ExpectError(FormulaErrorArgumentCount, 0, 3);
     Restart();
-    Push({OperatorMod, TokenLeftParen, TokenValue, TokenSeparator, TokenValue});
+    Push({FunctionId::PowMod, TokenLeftParen, TokenValue, TokenSeparator, TokenValue,
+          TokenSeparator, TokenValue, TokenSeparator, TokenValue});
     Reduce(TokenRightParen);
     ExpectError(FormulaErrorArgumentCount, 0, 3);
 }
 
 TEST_F(FormulaStack, MissesTheLeftParenthesisAboveAnythingElse) {
-    Push({FunctionSin, TokenValue});
+    Push({FunctionId::Sin, TokenValue});
     Reduce(TokenRightParen);
     ExpectError(FormulaErrorLeftParenMissing, 2, 4);
 }

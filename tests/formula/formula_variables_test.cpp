@@ -91,6 +91,7 @@ TEST_F(FormulaVariables, ThatAreStoppedFailAsAnyOther) {
     uint8_t stop = 1;
     FieldScope<uint8_t*> flag(numberContext.abortFlag, &stop);
     EXPECT_EQ(Evaluate(u"1+x", {{u"x", u"1e9000 mod 3"}}), Failure(10212, 3, 1));
+    EXPECT_EQ(Evaluate(u"1+x", {{u"x", u"1+1"}}), Failure(10212, 3, 1)) << "before a token";
 }
 
 TEST_F(FormulaVariables, AreLimitedLikeAnyFormula) {
@@ -199,7 +200,7 @@ TEST_F(FormulaVariableTable, ThatIsTooSmallIsAnInternalError) {
     UsedVariable used[1] = {{u"y", u"1", nullptr, 9, 1}};
     evaluator_.usedVariables = used;
     evaluator_.usedCount = 1;
-    FormulaToken token = {TokenIdentifier, 3, 1, nullptr};
+    FormulaToken token = Token(TokenIdentifier, 3, 1);
     NoteUsedVariable(evaluator_, token);
     EXPECT_EQ(evaluator_.error, uint32_t{FormulaErrorInternal});
     EXPECT_EQ(evaluator_.errorPosition, 4u);

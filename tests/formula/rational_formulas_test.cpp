@@ -147,8 +147,8 @@ TEST_F(RationalFormulas, DoNotHaveTheFunctionsOfOtherTypes) {
 TEST_F(RationalFormulas, AreStopped) {
     uint8_t stop = 1;
     FieldScope<uint8_t*> flag(numberContext.abortFlag, &stop);
-    EXPECT_EQ(Evaluate(u"1+ncr(5;2)"), Failure(10210, 1, 0));
-    EXPECT_EQ(Evaluate(u"npr(1/2;2)"), Failure(10210, 1, 0));
+    EXPECT_EQ(EvaluateTokenByToken(u"1+ncr(5;2)"), Failure(FormulaErrorAborted, 1, 0));
+    EXPECT_EQ(EvaluateTokenByToken(u"npr(1/2;2)"), Failure(FormulaErrorAborted, 1, 0));
 }
 
 TEST_F(RationalFormulas, UseVariables) {

@@ -194,11 +194,11 @@ TEST_F(UintFormulas, FracFails) {
 TEST_F(UintFormulas, AreStopped) {
     uint8_t stop = 1;
     FieldScope<uint8_t*> flag(numberContext.abortFlag, &stop);
-    EXPECT_EQ(Evaluate(u"1+powmod(2;10;1000)"), Failure(10210, 1, 0));
-    EXPECT_EQ(Evaluate(u"ncr(5;2)"), Failure(10210, 1, 0));
-    EXPECT_EQ(Evaluate(u"npr(5;2)"), Failure(10210, 1, 0));
-    EXPECT_EQ(Evaluate(u"ncr(5;0)"), Exactly("1")) << "no factor, no check point";
-    EXPECT_EQ(Evaluate(u"fact(5)"), Exactly("120"));
+    EXPECT_EQ(EvaluateTokenByToken(u"1+powmod(2;10;1000)"), Failure(FormulaErrorAborted, 1, 0));
+    EXPECT_EQ(EvaluateTokenByToken(u"ncr(5;2)"), Failure(FormulaErrorAborted, 1, 0));
+    EXPECT_EQ(EvaluateTokenByToken(u"npr(5;2)"), Failure(FormulaErrorAborted, 1, 0));
+    EXPECT_EQ(EvaluateTokenByToken(u"ncr(5;0)"), Exactly("1")) << "no factor, no check point";
+    EXPECT_EQ(EvaluateTokenByToken(u"fact(5)"), Exactly("120"));
 }
 
 // Variables.

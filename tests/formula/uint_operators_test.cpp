@@ -6,6 +6,7 @@
 
 #include "exact/big_uint_division.h"
 #include "exact/big_uint_multiply.h"
+#include "formula/operation_dispatch.h"
 #include "support/exact_operations.h"
 #include "support/exact_testing.h"
 #include "support/formula_testing.h"
@@ -22,97 +23,95 @@ protected:
 };
 
 TEST_F(UintOperators, AddAndSubtractWhatFits) {
-    EXPECT_EQ(Apply(OperatorAdd, {"3", "4"}), Is("7"));
-    EXPECT_EQ(Apply(OperatorAdd, {"2^64-1", "1"}), Is("18446744073709551616"));
-    EXPECT_EQ(Apply(OperatorAdd, {"2^128-1", "0"}), Is("340282366920938463463374607431768211455"));
-    EXPECT_EQ(Apply(OperatorAdd, {"2^128-1", "1"}), Fails(CalcErrorOverflow));
-    EXPECT_EQ(Apply(OperatorSubtract, {"5", "3"}), Is("2"));
-    EXPECT_EQ(Apply(OperatorSubtract, {"5", "5"}), Is("0"));
-    EXPECT_EQ(Apply(OperatorSubtract, {"3", "5"}), Fails(CalcErrorOverflow));
-    EXPECT_EQ(Apply(OperatorSubtract, {"0", "2^128-1"}), Fails(CalcErrorOverflow));
+    EXPECT_EQ(Apply(OperatorId::Add, {"3", "4"}), Is("7"));
+    EXPECT_EQ(Apply(OperatorId::Add, {"2^64-1", "1"}), Is("18446744073709551616"));
+    EXPECT_EQ(Apply(OperatorId::Add, {"2^128-1", "0"}),
+              Is("340282366920938463463374607431768211455"));
+    EXPECT_EQ(Apply(OperatorId::Add, {"2^128-1", "1"}), Fails(CalcErrorOverflow));
+    EXPECT_EQ(Apply(OperatorId::Subtract, {"5", "3"}), Is("2"));
+    EXPECT_EQ(Apply(OperatorId::Subtract, {"5", "5"}), Is("0"));
+    EXPECT_EQ(Apply(OperatorId::Subtract, {"3", "5"}), Fails(CalcErrorOverflow));
+    EXPECT_EQ(Apply(OperatorId::Subtract, {"0", "2^128-1"}), Fails(CalcErrorOverflow));
 }
 
 TEST_F(UintOperators, MultiplyBySmallOperandsOfEitherSide) {
-    EXPECT_EQ(Apply(OperatorMultiply, {"6", "7"}), Is("42"));
-    EXPECT_EQ(Apply(OperatorMultiply, {"2^64-1", "2^64+1"}),
+    EXPECT_EQ(Apply(OperatorId::Multiply, {"6", "7"}), Is("42"));
+    EXPECT_EQ(Apply(OperatorId::Multiply, {"2^64-1", "2^64+1"}),
               Is("340282366920938463463374607431768211455"));
-    EXPECT_EQ(Apply(OperatorMultiply, {"2^64+1", "2^64-1"}),
+    EXPECT_EQ(Apply(OperatorId::Multiply, {"2^64+1", "2^64-1"}),
               Is("340282366920938463463374607431768211455"));
-    EXPECT_EQ(Apply(OperatorMultiply, {"2^100", "0"}), Is("0"));
-    EXPECT_EQ(Apply(OperatorMultiply, {"0", "2^100"}), Is("0"));
-    EXPECT_EQ(Apply(OperatorMultiply, {"2^127", "2"}), Fails(CalcErrorOverflow));
-    EXPECT_EQ(Apply(OperatorMultiply, {"2", "2^127"}), Fails(CalcErrorOverflow));
+    EXPECT_EQ(Apply(OperatorId::Multiply, {"2^100", "0"}), Is("0"));
+    EXPECT_EQ(Apply(OperatorId::Multiply, {"0", "2^100"}), Is("0"));
+    EXPECT_EQ(Apply(OperatorId::Multiply, {"2^127", "2"}), Fails(CalcErrorOverflow));
+    EXPECT_EQ(Apply(OperatorId::Multiply, {"2", "2^127"}), Fails(CalcErrorOverflow));
 }
 
 TEST_F(UintOperators, MultiplyLongOperands) {
-    EXPECT_EQ(Apply(OperatorMultiply, {"2^64", "2^64"}), Fails(CalcErrorOverflow));
+    EXPECT_EQ(Apply(OperatorId::Multiply, {"2^64", "2^64"}), Fails(CalcErrorOverflow));
     FormulaScope wide(NumberTypeUint, 3);
-    EXPECT_EQ(Apply(OperatorMultiply, {"2^64", "2^64+1"}),
+    EXPECT_EQ(Apply(OperatorId::Multiply, {"2^64", "2^64+1"}),
               Is("340282366920938463481821351505477763072"));
-    EXPECT_EQ(Apply(OperatorMultiply, {"2^96", "2^96"}), Fails(CalcErrorOverflow));
+    EXPECT_EQ(Apply(OperatorId::Multiply, {"2^96", "2^96"}), Fails(CalcErrorOverflow));
 }
 
 TEST_F(UintOperators, DivideDownwardsAndNoteALostRemainder) {
-    EXPECT_EQ(Apply(OperatorDivide, {"7", "2"}), IsAbout("3"));
-    EXPECT_EQ(Apply(OperatorDivide, {"8", "2"}), Is("4"));
-    EXPECT_EQ(Apply(OperatorDivide, {"0", "5"}), Is("0"));
-    EXPECT_EQ(Apply(OperatorDivide, {"5", "7"}), IsAbout("0"));
-    EXPECT_EQ(Apply(OperatorDivide, {"2^127", "2^64"}), Is("9223372036854775808"));
-    EXPECT_EQ(Apply(OperatorDivide, {"2^127+1", "2^64"}), IsAbout("9223372036854775808"));
+    EXPECT_EQ(Apply(OperatorId::Divide, {"7", "2"}), IsAbout("3"));
+    EXPECT_EQ(Apply(OperatorId::Divide, {"8", "2"}), Is("4"));
+    EXPECT_EQ(Apply(OperatorId::Divide, {"0", "5"}), Is("0"));
+    EXPECT_EQ(Apply(OperatorId::Divide, {"5", "7"}), IsAbout("0"));
+    EXPECT_EQ(Apply(OperatorId::Divide, {"2^127", "2^64"}), Is("9223372036854775808"));
+    EXPECT_EQ(Apply(OperatorId::Divide, {"2^127+1", "2^64"}), IsAbout("9223372036854775808"));
     for (const char* a : {"0", "1", "2^127"}) {
-        EXPECT_EQ(Apply(OperatorDivide, {a, "0"}), Fails(CalcErrorExactDivisionByZero)) << a;
-        EXPECT_EQ(Apply(OperatorMod, {a, "0"}), Fails(CalcErrorExactDivisionByZero)) << a;
+        EXPECT_EQ(Apply(OperatorId::Divide, {a, "0"}), Fails(CalcErrorExactDivisionByZero)) << a;
+        EXPECT_EQ(Apply(OperatorId::Mod, {a, "0"}), Fails(CalcErrorExactDivisionByZero)) << a;
     }
 }
 
 TEST_F(UintOperators, HaveARemainder) {
-    EXPECT_EQ(Apply(OperatorMod, {"7", "2"}), Is("1"));
-    EXPECT_EQ(Apply(OperatorMod, {"8", "2"}), Is("0"));
-    EXPECT_EQ(Apply(OperatorMod, {"5", "2^70"}), Is("5"));
-    EXPECT_EQ(Apply(OperatorMod, {"2^127+9", "2^64"}), Is("9"));
+    EXPECT_EQ(Apply(OperatorId::Mod, {"7", "2"}), Is("1"));
+    EXPECT_EQ(Apply(OperatorId::Mod, {"8", "2"}), Is("0"));
+    EXPECT_EQ(Apply(OperatorId::Mod, {"5", "2^70"}), Is("5"));
+    EXPECT_EQ(Apply(OperatorId::Mod, {"2^127+9", "2^64"}), Is("9"));
 }
 
 TEST_F(UintOperators, RaiseTwoAndTenByTheirOwnRoutines) {
-    EXPECT_EQ(Apply(OperatorPower, {"2", "0"}), Is("1"));
-    EXPECT_EQ(Apply(OperatorPower, {"2", "10"}), Is("1024"));
-    EXPECT_EQ(Apply(OperatorPower, {"2", "127"}), Is("170141183460469231731687303715884105728"));
-    EXPECT_EQ(Apply(OperatorPower, {"10", "0"}), Is("1"));
-    EXPECT_EQ(Apply(OperatorPower, {"10", "1"}), Is("10"));
-    EXPECT_EQ(Apply(OperatorPower, {"10", "38"}), Is("1" + std::string(38, '0')));
+    EXPECT_EQ(Apply(OperatorId::Power, {"2", "0"}), Is("1"));
+    EXPECT_EQ(Apply(OperatorId::Power, {"2", "10"}), Is("1024"));
+    EXPECT_EQ(Apply(OperatorId::Power, {"2", "127"}),
+              Is("170141183460469231731687303715884105728"));
+    EXPECT_EQ(Apply(OperatorId::Power, {"10", "0"}), Is("1"));
+    EXPECT_EQ(Apply(OperatorId::Power, {"10", "1"}), Is("10"));
+    EXPECT_EQ(Apply(OperatorId::Power, {"10", "38"}), Is("1" + std::string(38, '0')));
     for (const char* exponent : {"128", "2^63-1", "2^63", "2^64", "2^70"}) {
-        EXPECT_EQ(Apply(OperatorPower, {"2", exponent}), Fails(CalcErrorOverflow)) << exponent;
-        EXPECT_EQ(Apply(OperatorPower, {"10", exponent}), Fails(CalcErrorOverflow)) << exponent;
+        EXPECT_EQ(Apply(OperatorId::Power, {"2", exponent}), Fails(CalcErrorOverflow)) << exponent;
+        EXPECT_EQ(Apply(OperatorId::Power, {"10", exponent}), Fails(CalcErrorOverflow)) << exponent;
     }
-    EXPECT_EQ(Apply(OperatorPower, {"10", "39"}), Fails(CalcErrorOverflow));
+    EXPECT_EQ(Apply(OperatorId::Power, {"10", "39"}), Fails(CalcErrorOverflow));
 }
 
 TEST_F(UintOperators, RaiseOtherBases) {
-    EXPECT_EQ(Apply(OperatorPower, {"3", "5"}), Is("243"));
-    EXPECT_EQ(Apply(OperatorPower, {"2^64", "1"}), Is("18446744073709551616"));
-    EXPECT_EQ(Apply(OperatorPower, {"7", "0"}), Is("1"));
-    EXPECT_EQ(Apply(OperatorPower, {"0", "0"}), Is("1"));
-    EXPECT_EQ(Apply(OperatorPower, {"0", "5"}), Is("0"));
-    EXPECT_EQ(Apply(OperatorPower, {"3", "81"}), Fails(CalcErrorOverflow));
-    EXPECT_EQ(Apply(OperatorPower, {"2^64", "2"}), Fails(CalcErrorOverflow));
+    EXPECT_EQ(Apply(OperatorId::Power, {"3", "5"}), Is("243"));
+    EXPECT_EQ(Apply(OperatorId::Power, {"2^64", "1"}), Is("18446744073709551616"));
+    EXPECT_EQ(Apply(OperatorId::Power, {"7", "0"}), Is("1"));
+    EXPECT_EQ(Apply(OperatorId::Power, {"0", "0"}), Is("1"));
+    EXPECT_EQ(Apply(OperatorId::Power, {"0", "5"}), Is("0"));
+    EXPECT_EQ(Apply(OperatorId::Power, {"3", "81"}), Fails(CalcErrorOverflow));
+    EXPECT_EQ(Apply(OperatorId::Power, {"2^64", "2"}), Fails(CalcErrorOverflow));
 }
 
 TEST_F(UintOperators, RaiseToExponentsAboveAMachineInteger) {
     for (const char* exponent : {"2^63", "2^64", "2^70"}) {
-        EXPECT_EQ(Apply(OperatorPower, {"0", exponent}), Is("0")) << exponent;
-        EXPECT_EQ(Apply(OperatorPower, {"1", exponent}), Is("1")) << exponent;
-        EXPECT_EQ(Apply(OperatorPower, {"3", exponent}), Fails(CalcErrorOverflow)) << exponent;
+        EXPECT_EQ(Apply(OperatorId::Power, {"0", exponent}), Is("0")) << exponent;
+        EXPECT_EQ(Apply(OperatorId::Power, {"1", exponent}), Is("1")) << exponent;
+        EXPECT_EQ(Apply(OperatorId::Power, {"3", exponent}), Fails(CalcErrorOverflow)) << exponent;
     }
-}
-
-TEST_F(UintOperators, ThatAreNoneFail) {
-    EXPECT_EQ(Apply(OperatorMod + 1, {"6", "3"}), Fails(CalcErrorUnknownType));
 }
 
 TEST_F(UintOperators, DoNotTakeAwayWhatWasNoted) {
     FormulaEvaluator evaluator{};
     evaluator.inexactResult = true;
     UintBuffer a("8");
-    UintApplyOperator(evaluator, OperatorDivide, a, UintBuffer("2"));
+    ApplyBinaryOperator(evaluator, OperatorId::Divide, a, UintBuffer("2"));
     EXPECT_EQ(a, UintBuffer("4"));
     EXPECT_TRUE(evaluator.inexactResult);
 }
@@ -131,7 +130,7 @@ TEST(UintOperatorsAtAnyWidth, AgreeWithTheRoutinesForRandomOperands) {
             BigUintMul(expected, a, b);
             const CalcError code = TakeCode();
             UintBuffer dest = a;
-            UintApplyOperator(evaluator, OperatorMultiply, dest, b);
+            ApplyBinaryOperator(evaluator, OperatorId::Multiply, dest, b);
             EXPECT_EQ(dest, expected) << "the way of small operands has the same product";
             EXPECT_EQ(TakeCode(), code);
 
@@ -140,12 +139,12 @@ TEST(UintOperatorsAtAnyWidth, AgreeWithTheRoutinesForRandomOperands) {
             const CalcError divisionCode = TakeCode();
             dest = a;
             evaluator.inexactResult = false;
-            UintApplyOperator(evaluator, OperatorDivide, dest, b);
+            ApplyBinaryOperator(evaluator, OperatorId::Divide, dest, b);
             EXPECT_EQ(dest, expected);
             EXPECT_EQ(TakeCode(), divisionCode);
             EXPECT_EQ(evaluator.inexactResult, remainder != UintBuffer("0"));
             dest = a;
-            UintApplyOperator(evaluator, OperatorMod, dest, b);
+            ApplyBinaryOperator(evaluator, OperatorId::Mod, dest, b);
             EXPECT_EQ(dest, remainder);
             EXPECT_EQ(TakeCode(), divisionCode);
         }

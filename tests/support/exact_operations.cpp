@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "formula/operation_dispatch.h"
-#include "support/formula_testing.h"
 
 namespace tallymere::testing_support {
 
@@ -20,7 +19,8 @@ void PrintTo(const ExactOutcome& outcome, std::ostream* out) {
     *out << outcome.text << " code " << outcome.code << (outcome.inexact ? " inexact" : "");
 }
 
-ExactOutcome Apply(uint32_t id, std::initializer_list<std::string_view> operands, uint64_t stale) {
+ExactOutcome Apply(const Symbol& symbol, std::initializer_list<std::string_view> operands,
+                   uint64_t stale) {
     std::vector<std::vector<uint64_t>> values;
     for (const std::string_view text : operands) {
         values.push_back(ExactWords(text));
@@ -31,21 +31,19 @@ ExactOutcome Apply(uint32_t id, std::initializer_list<std::string_view> operands
     dest.push_back(Canary);
 
     FormulaEvaluator evaluator{};
-    const FormulaToken function = {id, 4, 6, dest.data()};
     {
         const ContextCheck check;
         const CalcError code = numberContext.calcError;
-        if (IsOperatorId(id)) {
-            ApplyBinaryOperator(evaluator, id, values[0].data(), values[1].data());
+        if (symbol.kind == TokenOperator) {
+            ApplyBinaryOperator(evaluator, symbol.operation, values[0].data(), values[1].data());
             dest = values[0];
             before[0] = values[0];
-        } else if (operands.size() == 1) {
-            ApplyFunction1(evaluator, function, dest.data(), values[0].data());
-        } else if (operands.size() == 2) {
-            ApplyFunction2(evaluator, function, dest.data(), values[0].data(), values[1].data());
         } else {
-            ApplyFunction3(evaluator, function, dest.data(), values[0].data(), values[1].data(),
-                           values[2].data());
+            std::vector<const uint64_t*> arguments;
+            for (const std::vector<uint64_t>& value : values) {
+                arguments.push_back(value.data());
+            }
+            CallFunction(evaluator, Token(symbol, 4, 6), dest.data(), arguments);
         }
         EXPECT_TRUE(code == CalcErrorNone || numberContext.calcError == code)
             << "a code that was there is kept";

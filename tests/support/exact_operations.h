@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "core/calc_error.h"
+#include "support/formula_testing.h"
 
 namespace tallymere::testing_support {
 
@@ -43,7 +44,7 @@ inline ExactOutcome Fails(CalcError code) {
 /// driver calls. The destination of a function is full of `stale` words. Fails the test if an
 /// operand is changed, anything is written behind a value or noted as an error of the formula, or
 /// the context is not as it was.
-ExactOutcome Apply(uint32_t id, std::initializer_list<std::string_view> operands,
+ExactOutcome Apply(const Symbol& symbol, std::initializer_list<std::string_view> operands,
                    uint64_t stale = 0xD1D1D1D1D1D1D1D1u);
 
 }  // namespace tallymere::testing_support

@@ -7,7 +7,13 @@
 
 #include "core/complex_number.h"
 #include "core/scratch.h"
+#include "formula/formula_driver.h"
 #include "formula/formula_evaluation.h"
+#include "formula/formula_lexer.h"
+#include "formula/formula_stack.h"
+#include "formula/function_table.h"
+#include "formula/operation_dispatch.h"
+#include "formula/operator_table.h"
 #include "support/exact_testing.h"
 #include "values/value_operations.h"
 
@@ -116,6 +122,31 @@ FormulaOutcome Failure(uint32_t error, uint64_t position, uint64_t length) {
     return outcome;
 }
 
+Symbol::Symbol(const FormulaToken& token) : kind(token.kind) {
+    if (kind == TokenFunction) {
+        function = token.function;
+    } else if (kind == TokenOperator) {
+        operation = token.operation;
+    } else if (kind == TokenConstant) {
+        constant = token.constant;
+    }
+}
+
+void PrintTo(const Symbol& symbol, std::ostream* out) {
+    if (symbol.kind == TokenFunction) {
+        *out << Printable(FunctionOf(symbol.function).name);
+    } else if (symbol.kind == TokenOperator) {
+        *out << Printable(OperatorOf(symbol.operation).spelling);
+    } else {
+        *out << "kind " << int{symbol.kind};
+    }
+}
+
+FormulaToken Token(const Symbol& symbol, uint64_t position, uint64_t length) {
+    return {symbol.kind, symbol.function, symbol.operation, symbol.constant,
+            position,    length,          nullptr};
+}
+
 FormulaOutcome Evaluate(std::u16string_view text, const Variables& variables, uint64_t flags) {
     // A copy of its own ends where the text ends, so that the sanitizer sees a read behind it.
     const std::u16string formula(text);
@@ -155,6 +186,48 @@ FormulaOutcome Evaluate(std::u16string_view text, const Variables& variables, ui
         outcome.value = ValueText(result.data());
     }
     return outcome;
+}
+
+FormulaOutcome EvaluateTokenByToken(std::u16string_view text) {
+    const ScratchStackScope scratch;
+    const std::u16string formula(text);
+    std::vector<uint64_t> result(SizeOfNumber() / 8);
+    FormulaEvaluator evaluator{};
+    evaluator.text = formula.c_str();
+    evaluator.flags = TextGroup;
+    evaluator.result = result.data();
+    StartFormulaStack(evaluator);
+    FormulaToken token{};
+    uint64_t position = 0;
+    do {
+        NextFormulaToken(evaluator, token, position);
+        AcceptFormulaToken(evaluator, token);
+    } while (evaluator.error == FormulaErrorNone && token.kind != TokenEnd);
+    FormulaOutcome outcome;
+    outcome.error = evaluator.error;
+    outcome.position = evaluator.errorPosition;
+    outcome.length = evaluator.errorLength;
+    outcome.inexact = evaluator.inexactResult;
+    if (evaluator.error == FormulaErrorNone) {
+        outcome.value = ValueText(result.data());
+    }
+    return outcome;
+}
+
+void CallFunction(FormulaEvaluator& evaluator, const FormulaToken& function, uint64_t* dest,
+                  const std::vector<const uint64_t*>& arguments) {
+    const FunctionRow& row = FunctionOf(function.function);
+    ASSERT_EQ(static_cast<int64_t>(arguments.size()), ArgumentCount(row)) << Printable(row.name);
+    switch (arguments.size()) {
+        case 1:
+            ApplyFunction1(evaluator, function, dest, arguments[0]);
+            break;
+        case 2:
+            ApplyFunction2(evaluator, function, dest, arguments[0], arguments[1]);
+            break;
+        default:
+            ApplyFunction3(evaluator, function, dest, arguments[0], arguments[1], arguments[2]);
+    }
 }
 
 std::vector<std::u16string> FormulasOfRealFunctions() {

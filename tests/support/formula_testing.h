@@ -73,6 +73,27 @@ FormulaOutcome Rounded(std::string_view value);
 /// The outcome of failure.
 FormulaOutcome Failure(uint32_t error, uint64_t position, uint64_t length);
 
+/// What a token is, in one word: a kind or an id.
+struct Symbol {
+    TokenKind kind;
+    FunctionId function = {};
+    OperatorId operation = {};
+    ConstantId constant = {};
+
+    Symbol(TokenKind ofKind) : kind(ofKind) {}
+    Symbol(FunctionId id) : kind(TokenFunction), function(id) {}
+    Symbol(OperatorId id) : kind(TokenOperator), operation(id) {}
+    Symbol(ConstantId id) : kind(TokenConstant), constant(id) {}
+    explicit Symbol(const FormulaToken& token);
+
+    bool operator==(const Symbol&) const = default;
+};
+
+void PrintTo(const Symbol& symbol, std::ostream* out);
+
+/// A token of the lexer.
+FormulaToken Token(const Symbol& symbol, uint64_t position, uint64_t length);
+
 using Variables = std::vector<std::pair<std::u16string, std::u16string>>;
 
 /// Evaluates a formula through EvaluateFormula. Fails the test if anything in the context or the
@@ -80,6 +101,15 @@ using Variables = std::vector<std::pair<std::u16string, std::u16string>>;
 /// failure is not 0.
 FormulaOutcome Evaluate(std::u16string_view text, const Variables& variables = {},
                         uint64_t flags = TextGroup);
+
+/// The same through AcceptFormulaToken alone, without variables. It asks for no stop between
+/// tokens, so that only operations can hear of one.
+FormulaOutcome EvaluateTokenByToken(std::u16string_view text);
+
+/// Calls a function by its id with one, two or three arguments, which are values of the number type
+/// in force. Fails the test if there are not as many as its row says.
+void CallFunction(FormulaEvaluator& evaluator, const FormulaToken& function, uint64_t* dest,
+                  const std::vector<const uint64_t*>& arguments);
 
 /// A formula such as "ln(1)" for each function of one argument that exact types do not have.
 std::vector<std::u16string> FormulasOfRealFunctions();
