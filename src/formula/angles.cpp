@@ -1,5 +1,6 @@
 #include "formula/angles.h"
 
+#include "core/contract.h"
 #include "core/real_add.h"
 #include "core/real_compare.h"
 #include "core/real_div_mod.h"
@@ -73,6 +74,7 @@ void SnapToMultiple(RealNumber* quotient, RealNumber* remainder, const RealNumbe
 }  // namespace
 
 QuarterTurns ReduceAngleArgument(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
+    TALLYMERE_REQUIRE(unit != AngleUnit::None);
     ScratchStackScope scratch;
     RealNumber* quotient = RealAt(scratch.Take(RealWords()));
     RealNumber* remainder = RealAt(scratch.Take(RealWords()));
@@ -99,6 +101,7 @@ QuarterTurns ReduceAngleArgument(RealNumber* dest, const RealNumber* x, AngleUni
 }
 
 void AngleFromRadians(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
+    TALLYMERE_REQUIRE(unit != AngleUnit::None);
     switch (unit) {
         case AngleUnit::None:
         case AngleUnit::Radians:

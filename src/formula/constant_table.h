@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "core/contract.h"
 #include "formula/operation_ids.h"
 #include "formula/routines_by_type.h"
 
@@ -24,6 +25,7 @@ extern const ConstantRow ConstantTable[ConstantCount];
 
 /// The row of an id. Precondition: `id` is not ConstantId::Count.
 inline const ConstantRow& ConstantOf(ConstantId id) {
+    TALLYMERE_REQUIRE(id < ConstantId::Count);
     return ConstantTable[static_cast<int64_t>(id)];
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/number_context.h"
 #include "core/scratch.h"
+#include "core/stop_request.h"
 #include "formula/formula_lexer.h"
 #include "formula/formula_operands.h"
 #include "formula/formula_reduction.h"

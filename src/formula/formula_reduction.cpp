@@ -114,6 +114,7 @@ void ReduceOnRightParen(FormulaEvaluator& evaluator, const FormulaToken& token) 
 }  // namespace
 
 void ReduceOnToken(FormulaEvaluator& evaluator, const FormulaToken& token) {
+    TALLYMERE_REQUIRE(StackKind(evaluator, 0) == TokenValue);
     if (token.kind == TokenOperator) {
         ReduceOnOperator(evaluator, token);
     } else if (token.kind == TokenRightParen) {
@@ -126,6 +127,8 @@ void ReduceOnToken(FormulaEvaluator& evaluator, const FormulaToken& token) {
 }
 
 void ApplyOperator(FormulaEvaluator& evaluator) {
+    TALLYMERE_REQUIRE(StackKind(evaluator, 0) == TokenValue);
+    TALLYMERE_REQUIRE(StackKind(evaluator, 1) == TokenOperator);
     FormulaToken& right = evaluator.stack[evaluator.top];
     FormulaToken& operation = evaluator.stack[evaluator.top - 1];
     const TokenKind below = StackKind(evaluator, 2);

@@ -5,7 +5,9 @@
 
 namespace tallymere {
 
-/// With a value on top of the stack: applies the operators that bind tighter than the token, which
+/// Precondition: a value is on top of the stack.
+///
+/// Applies the operators that bind tighter than the token, which
 /// is an operator, `)`, `;` or the end of the text. Then the token acts: an operator or `;` is
 /// pushed, `)` closes its parentheses or calls its function.
 ///
@@ -17,7 +19,9 @@ namespace tallymere {
 /// and those of the operations.
 void ReduceOnToken(FormulaEvaluator& evaluator, const FormulaToken& token);
 
-/// With a value on top of the stack and an operator below it: applies the operator, as a binary one
+/// Precondition: a value is on top of the stack and an operator below it.
+///
+/// Applies the operator, as a binary one
 /// when a value lies below it and else as a sign. The result stands where the left operand, or the
 /// sign, stood.
 ///

@@ -6,6 +6,7 @@
 // number.
 #pragma once
 
+#include "core/contract.h"
 #include "formula/formula_evaluator.h"
 
 namespace tallymere {
@@ -19,6 +20,7 @@ bool PushFormulaToken(FormulaEvaluator& evaluator, const FormulaToken& token);
 
 /// The kind of the entry `depth` entries below the top, TokenNone below the bottom. depth >= 0.
 inline TokenKind StackKind(const FormulaEvaluator& evaluator, int64_t depth) {
+    TALLYMERE_REQUIRE(depth >= 0);
     return depth > evaluator.top ? TokenNone : evaluator.stack[evaluator.top - depth].kind;
 }
 

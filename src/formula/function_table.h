@@ -6,6 +6,7 @@
 
 #include <cstdint>
 
+#include "core/contract.h"
 #include "formula/angle_unit.h"
 #include "formula/formula_evaluator.h"
 #include "formula/routines_by_type.h"
@@ -47,6 +48,7 @@ extern const FunctionRow FunctionTable[FunctionCount];
 
 /// The row of an id. Precondition: `id` is not FunctionId::Count.
 inline const FunctionRow& FunctionOf(FunctionId id) {
+    TALLYMERE_REQUIRE(id < FunctionId::Count);
     return FunctionTable[static_cast<int64_t>(id)];
 }
 

@@ -65,17 +65,23 @@ void ApplyBinaryOperator(FormulaEvaluator& evaluator, OperatorId id, uint64_t* l
 
 void ApplyFunction1(FormulaEvaluator& evaluator, const FormulaToken& function, uint64_t* dest,
                     const uint64_t* argument) {
-    CallRoutine({evaluator, function, FunctionOf(function.function), dest, {argument}});
+    const FunctionRow& row = FunctionOf(function.function);
+    TALLYMERE_REQUIRE(ArgumentCount(row) == 1);
+    CallRoutine({evaluator, function, row, dest, {argument}});
 }
 
 void ApplyFunction2(FormulaEvaluator& evaluator, const FormulaToken& function, uint64_t* dest,
                     const uint64_t* first, const uint64_t* second) {
-    CallRoutine({evaluator, function, FunctionOf(function.function), dest, {first, second}});
+    const FunctionRow& row = FunctionOf(function.function);
+    TALLYMERE_REQUIRE(ArgumentCount(row) == 2);
+    CallRoutine({evaluator, function, row, dest, {first, second}});
 }
 
 void ApplyFunction3(FormulaEvaluator& evaluator, const FormulaToken& function, uint64_t* dest,
                     const uint64_t* first, const uint64_t* second, const uint64_t* third) {
-    CallRoutine({evaluator, function, FunctionOf(function.function), dest, {first, second, third}});
+    const FunctionRow& row = FunctionOf(function.function);
+    TALLYMERE_REQUIRE(ArgumentCount(row) == 3);
+    CallRoutine({evaluator, function, row, dest, {first, second, third}});
 }
 
 }  // namespace tallymere

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 
+#include "core/contract.h"
 #include "formula/formula_evaluator.h"
 #include "formula/routines_by_type.h"
 
@@ -44,6 +45,7 @@ extern const OperatorRow OperatorTable[OperatorCount];
 
 /// The row of an id. Precondition: `id` is not OperatorId::Count.
 inline const OperatorRow& OperatorOf(OperatorId id) {
+    TALLYMERE_REQUIRE(id < OperatorId::Count);
     return OperatorTable[static_cast<int64_t>(id)];
 }
 

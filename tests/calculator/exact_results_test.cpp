@@ -315,7 +315,7 @@ TEST_F(ExactResultsTest, AStopWhileAVariableIsEvaluatedIsAFailureOfTheVariable) 
     EXPECT_EQ(calculator.calcResultType, NumberTypeRational);
 }
 
-TEST_F(ExactResultsTest, AStopEndsTheLongLoopsOfIntegers) {
+TEST_F(ExactResultsTest, AStopEndsACalculationWithIntegers) {
     UseUint();
     for (const char16_t* formula : {u"powmod(3;100;7)", u"ncr(49;6)", u"npr(49;6)"}) {
         RequestCancel();

@@ -18,17 +18,6 @@ struct Refusal {
 
 constexpr int StackLimit = 50;
 
-const std::map<Text, int> ArgumentCounts = {
-    {u"sqrt", 1},   {u"cbrt", 1}, {u"ln", 1},   {u"log2", 1},  {u"log10", 1}, {u"exp", 1},
-    {u"abs", 1},    {u"sin", 1},  {u"cos", 1},  {u"tan", 1},   {u"asin", 1},  {u"acos", 1},
-    {u"atan", 1},   {u"sind", 1}, {u"cosd", 1}, {u"tand", 1},  {u"asind", 1}, {u"acosd", 1},
-    {u"atand", 1},  {u"sing", 1}, {u"cosg", 1}, {u"tang", 1},  {u"asing", 1}, {u"acosg", 1},
-    {u"atang", 1},  {u"sinh", 1}, {u"cosh", 1}, {u"tanh", 1},  {u"asinh", 1}, {u"acosh", 1},
-    {u"atanh", 1},  {u"fact", 1}, {u"root", 2}, {u"sqrtc", 2}, {u"cbrtc", 2}, {u"rootc", 3},
-    {u"arg", 1},    {u"argd", 1}, {u"argg", 1}, {u"realp", 1}, {u"imagp", 1}, {u"trunc", 1},
-    {u"frac", 1},   {u"ncr", 2},  {u"npr", 2},  {u"logx", 2},  {u"gcd", 2},   {u"lcm", 2},
-    {u"powmod", 3}, {u"round", 1}};
-
 bool IsOneOf(const Text& word, std::initializer_list<const char16_t*> words) {
     return std::find(words.begin(), words.end(), word) != words.end();
 }
@@ -82,18 +71,18 @@ public:
             while (WordCharacter(Peek(0)) || Digit(Peek(0))) {
                 at_++;
             }
-        } else if (Text(u"+-*/^();").find(c) != Text::npos) {
+        } else if (const size_t length = SymbolLength(); length != 0) {
             lexeme.kind = Kind::Symbol;
-            at_++;
+            at_ += length;
         } else {
             lexeme.kind = Kind::Invalid;
         }
         lexeme.length = length_ = at_ - lexeme.position;
         lexeme.word = text_.substr(lexeme.position, lexeme.length);
         if (lexeme.kind == Kind::End) {
-            lexeme.kind = lexeme.word == u"mod"                      ? Kind::Symbol
+            lexeme.kind = ModelOperators.contains(lexeme.word)       ? Kind::Symbol
                           : IsOneOf(lexeme.word, {u"pi", u"\u03C0"}) ? Kind::Pi
-                          : ArgumentCounts.contains(lexeme.word)     ? Kind::Function
+                          : ModelFunctions.contains(lexeme.word)     ? Kind::Function
                                                                      : Kind::Name;
         }
         return lexeme;
@@ -102,6 +91,17 @@ public:
 private:
     char16_t Peek(size_t ahead) const {
         return at_ + ahead < text_.size() ? text_[at_ + ahead] : u'\0';
+    }
+
+    // Of the parenthesis, the `;` or the longest operator here; 0 if there is none.
+    size_t SymbolLength() const {
+        size_t length = Text(u"();").find(Peek(0)) != Text::npos ? 1 : 0;
+        for (const auto& [symbol, level] : ModelOperators) {
+            if (text_.compare(at_, symbol.size(), symbol) == 0) {
+                length = std::max(length, symbol.size());
+            }
+        }
+        return length;
     }
 
     void PassNumber() {
@@ -163,6 +163,12 @@ private:
         return coming_.kind == Kind::Symbol && coming_.word == symbol;
     }
 
+    bool IsOperator(ModelLevel level) const {
+        const auto found = ModelOperators.find(coming_.word);
+        return coming_.kind == Kind::Symbol && found != ModelOperators.end() &&
+               found->second == level;
+    }
+
     [[noreturn]] void Refuse(uint32_t error) const {
         throw Refusal{error, coming_.position, coming_.length};
     }
@@ -198,7 +204,7 @@ private:
     }
 
     Operand SumFrom(Operand left) {
-        while (IsSymbol(u"+") || IsSymbol(u"-")) {
+        while (IsOperator(ModelLevel::Sum)) {
             const Lexeme operation = Take();
             const Operand right = ProductFrom(Power());
             Combine(operation, left, right);
@@ -207,7 +213,7 @@ private:
     }
 
     Operand ProductFrom(Operand left) {
-        while (IsSymbol(u"*") || IsSymbol(u"/") || IsSymbol(u"mod")) {
+        while (IsOperator(ModelLevel::Product)) {
             const Lexeme operation = Take();
             const Operand right = Power();
             Combine(operation, left, right);
@@ -218,7 +224,7 @@ private:
     Operand Power() { return PowerFrom(Atom()); }
 
     Operand PowerFrom(Operand base) {
-        if (IsSymbol(u"^")) {
+        if (IsOperator(ModelLevel::Power)) {
             const Lexeme operation = Take();
             const Operand exponent = Power();
             Combine(operation, base, exponent);
@@ -347,7 +353,7 @@ private:
         }
         const Lexeme close = Close();
         const int count = static_cast<int>(arguments.size());
-        if (count != ArgumentCounts.at(function.word)) {
+        if (count != ModelFunctions.at(function.word)) {
             throw Refusal{10206, function.position, function.length};
         }
         entries_ -= 2 * count;

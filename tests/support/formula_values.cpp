@@ -470,6 +470,21 @@ std::string DecimalText(const ModelValue& value) {
 
 }  // namespace
 
+const std::map<std::u16string, int> ModelFunctions = {
+    {u"sqrt", 1},   {u"cbrt", 1}, {u"ln", 1},   {u"log2", 1},  {u"log10", 1}, {u"exp", 1},
+    {u"abs", 1},    {u"sin", 1},  {u"cos", 1},  {u"tan", 1},   {u"asin", 1},  {u"acos", 1},
+    {u"atan", 1},   {u"sind", 1}, {u"cosd", 1}, {u"tand", 1},  {u"asind", 1}, {u"acosd", 1},
+    {u"atand", 1},  {u"sing", 1}, {u"cosg", 1}, {u"tang", 1},  {u"asing", 1}, {u"acosg", 1},
+    {u"atang", 1},  {u"sinh", 1}, {u"cosh", 1}, {u"tanh", 1},  {u"asinh", 1}, {u"acosh", 1},
+    {u"atanh", 1},  {u"fact", 1}, {u"root", 2}, {u"sqrtc", 2}, {u"cbrtc", 2}, {u"rootc", 3},
+    {u"arg", 1},    {u"argd", 1}, {u"argg", 1}, {u"realp", 1}, {u"imagp", 1}, {u"trunc", 1},
+    {u"frac", 1},   {u"ncr", 2},  {u"npr", 2},  {u"logx", 2},  {u"gcd", 2},   {u"lcm", 2},
+    {u"powmod", 3}, {u"round", 1}};
+
+const std::map<std::u16string, ModelLevel> ModelOperators = {
+    {u"+", ModelLevel::Sum},     {u"-", ModelLevel::Sum},       {u"*", ModelLevel::Product},
+    {u"/", ModelLevel::Product}, {u"mod", ModelLevel::Product}, {u"^", ModelLevel::Power}};
+
 const ModelArithmetic DecimalArithmetic = {Number, Pi, Combine, Negate, Function, DecimalText};
 
 }  // namespace tallymere::testing_support

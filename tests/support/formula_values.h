@@ -4,6 +4,7 @@
 // complex products and quotients are worked out here.
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,14 @@ struct ModelValue {
 
     bool IsReal() const { return RealIsZero(imaginaryPart); }
 };
+
+/// The functions of formulas and how many arguments they have, written down a second time.
+extern const std::map<std::u16string, int> ModelFunctions;
+
+enum class ModelLevel { Sum, Product, Power };
+
+/// The operators of formulas and how tight they bind, written down a second time.
+extern const std::map<std::u16string, ModelLevel> ModelOperators;
 
 /// How a call ended, if not with a value.
 enum class ModelRefusal { None, Complex, Type, Pole };
