@@ -4,6 +4,7 @@
 
 #include "console/interrupt.h"
 #include "console/line_reader.h"
+#include "console/operation_list.h"
 #include "console/options.h"
 #include "console/platform.h"
 #include "console/session.h"
@@ -35,7 +36,7 @@ int ReportWriteFailure() {
     return ReportBrokenStream("the output cannot be written");
 }
 
-int PrintText(const char* text) {
+int PrintText(const std::string& text) {
     return WriteOutput(text) ? AllSucceeded : ReportWriteFailure();
 }
 
@@ -105,7 +106,7 @@ int RunConsole(const std::vector<std::string>& arguments) {
     }
     switch (parsed.options.action) {
         case PrintHelp:
-            return PrintText(UsageText);
+            return PrintText(UsageText + OperationList());
         case PrintVersion:
             return PrintText(VersionText);
         default:

@@ -12,8 +12,8 @@ from pathlib import Path
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
 from console_support import keep_console_waiting, run  # noqa: E402
-from help_pages import (FOLDER, LANGUAGES, examples, keywords, page_paths,  # noqa: E402
-                        signatures)
+from help_pages import (FOLDER, LANGUAGES, constants, examples, functions,  # noqa: E402
+                        page_paths, signatures)
 
 SEPARATORS = {"en": ["--decimal", "point", "--thousands", "comma"],
               "de": ["--decimal", "comma", "--thousands", "point"]}
@@ -80,7 +80,7 @@ class ExampleTest(unittest.TestCase):
         formulas = " ".join(example.formula for path in page_paths("en")
                             for example in examples(path))
         called = set(re.findall(r"\w+", formulas))
-        for word in keywords():
+        for word in [*functions(), *constants(), "mod"]:
             in_another_unit = {word, word[:-1], word + "d", word + "g", word[:-1] + "d",
                                word[:-1] + "g"}
             self.assertTrue(called & in_another_unit, word)
@@ -93,10 +93,10 @@ class FunctionTypeTest(unittest.TestCase):
     def setUpClass(cls):
         cls.calls = {}
         cls.types = {}
-        for name, count, element in signatures(FOLDER / "functions_en.html"):
+        for name, parameters, element in signatures(FOLDER / "functions_en.html"):
             row = element.parent.parent
             cell = next(cell for cell in row.find("td") if "data-types" in cell.attributes)
-            cls.calls[name] = CALLS.get(name, f"{name}({'; '.join(['1'] * count)})")
+            cls.calls[name] = CALLS.get(name, f"{name}({'; '.join('1' for _ in parameters[::3])})")
             cls.types[name] = cell.attributes["data-types"].split()
 
     def test_types_that_are_named_know_the_function(self):

@@ -180,11 +180,37 @@ def program_texts():
                 rf"ENTRY\((\w+),\s*{literal},\s*{literal}\)", source)}
 
 
-def keywords():
-    """{keyword: number of its arguments} of the language of formulas."""
-    source = (ROOT / "src/formula/formula_keywords.cpp").read_text(encoding="utf-8")
-    return {text.replace("\\u03C0", "π"): int(count)
-            for text, count in re.findall(r'\{u"([\w\\]+)", \w+, (-?\d+)\}', source)}
+FORMULA_ROOM = ROOT / "src" / "formula"
+
+
+def functions():
+    """{name: its parameters} of the functions of formulas, by the table of the program."""
+    source = (FORMULA_ROOM / "function_table.cpp").read_text(encoding="utf-8")
+    rows = re.findall(r'\{Id::(\w+), u"(\w+)", u"([^"]+)"', source)
+    return {name: parameters for _, name, parameters in rows}
+
+
+def operators():
+    """The spellings of the operators of formulas, by the table of the program."""
+    source = (FORMULA_ROOM / "operator_table.cpp").read_text(encoding="utf-8")
+    return set(re.findall(r'\{Id::\w+, u"([^"]+)"', source))
+
+
+def constants():
+    """The names of the constants of formulas, by the table of the program."""
+    source = (FORMULA_ROOM / "constant_table.cpp").read_text(encoding="utf-8")
+    rows = re.findall(r'\{ConstantId::\w+, u"([^"]+)", u"([^"]+)"', source)
+    return {name.replace("\\u03C0", "π") for row in rows for name in row}
+
+
+def names_of_ids():
+    """{"FunctionId::Sqrt": "sqrt", "OperatorId::Add": "+", ...} of all functions and operators."""
+    found = {}
+    for kind, file in (("FunctionId", "function_table.cpp"), ("OperatorId", "operator_table.cpp")):
+        source = (FORMULA_ROOM / file).read_text(encoding="utf-8")
+        found |= {f"{kind}::{id}": name
+                  for id, name in re.findall(r'\{Id::(\w+), u"([^"]+)"', source)}
+    return found
 
 
 @dataclass(frozen=True)
@@ -197,15 +223,16 @@ class Key:
 def keypad():
     """Every key of the calculator in every number type, in radians and with capital letters."""
     folder = ROOT / "src/calculator"
-    codes = {name: int(code) for name, code in re.findall(
-        r"(Action\w+) = (\d+)", (folder / "key_action.h").read_text(encoding="utf-8"))}
-    first, end = codes["ActionSqrt"], codes["ActionDigit0"]  # the functions are from here to there
     texts = {"ActionDecimalSeparator": ".", "ActionExponent": "e", "ActionImaginaryUnit": "i"}
     texts |= {f"DigitAction({digit})": str(digit) for digit in range(10)}
     texts |= {f"LetterAction({index})": letter for index, letter in enumerate("ABCDEF")}
-    for action, text in re.findall(r'\{(Action\w+), u"([^"]+)"\}', (
-            folder / "key_texts.cpp").read_text(encoding="utf-8")):
-        texts[action] = text.replace("\\u03C0", "π") + ("(" if first <= codes[action] < end else "")
+    source = (folder / "key_texts.cpp").read_text(encoding="utf-8")
+    texts |= dict(re.findall(r'\{(Action\w+), u"([^"]+)"\}', source)) | {"ActionPi": "π"}
+    names = names_of_ids()
+    for action, id in re.findall(r"\{(Action\w+), Id::(\w+)", source):
+        texts[action] = names[f"FunctionId::{id}"] + "("
+    for action, id in re.findall(r"\{(Action\w+), (OperatorId::\w+)\}", source):
+        texts[action] = f" {names[id]} " if names[id].isalpha() else names[id]
     kinds = {"InUint": ["uint"], "InRat": ["rat"], "InCplx": ["cplx"],
              "InDecimal": ["real", "cplx"], "NotInUint": ["rat", "real", "cplx"],
              "InAll": ["uint", "rat", "real", "cplx"]}
@@ -221,10 +248,10 @@ def captions(element):
 
 
 def signatures(path):
-    """[(function, number of arguments, element)] for each signature of a page."""
+    """[(function, its parameters, element)] for each signature of a page."""
     found = []
     for element in main_of(path).walk():
         if element.attributes.get("class") == "signature":
-            name, arguments = re.fullmatch(r"(\w+)\((.*)\)", element.text()).groups()
-            found.append((name, len(arguments.split(";")), element))
+            name, parameters = re.fullmatch(r"(\w+)\((.*)\)", element.text()).groups()
+            found.append((name, parameters, element))
     return found

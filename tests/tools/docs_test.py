@@ -1,8 +1,13 @@
 """The documents name only files, folders and functions that exist."""
 
 import re
+import sys
 import unittest
 from pathlib import Path
+
+sys.dont_write_bytecode = True
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
+from help_pages import constants, functions, operators  # noqa: E402
 
 ROOT = Path(__file__).resolve().parents[2]
 DOCUMENTS = [ROOT / "README.md", *sorted((ROOT / "docs").glob("*.md"))]
@@ -42,14 +47,19 @@ class DocsTest(unittest.TestCase):
                     with self.subTest(document=document.name, name=name):
                         self.assertTrue(re.search(rf"\b{name}\b", declared))
 
-    def test_the_readme_names_the_words_of_formulas(self):
-        table = (ROOT / "src/formula/formula_keywords.cpp").read_text(encoding="utf-8")
-        words = set(re.findall(r'\{u"(\w+)"', table))
-        self.assertGreater(len(words), 40)
-        told = set(re.findall(r"[a-z]+\d*", " ".join(named_in(ROOT / "README.md"))))
-        for word in words:
-            in_another_unit = word[:-1] in words and word[-1] in "dg"
-            self.assertTrue(word in told or in_another_unit, word)
+    def test_the_readme_lists_the_functions_of_formulas(self):
+        readme = (ROOT / "README.md").read_text(encoding="utf-8")
+        sentence = re.search(r"`ans`, parentheses and `([^`]+)`", readme).group(1)
+        self.assertEqual(operators(), set(sentence.split()))
+        table = readme[readme.index(sentence):].split("\n\n")[1]
+        told = dict(re.findall(r"`(\w+)(?:\(([^)]*)\))?`", table))
+        for name, parameters in functions().items():
+            with self.subTest(function=name):
+                in_another_unit = name[:-1] in functions() and name[-1] in "dg"
+                self.assertTrue(name in told or in_another_unit)
+                self.assertIn(told.get(name), (None, "", parameters))
+        self.assertEqual(set(), set(told) - set(functions()) - constants() - {"d", "g", "i"})
+        self.assertLessEqual(constants(), set(told))
 
     def test_there_is_something_to_check(self):
         names = set().union(*map(named_in, DOCUMENTS))

@@ -13,8 +13,9 @@ from pathlib import Path
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
 from help_pages import (EXCHANGE_SEPARATORS, FOLDER, LANGUAGES, ROOT,  # noqa: E402
-                        Element, Key, PageParser, captions, examples, is_formula, keypad, keywords,
-                        main_of, page_name, page_paths, parse, program_texts, signatures, words)
+                        Element, Key, PageParser, captions, constants, examples, functions,
+                        is_formula, keypad, main_of, operators, page_name, page_paths, parse,
+                        program_texts, signatures, words)
 
 PAGES = [path for language in LANGUAGES for path in page_paths(language)]
 ELEMENTS = {"html", "head", "meta", "title", "link", "body", "header", "nav", "main", "section",
@@ -257,21 +258,19 @@ class ProgramTest(unittest.TestCase):
             self.assertEqual(len(explained), len(set(explained)))
 
     def test_every_function_is_told_with_its_arguments(self):
-        functions = {word: count for word, count in keywords().items() if count > 0}
-        self.assertGreater(len(functions), 40)
+        self.assertGreater(len(functions()), 40)
         for language in LANGUAGES:
             told = signatures(FOLDER / f"functions_{language}.html")
-            self.assertEqual(functions, {name: count for name, count, _ in told})
-            self.assertEqual(len(functions), len(told))
+            self.assertEqual(functions(), {name: parameters for name, parameters, _ in told})
+            self.assertEqual(len(functions()), len(told))
 
-    def test_every_other_word_of_formulas_is_told(self):
-        others = {word for word, count in keywords().items() if count <= 0}
-        self.assertEqual({"π", "pi", "mod"}, others)
+    def test_every_operator_and_constant_is_told(self):
+        self.assertLessEqual({"+", "^", "mod"}, operators())
+        self.assertEqual({"π", "pi"}, constants())
         for language in LANGUAGES:
-            told = {element.text() for element
-                    in main_of(FOLDER / f"functions_{language}.html").find("code")
-                    if not is_formula(element)}
-            self.assertLessEqual(others | {"^"}, told)
+            page = main_of(FOLDER / f"functions_{language}.html")
+            told = {element.text() for element in page.find("code") if not is_formula(element)}
+            self.assertLessEqual((operators() | constants()) - {"+", "-", "*", "/"}, told)
 
 
 class CalculatorPageTest(unittest.TestCase):
