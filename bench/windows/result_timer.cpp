@@ -10,10 +10,10 @@
 #include <cstdlib>
 
 #include "calculator/calc_evaluation.h"
-#include "calculator/calc_phase.h"
 #include "calculator/calculator_settings.h"
 #include "calculator/windows/calculator_controls.h"
 #include "calculator/windows/calculator_page.h"
+#include "calculator/windows/calculator_run.h"
 #include "calculator/windows/variables_window.h"
 #include "shell/ui_error.h"
 #include "shell/windows/main_window.h"
@@ -80,7 +80,7 @@ double TimeWithWindows(const Work& work) {
     MarkResultStale();
     const double start = Milliseconds();
     PressReturn();
-    while (!calculator.resultValid || calcPhase == CalcBusy) {
+    while (!calculator.resultValid || calculatorRun.states.phase == PageBusy) {
         HandleMessage();
     }
     ShowOnScreen();
@@ -88,7 +88,7 @@ double TimeWithWindows(const Work& work) {
 }
 
 double TimeWithout(const Work& work) {
-    RestoreCalcContext();
+    const NumberSetupScope scope(CalcNumberSetup());
     ClearErrors();
     const double start = Milliseconds();
     CalculateResult(work.formula);
@@ -100,8 +100,11 @@ void Measure() {
     HandleAllMessages();
     for (int i = 0; i < rounds; i++) {
         for (const Work& work : Works) {
-            ApplyPrecision(work.precision);
-            ApplyNumberType(work.type, 10);
+            {
+                const NumberSetupScope scope;
+                ApplyPrecision(work.precision);
+                ApplyNumberType(work.type, 10);
+            }
             const double with = TimeWithWindows(work);
             std::printf("%.3f %.3f ", with, TimeWithout(work));
         }

@@ -1,7 +1,7 @@
 // The settings of the calculator: from the controls of the page into the settings and into force.
 //
 // Each function here that takes a choice over notes that the settings are to be written if they
-// changed. Before any of them the page calls RestoreCalcContext.
+// changed. The page calls them within a NumberSetupScope of CalcNumberSetup.
 #pragma once
 
 #include "calculator/calculator_state.h"

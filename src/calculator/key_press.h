@@ -50,7 +50,7 @@ struct KeyEffect {
 };
 
 /// A press of the key at `index` with a formula of `length` characters. The settings of the
-/// calculator must be in force (RestoreCalcContext) and no error pending.
+/// calculator must be in force (CalcNumberSetup) and no error pending.
 ///
 /// A key that edits the formula marks the result as stale. The first key after a result starts a
 /// new formula: if the formula was not touched since the result, it is emptied first. Only the key

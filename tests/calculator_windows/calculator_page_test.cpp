@@ -4,8 +4,8 @@
 
 #include "calculator/calc_evaluation.h"
 #include "calculator/calculator_sliders.h"
+#include "calculator/windows/calculator_display.h"
 #include "calculator_windows/calculator_windows.h"
-#include "shell/windows/calc_thread.h"
 #include "shell_windows/message_boxes.h"
 #include "toolkit/digit_count_control.h"
 #include "toolkit/number_base_control.h"
@@ -60,11 +60,14 @@ protected:
         return (WindowStyle(ControlOf(control)) & WS_VISIBLE) != 0;
     }
 
-    // A result of 5 under the settings in force, without the thread.
+    // A result under the settings, without the thread.
     static void GiveResult(const char16_t* formula = u"5") {
-        RestoreCalcContext();
-        CalculateResult(formula);
-        SendMessageW(calculatorWindows.page, PageWorkerMessage, PageWorkerEnded, 0);
+        {
+            const NumberSetupScope scope(CalcNumberSetup());
+            CalculateResult(formula);
+            ShowResultText(FinishCalculation(StyleOfResult(settings)));
+        }
+        ShowResultState();
         ASSERT_TRUE(calculator.resultValid);
     }
     static std::u16string Result() { return WholeText(ControlOf(CalculatorResult)); }
@@ -198,7 +201,7 @@ TEST_F(CalculatorPageTest, APrecisionOutOfRangeMovesIntoItAndIsInForce) {
         EXPECT_EQ(settings.decimalPrecision, expected.shown);
         EXPECT_EQ(settings.settingsDirty, expected.read != expected.shown);
         EXPECT_EQ(calculator.calcPrecision, expected.shown);
-        EXPECT_EQ(numberContext.precisionDigits, expected.shown + 2);
+        EXPECT_EQ(CalcNumberSetup().digits, expected.shown + 2);
         EXPECT_EQ(numberContext.calcError, CalcErrorNone);
     }
 }
@@ -324,7 +327,7 @@ TEST_F(CalculatorPageTest, OnlyTrackingAndRestingOfASliderCount) {
             numberContext.numberType = NumberTypeUint;
             Scroll(ContainerTypeSlider, 300'003, news);
             EXPECT_EQ(settings.numberType, NumberTypeReal) << news;
-            EXPECT_EQ(numberContext.numberType, NumberTypeReal) << "put in force again " << news;
+            EXPECT_EQ(numberContext.numberType, NumberTypeUint) << "left as it was " << news;
             EXPECT_TRUE(calculator.resultValid) << news;
         }
     }
@@ -335,7 +338,7 @@ TEST_F(CalculatorPageTest, OnlyTrackingAndRestingOfASliderCount) {
     EXPECT_EQ(WholeText(KeyWindow(8)), u"i");
     Scroll(ContainerTypeSlider, 300'001, SB_ENDSCROLL, WM_VSCROLL);
     EXPECT_EQ(settings.numberType, NumberTypeRational);
-    EXPECT_EQ(numberContext.uintDigits, 10'000);
+    EXPECT_EQ(CalcNumberSetup().width.digits, 10'000);
     EXPECT_EQ(WholeText(KeyWindow(8)), u"R↔M");
 }
 
@@ -508,8 +511,9 @@ TEST_F(CalculatorPageTest, ATypedPrecisionIsInForceWhenItsFieldIsLeft) {
     EXPECT_FALSE(IsWindowEnabled(KeyWindow(56)));
     EXPECT_EQ(settings.decimalPrecision, 25);
     EXPECT_TRUE(settings.settingsDirty);
-    EXPECT_EQ(numberContext.precisionDigits, 27);
-    EXPECT_EQ(numberContext.numberType, NumberTypeReal);
+    EXPECT_EQ(CalcNumberSetup().digits, 27);
+    EXPECT_EQ(CalcNumberSetup().type, NumberTypeReal);
+    EXPECT_EQ(numberContext.numberType, NumberTypeUint) << "left as it was";
     EXPECT_EQ(SendMessageW(NumericSpin(ControlOf(ContainerPrecision)), UDM_GETRANGE, 0, 0),
               MAKELONG(10'000, 1));
 }

@@ -1,9 +1,7 @@
 // The keys of the calculator page and its runs on the CalcThread.
 #include "calculator/windows/calculator_run.h"
 
-#include "calculator/calc_phase.h"
 #include "calculator_windows/calculator_windows.h"
-#include "shell/windows/calc_thread.h"
 #include "shell_windows/message_boxes.h"
 #include "toolkit/number_base_control.h"
 #include "toolkit/numeric_up_down.h"
@@ -20,7 +18,7 @@ constexpr int32_t AnsKey = 31;
 class CalculatorRunTest : public CalculatorWindowsTest {
 protected:
     ~CalculatorRunTest() override {
-        EXPECT_EQ(calcPhase, CalcIdle);
+        EXPECT_EQ(Phase(), PageIdle);
         EXPECT_TRUE(IsWindowEnabled(mainWindow));
         EXPECT_EQ(*CurrentScratchStack().top, CurrentScratchStack().base);
         DestroyWindow(other);
@@ -39,7 +37,8 @@ protected:
             }
         }
     }
-    static bool IsRunning() { return calcPhase == CalcBusy || calcPhase == StopShown; }
+    static PagePhase Phase() { return calculatorRun.states.phase; }
+    static bool IsRunning() { return Phase() == PageBusy || Phase() == StopShown; }
     static void FinishRun() {
         RunUntil([] { return !IsRunning(); });
     }
@@ -79,12 +78,12 @@ TEST_F(CalculatorRunTest, TheResultOfAFormulaIsShown) {
     SetFormula(u"(1+2");
     calculator.resultForm = ResultScientific;
     Press(ActionEvaluate);
-    EXPECT_EQ(calcPhase, CalcBusy);
+    EXPECT_EQ(Phase(), PageBusy);
     EXPECT_EQ(Formula(), u"(1+2)");
     EXPECT_EQ(Result(), u"");
     FinishRun();
     EXPECT_EQ(Result(), u"3");
-    EXPECT_EQ(calcPhase, CalcIdle);
+    EXPECT_EQ(Phase(), PageIdle);
     EXPECT_TRUE(calculator.resultValid);
     EXPECT_FALSE(calculator.formulaTouched);
     EXPECT_TRUE(IsEnabled(KeyWindow(AnsKey)));
@@ -113,18 +112,23 @@ TEST_F(CalculatorRunTest, ALostRemainderShowsTheMarkUntilEverythingIsCleared) {
     EXPECT_FALSE(IsMarkThere());
 }
 
-TEST_F(CalculatorRunTest, TheSettingsAreInForceWhateverAnotherPageInstalled) {
+TEST_F(CalculatorRunTest, TheSettingsAreInForceForEachPressAndWhatWasThereComesBack) {
+    const NumberSetup before = {NumberTypeUint, 1'000, UintWidthForLimbs(3), {-9, 9}};
     SetFormula(u"1/3");
-    numberContext.numberType = NumberTypeUint;
-    SetRealPrecision(1'000);
+    InstallNumberSetup(before);
     Press(ActionEvaluate);
     FinishRun();
     EXPECT_EQ(Result(), u"0.3333333333");
-    numberContext.numberType = NumberTypeUint;
-    SetRealPrecision(1'000);
     Press(ActionSwitchNotation);
     EXPECT_EQ(Result(), u"3.333333333e-1");
-    EXPECT_EQ(numberContext.precisionDigits, 12);
+    const NumberSetup after = CurrentNumberSetup();
+    EXPECT_EQ(after.type, before.type);
+    EXPECT_EQ(after.digits, before.digits);
+    EXPECT_EQ(after.width.digits, before.width.digits);
+    EXPECT_EQ(after.width.limbs, before.width.limbs);
+    EXPECT_EQ(after.window.low, before.window.low);
+    EXPECT_EQ(after.window.high, before.window.high);
+    EXPECT_EQ(NumberSetupScopeCount(), 0);
 }
 
 TEST_F(CalculatorRunTest, AShortRunChangesNoKey) {
@@ -169,7 +173,7 @@ TEST_F(CalculatorRunTest, ALongRunIsStoppedByItsKeyInSilence) {
     SetFormula(EndlessFormula);
     Press(ActionEvaluate);
     // The page's own timer brings Stop.
-    RunUntil([] { return calcPhase == StopShown; }, true);
+    RunUntil([] { return Phase() == StopShown; }, true);
     EXPECT_EQ(Caption(0), u"Stop");
     std::vector<bool> onlyStop(KeyCount, false);
     onlyStop[0] = true;
@@ -177,7 +181,7 @@ TEST_F(CalculatorRunTest, ALongRunIsStoppedByItsKeyInSilence) {
     Press(ActionEvaluate);
     SetFocus(ControlOf(CalculatorFormula));
     SendMessageW(ControlOf(CalculatorFormula), WM_CHAR, u'\r', 1);
-    EXPECT_EQ(calcPhase, StopShown);
+    EXPECT_EQ(Phase(), StopShown);
     EXPECT_EQ(cancelFlag, 0);
 
     const MessageBoxAnswer answer;
@@ -186,7 +190,7 @@ TEST_F(CalculatorRunTest, ALongRunIsStoppedByItsKeyInSilence) {
     FinishRun();
     EXPECT_EQ(answer.boxes, 0);
     EXPECT_EQ(cancelFlag, 0);
-    EXPECT_EQ(calcPhase, StopLingers);
+    EXPECT_EQ(Phase(), StopLingers);
     EXPECT_EQ(Caption(0), u"CA");
     EXPECT_FALSE(calculator.resultValid);
     EXPECT_EQ(Result(), u"6");
@@ -198,7 +202,7 @@ TEST_F(CalculatorRunTest, ALongRunIsStoppedByItsKeyInSilence) {
 
     Click(KeyWindow(0));
     EXPECT_EQ(Formula(), EndlessFormula) << "a click that comes late";
-    RunUntil([] { return calcPhase == CalcIdle; }, true);
+    RunUntil([] { return Phase() == PageIdle; }, true);
     Click(KeyWindow(0));
     EXPECT_EQ(Formula(), u"");
 }
@@ -209,12 +213,12 @@ TEST_F(CalculatorRunTest, TheStopTimerEndsWithTheRunAndAtItsFirstMessage) {
     SetFormula(EndlessFormula);
     Press(ActionEvaluate);
     EndTimer(StopTimer);
-    EXPECT_EQ(calcPhase, StopShown);
+    EXPECT_EQ(Phase(), StopShown);
     EXPECT_FALSE(KillTimer(calculatorWindows.page, StopTimer));
     Click(KeyWindow(0));
     FinishRun();
     EndTimer(LateClickTimer);
-    EXPECT_EQ(calcPhase, CalcIdle);
+    EXPECT_EQ(Phase(), PageIdle);
     EXPECT_FALSE(KillTimer(calculatorWindows.page, LateClickTimer));
 }
 
@@ -267,14 +271,14 @@ TEST_F(CalculatorRunTest, WhatIsNoFractionMovesTheSliderToReal) {
     Evaluate(u"sqrt(2)+");
     EXPECT_EQ(answer.boxes, 1);
     EXPECT_EQ(settings.numberType, NumberTypeRational);
-    EXPECT_EQ(numberContext.numberType, NumberTypeRational);
+    EXPECT_EQ(CalcNumberSetup().type, NumberTypeRational);
 }
 
 TEST_F(CalculatorRunTest, ReturnInTheFormulaEvaluatesAndKeepsTheFocus) {
     SetFocus(ControlOf(CalculatorFormula));
     SetFormula(u"2*(3");
     PressKey(ControlOf(CalculatorFormula), VK_RETURN);
-    EXPECT_EQ(calcPhase, CalcIdle) << "the character does it, and not the key as well";
+    EXPECT_EQ(Phase(), PageIdle) << "the character does it, and not the key as well";
     SendMessageW(ControlOf(CalculatorFormula), WM_CHAR, u'\r', 1);
     EXPECT_EQ(GetFocus(), ControlOf(CalculatorFormula));
     FinishRun();
@@ -331,7 +335,7 @@ TEST_F(CalculatorRunTest, AFormulaThatIsTooLongIsReportedAndKept) {
     Evaluate(longest + u"1");
     EXPECT_EQ(answer.boxes, 1);
     EXPECT_EQ(answer.text, tooLong);
-    EXPECT_EQ(calcPhase, CalcIdle);
+    EXPECT_EQ(Phase(), PageIdle);
     EXPECT_FALSE(calculator.resultValid);
     EXPECT_EQ(Formula().size(), 88'662u);
     // A parenthesis that is added makes it too long for the thread.
@@ -356,24 +360,62 @@ TEST_F(CalculatorRunTest, ATextTooLongForFixedNotationSaysSo) {
     EXPECT_EQ(Result(), u"1e+99999");
 }
 
-TEST_F(CalculatorRunTest, AClosedPageCalculatesOn) {
+TEST_F(CalculatorRunTest, ClosingThePageStopsItsRunInSilence) {
+    Evaluate(u"6");
     SetFormula(EndlessFormula);
     Press(ActionEvaluate);
+    const MessageBoxAnswer answer;
     SendMessageW(calculatorWindows.page, WM_CLOSE, 0, 0);
     EXPECT_FALSE(IsWindowVisible(calculatorWindows.page));
-    EXPECT_EQ(cancelFlag, 0);
-    EXPECT_EQ(calcPhase, CalcBusy);
-    RequestCancel();
+    EXPECT_TRUE(AbortRequested());
     FinishRun();
+    EXPECT_EQ(answer.boxes, 0);
+    EXPECT_FALSE(AbortRequested());
     EXPECT_TRUE(IsEnabled(mainWindow));
     EXPECT_FALSE(IsWindowVisible(calculatorWindows.page));
+    EXPECT_EQ(Result(), u"6");
+    EXPECT_FALSE(calculator.resultValid);
+    Evaluate(u"ans+1");
+    EXPECT_EQ(Result(), u"7");
+}
+
+TEST_F(CalculatorRunTest, WithoutAThreadTheRunEndsWithAnErrorAndThePageGoesOn) {
+    Evaluate(u"6");
+    const MessageBoxAnswer answer;
+    SetFormula(u"1+1");
+    const ThreadMaker system = makeThread;
+    makeThread = [](unsigned(__stdcall*)(void*)) { return false; };
+    Press(ActionEvaluate);
+    makeThread = system;
+    EXPECT_EQ(answer.boxes, 1);
+    EXPECT_EQ(answer.text, "Internal error!");
+    EXPECT_EQ(Phase(), PageIdle);
+    EXPECT_EQ(Result(), u"6");
+    EXPECT_FALSE(calculator.resultValid);
+    EXPECT_TRUE(IsEnabled(mainWindow));
+    Evaluate(u"ans+1");
+    EXPECT_EQ(Result(), u"7");
+    EXPECT_EQ(answer.boxes, 1);
+}
+
+TEST_F(CalculatorRunTest, TheFallOfAnEarlierRunIsNotThatOfOneWithoutAThread) {
+    ChooseType(NumberTypeRational);
+    Evaluate(u"sqrt(2)");
+    ChooseType(NumberTypeRational);
+    const MessageBoxAnswer answer;
+    SetFormula(u"1+1");
+    const ThreadMaker system = makeThread;
+    makeThread = [](unsigned(__stdcall*)(void*)) { return false; };
+    Press(ActionEvaluate);
+    makeThread = system;
+    EXPECT_EQ(settings.numberType, NumberTypeRational);
 }
 
 TEST_F(CalculatorRunTest, OtherNewsOfAThreadEndNoRun) {
     SetFormula(EndlessFormula);
     Press(ActionEvaluate);
     SendMessageW(calculatorWindows.page, PageWorkerMessage, PageWorkerText, 0);
-    EXPECT_EQ(calcPhase, CalcBusy);
+    EXPECT_EQ(Phase(), PageBusy);
     RequestCancel();
     FinishRun();
 }

@@ -5,8 +5,8 @@
 #include <cstdlib>
 #include <utility>
 
-#include "calculator/calc_phase.h"
 #include "calculator/windows/calculator_display.h"
+#include "calculator/windows/calculator_run.h"
 #include "calculator_windows/calculator_windows.h"
 #include "toolkit/control_data.h"
 
@@ -151,10 +151,10 @@ TEST_F(KeypadWindows, ClearFormulaLeavesTheResultField) {
 
 TEST_F(KeypadWindows, ClicksDoNothingWhileALateClickOnStopMayCome) {
     SetFormula(u"1");
-    calcPhase = StopLingers;
+    calculatorRun.states.phase = StopLingers;
     ClickKey(StopKey);
     EXPECT_EQ(Formula(), u"1");
-    calcPhase = CalcIdle;
+    calculatorRun.states.phase = PageIdle;
 }
 
 // A key that is drawn into a white picture of its own.

@@ -135,19 +135,25 @@ class CalculatorRunTest(CalculatorCase):
         self.program.wait_for_window(self.texts["TextVarCalculatorVariables"])
         self.display.activate(self.page().window)
         self.program.wait_for_window(self.page_title())
-        self.start_run(SECONDS_LONG)
+        self.calculate("6*7", "42")
+        self.start_run(REAL)
         self.display.press("alt+F4")
         self.program.wait_until_hidden(self.page_title())
-        self.assertEqual({MAIN_TITLE}, self.program.visible_windows())
-        page = self.page()
-        self.assert_busy(page)
-        self.assertEqual(100, self.program.probe.answers(page.window))
 
-        # It goes on, and tells nothing at its end.
-        self.wait_until_idle()
+        # It is stopped, and tells nothing at its end.
+        page = self.wait_until_idle()
+        self.assert_no_message()
         self.assertEqual({MAIN_TITLE}, self.program.visible_windows())
+        self.assertTrue(all(window.enabled for window in self.dialogs().values()))
+        self.assertEqual([REAL, "42"], [page.formula.text, page.result.text])
         self.display.activate(self.dialogs()[MAIN_TITLE])
         self.open_calculator()
+        self.wait_for_colour_of_result(STALE)
+        self.assertEqual("43", self.result_of("ans+1"))
+
+    def test_a_result_counts_until_its_formula_runs_once_more(self):
+        self.start_calculator("de", settings=calculator_settings(precision=10000))
+        self.start_run(SECONDS_LONG)
         self.wait_for_result("42")
         self.wait_for_colour_of_result(VALID)
         # From here on a key is heard again.

@@ -2,12 +2,11 @@
 // a page calculates, is stopped and closed, and follows the main window. All else is the program's
 // own, its start and its main loop too.
 //
-// Roots adds the square roots of all whole numbers down from the one in its edit. Its worker looks
-// for the stop by itself, as those of most pages do; Stop and closing raise UiErrorStopped.
+// Roots adds the square roots of all whole numbers down from the one in its edit. Its worker polls
+// the request to stop between its steps, and the page is left 200 ms after the end of a run.
 //
 // Factorials writes the factorials of one million, two millions and so on, as many as its edit
-// says. The arithmetic looks for the stop, as on the calculator page: Stop sets cancelFlag, and a
-// closed page goes on.
+// says. The arithmetic polls the request to stop, and the page is left at once.
 
 #include <cstdint>
 #include <iterator>
@@ -21,9 +20,9 @@
 #include "functions/roots.h"
 #include "shell/text_format.h"
 #include "shell/windows/about_window.h"
-#include "shell/windows/calc_thread.h"
 #include "shell/windows/main_window.h"
 #include "shell/windows/options_window.h"
+#include "shell/windows/page_run.h"
 #include "shell/windows/program_run.h"
 #include "shell/windows/program_windows.h"
 #include "toolkit/dialog_window.h"
@@ -62,7 +61,7 @@ RealNumber* rootsFrom;
 RealNumber* rootsSum;
 
 HWND CreateTestPage(TestPage& page, const char16_t* title, WindowHandler handler, DWORD style,
-                    const char16_t* otherCaption) {
+                    const char16_t* otherCaption, const PageTask& task, PageLeaveRule leave) {
     page.window = CreateDialogWindow(hiddenOwnerWindow, {600, 300}, title, handler,
                                      WS_SYSMENU | style | DialogClientSize, 0);
     page.startButton = CreateButton(page.window, {10, 10, 100, 25}, uiText.TextBtnStart);
@@ -71,14 +70,15 @@ HWND CreateTestPage(TestPage& page, const char16_t* title, WindowHandler handler
     page.output =
         CreateEdit(page.window, {10, 45, 580, 245}, u"",
                    ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | WS_VSCROLL, WS_EX_CLIENTEDGE);
-    page.run = {page.window, page.startButton, &UiText::TextBtnStart, &page.otherButton, 1,
-                false,       nullptr};
+    page.run = {.page = page.window,
+                .startTask = &task,
+                .controls = {.startButton = page.startButton,
+                             .startCaption = &UiText::TextBtnStart,
+                             .disabled = &page.otherButton,
+                             .disabledCount = 1,
+                             .output = page.output},
+                .states = {.rules = {StopFromTheStart, leave}}};
     return page.window;
-}
-
-void InstallRealNumbers(int64_t digits) {
-    numberContext.numberType = NumberTypeReal;
-    SetRealPrecision(digits);
 }
 
 RealNumber* TakeReal(ScratchArea& area) {
@@ -114,8 +114,27 @@ void AppendLine(const TestPage& page, const char16_t* line) {
     AppendPageText(page.output, reinterpret_cast<LPARAM>(line));
 }
 
-bool IsRunStopped() {
-    return PendingUiError() != UiErrorNone || numberContext.calcError != CalcErrorNone;
+// The worker may have noted a code of the arithmetic that is no UiError yet.
+bool HasFailed() {
+    return RunShouldEnd() || numberContext.calcError != CalcErrorNone;
+}
+
+NumberSetup RootsSetup() {
+    return {.type = NumberTypeReal, .digits = RootsDigits};
+}
+
+void TakeRoots() {
+    rootsFrom = TakeReal(CurrentScratchStack());
+    rootsSum = TakeReal(CurrentScratchStack());
+    AppendLine(roots, u"started\r\n");
+}
+
+void ReadRoots() {
+    const int64_t from = ReadWholeNumber(roots);
+    if (!HasFailed()) {
+        TakeRoots();
+        RealFromInt(rootsFrom, from);
+    }
 }
 
 void AddRoots() {
@@ -126,7 +145,7 @@ void AddRoots() {
     RealSetOne(one);
     RealCopy(number, rootsFrom);
     RealSetZero(rootsSum, 0);
-    for (int64_t count = 1; !IsRunStopped() && !RealIsZero(number); count++) {
+    for (int64_t count = 1; !HasFailed() && !RealIsZero(number); count++) {
         RealSqrtRounded(root, number);
         RealAdd(rootsSum, rootsSum, root);
         RealSubtract(number, number, one);
@@ -143,62 +162,33 @@ void FailThreeTimes() {
     SetUiError(UiErrorPrimeNumberOverflow);
 }
 
-void StartRoots(PageWorker worker) {
-    BeginPageRun(roots.run);
-    InstallRealNumbers(RootsDigits);
-    rootsFrom = TakeReal(CurrentScratchStack());
-    rootsSum = TakeReal(CurrentScratchStack());
-    if (worker == AddRoots) {
-        RealFromInt(rootsFrom, ReadWholeNumber(roots));
-    }
-    if (StartPageRun(roots.run, worker, UiErrorCalculation)) {
-        AppendLine(roots, u"started\r\n");
-    }
-}
-
-void EndRoots() {
-    if (!IsRunStopped()) {
+void ShowRoots(bool) {
+    if (!HasFailed()) {
         AppendLine(roots, OutputLine(u"sum", rootsSum).text);
     }
-    EndPageRun(roots.run, UiErrorCalculation);
-    LeavePageRunLater(roots.run);
 }
 
-LRESULT RootsProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
-    switch (message) {
-        case WM_COMMAND:
-            if (HIWORD(wParam) != BN_CLICKED) {
-                break;
-            }
-            if (reinterpret_cast<HWND>(lParam) == roots.otherButton) {
-                StartRoots(FailThreeTimes);
-            } else if (reinterpret_cast<HWND>(lParam) != roots.startButton) {
-                break;
-            } else if (roots.run.isBusy) {
-                StopPageRun(roots.run);
-            } else {
-                StartRoots(AddRoots);
-            }
-            break;
-        case PageWorkerMessage:
-            if (wParam == PageWorkerText) {
-                AppendPageText(roots.output, lParam);
-            } else if (wParam == PageWorkerEnded) {
-                EndRoots();
-            }
-            break;
-        case WM_TIMER:
-            HandlePageRunTimer(roots.run, wParam);
-            break;
-        case WM_CLOSE:
-            callDefault = false;
-            StopPageRun(roots.run);
-            HidePageWindow(window);
-            break;
-        default:
-            break;
+constexpr PageTask RootsTask = {RootsSetup, ReadRoots, AddRoots, ShowRoots, UiErrorCalculation};
+constexpr PageTask FailingTask = {RootsSetup, TakeRoots, FailThreeTimes, ShowRoots,
+                                  UiErrorCalculation};
+
+LRESULT RootsProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
+    if (!HandlePageRun(roots.run, message, wParam, lParam, callDefault) && message == WM_COMMAND &&
+        HIWORD(wParam) == BN_CLICKED && reinterpret_cast<HWND>(lParam) == roots.otherButton) {
+        StartPageRun(roots.run, FailingTask);
     }
     return 0;
+}
+
+NumberSetup FactorialsSetup() {
+    return {.type = NumberTypeReal, .digits = FactorialsDigits};
+}
+
+void ReadFactorials() {
+    ReadWholeNumber(factorials);
+    if (!HasFailed()) {
+        AppendLine(factorials, u"started\r\n");
+    }
 }
 
 // Reads the edit anew before every factorial, which is how a run can be told to end by itself.
@@ -214,60 +204,34 @@ void WriteFactorials() {
     }
 }
 
-void StartFactorials() {
-    BeginPageRun(factorials.run);
-    InstallRealNumbers(FactorialsDigits);
-    ReadWholeNumber(factorials);
-    if (StartPageRun(factorials.run, WriteFactorials, UiErrorCalculation)) {
-        AppendLine(factorials, u"started\r\n");
+void ShowEndOfFactorials(bool) {
+    if (!HasFailed()) {
+        AppendLine(factorials, u"done\r\n");
     }
 }
 
-LRESULT FactorialsProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
-    switch (message) {
-        case WM_COMMAND:
-            if (HIWORD(wParam) != BN_CLICKED) {
-                break;
-            }
-            if (reinterpret_cast<HWND>(lParam) == factorials.otherButton) {
-                SetWindowTextW(factorials.output, L"");
-            } else if (reinterpret_cast<HWND>(lParam) != factorials.startButton) {
-                break;
-            } else if (factorials.run.isBusy) {
-                RequestCancel();
-            } else {
-                StartFactorials();
-            }
-            break;
-        case PageWorkerMessage:
-            if (wParam == PageWorkerText) {
-                AppendPageText(factorials.output, lParam);
-            } else if (wParam == PageWorkerEnded) {
-                if (!IsRunStopped()) {
-                    AppendLine(factorials, u"done\r\n");
-                }
-                EndPageRun(factorials.run, UiErrorCalculation);
-                LeavePageRun(factorials.run);
-            }
-            break;
-        case WM_CLOSE:
-            callDefault = false;
-            HidePageWindow(window);
-            break;
-        default:
-            break;
+constexpr PageTask FactorialsTask = {FactorialsSetup, ReadFactorials, WriteFactorials,
+                                     ShowEndOfFactorials, UiErrorCalculation};
+
+LRESULT FactorialsProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
+    if (!HandlePageRun(factorials.run, message, wParam, lParam, callDefault) &&
+        message == WM_COMMAND && HIWORD(wParam) == BN_CLICKED &&
+        reinterpret_cast<HWND>(lParam) == factorials.otherButton) {
+        SetWindowTextW(factorials.output, L"");
     }
     return 0;
 }
 
 void CreateWindows() {
     CreateMainWindow();
-    pageWindows[PageAlgebraicEquations] = CreateTestPage(
-        roots, u"Roots", RootsProc, WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX, u"Fail");
+    pageWindows[PageAlgebraicEquations] =
+        CreateTestPage(roots, u"Roots", RootsProc, WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX,
+                       u"Fail", RootsTask, LeavesLater);
     CreateOptionsWindow();
     CreateAboutWindow();
     pageWindows[PageLinearSystems] =
-        CreateTestPage(factorials, u"Factorials", FactorialsProc, WS_MINIMIZEBOX, u"Clear");
+        CreateTestPage(factorials, u"Factorials", FactorialsProc, WS_MINIMIZEBOX, u"Clear",
+                       FactorialsTask, LeavesAtOnce);
 }
 
 }  // namespace

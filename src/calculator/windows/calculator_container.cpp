@@ -28,13 +28,8 @@ int32_t SliderPosition(ContainerControl slider) {
     return static_cast<int32_t>(SendMessageW(ControlOf(slider), TBM_GETPOS, 0, 0));
 }
 
-void ShowResultAnew() {
-    ShowResultText();
-    ReportUiError();
-}
-
 void HandleSlider(HWND slider, int32_t news) {
-    RestoreCalcContext();
+    const NumberSetupScope scope(CalcNumberSetup());
     if (!MovesSlider(news)) {
         return;
     }
@@ -51,13 +46,22 @@ void HandleSlider(HWND slider, int32_t news) {
 }
 
 void HandlePrecision(HWND, int32_t precision) {
-    RestoreCalcContext();
+    const NumberSetupScope scope(CalcNumberSetup());
     ChoosePrecision(settings, precision);
     ShowResultState();
 }
 
+// The report of an error comes when the scope of the numbers has ended: other pages may calculate
+// behind the message box.
+void ShowResultAnew() {
+    {
+        const NumberSetupScope scope(CalcNumberSetup());
+        ShowResultText();
+    }
+    ReportUiError();
+}
+
 void HandleOutputBase(int32_t base) {
-    RestoreCalcContext();
     if (ChooseOutputBase(settings, base)) {
         ShowResultAnew();
     }
@@ -65,7 +69,6 @@ void HandleOutputBase(int32_t base) {
 }
 
 void HandleCaseKey() {
-    RestoreCalcContext();
     if (SwitchLetterCase(settings)) {
         ShowResultAnew();
     }

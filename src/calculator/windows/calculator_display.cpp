@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <string_view>
 
-#include "calculator/calc_phase.h"
 #include "calculator/calculator_settings.h"
+#include "calculator/key_view.h"
 #include "calculator/result_forms.h"
 #include "calculator/windows/calculator_controls.h"
+#include "calculator/windows/calculator_run.h"
 #include "shell/windows/fonts.h"
 #include "toolkit/control_data.h"
 #include "toolkit/control_focus.h"
@@ -77,13 +78,13 @@ HFONT FieldFont() {
 }
 
 void ShowKeys() {
-    // A run that ends soon is to change no key.
-    if (calcPhase == CalcBusy) {
+    const PagePhase phase = calculatorRun.states.phase;
+    if (KeysStay(phase)) {
         return;
     }
     const KeypadStyle style = StyleOfKeypad(settings, osVersionCode);
     for (int32_t i = 0; i < KeyCount; i++) {
-        ShowKey(i, ViewOfKey(i, style));
+        ShowKey(i, ViewOfKey(phase, i, style));
     }
 }
 

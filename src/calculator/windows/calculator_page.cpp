@@ -8,7 +8,6 @@
 #include "calculator/windows/calculator_display.h"
 #include "calculator/windows/calculator_run.h"
 #include "calculator/windows/colours.h"
-#include "shell/windows/calc_thread.h"
 #include "shell/windows/error_report.h"
 #include "shell/windows/form_windows.h"
 #include "shell/windows/program_windows.h"
@@ -147,8 +146,10 @@ void CreateFields() {
     SetSplitterMoving(ControlOf(CalculatorSplitter), MoveSplitter);
 }
 
-LRESULT CalculatorPageProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                           bool& callDefault) {
+LRESULT CalculatorPageProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
+    if (HandlePageRun(calculatorRun, message, wParam, lParam, callDefault)) {
+        return 0;
+    }
     switch (message) {
         case WM_SIZE:
             if (isComplete && wParam != SIZE_MINIMIZED) {
@@ -161,20 +162,6 @@ LRESULT CalculatorPageProc(HWND window, UINT message, WPARAM wParam, LPARAM lPar
                 return reinterpret_cast<LRESULT>(PrepareResult(reinterpret_cast<HDC>(wParam)));
             }
             break;
-        case PageWorkerMessage:
-            if (wParam == PageWorkerEnded) {
-                EndCalculatorRun();
-            }
-            break;
-        case WM_TIMER:
-            EndCalculatorTimer(wParam);
-            break;
-        case WM_CLOSE:
-            // A calculation goes on.
-            callDefault = false;
-            SendMessageW(variablesWindow, WM_CLOSE, 0, 0);
-            HidePageWindow(window);
-            break;
         case WM_NCDESTROY:
             isComplete = false;
             DeleteCalculatorFonts();
@@ -185,9 +172,9 @@ LRESULT CalculatorPageProc(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     return 0;
 }
 
-}  // namespace
-
-void CreateCalculatorPage() {
+void CreateWindows() {
+    // For the settings, which are put in force while the controls take them over.
+    const NumberSetupScope scope;
     PrepareCalculatorDisplay();
     StartCalculator(settings);
     calculatorWindows.page = CreateDialogWindow(
@@ -197,11 +184,18 @@ void CreateCalculatorPage() {
         0);
     CreateFields();
     CreateCalculatorContainer();
+    PrepareCalculatorRun();
     isComplete = true;
     LayOutPage();
     ShowNumberType();
     ShowAngle();
     pageWindows[PageCalculator] = calculatorWindows.page;
+}
+
+}  // namespace
+
+void CreateCalculatorPage() {
+    CreateWindows();
     ReportUiError();
 }
 

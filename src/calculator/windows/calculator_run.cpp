@@ -3,15 +3,14 @@
 #include <algorithm>
 
 #include "calculator/calc_evaluation.h"
-#include "calculator/calc_phase.h"
 #include "calculator/calculator_settings.h"
 #include "calculator/calculator_sliders.h"
 #include "calculator/key_press.h"
+#include "calculator/key_view.h"
 #include "calculator/variables_form.h"
 #include "calculator/windows/calculator_controls.h"
 #include "calculator/windows/calculator_display.h"
 #include "shell/scratch_text.h"
-#include "shell/windows/calc_thread.h"
 #include "shell/windows/error_report.h"
 #include "shell/windows/program_windows.h"
 #include "shell/windows/window_text.h"
@@ -22,6 +21,8 @@
 #include <commctrl.h>
 
 namespace tallymere {
+
+PageRun calculatorRun;
 
 namespace {
 
@@ -61,20 +62,6 @@ void AppendMissingParentheses() {
     EditFormula(end, end, text);
 }
 
-void SetPageBusy(bool busy) {
-    const HWND page = calculatorWindows.page;
-    KillTimer(page, StopTimer);
-    if (const CalcTimer timer = SetCalcBusy(busy); timer != NoTimer) {
-        SetTimer(page, timer, TimerMilliseconds(timer), nullptr);
-    }
-    for (int32_t i = 0; i < ContainerControlCount; i++) {
-        if (IsDisabledDuringRun(static_cast<ContainerControl>(i))) {
-            EnableWindow(calculatorWindows.containerControls[i], !busy);
-        }
-    }
-    EnableOtherWindows(page, !busy);
-}
-
 // The work of the CalcThread. It reads the formula itself, since the text has to lie on a
 // ScratchStack until the end of the run; the UI thread answers from its message loop.
 void EvaluateFormulaField() {
@@ -83,15 +70,45 @@ void EvaluateFormulaField() {
     lastEvaluation = CalculateResult(formula);
 }
 
-void StartEvaluation() {
+void PrepareEvaluation() {
+    lastEvaluation = {};
     AppendMissingParentheses();
-    if (PendingUiError() != UiErrorNone) {
-        return;
+    if (PendingUiError() == UiErrorNone) {
+        BeginEvaluation();
+    } else {
+        MarkResultStale();
+        ShowResultState();
     }
-    BeginEvaluation();
-    SetPageBusy(true);
-    ShowResultState();
-    StartCalcThread(calculatorWindows.page, EvaluateFormulaField);
+}
+
+void FinishEvaluation(bool) {
+    if (lastEvaluation.fellToReal) {
+        FollowFallToReal(settings);
+        SendMessageW(ControlOf(ContainerTypeSlider), TBM_SETPOS, TRUE,
+                     PositionOfType(NumberTypeReal));
+        ShowNumberType();
+    }
+    const char16_t* shown = FinishCalculation(StyleOfResult(settings));
+    if (shown != nullptr) {
+        ShowResultText(shown);
+        ShowControl(ControlOf(ContainerBracketMark), calculator.resultBracket);
+    }
+}
+
+constexpr PageTask Evaluation = {CalcNumberSetup, PrepareEvaluation, EvaluateFormulaField,
+                                 FinishEvaluation, UiErrorCalculation};
+
+// At the start and the end of a run the validity of the result has changed.
+void SetCalcBusy(bool busy) {
+    if (busy && calculatorRun.states.phase == StopShown) {
+        ShowKeys();
+    } else {
+        ShowResultState();
+    }
+}
+
+void CloseVariablesWindow() {
+    SendMessageW(variablesWindow, WM_CLOSE, 0, 0);
 }
 
 void EmptyResult() {
@@ -108,14 +125,24 @@ void ShowVariablesWindow() {
     BringWindowToTop(variablesWindow);
 }
 
-void PressKey(int32_t index) {
-    RestoreCalcContext();
+// What needs the numbers of the calculator.
+KeyEffect PressKeyWithNumbers(int32_t index) {
+    const NumberSetupScope scope(CalcNumberSetup());
     ClearErrors();
     const KeyEffect effect =
         CalcKeyPressed(index, GetWindowTextLengthW(ControlOf(CalculatorFormula)),
                        StyleOfKeypad(settings, osVersionCode));
+    if (effect.command == KeyShowsResult) {
+        ShowResultText();
+    }
+    return effect;
+}
+
+void PressKey(int32_t index) {
+    const KeyEffect effect = PressKeyWithNumbers(index);
     switch (effect.command) {
         case KeyDoesNothing:
+        case KeyShowsResult:
             break;
         case KeyClearsAll:
             EmptyResult();
@@ -127,11 +154,8 @@ void PressKey(int32_t index) {
             ShowResultState();
             break;
         case KeyEvaluates:
-            StartEvaluation();
-            break;
-        case KeyShowsResult:
-            ShowResultText();
-            break;
+            StartPageRun(calculatorRun, Evaluation);
+            return;
         case KeyShowsVariables:
             ShowVariablesWindow();
             break;
@@ -144,14 +168,14 @@ void PressKey(int32_t index) {
 }
 
 void PressCalculatorKey(int32_t index) {
-    switch (ClickOfKey(index)) {
+    switch (ClickOfKey(calculatorRun.states.phase, index)) {
         case ClickIgnored:
             break;
         case ClickPresses:
             PressKey(index);
             break;
         case ClickStops:
-            RequestCancel();
+            StopPageRun(calculatorRun);
             break;
     }
 }
@@ -167,29 +191,19 @@ void PressEvaluate() {
     PressCalculatorKey(KeyOfAction(ActionEvaluate, settings.numberType));
 }
 
-void EndCalculatorRun() {
-    if (lastEvaluation.fellToReal) {
-        FollowFallToReal(settings);
-        SendMessageW(ControlOf(ContainerTypeSlider), TBM_SETPOS, TRUE,
-                     PositionOfType(NumberTypeReal));
-        ShowNumberType();
+void PrepareCalculatorRun() {
+    static HWND disabled[ContainerControlCount];
+    int32_t count = 0;
+    for (int32_t i = 0; i < ContainerControlCount; i++) {
+        if (IsDisabledDuringRun(static_cast<ContainerControl>(i))) {
+            disabled[count++] = calculatorWindows.containerControls[i];
+        }
     }
-    const char16_t* shown = FinishCalculation(StyleOfResult(settings));
-    if (shown != nullptr) {
-        ShowResultText(shown);
-        ShowControl(ControlOf(ContainerBracketMark), calculator.resultBracket);
-    }
-    TakeCalcError(UiErrorCalculation);
-    SetPageBusy(false);
-    ShowResultState();
-    ReportUiError();
-}
-
-void EndCalculatorTimer(WPARAM timer) {
-    KillTimer(calculatorWindows.page, timer);
-    if (CalcTimerEnded(static_cast<CalcTimer>(timer))) {
-        ShowKeys();
-    }
+    calculatorRun = {.page = calculatorWindows.page,
+                     .controls = {.disabled = disabled, .disabledCount = count},
+                     .states = {.rules = {StopAfterAWhile, LeavesBeforeReport}},
+                     .showBusy = SetCalcBusy,
+                     .close = CloseVariablesWindow};
 }
 
 }  // namespace tallymere

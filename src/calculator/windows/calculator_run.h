@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "toolkit/win32.h"
+#include "shell/windows/page_run.h"
 
 namespace tallymere {
 
@@ -15,10 +15,10 @@ void ClickCalculatorKey(int32_t index);
 /// Return on the page does what a click of the key "=" does; the focus stays where it is.
 void PressEvaluate();
 
-/// At PageWorkerEnded: shows the result, leaves the busy state and reports an error.
-void EndCalculatorRun();
+/// The runs of the page.
+extern PageRun calculatorRun;
 
-/// At WM_TIMER of the page.
-void EndCalculatorTimer(WPARAM timer);
+/// Before the first run of a new page, when all its controls have been made.
+void PrepareCalculatorRun();
 
 }  // namespace tallymere

@@ -1,4 +1,4 @@
-#include "calculator/calc_phase.h"
+#include "calculator/key_view.h"
 
 #include "calculator/calculator_state.h"
 #include "shell/text_sink.h"
@@ -24,42 +24,16 @@ bool IsActionAvailable(KeyAction action) {
 
 }  // namespace
 
-CalcPhase calcPhase = CalcIdle;
-
-CalcTimer SetCalcBusy(bool busy) {
-    if (busy) {
-        calcPhase = CalcBusy;
-        return StopTimer;
-    }
-    if (calcPhase == StopShown) {
-        calcPhase = StopLingers;
-        return LateClickTimer;
-    }
-    calcPhase = CalcIdle;
-    return NoTimer;
-}
-
-bool CalcTimerEnded(CalcTimer timer) {
-    if (timer == StopTimer && calcPhase == CalcBusy) {
-        calcPhase = StopShown;
-        return true;
-    }
-    if (timer == LateClickTimer && calcPhase == StopLingers) {
-        calcPhase = CalcIdle;
-    }
-    return false;
-}
-
-KeyClick ClickOfKey(int32_t index) {
-    if (calcPhase == CalcIdle) {
+KeyClick ClickOfKey(PagePhase phase, int32_t index) {
+    if (phase == PageIdle) {
         return ClickPresses;
     }
-    return calcPhase == StopShown && index == StopKey ? ClickStops : ClickIgnored;
+    return phase == StopShown && index == StopKey ? ClickStops : ClickIgnored;
 }
 
-KeyView ViewOfKey(int32_t index, const KeypadStyle& style) {
+KeyView ViewOfKey(PagePhase phase, int32_t index, const KeypadStyle& style) {
     KeyView view = {KeypadEntry(index, style), false};
-    if (calcPhase == StopShown) {
+    if (phase == StopShown) {
         view.enabled = index == StopKey;
         if (view.enabled) {
             CopyBounded(view.info.caption, KeyCaptionCharacters, StopCaption);

@@ -1,0 +1,220 @@
+#include "shell/windows/page_run.h"
+
+#include "core/contract.h"
+#include "core/scratch.h"
+#include "shell/windows/error_report.h"
+#include "shell/windows/program_windows.h"
+#include "toolkit/wide_text.h"
+
+namespace tallymere {
+
+namespace {
+
+// All windows but one, for EnumThreadWindows.
+struct OtherWindows {
+    HWND page;
+    bool enable;
+};
+
+BOOL CALLBACK EnableOtherWindow(HWND window, LPARAM parameter) {
+    const auto* others = reinterpret_cast<const OtherWindows*>(parameter);
+    if (window != others->page) {
+        EnableWindow(window, others->enable);
+    }
+    return TRUE;
+}
+
+void EnableOtherWindows(HWND page, bool enable) {
+    OtherWindows others = {page, enable};
+    EnumThreadWindows(GetCurrentThreadId(), EnableOtherWindow, reinterpret_cast<LPARAM>(&others));
+}
+
+void ShowButtons(const PageRunControls& controls, bool busy) {
+    if (controls.stopButton != nullptr) {
+        EnableWindow(controls.startButton, !busy);
+        EnableWindow(controls.stopButton, busy);
+    } else if (controls.startButton != nullptr) {
+        const UiTextEntry caption = busy ? &UiText::TextBtnStop : controls.startCaption;
+        SetWindowTextW(controls.startButton, ToWide(uiText.*caption));
+    }
+}
+
+void ShowBusy(const PageRun& run, bool busy) {
+    if (run.states.rules.stop != StopNever) {
+        ShowButtons(run.controls, busy);
+        for (int32_t i = 0; i < run.controls.disabledCount; i++) {
+            EnableWindow(run.controls.disabled[i], !busy);
+        }
+        EnableOtherWindows(run.page, !busy);
+    }
+    if (run.showBusy != nullptr) {
+        run.showBusy(busy);
+    }
+}
+
+void EndTimer(PageRun& run, PageTimer timer) {
+    const bool wasClosed = IsPageClosedToOthers(run.states);
+    if (!EndPageTimer(run.states, timer)) {
+        return;
+    }
+    if (wasClosed && !IsPageClosedToOthers(run.states)) {
+        ShowBusy(run, false);
+    } else if (timer == StopTimer && run.showBusy != nullptr) {
+        run.showBusy(true);
+    }
+}
+
+// A timer that the system refuses ends at once, so that no page waits for it in vain.
+void BeginTimer(PageRun& run, PageTimer timer) {
+    if (timer != NoTimer &&
+        SetTimer(run.page, timer, static_cast<UINT>(TimerMilliseconds(timer)), nullptr) == 0) {
+        EndTimer(run, timer);
+    }
+}
+
+bool IsKitTimer(WPARAM timer) {
+    return timer == StopTimer || timer == LateClickTimer || timer == LeaveTimer;
+}
+
+void GiveBack(const PageRun& run) {
+    ScratchRelease(CurrentScratchStack(), run.scratchBefore);
+    PutNumberSetupBack(run.setupBefore);
+}
+
+// Installs the numbers and reads the input. Returns false with an error pending.
+bool PrepareRun(const PageTask& task) {
+    InstallNumberSetup(task.numberSetup());
+    TakeCalcError(task.fallback);
+    if (PendingUiError() == UiErrorNone) {
+        task.prepare();
+        TakeCalcError(task.fallback);
+    }
+    return PendingUiError() == UiErrorNone;
+}
+
+void LeaveRun(PageRun& run) {
+    const PageTimer timer = LeavePage(run.states);
+    if (!IsPageClosedToOthers(run.states)) {
+        ShowBusy(run, false);
+    }
+    BeginTimer(run, timer);
+}
+
+void EndRun(PageRun& run) {
+    if (!EndPage(run.states)) {
+        return;
+    }
+    KillTimer(run.page, StopTimer);
+    TakeStopRequest();
+    run.task->finish(PendingUiError() == UiErrorNone);
+    TakeCalcError(run.task->fallback);
+    GiveBack(run);
+    if (run.states.rules.leave == LeavesBeforeReport) {
+        LeaveRun(run);
+        ReportUiError();
+    } else {
+        ReportUiError();
+        LeaveRun(run);
+    }
+}
+
+void ClickStart(PageRun& run) {
+    if (IsPageCalculating(run.states) && run.controls.stopButton == nullptr) {
+        StopPageRun(run);
+    } else if (run.startTask != nullptr) {
+        StartPageRun(run, *run.startTask);
+    }
+}
+
+bool HandleClick(PageRun& run, HWND button) {
+    if (button == nullptr) {
+        return false;
+    }
+    if (button == run.controls.startButton) {
+        ClickStart(run);
+        return true;
+    }
+    if (button == run.controls.stopButton) {
+        StopPageRun(run);
+        return true;
+    }
+    return false;
+}
+
+void HandleNews(PageRun& run, WPARAM news, LPARAM text) {
+    if (news == PageWorkerText && run.controls.output != nullptr) {
+        AppendPageText(run.controls.output, text);
+    } else if (news == PageWorkerEnded) {
+        EndRun(run);
+    }
+}
+
+void ClosePage(PageRun& run) {
+    StopPageRun(run);
+    if (run.close != nullptr) {
+        run.close();
+    }
+    HidePageWindow(run.page);
+}
+
+}  // namespace
+
+bool HandlePageRun(PageRun& run, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
+    switch (message) {
+        case PageWorkerMessage:
+            HandleNews(run, wParam, lParam);
+            return true;
+        case WM_TIMER:
+            if (!IsKitTimer(wParam)) {
+                return false;
+            }
+            KillTimer(run.page, wParam);
+            EndTimer(run, static_cast<PageTimer>(wParam));
+            return true;
+        case WM_COMMAND:
+            return HIWORD(wParam) == BN_CLICKED && HandleClick(run, reinterpret_cast<HWND>(lParam));
+        case WM_CLOSE:
+            callDefault = false;
+            ClosePage(run);
+            return true;
+        default:
+            return false;
+    }
+}
+
+void StartPageRun(PageRun& run, const PageTask& task) {
+    TALLYMERE_REQUIRE(run.page != nullptr);
+    TALLYMERE_REQUIRE(task.numberSetup != nullptr && task.prepare != nullptr);
+    TALLYMERE_REQUIRE(task.work != nullptr && task.finish != nullptr);
+    TALLYMERE_REQUIRE(NumberSetupScopeCount() == 0);
+    if (!BeginPage(run.states)) {
+        return;
+    }
+    ClearErrors();
+    run.task = &task;
+    run.scratchBefore = *CurrentScratchStack().top;
+    run.setupBefore = CurrentNumberSetup();
+    if (!PrepareRun(task)) {
+        GiveBack(run);
+        GiveUpPage(run.states);
+        ReportUiError();
+        return;
+    }
+    BeginTimer(run, StartPage(run.states));
+    ShowBusy(run, true);
+    if (run.states.rules.stop == StopNever) {
+        task.work();
+        EndRun(run);
+    } else if (!StartCalcThread(run.page, task.work)) {
+        SetUiError(UiErrorInternal);
+        EndRun(run);
+    }
+}
+
+void StopPageRun(const PageRun& run) {
+    if (IsPageCalculating(run.states)) {
+        RequestCancel();
+    }
+}
+
+}  // namespace tallymere

@@ -1,0 +1,481 @@
+// A page that calculates, from the press of its button to the moment when it listens again.
+#include "shell/windows/page_run.h"
+
+#include <vector>
+
+#include "core/contract.h"
+#include "core/scratch.h"
+#include "shell_windows/message_boxes.h"
+#include "toolkit/test_dialog.h"
+
+namespace tallymere {
+namespace {
+
+using testing_support::MessageBoxAnswer;
+using testing_support::TextOf;
+
+constexpr NumberSetup Numbers = {NumberTypeRational, 50, UintWidthForLimbs(26), {-7, 70}};
+
+// What the functions of the task saw.
+struct Seen {
+    std::vector<std::string> steps;
+    NumberSetup numbersInWork;
+    DWORD workerThread;
+    bool workerHadItsOwnStack;
+    bool succeeded;
+    bool otherEnabledDuringRun;
+    bool pageEnabledDuringRun;
+    std::vector<bool> shownBusy;
+};
+Seen seen;
+PageRun run;
+PageTask task;
+HWND other;
+uint64_t* topBefore;
+
+bool IsEnabled(HWND window) {
+    return IsWindowEnabled(window) != FALSE;
+}
+
+void ExpectNumbers(const NumberSetup& actual, const NumberSetup& expected) {
+    EXPECT_EQ(actual.type, expected.type);
+    EXPECT_EQ(actual.digits, expected.digits);
+    EXPECT_EQ(actual.width.digits, expected.width.digits);
+    EXPECT_EQ(actual.width.limbs, expected.width.limbs);
+    EXPECT_EQ(actual.window.low, expected.window.low);
+    EXPECT_EQ(actual.window.high, expected.window.high);
+}
+
+NumberSetup SetUpNumbers() {
+    seen.steps.push_back("numbers");
+    return Numbers;
+}
+
+void Prepare() {
+    seen.steps.push_back("prepare");
+    ScratchTake(CurrentScratchStack(), 100);
+}
+
+void Finish(bool succeeded) {
+    seen.steps.push_back("finish");
+    seen.succeeded = succeeded;
+    seen.otherEnabledDuringRun = IsEnabled(other);
+    seen.pageEnabledDuringRun = IsEnabled(run.page);
+    ExpectNumbers(CurrentNumberSetup(), Numbers);
+}
+
+void WriteTwoLines() {
+    seen.steps.push_back("work");
+    seen.numbersInWork = CurrentNumberSetup();
+    seen.workerThread = GetCurrentThreadId();
+    ScratchStackScope scope;
+    seen.workerHadItsOwnStack =
+        scope.Take(1'000) != nullptr && CurrentScratchStack().base != topBefore;
+    char16_t line[] = u"first\r\n";
+    SendPageText(line);
+    line[0] = u'X';  // the text was taken while it was sent
+    SendPageText(u"second\r\n");
+}
+
+void RunUntilStopped() {
+    while (!RunShouldEnd()) {
+        Sleep(0);
+    }
+}
+
+void RaiseArithmeticStop() {
+    SetCalcError(CalcErrorCancelled);
+}
+
+void Overflow() {
+    SetCalcError(CalcErrorOverflow);
+}
+
+void ChangeNumbers() {
+    InstallNumberSetup({});
+}
+
+LRESULT HandlePage(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
+    HandlePageRun(run, message, wParam, lParam, callDefault);
+    return 0;
+}
+
+class PageRunTest : public testing_support::ToolkitTest {
+protected:
+    PageRunTest() {
+        InstallLanguage(LanguageEnglish);
+        CreateScratchStack();
+        page = CreateDialogWindow(nullptr, {300, 200}, u"Page", HandlePage, 0, 0);
+        other = CreateDialogWindow(nullptr, {100, 100}, u"Other", nullptr, 0, 0);
+        start = CreateButton(page, {0, 0, 75, 25}, uiText.TextBtnStart);
+        clear = CreateButton(page, {0, 30, 75, 25}, u"Clear");
+        stop = CreateButton(page, {80, 0, 75, 25}, uiText.TextBtnStop);
+        output = CreateEdit(page, {0, 60, 200, 100}, u"old\r\n", ES_MULTILINE | ES_AUTOVSCROLL, 0);
+        seen = {};
+        task = {SetUpNumbers, Prepare, WriteTwoLines, Finish, UiErrorPrimeNumberOverflow};
+        run = {.page = page,
+               .startTask = &task,
+               .controls = {.startButton = start,
+                            .startCaption = &UiText::TextBtnStart,
+                            .disabled = &clear,
+                            .disabledCount = 1,
+                            .output = output},
+               .showBusy = [](bool busy) { seen.shownBusy.push_back(busy); }};
+        ClearErrors();
+        numbersBefore = CurrentNumberSetup();
+        topBefore = *CurrentScratchStack().top;
+    }
+    ~PageRunTest() override {
+        EXPECT_EQ(run.states.phase, PageIdle);
+        ExpectNumbers(CurrentNumberSetup(), numbersBefore);
+        EXPECT_EQ(*CurrentScratchStack().top, topBefore);
+        EXPECT_EQ(PendingUiError(), UiErrorNone);
+        EXPECT_FALSE(AbortRequested());
+        EXPECT_TRUE(IsEnabled(other));
+        EXPECT_TRUE(IsEnabled(dialog));
+        EXPECT_TRUE(IsEnabled(start));
+        EXPECT_TRUE(IsEnabled(clear));
+        EXPECT_EQ(TextOf(start), "Start");
+        DestroyWindow(page);
+        DestroyWindow(other);
+        DestroyScratchStack();
+        ClearErrors();
+    }
+
+    void ClickStart() { SendMessageW(start, BM_CLICK, 0, 0); }
+    void Close() { SendMessageW(page, WM_CLOSE, 0, 0); }
+
+    // The message loop, until the run is in another state.
+    static void LoopWhile(PagePhase phase) {
+        MSG message;
+        while (run.states.phase == phase && GetMessageW(&message, nullptr, 0, 0) > 0) {
+            DispatchMessageW(&message);
+        }
+    }
+    static void LoopUntilIdle() {
+        MSG message;
+        while (run.states.phase != PageIdle && GetMessageW(&message, nullptr, 0, 0) > 0) {
+            DispatchMessageW(&message);
+        }
+    }
+
+    HWND page;
+    HWND start;
+    HWND clear;
+    HWND stop;
+    HWND output;
+    NumberSetup numbersBefore;
+};
+
+TEST_F(PageRunTest, GoesThroughItsStepsWithTheNumbersOfThePage) {
+    ClickStart();
+    LoopUntilIdle();
+    EXPECT_EQ(seen.steps, (std::vector<std::string>{"numbers", "prepare", "work", "finish"}));
+    ExpectNumbers(seen.numbersInWork, Numbers);
+    EXPECT_NE(seen.workerThread, GetCurrentThreadId());
+    EXPECT_TRUE(seen.workerHadItsOwnStack);
+    EXPECT_TRUE(seen.succeeded);
+    EXPECT_EQ(seen.shownBusy, (std::vector<bool>{true, false}));
+    EXPECT_EQ(TextOf(output), "old\r\nfirst\r\nsecond\r\n");
+}
+
+TEST_F(PageRunTest, PutsTheNumbersBackWhateverTheRunInstalled) {
+    task.work = ChangeNumbers;
+    task.finish = [](bool) {};
+    ClickStart();
+    LoopUntilIdle();
+}
+
+TEST_F(PageRunTest, KeepsAllOtherWindowsAndButtonsOutOfReach) {
+    task.work = RunUntilStopped;
+    ClickStart();
+    EXPECT_EQ(run.states.phase, StopShown);
+    EXPECT_EQ(TextOf(start), "Stop");
+    EXPECT_FALSE(IsEnabled(clear));
+    EXPECT_FALSE(IsEnabled(other));
+    EXPECT_FALSE(IsEnabled(dialog));
+    EXPECT_TRUE(IsEnabled(page));
+    ClickStart();
+    LoopUntilIdle();
+    EXPECT_FALSE(seen.otherEnabledDuringRun);
+    EXPECT_TRUE(seen.pageEnabledDuringRun);
+}
+
+TEST_F(PageRunTest, StaysBusyForAMomentWhereThePageLeavesLater) {
+    run.states.rules.leave = LeavesLater;
+    ClickStart();
+    LoopWhile(StopShown);
+    EXPECT_EQ(run.states.phase, StopLingers);
+    EXPECT_EQ(TextOf(start), "Stop");
+    EXPECT_FALSE(IsEnabled(other));
+    SendMessageW(page, WM_TIMER, 1, 0);  // a timer of somebody else
+    ClickStart();                        // one on Stop that comes late
+    EXPECT_EQ(run.states.phase, StopLingers);
+    LoopUntilIdle();
+    EXPECT_EQ(seen.steps.size(), 4u);
+    EXPECT_FALSE(KillTimer(page, LeaveTimer)) << "it would end the next run before its time";
+}
+
+TEST_F(PageRunTest, ShowsStopAfterAWhileWhereThePageWantsIt) {
+    run.states.rules = {StopAfterAWhile, LeavesBeforeReport};
+    task.work = RunUntilStopped;
+    ClickStart();
+    EXPECT_EQ(run.states.phase, PageBusy);
+    LoopWhile(PageBusy);
+    EXPECT_EQ(run.states.phase, StopShown);
+    EXPECT_EQ(seen.shownBusy, (std::vector<bool>{true, true}));
+    StopPageRun(run);
+    LoopWhile(StopShown);
+    EXPECT_EQ(run.states.phase, StopLingers);
+    EXPECT_TRUE(IsEnabled(other));
+    EXPECT_EQ(seen.shownBusy, (std::vector<bool>{true, true, false}));
+    LoopUntilIdle();
+    EXPECT_FALSE(KillTimer(page, StopTimer));
+    EXPECT_FALSE(KillTimer(page, LateClickTimer));
+}
+
+TEST_F(PageRunTest, ARunThatEndsSoonLeavesNoTimer) {
+    run.states.rules = {StopAfterAWhile, LeavesBeforeReport};
+    ClickStart();
+    LoopUntilIdle();
+    EXPECT_FALSE(KillTimer(page, StopTimer));
+}
+
+TEST_F(PageRunTest, RunsAsOftenAsThePageWants) {
+    for (int runs = 1; runs <= 3; runs++) {
+        ClickStart();
+        LoopUntilIdle();
+    }
+    EXPECT_EQ(TextOf(output), "old\r\nfirst\r\nsecond\r\nfirst\r\nsecond\r\nfirst\r\nsecond\r\n");
+}
+
+TEST_F(PageRunTest, NoRunBeginsWithinAnotherOne) {
+    task.work = RunUntilStopped;
+    ClickStart();
+    StartPageRun(run, task);
+    EXPECT_EQ(seen.steps, (std::vector<std::string>{"numbers", "prepare"}));
+    StopPageRun(run);
+    LoopUntilIdle();
+    // Nor from its own steps.
+    task = {SetUpNumbers, [] { StartPageRun(run, task); }, WriteTwoLines,
+            [](bool) { StartPageRun(run, task); }, UiErrorCalculation};
+    seen.steps.clear();
+    ClickStart();
+    LoopUntilIdle();
+    EXPECT_EQ(seen.steps, (std::vector<std::string>{"numbers", "work"}));
+}
+
+TEST_F(PageRunTest, NewsOfNoRunEndNone) {
+    SendMessageW(page, PageWorkerMessage, PageWorkerEnded, 0);
+    EXPECT_TRUE(seen.steps.empty());
+    EXPECT_TRUE(seen.shownBusy.empty());
+}
+
+TEST_F(PageRunTest, AStopButtonOfItsOwnIsEnabledDuringTheRunAlone) {
+    run.controls.stopButton = stop;
+    run.controls.startCaption = nullptr;
+    EnableWindow(stop, FALSE);
+    task.work = RunUntilStopped;
+    ClickStart();
+    EXPECT_EQ(TextOf(start), "Start");
+    EXPECT_FALSE(IsEnabled(start));
+    EXPECT_TRUE(IsEnabled(stop));
+    SendMessageW(stop, BM_CLICK, 0, 0);
+    LoopUntilIdle();
+    EXPECT_FALSE(IsEnabled(stop));
+    EXPECT_FALSE(seen.succeeded);
+    EXPECT_EQ(seen.steps.size(), 3u);
+}
+
+TEST_F(PageRunTest, APageWithoutStopCalculatesOnTheUiThread) {
+    run.states.rules.stop = StopNever;
+    task.work = [] {
+        seen.steps.push_back("work");
+        seen.workerThread = GetCurrentThreadId();
+        seen.numbersInWork = CurrentNumberSetup();
+    };
+    ClickStart();
+    EXPECT_EQ(run.states.phase, PageIdle);
+    EXPECT_EQ(seen.steps, (std::vector<std::string>{"numbers", "prepare", "work", "finish"}));
+    EXPECT_EQ(seen.workerThread, GetCurrentThreadId());
+    ExpectNumbers(seen.numbersInWork, Numbers);
+    EXPECT_TRUE(seen.otherEnabledDuringRun);
+    EXPECT_EQ(seen.shownBusy, (std::vector<bool>{true, false}));
+}
+
+TEST_F(PageRunTest, WritesBehindTheTextWhereverTheCaretIs) {
+    SendMessageW(output, EM_SETSEL, 0, 3);
+    AppendPageText(output, reinterpret_cast<LPARAM>(u"new"));
+    EXPECT_EQ(TextOf(output), "old\r\nnew");
+    EXPECT_FALSE(SendMessageW(output, EM_CANUNDO, 0, 0));
+}
+
+// Looks at the other window each time that a message box comes up.
+class BoxWatch {
+public:
+    BoxWatch() : hook_(SetWindowsHookExW(WH_CBT, Look, nullptr, GetCurrentThreadId())) {}
+    ~BoxWatch() { UnhookWindowsHookEx(hook_); }
+    BoxWatch(const BoxWatch&) = delete;
+    BoxWatch& operator=(const BoxWatch&) = delete;
+
+    static inline bool otherEnabled;
+
+private:
+    static LRESULT CALLBACK Look(int code, WPARAM wParam, LPARAM lParam) {
+        if (code == HCBT_ACTIVATE && reinterpret_cast<HWND>(wParam) != run.page) {
+            otherEnabled = IsEnabled(other);
+        }
+        return CallNextHookEx(nullptr, code, wParam, lParam);
+    }
+
+    HHOOK hook_;
+};
+
+TEST_F(PageRunTest, ReportsAnErrorOfTheRunBeforeOrAfterThePageIsLeft) {
+    for (const PageLeaveRule leave : {LeavesAtOnce, LeavesLater, LeavesBeforeReport}) {
+        const MessageBoxAnswer answer;
+        const BoxWatch watch;
+        run.states.rules.leave = leave;
+        task.work = Overflow;
+        ClickStart();
+        LoopUntilIdle();
+        EXPECT_EQ(answer.boxes, 1);
+        EXPECT_EQ(answer.text, "Overflow in prime number calculation!");
+        EXPECT_EQ(watch.otherEnabled, leave == LeavesBeforeReport) << leave;
+        EXPECT_TRUE(seen.succeeded) << "a code of the arithmetic is taken after the results";
+    }
+}
+
+TEST_F(PageRunTest, ReportsAnErrorOfTheInputUnderTheCodeOfThePageAndStartsNothing) {
+    const MessageBoxAnswer answer;
+    task.fallback = UiErrorPrimeFactorOverflow;
+    task.prepare = [] {
+        ScratchTake(CurrentScratchStack(), 100);
+        Overflow();
+    };
+    ClickStart();
+    EXPECT_EQ(answer.text, "Overflow in prime factor calculation!");
+    task.prepare = [] { SetUiError(UiErrorInputTooLong); };
+    ClickStart();
+    EXPECT_EQ(answer.text, "The text entered is too long!");
+    EXPECT_EQ(answer.boxes, 2);
+    EXPECT_EQ(seen.steps, (std::vector<std::string>{"numbers", "numbers"}));
+    EXPECT_TRUE(seen.shownBusy.empty());
+}
+
+TEST_F(PageRunTest, NumbersThatAreRefusedStartNothing) {
+    const MessageBoxAnswer answer;
+    task.numberSetup = [] { return NumberSetup{.digits = 10'006}; };
+    ClickStart();
+    EXPECT_EQ(answer.boxes, 1);
+    task.numberSetup = [] {
+        SetUiError(UiErrorInternal);
+        return Numbers;
+    };
+    ClickStart();
+    EXPECT_EQ(answer.boxes, 2);
+    EXPECT_EQ(answer.text, "Internal error!");
+    EXPECT_TRUE(seen.steps.empty());
+}
+
+TEST_F(PageRunTest, EndsWithAnErrorWhereNoThreadCanBeMade) {
+    const MessageBoxAnswer answer;
+    const ThreadMaker system = makeThread;
+    makeThread = [](unsigned(__stdcall*)(void*)) { return false; };
+    for (const PageLeaveRule leave : {LeavesAtOnce, LeavesLater, LeavesBeforeReport}) {
+        run.states.rules.leave = leave;
+        ClickStart();
+        LoopUntilIdle();
+        EXPECT_EQ(answer.text, "Internal error!");
+        EXPECT_FALSE(seen.succeeded);
+    }
+    makeThread = system;
+    EXPECT_EQ(answer.boxes, 3);
+    run.states.rules.leave = LeavesAtOnce;
+    seen = {};
+    ClickStart();
+    LoopUntilIdle();
+    EXPECT_TRUE(seen.succeeded) << "the next run has a thread again";
+    EXPECT_EQ(answer.boxes, 3);
+}
+
+TEST_F(PageRunTest, EndsWithoutAWordWhenItIsStopped) {
+    StopPageRun(run);
+    EXPECT_FALSE(AbortRequested()) << "nothing runs yet";
+    const MessageBoxAnswer answer;
+    task.work = RunUntilStopped;
+    ClickStart();
+    ClickStart();
+    EXPECT_TRUE(AbortRequested());
+    LoopUntilIdle();
+    EXPECT_EQ(answer.boxes, 0);
+    EXPECT_FALSE(seen.succeeded);
+}
+
+TEST_F(PageRunTest, ClosingStopsARunAndHidesThePage) {
+    static bool closed;
+    closed = false;
+    run.close = [] { closed = IsWindowVisible(run.page) != FALSE; };
+    ShowWindow(page, SW_SHOW);
+    const MessageBoxAnswer answer;
+    task.work = RunUntilStopped;
+    ClickStart();
+    Close();
+    EXPECT_TRUE(closed) << "called before the page is hidden";
+    EXPECT_FALSE(IsWindowVisible(page));
+    LoopUntilIdle();
+    EXPECT_EQ(answer.boxes, 0);
+    EXPECT_FALSE(seen.succeeded);
+    Close();
+    EXPECT_FALSE(AbortRequested()) << "nothing runs any more";
+}
+
+TEST_F(PageRunTest, AStopThatComesAfterTheEndReachesNothing) {
+    run.states.rules.leave = LeavesLater;
+    ClickStart();
+    LoopWhile(StopShown);
+    StopPageRun(run);
+    Close();
+    EXPECT_FALSE(AbortRequested());
+    LoopUntilIdle();
+    const MessageBoxAnswer answer;
+    task.work = Overflow;
+    ClickStart();
+    LoopUntilIdle();
+    EXPECT_EQ(answer.boxes, 1) << "the next error is told";
+}
+
+TEST_F(PageRunTest, AStopThatNobodyHeardEndsTheRunAllTheSame) {
+    static HANDLE mayEnd;
+    mayEnd = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    task.work = [] { WaitForSingleObject(mayEnd, INFINITE); };
+    ClickStart();
+    ClickStart();
+    SetEvent(mayEnd);
+    LoopUntilIdle();
+    CloseHandle(mayEnd);
+    EXPECT_FALSE(seen.succeeded);
+}
+
+TEST_F(PageRunTest, TakesAStopOfTheArithmeticForOneOfTheUser) {
+    const MessageBoxAnswer answer;
+    task.work = RaiseArithmeticStop;
+    ClickStart();
+    LoopUntilIdle();
+    EXPECT_EQ(answer.boxes, 0);
+    EXPECT_EQ(numberContext.calcError, CalcErrorNone);
+}
+
+TEST_F(PageRunTest, BeginsWithAllErrorsCleared) {
+    SetUiError(UiErrorFormula, u"old");
+    SetCalcError(CalcErrorOverflow);
+    RequestCancel();
+    const MessageBoxAnswer answer;
+    ClickStart();
+    LoopUntilIdle();
+    EXPECT_EQ(answer.boxes, 0);
+    EXPECT_TRUE(seen.succeeded);
+}
+
+}  // namespace
+}  // namespace tallymere
