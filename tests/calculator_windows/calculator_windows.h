@@ -20,6 +20,7 @@
 #include "shell/windows/program_windows.h"
 #include "toolkit/control_focus.h"
 #include "toolkit/environment.h"
+#include "toolkit/loop_deadline.h"
 #include "toolkit/wide_text.h"
 #include "toolkit/win32.h"
 
@@ -151,6 +152,8 @@ private:
         valueAtStart = WholeText(VariablesWindowControl(VariablesValue));
         settingsDirtyAtStart = settings.settingsDirty || variableTable.variablesChanged;
     }
+
+    const LoopDeadline deadline_;
 };
 
 }  // namespace tallymere::testing_support

@@ -11,6 +11,7 @@
 #include "toolkit/control_focus.h"
 #include "toolkit/dialog_window.h"
 #include "toolkit/environment.h"
+#include "toolkit/loop_deadline.h"
 #include "toolkit/standard_controls.h"
 #include "toolkit/wide_text.h"
 #include "toolkit/win32.h"
@@ -119,6 +120,9 @@ protected:
     HWND Radio(const char16_t* text) { return CreateRadioButton(dialog, {0, 0, 60, 20}, text); }
 
     HWND dialog;
+
+private:
+    const LoopDeadline deadline_;
 };
 
 }  // namespace tallymere::testing_support
