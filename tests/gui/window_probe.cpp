@@ -33,6 +33,7 @@
 
 #include "gui/json_text.h"
 #include "gui/window_teller.h"
+#include "toolkit/gdi_objects.h"
 #include "toolkit/win32.h"
 // They need the headers of Windows before them.
 #include <psapi.h>
@@ -430,41 +431,14 @@ int64_t CountHandles(DWORD process) {
                          [process](const Entry& entry) { return entry.process == process; });
 }
 
-// Objects to draw with, from the process's own table of them, for Wine, whose GetGuiResources
-// gives 0. There each process has a table of its own.
-int64_t CountGdiObjects(HANDLE process) {
-    struct Entry {
-        void* object;
-        ULONG owner;
-        USHORT unique;
-        BYTE type;
-        BYTE flags;
-        void* user;
-    };
-    constexpr size_t TableInPeb = 0xF8;
-    PROCESS_BASIC_INFORMATION basic = {};
-    NtQueryInformationProcess(process, ProcessBasicInformation, &basic, sizeof basic, nullptr);
-    void* table = nullptr;
-    ReadProcessMemory(process, reinterpret_cast<std::byte*>(basic.PebBaseAddress) + TableInPeb,
-                      &table, sizeof table, nullptr);
-    std::vector<Entry> entries(1 << 16);
-    if (!ReadProcessMemory(process, table, entries.data(), entries.size() * sizeof(Entry),
-                           nullptr)) {
-        return -1;
-    }
-    return std::count_if(entries.begin(), entries.end(),
-                         [](const Entry& entry) { return entry.type != 0; });
-}
-
 std::string CountResources(DWORD id) {
     const HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id);
     PROCESS_MEMORY_COUNTERS memory = {};
     memory.cb = sizeof memory;
     K32GetProcessMemoryInfo(process, &memory, sizeof memory);
-    const DWORD gdi = GetGuiResources(process, GR_GDIOBJECTS);
     JsonList counts = JsonObject();
     counts.Add("handles", CountHandles(id));
-    counts.Add("gdi", gdi != 0 ? gdi : CountGdiObjects(process));
+    counts.Add("gdi", testing_support::CountGdiObjects(process));
     counts.Add("windows", CountWindows(id));
     counts.Add("committed", memory.PagefileUsage);
     counts.Add("resident", memory.WorkingSetSize);

@@ -7,68 +7,23 @@
 #include "shell/ui_text.h"
 #include "shell/windows/main_window.h"
 #include "shell/windows/program_windows.h"
+#include "shell_windows/picture.h"
+#include "toolkit/gdi_objects.h"
 #include "toolkit/test_dialog.h"
 
 namespace tallymere {
 namespace {
 
+using testing_support::CountGdiObjects;
+using testing_support::Picture;
 using testing_support::TextOf;
 
-constexpr COLORREF Paper = RGB(1, 2, 3);
+// A picture of the Donate button lies in the middle part of one of this size.
+constexpr int32_t DonateWidth = 192;
+constexpr int32_t DonateHeight = 47;
 
-// A picture to draw on, all of it in one colour.
-class Picture {
-public:
-    Picture() {
-        const HDC screen = GetDC(nullptr);
-        bitmap_ = CreateCompatibleBitmap(screen, Width, Height);
-        ReleaseDC(nullptr, screen);
-        SelectObject(dc, bitmap_);
-        const HBRUSH brush = CreateSolidBrush(Paper);
-        const RECT all = {0, 0, Width, Height};
-        FillRect(dc, &all, brush);
-        DeleteObject(brush);
-        SetBkMode(dc, OPAQUE);
-        SetBkColor(dc, Paper);
-    }
-    ~Picture() {
-        DeleteDC(dc);
-        DeleteObject(bitmap_);
-    }
-    Picture(const Picture&) = delete;
-    Picture& operator=(const Picture&) = delete;
-
-    // Whether anything was drawn in that part of it.
-    bool HasInk(int32_t left, int32_t right) const {
-        for (int32_t y = 0; y < Height; y++) {
-            for (int32_t x = left; x < right; x++) {
-                if (GetPixel(dc, x, y) != GetNearestColor(dc, Paper)) {
-                    return true;
-                }
-            }
-        }
-        return false;
-    }
-
-    bool IsLike(const Picture& other) const {
-        for (int32_t y = 0; y < Height; y++) {
-            for (int32_t x = 0; x < Width; x++) {
-                if (GetPixel(dc, x, y) != GetPixel(other.dc, x, y)) {
-                    return false;
-                }
-            }
-        }
-        return true;
-    }
-
-    static constexpr int32_t Width = 192;
-    static constexpr int32_t Height = 47;
-
-    const HDC dc = CreateCompatibleDC(nullptr);
-
-private:
-    HBITMAP bitmap_;
-};
+// How often a test does what could leave an object behind.
+constexpr int32_t Rounds = 20;
 
 class AboutWindow : public testing_support::ToolkitTest {
 protected:
@@ -100,6 +55,11 @@ protected:
         return form;
     }
 
+    static void PaintAbout() {
+        ShowProgramWindow(aboutWindow);
+        RedrawWindow(aboutWindow, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+    }
+
     // Asks the window to draw the Donate button in the middle part of a picture.
     static LRESULT DrawDonateButton(const Picture& picture, UINT action) {
         DRAWITEMSTRUCT item = {};
@@ -107,7 +67,7 @@ protected:
         item.itemAction = action;
         item.hwndItem = Control(AboutDonate);
         item.hDC = picture.dc;
-        item.rcItem = {50, 0, 142, Picture::Height};
+        item.rcItem = {50, 0, 142, DonateHeight};
         return SendMessageW(aboutWindow, WM_DRAWITEM, 0, reinterpret_cast<LPARAM>(&item));
     }
 };
@@ -150,18 +110,18 @@ TEST_F(AboutWindow, OnlyHidesWhenItIsClosed) {
 }
 
 TEST_F(AboutWindow, DrawsTheDonateButtonOnlyWhenAllOfItIsAsked) {
-    const Picture picture;
+    const Picture picture(DonateWidth, DonateHeight);
     EXPECT_EQ(DrawDonateButton(picture, ODA_FOCUS), TRUE);
     EXPECT_EQ(DrawDonateButton(picture, ODA_SELECT), TRUE);
-    EXPECT_FALSE(picture.HasInk(0, Picture::Width));
+    EXPECT_FALSE(picture.HasInk(0, DonateWidth));
     EXPECT_EQ(DrawDonateButton(picture, ODA_DRAWENTIRE | ODA_FOCUS), TRUE);
     EXPECT_TRUE(picture.HasInk(50, 142));
     EXPECT_FALSE(picture.HasInk(0, 50));
-    EXPECT_FALSE(picture.HasInk(142, Picture::Width));
+    EXPECT_FALSE(picture.HasInk(142, DonateWidth));
 }
 
 TEST_F(AboutWindow, LeavesTheDrawingAsItWas) {
-    const Picture picture;
+    const Picture picture(DonateWidth, DonateHeight);
     const HGDIOBJ font = GetCurrentObject(picture.dc, OBJ_FONT);
     SetTextColor(picture.dc, RGB(200, 0, 0));
     DrawDonateButton(picture, ODA_DRAWENTIRE);
@@ -171,13 +131,13 @@ TEST_F(AboutWindow, LeavesTheDrawingAsItWas) {
 }
 
 TEST_F(AboutWindow, WritesTheDonateButtonInBoldItalicsOnePixelLower) {
-    const Picture drawn;
+    const Picture drawn(DonateWidth, DonateHeight);
     DrawDonateButton(drawn, ODA_DRAWENTIRE);
 
-    const Picture expected;
+    const Picture expected(DonateWidth, DonateHeight);
     auto* icon = static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), L"DonateBtnIcon",
-                                               IMAGE_ICON, 92, Picture::Height, LR_DEFAULTCOLOR));
-    DrawIconEx(expected.dc, 50, 0, icon, 92, Picture::Height, 0, nullptr, DI_NORMAL);
+                                               IMAGE_ICON, 92, DonateHeight, LR_DEFAULTCOLOR));
+    DrawIconEx(expected.dc, 50, 0, icon, 92, DonateHeight, 0, nullptr, DI_NORMAL);
     DestroyIcon(icon);
     LOGFONTW form = {};
     form.lfHeight = 21;
@@ -187,19 +147,54 @@ TEST_F(AboutWindow, WritesTheDonateButtonInBoldItalicsOnePixelLower) {
     const HFONT font = CreateFontIndirectW(&form);
     const HGDIOBJ before = SelectObject(expected.dc, font);
     SetBkMode(expected.dc, TRANSPARENT);
-    RECT place = {50, 1, 142, Picture::Height};
+    RECT place = {50, 1, 142, DonateHeight};
     DrawTextW(expected.dc, L"Donate", -1, &place, DT_CENTER);
     SelectObject(expected.dc, before);
     DeleteObject(font);
     EXPECT_TRUE(drawn.IsLike(expected));
 }
 
-TEST_F(AboutWindow, PaintsItself) {
-    ShowProgramWindow(aboutWindow);
-    InvalidateRect(aboutWindow, nullptr, TRUE);
-    EXPECT_TRUE(GetUpdateRect(aboutWindow, nullptr, FALSE));
-    UpdateWindow(aboutWindow);
+TEST_F(AboutWindow, PaintsTheIconOfTheProgramAndNothingElse) {
+    PaintAbout();
+    auto* icon = static_cast<HICON>(
+        LoadImageW(GetModuleHandleW(nullptr), L"!AppIcon", IMAGE_ICON, 48, 48, LR_DEFAULTCOLOR));
+    const COLORREF background = GetSysColor(COLOR_BTNFACE);
+    Picture expected(48, 48, background);
+    expected.DrawIcon(icon);
+    DestroyIcon(icon);
+    ASSERT_TRUE(expected.HasInk());
+
+    const HDC window = GetDC(aboutWindow);
+    const Picture shown(48, 48);
+    BitBlt(shown.dc, 0, 0, 48, 48, window, 15, 13, SRCCOPY);
+    EXPECT_TRUE(shown.IsLike(expected));
+    for (const POINT beside : {POINT{14, 37}, {63, 37}, {39, 12}, {39, 61}}) {
+        EXPECT_EQ(GetPixel(window, beside.x, beside.y), background);
+    }
+    ReleaseDC(aboutWindow, window);
     EXPECT_FALSE(GetUpdateRect(aboutWindow, nullptr, FALSE));
+}
+
+TEST_F(AboutWindow, KeepsNothingOfWhatItDrewWith) {
+    const Picture picture(DonateWidth, DonateHeight);
+    DrawDonateButton(picture, ODA_DRAWENTIRE);
+    PaintAbout();
+    const int64_t before = CountGdiObjects(GetCurrentProcess());
+    ASSERT_GT(before, 0);
+    for (int32_t round = 0; round < Rounds; round++) {
+        DrawDonateButton(picture, ODA_DRAWENTIRE);
+        PaintAbout();
+    }
+    EXPECT_LT(CountGdiObjects(GetCurrentProcess()), before + Rounds);
+}
+
+TEST_F(AboutWindow, KeepsNothingWhenItIsDestroyed) {
+    const int64_t before = CountGdiObjects(GetCurrentProcess());
+    for (int32_t round = 0; round < Rounds; round++) {
+        DestroyWindow(aboutWindow);
+        CreateAboutWindow();
+    }
+    EXPECT_LT(CountGdiObjects(GetCurrentProcess()), before + Rounds);
 }
 
 }  // namespace

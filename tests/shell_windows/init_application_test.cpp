@@ -2,6 +2,7 @@
 #include "shell/windows/init_application.h"
 
 #include <string>
+#include <vector>
 
 #include "core/number_context.h"
 #include "core/scratch.h"
@@ -11,9 +12,47 @@
 #include "shell/windows/user_locale.h"
 #include "shell_windows/settings_folder.h"
 #include "toolkit/environment.h"
+#include "toolkit/win32.h"
+
+// The linker's name for the address of the system's function.
+extern "C" BOOL(WINAPI* __imp_InitCommonControlsEx)(const INITCOMMONCONTROLSEX*);
 
 namespace tallymere {
 namespace {
+
+// What is asked of InitCommonControlsEx while it lives; the function is called all the same.
+class CommonControlsCalls {
+public:
+    CommonControlsCalls() {
+        asked.clear();
+        system_ = Exchange(Note);
+    }
+    ~CommonControlsCalls() { Exchange(system_); }
+    CommonControlsCalls(const CommonControlsCalls&) = delete;
+    CommonControlsCalls& operator=(const CommonControlsCalls&) = delete;
+
+    static inline std::vector<INITCOMMONCONTROLSEX> asked;
+
+private:
+    using Function = BOOL(WINAPI*)(const INITCOMMONCONTROLSEX*);
+
+    static BOOL WINAPI Note(const INITCOMMONCONTROLSEX* controls) {
+        asked.push_back(*controls);
+        return system_(controls);
+    }
+
+    // Every call goes through the address that the loader has put there.
+    static Function Exchange(Function function) {
+        DWORD before = 0;
+        VirtualProtect(&__imp_InitCommonControlsEx, sizeof(Function), PAGE_READWRITE, &before);
+        const Function old = __imp_InitCommonControlsEx;
+        __imp_InitCommonControlsEx = function;
+        VirtualProtect(&__imp_InitCommonControlsEx, sizeof(Function), before, &before);
+        return old;
+    }
+
+    static inline Function system_;
+};
 
 // Each test calls Start once.
 class InitApplicationTest : public testing_support::SettingsFolderTest {
@@ -71,7 +110,12 @@ TEST_F(InitApplicationTest, MakesTheFontOfAllControls) {
 }
 
 TEST_F(InitApplicationTest, RegistersTheControlsOfTheSystem) {
+    const CommonControlsCalls calls;
     Start();
+    // The system may have registered them before anybody asks, so the question is looked at too.
+    ASSERT_EQ(calls.asked.size(), 1u);
+    EXPECT_EQ(calls.asked[0].dwSize, 8u);
+    EXPECT_EQ(calls.asked[0].dwICC, 0xFFFFu);
     for (const wchar_t* name : {L"msctls_trackbar32", L"msctls_updown32", L"SysTabControl32"}) {
         WNDCLASSW windowClass = {};
         EXPECT_TRUE(GetClassInfoW(nullptr, name, &windowClass));

@@ -8,12 +8,16 @@
 #include "shell/settings.h"
 #include "shell/ui_text.h"
 #include "shell/windows/program_windows.h"
+#include "shell_windows/picture.h"
 #include "toolkit/test_dialog.h"
 
 namespace tallymere {
 namespace {
 
+using testing_support::Picture;
 using testing_support::TextOf;
+
+constexpr int32_t IconSize = 32;  // of what LoadIconW gives
 
 BOOL CALLBACK CountDialog(HWND window, LPARAM count) {
     if (IsDialogWindow(window)) {
@@ -126,10 +130,18 @@ TEST_F(MainWindow, HasAnOwnerThatIsNeverSeen) {
     EXPECT_TRUE(IsDialogWindow(hiddenOwnerWindow));
 }
 
-TEST_F(MainWindow, GivesAllWindowsTheirIconAndLeavesNoOtherWindowBehind) {
+TEST_F(MainWindow, GivesAllWindowsTheIconOfTheProgramAndLeavesNoOtherWindowBehind) {
+    auto* icon = static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), L"!AppIcon", IMAGE_ICON,
+                                               IconSize, IconSize, LR_DEFAULTCOLOR));
+    Picture expected(IconSize, IconSize);
+    expected.DrawIcon(icon);
+    DestroyIcon(icon);
+    ASSERT_TRUE(expected.HasInk());
     const HWND windows[] = {mainWindow, hiddenOwnerWindow, pageWindows[PageCalculator], dialog};
     for (HWND window : windows) {
-        EXPECT_NE(GetClassLongPtrW(window, GCLP_HICON), 0u);
+        Picture shown(IconSize, IconSize);
+        shown.DrawIcon(reinterpret_cast<HICON>(GetClassLongPtrW(window, GCLP_HICON)));
+        EXPECT_TRUE(shown.IsLike(expected));
     }
     EXPECT_EQ(CountDialogs(), std::size(windows));
 }
