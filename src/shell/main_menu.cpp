@@ -14,4 +14,8 @@ MenuCommand CommandOfMenu(int64_t id, int64_t sender) {
     return {};
 }
 
+bool IsMenuItemEnabled(const MenuItem& item, const bool (&hasPage)[PageCount]) {
+    return item.command.action != MenuShowsPage || hasPage[item.command.page];
+}
+
 }  // namespace tallymere

@@ -80,4 +80,8 @@ inline constexpr MenuItem MainMenu[] = {
 /// nothing.
 MenuCommand CommandOfMenu(int64_t id, int64_t sender);
 
+/// Whether a user can choose the item. An item that shows a page is grey while that page is
+/// missing; `hasPage` says for each page whether it has a window.
+bool IsMenuItemEnabled(const MenuItem& item, const bool (&hasPage)[PageCount]);
+
 }  // namespace tallymere

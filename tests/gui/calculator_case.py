@@ -6,11 +6,9 @@ import subprocess
 from dataclasses import dataclass
 
 from desktop import SECONDS, WINE_RUN, around
-from gui_case import LOCALES, MAIN_TITLE, desktop, settings_text
+from gui_case import CALCULATOR, LOCALES, MAIN_TITLE, desktop, settings_text
 from options_case import OptionsCase
 from program import MESSAGE_BOX_CLASS, Window
-
-CALCULATOR = 201  # its menu item
 
 # The places of controls among those of the container.
 TYPE_SLIDER, TYPE_LABELS = 0, slice(1, 5)

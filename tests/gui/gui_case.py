@@ -21,6 +21,7 @@ from user_settings import file_bytes, settings_text
 
 LOCALES = {"en": "C.UTF-8", "de": "de_DE.UTF-8"}
 MAIN_TITLE = "Tallymere 3.9"
+CALCULATOR = 201  # its menu item
 
 
 class Desktop:
@@ -151,16 +152,41 @@ class GuiCase(unittest.TestCase):
     def click(self, control):
         self.display.click(*control.middle())
 
-    def choose_menu_by_mouse(self, program, item_id):
-        """Chooses an item of the main window's menu by two clicks."""
-        bar, position = self.place_in_menu(item_id)
+    def drop_down(self, program, item_id):
+        """Drops down the menu with an item by a click, and gives the place on the screen of each of
+        its items by their ids."""
+        bar, _ = self.place_in_menu(item_id)
         menu = program.menu(program.wait_for_window(MAIN_TITLE))[bar]
         self.display.click(*middle(menu["rect"]))
-        drop_down = program.wait_for(lambda: program.find(MENU_CLASS), "the menu to drop down")
-        x, y, width, height = drop_down.client
-        count = len(menu["items"])
-        self.display.click(x + width // 2, y + height * (2 * position + 1) // (2 * count))
+        x, y, width, height = program.wait_for(lambda: program.find(MENU_CLASS),
+                                               "the menu to drop down").client
+        rows = height // len(menu["items"])
+        return {item["id"]: (x, y + rows * row, width, rows)
+                for row, item in enumerate(menu["items"])}
+
+    def choose_menu_by_mouse(self, program, item_id):
+        """Chooses an item of the main window's menu by two clicks."""
+        self.display.click(*middle(self.drop_down(program, item_id)[item_id]))
         program.wait_until_hidden(None, MENU_CLASS)
+
+    def leave_menu(self, program):
+        self.display.press("Escape", "Escape")
+        program.wait_until_hidden(None, MENU_CLASS)
+
+    def check_items_of_pages(self, program, enabled):
+        """Of the items that show pages, those with these ids are enabled, and the others look
+        grey: no letter of them is black."""
+        places = self.drop_down(program, CALCULATOR)
+        bar, _ = self.place_in_menu(CALCULATOR)
+        items = program.menu(program.find(title=MAIN_TITLE))[bar]["items"]
+        self.assertEqual(set(enabled), {item["id"] for item in items if item["enabled"]})
+        # Every letter is painted by now: the last item shows more than its background.
+        for item, place in places.items():
+            pixels = program.wait_for_where(
+                lambda place=place: self.display.pixels_of(place),
+                lambda pixels, place=place: len(pixels.colours(place)) > 1, f"item {item}")
+            self.assertEqual(item in enabled, (0, 0, 0) in pixels.colours(place), item)
+        self.leave_menu(program)
 
     def wait_for_message(self, program, title, text):
         """The message box with that title, which says that text."""

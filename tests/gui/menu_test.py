@@ -3,7 +3,7 @@
 
 import unittest
 
-from gui_case import MAIN_TITLE, GuiCase
+from gui_case import CALCULATOR, MAIN_TITLE, GuiCase
 from program import MENU_CLASS, middle
 
 # Ids with the captions in both languages.
@@ -43,17 +43,30 @@ class MenuTest(GuiCase):
                 self.assertEqual({item: captions[index] for item, captions in MENU.items()}, items)
                 self.assertEqual(list(MENU), list(items), "another order")
                 self.assertEqual([2, 6, 2], [len(drop_down["items"]) for drop_down in bar])
-                self.assertTrue(all(item["enabled"] for drop_down in bar
-                                    for item in [drop_down, *drop_down["items"]]))
 
-    def test_items_without_a_page_do_nothing(self):
+    def test_items_without_a_page_are_grey(self):
         program = self.start_again()
+        for _ in range(2):
+            self.check_items_of_pages(program, {CALCULATOR})
+
+    def test_a_click_on_a_grey_item_leaves_the_menu_open(self):
+        program = self.start_again()
+        places = self.drop_down(program, CALCULATOR)
+        for item in WITHOUT_PAGE:
+            self.display.click(*middle(places[item]))
+        self.display.click(*middle(places[CALCULATOR]))
+        program.wait_for_window("Scientific Calculator")
+        self.assertEqual({MAIN_TITLE, "Scientific Calculator"}, program.visible_windows())
+
+    def test_items_by_keyboard_and_by_mouse(self):
+        program = self.start_again()
+        for item in WITHOUT_PAGE:
+            self.choose_menu(program, item)
+            self.leave_menu(program)
         for choose in (self.choose_menu, self.choose_menu_by_mouse):
-            for item in WITHOUT_PAGE:
-                choose(program, item)
-            # What the menu posts is handled in its order.
             choose(program, OPTIONS)
             program.wait_for_window("Options")
+            # What the menu posts is handled in its order, so the grey items did nothing.
             self.assertEqual({MAIN_TITLE, "Options"}, program.visible_windows())
             self.assertTrue(program.find(title=MAIN_TITLE).enabled)
             self.close_front_window(program, "Options")
@@ -68,8 +81,7 @@ class MenuTest(GuiCase):
         main = program.find(title=MAIN_TITLE)
         self.display.press("F10", "Down")
         program.wait_for(lambda: program.find(MENU_CLASS), "the menu to drop down")
-        self.display.press("Escape", "Escape")
-        program.wait_until_hidden(None, MENU_CLASS)
+        self.leave_menu(program)
         self.display.click(*middle(program.menu(main)[2]["rect"]))
         program.wait_for(lambda: program.find(MENU_CLASS), "the menu to drop down")
         x, y, width, height = main.rect

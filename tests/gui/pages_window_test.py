@@ -46,6 +46,10 @@ class PagesWindowTest(PagesCase):
             self.program.wait_for_window(MAIN_TITLE)
         self.open_page(self.FACTORIALS)
 
+    def test_only_items_without_a_page_are_grey(self):
+        self.start_again()
+        self.check_items_of_pages(self.program, self.ITEMS.values())
+
     def test_pages_follow_the_main_window(self):
         self.start_again()
         self.open_page(self.FACTORIALS)

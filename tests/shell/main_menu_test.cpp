@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -68,7 +69,21 @@ TEST_F(MainMenuTest, EachPageIsShownByItsItem) {
         const MenuCommand command = CommandOfMenu(201 + i, 0);
         EXPECT_EQ(command.action, MenuShowsPage);
         EXPECT_EQ(command.page, pages[i]);
-        EXPECT_EQ(command.page, i);
+    }
+}
+
+TEST_F(MainMenuTest, OnlyItemsOfPagesThatAreNotThereAreGrey) {
+    for (int32_t missing = 0; missing < PageCount; missing++) {
+        bool hasPage[PageCount];
+        std::fill_n(hasPage, PageCount, true);
+        hasPage[missing] = false;
+        for (const MenuItem& item : MainMenu) {
+            EXPECT_EQ(IsMenuItemEnabled(item, hasPage), item.id != 201 + missing) << item.id;
+        }
+    }
+    for (const MenuItem& item : MainMenu) {
+        const bool isPage = item.id >= 201 && item.id <= 206;
+        EXPECT_EQ(IsMenuItemEnabled(item, {}), !isPage) << item.id;
     }
 }
 

@@ -78,6 +78,16 @@ protected:
     static void ChooseMenuItem(WPARAM id, LPARAM sender = 0) {
         SendMessageW(mainWindow, WM_COMMAND, id, sender);
     }
+
+    static bool IsGreyWhenDroppedDown(UINT id) {
+        const HMENU bar = GetMenu(mainWindow);
+        for (int position = 0; position < GetMenuItemCount(bar); position++) {
+            SendMessageW(mainWindow, WM_INITMENUPOPUP,
+                         reinterpret_cast<WPARAM>(GetSubMenu(bar, position)),
+                         MAKELPARAM(position, FALSE));
+        }
+        return (GetMenuState(bar, id, MF_BYCOMMAND) & MF_GRAYED) != 0;
+    }
 };
 
 TEST_F(MainWindow, HasItsTitleItsMenuAndItsOwner) {
@@ -220,6 +230,24 @@ TEST_F(MainWindow, ShowsPagesThatAreThereAndIgnoresTheOthers) {
     ChooseMenuItem(202);
     ChooseMenuItem(201);
     EXPECT_TRUE(IsWindowVisible(pageWindows[PageCalculator]));
+}
+
+TEST_F(MainWindow, GreysTheItemsOfPagesThatAreNotThere) {
+    const UINT pages[] = {201, 202, 203, 204, 205, 206};
+    for (const UINT page : pages) {
+        EXPECT_EQ(IsGreyWhenDroppedDown(page), page != 201) << page;
+    }
+    for (const UINT item : {101, 102, 301, 302}) {
+        EXPECT_FALSE(IsGreyWhenDroppedDown(item)) << item;
+    }
+
+    // A page that comes later, or goes.
+    pageWindows[PagePrimeNumbers] = dialog;
+    EXPECT_FALSE(IsGreyWhenDroppedDown(205));
+    EXPECT_TRUE(IsGreyWhenDroppedDown(206));
+    pageWindows[PagePrimeNumbers] = nullptr;
+    EXPECT_TRUE(IsGreyWhenDroppedDown(205));
+    EXPECT_FALSE(IsGreyWhenDroppedDown(201));
 }
 
 TEST_F(MainWindow, HidesAndShowsAllWindowsWithItself) {

@@ -47,6 +47,18 @@ void BuildMainMenu(HWND window) {
     SetMenu(window, bar);
 }
 
+// The menu is there before the pages, so its items are looked at each time that it drops down.
+void EnableMenuItems(HMENU dropDown) {
+    bool hasPage[PageCount];
+    for (int32_t page = 0; page < PageCount; page++) {
+        hasPage[page] = pageWindows[page] != nullptr;
+    }
+    for (const MenuItem& item : MainMenu) {
+        EnableMenuItem(dropDown, static_cast<UINT>(item.id),
+                       IsMenuItemEnabled(item, hasPage) ? MF_ENABLED : MF_GRAYED);
+    }
+}
+
 BOOL CALLBACK NoteThreadWindow(HWND window, LPARAM) {
     const bool isVisible = IsWindowVisible(window) != FALSE;
     WINDOWPLACEMENT placement = {};
@@ -105,6 +117,9 @@ LRESULT MainWindowProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& c
             } else if (wParam == SIZE_RESTORED) {
                 ShowNotedWindows();
             }
+            break;
+        case WM_INITMENUPOPUP:
+            EnableMenuItems(reinterpret_cast<HMENU>(wParam));
             break;
         case WM_COMMAND:
             RunMenuCommand(CommandOfMenu(LOWORD(wParam), lParam));
