@@ -11,11 +11,18 @@ from options_case import OptionsCase
 from program import MESSAGE_BOX_CLASS, Window
 
 # The places of controls among those of the container.
-TYPE_SLIDER, TYPE_LABELS = 0, slice(1, 5)
-PRECISION_LABEL, PRECISION = 5, 6
-ANGLE_SLIDER, ANGLE_LABELS = 7, slice(8, 11)
-KEYS = slice(11, 83)
-BRACKET_MARK, DIGIT_COUNT, NUMBER_BASE, CASE_KEY = 83, 84, 85, 86
+CONTAINER = desktop().forms["container"]
+
+
+def container_slice(first, last):
+    return slice(CONTAINER[first], CONTAINER[last] + 1)
+
+
+TYPE_LABELS = container_slice("first type label", "last type label")
+ANGLE_LABELS = container_slice("first angle label", "last angle label")
+KEYS = container_slice("first key", "last key")
+DIGIT_COUNT, NUMBER_BASE, CASE_KEY = (
+    CONTAINER[name] for name in ("digit count", "number base", "case key"))
 
 # The positions of the sliders, and what settings and console call them.
 TYPES = ("uint", "rat", "real", "cplx")
@@ -23,8 +30,12 @@ ANGLES = ("deg", "rad", "gon")
 BASES = (2, 8, 10, 16)
 
 # Keys by their index, which are at the same place in all number types.
-CLEAR_ALL, BACKSPACE, CLEAR_FORMULA, VARIABLES = 0, 1, 9, 10
-BRACKET_FORMULA, EVALUATE, ANS, SWITCH_NOTATION = 27, 30, 31, 56
+CLEAR_ALL, BACKSPACE, CLEAR_FORMULA, VARIABLES = (
+    desktop().forms["keys"][name]
+    for name in ("clear all", "backspace", "clear formula", "variables"))
+BRACKET_FORMULA, EVALUATE, ANS, SWITCH_NOTATION = (
+    desktop().forms["keys"][name]
+    for name in ("bracket formula", "evaluate", "ans", "switch notation"))
 
 # The colours of a result that counts and of one that does not.
 VALID, STALE = (0, 0, 0), (128, 128, 128)
@@ -83,12 +94,14 @@ class Calculator:
     def __post_init__(self):
         self.sink, self.formula, self.splitter, self.result, self.container = self.window.children
         controls = self.container.children
-        self.type_slider, self.type_labels = controls[TYPE_SLIDER], controls[TYPE_LABELS]
-        self.precision_label, self.precision = controls[PRECISION_LABEL], controls[PRECISION]
-        self.angle_slider, self.angle_labels = controls[ANGLE_SLIDER], controls[ANGLE_LABELS]
+        self.type_slider, self.angle_slider, self.precision_label, self.precision = (
+            controls[CONTAINER[name]]
+            for name in ("type slider", "angle slider", "precision label", "precision"))
+        self.type_labels, self.angle_labels = controls[TYPE_LABELS], controls[ANGLE_LABELS]
         self.keys = controls[KEYS]
-        self.bracket_mark, self.digit_count = controls[BRACKET_MARK], controls[DIGIT_COUNT]
-        self.number_base, self.case_key = controls[NUMBER_BASE], controls[CASE_KEY]
+        self.bracket_mark, self.digit_count, self.number_base, self.case_key = (
+            controls[CONTAINER[name]]
+            for name in ("bracket mark", "digit count", "number base", "case key"))
 
     @property
     def precision_field(self):
@@ -107,11 +120,11 @@ class Calculator:
 
     @property
     def type(self):
-        return TYPES[self.type_slider.position - 300000]
+        return TYPES[self.type_slider.position - CONTAINER["first type position"]]
 
     @property
     def angle(self):
-        return ANGLES[self.angle_slider.position - 200000]
+        return ANGLES[self.angle_slider.position - CONTAINER["first angle position"]]
 
     def state(self):
         """What changes with a key that does something."""

@@ -49,7 +49,7 @@ class CalculatorFormTest(CalculatorCase):
         pad = keypad(number_type, **style)
         self.assertEqual([key["caption"] for key in pad["keys"]], [key.text for key in page.keys])
         without_result = {"ans", "F↔S", "R↔M"}
-        self.assertEqual([key["action"] != 0 and key["caption"] not in without_result
+        self.assertEqual([key["has action"] and key["caption"] not in without_result
                           for key in pad["keys"]], [key.enabled for key in page.keys])
         # The bracket mark waits for a result.
         shown = [is_shown and control is not page.bracket_mark

@@ -14,6 +14,7 @@
 #include "shell/main_menu.h"
 #include "shell/options_form.h"
 #include "shell/ui_text.h"
+#include "support/number_types.h"
 
 namespace tallymere {
 
@@ -115,7 +116,7 @@ std::string KeypadJson(const KeypadStyle& style) {
         const KeyInfo key = KeypadEntry(index, style);
         JsonList object = JsonObject();
         object.Add("caption", Json(key.caption));
-        object.Add("action", key.action);
+        object.Add("has action", key.action != ActionNone);
         keys.Add(object.Text());
     }
     JsonList shown = JsonArray();
@@ -135,8 +136,7 @@ std::string KeypadJson(const KeypadStyle& style) {
 
 std::string KeypadsJson() {
     JsonList keypads = JsonArray();
-    for (const NumberType type :
-         {NumberTypeUint, NumberTypeRational, NumberTypeReal, NumberTypeComplex}) {
+    for (const NumberType type : testing_support::AllNumberTypes) {
         for (const AngleType angle : {AngleDegrees, AngleRadians, AngleGon}) {
             for (const bool lowerCase : {false, true}) {
                 keypads.Add(KeypadJson({type, angle, lowerCase, 0x0A00}));
@@ -144,6 +144,46 @@ std::string KeypadsJson() {
         }
     }
     return keypads.Text();
+}
+
+// Where controls stand among those of the container, and the positions that its sliders begin with.
+std::string ContainerJson() {
+    JsonList places = JsonObject();
+    const auto add = [&places](const char* name, int32_t number) { places.Add(name, number); };
+    add("type slider", ContainerTypeSlider);
+    add("first type label", ContainerTypeUint);
+    add("last type label", ContainerTypeCplx);
+    add("precision label", ContainerPrecisionLabel);
+    add("precision", ContainerPrecision);
+    add("angle slider", ContainerAngleSlider);
+    add("first angle label", ContainerAngleDeg);
+    add("last angle label", ContainerAngleGon);
+    add("first key", ContainerFirstKey);
+    add("last key", ContainerFirstKey + KeyCount - 1);
+    add("bracket mark", ContainerBracketMark);
+    add("digit count", ContainerDigitCount);
+    add("number base", ContainerNumberBase);
+    add("case key", ContainerCaseKey);
+    add("first type position", FirstTypePosition);
+    add("first angle position", FirstAnglePosition);
+    return places.Text();
+}
+
+// The keys that are at the same place in all number types.
+std::string KeysJson() {
+    JsonList keys = JsonObject();
+    const auto add = [&keys](const char* name, KeyAction action) {
+        keys.Add(name, KeyOfAction(action, NumberTypeReal));
+    };
+    add("clear all", ActionClearAll);
+    add("backspace", ActionBackspace);
+    add("clear formula", ActionClearFormula);
+    add("variables", ActionShowVariables);
+    add("bracket formula", ActionBracketFormula);
+    add("evaluate", ActionEvaluate);
+    add("ans", ActionAns);
+    add("switch notation", ActionSwitchNotation);
+    return keys.Text();
 }
 
 std::string LanguageJson(Language language) {
@@ -173,5 +213,7 @@ int main() {
     languages.Add("en", LanguageJson(LanguageEnglish));
     languages.Add("de", LanguageJson(LanguageGerman));
     languages.Add("keypads", KeypadsJson());
+    languages.Add("container", ContainerJson());
+    languages.Add("keys", KeysJson());
     std::cout << languages.Text() << std::endl;
 }

@@ -52,7 +52,7 @@ class Desktop:
 
 @functools.cache
 def desktop():
-    """Made by the first test that needs it."""
+    """Made by the first that needs it: a test, or a script that asks for the tables of forms."""
     return Desktop()
 
 

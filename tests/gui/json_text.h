@@ -44,11 +44,14 @@ public:
         Add('"' + std::string(name) + "\": " + value);
     }
 
-    void Add(const char* name, bool value) { Add(name, std::string(value ? "true" : "false")); }
-
-    template <std::integral Number>
-    void Add(const char* name, Number value) {
-        Add(name, std::to_string(value));
+    /// Takes no enumerator, which would become a flag.
+    template <std::integral Value>
+    void Add(const char* name, Value value) {
+        if constexpr (std::same_as<Value, bool>) {
+            Add(name, std::string(value ? "true" : "false"));
+        } else {
+            Add(name, std::to_string(value));
+        }
     }
 
     std::string Text() const { return json + end; }
