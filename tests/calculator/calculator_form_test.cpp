@@ -4,13 +4,12 @@
 
 #include <iterator>
 
+#include "support/number_types.h"
+
 namespace tallymere::testing_support {
 namespace {
 
 using T = UiText;
-
-constexpr NumberType Types[] = {NumberTypeUint, NumberTypeRational, NumberTypeReal,
-                                NumberTypeComplex};
 
 struct ExpectedControl {
     ContainerControl index;
@@ -49,7 +48,7 @@ TEST(CalculatorFormTest, ThePageHasTwoFieldsAndASplitterBetweenThem) {
     EXPECT_EQ(CalculatorForm[CalculatorFormula].place, (LayoutRect{10, 10, 0, 0}));
     EXPECT_EQ(CalculatorForm[CalculatorSplitter].kind, FormSplitter);
     EXPECT_EQ(CalculatorForm[CalculatorSplitter].place, (LayoutRect{10, 0, 0, 4}));
-    EXPECT_EQ(CalculatorForm[CalculatorSplitter].style, 0u);
+    EXPECT_EQ(CalculatorForm[CalculatorSplitter].style, SplitterUpAndDown);
     EXPECT_EQ(CalculatorForm[CalculatorResult].kind, FormMultilineField);
     EXPECT_EQ(CalculatorForm[CalculatorResult].place.x, 10);
     for (const FormControl& control : CalculatorForm) {
@@ -90,12 +89,9 @@ TEST(CalculatorFormTest, SomeTextsAreTheSameInEveryLanguage) {
 }
 
 TEST(CalculatorFormTest, OwnControlsHaveTheirStyles) {
-    EXPECT_EQ(ContainerForm[ContainerDigitCount].style, 1u);
-    EXPECT_EQ(ContainerForm[ContainerNumberBase].style, 7u);
-    EXPECT_EQ(CaseKeyId, 400'000);
-    EXPECT_EQ(FirstKeyId, 100'000);
-    EXPECT_EQ(LowestPrecision, 1);
-    EXPECT_EQ(HighestPrecision, 10'000);
+    EXPECT_EQ(ContainerForm[ContainerDigitCount].style, DigitCountLabelAbove);
+    EXPECT_EQ(ContainerForm[ContainerNumberBase].style,
+              NumberBaseTwoLineLabel | NumberBaseOffers2 | NumberBaseOffers8);
 }
 
 TEST(CalculatorFormTest, KeysStandInEightRowsOfNine) {
@@ -114,7 +110,7 @@ TEST(CalculatorFormTest, KeysStandInEightRowsOfNine) {
 }
 
 TEST(CalculatorFormTest, ControlsAreThereByNumberType) {
-    for (const NumberType type : Types) {
+    for (const NumberType type : AllNumberTypes) {
         const bool isUint = type == NumberTypeUint;
         const bool hasAngles = type == NumberTypeReal || type == NumberTypeComplex;
         for (int32_t i = 0; i < ContainerControlCount; i++) {
@@ -134,7 +130,7 @@ TEST(CalculatorFormTest, ControlsAreThereByNumberType) {
 }
 
 TEST(CalculatorFormTest, WhatShowsAtTheSamePlaceNeverShowsTogether) {
-    for (const NumberType type : Types) {
+    for (const NumberType type : AllNumberTypes) {
         EXPECT_NE(IsShownForType(ContainerPrecision, type),
                   IsShownForType(ContainerNumberBase, type));
         EXPECT_FALSE(IsShownForType(ContainerAngleSlider, type) &&

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/number_context.h"
+#include "support/number_types.h"
 
 namespace tallymere::testing_support {
 namespace {
@@ -103,8 +104,6 @@ const ExpectedKeys Expected[] = {
     {66, {}, {}, {u"π", 1320, 4}, {u"π", 1320, 4}},
 };
 
-constexpr NumberType Types[] = {NumberTypeUint, NumberTypeRational, NumberTypeReal,
-                                NumberTypeComplex};
 constexpr AngleType Angles[] = {AngleDegrees, AngleRadians, AngleGon};
 constexpr uint32_t Versions[] = {0, 0x0501, 0x05FF, 0x0600, 0x0601, 0x0A00};
 
@@ -142,7 +141,7 @@ std::u16string CaptionOf(const ExpectedKey& key, const KeypadStyle& style) {
 // Every number type, angle unit, case and system version.
 std::vector<KeypadStyle> AllStyles() {
     std::vector<KeypadStyle> styles;
-    for (const NumberType type : Types) {
+    for (const NumberType type : AllNumberTypes) {
         for (const AngleType angle : Angles) {
             for (const bool lowerCase : {false, true}) {
                 for (const uint32_t version : Versions) {
@@ -211,7 +210,7 @@ TEST(KeypadTest, WithoutANumberTypeAllKeysAreEmpty) {
 }
 
 TEST(KeypadTest, FindsTheKeyOfAnActionInEachType) {
-    for (const NumberType type : Types) {
+    for (const NumberType type : AllNumberTypes) {
         for (int32_t action = 1; action < 1500; action++) {
             int32_t index = -1;
             for (const ExpectedKeys& keys : Expected) {
@@ -233,7 +232,7 @@ TEST(KeypadTest, ASineKeyBecomesALetterInUint) {
 }
 
 TEST(KeypadTest, OnlyKeysThatSaySoChangeWithUnitAndCase) {
-    for (const NumberType type : Types) {
+    for (const NumberType type : AllNumberTypes) {
         for (int32_t index = 0; index < 72; index++) {
             const KeypadStyle style = {type, AngleRadians, false, 0x0600};
             KeypadStyle degrees = style;

@@ -12,32 +12,32 @@ namespace {
 class ResultFormsTest : public CalculatorTest {
 protected:
     // The forms from automatic on, as long as the key leads to another one, until automatic.
-    static std::vector<int> Cycle() {
-        std::vector<int> forms;
+    static std::vector<ResultForm> Cycle() {
+        std::vector<ResultForm> forms;
         calculator.resultForm = ResultAutomatic;
         do {
             EXPECT_TRUE(SwitchNotation());
-            forms.push_back(static_cast<int>(calculator.resultForm));
+            forms.push_back(calculator.resultForm);
         } while (calculator.resultForm != ResultAutomatic && forms.size() < 9);
         return forms;
     }
-    std::vector<int> CycleOf(const std::u16string& formula) {
+    std::vector<ResultForm> CycleOf(const std::u16string& formula) {
         Show(formula);
         EXPECT_EQ(evaluation.error, FormulaErrorNone);
         return Cycle();
     }
-    static int Next(ResultForm form) {
+    static ResultForm Next(ResultForm form) {
         calculator.resultForm = form;
-        return static_cast<int>(FormAfterNotationKey());
+        return FormAfterNotationKey();
     }
-    static int NextMixed(ResultForm form) {
+    static ResultForm NextMixed(ResultForm form) {
         calculator.resultForm = form;
-        return static_cast<int>(FormAfterMixedKey());
+        return FormAfterMixedKey();
     }
 
-    const std::vector<int> fixedLook = {2, 0};
-    const std::vector<int> scientificLook = {1, 0};
-    const std::vector<int> mixedLook = {1, 2, 0};
+    const std::vector<ResultForm> fixedLook = {ResultScientific, ResultAutomatic};
+    const std::vector<ResultForm> scientificLook = {ResultFixed, ResultAutomatic};
+    const std::vector<ResultForm> mixedLook = {ResultFixed, ResultScientific, ResultAutomatic};
 };
 
 TEST_F(ResultFormsTest, FixedIsPassedOverWhereAutomaticIsFixed) {

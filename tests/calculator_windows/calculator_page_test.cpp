@@ -7,14 +7,13 @@
 #include "calculator/windows/calculator_display.h"
 #include "calculator_windows/calculator_windows.h"
 #include "shell_windows/message_boxes.h"
+#include "support/number_types.h"
 #include "toolkit/digit_count_control.h"
 #include "toolkit/number_base_control.h"
 #include "toolkit/numeric_up_down.h"
 
 namespace tallymere::testing_support {
 namespace {
-
-const NumberType Types[] = {NumberTypeUint, NumberTypeRational, NumberTypeReal, NumberTypeComplex};
 
 class CalculatorPageTest : public CalculatorWindowsTest {
 protected:
@@ -207,7 +206,7 @@ TEST_F(CalculatorPageTest, APrecisionOutOfRangeMovesIntoItAndIsInForce) {
 }
 
 TEST_F(CalculatorPageTest, ControlsComeAndGoWithTheType) {
-    for (const NumberType type : Types) {
+    for (const NumberType type : AllNumberTypes) {
         Settings record;
         record.numberType = type;
         Start(record);
@@ -217,7 +216,7 @@ TEST_F(CalculatorPageTest, ControlsComeAndGoWithTheType) {
                       control != ContainerBracketMark && IsShownForType(control, type))
                 << i;
         }
-        for (const NumberType next : Types) {
+        for (const NumberType next : AllNumberTypes) {
             ChooseType(next);
             for (int32_t i = 0; i < ContainerBracketMark; i++) {
                 const auto control = static_cast<ContainerControl>(i);
@@ -374,7 +373,7 @@ TEST_F(CalculatorPageTest, TheLabelOfTheCurrentPositionStandsOut) {
         return standsOut;
     };
     for (int32_t i = 0; i < 4; i++) {
-        ChooseType(Types[i]);
+        ChooseType(AllNumberTypes[i]);
         for (int32_t k = 0; k < 4; k++) {
             EXPECT_EQ(colourOf(static_cast<ContainerControl>(ContainerTypeUint + k)), i == k);
         }

@@ -8,13 +8,11 @@
 #include "calculator/windows/calculator_display.h"
 #include "calculator/windows/calculator_run.h"
 #include "calculator_windows/calculator_windows.h"
+#include "support/number_types.h"
 #include "toolkit/control_data.h"
 
 namespace tallymere::testing_support {
 namespace {
-
-constexpr NumberType Types[] = {NumberTypeUint, NumberTypeRational, NumberTypeReal,
-                                NumberTypeComplex};
 
 class KeypadWindows : public CalculatorWindowsTest {
 protected:
@@ -27,7 +25,7 @@ protected:
 };
 
 TEST_F(KeypadWindows, CaptionsFollowTypeUnitAndCase) {
-    for (const NumberType type : Types) {
+    for (const NumberType type : AllNumberTypes) {
         ChooseType(type);
         for (const AngleType angle : {AngleDegrees, AngleGon, AngleRadians}) {
             ChooseAngleUnit(angle);
@@ -46,7 +44,7 @@ TEST_F(KeypadWindows, CaptionsFollowTypeUnitAndCase) {
 }
 
 TEST_F(KeypadWindows, KeysWithoutActionAreDisabled) {
-    for (const NumberType type : Types) {
+    for (const NumberType type : AllNumberTypes) {
         ChooseType(type);
         for (int32_t i = 0; i < KeyCount; i++) {
             const KeyAction action = Entry(i).action;
@@ -80,7 +78,7 @@ TEST_F(KeypadWindows, KeysThatStayAsTheyAreGetNoMessage) {
 }
 
 TEST_F(KeypadWindows, KeysHaveTheirFonts) {
-    for (const NumberType type : Types) {
+    for (const NumberType type : AllNumberTypes) {
         ChooseType(type);
         for (int32_t i = 0; i < KeyCount; i++) {
             LOGFONTW font = {};
@@ -254,7 +252,7 @@ private:
 };
 
 TEST_F(KeypadWindows, EveryEnabledKeyIsDrawnInTheColourOfItsClass) {
-    for (const NumberType type : Types) {
+    for (const NumberType type : AllNumberTypes) {
         ChooseType(type);
         for (int32_t i = 0; i < KeyCount; i++) {
             const HardEdges hard(KeyWindow(i));

@@ -262,10 +262,5 @@ TEST(Splitter, ARefusedMoveIsNotCaughtUp) {
     }
 }
 
-TEST(Splitter, TheOrientationsHaveTheirNumbers) {
-    EXPECT_EQ(SplitterUpAndDown, 0);
-    EXPECT_EQ(SplitterLeftAndRight, 1);
-}
-
 }  // namespace
 }  // namespace tallymere

@@ -7,14 +7,14 @@ namespace {
 
 TEST(SettingsRecord, AFirstStartHasTheDefaults) {
     const Settings fresh;
-    EXPECT_EQ(fresh.language, 1);
-    EXPECT_EQ(fresh.decimalSeparator, -1);
-    EXPECT_EQ(fresh.thousandsSeparator, -1);
+    EXPECT_EQ(fresh.language, LanguageAutomatic);
+    EXPECT_EQ(fresh.decimalSeparator, DecimalAutomatic);
+    EXPECT_EQ(fresh.thousandsSeparator, ThousandsAutomatic);
     EXPECT_FALSE(fresh.groupCalculator);
     EXPECT_FALSE(fresh.groupEquations);
     EXPECT_FALSE(fresh.groupPrimes);
-    EXPECT_EQ(fresh.angleType, 2);
-    EXPECT_EQ(fresh.numberType, 1u);
+    EXPECT_EQ(fresh.angleType, AngleRadians);
+    EXPECT_EQ(fresh.numberType, NumberTypeReal);
     EXPECT_EQ(fresh.decimalPrecision, 0);
     EXPECT_EQ(fresh.outputNumberBase, 10);
     EXPECT_FALSE(fresh.useLowerCaseHex);

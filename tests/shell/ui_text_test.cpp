@@ -191,11 +191,5 @@ TEST(LanguageChoice, AutomaticFollowsThePrimaryLanguageOfTheSystem) {
     }
 }
 
-TEST(LanguageChoice, TheValuesAreThoseOfTheSettingsFile) {
-    EXPECT_EQ(LanguageAutomatic, 1);
-    EXPECT_EQ(LanguageEnglish, 2);
-    EXPECT_EQ(LanguageGerman, 3);
-}
-
 }  // namespace
 }  // namespace tallymere
