@@ -414,6 +414,15 @@ TEST_F(ControlProcedure, APlaceIsLogicalUnitsAndTheOrderOfTabsStays) {
     EXPECT_EQ(NextTabStop(first, true), second);
 }
 
+TEST_F(ControlProcedure, AControlThatMovesIsPaintedAnew) {
+    const HWND button = CreateButton(dialog, {10, 20, 60, 20}, u"button");
+    UpdateWindow(dialog);
+    ValidateRect(button, nullptr);
+    ASSERT_FALSE(GetUpdateRect(button, nullptr, FALSE));
+    PlaceControl(button, {100, 50, 60, 20});
+    EXPECT_TRUE(GetUpdateRect(button, nullptr, FALSE));
+}
+
 TEST_F(ControlProcedure, ThePlaceOfAControlIsRepaintedWhenItIsHidden) {
     const HWND group = CreateGroupBox(dialog, {10, 20, 90, 90}, u"group", nullptr);
     const HWND button = CreateButton(group, {5, 6, 60, 20}, u"button");
