@@ -1,11 +1,13 @@
 #!/usr/bin/env python3
-"""Builds and runs all tests; ./test installs what this needs and then calls it.
+"""Builds and runs tests; ./test installs what this needs and then calls it.
 
-usage: tools/run_tests.py [--quick]
+usage: tools/run_tests.py                   all tests
+       tools/run_tests.py --quick           the optimised native tests
+       tools/run_tests.py ROOM [FILTER]     the tests of one folder of tests/, or some of them
 
-Prints one line for each check, build and test program, and at the end, alone on a line,
-"N passed, N failed": test cases over all runs, plus one for each check of the sources. A program
-that ran no test, ended early or left a test out counts as failed. Full output: build/logs/
+Prints one line for each check, build and test program. The last line is "N passed, N failed": test
+cases over all runs, plus one for each check of the sources. A program that ran no test, ended early
+or left a test out counts as failed. Full output: build/logs/
 """
 
 import json
@@ -18,7 +20,7 @@ import time
 from collections import defaultdict
 from concurrent.futures import ThreadPoolExecutor
 from contextlib import ExitStack
-from dataclasses import dataclass, field
+from dataclasses import dataclass, field, replace
 from pathlib import Path
 from threading import Lock
 
@@ -34,6 +36,15 @@ TEST_BUILDS = [
     ("linux-release", "optimised"),
 ]
 QUICK_BUILDS = [("linux-release", "optimised")]
+WINDOWS_BUILDS = [("windows-release", "Windows")]
+# Rooms of tests that make windows; tests/CMakeLists.txt has the same pattern.
+WINDOW_ROOMS = re.compile(r"toolkit|[a-z]+_windows")
+# What scripts ask, beside the test program that each room with *_test.cpp has.
+SCRIPT_TARGETS = {
+    "console": ["tallymere-console"],
+    "gui": ["tallymere", "test_pages", "window_probe", "form_tables", "stand_in_browser",
+            "tallymere-console"],
+}
 PROGRAMS_AT_ONCE = 2
 # Each has a display and a Wine prefix of its own.
 DESKTOPS_AT_ONCE = 3
@@ -64,6 +75,7 @@ class Program:
     environment: dict = field(default_factory=dict)
     has_windows: bool = False  # needs a desktop
     locks: list = field(default_factory=list)  # names of what only one program at a time may use
+    filtered: bool = False  # runs the tests that a filter names, perhaps none
 
 
 class Totals:
@@ -110,8 +122,41 @@ def report(kind, name, outcome, started, log=None):
     sys.stdout.flush()
 
 
+def test_rooms():
+    """The folders of tests/ that have tests of their own."""
+    return sorted({path.parent.name for pattern in ("*/*_test.cpp", "*/*_test.py")
+                   for path in (ROOT / "tests").glob(pattern)})
+
+
+def room_of(program):
+    """The folder of tests/ that a test program comes from."""
+    last = Path(program.command[-1])
+    return last.parent.name if last.suffix == ".py" else program.name
+
+
+def narrowed(program, wanted):
+    """The program with those of its tests whose name contains the word `wanted`. What is no plain
+    word is a pattern of GoogleTest or unittest."""
+    if Path(program.command[-1]).suffix == ".py":
+        extra = ["-k", wanted]
+    else:
+        pattern = f"*{wanted}*" if re.fullmatch(r"\w+", wanted) else wanted
+        extra = [f"--gtest_filter={pattern}"]
+    return replace(program, command=[*program.command, *extra], filtered=True)
+
+
+def chosen_programs(programs, wanted):
+    """What a filter leaves of a room: whole scripts if the word stands in the name of any, otherwise
+    the tests with the word in their name."""
+    if not wanted:
+        return programs
+    scripts = [program for program in programs if program.name.endswith("_test")
+               and wanted.lower() in program.name.removesuffix("_test").lower()]
+    return scripts or [narrowed(program, wanted) for program in programs]
+
+
 def check_sources(totals):
-    """Checks that need no build: each is one test, those of the tools as many as they have."""
+    """Checks of layers and format; each counts as one test."""
     sources = [str(path.relative_to(ROOT)) for top in ("src", "console", "tests", "bench", "tools")
                for path in sorted((ROOT / top).rglob("*")) if path.suffix in (".h", ".cpp")]
     checks = [("layers", [sys.executable, "tools/check_layers.py"])]
@@ -124,19 +169,35 @@ def check_sources(totals):
         good = run_logged(command, log) == 0
         totals.add(int(good), int(not good))
         report("check", name, "passed" if good else "FAILED", started, None if good else log)
-    for script in sorted((ROOT / "tests" / "tools").glob("*_test.py")):
-        run_program(Program("check", script.stem, [sys.executable, str(script)]), totals)
 
 
-def build(preset, totals):
-    """Configures and builds one preset; true if that worked. A failure counts as a failed test."""
+def test_tools(totals, wanted=""):
+    """Tests of the project's own scripts, which need no build."""
+    scripts = sorted((ROOT / "tests" / "tools").glob("*_test.py"))
+    programs = [Program("check", script.stem, [sys.executable, str(script)]) for script in scripts]
+    for program in chosen_programs(programs, wanted):
+        run_program(program, totals)
+
+
+def build(preset, totals, targets=()):
+    """Configures and builds one preset, or targets of it; true if that worked. A failure counts as
+    a failed test."""
     started, log = time.monotonic(), fresh_log(f"build-{preset}")
+    command = [*GIVING_WAY, "cmake", "--build", "--preset", preset]
+    if targets:
+        command += ["--target", *targets]
     good = (run_logged(["cmake", "--preset", preset], log) == 0
-            and run_logged([*GIVING_WAY, "cmake", "--build", "--preset", preset], log) == 0)
+            and run_logged(command, log) == 0)
     if not good:
         totals.add(0, 1)
     report("build", preset, "done" if good else "FAILED", started, None if good else log)
     return good
+
+
+def targets_of(room):
+    """What CMake builds for the tests of a room."""
+    own = [f"{room}_tests"] if any((ROOT / "tests" / room).glob("*_test.cpp")) else []
+    return own + SCRIPT_TARGETS.get(room, [])
 
 
 def test_programs(preset, kind):
@@ -148,8 +209,10 @@ def test_programs(preset, kind):
         properties = {item["name"]: item["value"] for item in test.get("properties", [])}
         environment = dict(item.split("=", 1) for item in properties.get("ENVIRONMENT", []))
         has_windows = "windows" in properties.get("LABELS", [])
-        yield Program("desktop" if has_windows else kind, test["name"], test["command"],
-                      environment, has_windows, properties.get("RESOURCE_LOCK", []))
+        # CTest leaves out the command of a program that is not built.
+        command = test.get("command", [test["name"]])
+        yield Program("desktop" if has_windows else kind, test["name"], command, environment,
+                      has_windows, properties.get("RESOURCE_LOCK", []))
 
 
 def count_cases(output, status):
@@ -180,6 +243,13 @@ def count_cases(output, status):
     return passed, failed
 
 
+def ran_nothing(output, status):
+    """True if a program with a filter says that no test of it was chosen."""
+    # From Python 3.12 on, a script without tests has the exit status 5.
+    return status in (0, 5) and bool(
+        re.search(r"^(\[=+\] 0 tests from 0 test \w+ ran\.|Ran 0 tests in )", output, re.M))
+
+
 def resources_of(program):
     """Waits until no other program uses them, and gives them back at the end of its context."""
     held = ExitStack()
@@ -193,7 +263,10 @@ def run_program(program, totals, prefix=()):
         started, log = time.monotonic(), fresh_log(f"{program.kind}-{program.name}")
         status = run_logged([*prefix, *program.command], log, SECONDS_PER_PROGRAM,
                             program.environment)
-    passed, failed = count_cases(log.read_text(encoding="utf-8", errors="replace"), status)
+    output = log.read_text(encoding="utf-8", errors="replace")
+    if program.filtered and ran_nothing(output, status):
+        return
+    passed, failed = count_cases(output, status)
     totals.add(passed, failed)
     outcome = f"{passed} passed, {failed} failed"
     if status is None:
@@ -219,17 +292,18 @@ def prepare_wine(totals):
         shutil.rmtree(ROOT / "build" / folder, ignore_errors=True)
 
 
-def build_and_run(builds, totals):
+def build_and_run(builds, totals, room="", wanted=""):
     """Builds the presets one after the other, then runs their programs, those with windows as soon
-    as they are built."""
+    as they are built. With a room only what that needs, and only those of its tests."""
     desktops = ThreadPoolExecutor(DESKTOPS_AT_ONCE)
     processors = ThreadPoolExecutor(PROGRAMS_AT_ONCE)
     programs, running = [], []
     try:
         for preset, kind in builds:
-            if not build(preset, totals):
+            if not build(preset, totals, targets_of(room) if room else ()):
                 continue
-            found = list(test_programs(preset, kind))
+            found = chosen_programs([program for program in test_programs(preset, kind)
+                                     if not room or room_of(program) == room], wanted)
             if not found:
                 print(f"{kind:<10} {'':<18} FAILED: no test programs")
                 totals.add(0, 1)
@@ -248,16 +322,35 @@ def build_and_run(builds, totals):
             pool.shutdown(cancel_futures=True)
 
 
-def main():
-    quick = sys.argv[1:] == ["--quick"]
-    if sys.argv[1:] and not quick:
+def test_room(room, wanted, totals):
+    if room == "tools":
+        test_tools(totals, wanted)
+    else:
+        on_windows = room == "gui" or WINDOW_ROOMS.fullmatch(room)
+        build_and_run(WINDOWS_BUILDS if on_windows else QUICK_BUILDS, totals, room, wanted)
+
+
+def main(arguments):
+    quick = arguments == ["--quick"]
+    room, wanted = (*arguments, "", "")[:2]
+    if len(arguments) > 2 or (room.startswith("-") and not quick):
         print(__doc__)
         return 2
+    if room and not quick and room not in test_rooms():
+        print(f"There are no tests of {room}. Rooms: {' '.join(test_rooms())}", file=sys.stderr)
+        return 2
     totals = Totals()
+    check_sources(totals)
     if quick:
         build_and_run(QUICK_BUILDS, totals)
+    elif room:
+        before = totals.passed + totals.failed
+        test_room(room, wanted, totals)
+        if totals.passed + totals.failed == before:
+            print(f"No test of {room} has a name with {wanted}")
+            totals.add(0, 1)
     else:
-        check_sources(totals)
+        test_tools(totals)
         # A second compiler, and every header on its own.
         build("linux-clang", totals)
         build_and_run(TEST_BUILDS, totals)
@@ -266,4 +359,4 @@ def main():
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(main(sys.argv[1:]))
