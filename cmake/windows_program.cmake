@@ -9,6 +9,8 @@ add_library(tallymere_windows STATIC ${window_sources})
 target_link_libraries(tallymere_windows
   PUBLIC tallymere_toolkit comdlg32 shell32 shlwapi
   PRIVATE tallymere_product_options)
+# For whatever has the resources of the program.
+target_include_directories(tallymere_windows INTERFACE ${TALLYMERE_GENERATED_FOLDER})
 
 file(GLOB program_sources CONFIGURE_DEPENDS src/program/windows/*.cpp)
 add_executable(tallymere WIN32 ${program_sources} resources/tallymere.rc)
@@ -16,6 +18,7 @@ target_link_libraries(tallymere PRIVATE tallymere_windows tallymere_product_opti
 set(resource_files
   resources/tallymere.manifest resources/app_icon.ico resources/donate_icon.ico)
 list(TRANSFORM resource_files PREPEND ${PROJECT_SOURCE_DIR}/)
+list(APPEND resource_files ${TALLYMERE_GENERATED_FOLDER}/program_build.h)
 set_source_files_properties(resources/tallymere.rc PROPERTIES OBJECT_DEPENDS "${resource_files}")
 
 # A page that changed is copied again without linking anew.

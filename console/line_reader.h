@@ -4,10 +4,9 @@
 #include <cstddef>
 #include <string>
 
-namespace tallymere {
+#include "core/limits.h"
 
-/// Bytes of the longest line; of a longer one the rest is passed over.
-inline constexpr size_t MaxLineBytes = 16u << 20;
+namespace tallymere {
 
 class LineReader {
 public:

@@ -106,9 +106,9 @@ int RunConsole(const std::vector<std::string>& arguments) {
     }
     switch (parsed.options.action) {
         case PrintHelp:
-            return PrintText(UsageText + OperationList());
+            return PrintText(UsageText() + OperationList());
         case PrintVersion:
-            return PrintText(VersionText);
+            return PrintText(VersionText());
         default:
             return AnswerAll(parsed.options);
     }

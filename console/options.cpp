@@ -1,33 +1,64 @@
 #include "console/options.h"
 
 #include <algorithm>
+#include <array>
 #include <span>
 #include <type_traits>
 
 #include "calculator/variable_table.h"
 #include "console/utf8.h"
+#include "core/limits.h"
+#include "core/number_bases.h"
+#include "shell/languages.h"
 #include "shell/text_sink.h"
 
 namespace tallymere {
 
 namespace {
 
-constexpr int64_t MaxDigits = 10'000;
 constexpr std::string_view NotAllowedValue = "is not allowed";
-constexpr std::string_view VariableForm =
-    "NAME=TEXT, the name 1 to 10 letters, _ and digits, no digit first, "
-    "and not e, i, \u03C0, pi or ans";
 
 struct Choice {
     std::string_view word;
     int32_t value;
 };
 
+// What a value may be that is none of some choices.
+std::string DigitsForm() {
+    return "1 to " + std::to_string(MaxDigits);
+}
+std::string VariableForm() {
+    return "NAME=TEXT, the name 1 to " + std::to_string(VariableNameCharacters) +
+           " letters, _ and digits, no digit first, and not e, i, \u03C0, pi or ans";
+}
+std::string NoValue() {
+    return "no value";
+}
+
+// The choices that a table of the program has. `word` gives the word of a row, a text that lives as
+// long as the process; `value` its value.
+template <size_t Count>
+std::array<Choice, Count> ChoicesOf(const auto(&rows)[Count], auto word, auto value) {
+    std::array<Choice, Count> choices = {};
+    for (size_t i = 0; i < Count; i++) {
+        choices[i] = {word(rows[i]), value(rows[i])};
+    }
+    return choices;
+}
+
+// The digits of a base.
+std::string_view BaseWord(const NumberBase& row) {
+    static std::array<std::string, HighestBase + 1> words;
+    std::string& word = words[static_cast<size_t>(row.base)];
+    word = std::to_string(row.base);
+    return word;
+}
+
 constexpr Choice Types[] = {{"real", NumberTypeReal},
                             {"cplx", NumberTypeComplex},
                             {"uint", NumberTypeUint},
                             {"rat", NumberTypeRational}};
-constexpr Choice Bases[] = {{"2", 2}, {"8", 8}, {"10", 10}, {"16", 16}};
+const auto Bases = ChoicesOf(NumberBases, BaseWord, [](const NumberBase& row) { return row.base; });
 constexpr Choice Forms[] = {{"auto", ResultAutomatic},
                             {"fixed", ResultFixed},
                             {"scientific", ResultScientific},
@@ -37,14 +68,16 @@ constexpr Choice Thousands[] = {{"point", ThousandsPoint},
                                 {"comma", ThousandsComma},
                                 {"apostrophe", ThousandsApostrophe},
                                 {"narrow-space", ThousandsNarrowSpace}};
-constexpr Choice Languages[] = {{"en", LanguageEnglish}, {"de", LanguageGerman}};
+const auto LanguageWords = ChoicesOf(
+    Languages, [](const LanguageRow& row) { return row.code; },
+    [](const LanguageRow& row) { return int32_t{row.language}; });
 
 // An option; `set` takes over a value that is one of the choices, or any value where there are no
 // choices, and returns what is wrong with it, or nothing.
 struct Option {
     std::string_view name;
     std::span<const Choice> choices;
-    std::string_view allowed;  // what a value may be where there are no choices
+    std::string (*allowed)();  // what a value may be where there are no choices
     bool takesValue;
     std::string (*set)(ConsoleOptions& options, std::string_view value, int32_t choice);
 };
@@ -96,8 +129,6 @@ std::string SetVariable(ConsoleOptions& options, std::string_view value, int32_t
     return {};
 }
 
-constexpr std::string_view NoValue = "no value";
-
 // Puts a choice into a field of the options.
 template <auto Field>
 std::string SetChoice(ConsoleOptions& options, std::string_view, int32_t choice) {
@@ -115,14 +146,14 @@ std::string SetTo(ConsoleOptions& options, std::string_view, int32_t) {
 
 const Option Options[] = {
     {"--type", Types, {}, true, SetChoice<&ConsoleOptions::type>},
-    {"--digits", {}, "1 to 10000", true, SetDigits},
+    {"--digits", {}, DigitsForm, true, SetDigits},
     {"--base", Bases, {}, true, SetChoice<&ConsoleOptions::base>},
     {"--lower-hex", {}, NoValue, false, SetTo<&ConsoleOptions::lowerHex, true>},
     {"--form", Forms, {}, true, SetChoice<&ConsoleOptions::form>},
     {"--group", {}, NoValue, false, SetTo<&ConsoleOptions::groupDigits, true>},
     {"--decimal", Decimals, {}, true, SetChoice<&ConsoleOptions::decimal>},
     {"--thousands", Thousands, {}, true, SetChoice<&ConsoleOptions::thousands>},
-    {"--language", Languages, {}, true, SetChoice<&ConsoleOptions::language>},
+    {"--language", LanguageWords, {}, true, SetChoice<&ConsoleOptions::language>},
     {"--var", {}, VariableForm, true, SetVariable},
     {"--help", {}, NoValue, false, SetTo<&ConsoleOptions::action, PrintHelp>},
     {"--version", {}, NoValue, false, SetTo<&ConsoleOptions::action, PrintVersion>},
@@ -148,7 +179,7 @@ std::string ListWords(const auto& items, auto word) {
 
 std::string AllowedValues(const Option& option) {
     if (option.choices.empty()) {
-        return std::string(option.allowed);
+        return option.allowed();
     }
     return ListWords(option.choices, [](const Choice& choice) { return choice.word; });
 }

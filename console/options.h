@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "calculator/calculator_state.h"
+#include "core/limits.h"
+#include "core/number_bases.h"
 #include "core/number_context.h"
 #include "shell/separators.h"
 #include "shell/ui_text.h"
@@ -23,8 +25,8 @@ enum ConsoleAction { EvaluateFormulas, PrintHelp, PrintVersion };
 struct ConsoleOptions {
     ConsoleAction action = EvaluateFormulas;
     NumberType type = NumberTypeReal;
-    int64_t digits = 10;
-    int64_t base = 10;
+    int64_t digits = DefaultDigits;
+    int64_t base = DecimalBase;
     bool lowerHex = false;
     ResultForm form = ResultAutomatic;
     bool groupDigits = false;

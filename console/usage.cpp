@@ -1,8 +1,20 @@
 #include "console/usage.h"
 
+#include <cstdint>
+#include <string_view>
+
+#include "console/utf8.h"
+#include "core/limits.h"
+#include "core/number_bases.h"
+#include "shell/languages.h"
+#include "shell/program_facts.h"
+
 namespace tallymere {
 
-const char* const UsageText =
+namespace {
+
+// What stands in braces is replaced by what the tables of the program say.
+constexpr std::string_view UsageForm =
     R"(usage: tallymere-console [options] [FORMULA ...]
 
 Evaluates each FORMULA, or each line of standard input when there is none, by
@@ -13,8 +25,8 @@ the last result as it was shown. Text is UTF-8.
 
   --type real|cplx|uint|rat     number type (real); the first result that is
                                 no fraction turns rat into real
-  --digits N                    precision, 1 to 10000 (10)
-  --base 2|8|10|16              output base for uint (10)
+  --digits N                    precision, 1 to {MaxDigits} ({DefaultDigits})
+{--base}output base for uint ({DecimalBase})
   --lower-hex                   small letters in base 16
   --form auto|fixed|scientific|mixed
                                 notation of results (auto); mixed is for rat
@@ -22,7 +34,7 @@ the last result as it was shown. Text is UTF-8.
   --decimal point|comma         decimal separator (point)
   --thousands point|comma|apostrophe|narrow-space
                                 separator of groups (apostrophe)
-  --language en|de              language of messages (en)
+{--language}language of messages ({FirstLanguage})
   --var NAME=TEXT               a variable, itself a formula; repeatable
   --                            all that follows are formulas
   --help, --version             print this text, or the version
@@ -34,6 +46,45 @@ Exit status: 0 when all formulas succeeded, 1 when one failed or input or output
 broke, 2 for bad options, 130 after Ctrl+C.
 )";
 
-const char* const VersionText = "Tallymere 3.9\n";
+void Replace(std::string& text, std::string_view mark, const std::string& value) {
+    text.replace(text.find(mark), mark.size(), value);
+}
+
+// An option with the words of its values, up to the column in which its explanation begins.
+std::string OptionWithWords(std::string_view option, const auto& rows, auto word) {
+    constexpr size_t column = 32;
+    std::string text = "  " + std::string(option);
+    char before = ' ';
+    for (const auto& row : rows) {
+        text += before;
+        text += word(row);
+        before = '|';
+    }
+    if (text.size() < column) {
+        return text.append(column - text.size(), ' ');
+    }
+    return text + "\n" + std::string(column, ' ');
+}
+
+}  // namespace
+
+std::string UsageText() {
+    std::string text(UsageForm);
+    Replace(text, "{MaxDigits}", std::to_string(MaxDigits));
+    Replace(text, "{DefaultDigits}", std::to_string(DefaultDigits));
+    Replace(text, "{DecimalBase}", std::to_string(DecimalBase));
+    Replace(text, "{FirstLanguage}", Languages[0].code);
+    Replace(text, "{--base}", OptionWithWords("--base", NumberBases, [](const NumberBase& row) {
+                return std::to_string(row.base);
+            }));
+    Replace(text, "{--language}",
+            OptionWithWords("--language", Languages,
+                            [](const LanguageRow& row) { return std::string(row.code); }));
+    return text;
+}
+
+std::string VersionText() {
+    return EncodeUtf8(ProgramName) + " " + EncodeUtf8(ProgramVersion) + "\n";
+}
 
 }  // namespace tallymere

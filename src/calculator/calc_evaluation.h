@@ -8,10 +8,6 @@
 
 namespace tallymere {
 
-/// Characters of the longest formula that is evaluated, the terminating 0 not counted: as many as a
-/// result can have, so that each result can be taken into a formula as it is.
-inline constexpr int64_t CalcFormulaCharacters = CalcResultCharacters;
-
 /// How many ")" the formula lacks, which "=" appends; 0 when there are as many as "(" or more.
 int64_t CountMissingParentheses(const char16_t* formula);
 

@@ -8,6 +8,7 @@
 #include <iterator>
 
 #include "calculator/keypad.h"
+#include "core/limits.h"
 #include "layout/digit_count_layout.h"
 #include "layout/font_form.h"
 #include "layout/number_base_layout.h"
@@ -72,7 +73,7 @@ enum ContainerControl : int32_t {
 inline constexpr int32_t CaseKeyId = 400'000;
 
 inline constexpr int32_t LowestPrecision = 1;
-inline constexpr int32_t HighestPrecision = 10'000;
+inline constexpr int32_t HighestPrecision = MaxDigits;
 
 constexpr LayoutRect KeyPlace(int32_t index) {
     return {10 + 39 * (index % KeyColumns), 38 + 26 * (index / KeyColumns), 38, 25};
@@ -106,7 +107,7 @@ constexpr std::array<FormControl, ContainerControlCount> MakeContainerForm() {
                                  {120, 0, NumberBaseSize.width, NumberBaseSize.height},
                                  &T::TextCalcOutputBase,
                                  nullptr,
-                                 NumberBaseTwoLineLabel | NumberBaseOffers2 | NumberBaseOffers8};
+                                 NumberBaseTwoLineLabel | NumberBaseOffersAll};
     form[ContainerCaseKey] = {FormWindow, FormPushButton, {210, 5, 38, 25}, nullptr, u"Aa"};
     return form;
 }

@@ -1,5 +1,7 @@
 #include "calculator/calculator_settings.h"
 
+#include "core/number_bases.h"
+
 namespace tallymere {
 
 ResultStyle StyleOfResult(const Settings& record) {
@@ -40,7 +42,8 @@ bool ChooseOutputBase(Settings& record, int64_t base) {
 
 bool SwitchLetterCase(Settings& record) {
     ChangeSetting(record, &Settings::useLowerCaseHex, !record.useLowerCaseHex);
-    return calculator.resultValid && calculator.calcOutputBase == 16;
+    const NumberBase* base = FindNumberBase(calculator.calcOutputBase);
+    return calculator.resultValid && base != nullptr && HasLetterDigits(*base);
 }
 
 void FollowFallToReal(Settings& record) {

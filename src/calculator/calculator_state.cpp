@@ -31,7 +31,7 @@ void ApplyPrecision(int64_t precision) {
 }
 
 void InstallNumberType(NumberType type, int64_t base) {
-    calculator.calcOutputBase = type == NumberTypeUint ? base : 10;
+    calculator.calcOutputBase = type == NumberTypeUint ? base : DecimalBase;
     calculator.calcResultType = type;
     calculator.calcIntegerDigits = IntegerDigits(type);
     RestoreCalcContext();

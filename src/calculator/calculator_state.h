@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "core/limits.h"
+#include "core/number_bases.h"
 #include "core/number_setup.h"
 
 namespace tallymere {
@@ -19,10 +21,6 @@ enum ResultForm : uint32_t {
     ResultMixed = 3,  ///< a fraction with its whole part; other types show it as automatic
 };
 
-/// Decimal digits of the integers of the types uint and rat.
-inline constexpr int64_t CalcUintDigits = 20'000;
-inline constexpr int64_t CalcRationalDigits = 10'000;
-
 /// The words of the longest value of any type that the calculator can install.
 inline constexpr int64_t CalcResultWords =
     std::max({2 * (LayoutForDigits(MaxPrecisionDigits).limbs + 1),
@@ -32,15 +30,12 @@ inline constexpr int64_t CalcResultWords =
 /// the precision setting.
 inline constexpr int64_t AutomaticFixedAbove = -4;
 
-/// Characters of a result, the terminating 0 not counted: room for as many digits as the longest
-/// integer has in base 2, 66,496, in groups of three.
-inline constexpr int64_t CalcResultCharacters = 88'661;
-
 struct CalculatorState {
-    int64_t calcPrecision = 10;      ///< the precision setting; results are rounded to it
-    int64_t calcWorkingDigits = 12;  ///< calcPrecision + 2, the digits of the arithmetic
-    int64_t calcIntegerDigits = 1;   ///< digits of integers; 1 for types that have none
-    int64_t calcOutputBase = 10;     ///< 2, 8, 10 or 16; always 10 unless the type is uint
+    int64_t calcPrecision = DefaultDigits;  ///< the precision setting; results are rounded to it
+    /// calcPrecision + 2, the digits of the arithmetic.
+    int64_t calcWorkingDigits = DefaultDigits + 2;
+    int64_t calcIntegerDigits = 1;         ///< digits of integers; 1 for types that have none
+    int64_t calcOutputBase = DecimalBase;  ///< of NumberBases; 10 unless the type is uint
     /// The type in force, and that of calcResult until the result is stale.
     NumberType calcResultType = NumberTypeReal;
     ResultForm resultForm = ResultAutomatic;
@@ -52,7 +47,7 @@ struct CalculatorState {
     uint64_t calcResult[CalcResultWords] = {};
     /// The result as shown. `ans` is this text and not the number; empty before the first result
     /// and for one whose fixed notation is too long.
-    char16_t calcResultText[CalcResultCharacters + 1] = {};
+    char16_t calcResultText[ProductResultCharacters + 1] = {};
 };
 
 /// The one calculator of the process. It belongs to the UI thread; during a run the CalcThread has
@@ -67,8 +62,8 @@ void MarkResultStale();
 /// CalcErrorBadParameter and leaves the layout.
 void ApplyPrecision(int64_t precision);
 
-/// Takes over the number type and puts it in force likewise. The base, 2, 8, 10 or 16, matters for
-/// uint.
+/// Takes over the number type and puts it in force likewise. The base, one of NumberBases, matters
+/// for uint.
 void InstallNumberType(NumberType type, int64_t base);
 
 /// Likewise; the result shown is stale then.

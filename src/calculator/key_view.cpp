@@ -1,6 +1,7 @@
 #include "calculator/key_view.h"
 
 #include "calculator/calculator_state.h"
+#include "core/number_bases.h"
 #include "shell/text_sink.h"
 
 namespace tallymere {
@@ -14,7 +15,7 @@ bool IsActionAvailable(KeyAction action) {
         case ActionAns:
             return calculator.ansAvailable;
         case ActionSwitchNotation:
-            return calculator.resultValid && calculator.calcOutputBase == 10;
+            return calculator.resultValid && calculator.calcOutputBase == DecimalBase;
         case ActionSwitchMixed:
             return calculator.resultValid;
         default:

@@ -5,6 +5,7 @@
 
 #include "core/complex_number.h"
 #include "core/digit_text.h"
+#include "core/number_bases.h"
 #include "exact/rational_number.h"
 
 namespace tallymere {
@@ -88,8 +89,8 @@ int32_t ResultDigitCount() {
         return -1;
     }
     std::u16string_view text = calculator.calcResultText;
-    if (calculator.calcOutputBase != 10) {
-        text.remove_prefix(std::min<size_t>(text.size(), 2));
+    if (const NumberBase* base = FindNumberBase(calculator.calcOutputBase)) {
+        text.remove_prefix(std::min(text.size(), static_cast<size_t>(PrefixLength(*base))));
     }
     return static_cast<int32_t>(
         std::count_if(text.begin(), text.end(), [](char16_t c) { return DigitValue(c) >= 0; }));

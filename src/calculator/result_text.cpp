@@ -2,6 +2,8 @@
 
 #include "calculator/calculator_state.h"
 #include "calculator/mixed_fraction.h"
+#include "core/limits.h"
+#include "core/number_bases.h"
 #include "core/real_rounding.h"
 #include "core/real_text.h"
 #include "core/scratch.h"
@@ -29,21 +31,17 @@ uint32_t PrepareNotation() {
     }
 }
 
-// The letter behind the "0" before a number in a base other than 10.
-char16_t PrefixLetter(int64_t base) {
-    return base == 2 ? u'y' : base == 8 ? u't' : u'x';
-}
-
-void WriteBasedResult(uint32_t flags, bool lowerCaseHex) {
-    const int64_t base = calculator.calcOutputBase;
+// An integer in a base that has a prefix.
+void WriteBasedResult(const NumberBase& base, uint32_t flags, bool lowerCaseHex) {
     char16_t* text = calculator.calcResultText;
     text[0] = u'0';
-    text[1] = PrefixLetter(base);
-    flags |= static_cast<uint32_t>(base);
-    if (base == 16 && lowerCaseHex) {
+    text[1] = base.prefixLetter;
+    flags |= static_cast<uint32_t>(base.base);
+    if (HasLetterDigits(base) && lowerCaseHex) {
         flags |= TextLowerHex;
     }
-    NumberToText(text + 2, CalcResultCharacters - 2, calculator.calcResult, flags);
+    NumberToText(text + NumberPrefixCharacters, CalcResultCharacters - NumberPrefixCharacters,
+                 calculator.calcResult, flags);
 }
 
 // A fraction as a real number of the precision setting.
@@ -85,8 +83,9 @@ const char16_t* ShowResult(const ResultStyle& style) {
     }
     const NumberSetupScope scope;
     const uint32_t flags = style.groupDigits ? uint32_t{TextGroup} : 0;
-    if (calculator.calcResultType == NumberTypeUint && calculator.calcOutputBase != 10) {
-        WriteBasedResult(flags, style.lowerCaseHex);
+    const NumberBase* base = FindNumberBase(calculator.calcOutputBase);
+    if (calculator.calcResultType == NumberTypeUint && base != nullptr && PrefixLength(*base) > 0) {
+        WriteBasedResult(*base, flags, style.lowerCaseHex);
     } else if (calculator.calcResultType == NumberTypeRational) {
         WriteFraction(flags | PrepareNotation());
     } else {

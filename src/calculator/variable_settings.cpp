@@ -5,8 +5,6 @@
 
 namespace tallymere {
 
-static_assert(MaxVariables == MaxSettingsVariables);
-
 void LoadVariables(const Settings& record) {
     const bool changed = variableTable.variablesChanged;
     for (int64_t i = 0; i < record.variableCount; i++) {

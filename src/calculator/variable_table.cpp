@@ -32,7 +32,7 @@ Variable TakeSlot() {
     VariableTable& table = variableTable;
     if (table.count == table.madeCount) {
         table.variables[table.madeCount++] = {NewText(VariableNameCharacters),
-                                              NewText(VariableValueCharacters)};
+                                              NewText(ProductVariableCharacters)};
     }
     return table.variables[table.count];
 }

@@ -1,4 +1,4 @@
-// The user's variables: up to 100 names with the texts of formulas.
+// The user's variables: up to MaxVariables names with the texts of formulas.
 //
 // Texts are kept in storage form: "." as decimal point, no group separators. So they do not depend
 // on the separators in force.
@@ -6,19 +6,12 @@
 
 #include <cstdint>
 
-#include "calculator/calculator_state.h"
+#include "core/limits.h"
 
 namespace tallymere {
 
-inline constexpr int64_t MaxVariables = 100;
-
-/// The characters of a name and of a value text, without the terminating 0. Every result fits the
-/// value of a variable.
-inline constexpr int64_t VariableNameCharacters = 10;
-inline constexpr int64_t VariableValueCharacters = CalcResultCharacters;
-
-/// Each variable owns its two buffers, of VariableNameCharacters + 1 and VariableValueCharacters +
-/// 1 characters.
+/// Each variable owns its two buffers, of VariableNameCharacters + 1 and
+/// ProductVariableCharacters + 1 characters.
 struct Variable {
     char16_t* name;
     char16_t* value;  ///< in storage form
@@ -27,7 +20,7 @@ struct Variable {
 /// The first `count` variables are the user's, in the order of the list. Those from there to before
 /// `madeCount` have buffers that will be used again; their names begin with "?".
 struct VariableTable {
-    Variable variables[MaxVariables];
+    Variable variables[ProductVariables];
     int64_t count;
     int64_t madeCount;
     bool variablesChanged;  ///< the table must be saved

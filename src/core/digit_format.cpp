@@ -3,13 +3,14 @@
 #include <algorithm>
 
 #include "core/digit_text.h"
+#include "core/number_bases.h"
 #include "core/number_context.h"
 
 namespace tallymere {
 
 namespace {
 
-constexpr int64_t GroupOfThousands = 3;
+constexpr int64_t GroupOfThousands = FindNumberBase(DecimalBase)->groupSize;
 
 // What stands behind the decimal separator: zeros, then digits.
 struct Fraction {

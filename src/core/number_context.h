@@ -11,6 +11,7 @@
 
 #include "core/calc_error.h"
 #include "core/limb.h"
+#include "core/limits.h"
 #include "core/stop_request.h"
 
 namespace tallymere {
@@ -57,10 +58,6 @@ struct NumberContext {
 /// "'" as separators, CoreScratch empty, abortFlag on cancelFlag. The program puts in the user's
 /// separators.
 extern NumberContext numberContext;
-
-/// The largest precision of the core in digits; the widest layout that a program may install.
-/// Guard digits of single operations go beyond it for a while.
-inline constexpr int64_t MaxPrecisionDigits = 10'005;
 
 /// Notes a failure; the first code wins.
 inline void SetCalcError(CalcError code) {
@@ -117,15 +114,6 @@ struct UintWidth {
     int64_t digits;  ///< decimal digits that surely fit
     int64_t limbs;   ///< of 64 bits
 };
-
-/// Wider integers are refused by SetUintDigits and by conversions that are given a width.
-inline constexpr int64_t MaxUintLimbs = 2'000;
-
-/// The limbs for integers of so many decimal digits: digits * log2(10) / 64, rounded down, and
-/// one. `digits` is 0 to 10^10.
-constexpr int64_t UintLimbsForDigits(int64_t digits) {
-    return ((digits * 891'723'283) >> 34) + 1;
-}
 
 /// The width of so many limbs, 1 to 4,000: limbs * 64 * log10(2) digits, rounded down.
 constexpr UintWidth UintWidthForLimbs(int64_t limbs) {

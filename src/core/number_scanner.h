@@ -17,7 +17,7 @@ struct NumberScanner {
     bool neutral;      ///< "." and "'" instead of the context's separators
     int64_t length;    ///< characters of text, already counted
     int64_t position;  ///< 0-based index of the next character
-    int64_t radix;     ///< 2, 8, 10 or 16
+    int64_t radix;     ///< 2 to 16
 };
 
 enum NumberTokenKind : uint32_t {

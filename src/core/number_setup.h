@@ -21,9 +21,6 @@ struct NotationWindow {
 /// The window that the context starts with.
 inline constexpr NotationWindow DefaultNotationWindow = {-4, 10};
 
-/// The largest end of a window on either side of 0.
-inline constexpr int64_t MaxFixedExponent = 1'000'000'000;
-
 /// The width for integers of so many decimal digits, 0 to 10^10.
 constexpr UintWidth UintWidthForDigits(int64_t digits) {
     return {digits, UintLimbsForDigits(digits)};

@@ -12,6 +12,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "core/limits.h"
+
 #if defined(__SANITIZE_ADDRESS__)
 #define TALLYMERE_CHECKED_SCRATCH 1
 #elif defined(__has_feature)
@@ -93,10 +95,7 @@ private:
     uint64_t* mark_;
 };
 
-/// The bytes of CoreScratch, the static area on which the arithmetic core takes its temporaries.
-inline constexpr int64_t CoreScratchBytes = 160'000;
-
-/// CoreScratch; its bump pointer is NumberContext::scratchTop.
+/// CoreScratch, of CoreScratchBytes; its bump pointer is NumberContext::scratchTop.
 extern ScratchArea coreScratch;
 
 /// The scope of one core routine on CoreScratch.
@@ -105,13 +104,7 @@ public:
     CoreScratchScope() : ScratchScope(coreScratch) {}
 };
 
-/// The bytes of a ScratchStack, the heap block of each calculating thread for the layers above the
-/// core: 1,500,000 for numbers, tokens and tables, and the texts of 101 variables at their longest.
-/// The most that numbers ask for is a formula of complex numbers at 10,002 digits with 101
-/// variables and a full stack of 50 values.
-inline constexpr int64_t ScratchStackBytes = 1'500'000 + 101 * 88'664 * 2;
-
-/// Makes the calling thread's ScratchStack; the thread must not have one.
+/// Makes the calling thread's ScratchStack, of ScratchStackBytes; the thread must not have one.
 void CreateScratchStack();
 
 /// Frees the calling thread's ScratchStack.

@@ -1,4 +1,4 @@
-// BigUint from text and to text, in bases 2, 8, 10 and 16.
+// BigUint from text and to text, in the bases of core/number_bases.h.
 //
 // `flags` are bits of TextFlags: base (0 means 10), TextGroup, TextNeutral; for output also
 // TextAlwaysSign, TextScientific, TextStripZeros, TextNoExponentPlus, TextLowerHex,
@@ -12,11 +12,6 @@
 
 namespace tallymere {
 
-/// The bits of a digit in base 2, 8 and 16; 0 for any other base.
-constexpr int BitsPerDigit(int64_t base) {
-    return base == 2 ? 1 : base == 8 ? 3 : base == 16 ? 4 : 0;
-}
-
 /// dest = the integer that the text denotes. `length` is in characters and may be TextUntilZero.
 ///
 /// Spaces at both ends are skipped. A "+" may stand in front. With TextGroup, group separators may
@@ -29,7 +24,7 @@ constexpr int BitsPerDigit(int64_t base) {
 /// the CalcErrorSyntax of a fraction. A code that was noted before is kept.
 void BigUintFromText(uint64_t* dest, const char16_t* text, int64_t length, uint32_t flags);
 
-/// Appends the digits of a, in groups of 3 in base 10 and of 4 in the others, or its scientific
+/// Appends the digits of a, in groups of as many digits as its base has, or its scientific
 /// form. With TextAlwaysSign a "+" comes first. Another base appends "[P]" and notes
 /// CalcErrorBadParameter; so does the scientific form in a base other than 10. Base 10 uses
 /// CoreScratch, about 6 words for each limb of a.

@@ -2,10 +2,12 @@
 
 #include "core/digit_text.h"
 #include "core/digit_walk.h"
+#include "core/number_bases.h"
 #include "exact/big_uint.h"
 #include "exact/big_uint_division.h"
 #include "exact/big_uint_text.h"
 #include "exact/radix_conversion.h"
+#include "exact/radix_digits.h"
 
 namespace tallymere {
 
@@ -26,7 +28,7 @@ bool ReadWrittenInteger(NumberScanner& scanner, WrittenInteger* number) {
     if (token.kind == NumberTokenPlus) {
         token = NextNumberToken(scanner);
     }
-    const bool isDecimal = scanner.radix == 10;
+    const bool isDecimal = scanner.radix == DecimalBase;
     if (token.kind != NumberTokenDigits && !(isDecimal && token.kind == NumberTokenFraction)) {
         return false;
     }
@@ -127,7 +129,7 @@ CalcError ReadDecimal(uint64_t* dest, const NumberScanner& scanner, const Writte
     return CalcErrorNone;
 }
 
-// Reads base 2, 8 and 16: puts the bits of each digit into their place, from the last digit to the
+// Where a digit is a whole number of bits: puts the bits of each digit into their place, from the last digit to the
 // first. Characters that are no digits are group separators.
 CalcError ReadBits(uint64_t* dest, const NumberScanner& scanner, const NumberToken& token) {
     const int bitsPerDigit = BitsPerDigit(scanner.radix);
@@ -156,10 +158,20 @@ CalcError ReadBits(uint64_t* dest, const NumberScanner& scanner, const NumberTok
     return CalcErrorNone;
 }
 
+// In every other base.
+CalcError ReadByProducts(uint64_t* dest, const NumberScanner& scanner, const NumberToken& token) {
+    GrowingInteger x = {dest, numberContext.uintLimbs, 0};
+    if (!AppendDigitsOfRadix(x, scanner.text + token.start, token.length, scanner.radix)) {
+        return CalcErrorOverflow;
+    }
+    std::fill(dest + x.length, dest + numberContext.uintLimbs, uint64_t{0});
+    return CalcErrorNone;
+}
+
 CalcError ReadInteger(uint64_t* dest, const char16_t* text, int64_t length, uint32_t flags) {
     const uint32_t base = flags & TextBaseMask;
-    const int64_t radix = base == 0 ? 10 : base;
-    if (radix != 10 && BitsPerDigit(radix) == 0) {
+    const int64_t radix = base == 0 ? DecimalBase : base;
+    if (FindNumberBase(radix) == nullptr) {
         return CalcErrorBadParameter;
     }
     NumberScanner scanner = MakeNumberScanner(text, length, flags, radix);
@@ -167,7 +179,11 @@ CalcError ReadInteger(uint64_t* dest, const char16_t* text, int64_t length, uint
     if (!ReadWrittenInteger(scanner, &number)) {
         return CalcErrorSyntax;
     }
-    return radix == 10 ? ReadDecimal(dest, scanner, number) : ReadBits(dest, scanner, number.token);
+    if (radix == DecimalBase) {
+        return ReadDecimal(dest, scanner, number);
+    }
+    return BitsPerDigit(radix) != 0 ? ReadBits(dest, scanner, number.token)
+                                    : ReadByProducts(dest, scanner, number.token);
 }
 
 }  // namespace

@@ -7,15 +7,12 @@
 
 #include <cstdint>
 
+#include "core/limits.h"
 #include "core/number_context.h"
 #include "formula/formula_error.h"
 #include "formula/formula_token.h"
 
 namespace tallymere {
-
-/// The entries of the stack, and thereby the bound on the nesting of a formula: `f(` takes two
-/// entries, each `;` two more.
-inline constexpr int64_t FormulaStackEntries = 50;
 
 /// A variable that a formula may use. It has no value of its own but the text of a formula, which
 /// is evaluated for each evaluation that uses it.

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "core/digit_text.h"
+#include "core/number_bases.h"
 #include "core/number_scanner.h"
 #include "core/text_flags.h"
 #include "formula/constant_table.h"
@@ -18,8 +19,9 @@ bool IsWhiteSpace(char16_t c) {
     return c == 0x0A || c == 0x0D || c == 0x20;
 }
 
-bool IsHexLetter(char16_t c) {
-    return (c >= u'A' && c <= u'F') || (c >= u'a' && c <= u'f');
+// True for a letter that is a digit of the base.
+bool IsLetterDigit(char16_t c, int32_t base) {
+    return IsLetter(c) && DigitValue(c) < base;
 }
 
 // Sets the kind and the id of a run of letters and digits.
@@ -64,14 +66,15 @@ uint64_t ReadSymbol(FormulaToken& token, const char16_t* text) {
 uint64_t NumberEnd(const char16_t* text, uint64_t start, uint64_t flags) {
     const bool neutral = (flags & TextNeutral) != 0;
     const bool groups = (flags & TextGroup) != 0;
-    const uint32_t base = NumberBase(text + start);
-    uint64_t i = start + (base == 10 ? 1 : 2);
+    const NumberBase& row = NumberBaseOfPrefix(text + start);
+    const bool isDecimal = row.base == DecimalBase;
+    uint64_t i = start + static_cast<uint64_t>(isDecimal ? 1 : PrefixLength(row));
     while (text[i] != 0) {
         const char16_t c = text[i];
-        if (IsDecimalDigit(c) || (base == 16 && IsHexLetter(c)) || IsDecimalSeparator(c, neutral) ||
+        if (IsDecimalDigit(c) || IsLetterDigit(c, row.base) || IsDecimalSeparator(c, neutral) ||
             (groups && IsGroupSeparator(c, neutral))) {
             i++;
-        } else if (base == 10 && IsExponentChar(c) &&
+        } else if (isDecimal && IsExponentChar(c) &&
                    (text[i + 1] == u'+' || text[i + 1] == u'-' || IsDecimalDigit(text[i + 1]))) {
             i += 2;
         } else {
@@ -82,25 +85,6 @@ uint64_t NumberEnd(const char16_t* text, uint64_t start, uint64_t flags) {
 }
 
 }  // namespace
-
-uint32_t NumberBase(const char16_t* text) {
-    if (text[0] != u'0') {
-        return 10;
-    }
-    switch (text[1]) {
-        case u'x':
-        case u'X':
-            return 16;
-        case u'y':
-        case u'Y':
-            return 2;
-        case u't':
-        case u'T':
-            return 8;
-        default:
-            return 10;
-    }
-}
 
 void NextFormulaToken(const FormulaEvaluator& evaluator, FormulaToken& token, uint64_t& position) {
     const char16_t* text = evaluator.text;

@@ -2,7 +2,8 @@
 //
 // White space is U+000A, U+000D and U+0020 alone. A name starts with a letter of IsNameLetter and
 // goes on with those and digits; one that is in the tables of functions, operators and constants is
-// such a token. A number starts with a digit, and the prefix of its base belongs to it. The lexer
+// such a token. A number starts with a digit, and the prefix of its base (core/number_bases.h)
+// belongs to it. The lexer
 // only finds where a number ends: 1.2.3 and 0y9 are one token each, which the conversion refuses.
 #pragma once
 
@@ -18,8 +19,5 @@ namespace tallymere {
 /// the token before it.
 void NextFormulaToken(const FormulaEvaluator& evaluator, FormulaToken& token, uint64_t& position);
 
-/// The base of a number from its first two characters: 16, 2 or 8 with a prefix, else 10. `text` is
-/// at a digit of a NUL-terminated text.
-uint32_t NumberBase(const char16_t* text);
 
 }  // namespace tallymere

@@ -1,9 +1,9 @@
 #include "formula/formula_operands.h"
 
+#include "core/number_bases.h"
 #include "core/number_context.h"
 #include "formula/complex_operators.h"
 #include "formula/constant_table.h"
-#include "formula/formula_lexer.h"
 #include "formula/formula_stack.h"
 #include "formula/operation_dispatch.h"
 #include "formula/used_variables.h"
@@ -35,10 +35,10 @@ void ParseNumberToken(FormulaEvaluator& evaluator, const FormulaToken& token) {
         return;
     }
     const char16_t* text = evaluator.text + token.position;
-    const uint32_t base = NumberBase(text);
-    const int64_t prefix = base == 10 ? 0 : 2;
-    ValueFromNumberText(value, text + prefix, static_cast<int64_t>(token.length) - prefix, base,
-                        evaluator.flags);
+    const NumberBase& row = NumberBaseOfPrefix(text);
+    const int64_t prefix = PrefixLength(row);
+    ValueFromNumberText(value, text + prefix, static_cast<int64_t>(token.length) - prefix,
+                        static_cast<uint32_t>(row.base), evaluator.flags);
     if (numberContext.calcError == CalcErrorCancelled) {
         SetFormulaAborted(evaluator);
     } else if (numberContext.calcError != CalcErrorNone) {

@@ -9,7 +9,7 @@
 namespace tallymere {
 
 void StartFormulaStack(FormulaEvaluator& evaluator) {
-    constexpr int64_t stackBytes = FormulaStackEntries * int64_t{sizeof(FormulaToken)};
+    constexpr int64_t stackBytes = ProductStackEntries * int64_t{sizeof(FormulaToken)};
     static_assert(stackBytes % BytesPerWord == 0);
     evaluator.stack = reinterpret_cast<FormulaToken*>(
         ScratchTake(CurrentScratchStack(), stackBytes / BytesPerWord));

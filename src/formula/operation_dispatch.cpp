@@ -1,6 +1,7 @@
 #include "formula/operation_dispatch.h"
 
 #include "core/complex_text.h"
+#include "core/number_bases.h"
 #include "core/number_context.h"
 #include "core/real_rounding.h"
 #include "core/real_text.h"
@@ -30,7 +31,7 @@ void CallRoutine(const FunctionCall& call) {
 void ValueFromNumberText(uint64_t* dest, const char16_t* digits, int64_t length, uint32_t base,
                          uint64_t flags) {
     const auto textFlags = static_cast<uint32_t>(flags & (TextGroup | TextNeutral));
-    if (base != 10 && numberContext.numberType != NumberTypeUint) {
+    if (base != DecimalBase && numberContext.numberType != NumberTypeUint) {
         SetCalcError(CalcErrorSyntax);
         ValueSetInvalid(dest);
         return;

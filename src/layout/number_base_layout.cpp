@@ -4,15 +4,11 @@ namespace tallymere {
 
 NumberBaseRows RowsOfNumberBases(uint32_t style) {
     NumberBaseRows rows;
-    const auto add = [&rows](int32_t base) { rows.bases[rows.count++] = base; };
-    if ((style & NumberBaseOffers2) != 0) {
-        add(2);
+    for (const NumberBase& row : NumberBases) {
+        if (row.styleBit == 0 || (style & row.styleBit) != 0) {
+            rows.bases[rows.count++] = row.base;
+        }
     }
-    if ((style & NumberBaseOffers8) != 0) {
-        add(8);
-    }
-    add(10);
-    add(16);
     return rows;
 }
 

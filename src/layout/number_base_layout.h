@@ -3,7 +3,9 @@
 #pragma once
 
 #include <cstdint>
+#include <iterator>
 
+#include "core/number_bases.h"
 #include "layout/logical_units.h"
 
 namespace tallymere {
@@ -11,20 +13,42 @@ namespace tallymere {
 /// Style bits of the control.
 enum NumberBaseStyle : uint32_t {
     NumberBaseTwoLineLabel = 1,
-    NumberBaseOffers2 = 2,
-    NumberBaseOffers8 = 4,
+    NumberBaseOffers2 = FindNumberBase(2)->styleBit,
+    NumberBaseOffers8 = FindNumberBase(8)->styleBit,
     NumberBaseLabelAbove = 8,  ///< the label stands above the list instead of right of it
 };
+
+/// The style bits of all bases that a list may leave out.
+inline constexpr uint32_t NumberBaseOffersAll = [] {
+    uint32_t bits = 0;
+    for (const NumberBase& row : NumberBases) {
+        bits |= row.styleBit;
+    }
+    return bits;
+}();
+
+/// Whether each style bit has one meaning.
+constexpr bool AreNumberBaseStylesDifferent() {
+    uint32_t taken = NumberBaseTwoLineLabel | NumberBaseLabelAbove;
+    for (const NumberBase& row : NumberBases) {
+        if ((taken & row.styleBit) != 0) {
+            return false;
+        }
+        taken |= row.styleBit;
+    }
+    return true;
+}
+static_assert(AreNumberBaseStylesDifferent(), "two rows of NumberBases have the same styleBit");
 
 inline constexpr LayoutSize NumberBaseSize = {98, 42};
 
 /// The rows of the list, from its top.
 struct NumberBaseRows {
-    int32_t bases[4] = {};
+    int32_t bases[std::size(NumberBases)] = {};
     int32_t count = 0;
 };
 
-/// 10 and 16 are offered always, behind 2 and 8 where the style asks for them.
+/// The bases that every list offers and those that the style asks for, in the order of the table.
 NumberBaseRows RowsOfNumberBases(uint32_t style);
 
 /// Finds the row to select for a base: -1, which clears the selection, for a negative base. False,

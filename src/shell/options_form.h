@@ -1,10 +1,12 @@
 // The controls of the Options window.
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <iterator>
 
 #include "shell/form_control.h"
-#include "shell/ui_text.h"
+#include "shell/languages.h"
 
 namespace tallymere {
 
@@ -27,15 +29,24 @@ enum OptionsControl : int32_t {
     OptionsLanguagePage,
     OptionsLanguageGroup,
     OptionsLanguageAutomatic,
-    OptionsLanguageEnglish,
-    OptionsLanguageGerman,
-    OptionsOk,
+    OptionsFirstLanguage,  ///< the others follow in the order of Languages
+    OptionsOk = OptionsFirstLanguage + LanguageCount,
     OptionsCancel,
     OptionsControlCount,
 };
 
+/// The button of a language.
+constexpr OptionsControl ButtonOfLanguage(Language language) {
+    return static_cast<OptionsControl>(OptionsFirstLanguage + ColumnOfLanguage(language));
+}
+
+/// The place of a button of the group of languages, counted from the top.
+constexpr LayoutRect LanguageButtonPlace(int32_t index) {
+    return {8, 20 + 20 * index, 140, 20};
+}
+
 // Each row: the parent, the kind, the place in the parent, the text.
-inline constexpr FormControl OptionsForm[] = {
+inline constexpr FormControl OptionsFormBeforeLanguages[] = {
     {FormWindow, FormTabControl, {5, 8, 358, 280}, nullptr},
     {OptionsTabs, FormTabPage, {}, &UiText::TextOptNumberPresentation},
     {OptionsNumberPage, FormGroupBox, {5, 5, 338, 190}, &UiText::TextOptDecimalThousandsSeparator},
@@ -49,17 +60,35 @@ inline constexpr FormControl OptionsForm[] = {
     {OptionsSeparatorGroup, FormCheckBox, {8, 145, 160, 20}, &UiText::TextOptEquationsPolynomials},
     {OptionsSeparatorGroup, FormCheckBox, {8, 165, 160, 20}, &UiText::TextOptPrimeNumbersFactors},
     {OptionsTabs, FormTabPage, {}, &UiText::TextOptLanguage},
-    {OptionsLanguagePage, FormGroupBox, {5, 5, 165, 87}, &UiText::TextOptLanguage2},
-    {OptionsLanguageGroup, FormRadioButton, {8, 20, 140, 20}, &UiText::TextOptAutomaticSelection2},
-    {OptionsLanguageGroup, FormRadioButton, {8, 40, 140, 20}, &UiText::TextOptEnglish},
-    {OptionsLanguageGroup, FormRadioButton, {8, 60, 140, 20}, &UiText::TextOptGerman},
+    {OptionsLanguagePage,
+     FormGroupBox,
+     {5, 5, 165, 47 + 20 * LanguageCount},
+     &UiText::TextOptLanguage2},
+    {OptionsLanguageGroup, FormRadioButton, LanguageButtonPlace(0),
+     &UiText::TextOptAutomaticSelection2},
+};
+static_assert(std::size(OptionsFormBeforeLanguages) == OptionsFirstLanguage);
+inline constexpr FormControl OptionsFormBehindLanguages[] = {
     {FormWindow, FormPushButton, {5, OptionsSize.height - 33, 75, 25}, &UiText::TextBtnOK},
     {FormWindow,
      FormPushButton,
      {OptionsSize.width - 84, OptionsSize.height - 33, 75, 25},
      &UiText::TextBtnCancel},
 };
-static_assert(std::size(OptionsForm) == OptionsControlCount);
+static_assert(std::size(OptionsFormBehindLanguages) == OptionsControlCount - OptionsOk);
+
+/// The whole form.
+inline constexpr auto OptionsForm = [] {
+    std::array<FormControl, OptionsControlCount> form = {};
+    auto place = std::copy(std::begin(OptionsFormBeforeLanguages),
+                           std::end(OptionsFormBeforeLanguages), form.begin());
+    for (int32_t i = 0; i < LanguageCount; i++) {
+        *place++ = {OptionsLanguageGroup, FormRadioButton, LanguageButtonPlace(1 + i),
+                    Languages[i].buttonText};
+    }
+    std::copy(std::begin(OptionsFormBehindLanguages), std::end(OptionsFormBehindLanguages), place);
+    return form;
+}();
 
 /// The rows of the two lists. The number of a row is the value of its setting, see
 /// DecimalSeparatorSetting and ThousandsSeparatorSetting.
@@ -79,10 +108,13 @@ struct OptionsLanguageButton {
     OptionsControl button;
     Language language;
 };
-inline constexpr OptionsLanguageButton OptionsLanguageButtons[] = {
-    {OptionsLanguageAutomatic, LanguageAutomatic},
-    {OptionsLanguageEnglish, LanguageEnglish},
-    {OptionsLanguageGerman, LanguageGerman},
-};
+inline constexpr auto OptionsLanguageButtons = [] {
+    std::array<OptionsLanguageButton, LanguageCount + 1> buttons = {};
+    buttons[0] = {OptionsLanguageAutomatic, LanguageAutomatic};
+    for (size_t i = 0; i < LanguageCount; i++) {
+        buttons[i + 1] = {ButtonOfLanguage(Languages[i].language), Languages[i].language};
+    }
+    return buttons;
+}();
 
 }  // namespace tallymere

@@ -4,10 +4,13 @@
 namespace tallymere {
 
 inline constexpr const char16_t* ProgramName = u"Tallymere";
-inline constexpr const char16_t* ProgramVersion = u"3.9";
 
-/// When this version was built: its date in the first ten characters, its year in the first four.
-inline constexpr const char16_t* ProgramBuildTime = u"2025-02-02 08:14:15";
+/// The version of the project in CMakeLists.txt.
+extern const char16_t* const ProgramVersion;
+
+/// When this version was built, YYYY-MM-DD hh:mm:ss: its date in the first ten characters, its year
+/// in the first four. An input of the build, see cmake/program_build.cmake.
+extern const char16_t* const ProgramBuildTime;
 
 inline constexpr const char16_t* MakerName = u"The Tallymere Project";
 inline constexpr const char16_t* MakerEMail = u"tallymere@example.org";

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "shell/languages.h"
 #include "shell/program_facts.h"
 #include "shell/text_format.h"
 #include "shell/ui_error.h"
@@ -15,15 +16,10 @@ constexpr const char16_t* SettingsFileName = u"UserSettings_3.8.ini";
 constexpr const char16_t* HelpFolderName = u"HtmlBrowserHelpFiles";
 constexpr const char16_t* HelpFirstPage = u"overview";
 
+// No run speaks LanguageAutomatic, so none shows the suffix of no language.
 const char16_t* HelpSuffix(Language language) {
-    switch (language) {
-        case LanguageEnglish:
-            return u"_en";
-        case LanguageGerman:
-            return u"_de";
-        default:
-            return u"_??";
-    }
+    const LanguageRow* row = FindLanguage(language);
+    return row != nullptr ? row->helpSuffix : u"_??";
 }
 
 }  // namespace

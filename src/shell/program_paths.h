@@ -3,15 +3,13 @@
 
 #include <cstdint>
 
+#include "core/limits.h"
 #include "shell/ui_text.h"
 
 namespace tallymere {
 
-/// Characters of a path, the terminating 0 not counted. Every buffer here holds one more.
-inline constexpr int64_t PathCapacity = 259;
-
-// Each function writes a text that ends at a 0. One that does not fit ends in an ellipsis and
-// raises UiErrorTextOverflow.
+// Each function writes a text that ends at a 0. One of more than PathCapacity characters ends in an
+// ellipsis and raises UiErrorTextOverflow.
 
 /// The folder of the settings below the user's folder for the data of programs.
 void FormatSettingsFolder(char16_t (&folder)[PathCapacity + 1], const char16_t* userFolder);

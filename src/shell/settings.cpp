@@ -1,12 +1,8 @@
 #include "shell/settings.h"
 
+#include "core/number_bases.h"
+
 namespace tallymere {
-
-namespace {
-
-constexpr int64_t DefaultPrecision = 10;
-
-}  // namespace
 
 Settings settings;
 
@@ -22,19 +18,13 @@ void RepairSeparators(Settings& record) {
 
 void RepairPrecision(Settings& record) {
     if (record.decimalPrecision < 1) {
-        ChangeSetting(record, &Settings::decimalPrecision, DefaultPrecision);
+        ChangeSetting(record, &Settings::decimalPrecision, DefaultDigits);
     }
 }
 
 int64_t InstalledOutputBase(const Settings& record) {
-    switch (record.outputNumberBase) {
-        case 2:
-        case 8:
-        case 16:
-            return record.outputNumberBase;
-        default:
-            return 10;
-    }
+    return FindNumberBase(record.outputNumberBase) != nullptr ? record.outputNumberBase
+                                                              : DecimalBase;
 }
 
 }  // namespace tallymere

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "core/limits.h"
 #include "core/number_context.h"
 #include "shell/separators.h"
 #include "shell/ui_text.h"
@@ -28,9 +29,6 @@ struct SettingsVariable {
     const char16_t* value;  ///< with "." as decimal point and no group separators
 };
 
-/// How many variables the settings can hold. Further variables of the file are dropped.
-inline constexpr int64_t MaxSettingsVariables = 100;
-
 /// The initial values are for the first start, and for every key that the file does not have.
 struct Settings {
     Language language = LanguageAutomatic;
@@ -46,8 +44,9 @@ struct Settings {
     int64_t outputNumberBase = 10;  ///< any number; InstalledOutputBase gives the base to use
     bool useLowerCaseHex = false;
     int64_t variableCount = 0;
-    /// The first variableCount are in use. After reading they point into the text of the file.
-    SettingsVariable variables[MaxSettingsVariables] = {};
+    /// The first variableCount are in use, at most MaxVariables. After reading they point into the
+    /// text of the file.
+    SettingsVariable variables[ProductVariables] = {};
 
     bool showWelcomeHint = true;  ///< show About at the next start
 
@@ -76,7 +75,7 @@ void RepairSeparators(Settings& record);
 /// A precision below 1 becomes 10, and settingsDirty is set.
 void RepairPrecision(Settings& record);
 
-/// The base in which the calculator shows integers: the setting if it is 2, 8, 10 or 16, else 10.
+/// The base in which the calculator shows integers: the setting if it is one of NumberBases, else 10.
 /// The setting itself does not change, so the file keeps its value.
 int64_t InstalledOutputBase(const Settings& record);
 

@@ -1,10 +1,13 @@
 #include "shell/settings_values.h"
 
 #include <algorithm>
+#include <array>
+#include <iterator>
 #include <limits>
 #include <string_view>
 
 #include "core/digit_text.h"
+#include "shell/languages.h"
 
 namespace tallymere {
 
@@ -17,11 +20,14 @@ struct ValueName {
 };
 
 // The first is what a text means that is not in the table.
-constexpr ValueName<Language> LanguageNames[] = {
-    {LanguageAutomatic, u"(automatic)"},
-    {LanguageEnglish, u"English"},
-    {LanguageGerman, u"German"},
-};
+constexpr auto LanguageNames = [] {
+    std::array<ValueName<Language>, LanguageCount + 1> names = {};
+    names[0] = {LanguageAutomatic, u"(automatic)"};
+    for (size_t i = 0; i < LanguageCount; i++) {
+        names[i + 1] = {Languages[i].language, Languages[i].settingsName};
+    }
+    return names;
+}();
 constexpr ValueName<int32_t> DecimalNames[] = {
     {DecimalAutomatic, u"(automatic)"},
     {DecimalPoint, u"point"},
@@ -46,18 +52,16 @@ constexpr ValueName<NumberType> NumberTypeNames[] = {
     {NumberTypeRational, u"rat"},
 };
 
-template <typename Value, size_t Count>
-Value ValueOf(const ValueName<Value> (&names)[Count], std::u16string_view text) {
-    const auto* found = std::find_if(names, names + Count,
-                                     [text](const auto& entry) { return entry.name == text; });
-    return found != names + Count ? found->value : names[0].value;
+auto ValueOf(const auto& names, std::u16string_view text) {
+    const auto found = std::find_if(std::begin(names), std::end(names),
+                                    [text](const auto& entry) { return entry.name == text; });
+    return found != std::end(names) ? found->value : names[0].value;
 }
 
-template <typename Value, size_t Count>
-void WriteName(TextSink& sink, const ValueName<Value> (&names)[Count], Value value) {
-    const auto* found = std::find_if(names, names + Count,
-                                     [value](const auto& entry) { return entry.value == value; });
-    SinkText(sink, found != names + Count ? found->name.data() : u"???");
+void WriteName(TextSink& sink, const auto& names, auto value) {
+    const auto found = std::find_if(std::begin(names), std::end(names),
+                                    [value](const auto& entry) { return entry.value == value; });
+    SinkText(sink, found != std::end(names) ? found->name.data() : u"???");
 }
 
 constexpr bool IsOne(std::u16string_view text) {

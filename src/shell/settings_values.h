@@ -11,7 +11,7 @@
 
 namespace tallymere {
 
-/// "(automatic)", which is also what any other text means, "English", "German".
+/// "(automatic)", which is also what any other text means, and the names of shell/languages.h.
 void SetLanguageValue(Settings& record, const char16_t* value);
 void GetLanguageValue(const Settings& record, TextSink& sink);
 

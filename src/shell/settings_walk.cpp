@@ -99,7 +99,7 @@ void WalkKey(SettingsReader& reader, std::u16string_view name, Setter set, Gette
 }
 
 void KeepVariable(Settings& record, char16_t* text) {
-    if (*text == 0 || record.variableCount == MaxSettingsVariables) {
+    if (*text == 0 || record.variableCount == MaxVariables) {
         return;
     }
     char16_t* value = text;

@@ -7,6 +7,8 @@
 
 #include <cstdint>
 
+#include "core/limits.h"
+
 namespace tallymere {
 
 /// What went wrong; the comments name the arguments that the code's message wants, in order.
@@ -51,10 +53,8 @@ enum UiErrorCode : int32_t {
     UiErrorStopped = 9003,       ///< the user stopped the run; reported by silence
 };
 
-/// Characters of an argument of an error, the terminating 0 not counted.
-inline constexpr int64_t UiErrorArgumentCapacity = 260;
-
-/// The arguments are texts, ended by a 0, for the "%s" of the code's message.
+/// The arguments are texts of at most UiErrorArgumentCapacity characters, ended by a 0, for the
+/// "%s" of the code's message.
 struct UiError {
     UiErrorCode code = UiErrorNone;
     char16_t arg1[UiErrorArgumentCapacity + 1] = u"?";

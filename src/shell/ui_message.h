@@ -13,9 +13,6 @@ namespace tallymere {
 /// UiErrorStopped has no message and appends nothing.
 void FormatUiErrorMessage(TextSink& sink);
 
-/// The characters of a reported message, without the terminating 0.
-inline constexpr int64_t UiErrorMessageCapacity = 1'023;
-
 /// Reports the pending error, except for showing it. Formats its message into a buffer of
 /// capacity + 1 characters and ends it with a 0. A message that is too long ends with an ellipsis.
 /// Then calls ClearErrors. Returns true when there is a message to show. With no pending error, and

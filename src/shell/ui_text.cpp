@@ -1,45 +1,59 @@
 #include "shell/ui_text.h"
 
+#include "shell/languages.h"
+
 namespace tallymere {
+
+UiText uiText;
+Language effectiveLanguage = LanguageEnglish;
 
 namespace {
 
 constexpr uint32_t PrimaryLanguageMask = 0x3FF;
-constexpr uint32_t PrimaryLanguageGerman = 7;
+
+// The text of an entry in one of its columns.
+template <size_t Count>
+constexpr const char16_t* TextOf(Language language, const char16_t* const (&columns)[Count]) {
+    static_assert(Count == LanguageCount, "each entry has a text in every language");
+    return columns[ColumnOfLanguage(language)];
+}
+
+// Assigns all entries.
+void FillUiText(Language language) {
+#define ENTRY(name, ...) uiText.name = TextOf(language, {__VA_ARGS__});
+#include "shell/ui_text_entries.inc"
+}
 
 }  // namespace
-
-UiText uiText;
-Language effectiveLanguage = LanguageEnglish;
 
 void ClearUiText() {
     uiText = UiText{};
 }
 
 void FillUiTextEnglish() {
-#define ENTRY(name, english, german) uiText.name = english;
-#include "shell/ui_text_entries.inc"
+    FillUiText(LanguageEnglish);
 }
 
 void FillUiTextGerman() {
-#define ENTRY(name, english, german) uiText.name = german;
-#include "shell/ui_text_entries.inc"
+    FillUiText(LanguageGerman);
 }
 
 Language ChooseLanguage(Language setting, uint32_t userLanguageId) {
     if (setting != LanguageAutomatic) {
         return setting;
     }
-    return (userLanguageId & PrimaryLanguageMask) == PrimaryLanguageGerman ? LanguageGerman
-                                                                           : LanguageEnglish;
+    for (const LanguageRow& row : Languages) {
+        if (row.primaryId == (userLanguageId & PrimaryLanguageMask)) {
+            return row.language;
+        }
+    }
+    return Languages[0].language;
 }
 
 void InstallLanguage(Language language) {
     ClearUiText();
-    if (language == LanguageGerman) {
-        FillUiTextGerman();
-    } else {
-        FillUiTextEnglish();
+    if (FindLanguage(language) != nullptr) {
+        FillUiText(language);
     }
     effectiveLanguage = language;
 }

@@ -26,23 +26,24 @@ extern UiText uiText;
 /// Sets all entries to UiTextMissing.
 void ClearUiText();
 
-/// Assign all entries.
-void FillUiTextEnglish();
-void FillUiTextGerman();
-
-/// The language setting. Its values are those of the settings file, and they choose the help files.
+/// The language setting. The values count on without gaps: the languages are columns of
+/// shell/ui_text_entries.inc, in this order, and rows of shell/languages.h.
 enum Language : int32_t {
     LanguageAutomatic = 1,
     LanguageEnglish = 2,
     LanguageGerman = 3,
 };
 
+/// Assign all entries.
+void FillUiTextEnglish();
+void FillUiTextGerman();
+
 /// The language that this run speaks: never LanguageAutomatic.
 extern Language effectiveLanguage;
 
-/// The language for a setting, LanguageEnglish or LanguageGerman. LanguageAutomatic follows
-/// `userLanguageId`, the system's identifier of the user's language: its low ten bits name the
-/// primary language, and all but German are answered by English.
+/// The language for a setting. LanguageAutomatic follows `userLanguageId`, the system's identifier
+/// of the user's language: its low ten bits name the primary language. A language that the program
+/// does not speak is answered by the first one, English.
 Language ChooseLanguage(Language setting, uint32_t userLanguageId);
 
 /// Makes `language`, which is not LanguageAutomatic, the one that this run speaks: clears the

@@ -6,6 +6,7 @@ console_support.py tells of the environment. Expected values are computed here.
 import fcntl
 import os
 import random
+import re
 import select
 import signal
 import subprocess
@@ -17,8 +18,10 @@ from decimal import ROUND_HALF_UP, Context, Decimal
 from pathlib import Path
 
 sys.dont_write_bytecode = True
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
 from console_support import (CONSOLE, NATIVE, SECONDS, SEED, TOO_LONG, ConsoleCase,  # noqa: E402
                              error_line, keep_console_waiting, run, shown, start)
+from program_build import project_version  # noqa: E402
 
 OPTIONS = ["--type", "--digits", "--base", "--lower-hex", "--form", "--group", "--decimal",
            "--thousands", "--language", "--var", "--help", "--version"]
@@ -207,8 +210,22 @@ class OptionTest(ConsoleCase):
         self.assertIn("at most 100", errors)
 
     def test_version(self):
-        self.check(["--version"], b"", ["Tallymere 3.9"])
-        self.check(["1", "--version", "--digits", "0"], b"", ["Tallymere 3.9"])
+        self.check(["--version"], b"", [f"Tallymere {project_version()}"])
+        self.check(["1", "--version", "--digits", "0"], b"", [f"Tallymere {project_version()}"])
+
+    def test_help_names_the_values_and_limits_that_options_have(self):
+        text = "\n".join(run(["--help"])[0])
+        for option in ("--base", "--language"):
+            words = re.search(rf"^  {option} (\S+)", text, re.MULTILINE).group(1)
+            _, errors, status = run([option, "nonsense"])
+            self.assertEqual(2, status)
+            self.assertEqual(words.split("|"), errors.rstrip().rsplit(": ", 1)[1].split(", "))
+        highest = re.search(r"--digits N +precision, 1 to (\d+) \((\d+)\)", text).groups()
+        self.assertEqual(("10000", "10"), highest)
+        self.check(["--digits", highest[0], "1"], b"", ["1"])
+        _, errors, status = run(["--digits", str(int(highest[0]) + 1)])
+        self.assertEqual(2, status)
+        self.assertIn(f"allowed: 1 to {highest[0]}", errors)
 
     def test_help_names_every_option_in_80_columns(self):
         lines, errors, status = run(["--digits", "5", "--help", "--nonsense"])

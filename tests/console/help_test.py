@@ -13,7 +13,7 @@ sys.dont_write_bytecode = True
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
 from console_support import keep_console_waiting, run  # noqa: E402
 from help_pages import (FOLDER, LANGUAGES, constants, examples, functions,  # noqa: E402
-                        page_paths, signatures)
+                        main_of, page_paths, signatures, words)
 
 SEPARATORS = {"en": ["--decimal", "point", "--thousands", "comma"],
               "de": ["--decimal", "comma", "--thousands", "point"]}
@@ -43,6 +43,24 @@ def ask(language, options, formulas):
 
 def has_value(answer):
     return not answer[1]
+
+
+class NumberBaseTest(unittest.TestCase):
+    """The pages name every base and how numbers of it are written."""
+
+    def test_pages_name_every_base_and_its_prefix(self):
+        lines, _, _ = run(["--help"])
+        bases = re.search(r"--base (\S+)", "\n".join(lines)).group(1).split("|")
+        self.assertGreaterEqual(len(bases), 4)
+        for base in bases:
+            answer = run(["--type", "uint", "--base", base, "1"])[0][0]
+            prefix = answer.removesuffix("1")
+            self.assertEqual(base == "10", prefix == "")
+            for language in LANGUAGES:
+                page = words(main_of(FOLDER / f"numbers_{language}.html"))
+                with self.subTest(base=base, language=language):
+                    self.assertRegex(page, rf"\b{base}\b")
+                    self.assertIn(prefix, page)
 
 
 class ExampleTest(unittest.TestCase):

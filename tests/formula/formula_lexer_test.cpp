@@ -266,16 +266,5 @@ TEST(FormulaLexer, KeepsToTheTextWhenASeparatorIsUnset) {
     EXPECT_EQ(NumberLength(u"1"), 1u);
 }
 
-TEST(FormulaLexer, TellsTheBaseFromTheFirstTwoCharacters) {
-    EXPECT_EQ(NumberBase(u"0x"), 16u);
-    EXPECT_EQ(NumberBase(u"0X"), 16u);
-    EXPECT_EQ(NumberBase(u"0y"), 2u);
-    EXPECT_EQ(NumberBase(u"0Y"), 2u);
-    EXPECT_EQ(NumberBase(u"0t"), 8u);
-    EXPECT_EQ(NumberBase(u"0T"), 8u);
-    EXPECT_EQ(NumberBase(u"0"), 10u);
-    EXPECT_EQ(NumberBase(u"1x"), 10u);
-}
-
 }  // namespace
 }  // namespace tallymere

@@ -4,7 +4,7 @@
 import unittest
 
 from form_check import check_form, check_texts
-from gui_case import MAIN_TITLE, GuiCase
+from gui_case import MAIN_TITLE, GuiCase, desktop
 
 INFO = 302  # its menu item
 HOMEPAGE = "Homepage\r\ntallymere.example"  # on its button
@@ -15,10 +15,10 @@ class AboutTest(GuiCase):
     def about_texts(self):
         """The texts of the controls that say something of this program."""
         return {
-            0: "Tallymere 3.9",
+            0: MAIN_TITLE,
             1: self.texts["TextAboutFreewareYouCanUse"].replace("%s", "Tallymere"),
-            2: self.texts["TextAboutCreationDate"].replace("%s", "2025-02-02"),
-            3: "© 2025 The Tallymere Project",
+            2: self.texts["TextAboutCreationDate"].replace("%s", desktop().forms["build_time"][:10]),
+            3: f"© {desktop().forms['build_time'][:4]} The Tallymere Project",
             4: self.texts["TextAboutEMail"].replace("%s", "tallymere@example.org"),
             5: HOMEPAGE,
         }

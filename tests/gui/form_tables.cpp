@@ -11,8 +11,10 @@
 #include "calculator/variables_form.h"
 #include "gui/json_text.h"
 #include "shell/about_form.h"
+#include "shell/languages.h"
 #include "shell/main_menu.h"
 #include "shell/options_form.h"
+#include "shell/program_facts.h"
 #include "shell/ui_text.h"
 #include "support/number_types.h"
 
@@ -210,8 +212,10 @@ std::string LanguageJson(Language language) {
 int main() {
     using namespace tallymere;
     JsonList languages = JsonObject();
-    languages.Add("en", LanguageJson(LanguageEnglish));
-    languages.Add("de", LanguageJson(LanguageGerman));
+    for (const LanguageRow& row : Languages) {
+        languages.Add(row.code, LanguageJson(row.language));
+    }
+    languages.Add("build_time", JsonText(std::u16string_view(ProgramBuildTime)));
     languages.Add("keypads", KeypadsJson());
     languages.Add("container", ContainerJson());
     languages.Add("keys", KeysJson());

@@ -15,12 +15,15 @@ import sys
 import types
 import unittest
 
+sys.dont_write_bytecode = True
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), os.pardir, "support"))
 from desktop import SECONDS, WINE_RUN, Display, WinePrefix
 from program import MENU_CLASS, MESSAGE_BOX_CLASS, PROGRAM, Probe, Program, middle
+from program_build import project_version
 from user_settings import file_bytes, settings_text
 
 LOCALES = {"en": "C.UTF-8", "de": "de_DE.UTF-8"}
-MAIN_TITLE = "Tallymere 3.9"
+MAIN_TITLE = f"Tallymere {project_version()}"
 CALCULATOR = 201  # its menu item
 
 

@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "shell/languages.h"
+#include "shell/program_facts.h"
 #include "shell/ui_error.h"
 
 namespace tallymere {
@@ -21,6 +23,10 @@ std::u16string AboutCaption() {
     return text;
 }
 
+std::u16string BuildTimeStart(size_t characters) {
+    return {ProgramBuildTime, characters};
+}
+
 class AboutTextsTest : public ::testing::Test {
 protected:
     void TearDown() override {
@@ -32,10 +38,10 @@ protected:
 TEST_F(AboutTextsTest, NamesTheProgramItsBuildAndItsMakerInEnglish) {
     InstallLanguage(LanguageEnglish);
     EXPECT_EQ(AboutCaption(), u"About Tallymere");
-    EXPECT_EQ(AboutText(AboutTitle), u"Tallymere 3.9");
+    EXPECT_EQ(AboutText(AboutTitle), u"Tallymere " + std::u16string(ProgramVersion));
     EXPECT_EQ(AboutText(AboutNotice).substr(0, 22), u"Tallymere is freeware!");
-    EXPECT_EQ(AboutText(AboutDate), u"Creation date: 2025-02-02");
-    EXPECT_EQ(AboutText(AboutHolder), u"© 2025 The Tallymere Project");
+    EXPECT_EQ(AboutText(AboutDate), u"Creation date: " + BuildTimeStart(10));
+    EXPECT_EQ(AboutText(AboutHolder), u"© " + BuildTimeStart(4) + u" The Tallymere Project");
     EXPECT_EQ(AboutText(AboutEMail), u"E-mail: tallymere@example.org");
     EXPECT_EQ(AboutText(AboutHomepage), u"Homepage\r\ntallymere.example");
     EXPECT_EQ(AboutText(AboutDonate), u"Donate");
@@ -45,10 +51,10 @@ TEST_F(AboutTextsTest, NamesTheProgramItsBuildAndItsMakerInEnglish) {
 TEST_F(AboutTextsTest, NamesThemInGerman) {
     InstallLanguage(LanguageGerman);
     EXPECT_EQ(AboutCaption(), u"Über Tallymere");
-    EXPECT_EQ(AboutText(AboutTitle), u"Tallymere 3.9");
+    EXPECT_EQ(AboutText(AboutTitle), u"Tallymere " + std::u16string(ProgramVersion));
     EXPECT_EQ(AboutText(AboutNotice).substr(0, 23), u"Tallymere ist Freeware!");
-    EXPECT_EQ(AboutText(AboutDate), u"Erstellungsdatum: 2025-02-02");
-    EXPECT_EQ(AboutText(AboutHolder), u"© 2025 The Tallymere Project");
+    EXPECT_EQ(AboutText(AboutDate), u"Erstellungsdatum: " + BuildTimeStart(10));
+    EXPECT_EQ(AboutText(AboutHolder), u"© " + BuildTimeStart(4) + u" The Tallymere Project");
     EXPECT_EQ(AboutText(AboutEMail), u"E-Mail: tallymere@example.org");
     EXPECT_EQ(AboutText(AboutHomepage), u"Homepage\r\ntallymere.example");
     EXPECT_EQ(AboutText(AboutDonate), u"Spenden");
@@ -56,8 +62,8 @@ TEST_F(AboutTextsTest, NamesThemInGerman) {
 }
 
 TEST_F(AboutTextsTest, NoTextIsLongerThanTheWindowAllows) {
-    for (const Language language : {LanguageEnglish, LanguageGerman}) {
-        InstallLanguage(language);
+    for (const LanguageRow& row : Languages) {
+        InstallLanguage(row.language);
         for (int32_t i = 0; i < AboutControlCount; i++) {
             AboutText(static_cast<AboutControl>(i));
         }

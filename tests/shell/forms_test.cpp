@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <span>
 #include <string>
 #include <utility>
 
@@ -28,9 +29,8 @@ bool CanHaveChildren(FormControlKind kind) {
     return kind == FormTabControl || kind == FormTabPage || kind == FormGroupBox;
 }
 
-template <size_t Count>
-void ExpectParentsBeforeChildren(const FormControl (&form)[Count]) {
-    for (int32_t i = 0; i < static_cast<int32_t>(Count); i++) {
+void ExpectParentsBeforeChildren(std::span<const FormControl> form) {
+    for (int32_t i = 0; i < static_cast<int32_t>(form.size()); i++) {
         ASSERT_LT(form[i].parent, i);
         ASSERT_GE(form[i].parent, FormWindow);
         if (form[i].parent != FormWindow) {
@@ -70,9 +70,9 @@ TEST(OptionsFormTest, HasItsControlsInPlace) {
          {OptionsLanguagePage, FormGroupBox, {5, 5, 165, 87}, &T::TextOptLanguage2}},
         {OptionsLanguageAutomatic,
          {OptionsLanguageGroup, FormRadioButton, {8, 20, 140, 20}, &T::TextOptAutomaticSelection2}},
-        {OptionsLanguageEnglish,
+        {ButtonOfLanguage(LanguageEnglish),
          {OptionsLanguageGroup, FormRadioButton, {8, 40, 140, 20}, &T::TextOptEnglish}},
-        {OptionsLanguageGerman,
+        {ButtonOfLanguage(LanguageGerman),
          {OptionsLanguageGroup, FormRadioButton, {8, 60, 140, 20}, &T::TextOptGerman}},
         {OptionsOk, {FormWindow, FormPushButton, {5, 297, 75, 25}, &T::TextBtnOK}},
         {OptionsCancel, {FormWindow, FormPushButton, {286, 297, 75, 25}, &T::TextBtnCancel}},

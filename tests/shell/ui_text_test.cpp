@@ -6,6 +6,8 @@
 #include <set>
 #include <string>
 
+#include "shell/languages.h"
+
 namespace tallymere {
 namespace {
 
@@ -69,9 +71,8 @@ TEST_F(UiTextTable, AnUnassignedEntryShowsAsAMark) {
 }
 
 TEST_F(UiTextTable, EachLanguageAssignsEveryEntry) {
-    for (void (*fill)() : {FillUiTextEnglish, FillUiTextGerman}) {
-        ClearUiText();
-        fill();
+    for (const LanguageRow& row : Languages) {
+        InstallLanguage(row.language);
         for (const Entry& entry : Entries) {
             const std::u16string text = uiText.*entry.field;
             EXPECT_NE(text, u"???") << entry.name;
@@ -80,20 +81,22 @@ TEST_F(UiTextTable, EachLanguageAssignsEveryEntry) {
     }
 }
 
-TEST_F(UiTextTable, BothLanguagesTakeTheSameArgumentsInTheSameOrder) {
+TEST_F(UiTextTable, AllLanguagesTakeTheSameArgumentsInTheSameOrder) {
     FillUiTextEnglish();
     const UiText english = uiText;
-    FillUiTextGerman();
-    for (const Entry& entry : Entries) {
-        const std::u16string specifiers = Specifiers(english.*entry.field);
-        EXPECT_EQ(specifiers, Specifiers(uiText.*entry.field)) << entry.name;
-        EXPECT_EQ(specifiers.find_first_not_of(u"scd"), std::u16string::npos) << entry.name;
+    for (const LanguageRow& row : Languages) {
+        InstallLanguage(row.language);
+        for (const Entry& entry : Entries) {
+            const std::u16string specifiers = Specifiers(english.*entry.field);
+            EXPECT_EQ(specifiers, Specifiers(uiText.*entry.field)) << entry.name;
+            EXPECT_EQ(specifiers.find_first_not_of(u"scd"), std::u16string::npos) << entry.name;
+        }
     }
 }
 
 TEST_F(UiTextTable, LinesEndInCarriageReturnAndLineFeed) {
-    for (void (*fill)() : {FillUiTextEnglish, FillUiTextGerman}) {
-        fill();
+    for (const LanguageRow& row : Languages) {
+        InstallLanguage(row.language);
         for (const Entry& entry : Entries) {
             const std::u16string text = uiText.*entry.field;
             for (size_t i = 0; i < text.size(); ++i) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "shell/main_menu.h"
+#include "shell/program_facts.h"
 #include "shell/settings.h"
 #include "shell/ui_text.h"
 #include "shell/windows/program_windows.h"
@@ -91,7 +92,8 @@ protected:
 };
 
 TEST_F(MainWindow, HasItsTitleItsMenuAndItsOwner) {
-    EXPECT_EQ(TextOf(mainWindow), "Tallymere 3.9");
+    const std::u16string version = ProgramVersion;
+    EXPECT_EQ(TextOf(mainWindow), "Tallymere " + std::string(version.begin(), version.end()));
     EXPECT_EQ(GetWindow(mainWindow, GW_OWNER), hiddenOwnerWindow);
     EXPECT_FALSE(IsWindowVisible(mainWindow));
     const HMENU bar = GetMenu(mainWindow);

@@ -14,7 +14,8 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
 FOLDER = ROOT / "help" / "Tallymere"
-LANGUAGES = ("en", "de")
+LANGUAGES = tuple(re.findall(r'\{Language\w+, "(\w+)"',
+                             (ROOT / "src/shell/languages.h").read_text(encoding="utf-8")))
 VOID = {"br", "link", "meta"}
 # A page in German writes numbers with a comma and groups with a point, one in English the reverse.
 EXCHANGE_SEPARATORS = str.maketrans(".,", ",.")
@@ -175,9 +176,9 @@ def program_texts():
         text = "".join(re.findall(r'u"((?:[^"\\]|\\.)*)"', literals))
         return text.replace('\\"', '"').replace("\\r", "\r").replace("\\n", "\n")
 
-    return {name: {"en": joined(english), "de": joined(german)}
-            for name, english, german in re.findall(
-                rf"ENTRY\((\w+),\s*{literal},\s*{literal}\)", source)}
+    columns = rf",\s*{literal}" * len(LANGUAGES)
+    return {name: dict(zip(LANGUAGES, map(joined, texts)))
+            for name, *texts in re.findall(rf"ENTRY\((\w+){columns}\)", source)}
 
 
 FORMULA_ROOM = ROOT / "src" / "formula"

@@ -81,6 +81,8 @@ class FormTest(unittest.TestCase):
         for language in LANGUAGES:
             self.assertGreaterEqual(len(page_paths(language)), 3)
             self.assertTrue((FOLDER / f"overview_{language}.html").exists())
+            self.assertEqual([page_name(path) for path in page_paths("en")],
+                             [page_name(path) for path in page_paths(language)])
 
     def test_pages_are_well_formed(self):
         for path in PAGES:

@@ -2,11 +2,19 @@
 
 import struct
 import subprocess
+import sys
 import tempfile
 import unittest
 import xml.etree.ElementTree as ElementTree
 from pathlib import Path
 
+sys.dont_write_bytecode = True
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
+from program_build import (program_build_header, project_version,  # noqa: E402
+                           version_numbers)
+
+VERSION = project_version()
+YEAR = "2031"
 RESOURCES = Path(__file__).resolve().parents[2] / "resources"
 SIZES = [16, 24, 32, 48, 64, 128, 256]
 COMPILER = "x86_64-w64-mingw32-windres"
@@ -54,8 +62,10 @@ def compiled_resources():
     """{(type, name): data} of the resource file."""
     with tempfile.TemporaryDirectory() as folder:
         output = Path(folder) / "tallymere.res"
-        subprocess.run([COMPILER, "--output-format=res", RESOURCES / "tallymere.rc", output],
-                       check=True)
+        header = program_build_header(VERSION, YEAR)
+        (Path(folder) / "program_build.h").write_text(header, encoding="utf-8")
+        subprocess.run([COMPILER, f"--include-dir={folder}", "--output-format=res",
+                        RESOURCES / "tallymere.rc", output], check=True)
         data = output.read_bytes()
     found = {}
     start = 0
@@ -139,9 +149,16 @@ class ResourceTest(unittest.TestCase):
         version = self.resources[TYPE_VERSION, 1]
         mark = struct.pack("<I", 0xFEEF04BD)
         file_version = struct.unpack_from("<II", version, version.index(mark) + 8)
-        self.assertEqual((3 << 16 | 9, 0), file_version)
-        for text in ("ProductVersion\0", "3.9\0", "© 2025 The Tallymere Project\0"):
+        major, minor, patch, tweak = version_numbers(VERSION)
+        self.assertEqual((major << 16 | minor, patch << 16 | tweak), file_version)
+        for text in ("FileVersion\0", "ProductVersion\0", f"{VERSION}\0",
+                     f"© {YEAR} The Tallymere Project\0"):
             self.assertIn(text.encode("utf-16-le"), version)
+
+    def test_manifest_has_the_program_s_version(self):
+        root = ElementTree.parse(RESOURCES / "tallymere.manifest").getroot()
+        identity = root.find("{urn:schemas-microsoft-com:asm.v1}assemblyIdentity")
+        self.assertEqual(".".join(map(str, version_numbers(VERSION))), identity.get("version"))
 
 
 if __name__ == "__main__":

@@ -156,7 +156,7 @@ void CreateOptionsWindow() {
     optionsWindow =
         CreateDialogWindow(mainWindow, OptionsSize, uiText.TextOptOptions, OptionsWindowProc,
                            WS_SYSMENU | DialogClientSize | DialogCentred, 0);
-    CreateFormControls(optionsWindow, OptionsForm, OptionsControlCount, controls);
+    CreateFormControls(optionsWindow, OptionsForm.data(), OptionsControlCount, controls);
     SetControlHandler(controls[OptionsSeparatorGroup], SeparatorGroupProc);
     FillList(OptionsDecimalList, OptionsDecimalRows);
     FillList(OptionsThousandsList, OptionsThousandsRows);
