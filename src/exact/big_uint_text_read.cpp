@@ -129,8 +129,8 @@ CalcError ReadDecimal(uint64_t* dest, const NumberScanner& scanner, const Writte
     return CalcErrorNone;
 }
 
-// Where a digit is a whole number of bits: puts the bits of each digit into their place, from the last digit to the
-// first. Characters that are no digits are group separators.
+// Where a digit is a whole number of bits: puts the bits of each digit into their place, from the
+// last digit to the first. Characters that are no digits are group separators.
 CalcError ReadBits(uint64_t* dest, const NumberScanner& scanner, const NumberToken& token) {
     const int bitsPerDigit = BitsPerDigit(scanner.radix);
     const int64_t width = BitsPerUintLimb * numberContext.uintLimbs;
