@@ -12,6 +12,9 @@
 namespace tallymere {
 namespace {
 
+// Languages behind English and German.
+constexpr int32_t MoreLanguages = LanguageCount - 2;
+
 struct ExpectedControl {
     int32_t index;
     FormControl control;
@@ -67,7 +70,10 @@ TEST(OptionsFormTest, HasItsControlsInPlace) {
          {OptionsSeparatorGroup, FormCheckBox, {8, 165, 160, 20}, &T::TextOptPrimeNumbersFactors}},
         {OptionsLanguagePage, {OptionsTabs, FormTabPage, {}, &T::TextOptLanguage}},
         {OptionsLanguageGroup,
-         {OptionsLanguagePage, FormGroupBox, {5, 5, 165, 87}, &T::TextOptLanguage2}},
+         {OptionsLanguagePage,
+          FormGroupBox,
+          {5, 5, 165, 87 + 20 * MoreLanguages},
+          &T::TextOptLanguage2}},
         {OptionsLanguageAutomatic,
          {OptionsLanguageGroup, FormRadioButton, {8, 20, 140, 20}, &T::TextOptAutomaticSelection2}},
         {ButtonOfLanguage(LanguageEnglish),
@@ -78,7 +84,7 @@ TEST(OptionsFormTest, HasItsControlsInPlace) {
         {OptionsCancel, {FormWindow, FormPushButton, {286, 297, 75, 25}, &T::TextBtnCancel}},
     };
     EXPECT_EQ(OptionsSize, (LayoutSize{370, 330}));
-    ASSERT_EQ(std::size(expected), std::size(OptionsForm));
+    ASSERT_EQ(std::size(expected) + MoreLanguages, std::size(OptionsForm));
     for (const ExpectedControl& control : expected) {
         ExpectControl(control, OptionsForm[control.index]);
     }
@@ -124,7 +130,7 @@ TEST(OptionsFormTest, EachLanguageHasTheButtonWithItsName) {
         {LanguageEnglish, &UiText::TextOptEnglish},
         {LanguageGerman, &UiText::TextOptGerman},
     };
-    ASSERT_EQ(std::size(OptionsLanguageButtons), std::size(expected));
+    ASSERT_EQ(std::size(OptionsLanguageButtons), std::size(expected) + MoreLanguages);
     for (size_t i = 0; i < std::size(expected); i++) {
         const auto& [button, language] = OptionsLanguageButtons[i];
         EXPECT_EQ(language, expected[i].first);

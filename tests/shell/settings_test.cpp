@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "core/number_bases.h"
+
 namespace tallymere {
 namespace {
 
@@ -89,11 +91,11 @@ TEST(SettingsRepair, APrecisionBelowOneBecomesTen) {
     }
 }
 
-TEST(SettingsRepair, TheCalculatorTakesFourBasesAndTheSettingKeepsAny) {
+TEST(SettingsRepair, TheCalculatorTakesBasesOfTheTableAndTheSettingKeepsAny) {
     for (int64_t base = -20; base <= 40; base++) {
         Settings record;
         record.outputNumberBase = base;
-        const bool known = base == 2 || base == 8 || base == 10 || base == 16;
+        const bool known = FindNumberBase(base) != nullptr;
         EXPECT_EQ(InstalledOutputBase(record), known ? base : 10);
         EXPECT_EQ(record.outputNumberBase, base);
         EXPECT_FALSE(record.settingsDirty);
