@@ -1,5 +1,6 @@
 #include "shell/windows/error_report.h"
 
+#include "core/limits.h"
 #include "shell/ui_message.h"
 #include "shell/ui_text.h"
 #include "toolkit/wide_text.h"
