@@ -110,8 +110,8 @@ bool ActOnToken(FormulaEvaluator& evaluator, const FormulaToken& token) {
                                                  : ActBeforeOperand(evaluator, token);
 }
 
-// The operations note a CalcError and leave a number, so one check after each token suffices. It
-// comes before what the grammar may have to say of the same token.
+// The operations note a CalcError and leave a number, so one check after each token is enough. The
+// error of an operation replaces a syntax error at the same token.
 void CheckCalcError(FormulaEvaluator& evaluator, const FormulaToken& token) {
     if (numberContext.calcError == CalcErrorNone) {
         return;

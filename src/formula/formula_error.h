@@ -5,7 +5,7 @@
 
 namespace tallymere {
 
-/// FormulaEvaluator::error; 0 when all is well.
+/// FormulaEvaluator::error. The user sees the number beside the message.
 enum FormulaError : uint32_t {
     FormulaErrorNone = 0,
     FormulaErrorSyntax = 10200,

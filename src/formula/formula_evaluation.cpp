@@ -1,5 +1,6 @@
 #include "formula/formula_evaluation.h"
 
+#include "core/contract.h"
 #include "core/number_context.h"
 #include "core/scratch.h"
 #include "formula/formula_driver.h"
@@ -9,6 +10,7 @@
 namespace tallymere {
 
 void EvaluateFormula(FormulaEvaluator& evaluator) {
+    TALLYMERE_REQUIRE(evaluator.text != nullptr && evaluator.result != nullptr);
     ScratchStackScope scope;
     numberContext.calcError = CalcErrorNone;
     evaluator.elementSize = SizeOfNumber();

@@ -1,7 +1,7 @@
 // FormulaEvaluator: the record of one evaluation of a formula, and the rows of its variables.
 //
 // Values are of the current number type and lie in slots of SizeOfNumber() bytes. The type and the
-// precision must not change during an evaluation. All memory comes from the ScratchStack of the
+// precision must not change during an evaluation. All memory is taken from the ScratchStack of the
 // calling thread.
 #pragma once
 
@@ -14,8 +14,8 @@
 
 namespace tallymere {
 
-/// A variable that a formula may use. It has no value of its own but the text of a formula, which
-/// is evaluated for each evaluation that uses it.
+/// A variable that a formula may use. It is the text of another formula. Each evaluation that uses
+/// the variable evaluates this text again.
 struct VariableRow {
     const char16_t* name;       ///< NUL-terminated
     const char16_t* valueText;  ///< NUL-terminated
@@ -44,7 +44,7 @@ struct FormulaEvaluator {
     int64_t top;                  ///< index of the top entry, -1 for an empty stack
     int64_t slotMark;             ///< highest index that has a value slot, -1 for none
     uint64_t elementSize;         ///< bytes of one value
-    uint32_t error;               ///< a FormulaError
+    uint32_t error;               ///< a FormulaError; the first one ends the evaluation
     uint64_t errorPosition;       ///< 1-based character position of the offending text
     uint64_t errorLength;         ///< its length in characters
     int64_t usedCount;            ///< rows of `usedVariables`
@@ -65,14 +65,16 @@ inline void SetFormulaError(FormulaEvaluator& evaluator, FormulaError error,
     SetFormulaError(evaluator, error, token.position, token.length);
 }
 
-/// Notes a dropped remainder unless the integer operation was exact; one that failed dropped none.
+/// Notes a dropped remainder unless the integer operation was exact. An operation that failed has
+/// dropped none.
 inline void NoteExactness(FormulaEvaluator& evaluator, bool exact) {
     if (!exact && numberContext.calcError == CalcErrorNone) {
         evaluator.inexactResult = true;
     }
 }
 
-/// Notes that the user stopped the calculation, which has no place in the text.
+/// Notes that the user stopped the calculation. This error has no place in the text: position 1,
+/// length 0.
 inline void SetFormulaAborted(FormulaEvaluator& evaluator) {
     SetFormulaError(evaluator, FormulaErrorAborted, 0, 0);
 }

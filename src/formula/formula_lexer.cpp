@@ -1,7 +1,5 @@
 #include "formula/formula_lexer.h"
 
-#include <string>
-
 #include "core/digit_text.h"
 #include "core/number_bases.h"
 #include "core/number_scanner.h"
@@ -53,13 +51,14 @@ uint64_t ReadSymbol(FormulaToken& token, const char16_t* text) {
             token.kind = TokenSeparator;
             return 1;
     }
-    if (const OperatorRow* row = FindSymbolOperator(text); row != nullptr) {
+    uint64_t length = 0;
+    if (const OperatorRow* row = FindSymbolOperator(text, &length); row != nullptr) {
         token.kind = TokenOperator;
         token.operation = row->id;
-        return std::char_traits<char16_t>::length(row->spelling);
+    } else {
+        token.kind = TokenInvalid;
     }
-    token.kind = TokenInvalid;
-    return 0;
+    return length;
 }
 
 // The index behind the number that starts with the digit at `start`.

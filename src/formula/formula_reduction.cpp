@@ -11,8 +11,8 @@ namespace tallymere {
 
 namespace {
 
-// True when an operator stands below the value on top and is applied before the one that comes. An
-// operator with the same spelling as a sign has the level of that sign.
+// True when an operator stands below the value on top and is applied before the one that comes. A
+// sign on the stack has the level of the operator with its spelling.
 bool BindsFirst(const FormulaEvaluator& evaluator, OperatorId coming) {
     if (StackKind(evaluator, 1) != TokenOperator) {
         return false;

@@ -1,9 +1,9 @@
 // The stack of the formula driver.
 //
-// Entries 0 to top hold a token, the place of its text, and a value slot. Slots are taken when
-// the stack reaches an index for the first time and stay with the stack: entries 0 to slotMark have
-// one each, though entries trade them. A new slot is cleared; one that is used again holds an old
-// number.
+// Entries 0 to top hold a token, the place of its text, and a value slot. A slot is taken when the
+// stack reaches an index for the first time, and it stays with the stack: entries 0 to slotMark
+// have one each. Two entries may exchange their slots. A new slot is cleared. A slot that is used
+// again holds its old number.
 #pragma once
 
 #include "core/contract.h"

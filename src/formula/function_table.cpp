@@ -15,6 +15,7 @@
 #include "formula/angles.h"
 #include "formula/complex_evaluation.h"
 #include "formula/formula_names.h"
+#include "formula/name_index.h"
 #include "formula/rational_evaluation.h"
 #include "formula/real_evaluation.h"
 #include "formula/uint_evaluation.h"
@@ -277,15 +278,6 @@ constexpr FunctionRow FunctionTable[FunctionCount] = {
 };
 // clang-format on
 
-const FunctionRow* FindFunction(const char16_t* text, uint64_t length) {
-    for (const FunctionRow& row : FunctionTable) {
-        if (NameEquals(row.name, text, length)) {
-            return &row;
-        }
-    }
-    return nullptr;
-}
-
 namespace {
 
 constexpr bool EveryIdHasItsRow() {
@@ -322,6 +314,17 @@ constexpr bool RulesOfCplxHaveTheRoutineOfReal() {
 }
 static_assert(RulesOfCplxHaveTheRoutineOfReal());
 
+constexpr auto Names = MakeNameIndex(FunctionTable, &FunctionRow::name);
+
 }  // namespace
+
+const FunctionRow* FindFunction(const char16_t* text, uint64_t length) {
+    for (size_t i = Names.FirstRow(text[0]); i != Names.End; i = Names.next[i]) {
+        if (NameEquals(FunctionTable[i].name, text, length)) {
+            return &FunctionTable[i];
+        }
+    }
+    return nullptr;
+}
 
 }  // namespace tallymere

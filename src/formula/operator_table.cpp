@@ -6,6 +6,7 @@
 #include "exact/big_uint_division.h"
 #include "formula/complex_operators.h"
 #include "formula/formula_names.h"
+#include "formula/name_index.h"
 #include "formula/rational_operators.h"
 #include "formula/real_operators.h"
 #include "formula/real_power.h"
@@ -100,35 +101,6 @@ constexpr OperatorRow OperatorTable[OperatorCount] = {
 };
 // clang-format on
 
-bool IsWordOperator(const OperatorRow& row) {
-    return IsNameLetter(row.spelling[0]);
-}
-
-const OperatorRow* FindWordOperator(const char16_t* text, uint64_t length) {
-    for (const OperatorRow& row : OperatorTable) {
-        if (NameEquals(row.spelling, text, length)) {
-            return &row;
-        }
-    }
-    return nullptr;
-}
-
-const OperatorRow* FindSymbolOperator(const char16_t* text) {
-    const OperatorRow* longest = nullptr;
-    uint64_t longestLength = 0;
-    for (const OperatorRow& row : OperatorTable) {
-        uint64_t length = 0;
-        while (row.spelling[length] != 0 && row.spelling[length] == text[length]) {
-            length++;
-        }
-        if (row.spelling[length] == 0 && length > longestLength) {
-            longest = &row;
-            longestLength = length;
-        }
-    }
-    return longest;
-}
-
 namespace {
 
 constexpr bool EveryIdHasItsRow() {
@@ -154,6 +126,38 @@ constexpr bool ALevelHasOneAssociativity() {
 }
 static_assert(ALevelHasOneAssociativity());
 
+constexpr auto Spellings = MakeNameIndex(OperatorTable, &OperatorRow::spelling);
+
 }  // namespace
+
+bool IsWordOperator(const OperatorRow& row) {
+    return IsNameLetter(row.spelling[0]);
+}
+
+const OperatorRow* FindWordOperator(const char16_t* text, uint64_t length) {
+    for (size_t i = Spellings.FirstRow(text[0]); i != Spellings.End; i = Spellings.next[i]) {
+        if (NameEquals(OperatorTable[i].spelling, text, length)) {
+            return &OperatorTable[i];
+        }
+    }
+    return nullptr;
+}
+
+const OperatorRow* FindSymbolOperator(const char16_t* text, uint64_t* length) {
+    const OperatorRow* longest = nullptr;
+    *length = 0;
+    for (size_t i = Spellings.FirstRow(text[0]); i != Spellings.End; i = Spellings.next[i]) {
+        const OperatorRow& row = OperatorTable[i];
+        uint64_t same = 0;
+        while (row.spelling[same] != 0 && row.spelling[same] == text[same]) {
+            same++;
+        }
+        if (row.spelling[same] == 0 && same > *length) {
+            longest = &row;
+            *length = same;
+        }
+    }
+    return longest;
+}
 
 }  // namespace tallymere

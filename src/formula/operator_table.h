@@ -55,7 +55,8 @@ bool IsWordOperator(const OperatorRow& row);
 /// The word operator with exactly these `length` characters, or null.
 const OperatorRow* FindWordOperator(const char16_t* text, uint64_t length);
 
-/// The longest operator of symbols that the NUL-terminated text begins with, or null.
-const OperatorRow* FindSymbolOperator(const char16_t* text);
+/// The longest operator of symbols that the NUL-terminated text begins with, and its length; null
+/// and 0 where there is none.
+const OperatorRow* FindSymbolOperator(const char16_t* text, uint64_t* length);
 
 }  // namespace tallymere

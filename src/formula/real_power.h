@@ -5,11 +5,11 @@
 
 namespace tallymere {
 
-/// a = a ^ b, rounded. An exponent that is an integer of the signed 64-bit range multiplies, and
-/// so takes negative bases; with the base 10 it makes an exact power of ten. Other exponents go
-/// through the exponentials to the bases 2 and 10, or through the logarithm of a. Codes as those
-/// routines set them; a power of ten outside the exponent range is an infinity (code 200 if
-/// reportOverflow) or a zero.
+/// a = a ^ b, rounded. Where b is an integer of the signed 64-bit range, the power is a product, so
+/// that negative bases have one, or an exact power of ten. For other exponents it is an exponential
+/// to the base 2 or 10, or it comes from the logarithm of a, which must be positive then. Codes are
+/// those of these routines. A power of ten above the exponent range is an infinity and, with
+/// reportOverflow, CalcErrorOverflow; one below the range is 0.
 void RealApplyPower(RealNumber* a, const RealNumber* b);
 
 }  // namespace tallymere

@@ -86,11 +86,15 @@ TEST(OperatorTable, HasOperatorsThatSomeTypeHas) {
 }
 
 TEST(FindSymbolOperator, TakesTheOneThatTheTextBeginsWith) {
-    EXPECT_EQ(FindSymbolOperator(u"+-")->id, OperatorId::Add);
-    EXPECT_EQ(FindSymbolOperator(u"^2")->id, OperatorId::Power);
-    EXPECT_EQ(FindSymbolOperator(u"2+"), nullptr);
-    EXPECT_EQ(FindSymbolOperator(u""), nullptr);
-    EXPECT_EQ(FindSymbolOperator(u"mo"), nullptr);
+    uint64_t length = 0;
+    EXPECT_EQ(FindSymbolOperator(u"+-", &length)->id, OperatorId::Add);
+    EXPECT_EQ(length, 1u);
+    EXPECT_EQ(FindSymbolOperator(u"^2", &length)->id, OperatorId::Power);
+    for (const char16_t* text : {u"2+", u"", u"mo", u"k"}) {
+        length = 7;
+        EXPECT_EQ(FindSymbolOperator(text, &length), nullptr) << Printable(text);
+        EXPECT_EQ(length, 0u);
+    }
 }
 
 TEST(FindWordOperator, TakesTheWholeWord) {
