@@ -1,10 +1,12 @@
 #include "shell/page_run_states.h"
 
 #include "core/contract.h"
+#include "core/number_setup.h"
 
 namespace tallymere {
 
 bool BeginPage(PageStates& states) {
+    TALLYMERE_REQUIRE(NumberSetupScopeCount() == 0);
     if (states.phase != PageIdle) {
         return false;
     }

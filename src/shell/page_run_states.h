@@ -71,7 +71,8 @@ struct PageStates {
     bool stopWasShown = false;  ///< in PageEnds: the run came from StopShown
 };
 
-/// PageIdle to PageStarts. Returns false and does nothing in any other state.
+/// PageIdle to PageStarts. Returns false and does nothing in any other state. No NumberSetupScope
+/// may live: its end would take the numbers away from under the run.
 bool BeginPage(PageStates& states);
 
 /// PageStarts to PageIdle: the input has an error.

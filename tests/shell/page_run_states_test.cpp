@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "core/contract.h"
+#include "core/number_setup.h"
+
 namespace tallymere {
 namespace {
 
@@ -143,6 +146,29 @@ TEST(PageStates, OthersAreShutOutFromTheStartToTheLeave) {
         EXPECT_FALSE(IsPageClosedToOthers(In(phase, {StopNever, LeavesAtOnce})));
     }
 }
+
+#ifdef TALLYMERE_CHECK_CONTRACTS
+
+TEST(PageStatesContract, NoRunBeginsWithinAScopeOfNumbers) {
+    const NumberSetupScope scope;
+    PageStates states;
+    EXPECT_DEATH(BeginPage(states), "NumberSetupScopeCount");
+}
+
+TEST(PageStatesContract, NoStepIsTakenFromAnotherState) {
+    for (const PagePhase phase : AllPhases) {
+        PageStates states = In(phase);
+        if (phase != PageStarts) {
+            EXPECT_DEATH(StartPage(states), "PageStarts");
+            EXPECT_DEATH(GiveUpPage(states), "PageStarts");
+        }
+        if (phase != PageEnds) {
+            EXPECT_DEATH(LeavePage(states), "PageEnds");
+        }
+    }
+}
+
+#endif
 
 }  // namespace
 }  // namespace tallymere

@@ -186,7 +186,6 @@ void StartPageRun(PageRun& run, const PageTask& task) {
     TALLYMERE_REQUIRE(run.page != nullptr);
     TALLYMERE_REQUIRE(task.numberSetup != nullptr && task.prepare != nullptr);
     TALLYMERE_REQUIRE(task.work != nullptr && task.finish != nullptr);
-    TALLYMERE_REQUIRE(NumberSetupScopeCount() == 0);
     if (!BeginPage(run.states)) {
         return;
     }

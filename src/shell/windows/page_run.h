@@ -93,7 +93,7 @@ bool HandlePageRun(PageRun& run, UINT message, WPARAM wParam, LPARAM lParam, boo
 
 /// Begins a run and comes back when it works, or has ended if there is an error in the input, if no
 /// thread can be made (UiErrorInternal) or if the page calculates on the UI thread. Does nothing
-/// unless the page is idle. No NumberSetupScope may live, since the run outlives it.
+/// unless the page is idle. No NumberSetupScope may live, see BeginPage.
 void StartPageRun(PageRun& run, const PageTask& task);
 
 /// Asks the run of a page that calculates to stop. Otherwise does nothing.
