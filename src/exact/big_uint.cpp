@@ -4,7 +4,9 @@
 #include <bit>
 #include <cstring>
 
+#include "core/contract.h"
 #include "core/wide_arithmetic.h"
+#include "exact/limb_division.h"
 
 namespace tallymere {
 
@@ -36,10 +38,12 @@ void ShiftRight(uint64_t* dest, const uint64_t* a, int64_t limbShift, int bits) 
 }  // namespace
 
 void BigUintClear(uint64_t* dest) {
+    TALLYMERE_REQUIRE(BigUintWidthIsWellFormed());
     std::fill_n(dest, numberContext.uintLimbs, uint64_t{0});
 }
 
 void BigUintCopy(uint64_t* dest, const uint64_t* src) {
+    TALLYMERE_REQUIRE(BigUintsAreSameOrApart(dest, src));
     if (dest != src) {
         std::copy_n(src, numberContext.uintLimbs, dest);
     }
@@ -56,6 +60,7 @@ void BigUintFromWord(uint64_t* dest, uint64_t k) {
 }
 
 int64_t BigUintLength(const uint64_t* a) {
+    TALLYMERE_REQUIRE(BigUintWidthIsWellFormed());
     int64_t length = numberContext.uintLimbs;
     while (length > 0 && a[length - 1] == 0) {
         length--;
@@ -72,6 +77,11 @@ bool BigUintWidthIsWellFormed() {
     const UintWidth width = CurrentUintWidth();
     return width.limbs >= 1 && width.limbs <= MaxWorkingUintLimbs && width.digits >= 0 &&
            width.digits <= UintWidthForLimbs(width.limbs).digits;
+}
+
+bool BigUintsAreSameOrApart(const uint64_t* a, const uint64_t* b) {
+    const int64_t n = numberContext.uintLimbs;
+    return a == b || UintLimbsAreApart(a, n, b, n);
 }
 
 bool BigUintIsZero(const uint64_t* a) {
@@ -91,6 +101,7 @@ bool BigUintFitsSigned(const uint64_t* a) {
 }
 
 int BigUintCompare(const uint64_t* a, const uint64_t* b) {
+    TALLYMERE_REQUIRE(BigUintWidthIsWellFormed());
     for (int64_t i = numberContext.uintLimbs - 1; i >= 0; i--) {
         if (a[i] != b[i]) {
             return a[i] < b[i] ? -1 : 1;
@@ -100,6 +111,8 @@ int BigUintCompare(const uint64_t* a, const uint64_t* b) {
 }
 
 void BigUintAdd(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
+    TALLYMERE_REQUIRE(BigUintWidthIsWellFormed());
+    TALLYMERE_REQUIRE(BigUintsAreSameOrApart(dest, a) && BigUintsAreSameOrApart(dest, b));
     uint64_t carry = 0;
     for (int64_t i = 0; i < numberContext.uintLimbs; i++) {
         const Wide sum = wide::Add(wide::Add({0, a[i]}, {0, b[i]}), {0, carry});
@@ -112,6 +125,8 @@ void BigUintAdd(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
 }
 
 void BigUintAddSmall(uint64_t* dest, const uint64_t* a, uint64_t k) {
+    TALLYMERE_REQUIRE(BigUintWidthIsWellFormed());
+    TALLYMERE_REQUIRE(BigUintsAreSameOrApart(dest, a));
     uint64_t carry = k;
     for (int64_t i = 0; i < numberContext.uintLimbs; i++) {
         dest[i] = a[i] + carry;
@@ -123,6 +138,8 @@ void BigUintAddSmall(uint64_t* dest, const uint64_t* a, uint64_t k) {
 }
 
 void BigUintSub(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
+    TALLYMERE_REQUIRE(BigUintWidthIsWellFormed());
+    TALLYMERE_REQUIRE(BigUintsAreSameOrApart(dest, a) && BigUintsAreSameOrApart(dest, b));
     uint64_t borrow = 0;
     for (int64_t i = 0; i < numberContext.uintLimbs; i++) {
         const Wide difference = wide::Subtract(wide::Subtract({0, a[i]}, {0, b[i]}), {0, borrow});
@@ -135,6 +152,8 @@ void BigUintSub(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
 }
 
 void BigUintSubOne(uint64_t* dest, const uint64_t* a) {
+    TALLYMERE_REQUIRE(BigUintWidthIsWellFormed());
+    TALLYMERE_REQUIRE(BigUintsAreSameOrApart(dest, a));
     uint64_t borrow = 1;
     for (int64_t i = 0; i < numberContext.uintLimbs; i++) {
         const uint64_t limb = a[i];
@@ -147,6 +166,7 @@ void BigUintSubOne(uint64_t* dest, const uint64_t* a) {
 }
 
 void BigUintResize(uint64_t* dest, int64_t destLimbs, const uint64_t* src, int64_t srcLimbs) {
+    TALLYMERE_REQUIRE(destLimbs >= 0 && srcLimbs >= 0);
     if (destLimbs == 0 || srcLimbs == 0) {
         SetCalcError(CalcErrorBadParameter);
         return;
@@ -162,6 +182,7 @@ void BigUintResize(uint64_t* dest, int64_t destLimbs, const uint64_t* src, int64
 }
 
 void BigUintShiftRightOut(uint64_t* dest, uint64_t* out, const uint64_t* a, uint64_t n) {
+    TALLYMERE_REQUIRE(BigUintWidthIsWellFormed());
     if (n > BitsPerUintLimb) {
         BigUintSetFailed(dest, CalcErrorUndefined);
         if (out != nullptr) {
@@ -179,6 +200,7 @@ void BigUintShiftRightOut(uint64_t* dest, uint64_t* out, const uint64_t* a, uint
 }
 
 void BigUintShiftRight(uint64_t* dest, const uint64_t* a, int64_t n) {
+    TALLYMERE_REQUIRE(BigUintWidthIsWellFormed());
     if (n < 0) {
         BigUintSetFailed(dest, CalcErrorUndefined);
         return;
@@ -192,6 +214,8 @@ void BigUintShiftRight(uint64_t* dest, const uint64_t* a, int64_t n) {
 }
 
 void BigUintShiftLeft(uint64_t* dest, const uint64_t* a, int64_t n, bool check) {
+    TALLYMERE_REQUIRE(BigUintWidthIsWellFormed());
+    TALLYMERE_REQUIRE(BigUintsAreSameOrApart(dest, a));
     if (n < 1 || n >= BitsPerUintLimb) {
         BigUintSetFailed(dest, CalcErrorUndefined);
         return;

@@ -30,6 +30,9 @@ inline constexpr int64_t MaxWorkingUintLimbs = 2 * MaxUintLimbs;
 /// pattern of bits is a value.
 bool BigUintWidthIsWellFormed();
 
+/// True when a and b are the same array, or do not overlap, at the width in force.
+bool BigUintsAreSameOrApart(const uint64_t* a, const uint64_t* b);
+
 void BigUintClear(uint64_t* dest);
 void BigUintCopy(uint64_t* dest, const uint64_t* src);
 
@@ -45,7 +48,8 @@ int64_t BigUintLength(const uint64_t* a);
 /// The index of the highest set bit, plus 1; 0 for a = 0.
 int64_t BigUintBitLength(const uint64_t* a);
 
-/// Bit `index` of a, 0 or 1; 0 <= index < 64 uintLimbs.
+/// Bit `index` of a, 0 or 1, for 0 <= index < 64 times the limbs of a. The width in force plays no
+/// part.
 inline uint64_t BigUintBit(const uint64_t* a, int64_t index) {
     return (a[index / BitsPerUintLimb] >> (index % BitsPerUintLimb)) & 1;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 
+#include "core/contract.h"
 #include "core/number_context.h"
 #include "core/scratch.h"
 #include "exact/big_uint.h"
@@ -53,6 +54,11 @@ uint64_t DivideLimbsByWord(uint64_t* quotient, const uint64_t* a, int64_t n, uin
 }  // namespace
 
 void BigUintDivide(uint64_t* quotient, uint64_t* remainder, const uint64_t* a, const uint64_t* b) {
+    TALLYMERE_REQUIRE(quotient == nullptr || quotient != remainder);
+    TALLYMERE_REQUIRE(quotient == nullptr ||
+                      (BigUintsAreSameOrApart(quotient, a) && BigUintsAreSameOrApart(quotient, b)));
+    TALLYMERE_REQUIRE(remainder == nullptr || (BigUintsAreSameOrApart(remainder, a) &&
+                                               BigUintsAreSameOrApart(remainder, b)));
     const int64_t la = BigUintLength(a);
     const int64_t lb = BigUintLength(b);
     if (lb <= 1) {
@@ -95,6 +101,8 @@ bool BigUintDivideExact(uint64_t* quotient, const uint64_t* a, const uint64_t* b
 
 void BigUintDivideSmall(uint64_t* quotient, uint64_t* remainder, const uint64_t* a, uint64_t d,
                         uint64_t reciprocal) {
+    TALLYMERE_REQUIRE(reciprocal == 0 || (d != 0 && reciprocal == DivisorReciprocal(d)));
+    TALLYMERE_REQUIRE(quotient == nullptr || BigUintsAreSameOrApart(quotient, a));
     const int64_t n = BigUintLength(a);
     uint64_t rest = 0;
     if (d == 0) {

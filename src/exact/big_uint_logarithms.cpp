@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 
+#include "core/contract.h"
 #include "core/number_context.h"
 #include "core/scratch.h"
 #include "core/wide_arithmetic.h"
@@ -39,11 +40,13 @@ uint64_t BinaryLogOf(uint64_t mantissa, int64_t exponent) {
 }  // namespace
 
 uint64_t BinaryLogSmall(uint64_t x) {
+    TALLYMERE_REQUIRE(x >= 1);
     const int exponent = HighestBit(x);
     return BinaryLogOf(x << (63 - exponent), exponent);
 }
 
 uint64_t BinaryLog(const uint64_t* x) {
+    TALLYMERE_REQUIRE(!BigUintIsZero(x));
     const int64_t length = BigUintLength(x);
     const int shift = 63 - HighestBit(x[length - 1]);
     const uint64_t below = length > 1 ? x[length - 2] : 0;

@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/contract.h"
 #include "core/scratch.h"
 #include "core/word_products.h"
 #include "exact/big_uint.h"
+#include "exact/limb_division.h"
 
 namespace tallymere {
 
@@ -28,12 +30,15 @@ void MultiplyLimbs(uint64_t* dest, const uint64_t* a, int64_t la, const uint64_t
 }  // namespace
 
 void BigUintMulSmall(uint64_t* dest, const uint64_t* a, uint64_t k) {
+    TALLYMERE_REQUIRE(BigUintWidthIsWellFormed());
+    TALLYMERE_REQUIRE(BigUintsAreSameOrApart(dest, a));
     if (MultiplyWords(dest, a, numberContext.uintLimbs, k) != 0) {
         BigUintSetFailed(dest, CalcErrorOverflow);
     }
 }
 
 void BigUintMul(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
+    TALLYMERE_REQUIRE(BigUintsAreSameOrApart(dest, a) && BigUintsAreSameOrApart(dest, b));
     const int64_t width = numberContext.uintLimbs;
     const int64_t la = BigUintLength(a);
     const int64_t lb = BigUintLength(b);
@@ -58,6 +63,10 @@ void BigUintMul(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
 }
 
 void BigUintMulFull(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
+    TALLYMERE_REQUIRE(dest == a || UintLimbsAreApart(dest, 2 * numberContext.uintLimbs, a,
+                                                     numberContext.uintLimbs));
+    TALLYMERE_REQUIRE(dest == b || UintLimbsAreApart(dest, 2 * numberContext.uintLimbs, b,
+                                                     numberContext.uintLimbs));
     const int64_t width = numberContext.uintLimbs;
     const int64_t la = BigUintLength(a);
     const int64_t lb = BigUintLength(b);

@@ -1,5 +1,6 @@
 #include "exact/big_uint_powers.h"
 
+#include "core/contract.h"
 #include "core/limb.h"
 #include "core/number_context.h"
 #include "core/scratch.h"
@@ -11,6 +12,7 @@ namespace tallymere {
 // Goes from the highest bit of e down. Every value on the way is a power of the base that is no
 // larger than the result. So nothing overflows unless the result does.
 bool BigUintPowerIfFits(uint64_t* dest, const uint64_t* base, int64_t e) {
+    TALLYMERE_REQUIRE(e >= 1);
     const CalcErrorScope codes;
     CoreScratchScope scratch;
     uint64_t* factor = scratch.Take(numberContext.uintLimbs);

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "core/contract.h"
 #include "core/digit_text.h"
 #include "core/digit_walk.h"
 #include "core/number_bases.h"
@@ -189,6 +190,7 @@ CalcError ReadInteger(uint64_t* dest, const char16_t* text, int64_t length, uint
 }  // namespace
 
 void BigUintFromText(uint64_t* dest, const char16_t* text, int64_t length, uint32_t flags) {
+    TALLYMERE_REQUIRE(length >= 0 || length == TextUntilZero);
     const CalcError code = ReadInteger(dest, text, length, flags);
     if (code != CalcErrorNone) {
         BigUintSetFailed(dest, code);

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "core/contract.h"
 #include "core/digit_format.h"
 #include "core/digit_text.h"
 #include "core/number_bases.h"
@@ -125,6 +126,7 @@ void BigUintWrite(TextWriter& writer, const uint64_t* a, uint32_t flags) {
 }
 
 int64_t BigUintToText(char16_t* buffer, int64_t capacity, const uint64_t* a, uint32_t flags) {
+    TALLYMERE_REQUIRE(buffer == nullptr || capacity >= 0);
     if (buffer == nullptr) {
         return BigUintTextLength(flags);
     }

@@ -3,6 +3,7 @@
 #include <bit>
 #include <utility>
 
+#include "core/contract.h"
 #include "core/wide_arithmetic.h"
 
 namespace tallymere {
@@ -38,6 +39,13 @@ Wide AddSigned(Wide x, uint64_t carry) {
     return wide::Add(x, {IsNegative({carry, 0}) ? ~uint64_t{0} : 0, carry});
 }
 
+bool IsAtLeast(LeadingLimbs x, LeadingLimbs y) {
+    if (x.high != y.high) {
+        return x.high > y.high;
+    }
+    return AtLeast({x.middle, x.low}, {y.middle, y.low});
+}
+
 }  // namespace
 
 bool LehmerFactorsAreWellFormed(const LehmerFactors& factors) {
@@ -62,6 +70,7 @@ bool LehmerFactorsAreWellFormed(const LehmerFactors& factors) {
 // sum of the factors of both. Both changes are below 2^64, so no remainder and no difference can
 // become 0 or negative.
 bool FindLehmerFactors(LehmerFactors& factors, LeadingLimbs x, LeadingLimbs y) {
+    TALLYMERE_REQUIRE(x.high > 0 && IsAtLeast(x, y));
     const int shift = std::countl_zero(x.high);
     Wide larger = LeadingPart(x, shift);
     Wide smaller = LeadingPart(y, shift);
@@ -108,6 +117,7 @@ bool FindLehmerFactors(LehmerFactors& factors, LeadingLimbs x, LeadingLimbs y) {
 // The factors are below 2^63. So a difference of two products, plus a signed carry, fits a signed
 // number of 128 bits.
 void ApplyLehmerFactors(uint64_t* x, uint64_t* y, int64_t n, const LehmerFactors& factors) {
+    TALLYMERE_REQUIRE(n >= 0 && LehmerFactorsAreWellFormed(factors));
     uint64_t carryX = 0;
     uint64_t carryY = 0;
     for (int64_t i = 0; i < n; i++) {
@@ -124,6 +134,7 @@ void ApplyLehmerFactors(uint64_t* x, uint64_t* y, int64_t n, const LehmerFactors
         carryX = newX.high;
         carryY = newY.high;
     }
+    TALLYMERE_REQUIRE(carryX == 0 && carryY == 0);
 }
 
 }  // namespace tallymere

@@ -1,5 +1,8 @@
 #include "exact/limb_division.h"
 
+#include <functional>
+
+#include "core/contract.h"
 #include "core/word_products.h"
 
 namespace tallymere {
@@ -68,9 +71,36 @@ void DivideByRows(uint64_t* quotient, uint64_t* r, int64_t m, const UintLimbDivi
     r[lower + 1] = high.high;
 }
 
+// True when the divisor's count of limbs at `limbs` is below the divisor.
+bool IsBelow(const uint64_t* limbs, const UintLimbDivisor& divisor) {
+    for (int64_t i = divisor.count - 1; i >= 0; i--) {
+        if (limbs[i] != divisor.limbs[i]) {
+            return limbs[i] < divisor.limbs[i];
+        }
+    }
+    return false;
+}
+
 }  // namespace
 
+bool UintLimbsAreApart(const uint64_t* a, int64_t aCount, const uint64_t* b, int64_t bCount) {
+    // std::less_equal orders the addresses of different arrays too.
+    return std::less_equal<>{}(a + aCount, b) || std::less_equal<>{}(b + bCount, a);
+}
+
+bool UintLimbDivisorIsWellFormed(const UintLimbDivisor& divisor) {
+    const int64_t n = divisor.count;
+    if (n < 1 || divisor.shift < 0 || divisor.shift > 63 || divisor.limbs[n - 1] >> 63 == 0) {
+        return false;
+    }
+    return divisor.reciprocal ==
+           (n == 1 ? WordReciprocal(divisor.limbs[0])
+                   : WideReciprocal({divisor.limbs[n - 1], divisor.limbs[n - 2]}));
+}
+
 uint64_t UintLimbsShiftLeft(uint64_t* dest, const uint64_t* src, int64_t n, int shift) {
+    TALLYMERE_REQUIRE(n >= 1 && shift >= 0 && shift <= 63);
+    TALLYMERE_REQUIRE(!std::less<>{}(dest, src) || UintLimbsAreApart(dest, n, src, n));
     // Two shifts, since one shift by 64 is undefined.
     const auto fromBelow = [shift](uint64_t limb) { return (limb >> 1) >> (63 - shift); };
     const uint64_t out = fromBelow(src[n - 1]);
@@ -82,6 +112,8 @@ uint64_t UintLimbsShiftLeft(uint64_t* dest, const uint64_t* src, int64_t n, int 
 }
 
 void UintLimbsShiftRight(uint64_t* dest, const uint64_t* src, int64_t n, int shift) {
+    TALLYMERE_REQUIRE(n >= 1 && shift >= 0 && shift <= 63);
+    TALLYMERE_REQUIRE(!std::less<>{}(src, dest) || UintLimbsAreApart(dest, n, src, n));
     const auto fromAbove = [shift](uint64_t limb) { return (limb << 1) << (63 - shift); };
     for (int64_t i = 0; i + 1 < n; i++) {
         dest[i] = (src[i] >> shift) | fromAbove(src[i + 1]);
@@ -90,6 +122,7 @@ void UintLimbsShiftRight(uint64_t* dest, const uint64_t* src, int64_t n, int shi
 }
 
 uint64_t UintLimbsAddProduct(uint64_t* r, const uint64_t* b, int64_t n, uint64_t k) {
+    TALLYMERE_REQUIRE(n >= 0);
     if (n >= LongRow) {
         return MultiplyAddWords(r, b, n, k);
     }
@@ -97,6 +130,7 @@ uint64_t UintLimbsAddProduct(uint64_t* r, const uint64_t* b, int64_t n, uint64_t
 }
 
 uint64_t UintLimbsSubtract(uint64_t* r, const uint64_t* b, int64_t n) {
+    TALLYMERE_REQUIRE(n >= 0);
     uint64_t borrow = 0;
     for (int64_t i = 0; i < n; i++) {
         const Wide difference = wide::Subtract(wide::Subtract({0, r[i]}, {0, b[i]}), {0, borrow});
@@ -107,6 +141,7 @@ uint64_t UintLimbsSubtract(uint64_t* r, const uint64_t* b, int64_t n) {
 }
 
 UintLimbDivisor PrepareDivisor(uint64_t* store, const uint64_t* b, int64_t n) {
+    TALLYMERE_REQUIRE(n >= 1 && b[n - 1] != 0);
     const int shift = 63 - HighestBit(b[n - 1]);
     UintLimbsShiftLeft(store, b, n, shift);
     const uint64_t reciprocal =
@@ -115,6 +150,9 @@ UintLimbDivisor PrepareDivisor(uint64_t* store, const uint64_t* b, int64_t n) {
 }
 
 void UintLimbsDivide(uint64_t* quotient, uint64_t* r, int64_t m, const UintLimbDivisor& divisor) {
+    TALLYMERE_REQUIRE(UintLimbDivisorIsWellFormed(divisor));
+    TALLYMERE_REQUIRE(m >= 0 && IsBelow(r + m, divisor));
+    TALLYMERE_REQUIRE(quotient == nullptr || UintLimbsAreApart(quotient, m, r, m + divisor.count));
     if (divisor.count == 1) {
         DivideByOneLimb(quotient, r, m, divisor);
     } else {

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 
+#include "core/contract.h"
 #include "core/limb.h"
 
 namespace tallymere {
@@ -14,6 +15,7 @@ namespace tallymere {
 /// floor((2^192 - 1) / d) - 2^64 for a d with its highest bit set.
 /// Method: Moller and Granlund, "Improved division by invariant integers", algorithm 6.
 constexpr uint64_t WideReciprocal(Wide d) {
+    TALLYMERE_REQUIRE(d.high >> 63 != 0);
     uint64_t reciprocal = WordReciprocal(d.high);
     uint64_t rest = d.high * reciprocal + d.low;
     if (rest < d.low) {
@@ -45,6 +47,7 @@ struct WideQuotient {
 /// `reciprocal` is WideReciprocal(d).
 /// Method: Moller and Granlund, algorithm 5.
 constexpr WideQuotient DivideByWide(Wide high, uint64_t low, Wide d, uint64_t reciprocal) {
+    TALLYMERE_REQUIRE(d.high >> 63 != 0 && !AtLeast(high, d));
     const Wide estimate = wide::Add(wide::Multiply(reciprocal, high.high), high);
     uint64_t quotient = estimate.high + 1;
     Wide remainder = {high.low - estimate.high * d.high, low};
@@ -60,6 +63,9 @@ constexpr WideQuotient DivideByWide(Wide high, uint64_t low, Wide d, uint64_t re
     }
     return {quotient, remainder};
 }
+
+/// True when aCount limbs at a and bCount limbs at b do not overlap; no count is negative.
+bool UintLimbsAreApart(const uint64_t* a, int64_t aCount, const uint64_t* b, int64_t bCount);
 
 /// Shifts n limbs left by `shift` bits, n >= 1, 0 <= shift <= 63. Returns the bits that leave at
 /// the top. dest may be src, or overlap it from above.
@@ -82,6 +88,9 @@ struct UintLimbDivisor {
     int shift;              ///< 0 to 63
     uint64_t reciprocal;    ///< WideReciprocal of the highest two limbs; WordReciprocal of one
 };
+
+/// True when the record has the invariants above.
+bool UintLimbDivisorIsWellFormed(const UintLimbDivisor& divisor);
 
 /// Prepares the divisor b of n limbs, n >= 1. Its highest limb is not 0. The shifted limbs go to
 /// `store`, which has room for n limbs, may be b, and must live as long as the result.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/contract.h"
 #include "core/limb_columns.h"
 #include "core/scratch.h"
 
@@ -144,6 +145,7 @@ bool GrowingIntegerIsWellFormed(const GrowingInteger& x) {
 }
 
 int64_t WordsToDecimalLimbs(Limb* end, const uint64_t* words, int64_t m) {
+    TALLYMERE_REQUIRE(m >= 0);
     Halving halving = {m, {}};
     int halvings = 0;
     while (halving.part > DirectWords) {
@@ -160,6 +162,7 @@ int64_t WordsToDecimalLimbs(Limb* end, const uint64_t* words, int64_t m) {
 }
 
 bool MultiplyAdd(GrowingInteger& x, uint64_t factor, uint64_t addend) {
+    TALLYMERE_REQUIRE(GrowingIntegerIsWellFormed(x) && factor >= 1);
     for (int64_t i = 0; i < x.length; i++) {
         const Wide sum = wide::Add(wide::Multiply(x.words[i], factor), {0, addend});
         x.words[i] = sum.low;
@@ -176,6 +179,7 @@ bool MultiplyAdd(GrowingInteger& x, uint64_t factor, uint64_t addend) {
 }
 
 bool AppendDecimalLimbs(GrowingInteger& x, const Limb* limbs, int64_t count) {
+    TALLYMERE_REQUIRE(GrowingIntegerIsWellFormed(x) && count >= 0);
     while (count > 0) {
         if (count >= LimbsPerPass && x.capacity - x.length >= LimbsPerPass) {
             TakeInDecimalLimbs(x, limbs);
@@ -193,6 +197,7 @@ bool AppendDecimalLimbs(GrowingInteger& x, const Limb* limbs, int64_t count) {
 }
 
 bool MultiplyByPowerOfTen(GrowingInteger& x, uint64_t places) {
+    TALLYMERE_REQUIRE(GrowingIntegerIsWellFormed(x));
     constexpr Limb zeros[LimbsPerPass] = {};
     if (x.length == 0) {
         return true;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "core/contract.h"
 #include "core/scratch.h"
 #include "exact/big_uint.h"
 #include "exact/big_uint_division.h"
@@ -64,6 +65,7 @@ void ReduceBySmall(uint64_t* a, uint64_t* k) {
 }  // namespace
 
 void ReduceFraction(uint64_t* numerator, uint64_t* denominator) {
+    TALLYMERE_REQUIRE(numerator != denominator && BigUintsAreSameOrApart(numerator, denominator));
     if (BigUintIsWord(denominator, 1)) {
         return;
     }
@@ -86,6 +88,8 @@ void ReduceFraction(uint64_t* numerator, uint64_t* denominator) {
 
 void RationalAddSub(RationalNumber* dest, const RationalNumber* a, const RationalNumber* b,
                     bool subtract) {
+    TALLYMERE_REQUIRE(RationalHasValue(a) && RationalHasValue(b));
+    TALLYMERE_REQUIRE(RationalsAreSameOrApart(dest, a) && RationalsAreSameOrApart(dest, b));
     const uint64_t signA = RationalSign(a);
     const uint64_t signB = RationalSign(b) ^ (subtract ? 1 : 0);
     CalcErrorScope codes;
@@ -116,6 +120,8 @@ void RationalAddSub(RationalNumber* dest, const RationalNumber* a, const Rationa
 
 void RationalMulDiv(RationalNumber* dest, const RationalNumber* a, const RationalNumber* b,
                     bool divide) {
+    TALLYMERE_REQUIRE(RationalHasValue(a) && RationalHasValue(b));
+    TALLYMERE_REQUIRE(RationalsAreSameOrApart(dest, a) && RationalsAreSameOrApart(dest, b));
     const uint64_t sign = RationalSign(a) ^ RationalSign(b);
     CalcErrorScope codes;
     if (divide && RationalIsZero(b)) {
@@ -135,6 +141,8 @@ void RationalMulDiv(RationalNumber* dest, const RationalNumber* a, const Rationa
 }
 
 void RationalScaleSmall(RationalNumber* dest, const RationalNumber* a, uint64_t k, uint64_t d) {
+    TALLYMERE_REQUIRE(RationalHasValue(a) && RationalsAreSameOrApart(dest, a));
+    TALLYMERE_REQUIRE(std::gcd(k, d) == 1);
     CalcErrorScope codes;
     RationalCopy(dest, a);
     dest->sign = RationalSign(a);

@@ -55,10 +55,11 @@ void RationalDivMod(RationalNumber* quotient, RationalNumber* remainder, const R
 /// dest = 1 / a. CalcErrorExactDivisionByZero for a = 0.
 void RationalReciprocal(RationalNumber* dest, const RationalNumber* a);
 
-/// dest = the integer part of a: its fraction is dropped, its sign stays.
+/// dest = the integer part of a: its fraction is dropped, its sign stays. A denominator of 0 gives
+/// +0/1 and CalcErrorExactDivisionByZero.
 void RationalTrunc(RationalNumber* dest, const RationalNumber* a);
 
-/// dest = a - trunc(a). The sign of a stays.
+/// dest = a - trunc(a). The sign of a stays. A denominator of 0 as for RationalTrunc.
 void RationalFraction(RationalNumber* dest, const RationalNumber* a);
 
 /// -1, 0 or 1 as a is below, equal to or above b. With `ignoreSign` it compares |a| with |b|. Zeros

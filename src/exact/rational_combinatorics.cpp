@@ -1,5 +1,6 @@
 #include "exact/rational_combinatorics.h"
 
+#include "core/contract.h"
 #include "core/scratch.h"
 #include "exact/big_uint.h"
 #include "exact/big_uint_combinatorics.h"
@@ -85,6 +86,8 @@ void RationalFactorial(RationalNumber* dest, const RationalNumber* n) {
 
 void RationalBinomial(RationalNumber* dest, const RationalNumber* n, const RationalNumber* k,
                       bool falling) {
+    TALLYMERE_REQUIRE(RationalHasValue(n) && RationalHasValue(k));
+    TALLYMERE_REQUIRE(RationalsAreSameOrApart(dest, n) && RationalsAreSameOrApart(dest, k));
     CalcErrorScope codes;
     uint64_t count = 0;
     if (IsNaturalOrZero(n) && IsNaturalOrZero(k)) {

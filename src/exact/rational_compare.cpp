@@ -1,3 +1,4 @@
+#include "core/contract.h"
 #include "core/scratch.h"
 #include "exact/big_uint.h"
 #include "exact/big_uint_division.h"
@@ -45,6 +46,7 @@ int CompareMagnitudes(const RationalNumber* a, const RationalNumber* b) {
 }  // namespace
 
 int RationalCompare(const RationalNumber* a, const RationalNumber* b, bool ignoreSign) {
+    TALLYMERE_REQUIRE(RationalHasValue(a) && RationalHasValue(b));
     const uint64_t signA = ignoreSign ? 0 : RationalSign(a);
     const uint64_t signB = ignoreSign ? 0 : RationalSign(b);
     if (signA == signB) {
@@ -65,6 +67,7 @@ int RationalCompareSmall(const RationalNumber* a, uint64_t k, bool negative) {
 }
 
 bool RationalToUnsigned(uint64_t* out, const RationalNumber* a, uint32_t flags) {
+    TALLYMERE_REQUIRE(RationalHasValue(a));
     *out = 0;
     if ((flags & AllowFraction) == 0 && !RationalIsInteger(a)) {
         return false;

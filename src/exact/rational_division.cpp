@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "core/contract.h"
 #include "core/scratch.h"
 #include "exact/big_uint.h"
 #include "exact/big_uint_division.h"
@@ -49,6 +50,12 @@ void DivideFractions(RationalNumber* quotient, RationalNumber* remainder, uint64
 
 void RationalDivMod(RationalNumber* quotient, RationalNumber* remainder, const RationalNumber* a,
                     const RationalNumber* b) {
+    TALLYMERE_REQUIRE(RationalHasValue(a) && RationalHasValue(b));
+    TALLYMERE_REQUIRE(quotient == nullptr || quotient != remainder);
+    TALLYMERE_REQUIRE(quotient == nullptr || (RationalsAreSameOrApart(quotient, a) &&
+                                              RationalsAreSameOrApart(quotient, b)));
+    TALLYMERE_REQUIRE(remainder == nullptr || (RationalsAreSameOrApart(remainder, a) &&
+                                               RationalsAreSameOrApart(remainder, b)));
     CalcErrorScope codes;
     const uint64_t sign = RationalSign(a) ^ RationalSign(b);
     if (RationalIsZero(b)) {
@@ -74,6 +81,7 @@ void RationalDivMod(RationalNumber* quotient, RationalNumber* remainder, const R
 }
 
 void RationalReciprocal(RationalNumber* dest, const RationalNumber* a) {
+    TALLYMERE_REQUIRE(RationalHasValue(a) && RationalsAreSameOrApart(dest, a));
     CalcErrorScope codes;
     if (RationalIsZero(a)) {
         SetCalcError(CalcErrorExactDivisionByZero);
@@ -87,6 +95,7 @@ void RationalReciprocal(RationalNumber* dest, const RationalNumber* a) {
 }
 
 void RationalTrunc(RationalNumber* dest, const RationalNumber* a) {
+    TALLYMERE_REQUIRE(RationalsAreSameOrApart(dest, a));
     CalcErrorScope codes;
     dest->sign = RationalSign(a);
     BigUintDivide(RationalNumerator(dest), nullptr, RationalNumerator(a), RationalDenominator(a));
@@ -95,6 +104,7 @@ void RationalTrunc(RationalNumber* dest, const RationalNumber* a) {
 }
 
 void RationalFraction(RationalNumber* dest, const RationalNumber* a) {
+    TALLYMERE_REQUIRE(RationalsAreSameOrApart(dest, a));
     CalcErrorScope codes;
     dest->sign = RationalSign(a);
     BigUintDivide(nullptr, RationalNumerator(dest), RationalNumerator(a), RationalDenominator(a));

@@ -1,8 +1,10 @@
 #include "exact/rational_number.h"
 
+#include "core/contract.h"
 #include "core/scratch.h"
 #include "exact/big_uint.h"
 #include "exact/big_uint_gcd.h"
+#include "exact/limb_division.h"
 
 namespace tallymere {
 
@@ -22,12 +24,14 @@ void RationalFailOnCode(RationalNumber* dest) {
 }
 
 void RationalFromWord(RationalNumber* dest, uint64_t k, uint64_t sign) {
+    TALLYMERE_REQUIRE(sign <= 1);
     dest->sign = sign;
     BigUintFromWord(RationalNumerator(dest), k);
     BigUintFromWord(RationalDenominator(dest), 1);
 }
 
 void RationalCopy(RationalNumber* dest, const RationalNumber* src) {
+    TALLYMERE_REQUIRE(RationalsAreSameOrApart(dest, src));
     dest->sign = src->sign;
     BigUintCopy(RationalNumerator(dest), RationalNumerator(src));
     BigUintCopy(RationalDenominator(dest), RationalDenominator(src));
@@ -42,7 +46,15 @@ bool RationalIsZero(const RationalNumber* q) {
 }
 
 bool RationalIsWellFormed(const RationalNumber* q) {
-    return q->sign <= 1 && !BigUintIsZero(RationalDenominator(q));
+    return q->sign <= 1 && RationalHasValue(q);
+}
+
+bool RationalHasValue(const RationalNumber* q) {
+    return !BigUintIsZero(RationalDenominator(q));
+}
+
+bool RationalsAreSameOrApart(const RationalNumber* a, const RationalNumber* b) {
+    return a == b || UintLimbsAreApart(&a->sign, RationalWords(), &b->sign, RationalWords());
 }
 
 bool RationalIsInLowestTerms(const RationalNumber* q) {

@@ -8,8 +8,10 @@
 //
 // Lowest terms: numerator and denominator have no common factor, so a zero has the denominator 1.
 // Every result is in lowest terms, with one exception: a power with a fraction as exponent
-// (exact/rational_powers.h). Operations that rational_arithmetic.h names keep the common factor of
-// such an operand.
+// (exact/rational_powers.h). An operation on such an operand may keep its common factor.
+//
+// Operations read only the lowest bit of a sign word and write 0 or 1. An operand must have a
+// denominator other than 0, unless an operation says what it does without one.
 //
 // The caller owns the memory of a record: RationalWords() words, anywhere. Destinations come first.
 // They may be operands, but may not overlap one in part. CoreScratch has room for the operations at
@@ -71,6 +73,7 @@ void RationalFailOnCode(RationalNumber* dest);
 /// dest = k/1 with a sign word of 0 or 1.
 void RationalFromWord(RationalNumber* dest, uint64_t k, uint64_t sign);
 
+/// Copies all words as they are, also those of a record that is not well-formed.
 void RationalCopy(RationalNumber* dest, const RationalNumber* src);
 
 /// Flips the sign, also of a zero.
@@ -83,6 +86,12 @@ bool RationalIsInteger(const RationalNumber* q);
 
 /// True when the record has the invariant above: a sign word of 0 or 1, a denominator other than 0.
 bool RationalIsWellFormed(const RationalNumber* q);
+
+/// True when the denominator is not 0, so that the record denotes a number.
+bool RationalHasValue(const RationalNumber* q);
+
+/// True when a and b are the same record, or do not overlap.
+bool RationalsAreSameOrApart(const RationalNumber* a, const RationalNumber* b);
 
 /// True when numerator and denominator have no common factor. Takes the time of a greatest common
 /// divisor.

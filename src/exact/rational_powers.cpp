@@ -1,5 +1,6 @@
 #include "exact/rational_powers.h"
 
+#include "core/contract.h"
 #include "core/limb.h"
 #include "core/scratch.h"
 #include "exact/big_uint.h"
@@ -66,6 +67,8 @@ void PowerOfSmall(RationalNumber* dest, const RationalNumber* e,
 }  // namespace
 
 void RationalPower(RationalNumber* dest, const RationalNumber* base, const RationalNumber* e) {
+    TALLYMERE_REQUIRE(RationalHasValue(base) && RationalHasValue(e));
+    TALLYMERE_REQUIRE(RationalsAreSameOrApart(dest, base) && RationalsAreSameOrApart(dest, e));
     CalcErrorScope codes;
     CoreScratchScope scratch;
     const Exponent exponent = TakeExponent(scratch, e);
@@ -89,6 +92,7 @@ void RationalPower(RationalNumber* dest, const RationalNumber* base, const Ratio
 }
 
 void RationalPowerSmall(RationalNumber* dest, const RationalNumber* base, int64_t e) {
+    TALLYMERE_REQUIRE(RationalHasValue(base) && RationalsAreSameOrApart(dest, base));
     CalcErrorScope codes;
     CoreScratchScope scratch;
     uint64_t* p = scratch.Take(numberContext.uintLimbs);
@@ -108,6 +112,7 @@ void RationalPowerOfTen(RationalNumber* dest, const RationalNumber* e) {
 }
 
 void RationalSquareRoot(RationalNumber* dest, const RationalNumber* x) {
+    TALLYMERE_REQUIRE(RationalHasValue(x) && RationalsAreSameOrApart(dest, x));
     CalcErrorScope codes;
     if (IsNegative(x) || !BigUintSquareRoot(RationalNumerator(dest), RationalNumerator(x)) ||
         !BigUintSquareRoot(RationalDenominator(dest), RationalDenominator(x))) {
@@ -118,6 +123,7 @@ void RationalSquareRoot(RationalNumber* dest, const RationalNumber* x) {
 }
 
 void RationalCubeRoot(RationalNumber* dest, const RationalNumber* x) {
+    TALLYMERE_REQUIRE(RationalHasValue(x) && RationalsAreSameOrApart(dest, x));
     CalcErrorScope codes;
     if (!BigUintRootSmall(RationalNumerator(dest), 3, RationalNumerator(x)) ||
         !BigUintRootSmall(RationalDenominator(dest), 3, RationalDenominator(x))) {
@@ -128,6 +134,8 @@ void RationalCubeRoot(RationalNumber* dest, const RationalNumber* x) {
 }
 
 void RationalRoot(RationalNumber* dest, const RationalNumber* n, const RationalNumber* x) {
+    TALLYMERE_REQUIRE(RationalHasValue(n) && RationalHasValue(x));
+    TALLYMERE_REQUIRE(RationalsAreSameOrApart(dest, n) && RationalsAreSameOrApart(dest, x));
     CalcErrorScope codes;
     CoreScratchScope scratch;
     const Exponent degree = TakeExponent(scratch, n);
@@ -144,6 +152,8 @@ void RationalRoot(RationalNumber* dest, const RationalNumber* n, const RationalN
 }
 
 void RationalLog(RationalNumber* dest, const RationalNumber* base, const RationalNumber* x) {
+    TALLYMERE_REQUIRE(RationalHasValue(base) && RationalHasValue(x));
+    TALLYMERE_REQUIRE(RationalsAreSameOrApart(dest, base) && RationalsAreSameOrApart(dest, x));
     CalcErrorScope codes;
     const bool whole = RationalIsInteger(x);
     const uint64_t* power = whole ? RationalNumerator(x) : RationalDenominator(x);

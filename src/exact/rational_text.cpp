@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/contract.h"
 #include "core/digit_format.h"
 #include "core/number_scanner.h"
 #include "exact/big_uint.h"
@@ -51,6 +52,7 @@ void ReadRational(RationalNumber* dest, const char16_t* text, const char16_t* en
 }  // namespace
 
 void RationalFromText(RationalNumber* dest, const char16_t* text, int64_t length, uint32_t flags) {
+    TALLYMERE_REQUIRE(length >= 0 || length == TextUntilZero);
     CalcErrorScope codes;
     const NumberScanner stripped = MakeNumberScanner(text, length, flags, 10);
     ReadRational(dest, stripped.text, stripped.text + stripped.length, flags);
@@ -59,6 +61,7 @@ void RationalFromText(RationalNumber* dest, const char16_t* text, int64_t length
 
 int64_t RationalToText(char16_t* buffer, int64_t capacity, const RationalNumber* q,
                        uint32_t flags) {
+    TALLYMERE_REQUIRE(buffer == nullptr || capacity >= 0);
     if (buffer == nullptr) {
         return 2 * BigUintTextLength(flags) + 2;
     }

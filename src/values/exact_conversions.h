@@ -25,10 +25,16 @@ void BigUintFromReal(uint64_t* dest, int64_t m, const RealNumber* x);
 /// The guard digits with which RealFromRational divides.
 inline constexpr int64_t RationalQuotientGuardDigits = 2;
 
-/// dest = q, divided with RationalQuotientGuardDigits guard digits and rounded once. A zero keeps
-/// its sign. Error bound: half a unit in the last digit, while both parts of q have at most as many
-/// digits as the precision and the guard digits together. A longer part is cut to these before the
-/// division, and the last digit of the result may be off by one.
+/// The relative error of that quotient before it is rounded, in units of
+/// 10^-(p + RationalQuotientGuardDigits), where p is the precision. The quotient is less than
+/// ...Below under the true one and less than ...Above over it.
+inline constexpr int64_t RationalQuotientErrorBelow = 41;
+inline constexpr int64_t RationalQuotientErrorAbove = 21;
+
+/// dest = q, rounded once. A zero keeps its sign. An integer is rounded correctly. Any other q is
+/// divided with RationalQuotientGuardDigits guard digits, and with the error that
+/// RationalQuotientErrorBelow and ...Above state. So the last digit may be off by one. A
+/// denominator of 0 divides like the real number 0.
 void RealFromRational(RealNumber* dest, const RationalNumber* q);
 
 /// dest = x, a BigUint of `limbs` limbs. A zero of either sign gives 0. CalcErrorUndefined and 0

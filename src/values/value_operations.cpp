@@ -58,10 +58,11 @@ uint64_t SizeOfNumber() {
             return uintBytes;
         case NumberTypeRational:
             return 2 * uintBytes + 8;
-        default:
-            SetCalcError(CalcErrorUnknownType);
-            return 0;
+        case NumberTypeNone:
+            break;
     }
+    SetCalcError(CalcErrorUnknownType);
+    return 0;
 }
 
 void ValueCopy(uint64_t* dest, const uint64_t* source) {
@@ -78,10 +79,11 @@ int ValueCompare(const uint64_t* a, const uint64_t* b, bool ignoreSign) {
             return BigUintCompare(a, b);
         case NumberTypeRational:
             return RationalCompare(RationalAt(a), RationalAt(b), ignoreSign);
-        default:
-            SetCalcError(CalcErrorUnknownType);
-            return 1;
+        case NumberTypeNone:
+            break;
     }
+    SetCalcError(CalcErrorUnknownType);
+    return 1;
 }
 
 int ValueCompareSmall(const uint64_t* a, int64_t k) {
@@ -94,10 +96,11 @@ int ValueCompareSmall(const uint64_t* a, int64_t k) {
             return BigUintCompareSmall(a, k);
         case NumberTypeRational:
             return RationalCompareSmall(RationalAt(a), IntegerMagnitude(k), k < 0);
-        default:
-            SetCalcError(CalcErrorUnknownType);
-            return 1;
+        case NumberTypeNone:
+            break;
     }
+    SetCalcError(CalcErrorUnknownType);
+    return 1;
 }
 
 bool ValueIsZero(const uint64_t* a) {
@@ -110,30 +113,32 @@ bool ValueIsZero(const uint64_t* a) {
             return BigUintIsZero(a);
         case NumberTypeRational:
             return RationalIsZero(RationalAt(a));
-        default:
-            SetCalcError(CalcErrorUnknownType);
-            return false;
+        case NumberTypeNone:
+            break;
     }
+    SetCalcError(CalcErrorUnknownType);
+    return false;
 }
 
 void ValueAbs(uint64_t* dest, const uint64_t* source) {
     switch (numberContext.numberType) {
         case NumberTypeReal:
             RealAbs(RealAt(dest), RealAt(source));
-            break;
+            return;
         case NumberTypeComplex:
             ComplexAbs(ComplexAt(dest), ComplexAt(source));
-            break;
+            return;
         case NumberTypeUint:
             BigUintCopy(dest, source);
-            break;
+            return;
         case NumberTypeRational:
             RationalCopy(RationalAt(dest), RationalAt(source));
             RationalAt(dest)->sign = 0;
+            return;
+        case NumberTypeNone:
             break;
-        default:
-            ValueSetUnavailable(dest);
     }
+    ValueSetUnavailable(dest);
 }
 
 void ValueNegate(uint64_t* dest, const uint64_t* source) {
@@ -141,93 +146,100 @@ void ValueNegate(uint64_t* dest, const uint64_t* source) {
         case NumberTypeReal:
             RealCopy(RealAt(dest), RealAt(source));
             RealNegate(RealAt(dest));
-            break;
+            return;
         case NumberTypeComplex:
             ComplexCopy(ComplexAt(dest), ComplexAt(source));
             ComplexNegate(ComplexAt(dest));
-            break;
+            return;
         case NumberTypeRational:
             RationalCopy(RationalAt(dest), RationalAt(source));
             RationalNegate(RationalAt(dest));
+            return;
+        case NumberTypeUint:
+        case NumberTypeNone:
             break;
-        default:
-            ValueSetUnavailable(dest);
     }
+    ValueSetUnavailable(dest);
 }
 
 void ValueDivideSmall(uint64_t* dest, const uint64_t* source, uint64_t k) {
     switch (numberContext.numberType) {
         case NumberTypeReal:
             RealRound(RealAt(dest), RealDivUint(RealAt(dest), RealAt(source), k));
-            break;
+            return;
         case NumberTypeComplex:
             ComplexDivUint(ComplexAt(dest), ComplexAt(source), k);
-            break;
+            return;
         case NumberTypeRational:
             RationalDivSmall(RationalAt(dest), RationalAt(source), k);
+            return;
+        case NumberTypeUint:
+        case NumberTypeNone:
             break;
-        default:
-            ValueSetUnavailable(dest);
     }
+    ValueSetUnavailable(dest);
 }
 
 void ValueFromInteger(uint64_t* dest, int64_t k) {
     switch (numberContext.numberType) {
         case NumberTypeReal:
             RealFromInt(RealAt(dest), k);
-            break;
+            return;
         case NumberTypeComplex:
             RealFromInt(RealPart(ComplexAt(dest)), k);
             ComplexClearImaginaryPart(ComplexAt(dest));
-            break;
+            return;
         case NumberTypeUint:
             BigUintFromSigned(dest, k);
-            break;
+            return;
         case NumberTypeRational:
             RationalFromWord(RationalAt(dest), IntegerMagnitude(k), k < 0 ? 1 : 0);
+            return;
+        case NumberTypeNone:
             break;
-        default:
-            ValueSetUnavailable(dest);
     }
+    ValueSetUnavailable(dest);
 }
 
 void ValueFromUnsigned(uint64_t* dest, uint64_t k) {
     switch (numberContext.numberType) {
         case NumberTypeReal:
             RealRound(RealAt(dest), RealFromUint(RealAt(dest), k));
-            break;
+            return;
         case NumberTypeComplex:
             RealRound(RealPart(ComplexAt(dest)), RealFromUint(RealPart(ComplexAt(dest)), k));
             ComplexClearImaginaryPart(ComplexAt(dest));
-            break;
+            return;
         case NumberTypeUint:
             BigUintFromWord(dest, k);
-            break;
+            return;
         case NumberTypeRational:
             RationalFromWord(RationalAt(dest), k, 0);
+            return;
+        case NumberTypeNone:
             break;
-        default:
-            ValueSetUnavailable(dest);
     }
+    ValueSetUnavailable(dest);
 }
 
 void ValueZero(uint64_t* dest) {
     switch (numberContext.numberType) {
         case NumberTypeReal:
             RealSetZero(RealAt(dest), 0);
-            break;
+            return;
         case NumberTypeComplex:
             ComplexSetZero(ComplexAt(dest), 0);
-            break;
+            return;
         case NumberTypeUint:
             BigUintClear(dest);
-            break;
+            return;
         case NumberTypeRational:
             RationalSetZero(RationalAt(dest));
+            return;
+        case NumberTypeNone:
             break;
-        default:
-            SetCalcError(CalcErrorUnknownType);
     }
+    SetCalcError(CalcErrorUnknownType);
 }
 
 void ValueSetInvalid(uint64_t* dest) {
@@ -247,14 +259,17 @@ void ValuePi(uint64_t* dest) {
     switch (numberContext.numberType) {
         case NumberTypeReal:
             RealPi(RealAt(dest));
-            break;
+            return;
         case NumberTypeComplex:
             RealPi(RealPart(ComplexAt(dest)));
             ComplexClearImaginaryPart(ComplexAt(dest));
+            return;
+        case NumberTypeUint:
+        case NumberTypeRational:
+        case NumberTypeNone:
             break;
-        default:
-            ValueSetUnavailable(dest);
     }
+    ValueSetUnavailable(dest);
 }
 
 bool ValueToSmall(uint64_t* out, const uint64_t* a) {
@@ -267,11 +282,12 @@ bool ValueToSmall(uint64_t* out, const uint64_t* a) {
             return BigUintToUnsigned(out, a);
         case NumberTypeRational:
             return RationalToUnsigned(out, RationalAt(a), AllowNegative);
-        default:
-            SetCalcError(CalcErrorUnknownType);
-            *out = 0;
-            return false;
+        case NumberTypeNone:
+            break;
     }
+    SetCalcError(CalcErrorUnknownType);
+    *out = 0;
+    return false;
 }
 
 bool ValueToSigned(int64_t* out, const uint64_t* a) {
@@ -284,11 +300,12 @@ bool ValueToSigned(int64_t* out, const uint64_t* a) {
             return BigUintToSigned(out, a);
         case NumberTypeRational:
             return RationalToSigned(out, RationalAt(a));
-        default:
-            SetCalcError(CalcErrorUnknownType);
-            *out = 0;
-            return false;
+        case NumberTypeNone:
+            break;
     }
+    SetCalcError(CalcErrorUnknownType);
+    *out = 0;
+    return false;
 }
 
 }  // namespace tallymere

@@ -245,7 +245,7 @@ TEST(BinaryLog, OfPowersOfTwoIsExact) {
             if (e > BinaryLogPlaces + 1) {
                 EXPECT_EQ(BinaryLog(UintBuffer(TwoTo(e, "+1"))), uint64_t(e) << BinaryLogPlaces);
                 EXPECT_GE(BinaryLog(UintBuffer(TwoTo(e, "-1"))),
-                          (uint64_t(e) << BinaryLogPlaces) - 2);
+                          (uint64_t(e) << BinaryLogPlaces) - BinaryLogErrorUnits);
             }
         }
         for (int e = 0; e < 64; e++) {
@@ -271,8 +271,10 @@ TEST(BinaryLog, IsWithinItsBounds) {
             ASSERT_TRUE(BigUintPowerIfFits(power, base, e));
             const uint64_t log = BinaryLog(base);
             EXPECT_EQ(log, BinaryLogSmall(base[0]));
-            EXPECT_LT(BinaryLog(power), uint64_t(e) * (log + 2)) << base.Text() << " ^ " << e;
-            EXPECT_GT(BinaryLog(power) + 2, uint64_t(e) * log) << base.Text() << " ^ " << e;
+            EXPECT_LT(BinaryLog(power), uint64_t(e) * (log + BinaryLogErrorUnits))
+                << base.Text() << " ^ " << e;
+            EXPECT_GT(BinaryLog(power) + BinaryLogErrorUnits, uint64_t(e) * log)
+                << base.Text() << " ^ " << e;
         }
     }
 }

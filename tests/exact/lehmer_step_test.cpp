@@ -56,6 +56,7 @@ TEST(LehmerStep, KeepsTheGreatestCommonDivisorAndMakesBothSmaller) {
                                         wide_portable::Multiply(factors.takeX, factors.takeY));
             ASSERT_EQ(determinant.high, 0u);
             ASSERT_EQ(determinant.low, 1u);
+            ASSERT_TRUE(LehmerFactorsAreWellFormed(factors));
             UintBuffer a = x;
             UintBuffer b = y;
             ApplyLehmerFactors(a, b, limbs, factors);
@@ -101,11 +102,23 @@ TEST(LehmerStep, IsSureOfItsFactorsWhateverFollowsTheLeadingLimbs) {
     }
 }
 
+TEST(LehmerFactors, AreWellFormedWithADeterminantOf1AndOneBitToSpare) {
+    EXPECT_TRUE(LehmerFactorsAreWellFormed({3, 2, 1, 1, true}));
+    EXPECT_TRUE(LehmerFactorsAreWellFormed({1, 0, 1, 0, false}));
+    EXPECT_FALSE(LehmerFactorsAreWellFormed({2, 3, 1, 1, false}));
+    EXPECT_FALSE(LehmerFactorsAreWellFormed({3, 1, 1, 1, false}));
+    const uint64_t tooLarge = uint64_t{1} << 63;
+    EXPECT_TRUE(LehmerFactorsAreWellFormed({1, tooLarge - 1, 1, 0, false}));
+    EXPECT_FALSE(LehmerFactorsAreWellFormed({1, tooLarge, 1, 0, false}));
+    EXPECT_FALSE(LehmerFactorsAreWellFormed({1, 0, 1, tooLarge, false}));
+    EXPECT_FALSE(LehmerFactorsAreWellFormed({tooLarge + 1, tooLarge, 1, 1, false}));
+}
+
 TEST(LehmerStep, FindsNoStepWhereTheLeadingLimbsTellNone) {
     LehmerFactors factors;
     const uint64_t high = uint64_t{1} << 63;
     // Equal; y two limbs shorter; a quotient above 2^32.
-    EXPECT_FALSE(FindLehmerFactors(factors, {high, 5, 5}, {high, 5, 7}));
+    EXPECT_FALSE(FindLehmerFactors(factors, {high, 5, 7}, {high, 5, 5}));
     EXPECT_FALSE(FindLehmerFactors(factors, {high, 5, 5}, {0, 0, ~uint64_t{0}}));
     EXPECT_FALSE(FindLehmerFactors(factors, {high, 5, 5}, {1u << 20, 5, 5}));
     // The remainder may be 0.

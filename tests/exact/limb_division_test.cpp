@@ -166,6 +166,35 @@ TEST(PrepareDivisor, MovesTheHighestBitToTheTop) {
     EXPECT_EQ(PrepareDivisor(one.data(), one.data(), 1).reciprocal, WordReciprocal(one[0]));
 }
 
+TEST(UintLimbDivisor, IsWellFormedWithItsReciprocalAndItsHighestBit) {
+    Limbs b = {5, 7, 9};
+    const UintLimbDivisor good = PrepareDivisor(b.data(), b.data(), 3);
+    EXPECT_TRUE(UintLimbDivisorIsWellFormed(good));
+    for (const int shift : {-1, 64}) {
+        UintLimbDivisor bad = good;
+        bad.shift = shift;
+        EXPECT_FALSE(UintLimbDivisorIsWellFormed(bad));
+    }
+    UintLimbDivisor bad = good;
+    bad.reciprocal++;
+    EXPECT_FALSE(UintLimbDivisorIsWellFormed(bad));
+    bad = good;
+    bad.count = 0;
+    EXPECT_FALSE(UintLimbDivisorIsWellFormed(bad));
+    b[2] >>= 1;
+    EXPECT_FALSE(UintLimbDivisorIsWellFormed(good));
+}
+
+TEST(UintLimbs, AreApartUnlessTheyShareALimb) {
+    const uint64_t limbs[8] = {};
+    EXPECT_TRUE(UintLimbsAreApart(limbs, 4, limbs + 4, 4));
+    EXPECT_TRUE(UintLimbsAreApart(limbs + 4, 4, limbs, 4));
+    EXPECT_FALSE(UintLimbsAreApart(limbs, 5, limbs + 4, 4));
+    EXPECT_FALSE(UintLimbsAreApart(limbs + 4, 4, limbs, 5));
+    EXPECT_FALSE(UintLimbsAreApart(limbs, 8, limbs + 3, 1));
+    EXPECT_FALSE(UintLimbsAreApart(limbs + 3, 1, limbs, 8));
+}
+
 // Dividends are made from quotient and remainder, which therefore are known.
 TEST(UintLimbsDivide, FindsQuotientAndRemainderOfHostileLimbs) {
     RandomSource random;
@@ -186,6 +215,7 @@ TEST(UintLimbsDivide, FindsQuotientAndRemainderOfHostileLimbs) {
             Limbs store(n);
             const UintLimbDivisor divisor =
                 PrepareDivisor(store.data(), b.data(), static_cast<int64_t>(n));
+            ASSERT_TRUE(UintLimbDivisorIsWellFormed(divisor)) << n << " limbs";
             Limbs r = value;
             Limbs found(m);
             UintLimbsDivide(found.data(), r.data(), static_cast<int64_t>(m), divisor);

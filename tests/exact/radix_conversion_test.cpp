@@ -110,6 +110,15 @@ TEST(WordsToDecimalLimbs, LeadBackToTheWords) {
     }
 }
 
+TEST(GrowingInteger, IsWellFormedWithoutAZeroOnTop) {
+    uint64_t words[2] = {0, 7};
+    EXPECT_TRUE(GrowingIntegerIsWellFormed({words, 2, 0}));
+    EXPECT_TRUE(GrowingIntegerIsWellFormed({words, 2, 2}));
+    EXPECT_FALSE(GrowingIntegerIsWellFormed({words, 2, 1}));
+    EXPECT_FALSE(GrowingIntegerIsWellFormed({words, 1, 2}));
+    EXPECT_FALSE(GrowingIntegerIsWellFormed({words, 2, -1}));
+}
+
 TEST(MultiplyAdd, TakesAnyWords) {
     uint64_t words[2] = {~uint64_t{0}, 7};
     GrowingInteger x = {words, 2, 1};
@@ -142,6 +151,7 @@ TEST(AppendDecimalLimbs, MultipliesAndAddsLimbByLimb) {
                 AppendDecimalLimbs(x, head.data(), static_cast<int64_t>(head.size())) &&
                 AppendDecimalLimbs(x, limbs.data() + head.size(),
                                    static_cast<int64_t>(limbs.size() - head.size()));
+            ASSERT_TRUE(!fits || GrowingIntegerIsWellFormed(x));
             words.resize(fits ? static_cast<size_t>(x.length) : 0);
             ASSERT_EQ(fits ? words : std::vector<uint64_t>{DoesNotFit}, WordsOf(limbs, capacity));
         }
@@ -164,6 +174,7 @@ TEST(MultiplyByPowerOfTen, TakesAnyNumberOfPlaces) {
         wide[0] = 7;
         GrowingInteger x = {wide.data(), 40, 1};
         ASSERT_TRUE(MultiplyByPowerOfTen(x, places));
+        ASSERT_TRUE(GrowingIntegerIsWellFormed(x));
         ASSERT_EQ(UintText(wide.data(), x.length), "7" + std::string(places, '0'));
     }
     for (const uint64_t places : {uint64_t{39}, uint64_t{57}, uint64_t{1} << 40, ~uint64_t{0}}) {

@@ -37,16 +37,16 @@ Outcome Quotient(const char* a, const char* b) {
     return TakeOutcome(dest);
 }
 
-Outcome SmallProduct(const char* a, uint64_t k) {
+Outcome SmallProduct(const char* a, uint64_t k, Terms terms = Terms::Lowest) {
     RationalBuffer dest;
     RationalMulSmall(dest, RationalBuffer(a), k);
-    return TakeOutcome(dest);
+    return TakeOutcome(dest, terms);
 }
 
-Outcome SmallQuotient(const char* a, uint64_t k) {
+Outcome SmallQuotient(const char* a, uint64_t k, Terms terms = Terms::Lowest) {
     RationalBuffer dest;
     RationalDivSmall(dest, RationalBuffer(a), k);
-    return TakeOutcome(dest);
+    return TakeOutcome(dest, terms);
 }
 
 Outcome Reduced(const char* fraction) {
@@ -281,9 +281,9 @@ TEST(RationalDivSmall, TakesZeroDividedByZeroAsZero) {
 // A factor of one word is only held against the part that it can share a divisor with.
 TEST(RationalMulSmall, LeavesOperandsOutOfLowestTermsAsTheyAre) {
     WidthScope scope(2);
-    EXPECT_EQ(SmallProduct("2/2", 3), Silent("6/2"));
+    EXPECT_EQ(SmallProduct("2/2", 3, Terms::AsTheOperand), Silent("6/2"));
     EXPECT_EQ(SmallProduct("2/2", 2), Silent("2"));
-    EXPECT_EQ(SmallQuotient("2/2", 3), Silent("2/6"));
+    EXPECT_EQ(SmallQuotient("2/2", 3, Terms::AsTheOperand), Silent("2/6"));
     EXPECT_EQ(SmallQuotient("2/2", 2), Silent("1/2"));
 }
 

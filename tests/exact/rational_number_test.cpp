@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "support/rational_testing.h"
 
 namespace tallymere {
@@ -88,6 +90,45 @@ TEST(RationalNumber, KnowsZerosAndIntegers) {
     EXPECT_TRUE(RationalIsInteger(RationalBuffer("-2^64")));
     EXPECT_FALSE(RationalIsInteger(RationalBuffer("1/2")));
     EXPECT_FALSE(RationalIsInteger(RationalBuffer("1/2^64+1")));
+}
+
+TEST(RationalNumber, IsWellFormedWithASignAndADenominator) {
+    WidthScope scope(2);
+    for (const char* text : {"0", "-0", "3/4", "-3/4", "6/8", "0/7", "2^127/2^64+1"}) {
+        EXPECT_TRUE(RationalIsWellFormed(RationalBuffer(text))) << text;
+        EXPECT_TRUE(RationalHasValue(RationalBuffer(text))) << text;
+    }
+    for (const char* text : {"0/0", "3/0", "-2^127/0"}) {
+        EXPECT_FALSE(RationalIsWellFormed(RationalBuffer(text))) << text;
+        EXPECT_FALSE(RationalHasValue(RationalBuffer(text))) << text;
+    }
+    RationalBuffer q("3/4");
+    for (const uint64_t word : {2ull, 3ull, 1ull << 63}) {
+        q->sign = word;
+        EXPECT_FALSE(RationalIsWellFormed(q)) << word;
+    }
+}
+
+TEST(RationalNumber, IsInLowestTermsWithoutACommonFactor) {
+    for (const int64_t limbs : AllUintWidths) {
+        WidthScope scope(limbs);
+        for (const char* text : {"0", "-0", "1", "-7", "3/4", "1/18446744073709551615"}) {
+            EXPECT_TRUE(RationalIsInLowestTerms(RationalBuffer(text))) << text;
+        }
+        for (const char* text : {"0/2", "2/2", "-6/8", "5/0"}) {
+            EXPECT_FALSE(RationalIsInLowestTerms(RationalBuffer(text))) << text;
+        }
+    }
+}
+
+TEST(RationalNumber, IsTheSameAsAnotherOrApartFromIt) {
+    WidthScope scope(2);
+    std::vector<uint64_t> words(static_cast<size_t>(2 * RationalWords()));
+    const RationalNumber* q = RationalAt(words.data());
+    EXPECT_TRUE(RationalsAreSameOrApart(q, q));
+    EXPECT_TRUE(RationalsAreSameOrApart(q, RationalAt(words.data() + RationalWords())));
+    EXPECT_FALSE(RationalsAreSameOrApart(q, RationalAt(words.data() + 1)));
+    EXPECT_FALSE(RationalsAreSameOrApart(RationalAt(words.data() + RationalWords() - 1), q));
 }
 
 TEST(RationalNumber, LooksAtOneBitOfTheSignWord) {

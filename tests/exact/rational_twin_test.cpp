@@ -88,6 +88,7 @@ TEST(RationalTwin, ReducesAsEuclid) {
             ReduceFraction(RationalNumerator(q), RationalDenominator(q));
             TwinReduceFraction(RationalNumerator(twin), RationalDenominator(twin));
             ASSERT_EQ(q, twin);
+            ASSERT_TRUE(IsResult(q));
         }
     }
 }
@@ -161,6 +162,7 @@ TEST(RationalTwin, CountsAsByFullProducts) {
                 TwinRationalBinomial(twin, n, count, falling);
                 ASSERT_EQ(TakeCode(), code);
                 ASSERT_EQ(dest, twin) << ::testing::PrintToString(n) << " over " << count;
+                ASSERT_TRUE(IsResult(dest));
             }
         }
     }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "formula/operation_dispatch.h"
+#include "support/rational_testing.h"
 
 namespace tallymere::testing_support {
 
@@ -48,6 +49,9 @@ ExactOutcome Apply(const Symbol& symbol, std::initializer_list<std::string_view>
         EXPECT_TRUE(code == CalcErrorNone || numberContext.calcError == code)
             << "a code that was there is kept";
         ExactOutcome outcome = {ValueText(dest.data()), TakeCode(), evaluator.inexactResult};
+        if (numberContext.numberType == NumberTypeRational) {
+            EXPECT_TRUE(IsResult(RationalAt(dest.data()), Terms::AsTheOperand));
+        }
         EXPECT_EQ(values, before);
         EXPECT_EQ(dest.back(), Canary);
         EXPECT_EQ(evaluator.error, uint32_t{FormulaErrorNone});

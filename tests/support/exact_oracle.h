@@ -146,6 +146,7 @@ void JudgeUint(UintSet<Count>& set, size_t place, Expect expect, Run run) {
     uint64_t* dest = place < Count ? given[place] : own.Get();
     const bool exact = Returned(run, dest, std::as_const(given), expected.exact);
     const CalcError code = TakeCode();
+    ASSERT_TRUE(BigUintWidthIsWellFormed()) << set.Text();
     ASSERT_TRUE(mpz_cmp(LimbsView(dest), expected.value) == 0 && code == expected.code &&
                 exact == expected.exact)
         << set.Text() << "\nresult in place " << place << "\ngave " << UintText(dest)

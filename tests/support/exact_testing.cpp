@@ -185,6 +185,7 @@ std::string TwoTo(int64_t exponent, std::string_view addend) {
 }
 
 Outcome TakeOutcome(const UintBuffer& a) {
+    EXPECT_TRUE(BigUintWidthIsWellFormed());
     return {a.Text(), TakeCode()};
 }
 

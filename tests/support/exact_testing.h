@@ -77,6 +77,7 @@ inline int64_t UintBits() {
 }
 
 /// The value as UintText, and the code that the operations before noted; none is noted afterwards.
+/// Fails the test unless the width in force is one that a BigUint can have.
 Outcome TakeOutcome(const UintBuffer& a);
 
 /// The outcome of an operation that gives the value of the text and notes nothing.

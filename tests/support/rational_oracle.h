@@ -109,6 +109,7 @@ void JudgeRational(const RationalSet<Count>& set, size_t place, Expect expect, R
     RationalNumber* dest = place < Count ? given[place] : own.Get();
     run(dest, std::as_const(given));
     const CalcError code = TakeCode();
+    ASSERT_TRUE(IsResult(dest, Terms::AsTheOperand)) << set.Text();
     ASSERT_TRUE(expected == dest && code == expected.code)
         << set.Text() << "\nresult in place " << place << "\ngave " << RationalPlainText(dest)
         << " with code " << code << "\nfor " << expected.Text();

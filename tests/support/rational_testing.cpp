@@ -47,20 +47,31 @@ std::string RationalPlainText(const RationalNumber* q) {
            (q->sign > 1 ? " sign " + std::to_string(q->sign) : "");
 }
 
-Outcome TakeOutcome(const RationalBuffer& q) {
+::testing::AssertionResult IsResult(const RationalNumber* q, Terms terms) {
+    if (!RationalIsWellFormed(q)) {
+        return ::testing::AssertionFailure() << RationalPlainText(q) << " is not well-formed";
+    }
+    if (terms == Terms::Lowest && !RationalIsInLowestTerms(q)) {
+        return ::testing::AssertionFailure() << RationalPlainText(q) << " is not in lowest terms";
+    }
+    return ::testing::AssertionSuccess();
+}
+
+Outcome TakeOutcome(const RationalBuffer& q, Terms terms) {
+    EXPECT_TRUE(IsResult(q, terms));
     return {RationalPlainText(q), TakeCode()};
 }
 
-Outcome Apply(RationalUnary operation, std::string_view a) {
+Outcome Apply(RationalUnary operation, std::string_view a, Terms terms) {
     RationalBuffer dest;
     operation(dest, RationalBuffer(a));
-    return TakeOutcome(dest);
+    return TakeOutcome(dest, terms);
 }
 
-Outcome Apply(RationalBinary operation, std::string_view a, std::string_view b) {
+Outcome Apply(RationalBinary operation, std::string_view a, std::string_view b, Terms terms) {
     RationalBuffer dest;
     operation(dest, RationalBuffer(a), RationalBuffer(b));
-    return TakeOutcome(dest);
+    return TakeOutcome(dest, terms);
 }
 
 void FillRational(RandomSource& random, RationalNumber* dest, int64_t limbs) {

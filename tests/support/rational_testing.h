@@ -46,17 +46,27 @@ void RationalFromPlainText(RationalNumber* dest, std::string_view text);
 /// "-0", "2/2". Behind a sign word above 1 stand " sign " and the word.
 std::string RationalPlainText(const RationalNumber* q);
 
+/// What a result promises beyond being well-formed.
+enum class Terms {
+    Lowest,        ///< no common factor, as nearly all results
+    AsTheOperand,  ///< a common factor of the operand is kept, or the operation may leave one
+};
+
+/// Whether a record has the form of a result.
+::testing::AssertionResult IsResult(const RationalNumber* q, Terms terms = Terms::Lowest);
+
 /// The value as RationalPlainText, and the code that the operations before noted; none is noted
-/// afterwards.
-Outcome TakeOutcome(const RationalBuffer& q);
+/// afterwards. Fails the test unless IsResult(q, terms).
+Outcome TakeOutcome(const RationalBuffer& q, Terms terms = Terms::Lowest);
 
 using RationalUnary = void (*)(RationalNumber* dest, const RationalNumber* a);
 using RationalBinary = void (*)(RationalNumber* dest, const RationalNumber* a,
                                 const RationalNumber* b);
 
 /// The outcome of an operation on the fractions of these texts.
-Outcome Apply(RationalUnary operation, std::string_view a);
-Outcome Apply(RationalBinary operation, std::string_view a, std::string_view b);
+Outcome Apply(RationalUnary operation, std::string_view a, Terms terms = Terms::Lowest);
+Outcome Apply(RationalBinary operation, std::string_view a, std::string_view b,
+              Terms terms = Terms::Lowest);
 
 /// A fraction in lowest terms with parts as FillUint makes them, of up to so many limbs; often an
 /// integer or a unit fraction, of either sign, now and then a zero.

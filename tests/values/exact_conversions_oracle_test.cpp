@@ -157,16 +157,10 @@ TEST(ExactConversionsOracle, NumbersBecomeTheirIntegerPart) {
     });
 }
 
-// With q = p + 2 digits write v for 10^-q. Numerator and denominator are cut off by less than 10 v,
-// relatively; the reciprocal of the denominator lies less than 20.2 v under its value or 10.2 v
-// over (as for quotients of real numbers), and the product is cut off by less than 10 v once more.
-// So the quotient that is rounded lies less than 41 v under the exact one, or 21 v over.
-constexpr int64_t RelativeErrorBelow = 41;
-constexpr int64_t RelativeErrorAbove = 21;
-
-// exact (1 + error v), rounded.
+// exact (1 + error v), rounded, where v is the unit of RationalQuotientErrorBelow.
 AllowedResults RoundMoved(ExactValue exact, int64_t error) {
-    const Integer& scale = PowerOfTenInteger(numberContext.precisionDigits + 2);
+    const Integer& scale =
+        PowerOfTenInteger(numberContext.precisionDigits + RationalQuotientGuardDigits);
     Integer moved = scale;
     (error < 0 ? mpz_sub_ui : mpz_add_ui)(moved, moved, static_cast<uint64_t>(std::abs(error)));
     mpz_mul(exact.numerator, exact.numerator, moved);
@@ -184,8 +178,8 @@ void JudgeRatio(const RealNumber* found, const RationalNumber* q) {
     }
     const bool whole = mpz_cmp_ui(mpz_srcptr(exact.denominator), 1) == 0;
     const AllowedResults allowed = {
-        RoundMoved(exact, whole ? 0 : -RelativeErrorBelow).least,
-        RoundMoved(exact, whole ? 0 : RelativeErrorAbove).most,
+        RoundMoved(exact, whole ? 0 : -RationalQuotientErrorBelow).least,
+        RoundMoved(exact, whole ? 0 : RationalQuotientErrorAbove).most,
     };
     ASSERT_TRUE(IsAllowed(found, RationalSign(q), allowed)) << PlainText(found);
 }
