@@ -19,7 +19,7 @@ enum FormControlKind {
     FormGroupBox,
     FormTabControl,
     FormTabPage,         ///< fills its tab control; its place is empty
-    FormFocusSink,       ///< a hidden push button without tab stop that can take the focus
+    FormFocusSink,       ///< a push button out of sight, without tab stop, to put the focus on
     FormField,           ///< an edit control of one line
     FormMultilineField,  ///< an edit control of many lines that scrolls
     FormList,            ///< an unsorted list that reports selections
