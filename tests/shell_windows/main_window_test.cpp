@@ -216,9 +216,12 @@ TEST_F(MainWindow, ShowsEachWindowInFrontByItsItem) {
             EXPECT_EQ(IsWindowVisible(*windows[k]) != FALSE, k <= i) << items[i];
         }
     }
-    ShowWindow(optionsWindow, SW_SHOWMINIMIZED);
     ChooseMenuItem(101);
     EXPECT_EQ(GetForegroundWindow(), optionsWindow) << "shown already, but behind the others";
+    ChooseMenuItem(202);
+    ShowWindow(optionsWindow, SW_SHOWMINIMIZED);
+    ChooseMenuItem(101);
+    EXPECT_EQ(GetForegroundWindow(), optionsWindow) << "minimised";
     EXPECT_FALSE(IsIconic(optionsWindow));
     for (HWND* window : windows) {
         DestroyWindow(*window);

@@ -2,6 +2,7 @@
 
 #include <tuple>
 
+#include "toolkit/gdi_objects.h"
 #include "toolkit/long_text_testing.h"
 
 namespace tallymere::testing_support {
@@ -428,6 +429,17 @@ TEST_F(LongTextField, TellsScreenReadersOfANewText) {
     }
     EXPECT_EQ(valueChanges, 1);
     UnhookWinEvent(hook);
+}
+
+TEST_F(LongTextField, KeepsNothingOfWhatItMeasuredWith) {
+    constexpr int32_t Rounds = 20;
+    SetText(Digits(1000));
+    const int64_t before = CountGdiObjects(GetCurrentProcess());
+    ASSERT_GT(before, 0);
+    for (int32_t round = 0; round < Rounds; round++) {
+        SetText(Digits(1000 + round));
+    }
+    EXPECT_LT(CountGdiObjects(GetCurrentProcess()), before + Rounds);
 }
 
 TEST_F(LongTextField, IsEmptiedByNoText) {
