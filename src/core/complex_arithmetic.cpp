@@ -1,5 +1,6 @@
 #include "core/complex_arithmetic.h"
 
+#include "core/contract.h"
 #include "core/real_add.h"
 #include "core/real_compare.h"
 #include "core/real_div_mod.h"
@@ -55,6 +56,7 @@ void ClearImaginaryPartWhereWanted(ComplexNumber* z) {
 }  // namespace
 
 int ComplexCompare(const ComplexNumber* a, const ComplexNumber* b, bool ignoreSign) {
+    TALLYMERE_REQUIRE(ComplexIsWellFormed(a) && ComplexIsWellFormed(b));
     if (BothReal(a, b)) {
         return RealCompare(RealPart(a), RealPart(b), ignoreSign);
     }
@@ -68,16 +70,22 @@ int ComplexCompare(const ComplexNumber* a, const ComplexNumber* b, bool ignoreSi
 }
 
 void ComplexAdd(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber* b) {
+    TALLYMERE_REQUIRE(ComplexIsWellFormed(a) && ComplexIsWellFormed(b));
+    TALLYMERE_REQUIRE(ComplexSameOrApart(dest, a) && ComplexSameOrApart(dest, b));
     RealAdd(RealPart(dest), RealPart(a), RealPart(b));
     RealAdd(ImaginaryPart(dest), ImaginaryPart(a), ImaginaryPart(b));
 }
 
 void ComplexSub(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber* b) {
+    TALLYMERE_REQUIRE(ComplexIsWellFormed(a) && ComplexIsWellFormed(b));
+    TALLYMERE_REQUIRE(ComplexSameOrApart(dest, a) && ComplexSameOrApart(dest, b));
     RealSubtract(RealPart(dest), RealPart(a), RealPart(b));
     RealSubtract(ImaginaryPart(dest), ImaginaryPart(a), ImaginaryPart(b));
 }
 
 void ComplexMul(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber* b) {
+    TALLYMERE_REQUIRE(ComplexIsWellFormed(a) && ComplexIsWellFormed(b));
+    TALLYMERE_REQUIRE(ComplexSameOrApart(dest, a) && ComplexSameOrApart(dest, b));
     const RealNumber* x = RealPart(a);
     const RealNumber* y = ImaginaryPart(a);
     const RealNumber* c = RealPart(b);
@@ -101,6 +109,8 @@ void ComplexMul(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber
 }
 
 void ComplexMulUint(ComplexNumber* dest, const ComplexNumber* z, uint64_t k) {
+    TALLYMERE_REQUIRE(ComplexIsWellFormed(z));
+    TALLYMERE_REQUIRE(ComplexSameOrApart(dest, z));
     const bool isReal = ComplexIsReal(z);
     RealRound(RealPart(dest), RealMulUint(RealPart(dest), RealPart(z), k));
     if (isReal) {
@@ -111,6 +121,8 @@ void ComplexMulUint(ComplexNumber* dest, const ComplexNumber* z, uint64_t k) {
 }
 
 void ComplexDiv(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber* b) {
+    TALLYMERE_REQUIRE(ComplexIsWellFormed(a) && ComplexIsWellFormed(b));
+    TALLYMERE_REQUIRE(ComplexSameOrApart(dest, a) && ComplexSameOrApart(dest, b));
     const RealNumber* x = RealPart(a);
     const RealNumber* y = ImaginaryPart(a);
     const RealNumber* c = RealPart(b);
@@ -136,6 +148,8 @@ void ComplexDiv(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber
 }
 
 void ComplexDivUint(ComplexNumber* dest, const ComplexNumber* z, uint64_t k) {
+    TALLYMERE_REQUIRE(ComplexIsWellFormed(z));
+    TALLYMERE_REQUIRE(ComplexSameOrApart(dest, z));
     const bool isReal = ComplexIsReal(z);
     RealRound(RealPart(dest), RealDivUint(RealPart(dest), RealPart(z), k));
     if (isReal) {
@@ -146,6 +160,8 @@ void ComplexDivUint(ComplexNumber* dest, const ComplexNumber* z, uint64_t k) {
 }
 
 void ComplexReciprocal(ComplexNumber* dest, const ComplexNumber* z) {
+    TALLYMERE_REQUIRE(ComplexIsWellFormed(z));
+    TALLYMERE_REQUIRE(ComplexSameOrApart(dest, z));
     if (ComplexIsReal(z)) {
         RealReciprocal(RealPart(dest), RealPart(z));
         ComplexClearImaginaryPart(dest);
@@ -161,6 +177,7 @@ void ComplexReciprocal(ComplexNumber* dest, const ComplexNumber* z) {
 
 void ComplexDivMod(ComplexNumber* quotient, ComplexNumber* remainder, const ComplexNumber* a,
                    const ComplexNumber* b) {
+    TALLYMERE_REQUIRE(ComplexIsWellFormed(a) && ComplexIsWellFormed(b));
     if (!BothReal(a, b)) {
         SetCalcError(CalcErrorComplexNotAllowed);
         SetNaNWhereWanted(quotient, CalcErrorUndefined);
@@ -174,6 +191,8 @@ void ComplexDivMod(ComplexNumber* quotient, ComplexNumber* remainder, const Comp
 }
 
 void ComplexRoundDigits(ComplexNumber* dest, const ComplexNumber* z, int64_t d) {
+    TALLYMERE_REQUIRE(ComplexIsWellFormed(z));
+    TALLYMERE_REQUIRE(ComplexSameOrApart(dest, z));
     if (d < 1) {
         ComplexSetNaN(dest, CalcErrorUndefined);
         return;
@@ -184,6 +203,8 @@ void ComplexRoundDigits(ComplexNumber* dest, const ComplexNumber* z, int64_t d) 
 
 void ComplexRealOnly(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber* b,
                      RealRoundedBinary function) {
+    TALLYMERE_REQUIRE(ComplexIsWellFormed(a) && ComplexIsWellFormed(b));
+    TALLYMERE_REQUIRE(ComplexSameOrApart(dest, a) && ComplexSameOrApart(dest, b));
     if (!BothReal(a, b)) {
         ComplexSetNaN(dest, CalcErrorComplexNotAllowed);
         return;
@@ -204,11 +225,13 @@ void ComplexConvertPrecision(ComplexNumber* dest, int64_t digits, const ComplexN
 }
 
 bool ComplexToUint(uint64_t* out, const ComplexNumber* z) {
+    TALLYMERE_REQUIRE(ComplexIsWellFormed(z));
     *out = 0;
     return ComplexIsReal(z) && RealToUint(out, RealPart(z), AllowNegative);
 }
 
 bool ComplexToInt(int64_t* out, const ComplexNumber* z) {
+    TALLYMERE_REQUIRE(ComplexIsWellFormed(z));
     *out = 0;
     return ComplexIsReal(z) && RealToInt(out, RealPart(z), IntegerExact);
 }

@@ -1,9 +1,11 @@
 // Arithmetic of complex numbers, from operations on their parts by the school formulas. Every
 // intermediate value is rounded to the precision in force.
 //
-// Codes are those of the operations on the parts, and CalcErrorComplexNotAllowed where a value that
-// is not real stands in a place that needs an order or an integer. Signs of zero results follow
-// from the sums and products of the parts, unless a function says otherwise.
+// Codes are those of the operations on the parts. CalcErrorComplexNotAllowed is noted where an
+// operation needs an order or an integer and a value is not real. The sign of a zero part follows
+// from the sums and products that make it, unless a function says otherwise. Operands must be
+// well-formed. functions/error_bounds.h has the error bounds of products, quotients and
+// reciprocals; sums and differences are those of RealAdd, part by part.
 #pragma once
 
 #include "core/complex_number.h"
@@ -11,9 +13,9 @@
 
 namespace tallymere {
 
-/// -1, 0 or 1 for two real values, as RealCompare of the real parts, with ignoreSign of their
-/// magnitudes. Otherwise 0 if both parts are equal and 1 if not; there is no order, so ignoreSign
-/// then sets code 205 and gives 1, also for equal values.
+/// For two real values -1, 0 or 1, as RealCompare of the real parts; ignoreSign compares their
+/// magnitudes. Other values have no order: the result is 0 if both parts are equal and 1 if not.
+/// With ignoreSign it is then 1 even for equal values, and CalcErrorComplexNotAllowed is noted.
 int ComplexCompare(const ComplexNumber* a, const ComplexNumber* b, bool ignoreSign = false);
 
 /// dest = a + b, part by part.
@@ -29,8 +31,9 @@ void ComplexMul(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber
 void ComplexMulUint(ComplexNumber* dest, const ComplexNumber* z, uint64_t k);
 
 /// dest = a / b: (x + iy) / (c + id) = ((xc + yd) + i(yc - xd)) / (c^2 + d^2). By a real b it is
-/// the quotient of each part, so a finite a that is real gives an infinity and code 200 for b = 0,
-/// and each part of another follows that rule by itself. The quotient of two real values is real.
+/// the quotient of each part, so a finite a that is real gives an infinity and CalcErrorOverflow
+/// for b = 0, and each part of another follows that rule by itself. The quotient of two real values
+/// is real.
 void ComplexDiv(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber* b);
 
 /// dest = z / k, part by part. A real z gives a real quotient.
@@ -40,22 +43,22 @@ void ComplexDivUint(ComplexNumber* dest, const ComplexNumber* z, uint64_t k);
 void ComplexReciprocal(ComplexNumber* dest, const ComplexNumber* z);
 
 /// As RealDivMod for two real values; either output may be null, and either may be an operand.
-/// Otherwise code 205 and NaN in what is wanted.
+/// Otherwise CalcErrorComplexNotAllowed and NaN in what is wanted.
 void ComplexDivMod(ComplexNumber* quotient, ComplexNumber* remainder, const ComplexNumber* a,
                    const ComplexNumber* b);
 
-/// Rounds each part to d significant digits as RealRoundDigitsAny; a d below 1 gives NaN and code
-/// 203.
+/// Rounds each part to d significant digits as RealRoundDigitsAny; a d below 1 gives NaN and
+/// CalcErrorUndefined.
 void ComplexRoundDigits(ComplexNumber* dest, const ComplexNumber* z, int64_t d);
 
 /// dest = function(a, b) for real values, with +0 as imaginary part. Otherwise the function does
-/// not run, and dest is NaN with code 205.
+/// not run, and dest is NaN with CalcErrorComplexNotAllowed.
 void ComplexRealOnly(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber* b,
                      RealRoundedBinary function);
 
 /// Writes src, a value of sourceDigits digits, to dest with `digits` digits, both parts rounded;
 /// dest must have room for that layout, and must not be src unless both have the same digits.
-/// Digits outside 1 to MaxPrecisionDigits set code 100 and leave dest as it is.
+/// Digits outside 1 to MaxPrecisionDigits set CalcErrorBadParameter and leave dest as it is.
 void ComplexConvertPrecision(ComplexNumber* dest, int64_t digits, const ComplexNumber* src,
                              int64_t sourceDigits);
 

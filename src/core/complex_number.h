@@ -24,6 +24,11 @@ inline int64_t ComplexWords() {
     return 2 * RealWords();
 }
 
+/// True when two records of the current layout are one and the same, or have no word in common.
+inline bool ComplexSameOrApart(const ComplexNumber* a, const ComplexNumber* b) {
+    return SameOrApart(&a->realHeader, &b->realHeader, ComplexWords());
+}
+
 /// The record that lies in `words`.
 inline ComplexNumber* ComplexAt(uint64_t* words) {
     return reinterpret_cast<ComplexNumber*>(words);
@@ -44,6 +49,11 @@ inline RealNumber* ImaginaryPart(ComplexNumber* z) {
 }
 inline const RealNumber* ImaginaryPart(const ComplexNumber* z) {
     return RealAt(&z->realHeader + RealWords());
+}
+
+/// True when both parts are in normal form in the current layout, as RealIsWellFormed says.
+inline bool ComplexIsWellFormed(const ComplexNumber* z) {
+    return RealIsWellFormed(RealPart(z)) && RealIsWellFormed(ImaginaryPart(z));
 }
 
 /// True when the imaginary part is a zero of either sign; exact, without a tolerance.

@@ -13,17 +13,18 @@ namespace tallymere {
 /// dest = the value that the text denotes, each part rounded. `length` may be TextUntilZero; spaces
 /// at both ends are passed over.
 ///
-/// A text that ends in an imaginary unit with no letter before it has an imaginary part; any other
-/// is a real part alone, so that "pi" and "inf" are never taken for imaginary. The last "+" or "-"
-/// that is no sign of an exponent parts the two, and is the sign of the imaginary part. The
-/// magnitude behind it is 1 if nothing is written, and may stand in one pair of parentheses, as
-/// infinity and NaN by their names must. Each part is read by the rules and with the codes of
-/// RealFromText; a text of nothing but spaces is NaN with code 301.
+/// A text has an imaginary part if it ends in an imaginary unit with no letter before it. Any other
+/// text is a real part alone, so that "pi" and "inf" are never imaginary. The last "+" or "-" that
+/// is not the sign of an exponent stands between the parts, and is the sign of the imaginary part.
+/// Behind it comes the imaginary magnitude. It is 1 if nothing is written, and it may stand in one
+/// pair of parentheses; the names of infinity and NaN must. Each part is read by the rules and with
+/// the codes of RealFromText. A text of nothing but spaces is NaN with CalcErrorSyntax.
 void ComplexFromText(ComplexNumber* dest, const char16_t* text, int64_t length, uint32_t flags);
 
 /// Writes z and returns the length, by the rules of NumberToText for buffer, capacity and
-/// terminator. A zero part is not written, nor is an imaginary magnitude of "1"; one with an
-/// exponent, and one that is no finite number, stands in parentheses: "1+i", "-(2e+20)i".
+/// terminator. A part that is zero is not written, but for the zero itself, which is the real part.
+/// An imaginary magnitude of "1" is not written either. One with an exponent, and one that is no
+/// finite number, stands in parentheses: "1+i", "-(2e+20)i".
 int64_t ComplexToText(char16_t* buffer, int64_t capacity, const ComplexNumber* z, uint32_t flags);
 
 }  // namespace tallymere

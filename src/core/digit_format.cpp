@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/contract.h"
 #include "core/digit_text.h"
 #include "core/number_bases.h"
 #include "core/number_context.h"
@@ -84,6 +85,7 @@ void WriteSign(TextWriter& writer, bool negative, uint32_t flags) {
 
 void WriteInteger(TextWriter& writer, const char16_t* digits, int64_t count, int64_t length,
                   int64_t groupSize, char16_t mark) {
+    TALLYMERE_REQUIRE(count >= 0 && length >= 1 && groupSize >= 0);
     const int64_t marks = groupSize > 0 ? (length - 1) / groupSize : 0;
     char16_t* place = WriteReserve(writer, length + marks);
     if (place == nullptr) {
@@ -118,6 +120,7 @@ void WriteExponent(TextWriter& writer, int64_t exponent, uint32_t flags) {
 
 void FormatDigits(TextWriter& writer, const char16_t* digits, int64_t count, bool negative,
                   int64_t exponent, uint32_t flags) {
+    TALLYMERE_REQUIRE(count >= 1 && IntegerMagnitude(exponent) <= uint64_t{1} << 62);
     // A negative zero shows its sign only where every number shows one.
     const bool isZero = digits[0] == u'0';
     WriteSign(writer, negative && (!isZero || (flags & TextAlwaysSign) != 0), flags);

@@ -8,16 +8,18 @@
 
 namespace tallymere {
 
-/// The separators that are written: "." and "'" with TextNeutral, else the context's first ones.
+/// The separators that are written: with TextNeutral "." and "'", otherwise the first ones of the
+/// context.
 char16_t WrittenDecimalSeparator(uint32_t flags);
 char16_t WrittenGroupSeparator(uint32_t flags);
 
 /// Appends "-" if negative, else "+" with TextAlwaysSign.
 void WriteSign(TextWriter& writer, bool negative, uint32_t flags);
 
-/// Appends an integer of `length` digits, length >= 1: the first `count` of `digits`, and "0" for
-/// what is missing. With a groupSize above 0, `mark` stands between groups of so many digits,
-/// counted from the right. All or nothing, and a length of any size is refused at once.
+/// Appends an integer of `length` digits, length >= 1: first the `count` >= 0 characters of
+/// `digits`, `length` of them at most, then zeros. With a groupSize above 0, `mark` parts groups of
+/// that many digits, counted from the right. Where not all of it fits, nothing is written and the
+/// writer has overflowed; this takes no time, however large `length` is.
 void WriteInteger(TextWriter& writer, const char16_t* digits, int64_t count, int64_t length,
                   int64_t groupSize, char16_t mark);
 
@@ -25,11 +27,13 @@ void WriteInteger(TextWriter& writer, const char16_t* digits, int64_t count, int
 /// |exponent|.
 void WriteExponent(TextWriter& writer, int64_t exponent, uint32_t flags);
 
-/// Appends the number +-d.ddd... * 10^exponent with the `count` >= 1 decimal digits d, of which
-/// only a zero has a "0" in front; |exponent| <= 2^62. `flags` choose notation, separators and
-/// signs. Without TextFixed and TextScientific the notation is fixed for exponents inside the
-/// context's window and trailing zeros of the fraction are stripped. All digits need room for a
-/// moment: zeros that are stripped count as written before they go.
+/// Appends the number +-d.ddd... * 10^exponent that has `count` >= 1 decimal digits d. The first
+/// digit is "0" only in a zero; |exponent| <= 2^62. `flags` choose notation, separators and signs.
+/// Without TextFixed and TextScientific the notation is fixed for exponents inside the context's
+/// window, and the zeros at the end of the fraction are removed.
+///
+/// The fraction is written with all its digits before zeros are removed. So the writer overflows
+/// where only those zeros do not fit.
 void FormatDigits(TextWriter& writer, const char16_t* digits, int64_t count, bool negative,
                   int64_t exponent, uint32_t flags);
 

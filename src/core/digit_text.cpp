@@ -4,6 +4,8 @@
 #include <array>
 #include <cstring>
 
+#include "core/contract.h"
+
 namespace tallymere {
 
 namespace {
@@ -50,6 +52,7 @@ int64_t DecimalRunLength(const char16_t* text, int64_t length) {
 }
 
 uint64_t DecimalRunValue(const char16_t* digits, int64_t count) {
+    TALLYMERE_REQUIRE(count >= 0 && count <= DigitsPerLimb);
     uint64_t value = 0;
     for (; count >= 4; count -= 4) {
         value = value * 10'000 + FourDigits(digits);
@@ -63,6 +66,7 @@ uint64_t DecimalRunValue(const char16_t* digits, int64_t count) {
 }
 
 void WriteLimbDigits(char16_t* dest, Limb limb) {
+    TALLYMERE_REQUIRE(limb < LimbBase);
     constexpr uint64_t tenTo16 = PowerOfTen(16);
     constexpr uint64_t tenTo8 = PowerOfTen(8);
     const uint32_t top = static_cast<uint32_t>(limb / tenTo16);
@@ -74,6 +78,7 @@ void WriteLimbDigits(char16_t* dest, Limb limb) {
 }
 
 void WriteDecimalRun(char16_t* dest, uint64_t v, int64_t count) {
+    TALLYMERE_REQUIRE(count >= 0 && count <= DigitsPerLimb);
     char16_t digits[DigitsPerLimb];
     WriteLimbDigits(digits, v % LimbBase);
     std::copy_n(digits + DigitsPerLimb - count, count, dest);

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 
+#include "core/contract.h"
 #include "core/digit_text.h"
 
 namespace tallymere {
 
 DigitWalk MakeDigitWalk(const NumberScanner& scanner, int64_t start, int64_t length) {
+    TALLYMERE_REQUIRE(start >= 0 && length >= 0 && start + length <= scanner.length);
     const char16_t* digits = scanner.text + start;
     return {digits, digits + length, scanner.neutral};
 }
@@ -25,6 +27,7 @@ bool MoveToDigit(DigitWalk& walk) {
 }
 
 int64_t PassRun(DigitWalk& walk, int64_t limit) {
+    TALLYMERE_REQUIRE(limit >= 0);
     const int64_t length =
         DecimalRunLength(walk.next, std::min<int64_t>(limit, walk.end - walk.next));
     walk.next += length;
@@ -42,6 +45,7 @@ void SkipLeadingZeros(DigitWalk& walk) {
 }
 
 DigitRun TakeDigits(DigitWalk& walk, int64_t limit) {
+    TALLYMERE_REQUIRE(limit >= 0 && limit <= DigitsPerLimb);
     DigitRun taken = {0, 0};
     while (taken.count < limit && MoveToDigit(walk)) {
         const char16_t* digits = walk.next;

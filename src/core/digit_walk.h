@@ -27,7 +27,8 @@ bool MoveToDigit(DigitWalk& walk);
 /// Passes the digits that stand at the walk's position, `limit` at most, and returns their number.
 int64_t PassRun(DigitWalk& walk, int64_t limit);
 
-/// Moves to the first digit that is not 0, or to the end. Goes before all that counts digits.
+/// Moves to the first digit that is not 0, or to the end. To be called first: what counts digits
+/// starts at that one.
 void SkipLeadingZeros(DigitWalk& walk);
 
 struct DigitRun {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "core/contract.h"
 #include "core/wide_arithmetic.h"
 
 namespace tallymere {
@@ -70,6 +71,7 @@ inline constexpr auto DivisionReciprocals = [] {
 
 /// 10^k for 0 <= k <= 19; k = -1 may be read and is no number.
 constexpr Limb PowerOfTen(int64_t k) {
+    TALLYMERE_REQUIRE(k >= -1 && k <= DigitsPerLimb);
     return limb_tables::PowersOfTen[static_cast<size_t>(k + 1)];
 }
 
@@ -99,7 +101,9 @@ public:
         : divisor_(PowerOfTen(k)),
           reciprocal_(limb_tables::DivisionReciprocals[static_cast<size_t>(k)].reciprocal),
           digits_(static_cast<int>(k)),
-          shift_(limb_tables::DivisionReciprocals[static_cast<size_t>(k)].shift) {}
+          shift_(limb_tables::DivisionReciprocals[static_cast<size_t>(k)].shift) {
+        TALLYMERE_REQUIRE(k >= 1 && k <= DigitsPerLimb);
+    }
 
     /// Any 64-bit v.
     constexpr LimbQuotient Divide(uint64_t v) const {
@@ -116,11 +120,13 @@ private:
 
 /// Any 64-bit v divided by 10^k, 0 <= k <= 19.
 constexpr LimbQuotient DivideByPowerOfTen(uint64_t v, int64_t k) {
+    TALLYMERE_REQUIRE(k >= 0 && k <= DigitsPerLimb);
     return k == 0 ? LimbQuotient{v, 0} : PowerOfTenDivider(k).Divide(v);
 }
 
 /// floor((2^128 - 1) / d) - 2^64 for a d with its highest bit set.
 constexpr uint64_t WordReciprocal(uint64_t d) {
+    TALLYMERE_REQUIRE(d >> 63 != 0);
     return wide::Divide({~d, ~uint64_t{0}}, d);
 }
 
@@ -129,6 +135,7 @@ constexpr uint64_t WordReciprocal(uint64_t d) {
 /// and Granlund, "Improved division by invariant integers", algorithm 4), exact with one wide and
 /// one narrow product.
 constexpr LimbQuotient DivideByWord(Wide value, uint64_t d, uint64_t reciprocal) {
+    TALLYMERE_REQUIRE(d >> 63 != 0 && value.high < d);
     const Wide estimate = wide::Add(wide::Multiply(reciprocal, value.high), value);
     uint64_t quotient = estimate.high + 1;
     uint64_t remainder = value.low - quotient * d;
@@ -159,6 +166,7 @@ constexpr LimbQuotient LimbStep(uint64_t x, uint64_t y, uint64_t c, uint64_t w) 
 /// Adds two limbs and a carry of 0 or 1, and replaces the carry. Free of branches, as carries of
 /// random digits cannot be predicted, and with two steps from carry to carry.
 constexpr Limb AddLimbs(Limb a, Limb b, Limb& carry) {
+    TALLYMERE_REQUIRE(a < LimbBase && b < LimbBase && carry <= 1);
     // a + b - LimbBase modulo 2^64; negative, that is at the top of the 64-bit range, unless the
     // sum reaches LimbBase by itself. The carry tips it over only from -1.
     const Limb excess = a - (LimbBase - b);
@@ -171,6 +179,7 @@ constexpr Limb AddLimbs(Limb a, Limb b, Limb& carry) {
 
 /// Subtracts a limb and a borrow of 0 or 1 from a limb, and replaces the borrow; in the same way.
 constexpr Limb SubtractLimbs(Limb a, Limb b, Limb& borrow) {
+    TALLYMERE_REQUIRE(a < LimbBase && b < LimbBase && borrow <= 1);
     const Limb generates = a < b ? 1 : 0;
     const Limb propagates = a == b ? 1 : 0;
     const Limb difference = a - b - borrow;

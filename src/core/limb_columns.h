@@ -1,6 +1,7 @@
 // The columns of a product of limb arrays: each is summed in full and split by 10^19 once.
 #pragma once
 
+#include "core/contract.h"
 #include "core/limb.h"
 
 namespace tallymere {
@@ -31,6 +32,7 @@ inline constexpr int64_t ProductsPerGroup = 3;
 
 /// Adds a[i] * b[-i] for 0 <= i < count.
 inline void AddProducts(ColumnSum& column, const Limb* a, const Limb* b, int64_t count) {
+    TALLYMERE_REQUIRE(count >= 0);
     uint64_t overflow = column.overflow;
     Wide sum = column.sum;
     int64_t i = 0;

@@ -2,19 +2,23 @@
 
 #include <cstring>
 
+#include "core/contract.h"
 #include "core/number_context.h"
 
 namespace tallymere {
 
 void LimbsClear(Limb* dest, int64_t n) {
+    TALLYMERE_REQUIRE(n >= 0);
     std::memset(dest, 0, static_cast<size_t>(n) * sizeof(Limb));
 }
 
 void LimbsCopy(Limb* dest, const Limb* src, int64_t n) {
+    TALLYMERE_REQUIRE(n >= 0);
     std::memmove(dest, src, static_cast<size_t>(n) * sizeof(Limb));
 }
 
 bool LimbsAreZero(const Limb* limbs, int64_t n) {
+    TALLYMERE_REQUIRE(n >= 0);
     for (int64_t i = 0; i < n; i++) {
         if (limbs[i] != 0) {
             return false;
@@ -24,6 +28,7 @@ bool LimbsAreZero(const Limb* limbs, int64_t n) {
 }
 
 int LimbsCompare(const Limb* a, const Limb* b, int64_t n) {
+    TALLYMERE_REQUIRE(n >= 0);
     for (int64_t i = 0; i < n; i++) {
         if (a[i] != b[i]) {
             return a[i] < b[i] ? -1 : 1;
@@ -33,6 +38,8 @@ int LimbsCompare(const Limb* a, const Limb* b, int64_t n) {
 }
 
 Limb LimbsShiftRightDigits(Limb* dest, const Limb* src, int64_t m, int64_t k, Limb guard) {
+    TALLYMERE_REQUIRE(m >= 1 && k >= 0 && k <= DigitsPerLimb && guard < LimbBase);
+    TALLYMERE_REQUIRE(SameOrApart(dest, src, m));
     if (k == 0) {
         LimbsCopy(dest, src, m);
         return guard;
@@ -48,6 +55,8 @@ Limb LimbsShiftRightDigits(Limb* dest, const Limb* src, int64_t m, int64_t k, Li
 }
 
 Limb LimbsShiftLeftDigits(Limb* dest, const Limb* src, int64_t m, int64_t k, Limb guard) {
+    TALLYMERE_REQUIRE(m >= 1 && k >= 0 && k <= DigitsPerLimb && guard < LimbBase);
+    TALLYMERE_REQUIRE(SameOrApart(dest, src, m));
     if (k == 0) {
         LimbsCopy(dest, src, m);
         return guard;
@@ -64,6 +73,8 @@ Limb LimbsShiftLeftDigits(Limb* dest, const Limb* src, int64_t m, int64_t k, Lim
 }
 
 Limb LimbsShiftRightFar(Limb* dest, const Limb* src, int64_t m, int64_t k) {
+    TALLYMERE_REQUIRE(m >= 1 && k >= 0);
+    TALLYMERE_REQUIRE(SameOrApart(dest, src, m));
     const int64_t whole = k / DigitsPerLimb;
     if (whole > m) {
         LimbsClear(dest, m);
@@ -76,6 +87,8 @@ Limb LimbsShiftRightFar(Limb* dest, const Limb* src, int64_t m, int64_t k) {
 }
 
 Limb LimbsShiftLeftFar(Limb* dest, const Limb* src, int64_t m, int64_t k, Limb guard) {
+    TALLYMERE_REQUIRE(m >= 1 && k >= 0 && guard < LimbBase);
+    TALLYMERE_REQUIRE(SameOrApart(dest, src, m));
     const int64_t whole = k / DigitsPerLimb;
     if (whole == 0) {
         return LimbsShiftLeftDigits(dest, src, m, k, guard);
@@ -95,8 +108,10 @@ Limb LimbsShiftLeftFar(Limb* dest, const Limb* src, int64_t m, int64_t k, Limb g
 // / d too small by one at most, and what then remains, below 2 d, goes on as it is: value still
 // fits 64 bits. It is put right beside the chain from limb to limb, which is what takes the time:
 // one high product, one low product and a difference.
-uint64_t LimbsDivideSmall(Limb* dest, const Limb* src, int64_t m, int64_t zeros, uint64_t d,
-                          uint64_t remainder) {
+uint64_t LimbsDivideUint(Limb* dest, const Limb* src, int64_t m, int64_t zeros, uint64_t d,
+                         uint64_t remainder) {
+    TALLYMERE_REQUIRE(m >= 0 && zeros >= 0);
+    TALLYMERE_REQUIRE(d >= 1 && d < UintDivisorLimit && remainder < d);
     const uint64_t whole = LimbBase / d;
     const uint64_t part = LimbBase % d;
     const uint64_t reciprocal = ~uint64_t{0} / d;
@@ -118,6 +133,8 @@ uint64_t LimbsDivideSmall(Limb* dest, const Limb* src, int64_t m, int64_t zeros,
 }
 
 Limb LimbsNormalise(Limb* dest, const Limb* src, int64_t m, int64_t* count, Limb guard) {
+    TALLYMERE_REQUIRE(m >= 1 && guard < LimbBase);
+    TALLYMERE_REQUIRE(SameOrApart(dest, src, m));
     int64_t first = 0;
     while (first < m && src[first] == 0) {
         first++;
@@ -137,6 +154,8 @@ Limb LimbsNormalise(Limb* dest, const Limb* src, int64_t m, int64_t* count, Limb
 }
 
 Limb LimbsAdd(Limb* dest, const Limb* a, const Limb* b, int64_t n) {
+    TALLYMERE_REQUIRE(n >= 1);
+    TALLYMERE_REQUIRE(SameOrApart(dest, a, n) && SameOrApart(dest, b, n));
     Limb carry = 0;
     for (int64_t i = n - 1; i >= 0; i--) {
         dest[i] = AddLimbs(a[i], b[i], carry);
@@ -145,10 +164,13 @@ Limb LimbsAdd(Limb* dest, const Limb* a, const Limb* b, int64_t n) {
 }
 
 Limb LimbsSubtract(Limb* dest, const Limb* a, const Limb* b, int64_t n, Limb guard) {
+    TALLYMERE_REQUIRE(n >= 1 && guard < LimbBase);
+    TALLYMERE_REQUIRE(SameOrApart(dest, a, n) && SameOrApart(dest, b, n));
     Limb borrow = guard != 0 ? 1 : 0;
     for (int64_t i = n - 1; i >= 0; i--) {
         dest[i] = SubtractLimbs(a[i], b[i], borrow);
     }
+    TALLYMERE_REQUIRE(borrow == 0);  // a >= b + (guard != 0)
     return guard != 0 ? LimbBase - guard : 0;
 }
 

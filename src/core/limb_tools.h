@@ -11,6 +11,14 @@
 
 namespace tallymere {
 
+/// True when two arrays of n words are one and the same, or have no word in common.
+inline bool SameOrApart(const uint64_t* a, const uint64_t* b, int64_t n) {
+    const auto placeA = reinterpret_cast<uintptr_t>(a);
+    const auto placeB = reinterpret_cast<uintptr_t>(b);
+    const uintptr_t distance = placeA < placeB ? placeB - placeA : placeA - placeB;
+    return distance == 0 || distance >= static_cast<uintptr_t>(n) * sizeof(uint64_t);
+}
+
 /// Shifts right by 0 <= k <= 19 digits, zeros coming in at the top. Returns the digits that fall
 /// off the bottom, with the top digits of `guard` behind them. The first limb may be any 64-bit
 /// value.
@@ -40,14 +48,14 @@ Limb LimbsAdd(Limb* dest, const Limb* a, const Limb* b, int64_t n);
 /// `guard` below its last limb. Returns the guard limb of the difference, 10^19 - guard or 0.
 Limb LimbsSubtract(Limb* dest, const Limb* a, const Limb* b, int64_t n, Limb guard);
 
-/// What LimbsDivideSmall can divide by lies below this.
-inline constexpr uint64_t SmallDivisorLimit = uint64_t{1} << 30;
+/// What LimbsDivideUint can divide by lies below this.
+inline constexpr uint64_t UintDivisorLimit = uint64_t{1} << 30;
 
 /// Divides the number that is made of `remainder` and behind it the m limbs of src and `zeros`
-/// limbs that are 0, by 1 <= d < SmallDivisorLimit, for remainder < d: writes m + zeros limbs of
+/// limbs that are 0, by 1 <= d < UintDivisorLimit, for remainder < d: writes m + zeros limbs of
 /// the quotient and returns the remainder. dest may be src, or overlap it from below.
-uint64_t LimbsDivideSmall(Limb* dest, const Limb* src, int64_t m, int64_t zeros, uint64_t d,
-                          uint64_t remainder);
+uint64_t LimbsDivideUint(Limb* dest, const Limb* src, int64_t m, int64_t zeros, uint64_t d,
+                         uint64_t remainder);
 
 /// Sets n limbs to 0.
 void LimbsClear(Limb* dest, int64_t n);

@@ -9,6 +9,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "core/contract.h"
+
 #ifdef TALLYMERE_ADJUSTABLE_LIMITS
 #define TALLYMERE_LIMIT inline constinit
 #else
@@ -36,9 +38,13 @@ inline constexpr int64_t CalcRationalDigits = 10'000;
 /// given a width.
 inline constexpr int64_t MaxUintLimbs = 2'000;
 
+/// The most digits that a width can be asked for.
+inline constexpr int64_t MaxUintDigits = 10'000'000'000;
+
 /// The limbs for integers of so many decimal digits: digits * log2(10) / 64, rounded down, and
-/// one. `digits` is 0 to 10^10.
+/// one. `digits` is 0 to MaxUintDigits.
 constexpr int64_t UintLimbsForDigits(int64_t digits) {
+    TALLYMERE_REQUIRE(digits >= 0 && digits <= MaxUintDigits);
     return ((digits * 891'723'283) >> 34) + 1;
 }
 

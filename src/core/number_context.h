@@ -10,6 +10,7 @@
 #include <cstdint>
 
 #include "core/calc_error.h"
+#include "core/contract.h"
 #include "core/limb.h"
 #include "core/limits.h"
 #include "core/stop_request.h"
@@ -25,6 +26,9 @@ enum NumberType : uint32_t {
     NumberTypeRational = 11,
 };
 
+/// The flags noRounding, reportUnderflow, reportOverflow and useInfinitySign keep their start
+/// values as long as the program runs: nothing in it writes them. They are settings of the
+/// arithmetic all the same, and every routine heeds them; the tests set them.
 struct NumberContext {
     CalcError calcError = CalcErrorNone;
     uint8_t* abortFlag = &cancelFlag;  ///< the stop request; read through AbortRequested
@@ -40,8 +44,8 @@ struct NumberContext {
     int64_t fixedExponentHigh = 10;  ///< and below this
 
     uint8_t noRounding = 0;       ///< non-zero: RealRound and RealRoundDigits truncate
-    uint8_t reportUnderflow = 0;  ///< non-zero: an exponent below the range sets code 201
-    uint8_t reportOverflow = 1;   ///< non-zero: an exponent above the range sets code 200
+    uint8_t reportUnderflow = 0;  ///< non-zero: an exponent below the range sets CalcErrorUnderflow
+    uint8_t reportOverflow = 1;   ///< non-zero: an exponent above the range sets CalcErrorOverflow
     uint8_t useInfinitySign = 1;  ///< non-zero: infinity is written with its sign, else "inf"
 
     // Of each group entry 0 is written and all entries are accepted on input.
@@ -59,6 +63,11 @@ struct NumberContext {
 /// separators.
 extern NumberContext numberContext;
 
+/// True when the context is as every operation needs it: layout and width consistent in themselves,
+/// CoreScratch in its place with its top inside, a known number type, each flag 0 or 1, no
+/// separator or mark missing.
+bool NumberContextIsConsistent();
+
 /// Notes a failure; the first code wins.
 inline void SetCalcError(CalcError code) {
     if (numberContext.calcError == CalcErrorNone) {
@@ -75,6 +84,7 @@ struct RealLayout {
 
 /// The layout of p digits, p >= 1.
 constexpr RealLayout LayoutForDigits(int64_t p) {
+    TALLYMERE_REQUIRE(p >= 1);
     const int64_t n = (p + DigitsPerLimb - 1) / DigitsPerLimb;
     return {p, n, p - DigitsPerLimb * n + DigitsPerLimb};
 }
@@ -84,21 +94,30 @@ inline RealLayout CurrentRealLayout() {
     return {numberContext.precisionDigits, numberContext.realLimbs, numberContext.topLimbDigits};
 }
 
-/// Puts a layout in force, unchecked.
+/// True for a layout that LayoutForDigits gives.
+constexpr bool RealLayoutIsConsistent(RealLayout layout) {
+    return layout.digits >= 1 && layout.topDigits >= 1 && layout.topDigits <= DigitsPerLimb &&
+           layout.digits == DigitsPerLimb * (layout.limbs - 1) + layout.topDigits;
+}
+
+/// Puts a layout in force, which must be one that LayoutForDigits gives.
 inline void InstallRealLayout(RealLayout layout) {
+    TALLYMERE_REQUIRE(RealLayoutIsConsistent(layout));
     numberContext.precisionDigits = layout.digits;
     numberContext.realLimbs = layout.limbs;
     numberContext.topLimbDigits = layout.topDigits;
 }
 
-/// Sets the precision to p digits, 1 to MaxPrecisionDigits, and returns true. Any other p sets code
-/// 100, leaves the context as it is and returns false.
+/// Sets the precision to p digits, 1 to MaxPrecisionDigits, and returns true. Any other p sets
+/// CalcErrorBadParameter, leaves the context as it is and returns false.
 bool SetRealPrecision(int64_t p);
 
 /// Puts the layout that it found back at the end of its life.
 class RealLayoutScope {
 public:
-    RealLayoutScope() : saved_(CurrentRealLayout()) {}
+    RealLayoutScope() : saved_(CurrentRealLayout()) {
+        TALLYMERE_REQUIRE(NumberContextIsConsistent());
+    }
     ~RealLayoutScope() { InstallRealLayout(saved_); }
     RealLayoutScope(const RealLayoutScope&) = delete;
     RealLayoutScope& operator=(const RealLayoutScope&) = delete;
@@ -115,8 +134,9 @@ struct UintWidth {
     int64_t limbs;   ///< of 64 bits
 };
 
-/// The width of so many limbs, 1 to 4,000: limbs * 64 * log10(2) digits, rounded down.
+/// The width of so many limbs, 1 to 2 MaxUintLimbs: limbs * 64 * log10(2) digits, rounded down.
 constexpr UintWidth UintWidthForLimbs(int64_t limbs) {
+    TALLYMERE_REQUIRE(limbs >= 1 && limbs <= 2 * MaxUintLimbs);
     return {(limbs * 0x9A209A85) >> 27, limbs};
 }
 
@@ -125,20 +145,30 @@ inline UintWidth CurrentUintWidth() {
     return {numberContext.uintDigits, numberContext.uintLimbs};
 }
 
-/// Puts a width in force, unchecked.
+/// True when integers of width.digits decimal digits fit width.limbs limbs.
+constexpr bool UintWidthIsConsistent(UintWidth width) {
+    return width.limbs >= 1 && width.digits >= 0 && width.digits <= MaxUintDigits &&
+           UintLimbsForDigits(width.digits) <= width.limbs;
+}
+
+/// Puts a width in force, whose digits must fit its limbs.
 inline void InstallUintWidth(UintWidth width) {
+    TALLYMERE_REQUIRE(UintWidthIsConsistent(width));
     numberContext.uintDigits = width.digits;
     numberContext.uintLimbs = width.limbs;
 }
 
-/// Sets the width for integers of so many decimal digits, 0 to 10^10, and returns true. One that
-/// needs more than MaxUintLimbs limbs sets code 100, leaves the width as it is and returns false.
+/// Sets the width for integers of so many decimal digits, 0 to MaxUintDigits, and returns true. One
+/// that needs more than MaxUintLimbs limbs sets CalcErrorBadParameter, leaves the width as it is
+/// and returns false.
 bool SetUintDigits(int64_t digits);
 
 /// Puts the width that it found back at the end of its life.
 class UintWidthScope {
 public:
-    UintWidthScope() : saved_(CurrentUintWidth()) {}
+    UintWidthScope() : saved_(CurrentUintWidth()) {
+        TALLYMERE_REQUIRE(NumberContextIsConsistent());
+    }
     /// And works with so many limbs until then.
     explicit UintWidthScope(int64_t limbs) : UintWidthScope() {
         InstallUintWidth(UintWidthForLimbs(limbs));
@@ -153,8 +183,8 @@ private:
     UintWidth saved_;
 };
 
-/// Takes a code that was noted before out of the way of a routine that looks at its own codes, and
-/// puts it back over them at the end of its life.
+/// Clears the code that was noted before, so that a routine sees its own codes alone. At the end of
+/// its life an earlier code, if there was one, is noted again in place of any other.
 class CalcErrorScope {
 public:
     CalcErrorScope() : saved_(numberContext.calcError) { numberContext.calcError = CalcErrorNone; }

@@ -51,10 +51,12 @@ NumberScanner MakeNumberScanner(const char16_t* text, int64_t length, uint32_t f
 /// NumberTokenOther. A group separator belongs to a number only between two digits.
 NumberToken NextNumberToken(NumberScanner& scanner);
 
-/// True if c is one of the context's three decimal separators, or "." in the neutral form.
+/// True if c is one of the context's three decimal separators, or "." where only plain separators
+/// count.
 bool IsDecimalSeparator(char16_t c, bool neutral);
 
-/// True if c is one of the context's three group separators, or "'" in the neutral form.
+/// True if c is one of the context's three group separators, or "'" where only plain separators
+/// count.
 bool IsGroupSeparator(char16_t c, bool neutral);
 
 /// True if c is one of the context's four exponent characters.

@@ -1,5 +1,6 @@
 #include "core/real_add.h"
 
+#include "core/contract.h"
 #include "core/limb_tools.h"
 #include "core/real_rounding.h"
 #include "core/scratch.h"
@@ -68,6 +69,8 @@ Limb SubtractMagnitudes(RealNumber* dest, const Limb* large, const Limb* small, 
 }  // namespace
 
 Limb RealAddRaw(RealNumber* dest, const RealNumber* a, const RealNumber* b, bool subtract) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(a) && RealIsWellFormed(b));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, a) && RealSameOrApart(dest, b));
     const int64_t n = numberContext.realLimbs;
     const uint64_t signA = RealSign(a);
     const uint64_t signB = RealSign(b) ^ (subtract ? 1 : 0);

@@ -6,8 +6,8 @@
 namespace tallymere {
 
 /// dest = a + b, or a - b with `subtract`; raw. Digits of the smaller operand that lie below the
-/// guard limb are dropped. Infinity minus infinity gives NaN and code 203. Exact cancellation gives
-/// the zero of a's sign; a zero operand gives the other one, so 0 + (-0) is -0.
+/// guard limb are dropped. Infinity minus infinity gives NaN and CalcErrorUndefined. Exact
+/// cancellation gives the zero of a's sign; a zero operand gives the other one, so 0 + (-0) is -0.
 Limb RealAddRaw(RealNumber* dest, const RealNumber* a, const RealNumber* b, bool subtract);
 
 /// dest = a + b, rounded.

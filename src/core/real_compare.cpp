@@ -1,5 +1,6 @@
 #include "core/real_compare.h"
 
+#include "core/contract.h"
 #include "core/limb_tools.h"
 
 namespace tallymere {
@@ -70,6 +71,7 @@ int CompareWithInteger(const RealNumber* x, uint64_t sign, uint64_t k, uint64_t 
 }  // namespace
 
 int RealCompare(const RealNumber* a, const RealNumber* b, bool ignoreSign) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(a) && RealIsWellFormed(b));
     if (RealIsNaN(a) || RealIsNaN(b)) {
         return 1;
     }
@@ -97,6 +99,7 @@ int RealCompare(const RealNumber* a, const RealNumber* b, bool ignoreSign) {
 }
 
 int RealCompareInt(const RealNumber* x, int64_t k) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
     const uint64_t sign = k < 0 ? 1 : 0;
     const uint64_t magnitude = IntegerMagnitude(k);
     return CompareWithInteger(x, RealSign(x), magnitude, sign, DigitCount(magnitude) - 1,
@@ -109,6 +112,7 @@ int RealCompareUint(const RealNumber* x, uint64_t k, bool ignoreSign) {
 }
 
 int RealCompareScaled(const RealNumber* x, uint64_t k, int64_t e, bool ignoreSign) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
     if (k >= PowerOfTen(18)) {
         SetCalcError(CalcErrorUndefined);
         return 1;

@@ -17,8 +17,8 @@ int RealCompareInt(const RealNumber* x, int64_t k);
 int RealCompareUint(const RealNumber* x, uint64_t k, bool ignoreSign = false);
 
 /// Compares x, or with ignoreSign |x|, with the number that has the digits of k as its mantissa and
-/// e as its exponent: k = 11, e = 0 means 1.1. A k of more than 18 digits sets code 203 and
-/// gives 1.
+/// e as its exponent: k = 11, e = 0 means 1.1. A k of more than 18 digits sets CalcErrorUndefined
+/// and gives 1.
 int RealCompareScaled(const RealNumber* x, uint64_t k, int64_t e, bool ignoreSign = false);
 
 }  // namespace tallymere

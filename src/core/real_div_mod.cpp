@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/contract.h"
 #include "core/limb_tools.h"
 #include "core/real_multiply.h"
 #include "core/scratch.h"
@@ -142,6 +143,8 @@ void StoreRemainder(RealNumber* dest, const LongDivision& division, int64_t divi
 
 void RealDivMod(RealNumber* quotient, RealNumber* remainder, const RealNumber* a,
                 const RealNumber* b) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(a) && RealIsWellFormed(b));
+    TALLYMERE_REQUIRE(quotient != remainder || quotient == nullptr);
     if (RealIsSpecial(a) || RealIsSpecial(b)) {
         DivModSpecial(quotient, remainder, a, b);
         return;

@@ -1,5 +1,6 @@
 #include "core/real_divide.h"
 
+#include "core/contract.h"
 #include "core/limb_tools.h"
 #include "core/real_add.h"
 #include "core/real_integer.h"
@@ -129,6 +130,9 @@ void DivideSpecial(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
 }  // namespace
 
 Limb RealDivUint(RealNumber* dest, const RealNumber* x, uint64_t d, uint64_t reciprocal) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
+    TALLYMERE_REQUIRE(reciprocal == 0 || d == 0 || reciprocal == DivisorReciprocal(d));
     const uint64_t sign = RealSign(x);
     if (RealIsNaN(x)) {
         RealSetNaN(dest);
@@ -161,8 +165,8 @@ Limb RealDivUint(RealNumber* dest, const RealNumber* x, uint64_t d, uint64_t rec
         const Wide value = wide::Add(wide::Multiply(remainder, LimbBase), {0, limb});
         return Divide128(&remainder, value.high, value.low, d, reciprocal);
     };
-    if (d < SmallDivisorLimit) {
-        remainder = LimbsDivideSmall(to, from + skipped, n - skipped, skipped, d, remainder);
+    if (d < UintDivisorLimit) {
+        remainder = LimbsDivideUint(to, from + skipped, n - skipped, skipped, d, remainder);
     } else {
         for (int64_t i = skipped; i < n; i++) {
             to[i - skipped] = nextLimb(from[i]);
@@ -183,6 +187,9 @@ Limb RealDivUint(RealNumber* dest, const RealNumber* x, uint64_t d, uint64_t rec
 }
 
 Limb RealReciprocalRaw(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
+    TALLYMERE_REQUIRE(!RealIsSpecial(x));
     CoreScratchScope scratch;
     Limb guard = 0;
     ReciprocalOfAligned(dest, &guard, Align(scratch, x, numberContext.realLimbs), RealSign(x));
@@ -190,6 +197,8 @@ Limb RealReciprocalRaw(RealNumber* dest, const RealNumber* x) {
 }
 
 Limb RealReciprocalAny(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     if (!RealIsSpecial(x)) {
         return RealReciprocalRaw(dest, x);
     }
@@ -208,6 +217,8 @@ void RealReciprocal(RealNumber* dest, const RealNumber* x) {
 }
 
 Limb RealDivRaw(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(a) && RealIsWellFormed(b));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, a) && RealSameOrApart(dest, b));
     if (RealIsSpecial(a) || RealIsSpecial(b)) {
         DivideSpecial(dest, a, b);
         return 0;
@@ -222,6 +233,8 @@ Limb RealDivRaw(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
 // What WithGuardDigitsBinary makes of RealDivRaw. Aligned mantissas are the same in both layouts
 // but for zeros at the end, so the operands go there in one step instead of two.
 void RealDiv(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(a) && RealIsWellFormed(b));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, a) && RealSameOrApart(dest, b));
     if (RealIsSpecial(a) || RealIsSpecial(b)) {
         DivideSpecial(dest, a, b);
         return;

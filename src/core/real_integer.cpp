@@ -1,5 +1,6 @@
 #include "core/real_integer.h"
 
+#include "core/contract.h"
 #include "core/limb_tools.h"
 #include "core/real_rounding.h"
 
@@ -51,6 +52,8 @@ void RealFromInt(RealNumber* dest, int64_t k) {
 }
 
 bool RealToUint(uint64_t* out, const RealNumber* x, uint32_t flags) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE((flags & ~uint32_t{AllowFraction | AllowNegative}) == 0);
     *out = 0;
     if (RealIsSpecial(x)) {
         return RealIsZero(x);
@@ -77,6 +80,8 @@ bool RealToUint(uint64_t* out, const RealNumber* x, uint32_t flags) {
 }
 
 bool RealToInt(int64_t* out, const RealNumber* x, uint32_t flags) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE((flags & ~uint32_t{AllowFraction | AllowNegative}) == 0);
     *out = 0;
     uint64_t magnitude = 0;
     if (!RealToUint(&magnitude, x, flags | AllowNegative)) {
@@ -92,6 +97,7 @@ bool RealToInt(int64_t* out, const RealNumber* x, uint32_t flags) {
 }
 
 uint64_t RealLeadingDigits(const Limb* limbs, int64_t k) {
+    TALLYMERE_REQUIRE(k >= 1 && k <= DigitsPerLimb);
     const int64_t t = numberContext.topLimbDigits;
     if (k <= t) {
         return DivideByPowerOfTen(limbs[0], t - k).quotient;
@@ -102,6 +108,7 @@ uint64_t RealLeadingDigits(const Limb* limbs, int64_t k) {
 }
 
 void RealSetLeading(Limb* limbs, uint64_t v) {
+    TALLYMERE_REQUIRE(v >= PowerOfTen(DigitsPerLimb - 1) && v < LimbBase);
     const int64_t n = numberContext.realLimbs;
     const int64_t t = numberContext.topLimbDigits;
     LimbsClear(limbs, n);

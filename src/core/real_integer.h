@@ -23,7 +23,7 @@ enum IntegerFlags : uint32_t {
 /// not allow.
 bool RealToUint(uint64_t* out, const RealNumber* x, uint32_t flags);
 
-/// The same for the signed 64-bit range; `flags` may hold AllowFraction.
+/// The same for the signed 64-bit range, where AllowNegative makes no difference.
 bool RealToInt(int64_t* out, const RealNumber* x, uint32_t flags);
 
 /// The first k mantissa digits as an integer, 1 <= k <= 19, from the limbs of a finite non-zero

@@ -1,5 +1,6 @@
 #include "core/real_layout.h"
 
+#include "core/contract.h"
 #include "core/limb_tools.h"
 #include "core/real_rounding.h"
 #include "core/scratch.h"
@@ -22,11 +23,13 @@ GuardShape ShapeOfGuard(int64_t g) {
 }  // namespace
 
 RealLayout WidenedLayout(int64_t g) {
+    TALLYMERE_REQUIRE(g >= 0 && g <= MaxGuardDigits);
     return LayoutForDigits(numberContext.precisionDigits + g);
 }
 
 void RealWiden(RealNumber* dest, const RealNumber* src, int64_t g, int64_t oldLimbs,
                int64_t limbIncrease) {
+    TALLYMERE_REQUIRE(g >= 0 && g <= MaxGuardDigits && dest != src);
     const GuardShape shape = ShapeOfGuard(g);
     const int64_t increase = limbIncrease - shape.spareLimbs;
     const int64_t limbs = oldLimbs + increase;
@@ -47,6 +50,7 @@ void RealWiden(RealNumber* dest, const RealNumber* src, int64_t g, int64_t oldLi
 
 Limb RealNarrow(RealNumber* dest, const RealNumber* src, int64_t g, int64_t oldLimbs,
                 int64_t limbIncrease) {
+    TALLYMERE_REQUIRE(g >= 0 && g <= MaxGuardDigits);
     const GuardShape shape = ShapeOfGuard(g);
     const int64_t decrease = limbIncrease - shape.spareLimbs;
     const Limb* from = RealLimbs(src);
@@ -64,6 +68,8 @@ Limb RealNarrow(RealNumber* dest, const RealNumber* src, int64_t g, int64_t oldL
 }
 
 Limb WithGuardDigitsUnary(RealNumber* dest, const RealNumber* x, int64_t g, RealUnaryFunction f) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     const int64_t oldLimbs = numberContext.realLimbs;
     const RealLayout wide = WidenedLayout(g);
     const int64_t increase = wide.limbs - oldLimbs;
@@ -78,6 +84,8 @@ Limb WithGuardDigitsUnary(RealNumber* dest, const RealNumber* x, int64_t g, Real
 
 Limb WithGuardDigitsBinary(RealNumber* dest, const RealNumber* a, const RealNumber* b, int64_t g,
                            RealBinaryFunction f) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(a) && RealIsWellFormed(b));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, a) && RealSameOrApart(dest, b));
     const int64_t oldLimbs = numberContext.realLimbs;
     const RealLayout wide = WidenedLayout(g);
     const int64_t increase = wide.limbs - oldLimbs;
@@ -93,6 +101,8 @@ Limb WithGuardDigitsBinary(RealNumber* dest, const RealNumber* a, const RealNumb
 }
 
 Limb RealConvertLayout(RealNumber* dest, const RealNumber* src, RealLayout source) {
+    TALLYMERE_REQUIRE(RealLayoutIsConsistent(source));
+    TALLYMERE_REQUIRE(dest != src || source.digits == numberContext.precisionDigits);
     const int64_t n = numberContext.realLimbs;
     const int64_t t = numberContext.topLimbDigits;
     const Limb* from = RealLimbs(src);

@@ -40,8 +40,8 @@ Limb WithGuardDigitsBinary(RealNumber* dest, const RealNumber* a, const RealNumb
 Limb RealConvertLayout(RealNumber* dest, const RealNumber* src, RealLayout source);
 
 /// Writes src, a number of sourceDigits digits, to dest with `digits` digits, rounded; dest must
-/// have room for that layout. Digits outside 1 to MaxPrecisionDigits set code 100, leave dest as it
-/// is and give false.
+/// have room for that layout. Digits outside 1 to MaxPrecisionDigits set CalcErrorBadParameter,
+/// leave dest as it is and give false.
 bool RealConvertPrecision(RealNumber* dest, int64_t digits, const RealNumber* src,
                           int64_t sourceDigits);
 

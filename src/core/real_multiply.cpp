@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/contract.h"
 #include "core/limb_columns.h"
 #include "core/limb_tools.h"
 #include "core/real_rounding.h"
@@ -10,6 +11,12 @@
 namespace tallymere {
 
 namespace {
+
+// True when the first limb has the digits that it has in normal form.
+[[maybe_unused]] bool FirstLimbIsNormal(const Limb* limbs) {
+    const int64_t t = numberContext.topLimbDigits;
+    return limbs[0] >= PowerOfTen(t - 1) && limbs[0] < PowerOfTen(t);
+}
 
 // The limbs of an operand that can make products: limb 0 and those from `start` to before `end`.
 // Newton's iteration multiplies by numbers such as 1.000...0ddd and by seeds of one limb, where
@@ -161,19 +168,27 @@ int Multiply(int64_t n, Limb* product, Limb* guard, const Limb* a, const Limb* b
 }  // namespace
 
 void LimbsAlign(Limb* dest, const Limb* src, int64_t n) {
+    TALLYMERE_REQUIRE(n == numberContext.realLimbs);
+    TALLYMERE_REQUIRE(FirstLimbIsNormal(src));
     LimbsShiftLeftDigits(dest, src, n, DigitsPerLimb - numberContext.topLimbDigits, 0);
 }
 
 int LimbsMultiply(int64_t n, Limb* product, Limb* guard, const Limb* a, const Limb* b) {
+    TALLYMERE_REQUIRE(n == numberContext.realLimbs);
+    TALLYMERE_REQUIRE(FirstLimbIsNormal(a) && FirstLimbIsNormal(b));
     return Multiply(n, product, guard, a, b, false);
 }
 
 int LimbsMultiplyAligned(int64_t n, Limb* product, Limb* guard, const Limb* aligned,
                          const Limb* b) {
+    TALLYMERE_REQUIRE(n == numberContext.realLimbs);
+    TALLYMERE_REQUIRE(aligned[0] >= PowerOfTen(DigitsPerLimb - 1) && FirstLimbIsNormal(b));
     return Multiply(n, product, guard, aligned, b, true);
 }
 
 Limb RealMulRaw(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(a) && RealIsWellFormed(b));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, a) && RealSameOrApart(dest, b));
     const uint64_t sign = RealSign(a) ^ RealSign(b);
     if (!RealIsSpecial(a) && !RealIsSpecial(b)) {
         const int64_t exponent = RealExponent(a) + RealExponent(b);
@@ -202,6 +217,8 @@ void RealMul(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
 }
 
 Limb RealMulUint(RealNumber* dest, const RealNumber* x, uint64_t k) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     const uint64_t sign = RealSign(x);
     if (RealIsNaN(x)) {
         RealSetNaN(dest);

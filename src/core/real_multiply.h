@@ -16,13 +16,13 @@ int LimbsMultiply(int64_t n, Limb* product, Limb* guard, const Limb* a, const Li
 void LimbsAlign(Limb* dest, const Limb* src, int64_t n);
 int LimbsMultiplyAligned(int64_t n, Limb* product, Limb* guard, const Limb* aligned, const Limb* b);
 
-/// dest = a * b; raw. Zero times infinity gives NaN and code 203.
+/// dest = a * b; raw. Zero times infinity gives NaN and CalcErrorUndefined.
 Limb RealMulRaw(RealNumber* dest, const RealNumber* a, const RealNumber* b);
 
 /// dest = a * b, rounded, without guard digits.
 void RealMul(RealNumber* dest, const RealNumber* a, const RealNumber* b);
 
-/// dest = x * k; raw. Infinity times 0 gives NaN and code 203.
+/// dest = x * k; raw. Infinity times 0 gives NaN and CalcErrorUndefined.
 Limb RealMulUint(RealNumber* dest, const RealNumber* x, uint64_t k);
 
 }  // namespace tallymere

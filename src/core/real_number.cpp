@@ -1,5 +1,6 @@
 #include "core/real_number.h"
 
+#include "core/contract.h"
 #include "core/limb_tools.h"
 
 namespace tallymere {
@@ -33,10 +34,12 @@ bool RealIsWellFormed(const RealNumber* x) {
 }
 
 void RealSetZero(RealNumber* dest, uint64_t sign) {
+    TALLYMERE_REQUIRE(sign <= 1);
     SetSpecial(dest, MarkZero, sign);
 }
 
 void RealSetInfinity(RealNumber* dest, uint64_t sign) {
+    TALLYMERE_REQUIRE(sign <= 1);
     SetSpecial(dest, MarkInfinity, sign);
 }
 
@@ -70,6 +73,7 @@ void RealSetOne(RealNumber* dest) {
 }
 
 void RealSetSign(RealNumber* x, uint64_t sign) {
+    TALLYMERE_REQUIRE(sign <= 1);
     x->header = (x->header & ~uint64_t{1}) | sign;
 }
 
@@ -80,6 +84,7 @@ void RealNegate(RealNumber* x) {
 }
 
 void RealCopy(RealNumber* dest, const RealNumber* src) {
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, src));
     dest->header = src->header;
     LimbsCopy(RealLimbs(dest), RealLimbs(src), numberContext.realLimbs);
 }
@@ -94,6 +99,7 @@ bool RealSetExponent(RealNumber* x, int64_t exponent) {
 }
 
 bool RealSetExponentAndSign(RealNumber* x, int64_t exponent, uint64_t sign) {
+    TALLYMERE_REQUIRE(sign <= 1);
     if (exponent > MaxExponent) {
         RealSetOverflow(x, sign);
         return false;

@@ -24,6 +24,7 @@
 #include <cstdint>
 
 #include "core/limb.h"
+#include "core/limb_tools.h"
 #include "core/number_context.h"
 
 namespace tallymere {
@@ -43,6 +44,11 @@ enum SpecialMark : Limb { MarkZero = 0, MarkInfinity = 1, MarkNaN = 2 };
 /// Words of one record in the current layout.
 inline int64_t RealWords() {
     return numberContext.realLimbs + 1;
+}
+
+/// True when two records of the current layout are one and the same, or have no word in common.
+inline bool RealSameOrApart(const RealNumber* a, const RealNumber* b) {
+    return SameOrApart(&a->header, &b->header, RealWords());
 }
 
 inline Limb* RealLimbs(RealNumber* x) {
@@ -94,11 +100,11 @@ void RealSetZero(RealNumber* dest, uint64_t sign);
 void RealSetInfinity(RealNumber* dest, uint64_t sign);
 void RealSetNaN(RealNumber* dest);
 
-/// A result above the range, or at a pole: an infinity of that sign, and code 200 if
+/// A result above the range, or at a pole: an infinity of that sign, and CalcErrorOverflow if
 /// reportOverflow.
 void RealSetOverflow(RealNumber* dest, uint64_t sign);
 
-/// A result below the range: a zero of that sign, and code 201 if reportUnderflow.
+/// A result below the range: a zero of that sign, and CalcErrorUnderflow if reportUnderflow.
 void RealSetUnderflow(RealNumber* dest, uint64_t sign);
 
 /// NaN, and notes `code`.

@@ -1,5 +1,6 @@
 #include "core/real_rounding.h"
 
+#include "core/contract.h"
 #include "core/limb_tools.h"
 #include "core/real_compare.h"
 #include "core/scratch.h"
@@ -58,6 +59,7 @@ int64_t LastFractionExponent() {
 }  // namespace
 
 void RealRound(RealNumber* x, Limb guard) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x) && guard < LimbBase);
     if (numberContext.noRounding != 0 || RealIsSpecial(x)) {
         return;
     }
@@ -74,6 +76,9 @@ void RealRound(RealNumber* x, Limb guard) {
 }
 
 void RealRoundDigits(RealNumber* dest, const RealNumber* x, int64_t d) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
+    TALLYMERE_REQUIRE(!RealIsSpecial(x) && d >= 1);
     RealCopy(dest, x);
     if (d >= numberContext.precisionDigits) {
         return;
@@ -93,6 +98,8 @@ void RealRoundDigits(RealNumber* dest, const RealNumber* x, int64_t d) {
 }
 
 void RealRoundDigitsAny(RealNumber* dest, const RealNumber* x, int64_t d) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     if (d < 1) {
         RealSetNaN(dest, CalcErrorUndefined);
     } else if (RealIsSpecial(x)) {
@@ -103,6 +110,7 @@ void RealRoundDigitsAny(RealNumber* dest, const RealNumber* x, int64_t d) {
 }
 
 bool RealIsInteger(const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
     if (RealIsSpecial(x)) {
         return RealIsZero(x);
     }
@@ -120,6 +128,7 @@ bool RealIsInteger(const RealNumber* x) {
 }
 
 bool RealIsEven(const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
     if (RealIsSpecial(x)) {
         return RealIsZero(x);
     }
@@ -132,6 +141,8 @@ bool RealIsEven(const RealNumber* x) {
 }
 
 void RealIntegerPart(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     if (!RealIsSpecial(x) && RealExponent(x) < 0) {
         RealSetZero(dest, RealSign(x));
         return;
@@ -145,6 +156,8 @@ void RealIntegerPart(RealNumber* dest, const RealNumber* x) {
 }
 
 void RealRoundToInteger(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     const uint64_t sign = RealSign(x);
     if (RealIsSpecial(x)) {
         RealCopy(dest, x);
@@ -159,6 +172,8 @@ void RealRoundToInteger(RealNumber* dest, const RealNumber* x) {
 }
 
 void RealFractionPart(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     if (RealIsNaN(x)) {
         RealSetNaN(dest);
         return;

@@ -11,16 +11,16 @@ using RealRoundedBinary = void (*)(RealNumber* dest, const RealNumber* a, const 
 
 /// Rounds half up in magnitude by the guard limb alone: ties go away from zero. Special values
 /// stay, and so does everything under noRounding. A carry out of the leading digit raises the
-/// exponent; at the top of the range it makes an infinity (code 200 if reportOverflow).
+/// exponent; at the top of the range it makes an infinity (CalcErrorOverflow if reportOverflow).
 void RealRound(RealNumber* x, Limb guard);
 
 /// Rounds a finite non-zero x to d significant digits, d > 0, half up in magnitude; d >= p copies.
-/// Truncates under noRounding. A carry above the exponent range makes an infinity (code 200 if
-/// reportOverflow).
+/// Truncates under noRounding. A carry above the exponent range makes an infinity
+/// (CalcErrorOverflow if reportOverflow).
 void RealRoundDigits(RealNumber* dest, const RealNumber* x, int64_t d);
 
-/// The same for all values and any d: special values are copied, and a d below 1 gives NaN and code
-/// 203.
+/// The same for all values and any d: special values are copied, and a d below 1 gives NaN and
+/// CalcErrorUndefined.
 void RealRoundDigitsAny(RealNumber* dest, const RealNumber* x, int64_t d);
 
 /// True for zero and integers, false for infinity and NaN. A number whose digits all stand before

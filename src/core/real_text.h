@@ -19,13 +19,15 @@ Limb DigitsToLimbs(Limb* limbs, int64_t* exponent, const char16_t* text, int64_t
 
 /// dest = the number that the text denotes; raw. `length` may be TextUntilZero; spaces at both ends
 /// are passed over. The guard limb holds the first digit that did not fit and nothing below it, so
-/// rounding goes by that digit alone. Sets 301 and NaN where the text is no number, 100 and NaN for
-/// a base other than 0 and 10; an exponent out of range gives an infinity (200 if reportOverflow)
-/// or a zero (201 if reportUnderflow).
+/// rounding goes by that digit alone. Where the text is no number the result is NaN with
+/// CalcErrorSyntax. A base other than 0 and 10 gives NaN with CalcErrorBadParameter. An exponent
+/// above the range gives an infinity, with CalcErrorOverflow if reportOverflow; one below it a
+/// zero, with CalcErrorUnderflow if reportUnderflow.
 Limb RealFromText(RealNumber* dest, const char16_t* text, int64_t length, uint32_t flags);
 
 /// Appends x to the writer; an overflow shows in the writer's position. A record outside the normal
-/// form is written "[?]" with code 204; a base other than 0 and 10 as "[P]" with code 100.
+/// form is written "[?]" with CalcErrorMalformed; a base other than 0 and 10 as "[P]" with
+/// CalcErrorBadParameter.
 void RealToText(TextWriter& writer, const RealNumber* x, uint32_t flags);
 
 /// Characters that suffice for any number outside fixed notation, without the terminating 0.

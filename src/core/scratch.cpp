@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "core/contract.h"
 #include "core/number_context.h"
 
 #ifdef TALLYMERE_CHECKED_SCRATCH
@@ -67,6 +68,7 @@ void CloseCheckedBlocks([[maybe_unused]] uint64_t* start, [[maybe_unused]] uint6
 }
 
 void CreateScratchStack() {
+    TALLYMERE_REQUIRE(scratchStack.area.base == nullptr);
     const int64_t words = AreaWords(ScratchStackBytes);
     auto* block = static_cast<uint64_t*>(std::malloc(static_cast<size_t>(words) * BytesPerWord));
     if (block == nullptr) {
@@ -79,6 +81,7 @@ void CreateScratchStack() {
 }
 
 void DestroyScratchStack() {
+    TALLYMERE_REQUIRE(scratchStack.area.base != nullptr);
     ScratchArea& area = scratchStack.area;
 #ifdef TALLYMERE_CHECKED_SCRATCH
     ASAN_UNPOISON_MEMORY_REGION(area.base,

@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "core/contract.h"
 #include "core/limits.h"
 
 #if defined(__SANITIZE_ADDRESS__)
@@ -72,8 +73,10 @@ inline uint64_t* ScratchTake(ScratchArea& area, int64_t words) {
     return block;
 }
 
-/// Gives back everything that was taken since *area.top was `mark`.
+/// Gives back everything that was taken since *area.top was `mark`. Scopes end in the reverse order
+/// of their beginnings, so `mark` is never above the top.
 inline void ScratchRelease(ScratchArea& area, uint64_t* mark) {
+    TALLYMERE_REQUIRE(mark >= area.base && mark <= *area.top);
     if constexpr (CheckedScratch) {
         CloseCheckedBlocks(mark, *area.top);
     }
@@ -110,7 +113,7 @@ void CreateScratchStack();
 /// Frees the calling thread's ScratchStack.
 void DestroyScratchStack();
 
-/// The calling thread's ScratchStack; the thread must have one.
+/// The calling thread's ScratchStack; its base is null where the thread has none.
 ScratchArea& CurrentScratchStack();
 
 /// The scope of one routine on the calling thread's ScratchStack.

@@ -2,12 +2,14 @@
 
 #include <algorithm>
 
+#include "core/contract.h"
 #include "core/number_context.h"
 #include "core/text_flags.h"
 
 namespace tallymere {
 
 char16_t* WriteReserve(TextWriter& writer, int64_t count) {
+    TALLYMERE_REQUIRE(TextWriterIsConsistent(writer) && count >= 0);
     if (count > writer.capacity - writer.position) {
         writer.position = writer.capacity + 1;
         return nullptr;
@@ -34,6 +36,7 @@ void WriteRepeated(TextWriter& writer, char16_t c, int64_t count) {
 }
 
 int64_t FinishNumberText(TextWriter& writer, uint32_t flags) {
+    TALLYMERE_REQUIRE(TextWriterIsConsistent(writer));
     if (WriterOverflowed(writer)) {
         SetCalcError(CalcErrorTextTooLong);
         writer.position = 0;

@@ -14,6 +14,11 @@ struct TextWriter {
     char16_t* buffer;
 };
 
+/// True when `position` and `capacity` are as they must be.
+inline bool TextWriterIsConsistent(const TextWriter& writer) {
+    return writer.capacity >= 0 && writer.position >= 0 && writer.position <= writer.capacity + 1;
+}
+
 /// True when something did not fit.
 inline bool WriterOverflowed(const TextWriter& writer) {
     return writer.position > writer.capacity;
@@ -33,7 +38,8 @@ void WriteRepeated(TextWriter& writer, char16_t c, int64_t count);
 char16_t* WriteReserve(TextWriter& writer, int64_t count);
 
 /// Ends the text of a number. One that overflowed becomes "[$]", or empty in a capacity below 3,
-/// and code 300 is noted. A 0 follows unless `flags` has TextNoTerminator. Returns the length.
+/// and CalcErrorTextTooLong is noted. A 0 follows unless `flags` has TextNoTerminator. Returns the
+/// length.
 int64_t FinishNumberText(TextWriter& writer, uint32_t flags);
 
 }  // namespace tallymere

@@ -7,6 +7,8 @@
 #include <bit>
 #include <cstdint>
 
+#include "core/contract.h"
+
 namespace tallymere {
 
 /// A 128-bit unsigned value in two words.
@@ -52,6 +54,7 @@ constexpr void Accumulate(uint64_t& overflow, Wide& sum, Wide value) {
 
 /// The quotient of a 128-bit value by d, for value.high < d.
 constexpr uint64_t Divide(Wide value, uint64_t d) {
+    TALLYMERE_REQUIRE(value.high < d);
     uint64_t remainder = value.high;
     uint64_t quotient = 0;
     for (int bit = 63; bit >= 0; bit--) {
@@ -97,6 +100,7 @@ constexpr void Accumulate(uint64_t& overflow, Wide& sum, Wide value) {
 }
 
 constexpr uint64_t Divide(Wide value, uint64_t d) {
+    TALLYMERE_REQUIRE(value.high < d);
     return static_cast<uint64_t>(Join(value) / d);
 }
 
@@ -119,6 +123,7 @@ constexpr bool AtLeast(Wide a, Wide b) {
 
 /// Index 0 to 63 of the highest set bit of v, which must not be 0.
 constexpr int HighestBit(uint64_t v) {
+    TALLYMERE_REQUIRE(v != 0);
     return 63 - std::countl_zero(v);
 }
 

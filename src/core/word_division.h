@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "core/contract.h"
 #include "core/wide_arithmetic.h"
 
 namespace tallymere {
@@ -13,11 +14,12 @@ inline constexpr uint64_t PowerOfTwoReciprocal = 0x8000000000000000u;
 /// What Divide128 needs to know of d >= 1: PowerOfTwoReciprocal if d is a power of two, else
 /// floor(2^(64 + floor(log2 d)) / d).
 constexpr uint64_t ComputeDivisorReciprocal(uint64_t d) {
+    TALLYMERE_REQUIRE(d >= 1);
     return (d & (d - 1)) == 0 ? PowerOfTwoReciprocal
                               : wide::Divide({uint64_t{1} << HighestBit(d), 0}, d);
 }
 
-/// The same, up to 2000 from a table.
+/// The same, up to 2000 from a table; 0 for d = 0.
 uint64_t DivisorReciprocal(uint64_t d);
 
 /// The quotient of the 128-bit value (high, low) by d, for high < d; writes the remainder.

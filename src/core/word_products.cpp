@@ -2,6 +2,9 @@
 
 #ifdef TALLYMERE_CARRY_CHAINS
 #include <cpuid.h>
+
+#include "core/contract.h"
+#include "core/limb_tools.h"
 #endif
 
 namespace tallymere {
@@ -127,11 +130,15 @@ const bool HasCarryChains = words_carry_chains::Supported();
 }  // namespace
 
 uint64_t MultiplyWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
+    TALLYMERE_REQUIRE(n >= 0);
+    TALLYMERE_REQUIRE(SameOrApart(dest, src, n));
     return HasCarryChains ? words_carry_chains::Multiply(dest, src, n, k)
                           : words_portable::Multiply(dest, src, n, k);
 }
 
 uint64_t MultiplyAddWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
+    TALLYMERE_REQUIRE(n >= 0);
+    TALLYMERE_REQUIRE(SameOrApart(dest, src, n));
     return HasCarryChains ? words_carry_chains::MultiplyAdd(dest, src, n, k)
                           : words_portable::MultiplyAdd(dest, src, n, k);
 }

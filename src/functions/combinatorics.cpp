@@ -1,5 +1,6 @@
 #include "functions/combinatorics.h"
 
+#include "core/contract.h"
 #include "core/real_add.h"
 #include "core/real_compare.h"
 #include "core/real_div_mod.h"
@@ -117,6 +118,8 @@ void RealPermutations(RealNumber* dest, const RealNumber* n, const RealNumber* k
 }
 
 Limb RealGcd(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(a) && RealIsWellFormed(b));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, a) && RealSameOrApart(dest, b));
     if (RealIsNaN(a) || RealIsNaN(b)) {
         RealSetNaN(dest);
         return 0;
@@ -147,6 +150,8 @@ Limb RealGcd(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
 }
 
 Limb RealLcm(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(a) && RealIsWellFormed(b));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, a) && RealSameOrApart(dest, b));
     CoreScratchScope scratch;
     RealNumber* quotient = RealAt(scratch.Take(RealWords()));
     RealGcd(quotient, a, b);

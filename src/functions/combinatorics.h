@@ -6,21 +6,22 @@
 namespace tallymere {
 
 /// dest = the number of combinations, n (n - 1) ... (n - k + 1) / k!, with 19 guard digits,
-/// rounded. k is a non-negative integer below 2^64; n may be any finite number, and is first taken
-/// down to n - k and then counted up again, so a fraction that is lost in n - k stays lost. Of
-/// C(n, k) = C(n, n - k) the shorter product is worked out, also for a k that exceeds 64 bits.
+/// rounded; for an integer n within UsualErrorBound (functions/error_bounds.h). k is a non-negative
+/// integer below 2^64; n may be any finite number. The factors are counted up from n - k, so digits
+/// of a fraction that n - k has no room for are lost. Of C(n, k) = C(n, n - k) the shorter product
+/// is worked out, also for a k that exceeds 64 bits.
 ///
 ///   n                        k                       result
 ///   NaN, or any              any, or NaN             NaN, no code
-///   infinite                 any                     NaN and code 203
-///   any                      infinite                NaN and code 203
+///   infinite                 any                     NaN and CalcErrorUndefined
+///   any                      infinite                NaN and CalcErrorUndefined
 ///   finite                   0                       1
 ///   zero                     positive integer        zero: -0 for n = -0 and an odd k, else +0
 ///   non-negative integer     integer above n         0
-///   any                      negative or a fraction  NaN and code 203
+///   any                      negative or a fraction  NaN and CalcErrorUndefined
 ///
-/// Each factor is one step, which polls the stop byte: NaN and code 207. A result outside the range
-/// ends the product: infinity and code 200 if reportOverflow, or a zero.
+/// Each factor is one step, which polls the stop byte: NaN and CalcErrorCancelled. A result outside
+/// the range ends the product: infinity and CalcErrorOverflow if reportOverflow, or a zero.
 void RealCombinations(RealNumber* dest, const RealNumber* n, const RealNumber* k);
 
 /// dest = the number of permutations, n (n - 1) ... (n - k + 1); all else as above, but k has to
@@ -28,8 +29,9 @@ void RealCombinations(RealNumber* dest, const RealNumber* n, const RealNumber* k
 void RealPermutations(RealNumber* dest, const RealNumber* n, const RealNumber* k);
 
 /// dest = the greatest common divisor, by Euclid's algorithm on exact remainders; exact, so the
-/// guard limb is 0. Both must be finite integers above 0: anything else gives NaN and code 203, NaN
-/// on either side gives NaN and no code. Polls the stop byte in each remainder: NaN and code 207.
+/// guard limb is 0. Both must be finite integers above 0: anything else gives NaN and
+/// CalcErrorUndefined, NaN on either side gives NaN and no code. Polls the stop byte in each
+/// remainder: NaN and CalcErrorCancelled.
 Limb RealGcd(RealNumber* dest, const RealNumber* a, const RealNumber* b);
 
 /// dest = the least common multiple, a / gcd(a, b) * b; raw: digits that do not fit are cut, also

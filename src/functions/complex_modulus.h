@@ -1,5 +1,4 @@
-// The absolute value of a complex number. Stands at the top of core/, as the one operation on the
-// record that needs an elementary function.
+// The absolute value of a complex number.
 #pragma once
 
 #include "core/complex_number.h"
@@ -7,7 +6,7 @@
 namespace tallymere {
 
 /// dest = |z|, the hypotenuse of the parts with 3 guard digits, rounded, as real part; the
-/// imaginary part is +0.
+/// imaginary part is +0. Within UsualErrorBound (functions/error_bounds.h).
 void ComplexAbs(ComplexNumber* dest, const ComplexNumber* z);
 
 }  // namespace tallymere

@@ -1,6 +1,7 @@
 #include "functions/complex_powers.h"
 
 #include "core/complex_arithmetic.h"
+#include "core/contract.h"
 #include "core/real_integer.h"
 #include "core/scratch.h"
 #include "functions/powers.h"
@@ -8,6 +9,8 @@
 namespace tallymere {
 
 void ComplexPowerInt(ComplexNumber* dest, const ComplexNumber* z, int64_t n) {
+    TALLYMERE_REQUIRE(ComplexIsWellFormed(z));
+    TALLYMERE_REQUIRE(ComplexSameOrApart(dest, z));
     if (ComplexIsReal(z) || n == 0) {
         RealPowerIntRounded(RealPart(dest), RealPart(z), n);
         ComplexClearImaginaryPart(dest);
@@ -35,6 +38,8 @@ void ComplexPowerInt(ComplexNumber* dest, const ComplexNumber* z, int64_t n) {
 }
 
 void ComplexPower(ComplexNumber* dest, const ComplexNumber* z, const ComplexNumber* y) {
+    TALLYMERE_REQUIRE(ComplexIsWellFormed(z) && ComplexIsWellFormed(y));
+    TALLYMERE_REQUIRE(ComplexSameOrApart(dest, z) && ComplexSameOrApart(dest, y));
     if (ComplexIsReal(z) || !ComplexIsReal(y)) {
         ComplexRealOnly(dest, z, y, RealPowerRounded);
         return;

@@ -1,5 +1,6 @@
 #include "functions/complex_roots.h"
 
+#include "core/contract.h"
 #include "core/real_add.h"
 #include "core/real_compare.h"
 #include "core/real_divide.h"
@@ -131,6 +132,7 @@ void RootBranch(ComplexNumber* dest, int64_t n, const ComplexNumber* z, const Re
 
 void ComplexRootBranch(ComplexNumber* dest, const RealNumber* n, const ComplexNumber* z,
                        const RealNumber* k) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(n) && ComplexIsWellFormed(z) && RealIsWellFormed(k));
     int64_t degree = 0;
     if (!RealToInt(&degree, n, IntegerExact) || degree < 1 || degree > MaxDegree) {
         ComplexSetNaN(dest, CalcErrorUndefined);

@@ -6,13 +6,14 @@
 // exactly zero as other part.
 //
 // Degree and branch are real numbers as formulas have them. One that is no integer, a degree
-// outside 1 to 2^61 - 1 or a branch outside 0 to degree - 1 gives NaN and code 203. Otherwise z
-// with zeros in both parts gives the zero of the sign of its real part. Computed with 4 guard
-// digits, and each part rounded once. The degree and the branch may lie in dest.
+// outside 1 to 2^61 - 1 or a branch outside 0 to degree - 1 gives NaN and CalcErrorUndefined.
+// Otherwise z with zeros in both parts gives the zero of the sign of its real part. Computed with 4
+// guard digits, and each part rounded once. The degree and the branch may lie in dest.
 //
-// For degrees other than 2 and 3, 1 among them, the root of the modulus is e^(ln |z| / n), whose
-// error is larger than the guard digits hold: the last digit may be one off, and where the exponent
-// of |z| has more than three digits, so may as many of the last digits as it has more.
+// Square and cube roots are within UsualErrorBound (functions/error_bounds.h). For other degrees, 1
+// among them, the root of the modulus is e^(ln |z| / n), and the bound is ComplexRootErrorBound.
+// Where the exponent of |z| has more than three digits, one more of the last digits is lost for
+// each further digit of that exponent.
 #pragma once
 
 #include "core/complex_number.h"

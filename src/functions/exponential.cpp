@@ -1,5 +1,6 @@
 #include "functions/exponential.h"
 
+#include "core/contract.h"
 #include "core/real_add.h"
 #include "core/real_divide.h"
 #include "core/real_integer.h"
@@ -113,6 +114,9 @@ Limb RealExp10(RealNumber* dest, const RealNumber* x) {
 }  // namespace
 
 Limb RealExpBase(RealNumber* dest, const RealNumber* x, ExpMode mode) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
+    TALLYMERE_REQUIRE(mode <= ExpOfTwo);
     if (RealIsSpecial(x)) {
         ExpOfSpecial(dest, x);
         return 0;

@@ -12,15 +12,16 @@ enum ExpMode : uint32_t {
 };
 
 /// dest = the power that `mode` names; the inner form. Zero gives 1, an infinity +infinity or +0. A
-/// result above the range gives +infinity and code 200 if reportOverflow, one below it +0 and code
-/// 201 if reportUnderflow.
+/// result above the range gives +infinity and CalcErrorOverflow if reportOverflow, one below it +0
+/// and CalcErrorUnderflow if reportUnderflow.
 ///
-/// All bases go by base 10, so that the integer part of x log10(base) is the exponent of the
-/// result. What is left is reduced by the powers of 1.2 and 1.01 (functions/reduction_tables.h) and
-/// by 10 to less than 10^-4 for the Taylor series.
+/// Every power is computed as one of 10: the integer part of x log10(base) is the exponent of the
+/// result. The rest is reduced by the powers of 1.2 and 1.01 (functions/reduction_tables.h) and by
+/// 10 to less than 10^-4 for the Taylor series.
 Limb RealExpBase(RealNumber* dest, const RealNumber* x, ExpMode mode);
 
-/// e^x, 2^x and 10^x as RealExpBase, with ArgumentGuardDigits(x) guard digits, rounded.
+/// e^x, 2^x and 10^x as RealExpBase, with ArgumentGuardDigits(x) guard digits, rounded; within
+/// ExpErrorBound (functions/error_bounds.h).
 void RealExpRounded(RealNumber* dest, const RealNumber* x);
 void RealExp2Rounded(RealNumber* dest, const RealNumber* x);
 void RealExp10Rounded(RealNumber* dest, const RealNumber* x);

@@ -1,5 +1,6 @@
 #include "functions/factor_range.h"
 
+#include "core/contract.h"
 #include "core/limb_tools.h"
 #include "core/real_integer.h"
 #include "core/real_multiply.h"
@@ -110,6 +111,8 @@ void ApplyGroup(RealNumber* x, const FactorGroup& group) {
 }  // namespace
 
 Limb RealMulRange(RealNumber* dest, uint64_t from, uint64_t to) {
+    TALLYMERE_REQUIRE(from >= 1 && to < UINT64_MAX);
+    TALLYMERE_REQUIRE(RealIsWellFormed(dest));
     // The last factor stands alone, for the sake of its guard limb.
     Limb guard = 0;
     for (uint64_t next = from; next <= to;) {

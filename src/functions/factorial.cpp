@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/contract.h"
 #include "core/real_add.h"
 #include "core/real_divide.h"
 #include "core/real_integer.h"
@@ -99,7 +100,7 @@ void StirlingLeadingTerm(RealNumber* dest, int64_t n) {
 }
 
 // sum = 1 / 12n - 1 / 360n^3 + ..., the term of k being T_k / ((16^k - 4^k) (2k - 1) n^(2k-1)).
-// NaN and code 207 when asked to stop.
+// NaN and CalcErrorCancelled when asked to stop.
 void StirlingSeries(RealNumber* sum, int64_t n, TangentTable& tangents) {
     CoreScratchScope scratch;
     RealNumber* power = RealAt(scratch.Take(RealWords()));  // n^(2k-1)
@@ -141,6 +142,7 @@ void StirlingSeries(RealNumber* sum, int64_t n, TangentTable& tangents) {
 }  // namespace
 
 int64_t FactorialCutoverAt(int64_t p) {
+    TALLYMERE_REQUIRE(p >= 1);
     const FactorialCutoverPair* end = FactorialCutover + SearchedPairs;
     const FactorialCutoverPair* above = std::upper_bound(
         FactorialCutover, end, p, [](int64_t digits, const FactorialCutoverPair& pair) {
@@ -158,11 +160,13 @@ int64_t FactorialCutoverAt(int64_t p) {
 }
 
 Limb RealProductFactorial(RealNumber* dest, int64_t n) {
+    TALLYMERE_REQUIRE(n >= 0);
     RealSetOne(dest);
     return n < 2 ? 0 : RealMulRange(dest, 2, static_cast<uint64_t>(n));
 }
 
 Limb RealStirlingFactorial(RealNumber* dest, int64_t n) {
+    TALLYMERE_REQUIRE(n >= 1);
     TangentTableScope tangents;
     if (!tangents.HasMemory()) {
         RealSetNaN(dest, CalcErrorCapacity);
@@ -178,6 +182,8 @@ Limb RealStirlingFactorial(RealNumber* dest, int64_t n) {
 }
 
 Limb RealFactorial(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     int64_t n = 0;
     if (!RealToInt(&n, x, IntegerExact) || n < 0) {
         FactorialOutside(dest, x);

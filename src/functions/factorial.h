@@ -16,8 +16,8 @@ struct FactorialCutoverPair {
 
 inline constexpr int64_t FactorialCutoverCount = 43;
 
-/// Measured, and as uneven as measured values are; `digits` ascends. The last pair closes the table
-/// far above every precision: no cut-over is worked out from it.
+/// Values of measurements, which follow no rule; `digits` and `n` ascend. The last pair lies far
+/// above every precision and only closes the table.
 extern const FactorialCutoverPair FactorialCutover[FactorialCutoverCount];
 
 /// The least n whose factorial is worked out by Stirling's series at p digits, p >= 1: on the line
@@ -26,24 +26,25 @@ extern const FactorialCutoverPair FactorialCutover[FactorialCutoverCount];
 int64_t FactorialCutoverAt(int64_t p);
 
 /// dest = n! for n >= 0 as a product of n - 1 factors; raw, each factor truncates. Polls the stop
-/// byte after every factor: NaN and code 207.
+/// byte after every factor: NaN and CalcErrorCancelled.
 Limb RealProductFactorial(RealNumber* dest, int64_t n);
 
 /// dest = n! for n >= 1 by the logarithmic Stirling series, sqrt(2 pi n) (n / e)^n e^S with
 /// S = sum of B_2k / (2k (2k - 1) n^(2k-1)) (Abramowitz and Stegun, "Handbook of Mathematical
 /// Functions", 6.1.40), the Bernoulli numbers B_2k made from tangent numbers on the way; raw. The
 /// series is asymptotic: it ends only if n is large for the precision. Where it does not, and also
-/// where there is no memory for the TangentTable, the result is NaN and code 400. Polls the stop
-/// byte after every term: NaN and code 207. A factorial above the range is +infinity, and code 200
-/// if reportOverflow.
+/// where there is no memory for the TangentTable, the result is NaN and CalcErrorCapacity. Polls
+/// the stop byte after every term: NaN and CalcErrorCancelled. A factorial above the range is
+/// +infinity, and CalcErrorOverflow if reportOverflow.
 Limb RealStirlingFactorial(RealNumber* dest, int64_t n);
 
 /// dest = x!; raw, by one method or the other as FactorialCutoverAt says. NaN gives NaN and no
-/// code, +infinity itself; a positive integer from 2^63 on gives +infinity and code 200 if
-/// reportOverflow, all other values NaN and code 203. Both methods poll the stop byte.
+/// code, +infinity itself; a positive integer from 2^63 on gives +infinity and CalcErrorOverflow if
+/// reportOverflow, all other values NaN and CalcErrorUndefined. Both methods poll the stop byte.
 Limb RealFactorial(RealNumber* dest, const RealNumber* x);
 
-/// The same with FactorialGuardDigits(x) guard digits, rounded.
+/// The same with FactorialGuardDigits(x) guard digits, rounded; within UsualErrorBound
+/// (functions/error_bounds.h).
 void RealFactorialRounded(RealNumber* dest, const RealNumber* x);
 
 }  // namespace tallymere

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/contract.h"
 #include "core/limb_columns.h"
 #include "core/limb_tools.h"
 #include "core/real_compare.h"
@@ -49,6 +50,7 @@ bool StepError(const GridTerm& term, Limb* error) {
 }  // namespace
 
 bool GridCanHold(const RealNumber* sum, const RealNumber* power, const RealNumber* factor) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(sum) && RealIsWellFormed(power) && RealIsWellFormed(factor));
     const auto moderate = [](const RealNumber* x) {
         return RealExponent(x) > -LargestExponent && RealExponent(x) < LargestExponent;
     };
@@ -67,6 +69,7 @@ GridTerm MakeGridTerm(ScratchScope& scratch) {
 }
 
 GridTerm MakeGridTerm(ScratchScope& scratch, const RealNumber* x, const RealNumber* sum) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x) && RealIsWellFormed(sum));
     const int64_t n = numberContext.realLimbs;
     GridTerm term = MakeGridTerm(scratch);
     LimbsCopy(term.limbs, RealLimbs(x), n);
@@ -79,6 +82,7 @@ GridTerm MakeGridTerm(ScratchScope& scratch, const RealNumber* x, const RealNumb
 }
 
 GridFactor MakeGridFactor(ScratchScope& scratch, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
     const int64_t n = numberContext.realLimbs;
     GridTerm term = MakeGridTerm(scratch);
     LimbsShiftLeftDigits(term.limbs, RealLimbs(x), n, DigitsPerLimb - numberContext.topLimbDigits,
@@ -114,11 +118,12 @@ void GridMultiply(GridTerm& term, const GridFactor& factor) {
 }
 
 void GridQuotient(GridTerm& dest, const GridTerm& term, uint64_t d) {
+    TALLYMERE_REQUIRE(d >= 1 && d < UintDivisorLimit);
     dest.lead = term.lead;
     dest.steps = term.steps + 1;
     dest.negative = term.negative;
-    LimbsDivideSmall(dest.limbs + term.lead, term.limbs + term.lead, term.length - term.lead, 0, d,
-                     0);
+    LimbsDivideUint(dest.limbs + term.lead, term.limbs + term.lead, term.length - term.lead, 0, d,
+                    0);
     SkipZeros(dest);
 }
 

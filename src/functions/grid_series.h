@@ -55,7 +55,7 @@ GridFactor MakeGridFactor(ScratchScope& scratch, const RealNumber* x);
 /// term = term * factor.
 void GridMultiply(GridTerm& term, const GridFactor& factor);
 
-/// dest = term / d for 1 <= d < SmallDivisorLimit. dest may be term.
+/// dest = term / d for 1 <= d < UintDivisorLimit. dest may be term.
 void GridQuotient(GridTerm& dest, const GridTerm& term, uint64_t d);
 
 /// sum = sum + term, truncated; `guard` gets the limb below, whose last digits are not certain. A

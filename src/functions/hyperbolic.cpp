@@ -1,5 +1,6 @@
 #include "functions/hyperbolic.h"
 
+#include "core/contract.h"
 #include "core/real_add.h"
 #include "core/real_compare.h"
 #include "core/real_divide.h"
@@ -80,6 +81,8 @@ void SqrtNextToSquare(RealNumber* dest, const RealNumber* x, bool minus) {
 }  // namespace
 
 Limb RealSinh(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     if (RealIsSpecial(x)) {
         RealCopy(dest, x);
         return 0;
@@ -89,6 +92,8 @@ Limb RealSinh(RealNumber* dest, const RealNumber* x) {
 }
 
 Limb RealCosh(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     if (RealIsInfinite(x)) {
         RealSetInfinity(dest, 0);
         return 0;
@@ -97,6 +102,8 @@ Limb RealCosh(RealNumber* dest, const RealNumber* x) {
 }
 
 Limb RealTanh(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     if (RealIsNaN(x) || RealIsZero(x)) {
         RealCopy(dest, x);
         return 0;
@@ -126,6 +133,8 @@ Limb RealTanh(RealNumber* dest, const RealNumber* x) {
 }
 
 Limb RealAsinh(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     if (RealIsSpecial(x)) {
         RealCopy(dest, x);
         return 0;
@@ -150,6 +159,8 @@ Limb RealAsinh(RealNumber* dest, const RealNumber* x) {
 }
 
 Limb RealAcosh(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     if (RealIsNaN(x)) {
         RealSetNaN(dest);
         return 0;
@@ -183,6 +194,8 @@ Limb RealAcosh(RealNumber* dest, const RealNumber* x) {
 }
 
 Limb RealAtanh(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     if (RealIsNaN(x) || RealIsZero(x)) {
         RealCopy(dest, x);
         return 0;

@@ -1,19 +1,20 @@
 // The hyperbolic functions and their inverses.
 //
-// Inner forms work at the layout in force: raw, and good to a few units in the last place where the
-// guard digits of the public forms are there. NaN gives NaN. dest may be x.
+// Inner forms are raw and work at the layout in force. On their own they have no error bound: the
+// guard digits of the public forms are made for what they lose. The bounds of the public forms
+// stand in functions/error_bounds.h. NaN gives NaN. dest may be x.
 #pragma once
 
 #include "core/real_number.h"
 
 namespace tallymere {
 
-/// (E - 1 / E) / 2 with E = e^x, and below 0.5 by the Taylor series, as the difference would lose
-/// digits; raw. Zero and infinity give themselves; too large an |x| an infinity and code 200 if
-/// reportOverflow.
+/// (E - 1 / E) / 2 with E = e^x; raw. For |x| below 0.5, where the difference would lose digits,
+/// the Taylor series. Zero and infinity give themselves; too large an |x| an infinity and
+/// CalcErrorOverflow if reportOverflow.
 Limb RealSinh(RealNumber* dest, const RealNumber* x);
 
-/// (E + 1 / E) / 2 with E = e^x; raw. Too large an |x| gives +infinity and code 200 if
+/// (E + 1 / E) / 2 with E = e^x; raw. Too large an |x| gives +infinity and CalcErrorOverflow if
 /// reportOverflow, an infinity +infinity alone.
 Limb RealCosh(RealNumber* dest, const RealNumber* x);
 
@@ -26,20 +27,22 @@ Limb RealTanh(RealNumber* dest, const RealNumber* x);
 /// ln 2 + ln |x|; raw. Zero and infinity give themselves.
 Limb RealAsinh(RealNumber* dest, const RealNumber* x);
 
-/// ln(x + sqrt(x^2 - 1)), for large x as ln 2 + ln x; raw. x < 1 gives NaN and code 203, and so
-/// does every x from about 1.0833 up to below 1.1: there the logarithm near 1 is asked for more
-/// than its range.
+/// ln(x + sqrt(x^2 - 1)), for large x as ln 2 + ln x; raw. x < 1 gives NaN and CalcErrorUndefined,
+/// and so does every x from about 1.0833 up to below 1.1: there the logarithm near 1 is asked for
+/// more than its range.
 Limb RealAcosh(RealNumber* dest, const RealNumber* x);
 
-/// ln((1 + x) / (1 - x)) / 2, below 0.01 by the Taylor series; raw. +-1 gives an infinity and code
-/// 200 if reportOverflow, |x| > 1 NaN and code 203.
+/// ln((1 + x) / (1 - x)) / 2, below 0.01 by the Taylor series; raw. +-1 gives an infinity and
+/// CalcErrorOverflow if reportOverflow, |x| > 1 NaN and CalcErrorUndefined.
 Limb RealAtanh(RealNumber* dest, const RealNumber* x);
 
-/// The same with ArgumentGuardDigits(x) guard digits, rounded.
+/// The same with ArgumentGuardDigits(x) guard digits, rounded; within SinhErrorBound and
+/// CoshErrorBound.
 void RealSinhRounded(RealNumber* dest, const RealNumber* x);
 void RealCoshRounded(RealNumber* dest, const RealNumber* x);
 
-/// The same with 3 guard digits, rounded.
+/// The same with 3 guard digits, rounded; within TanhErrorBound, AsinhErrorBound, AcoshErrorBound
+/// (near 1 see AcoshNearOneFactor) and AtanhErrorBound.
 void RealTanhRounded(RealNumber* dest, const RealNumber* x);
 void RealAsinhRounded(RealNumber* dest, const RealNumber* x);
 void RealAcoshRounded(RealNumber* dest, const RealNumber* x);

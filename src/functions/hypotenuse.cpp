@@ -1,5 +1,6 @@
 #include "functions/hypotenuse.h"
 
+#include "core/contract.h"
 #include "core/real_add.h"
 #include "core/real_multiply.h"
 #include "core/scratch.h"
@@ -15,6 +16,8 @@ constexpr int64_t HypotenuseGuardDigits = 3;
 }  // namespace
 
 Limb RealHypot(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(a) && RealIsWellFormed(b));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, a) && RealSameOrApart(dest, b));
     if (RealIsNaN(a) || RealIsNaN(b)) {
         RealSetNaN(dest);
         return 0;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <span>
 
+#include "core/contract.h"
 #include "core/real_add.h"
 #include "core/real_compare.h"
 #include "core/real_divide.h"
@@ -115,6 +116,7 @@ uint64_t NearestFineStep(const RealNumber* y) {
 }
 
 Limb AtanShift(RealNumber* x, uint64_t numerator, uint64_t denominator) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
     CoreScratchScope scratch;
     RealNumber* divisor = RealAt(scratch.Take(RealWords()));
     RealNumber* integer = RealAt(scratch.Take(RealWords()));
@@ -128,6 +130,8 @@ Limb AtanShift(RealNumber* x, uint64_t numerator, uint64_t denominator) {
 }
 
 Limb RealAtan(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     const uint64_t sign = RealSign(x);
     if (RealIsInfinite(x)) {
         return SetOctants(dest, 2, sign);
@@ -157,6 +161,8 @@ Limb RealAtan(RealNumber* dest, const RealNumber* x) {
 }
 
 Limb RealAsin(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     if (RealIsNaN(x) || RealIsZero(x)) {
         RealCopy(dest, x);
         return 0;
@@ -180,6 +186,8 @@ Limb RealAsin(RealNumber* dest, const RealNumber* x) {
 }
 
 Limb RealAcos(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     if (RealIsNaN(x)) {
         RealSetNaN(dest);
         return 0;
@@ -207,6 +215,8 @@ Limb RealAcos(RealNumber* dest, const RealNumber* x) {
 }
 
 Limb RealAtan2(RealNumber* dest, const RealNumber* y, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(y) && RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, y) && RealSameOrApart(dest, x));
     if (RealIsNaN(y) || RealIsNaN(x)) {
         RealSetNaN(dest);
         return 0;

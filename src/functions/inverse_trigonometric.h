@@ -1,7 +1,8 @@
 // Inverse sine, cosine and tangent and the angle of a point, in radians.
 //
-// Inner forms work at the layout in force: raw, and good to a few units in the last place where the
-// guard digits of the public forms are there. dest may be an operand.
+// Inner forms are raw and work at the layout in force. On their own they have no error bound: the
+// guard digits of the public forms are made for what they lose. The bounds of the public forms
+// stand in functions/error_bounds.h. dest may be an operand.
 #pragma once
 
 #include <array>
@@ -65,20 +66,20 @@ Limb AtanShift(RealNumber* x, uint64_t numerator, uint64_t denominator);
 Limb RealAtan(RealNumber* dest, const RealNumber* x);
 
 /// The arc sine, within -pi / 2 and pi / 2, as the arc tangent of x / sqrt((1 - x) (1 + x)); raw.
-/// |x| > 1 gives NaN and code 203.
+/// |x| > 1 gives NaN and CalcErrorUndefined.
 Limb RealAsin(RealNumber* dest, const RealNumber* x);
 
 /// The arc cosine, from 0 to pi, as twice the arc tangent of sqrt((1 - x) / (1 + x)); raw. |x| > 1
-/// gives NaN and code 203.
+/// gives NaN and CalcErrorUndefined.
 Limb RealAcos(RealNumber* dest, const RealNumber* x);
 
 /// The angle of the point (x, y), above -pi and up to pi; raw. The sign of a zero x never counts,
-/// that of a zero y only for positive x; (0, 0) has the angle +0. Two infinities give NaN and code
-/// 203. The quotient y / x is worked out on the way: one above the range is an infinity, with the
-/// angle +-pi / 2 and code 200 if reportOverflow.
+/// that of a zero y only for positive x; (0, 0) has the angle +0. Two infinities give NaN and
+/// CalcErrorUndefined. The quotient y / x is worked out on the way: one above the range is an
+/// infinity, with the angle +-pi / 2 and CalcErrorOverflow if reportOverflow.
 Limb RealAtan2(RealNumber* dest, const RealNumber* y, const RealNumber* x);
 
-/// The same with 4 guard digits, rounded.
+/// The same with 4 guard digits, rounded; within UsualErrorBound.
 void RealAtanRounded(RealNumber* dest, const RealNumber* x);
 void RealAsinRounded(RealNumber* dest, const RealNumber* x);
 void RealAcosRounded(RealNumber* dest, const RealNumber* x);

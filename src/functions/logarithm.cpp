@@ -1,5 +1,6 @@
 #include "functions/logarithm.h"
 
+#include "core/contract.h"
 #include "core/real_add.h"
 #include "core/real_compare.h"
 #include "core/real_divide.h"
@@ -88,6 +89,8 @@ Limb RealLog10(RealNumber* dest, const RealNumber* x) {
 }  // namespace
 
 Limb RealLn(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     if (LogarithmOfSpecial(dest, x)) {
         return 0;
     }
@@ -120,6 +123,8 @@ Limb RealLn(RealNumber* dest, const RealNumber* x) {
 }
 
 Limb RealLnSmall(RealNumber* dest, const RealNumber* y) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(y));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, y));
     if (RealIsNaN(y)) {
         RealSetNaN(dest);
         return 0;
@@ -141,6 +146,8 @@ Limb RealLnSmall(RealNumber* dest, const RealNumber* y) {
 }
 
 Limb RealLog(RealNumber* dest, const RealNumber* base, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(base) && RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, base) && RealSameOrApart(dest, x));
     if (RealIsNaN(base) || RealIsNaN(x)) {
         RealSetNaN(dest);
         return 0;

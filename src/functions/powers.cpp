@@ -1,5 +1,6 @@
 #include "functions/powers.h"
 
+#include "core/contract.h"
 #include "core/real_divide.h"
 #include "core/real_integer.h"
 #include "core/real_multiply.h"
@@ -65,6 +66,8 @@ void PowerToInfinity(RealNumber* dest, const RealNumber* x, const RealNumber* y)
 }  // namespace
 
 Limb RealPowerInt(RealNumber* dest, const RealNumber* x, int64_t n) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     if (RealIsNaN(x)) {
         RealSetNaN(dest);
         return 0;
@@ -86,6 +89,8 @@ Limb RealPowerInt(RealNumber* dest, const RealNumber* x, int64_t n) {
 }
 
 void RealPowerIntRounded(RealNumber* dest, const RealNumber* x, int64_t n) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     const int64_t g = IntegerPowerGuardDigits(n);
     const int64_t limbs = numberContext.realLimbs;
     RoundedResult(dest, g, [&](RealNumber* power) {
@@ -120,6 +125,8 @@ void RealPowerOfTwoRounded(RealNumber* dest, int64_t n) {
 }
 
 Limb RealPower(RealNumber* dest, const RealNumber* x, const RealNumber* y) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x) && RealIsWellFormed(y));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x) && RealSameOrApart(dest, y));
     if (RealIsZero(y)) {
         SetZerothPower(dest, x);
         return 0;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/contract.h"
 #include "core/limb.h"
 #include "core/number_context.h"
 
@@ -37,6 +38,7 @@ uint64_t NineteenDigits(double guess) {
 }  // namespace
 
 uint64_t SquareRootSeed(uint64_t m) {
+    TALLYMERE_REQUIRE(m >= PowerOfTen(18) && m < 4 * PowerOfTen(18));
     const double square = static_cast<double>(m) * 1e18;
     double g = GuessFromTable(SquareRootSeeds, m);
     for (int step = StepCount(); step > 0; step--) {
@@ -46,6 +48,7 @@ uint64_t SquareRootSeed(uint64_t m) {
 }
 
 uint64_t CubeRootSeed(uint64_t m) {
+    TALLYMERE_REQUIRE(m >= PowerOfTen(18) && m < 8 * PowerOfTen(18));
     const double cube = static_cast<double>(m) * 1e36;
     double g = GuessFromTable(CubeRootSeeds, m);
     for (int step = StepCount(); step > 0; step--) {

@@ -1,5 +1,6 @@
 #include "functions/roots.h"
 
+#include "core/contract.h"
 #include "core/real_add.h"
 #include "core/real_divide.h"
 #include "core/real_integer.h"
@@ -95,6 +96,8 @@ Limb RootByLogarithm(RealNumber* dest, const RealNumber* x, Divide divide) {
 }  // namespace
 
 Limb RealSqrt(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     if (RealSign(x) != 0 && !RealIsNaN(x) && !RealIsZero(x)) {
         RealSetNaN(dest, CalcErrorUndefined);
         return 0;
@@ -127,6 +130,8 @@ void RealSqrtRounded(RealNumber* dest, const RealNumber* x) {
 }
 
 Limb RealCbrt(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     if (RealIsSpecial(x)) {
         RealCopy(dest, x);
         return 0;
@@ -161,6 +166,8 @@ void RealCbrtRounded(RealNumber* dest, const RealNumber* x) {
 }
 
 Limb RealRoot(RealNumber* dest, const RealNumber* n, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(n) && RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, n) && RealSameOrApart(dest, x));
     if (RealIsNaN(n)) {
         RealSetNaN(dest);
         return 0;
@@ -181,6 +188,8 @@ void RealRootRounded(RealNumber* dest, const RealNumber* n, const RealNumber* x)
 }
 
 Limb RealRootInt(RealNumber* dest, int64_t n, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     if (n <= 0) {
         RealSetNaN(dest, CalcErrorUndefined);
         return 0;

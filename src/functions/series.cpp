@@ -1,5 +1,6 @@
 #include "functions/series.h"
 
+#include "core/contract.h"
 #include "core/real_add.h"
 #include "core/real_divide.h"
 #include "core/real_multiply.h"
@@ -187,6 +188,8 @@ void PairedFactorialSeries(RealNumber* odd, RealNumber* even, const RealNumber* 
 }  // namespace
 
 Limb SeriesExp(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     CoreScratchScope scratch;
     RealNumber* sum = RealAt(scratch.Take(RealWords()));
     PlainSteps steps = {sum, CopyOf(scratch, x), x};
@@ -203,27 +206,37 @@ Limb SeriesExp(RealNumber* dest, const RealNumber* x) {
 }
 
 int64_t SeriesAtanh(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     uint64_t terms = 0;
     OddQuotientSeries(dest, x, false, &terms);
     return static_cast<int64_t>(terms);
 }
 
 Limb SeriesAtan(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     uint64_t terms = 0;
     return OddQuotientSeries(dest, x, true, &terms);
 }
 
 Limb SeriesSin(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     CoreScratchScope scratch;
     return FactorialSeries(dest, x, CopyOf(scratch, x), 2, true);
 }
 
 Limb SeriesSinh(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     CoreScratchScope scratch;
     return FactorialSeries(dest, x, CopyOf(scratch, x), 2, false);
 }
 
 Limb SeriesCos(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     CoreScratchScope scratch;
     RealNumber* power = RealAt(scratch.Take(RealWords()));
     RealSetOne(power);
@@ -231,10 +244,14 @@ Limb SeriesCos(RealNumber* dest, const RealNumber* x) {
 }
 
 void SeriesSinCos(RealNumber* sine, RealNumber* cosine, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(sine != cosine);
     PairedFactorialSeries(sine, cosine, x, true);
 }
 
 void SeriesSinhCosh(RealNumber* sinh, RealNumber* cosh, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(sinh != cosh);
     PairedFactorialSeries(sinh, cosh, x, false);
 }
 

@@ -1,11 +1,11 @@
 // The Taylor series that several functions end in.
 //
-// All work at the layout in force, for an x that its caller has reduced: there is no limit on the
-// number of terms. Raw: the guard limb is that of the last addition, and its last digits are not
-// certain. Destinations may be x, but not one another.
+// All work at the layout in force. There is no limit on the number of terms, so the caller reduces
+// x first. Raw: the guard limb is that of the last addition, and its last digits are not certain.
+// Destinations may be x, but not one another.
 //
-// The digits are those of the plain steps: every term a number of p digits, made by truncated
-// products and quotients from the one before and added to the sum, truncated.
+// The digits are those of the plain steps: each term is a number of p digits, made from the one
+// before by truncated products and quotients, and its sum with those before is truncated.
 #pragma once
 
 #include "core/real_number.h"

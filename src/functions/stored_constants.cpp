@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/contract.h"
 #include "core/limb_tools.h"
 #include "core/real_add.h"
 #include "core/real_multiply.h"
@@ -70,6 +71,7 @@ Limb LoadConstantMultiple(RealNumber* dest, const StoredConstant& constant, uint
 }
 
 Limb AddConstantMultiple(RealNumber* sum, const StoredConstant& constant, int64_t k) {
+    TALLYMERE_REQUIRE(k != 0 && RealIsWellFormed(sum));
     CoreScratchScope scratch;
     RealNumber* multiple = RealAt(scratch.Take(RealWords()));
     LoadConstantMultiple(multiple, constant, IntegerMagnitude(k));

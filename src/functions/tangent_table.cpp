@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "core/contract.h"
 #include "core/real_add.h"
 #include "core/scratch.h"
 
@@ -65,6 +66,7 @@ void AddDownwards(TangentTable& table) {
 TangentMemory tangentMemory = {std::malloc, std::free};
 
 void TangentStep(TangentTable& table) {
+    TALLYMERE_REQUIRE(table.rowWords == RealWords());
     table.steps++;
     if (table.steps % 2 == 0) {
         AddUpwards(table);

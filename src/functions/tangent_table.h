@@ -38,8 +38,8 @@ inline RealNumber* TangentRow(const TangentTable& table, int64_t i) {
 /// One half of the way from T_k to T_(k+1): the first step of each pair makes partial sums, the
 /// second makes them in the other direction, two rows longer, and puts T_(k+1) into row 0. Sums are
 /// raw; they are exact as long as they fit the precision. The layout in force must be that of the
-/// table's making. Past the last row the second step puts NaN into row 0, sets code 400 and changes
-/// nothing else.
+/// table's making. Past the last row the second step puts NaN into row 0, sets CalcErrorCapacity
+/// and changes nothing else.
 void TangentStep(TangentTable& table);
 
 /// Where tables take their block from and give it back to: malloc and free, unless a test puts

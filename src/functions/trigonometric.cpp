@@ -1,5 +1,6 @@
 #include "functions/trigonometric.h"
 
+#include "core/contract.h"
 #include "core/real_add.h"
 #include "core/real_div_mod.h"
 #include "core/real_divide.h"
@@ -58,6 +59,8 @@ void SetBothNaN(RealNumber* sine, RealNumber* cosine, CalcError code) {
 }  // namespace
 
 Limb RealSinCos(RealNumber* sine, RealNumber* cosine, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(sine != cosine || sine == nullptr);
     const uint64_t sign = RealSign(x);
     if (RealIsNaN(x)) {
         SetBothNaN(sine, cosine, CalcErrorNone);
@@ -111,6 +114,8 @@ Limb RealCos(RealNumber* dest, const RealNumber* x) {
 }
 
 Limb RealTan(RealNumber* dest, const RealNumber* x) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
+    TALLYMERE_REQUIRE(RealSameOrApart(dest, x));
     CoreScratchScope scratch;
     RealNumber* sine = RealAt(scratch.Take(RealWords()));
     RealNumber* cosine = RealAt(scratch.Take(RealWords()));
