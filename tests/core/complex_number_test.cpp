@@ -91,5 +91,20 @@ TEST(ComplexCopy, CopiesEveryWord) {
     }
 }
 
+TEST(ComplexIsWellFormed, WantsBothPartsInNormalForm) {
+    for (int64_t p : AllPrecisions) {
+        PrecisionScope scope(p);
+        for (const char* parts : {"1 0", "-0 -2", "nan 0", "inf nan"}) {
+            EXPECT_TRUE(ComplexIsWellFormed(ComplexBuffer(parts))) << parts;
+        }
+        ComplexBuffer z("1 2");
+        RealLimbs(RealPart(z.Get()))[0] = 0;
+        EXPECT_FALSE(ComplexIsWellFormed(z));
+        z = ComplexBuffer("1 2");
+        RealLimbs(ImaginaryPart(z.Get()))[0] = LimbBase;
+        EXPECT_FALSE(ComplexIsWellFormed(z));
+    }
+}
+
 }  // namespace
 }  // namespace tallymere

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <type_traits>
 
 #include "core/scratch.h"
+#include "support/number_layouts.h"
 #include "support/real_testing.h"
 
 namespace tallymere {
@@ -237,6 +239,49 @@ TEST(AbortRequested, ReadsTheByteThatTheContextPointsTo) {
     EXPECT_TRUE(AbortRequested());
     SetAbortByte(&stop, 0);
     EXPECT_FALSE(AbortRequested());
+}
+
+TEST(NumberContext, IsConsistentUnderEveryLayout) {
+    ForEachLayout(AllNumberTypes, LayoutRange::All, [](const NumberLayout& layout) {
+        EXPECT_EQ(numberContext.numberType, layout.type);
+        EXPECT_EQ(numberContext.precisionDigits, layout.digits);
+        EXPECT_EQ(numberContext.uintLimbs, layout.limbs);
+        EXPECT_TRUE(NumberContextIsConsistent());
+    });
+}
+
+TEST(NumberContext, HasConsistentWidthsOfEveryLength) {
+    for (int64_t limbs = 1; limbs <= 2 * MaxUintLimbs; limbs++) {
+        EXPECT_TRUE(UintWidthIsConsistent(UintWidthForLimbs(limbs))) << limbs;
+    }
+}
+
+TEST(NumberContext, IsInconsistentWhereAnyOfItIsWrong) {
+    const auto isConsistentWith = [](auto& field, auto value) {
+        const FieldScope<std::remove_reference_t<decltype(field)>> scope(field, value);
+        return NumberContextIsConsistent();
+    };
+    NumberContext& context = numberContext;
+    EXPECT_TRUE(isConsistentWith(context.noRounding, uint8_t{1}));
+    EXPECT_FALSE(isConsistentWith(context.noRounding, uint8_t{2}));
+    EXPECT_FALSE(isConsistentWith(context.reportUnderflow, uint8_t{2}));
+    EXPECT_FALSE(isConsistentWith(context.reportOverflow, uint8_t{2}));
+    EXPECT_FALSE(isConsistentWith(context.useInfinitySign, uint8_t{2}));
+    EXPECT_FALSE(isConsistentWith(context.precisionDigits, context.precisionDigits + 1));
+    EXPECT_FALSE(isConsistentWith(context.realLimbs, context.realLimbs + 1));
+    EXPECT_FALSE(isConsistentWith(context.topLimbDigits, int64_t{0}));
+    EXPECT_FALSE(isConsistentWith(context.uintLimbs, int64_t{0}));
+    EXPECT_FALSE(isConsistentWith(context.uintDigits, int64_t{20}));
+    EXPECT_FALSE(isConsistentWith(context.uintDigits, int64_t{-1}));
+    EXPECT_FALSE(isConsistentWith(context.numberType, static_cast<NumberType>(3)));
+    EXPECT_FALSE(isConsistentWith(context.scratchBase, context.scratchBase + 1));
+    EXPECT_FALSE(isConsistentWith(context.scratchTop, coreScratch.end + 1));
+    EXPECT_FALSE(isConsistentWith(context.scratchTop, static_cast<uint64_t*>(nullptr)));
+    EXPECT_FALSE(isConsistentWith(context.decimalSeparators[2], u'\0'));
+    EXPECT_FALSE(isConsistentWith(context.groupSeparators[0], u'\0'));
+    EXPECT_FALSE(isConsistentWith(context.exponentChars[3], u'\0'));
+    EXPECT_FALSE(isConsistentWith(context.imaginaryChars[1], u'\0'));
+    EXPECT_TRUE(NumberContextIsConsistent());
 }
 
 }  // namespace

@@ -176,15 +176,15 @@ uint32_t FlagsOf(const WriteStyle& style) {
 }
 
 WriteStyle RandomStyle(RandomSource& random) {
-    const bool neutral = random.Below(2) == 0;
+    const bool plain = random.Below(2) == 0;
     WriteStyle style;
     style.notation = static_cast<Notation>(random.Below(3));
     style.strip = random.Below(2) == 0;
     style.keepFraction = random.Below(4) == 0;
     style.alwaysSign = random.Below(4) == 0;
     style.exponentPlus = random.Below(2) == 0;
-    style.point = neutral ? "." : ",";
-    style.mark = random.Below(2) == 0 ? "" : neutral ? "'" : "_";
+    style.point = plain ? "." : ",";
+    style.mark = random.Below(2) == 0 ? "" : plain ? "'" : "_";
     return style;
 }
 

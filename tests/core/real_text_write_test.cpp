@@ -26,7 +26,7 @@ std::string Write(const RealNumber* x, uint32_t flags, int64_t capacity = 40'000
     } else {
         text = NarrowText({buffer.data(), static_cast<size_t>(writer.position)});
     }
-    return text + (code == CalcErrorNone ? "" : " code " + std::to_string(code));
+    return PlainText(Outcome{text, code});
 }
 
 std::string Write(std::string_view plain, uint32_t flags = 0, int64_t capacity = 40'000) {
@@ -189,21 +189,21 @@ TEST(RealToText, RefusesRecordsOutsideTheNormalForm) {
         for (Limb first : {Limb{0}, nextPower / 10 - 1, nextPower, UINT64_MAX}) {
             RealBuffer x("-1");
             x.Limbs()[0] = first;
-            EXPECT_EQ(Write(x, 0), "[?] code 204");
-            EXPECT_EQ(Write(x, TextAlwaysSign), "+[?] code 204");
-            EXPECT_EQ(Write(x, 7), "[?] code 204");
+            EXPECT_EQ(Write(x, 0), "[?] CalcErrorMalformed");
+            EXPECT_EQ(Write(x, TextAlwaysSign), "+[?] CalcErrorMalformed");
+            EXPECT_EQ(Write(x, 7), "[?] CalcErrorMalformed");
         }
         for (int64_t i = 1; i < numberContext.realLimbs; i++) {
             RealBuffer x("1");
             x.Limbs()[i] = 10'000'000'000'000'000'000u;
-            EXPECT_EQ(Write(x, 0), "[?] code 204");
+            EXPECT_EQ(Write(x, 0), "[?] CalcErrorMalformed");
             RealBuffer zero("0");
             zero.Limbs()[i] = 1;
-            EXPECT_EQ(Write(zero, 0), "[?] code 204");
+            EXPECT_EQ(Write(zero, 0), "[?] CalcErrorMalformed");
         }
         RealBuffer special("0");
         special.Limbs()[0] = 3;
-        EXPECT_EQ(Write(special, 0), "[?] code 204");
+        EXPECT_EQ(Write(special, 0), "[?] CalcErrorMalformed");
     }
 }
 
@@ -212,9 +212,9 @@ TEST(RealToText, AcceptsOnlyBaseTen) {
     EXPECT_EQ(Write("12", 10), "12");
     for (uint32_t base = 1; base <= 255; base++) {
         if (base != 10) {
-            EXPECT_EQ(Write("-12", base), "[P] code 100");
-            EXPECT_EQ(Write("-12", base | TextAlwaysSign), "+[P] code 100");
-            EXPECT_EQ(Write("nan", base), "[P] code 100");
+            EXPECT_EQ(Write("-12", base), "[P] CalcErrorBadParameter");
+            EXPECT_EQ(Write("-12", base | TextAlwaysSign), "+[P] CalcErrorBadParameter");
+            EXPECT_EQ(Write("nan", base), "[P] CalcErrorBadParameter");
         }
     }
 }
@@ -263,9 +263,9 @@ TEST(RealToText, FitsExactlyOrOverflows) {
     }
     RealBuffer broken("1");
     broken.Limbs()[0] = 0;
-    EXPECT_EQ(Write(broken, 0, 3), "[?] code 204");
-    EXPECT_EQ(Write(broken, 0, 2), "overflow code 204");
-    EXPECT_EQ(Write("1", 16, 2), "overflow code 100");
+    EXPECT_EQ(Write(broken, 0, 3), "[?] CalcErrorMalformed");
+    EXPECT_EQ(Write(broken, 0, 2), "overflow CalcErrorMalformed");
+    EXPECT_EQ(Write("1", 16, 2), "overflow CalcErrorBadParameter");
 }
 
 // Zeros are written before they are stripped, so they need room for a moment. RealTextCapacity

@@ -52,7 +52,14 @@ void PrintTo(const ComplexBuffer& z, std::ostream* out) {
     *out << PlainText(z.Get());
 }
 
+void ExpectWellFormed(const ComplexNumber* z) {
+    EXPECT_TRUE(ComplexIsWellFormed(z));
+    ExpectWellFormed(RealPart(z));
+    ExpectWellFormed(ImaginaryPart(z));
+}
+
 std::string PlainText(const ComplexNumber* z) {
+    ExpectWellFormed(z);
     return PlainText(RealPart(z)) + " " + PlainText(ImaginaryPart(z));
 }
 

@@ -44,6 +44,10 @@ void PrintTo(const ComplexBuffer& z, std::ostream* out);
 /// Both parts in the form of PlainText with a space between them: "3e0 -0".
 std::string PlainText(const ComplexNumber* z);
 
+/// Fails the test unless both parts are as ExpectWellFormed wants them. PlainText checks this by
+/// itself.
+void ExpectWellFormed(const ComplexNumber* z);
+
 /// The value in PlainText and the code noted by the last operations, which is taken.
 Outcome OutcomeOf(const ComplexBuffer& z);
 

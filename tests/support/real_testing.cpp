@@ -139,7 +139,13 @@ void RealFromPlainText(RealNumber* dest, std::string_view text) {
     dest->header = (static_cast<uint64_t>(exponent) << 1) | sign;
 }
 
+void ExpectWellFormed(const RealNumber* x) {
+    EXPECT_TRUE(RealIsWellFormed(x));
+    EXPECT_FALSE(RealIsNaN(x) && RealSign(x) != 0) << "a NaN has a sign";
+}
+
 std::string PlainText(const RealNumber* x) {
+    ExpectWellFormed(x);
     const Limb* limbs = RealLimbs(x);
     const int64_t n = numberContext.realLimbs;
     const int64_t t = numberContext.topLimbDigits;
@@ -179,13 +185,51 @@ CalcError TakeCode() {
     return code;
 }
 
+std::string CodeName(CalcError code) {
+    switch (code) {
+        case CalcErrorNone:
+            return "CalcErrorNone";
+        case CalcErrorBadParameter:
+            return "CalcErrorBadParameter";
+        case CalcErrorUnknownType:
+            return "CalcErrorUnknownType";
+        case CalcErrorOverflow:
+            return "CalcErrorOverflow";
+        case CalcErrorUnderflow:
+            return "CalcErrorUnderflow";
+        case CalcErrorExactDivisionByZero:
+            return "CalcErrorExactDivisionByZero";
+        case CalcErrorUndefined:
+            return "CalcErrorUndefined";
+        case CalcErrorMalformed:
+            return "CalcErrorMalformed";
+        case CalcErrorComplexNotAllowed:
+            return "CalcErrorComplexNotAllowed";
+        case CalcErrorCancelled:
+            return "CalcErrorCancelled";
+        case CalcErrorTextTooLong:
+            return "CalcErrorTextTooLong";
+        case CalcErrorSyntax:
+            return "CalcErrorSyntax";
+        case CalcErrorCapacity:
+            return "CalcErrorCapacity";
+    }
+    return "unknown code " + std::to_string(code);
+}
+
+std::string PlainText(const Outcome& outcome) {
+    return outcome.code == CalcErrorNone ? outcome.text
+                                         : outcome.text + " " + CodeName(outcome.code);
+}
+
 void PrintTo(const Outcome& outcome, std::ostream* out) {
-    *out << outcome.text << " with code " << outcome.code;
+    *out << PlainText(outcome);
 }
 
 ContextCheck::ContextCheck() : before_(numberContext) {}
 
 ContextCheck::~ContextCheck() {
+    EXPECT_TRUE(NumberContextIsConsistent());
     EXPECT_EQ(TakeCode(), CalcErrorNone) << "a code was noted and not taken";
     EXPECT_EQ(numberContext.precisionDigits, before_.precisionDigits);
     EXPECT_EQ(numberContext.realLimbs, before_.realLimbs);

@@ -55,9 +55,13 @@ void PrintTo(const RealBuffer& x, std::ostream* out);
 void RealFromPlainText(RealNumber* dest, std::string_view text);
 
 /// The number as RealFromPlainText reads it, in its shortest scientific form such as "-1.25e3" and
-/// "5e0", or "0", "-0", "inf", "-inf", "nan"; a record outside the normal form as "malformed:" and
-/// its words.
+/// "5e0", or "0", "-0", "inf", "-inf", "nan". Fails the test on a record outside the normal form,
+/// of which it gives "malformed:" and its words.
 std::string PlainText(const RealNumber* x);
+
+/// Fails the test unless the record is in normal form in the current layout and a NaN has its sign
+/// cleared, as every result must be. PlainText checks this by itself.
+void ExpectWellFormed(const RealNumber* x);
 
 /// The code noted by the last operations; none is noted afterwards.
 CalcError TakeCode();
@@ -68,6 +72,13 @@ struct Outcome {
     CalcError code;
     bool operator==(const Outcome&) const = default;
 };
+
+/// "CalcErrorUndefined" for CalcErrorUndefined, and so on.
+std::string CodeName(CalcError code);
+
+/// The text, and behind it the name of the code unless that is CalcErrorNone:
+/// "nan CalcErrorSyntax".
+std::string PlainText(const Outcome& outcome);
 
 /// Shows an outcome in failure messages.
 void PrintTo(const Outcome& outcome, std::ostream* out);
@@ -92,7 +103,8 @@ private:
 };
 
 /// Fails the test if at its end anything in the context is not as it was at its making: layout,
-/// flags, texts and CoreScratch. A code must have been taken by TakeCode.
+/// width, number type, flags, texts and CoreScratch. A code must have been taken by TakeCode.
+/// Every test outside the rooms of windows runs under one, see context_listener.cpp.
 class ContextCheck {
 public:
     ContextCheck();
