@@ -9,8 +9,10 @@
 #include <vector>
 
 #include "core/real_add.h"
+#include "core/real_compare.h"
 #include "core/real_div_mod.h"
 #include "core/real_divide.h"
+#include "core/real_integer.h"
 #include "core/real_multiply.h"
 #include "core/real_rounding.h"
 #include "support/gmp_oracle.h"
@@ -220,12 +222,47 @@ TEST(RealOracle, ProductsAndQuotientsWithMachineIntegersAreCorrectlyRounded) {
 // roundings to a double, 3.4e-16, and cutting it to q digits, 10 v; each pass squares it and there
 // is one for every doubling of 15 digits up to q, so e^2 < 0.12 v for q >= 3. As y <= 1 that
 // makes 11.2 v and 10 v; with 2 guard digits an ulp of 1/T is 100 v. T = 1 is exact.
-constexpr ErrorBounds ReciprocalError = {112 * ErrorOfMilliUlp, 102 * ErrorOfMilliUlp};
+constexpr ErrorBounds ReciprocalError = {ReciprocalErrorBelow * ErrorOfMilliUlp,
+                                         ReciprocalErrorAbove* ErrorOfMilliUlp};
 
 // The relative errors of that reciprocal, T times the above, are 20.2 v and 10.2 v. Times a/b, with
 // a mantissa below 10, they are 20.2 and 10.2 units of the last of q digits; cutting off the
 // product is one more below. With 3 guard digits an ulp is 1000 of those units.
-constexpr ErrorBounds QuotientError = {22 * ErrorOfMilliUlp, 11 * ErrorOfMilliUlp};
+constexpr ErrorBounds QuotientError = {QuotientErrorBelow * ErrorOfMilliUlp,
+                                       QuotientErrorAbove* ErrorOfMilliUlp};
+
+// Fails unless a raw result is at most `bound` units of the last place away from the rounded one.
+void ExpectRawWithin(int64_t bound, const RealBuffer& raw, const RealBuffer& rounded) {
+    RealBuffer difference;
+    RealSubtract(difference, raw, rounded);
+    RealBuffer limit;
+    RealFromInt(limit, bound);
+    RealSetExponent(
+        limit, RealExponent(limit) + RealExponent(rounded) - (numberContext.precisionDigits - 1));
+    EXPECT_LE(RealCompare(difference, limit, true), 0)
+        << PlainText(raw) << " for " << PlainText(rounded);
+}
+
+TEST(RealOracle, RawReciprocalsAndQuotients) {
+    RandomSource random;
+    for (int64_t p : AllPrecisions) {
+        PrecisionScope scope(p);
+        RealBuffer a;
+        RealBuffer b;
+        RealBuffer raw;
+        RealBuffer rounded;
+        for (int round = 0; round < PairsAt(p); round++) {
+            FillReal(random, a, 1000);
+            FillPartner(random, b, a, 1000);
+            RealReciprocalRaw(raw, b);
+            RealReciprocal(rounded, b);
+            ExpectRawWithin(RawReciprocalErrorBound, raw, rounded);
+            RealDivRaw(raw, a, b);
+            RealDiv(rounded, a, b);
+            ExpectRawWithin(RawQuotientErrorBound, raw, rounded);
+        }
+    }
+}
 
 TEST(RealOracle, Reciprocals) {
     RandomSource random;

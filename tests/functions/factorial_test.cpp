@@ -4,7 +4,6 @@
 
 #include <cmath>
 #include <cstdlib>
-#include <iterator>
 #include <string>
 
 #include "core/real_add.h"
@@ -12,6 +11,7 @@
 #include "core/real_layout.h"
 #include "core/scratch.h"
 #include "functions/function_testing.h"
+#include "functions/guard_digits.h"
 #include "functions/tangent_testing.h"
 
 namespace tallymere {
@@ -31,60 +31,6 @@ Outcome RawFactorial(std::string_view x) {
     return {PlainText(result), TakeCode()};
 }
 
-// Measurements follow no rule, so they are written down once more.
-TEST(FactorialCutover, HoldsWhatWasMeasured) {
-    constexpr FactorialCutoverPair Measured[] = {
-        {10, 70},
-        {20, 130},
-        {30, 200},
-        {40, 320},
-        {50, 400},
-        {60, 510},
-        {70, 680},
-        {80, 760},
-        {90, 880},
-        {100, 1200},
-        {120, 1600},
-        {140, 2280},
-        {160, 2460},
-        {180, 3120},
-        {200, 3420},
-        {250, 5670},
-        {300, 6970},
-        {350, 9320},
-        {400, 10070},
-        {450, 13370},
-        {500, 14420},
-        {600, 19620},
-        {700, 25220},
-        {800, 31520},
-        {900, 35420},
-        {1000, 48320},
-        {1200, 62520},
-        {1400, 62720},
-        {1600, 124520},
-        {1800, 148920},
-        {2000, 210520},
-        {2500, 325277},
-        {3000, 484496},
-        {3500, 617028},
-        {4000, 838484},
-        {4500, 1038036},
-        {5000, 1264746},
-        {6000, 1822122},
-        {7000, 2407437},
-        {8000, 3280519},
-        {9000, 4076780},
-        {10000, 4918983},
-        {100000000, 912870929},
-    };
-    ASSERT_EQ(std::size(Measured), size_t{FactorialCutoverCount});
-    for (size_t i = 0; i < std::size(Measured); i++) {
-        EXPECT_EQ(FactorialCutover[i].digits, Measured[i].digits);
-        EXPECT_EQ(FactorialCutover[i].n, Measured[i].n);
-    }
-}
-
 TEST(FactorialCutover, IsHighestForTheLongestPrecision) {
     for (int64_t i = 1; i < FactorialCutoverCount; i++) {
         EXPECT_LT(FactorialCutover[i - 1].digits, FactorialCutover[i].digits);
@@ -97,14 +43,9 @@ TEST(FactorialCutover, IsThatOfAPairAtItsPrecision) {
         const FactorialCutoverPair pair = FactorialCutover[i];
         EXPECT_EQ(FactorialCutoverAt(pair.digits), pair.n);
     }
-    EXPECT_EQ(FactorialCutoverAt(10), 70);
-    EXPECT_EQ(FactorialCutoverAt(20), 130);
-    EXPECT_EQ(FactorialCutoverAt(1200), 62520);
-    EXPECT_EQ(FactorialCutoverAt(1400), 62720);
 }
 
 TEST(FactorialCutover, LiesOnTheLineBetweenTwoPairsAndIsRounded) {
-    EXPECT_EQ(FactorialCutoverAt(16), 106);
     for (int64_t p = 10; p < 10000; p++) {
         int64_t i = 0;
         while (FactorialCutover[i + 1].digits <= p) {
@@ -120,10 +61,12 @@ TEST(FactorialCutover, LiesOnTheLineBetweenTwoPairsAndIsRounded) {
 
 TEST(FactorialCutover, StaysOutsideThePairs) {
     for (int64_t p = 1; p < 10; p++) {
-        EXPECT_EQ(FactorialCutoverAt(p), 70);
+        EXPECT_EQ(FactorialCutoverAt(p), FactorialCutover[0].n);
     }
+    constexpr int64_t longest = FactorialCutoverCount - 2;
+    EXPECT_EQ(FactorialCutover[longest].digits, 10'000u);
     for (int64_t p : {10'001, 10'005, 10'043, 99'999'999, 100'000'000, 200'000'000}) {
-        EXPECT_EQ(FactorialCutoverAt(p), 4'918'983);
+        EXPECT_EQ(FactorialCutoverAt(p), FactorialCutover[longest].n);
     }
 }
 
@@ -269,20 +212,25 @@ TEST(StirlingFactorial, ReturnsTheGuardLimbOfItsLastProduct) {
 
 TEST(StirlingFactorial, TakesOverAtTheCutover) {
     TangentMemoryWatch watch;
-    PrecisionScope scope(16);
-    RealBuffer result;
-    const auto tables = [&](const char* x) {
+    const auto tables = [&](int64_t n) {
+        RealBuffer x;
+        EXPECT_EQ(RealFromUint(x, static_cast<uint64_t>(n)), 0u);
         const int before = watch.BlocksTaken();
-        RealFactorial(result, RealBuffer(x));
+        RealBuffer result;
+        RealFactorial(result, x);
+        EXPECT_EQ(TakeCode(), CalcErrorNone);
         EXPECT_EQ(watch.BlocksHeld(), 0);
         return watch.BlocksTaken() - before;
     };
-    EXPECT_EQ(tables("69"), 0);
-    EXPECT_EQ(tables("70"), 0);
-    EXPECT_EQ(tables("105"), 0);
-    EXPECT_EQ(tables("106"), 1);
-    EXPECT_EQ(tables("107"), 1);
-    EXPECT_EQ(tables("1e15"), 1);
+    for (int64_t p : {10, 16, 20, 35, 100, 200}) {
+        PrecisionScope scope(p);
+        const int64_t cutover = FactorialCutoverAt(p);
+        EXPECT_EQ(tables(cutover - 1), 0);
+        EXPECT_EQ(tables(cutover), 1);
+        EXPECT_EQ(tables(cutover + 1), 1);
+    }
+    PrecisionScope scope(16);
+    EXPECT_EQ(tables(1'000'000'000'000'000), 1);
 }
 
 TEST(StirlingFactorial, IsNeverUsedBelowSeventy) {
@@ -302,15 +250,15 @@ TEST(StirlingFactorial, IsNeverUsedBelowSeventy) {
 }
 
 TEST(StirlingFactorial, CountsGuardDigitsForTheCutover) {
-    // 8 of them for numbers of two digits, 9 for numbers of three: 70 at 18 digits is 118.
+    constexpr int64_t digits = 9;
+    const int64_t cutover = FactorialCutoverAt(digits + FactorialGuardDigits(RealBuffer("1e2")));
+    ASSERT_GE(cutover, FactorialCutoverAt(digits) + 2);
     TangentMemoryWatch watch;
-    PrecisionScope scope(9);
-    EXPECT_EQ(Factorial("99").code, CalcErrorNone);
+    PrecisionScope scope(digits);
+    EXPECT_EQ(Factorial(std::to_string(cutover - 1)).code, CalcErrorNone);
     EXPECT_EQ(watch.BlocksTaken(), 0);
-    EXPECT_EQ(Factorial("117").code, CalcErrorNone);
-    EXPECT_EQ(watch.BlocksTaken(), 0);
-    EXPECT_EQ(Factorial("118").code, CalcErrorNone);
-    EXPECT_EQ(watch.BlocksTaken(), 2);
+    EXPECT_EQ(Factorial(std::to_string(cutover)).code, CalcErrorNone);
+    EXPECT_EQ(watch.BlocksTaken(), 2);  // one for each of the two runs of Factorial
 }
 
 TEST(StirlingFactorial, AgreesWithTheProductAroundTheCutover) {

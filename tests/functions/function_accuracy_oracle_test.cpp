@@ -7,6 +7,7 @@
 #include <map>
 #include <string>
 
+#include "functions/error_bounds.h"
 #include "support/function_oracle.h"
 
 namespace tallymere {
@@ -14,44 +15,36 @@ namespace {
 
 using namespace testing_support;
 
-// Guard digits leave at most two hundredths of a unit beside the half of the rounding, in ulps of
-// the larger part of a complex result.
-constexpr double UsualBound = 0.52;
-
-// Where they leave more: up to 100 digits and at 1,000.
-struct WiderBound {
-    double upTo100;
-    double at1000;
-};
-const std::map<std::string, WiderBound> WiderBounds = {
-    {"exp", {2, 12}},
-    {"10^x", {2, 12}},
-    {"2^x", {2, 12}},
-    {"ln", {0.75, 0.6}},
-    {"log2", {0.65, 0.6}},
-    {"log10", {0.95, 0.7}},
-    {"sqrt", {0.56, 0.52}},
-    {"x^y", {0.75, 2}},
-    {"x^n", {1.5, 1.5}},
-    {"2^n", {0.55, 0.52}},
-    {"root", {0.75, 2}},
-    {"sin", {0.65, 0.65}},
-    {"cos", {0.65, 0.65}},
-    {"tan", {6, 6}},
-    {"degrees to radians", {0.6, 0.6}},
-    {"radians to degrees", {0.7, 0.7}},
-    {"radians to gon", {0.7, 0.7}},
-    {"sinh", {2.5, 12}},
-    {"cosh", {2, 12}},
-    {"tanh", {90, 600}},
-    {"asinh", {0.75, 0.9}},
-    {"acosh", {0.55, 1.5}},
-    {"atanh", {0.65, 0.75}},
-    {"z * w", {12, 12}},
-    {"z / w", {25, 25}},
-    {"1 / z", {20, 20}},
-    {"z^n", {200, 200}},
-    {"rootc", {2.5, 15}},
+// The bounds of those that are not within UsualErrorBound.
+const std::map<std::string, ErrorBound> WiderBounds = {
+    {"exp", ExpErrorBound},
+    {"10^x", ExpErrorBound},
+    {"2^x", ExpErrorBound},
+    {"ln", LnErrorBound},
+    {"log2", Log2ErrorBound},
+    {"log10", Log10ErrorBound},
+    {"sqrt", SqrtErrorBound},
+    {"x^y", PowerErrorBound},
+    {"x^n", PowerIntErrorBound},
+    {"2^n", PowerOfTwoErrorBound},
+    {"root", RootErrorBound},
+    {"sin", SinCosErrorBound},
+    {"cos", SinCosErrorBound},
+    {"tan", TanErrorBound},
+    {"degrees to radians", DegToRadErrorBound},
+    {"radians to degrees", RadToDegErrorBound},
+    {"radians to gon", RadToGonErrorBound},
+    {"sinh", SinhErrorBound},
+    {"cosh", CoshErrorBound},
+    {"tanh", TanhErrorBound},
+    {"asinh", AsinhErrorBound},
+    {"acosh", AcoshErrorBound},
+    {"atanh", AtanhErrorBound},
+    {"z * w", ComplexMulErrorBound},
+    {"z / w", ComplexDivErrorBound},
+    {"1 / z", ComplexReciprocalErrorBound},
+    {"z^n", ComplexPowerIntErrorBound},
+    {"rootc", ComplexRootErrorBound},
 };
 
 // What may be lost beside a result that is small, or beyond the digits before the point of a
@@ -59,22 +52,22 @@ const std::map<std::string, WiderBound> WiderBounds = {
 double BoundOf(const std::string& name, const FunctionDeviation& deviation) {
     const auto size = static_cast<double>(std::llabs(deviation.exponent));
     if (name == "sin, near its zeros" || name == "cos, near its zeros") {
-        return UsualBound + 5 * std::pow(10.0, size - 2);
+        return UsualErrorBound + SinCosNearZeroFactor * std::pow(10.0, size - 2);
     }
     if (name == "tan, near zeros and poles") {
-        return UsualBound + 20 * std::pow(10.0, size - 2);
+        return UsualErrorBound + TanNearZeroFactor * std::pow(10.0, size - 2);
     }
     if (name == "acosh, near 1") {
-        return UsualBound + std::pow(10.0, 2 * size - 2);
+        return UsualErrorBound + AcoshNearOneFactor * std::pow(10.0, 2 * size - 2);
     }
     if (name == "x^y, very large or small x" || name == "root, very large or small x") {
-        return 2 + size / 100;
+        return FarBaseErrorBound + size / FarBaseExponentPerUlp;
     }
     const auto wider = WiderBounds.find(name);
     if (wider == WiderBounds.end()) {
-        return UsualBound;
+        return UsualErrorBound;
     }
-    return numberContext.precisionDigits <= 100 ? wider->second.upTo100 : wider->second.at1000;
+    return numberContext.precisionDigits <= 100 ? wider->second.upTo100 : wider->second.upTo1000;
 }
 
 // Functions for which one in so many results may be worse, without a bound: those of a fractional n
@@ -83,9 +76,6 @@ bool MayFail(const std::string& name) {
     return name == "ncr, fractional n" || name == "npr, fractional n";
 }
 constexpr int FailuresOneIn = 10;
-
-// Below this precision an exponent of a very large power has more digits than the result.
-constexpr int64_t LeastPrecisionForFarBases = 16;
 
 int RoundsAt(int64_t p) {
     return TestRounds(p <= 20 ? 400 : p <= 100 ? 150 : 5);
@@ -101,7 +91,7 @@ TEST_P(FunctionAccuracy, StaysBelowItsBound) {
     int tried = 0;
     int failed = 0;
     for (int64_t p : {1, 2, 5, 16, 19, 20, 30, 38, 57, 100, 1000}) {
-        if (farBases && p < LeastPrecisionForFarBases) {
+        if (farBases && p < FarBaseLeastPrecision) {
             continue;
         }
         const PrecisionScope scope(p);

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "functions/error_bounds.h"
 #include "functions/function_testing.h"
 #include "functions/root_testing.h"
 
@@ -124,10 +125,9 @@ TEST(RealHypot, DoesNotLeaveTheRangeOnItsWay) {
     }
 }
 
-// With three guard digits the root of the sum of squares is off by less than this, in hundredths of
-// a unit in the last place.
 TEST(RealHypot, IsTheRootOfTheSumOfSquares) {
-    constexpr uint64_t hypotenuseError = 53;
+    // In hundredths of a unit in the last place.
+    constexpr uint64_t hypotenuseError = static_cast<uint64_t>(100 * UsualErrorBound + 0.5);
     RandomSource random;
     for (int round = 0; round < TestRounds(3000); round++) {
         const int64_t p = random.Between(1, 120);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/real_integer.h"
+#include "functions/error_bounds.h"
 #include "functions/function_testing.h"
 #include "functions/guard_digits.h"
 #include "functions/root_testing.h"
@@ -17,11 +18,13 @@ namespace {
 
 using namespace testing_support;
 
-// What a rounded root may be off by, in hundredths of a unit in the last place: one half, and what
-// roundings on the way make of the guard digits.
-constexpr uint64_t SquareRootError = 60;
-constexpr uint64_t CubeRootError = 52;
-constexpr uint64_t RootError = 75;
+// What a rounded root may be off by, in hundredths of a unit in the last place.
+constexpr uint64_t Hundredths(double units) {
+    return static_cast<uint64_t>(100 * units + 0.5);
+}
+constexpr uint64_t SquareRootError = Hundredths(SqrtErrorBound.upTo100);
+constexpr uint64_t CubeRootError = Hundredths(UsualErrorBound);
+constexpr uint64_t RootError = Hundredths(RootErrorBound.upTo100);
 
 Outcome SquareRoot(std::string_view x) {
     return ResultOf(RealSqrtRounded, x);
@@ -192,8 +195,8 @@ TEST(Roots, ReachTheEndsOfTheExponentRange) {
 }
 
 // The inner forms work at the layout in force; the last factor multiplies their error.
-TEST(Roots, InTheirInnerFormAreGoodToAFewUnits) {
-    constexpr uint64_t twentyUnits = 2000;
+TEST(Roots, StayWithinTheirBoundInTheirInnerForm) {
+    constexpr uint64_t bound = 100 * RawRootErrorBound;
     RandomSource random;
     for (int64_t p : {9, 16, 18, 19, 20, 37, 38, 39, 57, 100}) {
         PrecisionScope scope(p);
@@ -203,9 +206,9 @@ TEST(Roots, InTheirInnerFormAreGoodToAFewUnits) {
             RealSetSign(x, 0);
             RealBuffer root;
             RealSqrt(root, x);
-            ExpectRootWithin(root, x, 2, twentyUnits);
+            ExpectRootWithin(root, x, 2, bound);
             RealCbrt(root, x);
-            ExpectRootWithin(root, x, 3, twentyUnits);
+            ExpectRootWithin(root, x, 3, bound);
         }
     }
 }

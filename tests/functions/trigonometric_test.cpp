@@ -6,6 +6,7 @@
 
 #include "core/real_divide.h"
 #include "core/real_multiply.h"
+#include "functions/error_bounds.h"
 #include "functions/function_testing.h"
 #include "functions/guard_digits.h"
 #include "reference/trigonometric_twins.h"
@@ -96,8 +97,8 @@ TEST(RealSinCos, GivesBothOutputsAtOnce) {
             RealBuffer s;
             RealBuffer c;
             RealSinCos(s, c, x);
-            ExpectWithin(20, s, sine);
-            ExpectWithin(20, c, cosine);
+            ExpectWithin(RawSinCosErrorBound, s, sine);
+            ExpectWithin(RawSinCosErrorBound, c, cosine);
             RealBuffer same = x;
             RealSinCos(same, c, same);
             EXPECT_EQ(same, s);
@@ -124,14 +125,14 @@ TEST(RealSinCos, LeavesOutWhatIsNotWanted) {
             if (RealIsSpecial(s)) {
                 EXPECT_EQ(alone, s);
             } else {
-                ExpectWithin(20, alone, s);
+                ExpectWithin(RawSinCosErrorBound, alone, s);
             }
             RealSinCos(nullptr, alone, x);
             EXPECT_EQ(TakeCode(), code);
             if (RealIsSpecial(c)) {
                 EXPECT_EQ(alone, c);
             } else {
-                ExpectWithin(20, alone, c);
+                ExpectWithin(RawSinCosErrorBound, alone, c);
             }
             RealSinCos(nullptr, nullptr, x);
             EXPECT_EQ(TakeCode(), CalcErrorNone) << "no output, no failure";
