@@ -56,7 +56,7 @@ void AddArithmeticBenchmarks() {
     Add("sum", OperandKind::Numbers,
         [](RealNumber* dest, Number a, Number b, uint64_t) { RealAdd(dest, a, b); });
     Add("difference", OperandKind::Numbers,
-        [](RealNumber* dest, Number a, Number b, uint64_t) { RealSubtract(dest, a, b); });
+        [](RealNumber* dest, Number a, Number b, uint64_t) { RealSub(dest, a, b); });
     Add("reciprocal", OperandKind::Numbers,
         [](RealNumber* dest, Number a, Number, uint64_t) { RealReciprocal(dest, a); });
     Add("remainder", OperandKind::WholeNumbers,

@@ -268,13 +268,13 @@ void MeasureReading(benchmark::State& state, int64_t digits, const Reader& read)
 
 void ReadOurs(benchmark::State& state, int64_t digits) {
     MeasureReading(state, digits, [](uint64_t* dest, const std::u16string& text) {
-        BigUintFromText(dest, text.data(), static_cast<int64_t>(text.size()), TextNeutral);
+        BigUintFromText(dest, text.data(), static_cast<int64_t>(text.size()), TextPlainSeparators);
     });
 }
 
 void ReadTwin(benchmark::State& state, int64_t digits) {
     MeasureReading(state, digits, [](uint64_t* dest, const std::u16string& text) {
-        reference::TwinUintFromText(dest, text, TextNeutral);
+        reference::TwinUintFromText(dest, text, TextPlainSeparators);
     });
 }
 
@@ -292,24 +292,24 @@ void MeasureWriting(benchmark::State& state, int64_t digits, const Writer& write
         const std::u16string wide = Widen(text);
         values.emplace_back(static_cast<size_t>(numberContext.uintLimbs));
         BigUintFromText(values.back().data(), wide.data(), static_cast<int64_t>(wide.size()),
-                        TextNeutral);
+                        TextPlainSeparators);
     }
     GoRound(state, values.size(), [&](size_t i) { write(values[i].data()); });
 }
 
 void WriteOurs(benchmark::State& state, int64_t digits) {
     SetUintDigits(digits);
-    const int64_t capacity = BigUintTextLength(TextNeutral);
+    const int64_t capacity = BigUintTextLength(TextPlainSeparators);
     std::u16string buffer(static_cast<size_t>(capacity) + 1, u' ');
     MeasureWriting(state, digits, [&](const uint64_t* a) {
-        BigUintToText(buffer.data(), capacity, a, TextNeutral);
+        BigUintToText(buffer.data(), capacity, a, TextPlainSeparators);
     });
 }
 
 void WriteTwin(benchmark::State& state, int64_t digits) {
     SetUintDigits(digits);
     MeasureWriting(state, digits, [](const uint64_t* a) {
-        benchmark::DoNotOptimize(reference::TwinUintText(a, TextNeutral));
+        benchmark::DoNotOptimize(reference::TwinUintText(a, TextPlainSeparators));
     });
 }
 

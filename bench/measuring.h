@@ -28,7 +28,8 @@ inline Words MakeReal(const std::string& text) {
     const std::u16string wide = Widen(text);
     Words words = RoomForReal();
     RealNumber* x = RealAt(words.data());
-    RealRound(x, RealFromText(x, wide.data(), static_cast<int64_t>(wide.size()), TextNeutral));
+    RealRound(x,
+              RealFromText(x, wide.data(), static_cast<int64_t>(wide.size()), TextPlainSeparators));
     return words;
 }
 

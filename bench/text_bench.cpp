@@ -17,12 +17,12 @@ void Read(benchmark::State& state, int64_t digits) {
     RealNumber* dest = RealAt(room.data());
     GoRound(state, texts.size(), [&](size_t i) {
         RealRound(dest, RealFromText(dest, texts[i].data(), static_cast<int64_t>(texts[i].size()),
-                                     TextNeutral));
+                                     TextPlainSeparators));
     });
 }
 
 void Write(benchmark::State& state, int64_t digits) {
-    constexpr uint32_t flags = TextScientific | TextNeutral;
+    constexpr uint32_t flags = TextScientific | TextPlainSeparators;
     SetRealPrecision(digits);
     std::vector<Words> numbers;
     for (const OperandPair& pair : MakeOperands(OperandKind::Numbers, digits)) {

@@ -20,7 +20,7 @@ void HandleInterrupt() {
     if (waiting) {
         std::_Exit(InterruptedStatus);
     }
-    RequestCancel();
+    RequestStop();
 }
 
 bool Interrupted() {

@@ -79,8 +79,8 @@ void ComplexAdd(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber
 void ComplexSub(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber* b) {
     TALLYMERE_REQUIRE(ComplexIsWellFormed(a) && ComplexIsWellFormed(b));
     TALLYMERE_REQUIRE(ComplexSameOrApart(dest, a) && ComplexSameOrApart(dest, b));
-    RealSubtract(RealPart(dest), RealPart(a), RealPart(b));
-    RealSubtract(ImaginaryPart(dest), ImaginaryPart(a), ImaginaryPart(b));
+    RealSub(RealPart(dest), RealPart(a), RealPart(b));
+    RealSub(ImaginaryPart(dest), ImaginaryPart(a), ImaginaryPart(b));
 }
 
 void ComplexMul(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber* b) {
@@ -104,7 +104,7 @@ void ComplexMul(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber
     RealMul(xd, x, d);
     RealMul(yd, y, d);
     RealMul(yc, y, c);
-    RealSubtract(RealPart(dest), xc, yd);
+    RealSub(RealPart(dest), xc, yd);
     RealAdd(ImaginaryPart(dest), xd, yc);
 }
 

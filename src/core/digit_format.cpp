@@ -68,11 +68,11 @@ void WriteFraction(TextWriter& writer, const Fraction& fraction, bool strip, uin
 }  // namespace
 
 char16_t WrittenDecimalSeparator(uint32_t flags) {
-    return (flags & TextNeutral) != 0 ? u'.' : numberContext.decimalSeparators[0];
+    return (flags & TextPlainSeparators) != 0 ? u'.' : numberContext.decimalSeparators[0];
 }
 
 char16_t WrittenGroupSeparator(uint32_t flags) {
-    return (flags & TextNeutral) != 0 ? u'\'' : numberContext.groupSeparators[0];
+    return (flags & TextPlainSeparators) != 0 ? u'\'' : numberContext.groupSeparators[0];
 }
 
 void WriteSign(TextWriter& writer, bool negative, uint32_t flags) {

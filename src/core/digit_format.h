@@ -8,8 +8,8 @@
 
 namespace tallymere {
 
-/// The separators that are written: with TextNeutral "." and "'", otherwise the first ones of the
-/// context.
+/// The separators that are written: with TextPlainSeparators "." and "'", otherwise the first ones
+/// of the context.
 char16_t WrittenDecimalSeparator(uint32_t flags);
 char16_t WrittenGroupSeparator(uint32_t flags);
 

@@ -10,7 +10,7 @@ namespace tallymere {
 DigitWalk MakeDigitWalk(const NumberScanner& scanner, int64_t start, int64_t length) {
     TALLYMERE_REQUIRE(start >= 0 && length >= 0 && start + length <= scanner.length);
     const char16_t* digits = scanner.text + start;
-    return {digits, digits + length, scanner.neutral};
+    return {digits, digits + length, scanner.plainSeparators};
 }
 
 bool MoveToDigit(DigitWalk& walk) {
@@ -18,7 +18,7 @@ bool MoveToDigit(DigitWalk& walk) {
         if (IsDecimalDigit(*walk.next)) {
             return true;
         }
-        if (IsDecimalSeparator(*walk.next, walk.neutral)) {
+        if (IsDecimalSeparator(*walk.next, walk.plainSeparators)) {
             walk.separatorSeen = true;
             walk.exponent = walk.seen - 1;
         }

@@ -12,8 +12,8 @@ namespace tallymere {
 struct DigitWalk {
     const char16_t* next;
     const char16_t* end;
-    bool neutral;      ///< "." separates instead of the context's decimal separators
-    int64_t seen = 0;  ///< digits passed from the first non-zero one on
+    bool plainSeparators;  ///< "." separates instead of the context's decimal separators
+    int64_t seen = 0;      ///< digits passed from the first non-zero one on
     bool separatorSeen = false;
     int64_t exponent = 0;  ///< of the first non-zero digit, once the separator was seen
 };

@@ -31,7 +31,7 @@ enum NumberType : uint32_t {
 /// arithmetic all the same, and every routine heeds them; the tests set them.
 struct NumberContext {
     CalcError calcError = CalcErrorNone;
-    uint8_t* abortFlag = &cancelFlag;  ///< the stop request; read through AbortRequested
+    uint8_t* abortFlag = &cancelFlag;  ///< the stop request; read through StopRequested
 
     int64_t precisionDigits = 16;  ///< p, the significant decimal digits of a RealNumber
     int64_t realLimbs = 1;         ///< n = ceiling(p / 19)

@@ -37,9 +37,9 @@ NumberTokenKind ScanDigits(NumberScanner& scanner) {
             return kind;
         }
         const char16_t c = scanner.text[scanner.position];
-        if (scanner.allowGroups && IsGroupSeparator(c, scanner.neutral)) {
+        if (scanner.allowGroups && IsGroupSeparator(c, scanner.plainSeparators)) {
             scanner.position++;
-        } else if (kind == NumberTokenDigits && IsDecimalSeparator(c, scanner.neutral)) {
+        } else if (kind == NumberTokenDigits && IsDecimalSeparator(c, scanner.plainSeparators)) {
             kind = NumberTokenFraction;
             scanner.position++;
         } else {
@@ -133,7 +133,7 @@ NumberScanner MakeNumberScanner(const char16_t* text, int64_t length, uint32_t f
         text++;
         length--;
     }
-    return {text, (flags & TextGroup) != 0, (flags & TextNeutral) != 0, length, 0, radix};
+    return {text, (flags & TextGroup) != 0, (flags & TextPlainSeparators) != 0, length, 0, radix};
 }
 
 NumberToken NextNumberToken(NumberScanner& scanner) {
@@ -142,16 +142,16 @@ NumberToken NextNumberToken(NumberScanner& scanner) {
     return {kind, start, scanner.position - start};
 }
 
-bool IsDecimalSeparator(char16_t c, bool neutral) {
-    if (neutral) {
+bool IsDecimalSeparator(char16_t c, bool plainSeparators) {
+    if (plainSeparators) {
         return c == u'.';
     }
     const char16_t* separators = numberContext.decimalSeparators;
     return c == separators[0] || c == separators[1] || c == separators[2];
 }
 
-bool IsGroupSeparator(char16_t c, bool neutral) {
-    if (neutral) {
+bool IsGroupSeparator(char16_t c, bool plainSeparators) {
+    if (plainSeparators) {
         return c == u'\'';
     }
     const char16_t* separators = numberContext.groupSeparators;

@@ -13,11 +13,11 @@ inline constexpr char16_t InfinitySign = u'\u221E';
 
 struct NumberScanner {
     const char16_t* text;
-    bool allowGroups;  ///< group separators may stand between digits
-    bool neutral;      ///< "." and "'" instead of the context's separators
-    int64_t length;    ///< characters of text, already counted
-    int64_t position;  ///< 0-based index of the next character
-    int64_t radix;     ///< 2 to 16
+    bool allowGroups;      ///< group separators may stand between digits
+    bool plainSeparators;  ///< "." and "'" instead of the context's separators
+    int64_t length;        ///< characters of text, already counted
+    int64_t position;      ///< 0-based index of the next character
+    int64_t radix;         ///< 2 to 16
 };
 
 enum NumberTokenKind : uint32_t {
@@ -40,7 +40,7 @@ struct NumberToken {
 };
 
 /// A scanner over the text with spaces (U+0020) stripped at both ends; `length` may be
-/// TextUntilZero. `flags` are TextFlags: TextGroup and TextNeutral matter.
+/// TextUntilZero. `flags` are TextFlags: TextGroup and TextPlainSeparators matter.
 NumberScanner MakeNumberScanner(const char16_t* text, int64_t length, uint32_t flags,
                                 int64_t radix);
 
@@ -53,11 +53,11 @@ NumberToken NextNumberToken(NumberScanner& scanner);
 
 /// True if c is one of the context's three decimal separators, or "." where only plain separators
 /// count.
-bool IsDecimalSeparator(char16_t c, bool neutral);
+bool IsDecimalSeparator(char16_t c, bool plainSeparators);
 
 /// True if c is one of the context's three group separators, or "'" where only plain separators
 /// count.
-bool IsGroupSeparator(char16_t c, bool neutral);
+bool IsGroupSeparator(char16_t c, bool plainSeparators);
 
 /// True if c is one of the context's four exponent characters.
 bool IsExponentChar(char16_t c);

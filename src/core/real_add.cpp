@@ -111,7 +111,7 @@ void RealAdd(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
     RealRound(dest, RealAddRaw(dest, a, b, false));
 }
 
-void RealSubtract(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
+void RealSub(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
     RealRound(dest, RealAddRaw(dest, a, b, true));
 }
 

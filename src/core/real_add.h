@@ -14,6 +14,6 @@ Limb RealAddRaw(RealNumber* dest, const RealNumber* a, const RealNumber* b, bool
 void RealAdd(RealNumber* dest, const RealNumber* a, const RealNumber* b);
 
 /// dest = a - b, rounded.
-void RealSubtract(RealNumber* dest, const RealNumber* a, const RealNumber* b);
+void RealSub(RealNumber* dest, const RealNumber* a, const RealNumber* b);
 
 }  // namespace tallymere

@@ -179,7 +179,7 @@ void RealDivMod(RealNumber* quotient, RealNumber* remainder, const RealNumber* a
     int64_t ready = startsBelow ? 0 : 1;
     int64_t left = exponent + 1;
     for (int64_t limb = 0; left > 0; limb++) {
-        if (AbortRequested()) {
+        if (StopRequested()) {
             SetCalcError(CalcErrorCancelled);
             SetBothNaN(quotient, remainder);
             return;

@@ -15,7 +15,7 @@ namespace tallymere {
 /// first digit that did not fit, and nothing of what follows it. Digits that are all zero give
 /// limbs that are all zero, and the exponent means nothing.
 Limb DigitsToLimbs(Limb* limbs, int64_t* exponent, const char16_t* text, int64_t length,
-                   bool neutral);
+                   bool plainSeparators);
 
 /// dest = the number that the text denotes; raw. `length` may be TextUntilZero; spaces at both ends
 /// are passed over. The guard limb holds the first digit that did not fit and nothing below it, so

@@ -63,8 +63,8 @@ bool ReadNumber(NumberScanner& scanner, uint32_t flags, WrittenNumber* number) {
 }  // namespace
 
 Limb DigitsToLimbs(Limb* limbs, int64_t* exponent, const char16_t* text, int64_t length,
-                   bool neutral) {
-    DigitWalk walk = {text, text + length, neutral};
+                   bool plainSeparators) {
+    DigitWalk walk = {text, text + length, plainSeparators};
     SkipLeadingZeros(walk);
     int64_t wanted = numberContext.topLimbDigits;
     for (int64_t i = 0; i < numberContext.realLimbs; i++) {
@@ -102,7 +102,7 @@ Limb RealFromText(RealNumber* dest, const char16_t* text, int64_t length, uint32
     }
     int64_t exponent = 0;
     const Limb guard = DigitsToLimbs(RealLimbs(dest), &exponent, scanner.text + number.token.start,
-                                     number.token.length, scanner.neutral);
+                                     number.token.length, scanner.plainSeparators);
     if (RealLimbs(dest)[0] == 0) {
         RealSetZero(dest, number.sign);
         return 0;

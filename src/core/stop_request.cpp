@@ -10,20 +10,20 @@ static_assert(std::atomic_ref<uint8_t>::is_always_lock_free, "a signal handler w
 
 constinit uint8_t cancelFlag = 0;
 
-void RequestCancel() {
-    SetAbortByte(&cancelFlag, 1);
+void RequestStop() {
+    SetStopByte(&cancelFlag, 1);
 }
 
-void ClearCancelRequest() {
-    SetAbortByte(&cancelFlag, 0);
+void ClearStopRequest() {
+    SetStopByte(&cancelFlag, 0);
 }
 
-bool AbortRequested() {
+bool StopRequested() {
     uint8_t* flag = numberContext.abortFlag;
     return flag != nullptr && std::atomic_ref<uint8_t>(*flag).load(std::memory_order_relaxed) != 0;
 }
 
-void SetAbortByte(uint8_t* flag, uint8_t value) {
+void SetStopByte(uint8_t* flag, uint8_t value) {
     std::atomic_ref<uint8_t>(*flag).store(value, std::memory_order_relaxed);
 }
 

@@ -16,17 +16,17 @@ extern uint8_t cancelFlag;
 
 /// Asks the running calculation to stop at its next check point. May be called from any thread and
 /// from a signal handler.
-void RequestCancel();
+void RequestStop();
 
 /// Takes the request back. Only the owner of a run calls it, at the beginning or end of the run.
-void ClearCancelRequest();
+void ClearStopRequest();
 
 /// True when the running calculation is asked to stop. Long loops poll it at their check points.
 /// It reads the byte that NumberContext::abortFlag points to; a null pointer never asks for a stop.
-bool AbortRequested();
+bool StopRequested();
 
 /// Writes any byte that abortFlag may point to: 1 asks for a stop, 0 takes the request back. May be
 /// called from any thread and from a signal handler.
-void SetAbortByte(uint8_t* flag, uint8_t value);
+void SetStopByte(uint8_t* flag, uint8_t value);
 
 }  // namespace tallymere

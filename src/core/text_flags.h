@@ -8,7 +8,7 @@ namespace tallymere {
 enum TextFlags : uint32_t {
     TextBaseMask = 0xFF,          ///< the base; 0 means 10
     TextGroup = 0x100,            ///< write group separators; accept them between digits
-    TextNeutral = 0x200,          ///< "." and "'" in place of the context's separators
+    TextPlainSeparators = 0x200,  ///< "." and "'" in place of the context's separators
     TextAlwaysSign = 0x1000,      ///< write "+" before what is not negative
     TextNoExponentPlus = 0x2000,  ///< write no "+" before a positive exponent
     TextKeepFraction = 0x4000,    ///< write a fraction digit even where there is no fraction

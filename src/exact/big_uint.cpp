@@ -54,7 +54,7 @@ void BigUintSetFailed(uint64_t* dest, CalcError code) {
     SetCalcError(code);
 }
 
-void BigUintFromWord(uint64_t* dest, uint64_t k) {
+void BigUintFromUnsigned(uint64_t* dest, uint64_t k) {
     BigUintClear(dest);
     dest[0] = k;
 }
@@ -88,16 +88,16 @@ bool BigUintIsZero(const uint64_t* a) {
     return BigUintLength(a) == 0;
 }
 
-bool BigUintIsWord(const uint64_t* a, uint64_t k) {
-    return a[0] == k && BigUintFitsWord(a);
+bool BigUintEqualsSmall(const uint64_t* a, uint64_t k) {
+    return a[0] == k && BigUintFitsUnsigned(a);
 }
 
-bool BigUintFitsWord(const uint64_t* a) {
+bool BigUintFitsUnsigned(const uint64_t* a) {
     return BigUintLength(a) <= 1;
 }
 
 bool BigUintFitsSigned(const uint64_t* a) {
-    return BigUintFitsWord(a) && a[0] >> 63 == 0;
+    return BigUintFitsUnsigned(a) && a[0] >> 63 == 0;
 }
 
 int BigUintCompare(const uint64_t* a, const uint64_t* b) {

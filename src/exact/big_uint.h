@@ -40,7 +40,7 @@ void BigUintCopy(uint64_t* dest, const uint64_t* src);
 void BigUintSetFailed(uint64_t* dest, CalcError code);
 
 /// dest = k.
-void BigUintFromWord(uint64_t* dest, uint64_t k);
+void BigUintFromUnsigned(uint64_t* dest, uint64_t k);
 
 /// How many limbs a has up to its highest that is not 0; 0 for a = 0.
 int64_t BigUintLength(const uint64_t* a);
@@ -57,10 +57,10 @@ inline uint64_t BigUintBit(const uint64_t* a, int64_t index) {
 bool BigUintIsZero(const uint64_t* a);
 
 /// True when a = k.
-bool BigUintIsWord(const uint64_t* a, uint64_t k);
+bool BigUintEqualsSmall(const uint64_t* a, uint64_t k);
 
 /// True when a fits one limb, which is a[0].
-bool BigUintFitsWord(const uint64_t* a);
+bool BigUintFitsUnsigned(const uint64_t* a);
 
 /// True when a < 2^63.
 bool BigUintFitsSigned(const uint64_t* a);

@@ -17,9 +17,9 @@ namespace {
 //
 // The product of i consecutive integers is divisible by i!, so every division is exact.
 void MultiplyUpwards(uint64_t* dest, uint64_t* m, uint64_t count, bool falling) {
-    BigUintFromWord(dest, 1);
+    BigUintFromUnsigned(dest, 1);
     for (uint64_t i = 0; i < count && numberContext.calcError == CalcErrorNone; i++) {
-        if (AbortRequested()) {
+        if (StopRequested()) {
             SetCalcError(CalcErrorCancelled);
             return;
         }
@@ -39,11 +39,11 @@ void MultiplyUpwards(uint64_t* dest, uint64_t* m, uint64_t count, bool falling) 
 
 void BigUintFactorial(uint64_t* dest, const uint64_t* n) {
     const CalcErrorScope codes;
-    if (!BigUintFitsWord(n)) {
+    if (!BigUintFitsUnsigned(n)) {
         SetCalcError(CalcErrorOverflow);
     }
     const uint64_t last = n[0];
-    BigUintFromWord(dest, 1);
+    BigUintFromUnsigned(dest, 1);
     for (uint64_t i = 2; i <= last && numberContext.calcError == CalcErrorNone; i++) {
         BigUintMulSmall(dest, dest, i);
     }
@@ -66,7 +66,7 @@ void BigUintBinomial(uint64_t* dest, const uint64_t* n, const uint64_t* k, bool 
     if (!falling && BigUintCompare(m, count) < 0) {
         std::swap(m, count);
     }
-    if (BigUintFitsWord(count)) {
+    if (BigUintFitsUnsigned(count)) {
         MultiplyUpwards(dest, m, count[0], falling);
     } else {
         SetCalcError(CalcErrorUndefined);

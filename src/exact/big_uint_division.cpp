@@ -65,7 +65,7 @@ void BigUintDivide(uint64_t* quotient, uint64_t* remainder, const uint64_t* a, c
         uint64_t word = 0;
         BigUintDivideSmall(quotient, &word, a, b[0], 0);
         if (remainder != nullptr) {
-            BigUintFromWord(remainder, word);
+            BigUintFromUnsigned(remainder, word);
         }
         return;
     }

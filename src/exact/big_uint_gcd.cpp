@@ -105,7 +105,7 @@ void BigUintGcdAllowingZero(uint64_t* dest, const uint64_t* a, const uint64_t* b
         EuclidStep(x, y);
     }
     if (y.count == 1) {
-        BigUintFromWord(dest, GcdSmall(x.limbs[0], y.limbs[0]));
+        BigUintFromUnsigned(dest, GcdSmall(x.limbs[0], y.limbs[0]));
     } else {
         BigUintClear(dest);
         std::copy_n(x.limbs, x.count, dest);

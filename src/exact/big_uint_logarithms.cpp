@@ -62,26 +62,27 @@ bool BigUintLogTwo(uint64_t* dest, const uint64_t* x) {
     const uint64_t* top = x + length - 1;
     const bool exact =
         std::has_single_bit(*top) && std::all_of(x, top, [](uint64_t limb) { return limb == 0; });
-    BigUintFromWord(dest, static_cast<uint64_t>(BitsPerUintLimb * (length - 1) + HighestBit(*top)));
+    BigUintFromUnsigned(dest,
+                        static_cast<uint64_t>(BitsPerUintLimb * (length - 1) + HighestBit(*top)));
     return exact;
 }
 
 bool BigUintLogTen(uint64_t* dest, const uint64_t* x) {
     CoreScratchScope scratch;
     uint64_t* ten = scratch.Take(numberContext.uintLimbs);
-    BigUintFromWord(ten, 10);
+    BigUintFromUnsigned(ten, 10);
     return BigUintLog(dest, ten, x);
 }
 
 bool BigUintLog(uint64_t* dest, const uint64_t* base, const uint64_t* x) {
-    if (BigUintIsZero(x) || BigUintIsZero(base) || BigUintIsWord(base, 1)) {
+    if (BigUintIsZero(x) || BigUintIsZero(base) || BigUintEqualsSmall(base, 1)) {
         return RefuseLogarithm(dest);
     }
-    if (BigUintIsWord(base, 2)) {
+    if (BigUintEqualsSmall(base, 2)) {
         return BigUintLogTwo(dest, x);
     }
     if (BigUintCompare(x, base) < 0) {
-        const bool one = BigUintIsWord(x, 1);
+        const bool one = BigUintEqualsSmall(x, 1);
         BigUintClear(dest);
         return one;
     }
@@ -101,7 +102,7 @@ bool BigUintLog(uint64_t* dest, const uint64_t* base, const uint64_t* x) {
             floor = order <= 0 ? candidate : floor;
         }
     }
-    BigUintFromWord(dest, floor);
+    BigUintFromUnsigned(dest, floor);
     return exact;
 }
 

@@ -209,7 +209,7 @@ bool PowerModulo(uint64_t* dest, const uint64_t* base, const uint64_t* e, int64_
     for (int64_t i = exponentBits - 1; i >= 0;) {
         const ExponentBits bits = TakeWindow(e, i, window);
         for (; i >= bits.last; i--) {
-            if (AbortRequested()) {
+            if (StopRequested()) {
                 return false;
             }
             if (started) {
@@ -237,7 +237,7 @@ void BigUintModPower(uint64_t* dest, const uint64_t* a, const uint64_t* e, const
         return;
     }
     if (BigUintIsZero(e)) {
-        BigUintFromWord(dest, BigUintIsWord(m, 1) ? 0 : 1);
+        BigUintFromUnsigned(dest, BigUintEqualsSmall(m, 1) ? 0 : 1);
         return;
     }
     const int64_t n = BigUintLength(m);

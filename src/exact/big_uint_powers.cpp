@@ -32,7 +32,7 @@ bool BigUintPowerIfFits(uint64_t* dest, const uint64_t* base, int64_t e) {
 
 void BigUintPowerSmall(uint64_t* dest, const uint64_t* base, int64_t e) {
     if (e == 0) {
-        BigUintFromWord(dest, 1);
+        BigUintFromUnsigned(dest, 1);
     } else if (e < 0) {
         BigUintSetFailed(dest, CalcErrorUndefined);
     } else if (!BigUintPowerIfFits(dest, base, e)) {
@@ -43,7 +43,7 @@ void BigUintPowerSmall(uint64_t* dest, const uint64_t* base, int64_t e) {
 void BigUintPower(uint64_t* dest, const uint64_t* base, const uint64_t* e) {
     if (BigUintFitsSigned(e)) {
         BigUintPowerSmall(dest, base, static_cast<int64_t>(e[0]));
-    } else if (BigUintIsZero(base) || BigUintIsWord(base, 1)) {
+    } else if (BigUintIsZero(base) || BigUintEqualsSmall(base, 1)) {
         BigUintCopy(dest, base);
     } else {
         BigUintSetFailed(dest, CalcErrorOverflow);
@@ -88,7 +88,7 @@ void BigUintPowerOfTenSmall(uint64_t* dest, int64_t n) {
     while (n >> left > DigitsPerLimb) {
         left++;
     }
-    BigUintFromWord(dest, PowerOfTen(n >> left));
+    BigUintFromUnsigned(dest, PowerOfTen(n >> left));
     while (left > 0 && numberContext.calcError == CalcErrorNone) {
         left--;
         BigUintMul(dest, dest, dest);

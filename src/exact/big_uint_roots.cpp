@@ -65,8 +65,8 @@ void StepAboveRoot(uint64_t* s, int64_t n, const uint64_t* x) {
 void RootFromAbove(uint64_t* s, int64_t n, const uint64_t* x, int64_t drop, int64_t bits) {
     if (bits <= BitsFromLogarithm) {
         const uint64_t log = (BinaryLog(x) + BinaryLogErrorUnits) / static_cast<uint64_t>(n) + 1;
-        BigUintFromWord(s,
-                        WordAboveLog(log - (static_cast<uint64_t>(drop) << BinaryLogPlaces), bits));
+        BigUintFromUnsigned(
+            s, WordAboveLog(log - (static_cast<uint64_t>(drop) << BinaryLogPlaces), bits));
         return;
     }
     const int64_t leading = (bits + HighestBit(static_cast<uint64_t>(n)) + 6) / 2;
@@ -83,7 +83,7 @@ bool RootOfDegree(uint64_t* dest, int64_t n, const uint64_t* x) {
     const int64_t bits = BigUintBitLength(x);
     if (n >= bits) {
         const bool exact = bits == 1;
-        BigUintFromWord(dest, 1);
+        BigUintFromUnsigned(dest, 1);
         return exact;
     }
     CoreScratchScope scratch;

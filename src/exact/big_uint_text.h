@@ -1,6 +1,6 @@
 // BigUint from text and to text, in the bases of core/number_bases.h.
 //
-// `flags` are bits of TextFlags: base (0 means 10), TextGroup, TextNeutral; for output also
+// `flags` are bits of TextFlags: base (0 means 10), TextGroup, TextPlainSeparators; for output also
 // TextAlwaysSign, TextScientific, TextStripZeros, TextNoExponentPlus, TextLowerHex,
 // TextNoTerminator.
 #pragma once

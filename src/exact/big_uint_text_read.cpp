@@ -54,7 +54,7 @@ int64_t IntegerPartLength(const NumberScanner& scanner, const NumberToken& token
     const char16_t* text = scanner.text + token.start;
     int64_t length = 0;
     while (IsDecimalDigit(text[length]) ||
-           (scanner.allowGroups && IsGroupSeparator(text[length], scanner.neutral))) {
+           (scanner.allowGroups && IsGroupSeparator(text[length], scanner.plainSeparators))) {
         length++;
     }
     return length;

@@ -98,7 +98,7 @@ void WriteDecimal(TextWriter& writer, const uint64_t* a, const NumberBase& base,
         }
     }
     FormatDigits(writer, digits, kept, false, count - 1,
-                 flags & (TextScientific | TextNeutral | TextNoExponentPlus));
+                 flags & (TextScientific | TextPlainSeparators | TextNoExponentPlus));
 }
 
 // The row of the base that the flags name, null for a base that is not in the table.

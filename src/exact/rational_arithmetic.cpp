@@ -50,7 +50,7 @@ void StoreReduced(RationalNumber* dest, uint64_t sign, uint64_t* numerator, uint
 
 // Divides a and *k by their greatest common divisor. Neither is 0.
 void ReduceBySmall(uint64_t* a, uint64_t* k) {
-    if (*k == 1 || BigUintIsWord(a, 1)) {
+    if (*k == 1 || BigUintEqualsSmall(a, 1)) {
         return;
     }
     uint64_t remainder = 0;
@@ -66,11 +66,11 @@ void ReduceBySmall(uint64_t* a, uint64_t* k) {
 
 void ReduceFraction(uint64_t* numerator, uint64_t* denominator) {
     TALLYMERE_REQUIRE(numerator != denominator && BigUintsAreSameOrApart(numerator, denominator));
-    if (BigUintIsWord(denominator, 1)) {
+    if (BigUintEqualsSmall(denominator, 1)) {
         return;
     }
     if (BigUintIsZero(numerator)) {
-        BigUintFromWord(denominator, 1);
+        BigUintFromUnsigned(denominator, 1);
         return;
     }
     if (BigUintIsZero(denominator)) {
@@ -80,7 +80,7 @@ void ReduceFraction(uint64_t* numerator, uint64_t* denominator) {
     CoreScratchScope scratch;
     uint64_t* common = scratch.Take(numberContext.uintLimbs);
     BigUintGcdAllowingZero(common, numerator, denominator);
-    if (!BigUintIsWord(common, 1)) {
+    if (!BigUintEqualsSmall(common, 1)) {
         BigUintDivideExact(numerator, numerator, common);
         BigUintDivideExact(denominator, denominator, common);
     }
@@ -155,7 +155,7 @@ void RationalScaleSmall(RationalNumber* dest, const RationalNumber* a, uint64_t 
         SetCalcError(CalcErrorExactDivisionByZero);
     } else if (k == 0) {
         BigUintClear(numerator);
-        BigUintFromWord(denominator, 1);
+        BigUintFromUnsigned(denominator, 1);
     } else {
         ReduceBySmall(denominator, &k);
         if (d != 1) {

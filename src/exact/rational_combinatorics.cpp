@@ -25,7 +25,7 @@ void MultiplyStep(RationalNumber* dest, RationalNumber* factor, uint64_t i) {
     RationalDivSmall(factor, factor, i);
     const uint64_t* numerator = RationalNumerator(factor);
     const uint64_t* denominator = RationalDenominator(factor);
-    if (BigUintFitsWord(numerator) && BigUintFitsWord(denominator)) {
+    if (BigUintFitsUnsigned(numerator) && BigUintFitsUnsigned(denominator)) {
         RationalScaleSmall(dest, dest, numerator[0], denominator[0]);
         dest->sign ^= RationalSign(factor);
     } else {
@@ -40,12 +40,12 @@ void MultiplySteps(RationalNumber* dest, const RationalNumber* n, uint64_t count
     RationalNumber* position = RationalAt(scratch.Take(RationalWords()));
     RationalNumber* factor = RationalAt(scratch.Take(RationalWords()));
     RationalNumber* one = RationalAt(scratch.Take(RationalWords()));
-    RationalFromWord(one, 1, 0);
-    RationalFromWord(factor, count, 0);
+    RationalFromUnsigned(one, 1, 0);
+    RationalFromUnsigned(factor, count, 0);
     RationalAddSub(position, n, factor, true);
-    RationalFromWord(dest, 1, 0);
+    RationalFromUnsigned(dest, 1, 0);
     for (uint64_t i = 1; i <= count && numberContext.calcError == CalcErrorNone; i++) {
-        if (AbortRequested()) {
+        if (StopRequested()) {
             SetCalcError(CalcErrorCancelled);
             return;
         }
@@ -65,7 +65,7 @@ void CombinePositiveIntegers(RationalNumber* dest, const RationalNumber* a, cons
     }
     dest->sign = 0;
     combine(RationalNumerator(dest), RationalNumerator(a), RationalNumerator(b));
-    BigUintFromWord(RationalDenominator(dest), 1);
+    BigUintFromUnsigned(RationalDenominator(dest), 1);
     RationalFailOnCode(dest);
 }
 
@@ -80,7 +80,7 @@ void RationalFactorial(RationalNumber* dest, const RationalNumber* n) {
     }
     dest->sign = 0;
     BigUintFactorial(RationalNumerator(dest), RationalNumerator(n));
-    BigUintFromWord(RationalDenominator(dest), 1);
+    BigUintFromUnsigned(RationalDenominator(dest), 1);
     RationalFailOnCode(dest);
 }
 
@@ -94,7 +94,7 @@ void RationalBinomial(RationalNumber* dest, const RationalNumber* n, const Ratio
         dest->sign = 0;
         BigUintBinomial(RationalNumerator(dest), RationalNumerator(n), RationalNumerator(k),
                         falling);
-        BigUintFromWord(RationalDenominator(dest), 1);
+        BigUintFromUnsigned(RationalDenominator(dest), 1);
     } else if (RationalToUnsigned(&count, k, IntegerExact)) {
         MultiplySteps(dest, n, count, falling);
     } else {

@@ -62,7 +62,7 @@ int RationalCompare(const RationalNumber* a, const RationalNumber* b, bool ignor
 int RationalCompareSmall(const RationalNumber* a, uint64_t k, bool negative) {
     CoreScratchScope scratch;
     RationalNumber* b = RationalAt(scratch.Take(RationalWords()));
-    RationalFromWord(b, k, negative ? 1 : 0);
+    RationalFromUnsigned(b, k, negative ? 1 : 0);
     return RationalCompare(a, b, false);
 }
 
@@ -76,7 +76,7 @@ bool RationalToUnsigned(uint64_t* out, const RationalNumber* a, uint32_t flags) 
     uint64_t* whole = scratch.Take(numberContext.uintLimbs);
     BigUintDivide(whole, nullptr, RationalNumerator(a), RationalDenominator(a));
     const bool negative = RationalSign(a) != 0 && !BigUintIsZero(whole);
-    if (!BigUintFitsWord(whole) || (negative && (flags & AllowNegative) == 0)) {
+    if (!BigUintFitsUnsigned(whole) || (negative && (flags & AllowNegative) == 0)) {
         return false;
     }
     *out = whole[0];

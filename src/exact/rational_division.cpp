@@ -36,7 +36,7 @@ void DivideFractions(RationalNumber* quotient, RationalNumber* remainder, uint64
         }
     }
     if (quotient != nullptr) {
-        RationalFromWord(quotient, 1, sign);
+        RationalFromUnsigned(quotient, 1, sign);
         BigUintResize(RationalNumerator(quotient), limbs, divisor, length);
     }
     if (remainder != nullptr) {
@@ -67,7 +67,7 @@ void RationalDivMod(RationalNumber* quotient, RationalNumber* remainder, const R
         for (RationalNumber* result : {quotient, remainder}) {
             if (result != nullptr) {
                 result->sign = sign;
-                BigUintFromWord(RationalDenominator(result), 1);
+                BigUintFromUnsigned(RationalDenominator(result), 1);
             }
         }
     } else {
@@ -99,7 +99,7 @@ void RationalTrunc(RationalNumber* dest, const RationalNumber* a) {
     CalcErrorScope codes;
     dest->sign = RationalSign(a);
     BigUintDivide(RationalNumerator(dest), nullptr, RationalNumerator(a), RationalDenominator(a));
-    BigUintFromWord(RationalDenominator(dest), 1);
+    BigUintFromUnsigned(RationalDenominator(dest), 1);
     RationalFailOnCode(dest);
 }
 

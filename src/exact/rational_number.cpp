@@ -9,7 +9,7 @@
 namespace tallymere {
 
 void RationalSetZero(RationalNumber* dest) {
-    RationalFromWord(dest, 0, 0);
+    RationalFromUnsigned(dest, 0, 0);
 }
 
 void RationalSetFailed(RationalNumber* dest) {
@@ -23,11 +23,11 @@ void RationalFailOnCode(RationalNumber* dest) {
     }
 }
 
-void RationalFromWord(RationalNumber* dest, uint64_t k, uint64_t sign) {
+void RationalFromUnsigned(RationalNumber* dest, uint64_t k, uint64_t sign) {
     TALLYMERE_REQUIRE(sign <= 1);
     dest->sign = sign;
-    BigUintFromWord(RationalNumerator(dest), k);
-    BigUintFromWord(RationalDenominator(dest), 1);
+    BigUintFromUnsigned(RationalNumerator(dest), k);
+    BigUintFromUnsigned(RationalDenominator(dest), 1);
 }
 
 void RationalCopy(RationalNumber* dest, const RationalNumber* src) {
@@ -61,11 +61,11 @@ bool RationalIsInLowestTerms(const RationalNumber* q) {
     CoreScratchScope scratch;
     uint64_t* common = scratch.Take(numberContext.uintLimbs);
     BigUintGcdAllowingZero(common, RationalNumerator(q), RationalDenominator(q));
-    return BigUintIsWord(common, 1);
+    return BigUintEqualsSmall(common, 1);
 }
 
 bool RationalIsInteger(const RationalNumber* q) {
-    return BigUintIsWord(RationalDenominator(q), 1);
+    return BigUintEqualsSmall(RationalDenominator(q), 1);
 }
 
 }  // namespace tallymere

@@ -71,7 +71,7 @@ void RationalSetFailed(RationalNumber* dest);
 void RationalFailOnCode(RationalNumber* dest);
 
 /// dest = k/1 with a sign word of 0 or 1.
-void RationalFromWord(RationalNumber* dest, uint64_t k, uint64_t sign);
+void RationalFromUnsigned(RationalNumber* dest, uint64_t k, uint64_t sign);
 
 /// Copies all words as they are, also those of a record that is not well-formed.
 void RationalCopy(RationalNumber* dest, const RationalNumber* src);

@@ -60,7 +60,7 @@ void PowerOfSmall(RationalNumber* dest, const RationalNumber* e,
     const bool negative = RationalSign(e) != 0;
     dest->sign = 0;
     power(RationalNumerator(dest), RationalNumerator(e));
-    BigUintFromWord(RationalDenominator(dest), 1);
+    BigUintFromUnsigned(RationalDenominator(dest), 1);
     Finish(dest, negative);
 }
 
@@ -96,7 +96,7 @@ void RationalPowerSmall(RationalNumber* dest, const RationalNumber* base, int64_
     CalcErrorScope codes;
     CoreScratchScope scratch;
     uint64_t* p = scratch.Take(numberContext.uintLimbs);
-    BigUintFromWord(p, IntegerMagnitude(e));
+    BigUintFromUnsigned(p, IntegerMagnitude(e));
     RationalCopy(dest, base);
     dest->sign = RationalSign(base) & p[0];
     RaiseParts(dest, p);
@@ -159,16 +159,16 @@ void RationalLog(RationalNumber* dest, const RationalNumber* base, const Rationa
     const uint64_t* power = whole ? RationalNumerator(x) : RationalDenominator(x);
     const bool baseIsRight = RationalIsInteger(base) && RationalSign(base) == 0 &&
                              !BigUintIsZero(RationalNumerator(base)) &&
-                             !BigUintIsWord(RationalNumerator(base), 1);
+                             !BigUintEqualsSmall(RationalNumerator(base), 1);
     const bool argumentIsRight = RationalSign(x) == 0 && !RationalIsZero(x) &&
-                                 (whole || BigUintIsWord(RationalNumerator(x), 1));
+                                 (whole || BigUintEqualsSmall(RationalNumerator(x), 1));
     if (!baseIsRight || !argumentIsRight ||
         !BigUintLog(RationalNumerator(dest), RationalNumerator(base), power)) {
         RationalSetFailed(dest);
         return;
     }
     dest->sign = whole ? 0 : 1;
-    BigUintFromWord(RationalDenominator(dest), 1);
+    BigUintFromUnsigned(RationalDenominator(dest), 1);
 }
 
 }  // namespace tallymere

@@ -33,7 +33,7 @@ void ReadRational(RationalNumber* dest, const char16_t* text, const char16_t* en
     uint64_t* denominator = RationalDenominator(dest);
     BigUintFromText(RationalNumerator(dest), text, slash - text, flags);
     if (slash == end) {
-        BigUintFromWord(denominator, 1);
+        BigUintFromUnsigned(denominator, 1);
         return;
     }
     const char16_t* behind = slash + 1;

@@ -62,7 +62,7 @@ void SnapToMultiple(RealNumber* quotient, RealNumber* remainder, const RealNumbe
         RealSetZero(remainder, 0);
         return;
     }
-    RealSubtract(remainder, quarter, remainder);
+    RealSub(remainder, quarter, remainder);
     if (RealCompare(remainder, tolerance) < 0) {
         RealSetZero(remainder, 0);
         RealNumber* one = tolerance;

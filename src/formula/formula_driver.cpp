@@ -119,7 +119,7 @@ void CheckCalcError(FormulaEvaluator& evaluator, const FormulaToken& token) {
     if (numberContext.calcError == CalcErrorCancelled) {
         SetFormulaAborted(evaluator);
     } else {
-        SetFormulaError(evaluator, FormulaErrorOverflow, token);
+        SetFormulaError(evaluator, FormulaErrorOperationFailed, token);
     }
     numberContext.calcError = CalcErrorNone;
 }
@@ -141,7 +141,7 @@ void RunFormula(FormulaEvaluator& evaluator) {
     uint64_t position = 0;
     do {
         NextFormulaToken(evaluator, token, position);
-        if (AbortRequested()) {
+        if (StopRequested()) {
             SetFormulaAborted(evaluator);
         } else {
             AcceptFormulaToken(evaluator, token);

@@ -13,9 +13,9 @@ namespace tallymere {
 
 /// Evaluates the text, with the variables that ResolveUsedVariables left in the evaluator.
 /// Afterwards either error is FormulaErrorNone and *result holds the value, or the error fields are
-/// set and *result is 0. An operation that notes a CalcError makes FormulaErrorOverflow at the
-/// token that triggered it. A request to stop makes FormulaErrorAborted; it is looked for before
-/// every token and within long operations. The ScratchStack is as it was found; `stack` and
+/// set and *result is 0. An operation that notes a CalcError makes FormulaErrorOperationFailed at
+/// the token that triggered it. A request to stop makes FormulaErrorAborted; it is looked for
+/// before every token and within long operations. The ScratchStack is as it was found; `stack` and
 /// `usedVariables` are null.
 void RunFormula(FormulaEvaluator& evaluator);
 

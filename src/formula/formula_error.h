@@ -11,7 +11,7 @@ enum FormulaError : uint32_t {
     FormulaErrorSyntax = 10200,
     FormulaErrorLeftParenMissing = 10201,  ///< `)` without its `(`
     FormulaErrorUnexpectedEnd = 10202,     ///< the text ends in the middle of an expression
-    FormulaErrorOverflow = 10203,          ///< an operation failed, for whatever reason
+    FormulaErrorOperationFailed = 10203,   ///< an operation failed, for whatever reason
     FormulaErrorTooComplicated = 10204,    ///< more than FormulaStackEntries entries
     FormulaErrorInternal = 10205,          ///< a state that no text leads to
     FormulaErrorArgumentCount = 10206,     ///< a function with too many or too few arguments

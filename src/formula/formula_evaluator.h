@@ -34,7 +34,7 @@ struct UsedVariable {
 /// Whoever starts an evaluation clears the record and fills the first five fields.
 struct FormulaEvaluator {
     const char16_t* text;   ///< the formula, NUL-terminated
-    uint64_t flags;         ///< TextGroup and TextNeutral matter; pages pass TextGroup
+    uint64_t flags;         ///< TextGroup and TextPlainSeparators matter; pages pass TextGroup
     int64_t variableCount;  ///< rows of `variables`; 0 for none
     const VariableRow* variables;
     uint64_t* result;  ///< receives the value; one value slot

@@ -63,15 +63,16 @@ uint64_t ReadSymbol(FormulaToken& token, const char16_t* text) {
 
 // The index behind the number that starts with the digit at `start`.
 uint64_t NumberEnd(const char16_t* text, uint64_t start, uint64_t flags) {
-    const bool neutral = (flags & TextNeutral) != 0;
+    const bool plainSeparators = (flags & TextPlainSeparators) != 0;
     const bool groups = (flags & TextGroup) != 0;
     const NumberBase& row = NumberBaseOfPrefix(text + start);
     const bool isDecimal = row.base == DecimalBase;
     uint64_t i = start + static_cast<uint64_t>(isDecimal ? 1 : PrefixLength(row));
     while (text[i] != 0) {
         const char16_t c = text[i];
-        if (IsDecimalDigit(c) || IsLetterDigit(c, row.base) || IsDecimalSeparator(c, neutral) ||
-            (groups && IsGroupSeparator(c, neutral))) {
+        if (IsDecimalDigit(c) || IsLetterDigit(c, row.base) ||
+            IsDecimalSeparator(c, plainSeparators) ||
+            (groups && IsGroupSeparator(c, plainSeparators))) {
             i++;
         } else if (isDecimal && IsExponentChar(c) &&
                    (text[i + 1] == u'+' || text[i + 1] == u'-' || IsDecimalDigit(text[i + 1]))) {

@@ -55,7 +55,7 @@ void Real(const FunctionCall& call) {
 template <bool (*Routine)(RealNumber*, const RealNumber*, AngleUnit)>
 void Real(const FunctionCall& call) {
     if (!Routine(RealAt(call.dest), RealAt(call.arguments[0]), call.row.unit)) {
-        SetFormulaError(call.evaluator, FormulaErrorOverflow, call.function);
+        SetFormulaError(call.evaluator, FormulaErrorOperationFailed, call.function);
     }
 }
 
@@ -117,8 +117,10 @@ void Rational(const FunctionCall& call) {
     Routine(RationalAt(call.dest), RationalAt(call.arguments[0]), RationalAt(call.arguments[1]));
 }
 
-// Calls the routine of real with the real parts, or with the imaginary parts, of all values.
+// Calls the routine of real, which a row with these rules has, with the real parts, or with the
+// imaginary parts, of all values.
 void CallRealOnRealParts(const FunctionCall& call) {
+    TALLYMERE_REQUIRE(call.row.routines.real != nullptr);
     FunctionCall ofParts = {
         call.evaluator, call.function, call.row, &RealPart(ComplexAt(call.dest))->header, {}};
     for (int64_t i = 0; i < ArgumentCount(call.row); i++) {
@@ -128,6 +130,7 @@ void CallRealOnRealParts(const FunctionCall& call) {
 }
 
 void CallRealOnImaginaryParts(const FunctionCall& call) {
+    TALLYMERE_REQUIRE(call.row.routines.real != nullptr);
     FunctionCall ofParts = {
         call.evaluator, call.function, call.row, &ImaginaryPart(ComplexAt(call.dest))->header, {}};
     for (int64_t i = 0; i < ArgumentCount(call.row); i++) {
@@ -300,19 +303,6 @@ constexpr bool ArgumentsFitACall() {
     return true;
 }
 static_assert(ArgumentsFitACall());
-
-// RealValuesOnly and PartByPart call the routine of real.
-constexpr bool RulesOfCplxHaveTheRoutineOfReal() {
-    for (const FunctionRow& row : FunctionTable) {
-        const bool usesReal =
-            row.routines.cplx == RealValuesOnly || row.routines.cplx == PartByPart;
-        if (usesReal && row.routines.real == nullptr) {
-            return false;
-        }
-    }
-    return true;
-}
-static_assert(RulesOfCplxHaveTheRoutineOfReal());
 
 constexpr auto Names = MakeNameIndex(FunctionTable, &FunctionRow::name);
 

@@ -30,7 +30,7 @@ void CallRoutine(const FunctionCall& call) {
 
 void ValueFromNumberText(uint64_t* dest, const char16_t* digits, int64_t length, uint32_t base,
                          uint64_t flags) {
-    const auto textFlags = static_cast<uint32_t>(flags & (TextGroup | TextNeutral));
+    const auto textFlags = static_cast<uint32_t>(flags & (TextGroup | TextPlainSeparators));
     if (base != DecimalBase && numberContext.numberType != NumberTypeUint) {
         SetCalcError(CalcErrorSyntax);
         ValueSetInvalid(dest);

@@ -89,7 +89,7 @@ constexpr OperatorRow OperatorTable[OperatorCount] = {
     {Id::Add, u"+", SumLevel, LeftToRight, KeepValue,
         {Real<RealAdd>, Complex<ComplexAdd>, Uint<BigUintAdd>, Rational<RationalAddTo>}},
     {Id::Subtract, u"-", SumLevel, LeftToRight, NegateValue,
-        {Real<RealSubtract>, Complex<ComplexSub>, Uint<BigUintSub>, Rational<RationalSubtractFrom>}},
+        {Real<RealSub>, Complex<ComplexSub>, Uint<BigUintSub>, Rational<RationalSubtractFrom>}},
     {Id::Multiply, u"*", ProductLevel, LeftToRight, NoSign,
         {Real<RealMultiplyBy>, Complex<ComplexMultiplyBy>, Uint<UintMultiplyBy>, Rational<RationalMultiplyBy>}},
     {Id::Divide, u"/", ProductLevel, LeftToRight, NoSign,

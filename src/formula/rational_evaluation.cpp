@@ -17,7 +17,7 @@ RationalNumber* TakeRational(ScratchStackScope& scope) {
 void Logarithm(RationalNumber* dest, uint64_t base, const RationalNumber* x) {
     ScratchStackScope scope;
     RationalNumber* baseNumber = TakeRational(scope);
-    RationalFromWord(baseNumber, base, 0);
+    RationalFromUnsigned(baseNumber, base, 0);
     RationalLog(dest, baseNumber, x);
 }
 
@@ -43,13 +43,13 @@ void RationalRound(RationalNumber* dest, const RationalNumber* x) {
     RationalNumber* fraction = TakeRational(scope);
     RationalNumber* half = TakeRational(scope);
     RationalFraction(fraction, x);
-    RationalFromWord(half, 1, 0);
-    BigUintFromWord(RationalDenominator(half), 2);
+    RationalFromUnsigned(half, 1, 0);
+    BigUintFromUnsigned(RationalDenominator(half), 2);
     if (RationalCompare(fraction, half, true) < 0) {
         RationalTrunc(dest, x);
     } else {
         RationalNumber* one = half;
-        RationalFromWord(one, 1, RationalSign(x));
+        RationalFromUnsigned(one, 1, RationalSign(x));
         RationalAddSub(dest, x, one, false);
     }
 }

@@ -8,9 +8,9 @@
 namespace tallymere {
 
 void UintMultiplyBy(uint64_t* a, const uint64_t* b) {
-    if (BigUintFitsWord(a)) {
+    if (BigUintFitsUnsigned(a)) {
         BigUintMulSmall(a, b, a[0]);
-    } else if (BigUintFitsWord(b)) {
+    } else if (BigUintFitsUnsigned(b)) {
         BigUintMulSmall(a, a, b[0]);
     } else {
         BigUintMul(a, a, b);
@@ -18,9 +18,9 @@ void UintMultiplyBy(uint64_t* a, const uint64_t* b) {
 }
 
 void UintRaiseTo(uint64_t* a, const uint64_t* b) {
-    if (BigUintIsWord(a, 2)) {
+    if (BigUintEqualsSmall(a, 2)) {
         BigUintPowerOfTwo(a, b);
-    } else if (BigUintIsWord(a, 10)) {
+    } else if (BigUintEqualsSmall(a, 10)) {
         BigUintPowerOfTen(a, b);
     } else {
         BigUintPower(a, a, b);

@@ -51,7 +51,7 @@ void MultiplySteps(RealNumber* dest, const RealNumber* d, uint64_t count, Counti
     const bool fits = RealToUint(&start, d, IntegerExact) && count <= UINT64_MAX - start;
     RealSetOne(dest);
     for (uint64_t i = 1; i <= count && !RealIsSpecial(dest); i++) {
-        if (AbortRequested()) {
+        if (StopRequested()) {
             RealSetNaN(dest, CalcErrorCancelled);
             return;
         }

@@ -119,7 +119,7 @@ Limb RealMulRange(RealNumber* dest, uint64_t from, uint64_t to) {
         uint64_t taken = 0;
         if (numberContext.realLimbs >= GroupingLimbs && !RealIsSpecial(dest)) {
             FactorGroup group = StartGroup(dest);
-            while (next < to && !AbortRequested() && TakeFactor(group, next)) {
+            while (next < to && !StopRequested() && TakeFactor(group, next)) {
                 next++;
                 taken++;
             }
@@ -131,7 +131,7 @@ Limb RealMulRange(RealNumber* dest, uint64_t from, uint64_t to) {
             guard = RealMulUint(dest, dest, next);
             next++;
         }
-        if (AbortRequested()) {
+        if (StopRequested()) {
             RealSetNaN(dest, CalcErrorCancelled);
             return 0;
         }

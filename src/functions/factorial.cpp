@@ -129,7 +129,7 @@ void StirlingSeries(RealNumber* sum, int64_t n, TangentTable& tangents) {
             RealNegate(term);
         }
         RealAddRaw(sum, sum, term, false);
-        if (AbortRequested()) {
+        if (StopRequested()) {
             RealSetNaN(sum, CalcErrorCancelled);
             return;
         }

@@ -46,14 +46,14 @@ void TakeCalcError(UiErrorCode fallback) {
 }
 
 void TakeStopRequest() {
-    if (AbortRequested()) {
+    if (StopRequested()) {
         SetUiError(UiErrorStopped);
-        ClearCancelRequest();
+        ClearStopRequest();
     }
 }
 
 bool RunShouldEnd() {
-    return PendingUiError() != UiErrorNone || AbortRequested();
+    return PendingUiError() != UiErrorNone || StopRequested();
 }
 
 void ClearPendingErrors() {
@@ -66,7 +66,7 @@ void ClearPendingErrors() {
 
 void ClearErrors() {
     ClearPendingErrors();
-    ClearCancelRequest();
+    ClearStopRequest();
 }
 
 }  // namespace tallymere

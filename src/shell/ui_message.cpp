@@ -107,7 +107,7 @@ const char16_t* FormulaErrorText(FormulaError code) {
             return uiText.TextFormulaLeftParenthesisMissingRight;
         case FormulaErrorUnexpectedEnd:
             return uiText.TextFormulaUnexpectedEndFormula;
-        case FormulaErrorOverflow:
+        case FormulaErrorOperationFailed:
             return uiText.TextFormulaOverflow;
         case FormulaErrorTooComplicated:
             return uiText.TextFormulaFormulaComplicatedBecauseMany;

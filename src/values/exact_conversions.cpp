@@ -116,7 +116,7 @@ void RealFromRational(RealNumber* dest, const RationalNumber* q) {
         RealFromBigUint(quotient, RationalNumerator(q), width);
         RealSetSign(quotient, RationalSign(q));
         const uint64_t* denominator = RationalDenominator(q);
-        if (!BigUintFitsWord(denominator)) {
+        if (!BigUintFitsUnsigned(denominator)) {
             RealNumber* divisor = RealAt(scratch.Take(wide.limbs + 1));
             RealFromBigUint(divisor, denominator, width);
             RealDivRaw(quotient, quotient, divisor);
@@ -154,7 +154,7 @@ void ConvertRealToRational(RationalNumber* dest, int64_t limbs, const RealNumber
     }
     dest->sign = RealSign(x);
     BigUintFromReal(RationalNumerator(dest), limbs, x);
-    BigUintFromWord(RationalDenominator(dest), 1);
+    BigUintFromUnsigned(RationalDenominator(dest), 1);
     RationalFailOnCode(dest);
 }
 

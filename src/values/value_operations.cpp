@@ -18,7 +18,7 @@ namespace tallymere {
 namespace {
 
 int BigUintCompareSmall(const uint64_t* a, int64_t k) {
-    if (k < 0 || !BigUintFitsWord(a)) {
+    if (k < 0 || !BigUintFitsUnsigned(a)) {
         return 1;
     }
     const auto word = static_cast<uint64_t>(k);
@@ -26,14 +26,14 @@ int BigUintCompareSmall(const uint64_t* a, int64_t k) {
 }
 
 void BigUintFromSigned(uint64_t* dest, int64_t k) {
-    BigUintFromWord(dest, k < 0 ? 0 : static_cast<uint64_t>(k));
+    BigUintFromUnsigned(dest, k < 0 ? 0 : static_cast<uint64_t>(k));
     if (k < 0) {
         SetCalcError(CalcErrorUndefined);
     }
 }
 
 bool BigUintToUnsigned(uint64_t* out, const uint64_t* a) {
-    const bool fits = BigUintFitsWord(a);
+    const bool fits = BigUintFitsUnsigned(a);
     *out = fits ? a[0] : 0;
     return fits;
 }
@@ -193,7 +193,7 @@ void ValueFromInteger(uint64_t* dest, int64_t k) {
             BigUintFromSigned(dest, k);
             return;
         case NumberTypeRational:
-            RationalFromWord(RationalAt(dest), IntegerMagnitude(k), k < 0 ? 1 : 0);
+            RationalFromUnsigned(RationalAt(dest), IntegerMagnitude(k), k < 0 ? 1 : 0);
             return;
         case NumberTypeNone:
             break;
@@ -211,10 +211,10 @@ void ValueFromUnsigned(uint64_t* dest, uint64_t k) {
             ComplexClearImaginaryPart(ComplexAt(dest));
             return;
         case NumberTypeUint:
-            BigUintFromWord(dest, k);
+            BigUintFromUnsigned(dest, k);
             return;
         case NumberTypeRational:
-            RationalFromWord(RationalAt(dest), k, 0);
+            RationalFromUnsigned(RationalAt(dest), k, 0);
             return;
         case NumberTypeNone:
             break;

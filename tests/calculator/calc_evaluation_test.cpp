@@ -167,7 +167,7 @@ TEST_F(CalcEvaluationTest, APendingErrorLetsNothingBeEvaluated) {
 
 TEST_F(CalcEvaluationTest, AStopIsSilentAndKeepsTheOldResult) {
     EXPECT_EQ(Show(u"2+3"), u"5");
-    RequestCancel();
+    RequestStop();
     EXPECT_EQ(Show(u"1e99 mod 7"), u"(none)");
     EXPECT_EQ(evaluation.error, FormulaErrorAborted);
     EXPECT_EQ(evaluation.errorPosition, 1u);
@@ -178,7 +178,7 @@ TEST_F(CalcEvaluationTest, AStopIsSilentAndKeepsTheOldResult) {
 
 TEST_F(CalcEvaluationTest, AStopInAVariableIsAFailureOfTheVariable) {
     AddNamed(u"x", u"1e99 mod 7");
-    RequestCancel();
+    RequestStop();
     Show(u"x");
     EXPECT_EQ(evaluation.error, FormulaErrorVariableFailed);
     EXPECT_EQ(PendingUiError(), UiErrorFormula);
@@ -228,7 +228,7 @@ TEST_F(CalcEvaluationTest, TheFallUsesTheVariablesAndWorkingDigits) {
 
 TEST_F(CalcEvaluationTest, AStopInTheSecondAttemptIsSilentToo) {
     ApplyNumberType(NumberTypeRational, 10);
-    RequestCancel();
+    RequestStop();
     EXPECT_EQ(Show(u"0.5+1e99 mod 7"), u"(none)");
     EXPECT_EQ(evaluation.error, FormulaErrorAborted);
     EXPECT_EQ(PendingUiError(), UiErrorStopped);

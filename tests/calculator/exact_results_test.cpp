@@ -204,7 +204,7 @@ TEST_F(ExactResultsTest, TheLongestIntegerFitsInEveryBase) {
     }
     UseUint();
     EXPECT_EQ(Show(u"2*2^66495"), u"(none)");
-    EXPECT_EQ(evaluation.error, FormulaErrorOverflow);
+    EXPECT_EQ(evaluation.error, FormulaErrorOperationFailed);
 }
 
 TEST_F(ExactResultsTest, ALostRemainderSetsTheBracketMark) {
@@ -262,7 +262,7 @@ TEST_F(ExactResultsTest, WhatHasNoFractionFallsToRealNumbersAndStaysThere) {
 TEST_F(ExactResultsTest, WhatFailsInBothTypesReportsTheErrorInRealNumbers) {
     UseRational();
     EXPECT_EQ(Show(u"1/0"), u"(none)");
-    EXPECT_EQ(evaluation.error, FormulaErrorOverflow);
+    EXPECT_EQ(evaluation.error, FormulaErrorOperationFailed);
     EXPECT_EQ(calculator.calcResultType, NumberTypeRational);
     EXPECT_EQ(numberContext.uintLimbs, 520);
     ClearErrors();
@@ -285,7 +285,7 @@ TEST_F(ExactResultsTest, AStopInEitherAttemptIsSilentAndLeavesTypeAndDigits) {
     EXPECT_EQ(Show(u"ncr(1/2;2)"), u"-1/8");
     for (const char16_t* formula : {u"ncr(1/2;2)", u"ncr(5;2)"}) {
         InstallRealLayout(LayoutForDigits(7));
-        RequestCancel();
+        RequestStop();
         EXPECT_EQ(Show(formula), u"(none)");
         EXPECT_EQ(evaluation.error, FormulaErrorAborted);
         EXPECT_FALSE(evaluation.fellToReal);
@@ -296,7 +296,7 @@ TEST_F(ExactResultsTest, AStopInEitherAttemptIsSilentAndLeavesTypeAndDigits) {
         ClearErrors();
     }
     InstallRealLayout(LayoutForDigits(7));
-    RequestCancel();
+    RequestStop();
     EXPECT_EQ(Show(u"0.5+ncr(5;2)"), u"(none)");
     EXPECT_EQ(evaluation.error, FormulaErrorAborted);
     EXPECT_EQ(numberContext.numberType, NumberTypeRational);
@@ -307,7 +307,7 @@ TEST_F(ExactResultsTest, AStopInEitherAttemptIsSilentAndLeavesTypeAndDigits) {
 TEST_F(ExactResultsTest, AStopWhileAVariableIsEvaluatedIsAFailureOfTheVariable) {
     AddNamed(u"x", u"ncr(5;2)");
     UseRational();
-    RequestCancel();
+    RequestStop();
     EXPECT_EQ(Show(u"1+x"), u"(none)");
     EXPECT_EQ(evaluation.error, FormulaErrorVariableFailed);
     EXPECT_EQ(evaluation.errorPosition, 3u);
@@ -318,7 +318,7 @@ TEST_F(ExactResultsTest, AStopWhileAVariableIsEvaluatedIsAFailureOfTheVariable) 
 TEST_F(ExactResultsTest, AStopEndsACalculationWithIntegers) {
     UseUint();
     for (const char16_t* formula : {u"powmod(3;100;7)", u"ncr(49;6)", u"npr(49;6)"}) {
-        RequestCancel();
+        RequestStop();
         EXPECT_EQ(Show(formula), u"(none)");
         EXPECT_EQ(evaluation.error, FormulaErrorAborted);
         EXPECT_EQ(PendingUiError(), UiErrorStopped);

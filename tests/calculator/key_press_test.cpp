@@ -212,7 +212,7 @@ TEST_F(KeyPressTest, ClearAllIsAsAtTheStart) {
 TEST_F(KeyPressTest, ClearAllClearsErrorsAndRequestsToStop) {
     SetUiError(UiErrorFormula);
     numberContext.calcError = CalcErrorOverflow;
-    RequestCancel();
+    RequestStop();
     field.Apply(InsertForAction(ActionClearAll, 0, Style));
     EXPECT_EQ(PendingUiError(), UiErrorNone);
     EXPECT_EQ(numberContext.calcError, CalcErrorNone);

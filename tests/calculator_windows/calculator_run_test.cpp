@@ -161,7 +161,7 @@ TEST_F(CalculatorRunTest, ARunDisablesOtherWindowsAndWhatChangesTheNumbers) {
         EXPECT_TRUE(IsEnabled(calculatorWindows.page));
         EXPECT_TRUE(IsEnabled(ControlOf(CalculatorFormula)));
         if (!isOver) {
-            RequestCancel();
+            RequestStop();
             FinishRun();
         }
     }
@@ -367,10 +367,10 @@ TEST_F(CalculatorRunTest, ClosingThePageStopsItsRunInSilence) {
     const MessageBoxAnswer answer;
     SendMessageW(calculatorWindows.page, WM_CLOSE, 0, 0);
     EXPECT_FALSE(IsWindowVisible(calculatorWindows.page));
-    EXPECT_TRUE(AbortRequested());
+    EXPECT_TRUE(StopRequested());
     FinishRun();
     EXPECT_EQ(answer.boxes, 0);
-    EXPECT_FALSE(AbortRequested());
+    EXPECT_FALSE(StopRequested());
     EXPECT_TRUE(IsEnabled(mainWindow));
     EXPECT_FALSE(IsWindowVisible(calculatorWindows.page));
     EXPECT_EQ(Result(), u"6");
@@ -416,7 +416,7 @@ TEST_F(CalculatorRunTest, OtherNewsOfAThreadEndNoRun) {
     Press(ActionEvaluate);
     SendMessageW(calculatorWindows.page, PageWorkerMessage, PageWorkerText, 0);
     EXPECT_EQ(Phase(), PageBusy);
-    RequestCancel();
+    RequestStop();
     FinishRun();
 }
 

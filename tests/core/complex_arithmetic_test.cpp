@@ -350,7 +350,7 @@ TEST(ComplexRealOnly, RunsAFunctionOnTheRealParts) {
         PrecisionScope scope(p);
         const Binary subtract = [](ComplexNumber* dest, const ComplexNumber* a,
                                    const ComplexNumber* b) {
-            ComplexRealOnly(dest, a, b, RealSubtract);
+            ComplexRealOnly(dest, a, b, RealSub);
         };
         EXPECT_EQ(Result(subtract, "7 -0", "2 -0"), Silent("5e0 0"));
         const Binary divide = [](ComplexNumber* dest, const ComplexNumber* a,
@@ -413,7 +413,7 @@ Part operator+(const Part& a, const Part& b) {
     return Make(RealAdd, a, b);
 }
 Part operator-(const Part& a, const Part& b) {
-    return Make(RealSubtract, a, b);
+    return Make(RealSub, a, b);
 }
 Part operator*(const Part& a, const Part& b) {
     return Make(RealMul, a, b);

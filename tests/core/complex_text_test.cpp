@@ -16,7 +16,7 @@ namespace {
 
 using namespace testing_support;
 
-constexpr uint32_t AcceptAll = TextGroup | TextNeutral | TextAcceptInfinity | TextAcceptNaN;
+constexpr uint32_t AcceptAll = TextGroup | TextPlainSeparators | TextAcceptInfinity | TextAcceptNaN;
 
 std::string WithCode(const std::string& text, CalcError code) {
     return PlainText(Outcome{text, code});
@@ -155,7 +155,7 @@ TEST(ComplexFromText, ReadsEachPartByTheRulesOfRealNumbers) {
     EXPECT_EQ(Read(u"--7i"), "nan -7e0 CalcErrorSyntax");
     EXPECT_EQ(Read(u"3i+2"), "nan 0 CalcErrorSyntax");
     EXPECT_EQ(Read(u"ii"), "nan 0 CalcErrorSyntax");
-    EXPECT_EQ(Read(u"1'5i", TextNeutral), "0 nan CalcErrorSyntax");
+    EXPECT_EQ(Read(u"1'5i", TextPlainSeparators), "0 nan CalcErrorSyntax");
     EXPECT_EQ(Read(u"1e99999999999999999999-2i"), "inf -2e0 CalcErrorOverflow");
     EXPECT_EQ(Read(u"1-1e99999999999999999999i"), "1e0 -inf CalcErrorOverflow");
     EXPECT_EQ(Read(u"1-1e-99999999999999999999i"), "1e0 -0");
@@ -263,7 +263,7 @@ TEST(ComplexToText, WritesTheUnitAndTheMarksOfTheContext) {
     FieldScope group(numberContext.groupSeparators[0], u'_');
     EXPECT_EQ(Write("1234.5 -1"), "1234,5-j");
     EXPECT_EQ(Write("1234.5 -12345.5", TextGroup), "1_234,5-12_345,5j");
-    EXPECT_EQ(Write("1234.5 -12345.5", TextGroup | TextNeutral), "1'234.5-12'345.5j");
+    EXPECT_EQ(Write("1234.5 -12345.5", TextGroup | TextPlainSeparators), "1'234.5-12'345.5j");
     EXPECT_EQ(Write("0 2e20"), "(2^+20)j");
 }
 
@@ -398,7 +398,7 @@ ComplexBuffer RandomWritten(RandomSource& random, int64_t exponentRange) {
 
 uint32_t RandomFlags(RandomSource& random) {
     uint32_t flags = 0;
-    for (uint32_t flag : {TextGroup, TextNeutral, TextAlwaysSign, TextNoExponentPlus,
+    for (uint32_t flag : {TextGroup, TextPlainSeparators, TextAlwaysSign, TextNoExponentPlus,
                           TextKeepFraction, TextStripZeros}) {
         flags |= random.Below(3) == 0 ? flag : 0;
     }

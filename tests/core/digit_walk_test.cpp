@@ -14,7 +14,7 @@ using namespace testing_support;
 
 NumberScanner Scanner(std::u16string_view text) {
     return MakeNumberScanner(text.data(), static_cast<int64_t>(text.size()),
-                             TextGroup | TextNeutral, 10);
+                             TextGroup | TextPlainSeparators, 10);
 }
 
 DigitWalk Walk(std::u16string_view text) {

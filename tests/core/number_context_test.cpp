@@ -227,18 +227,18 @@ TEST(CalcErrorScope, LetsACodeOutWhenNoneWasNotedBefore) {
     EXPECT_EQ(TakeCode(), CalcErrorNone);
 }
 
-TEST(AbortRequested, ReadsTheByteThatTheContextPointsTo) {
+TEST(StopRequested, ReadsTheByteThatTheContextPointsTo) {
     uint8_t stop = 0;
     {
         FieldScope<uint8_t*> none(numberContext.abortFlag, nullptr);
-        EXPECT_FALSE(AbortRequested());
+        EXPECT_FALSE(StopRequested());
     }
     FieldScope<uint8_t*> scope(numberContext.abortFlag, &stop);
-    EXPECT_FALSE(AbortRequested());
-    SetAbortByte(&stop, 1);
-    EXPECT_TRUE(AbortRequested());
-    SetAbortByte(&stop, 0);
-    EXPECT_FALSE(AbortRequested());
+    EXPECT_FALSE(StopRequested());
+    SetStopByte(&stop, 1);
+    EXPECT_TRUE(StopRequested());
+    SetStopByte(&stop, 0);
+    EXPECT_FALSE(StopRequested());
 }
 
 TEST(NumberContext, IsConsistentUnderEveryLayout) {

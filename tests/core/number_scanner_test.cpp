@@ -15,7 +15,7 @@ using namespace testing_support;
 using namespace std::string_view_literals;
 
 // The tokens of a text as "kind:characters", with a space between them.
-std::string Tokens(std::u16string_view text, uint32_t flags = TextGroup | TextNeutral,
+std::string Tokens(std::u16string_view text, uint32_t flags = TextGroup | TextPlainSeparators,
                    int64_t radix = 10) {
     NumberScanner scanner =
         MakeNumberScanner(text.data(), static_cast<int64_t>(text.size()), flags, radix);
@@ -96,7 +96,7 @@ TEST(NumberScanner, TakesAGroupSeparatorOnlyBetweenDigits) {
     EXPECT_EQ(Tokens(u"1'.5"), "100:1 1:' 1:. 100:5");
     EXPECT_EQ(Tokens(u"1.'5"), "100:1 1:. 1:' 100:5");
     EXPECT_EQ(Tokens(u"1.5'0'1"), "101:1.5'0'1");
-    EXPECT_EQ(Tokens(u"1'000", TextNeutral), "100:1 1:' 100:000");
+    EXPECT_EQ(Tokens(u"1'000", TextPlainSeparators), "100:1 1:' 100:000");
 }
 
 TEST(NumberScanner, TakesAllSeparatorsOfTheContextUnlessNeutral) {
@@ -180,15 +180,16 @@ TEST(NumberScanner, ComparesAWordWithInfAndNaNOnlyOverTheWord) {
 }
 
 TEST(NumberScanner, TakesTheDigitsOfItsRadix) {
-    EXPECT_EQ(Tokens(u"0123", TextGroup | TextNeutral, 2), "100:01 1:2 1:3");
-    EXPECT_EQ(Tokens(u"1'0'2", TextGroup | TextNeutral, 2), "100:1'0 1:' 1:2");
-    EXPECT_EQ(Tokens(u"01234567 8", TextGroup | TextNeutral, 8), "100:01234567 1:  1:8");
-    EXPECT_EQ(Tokens(u"17.79", TextGroup | TextNeutral, 8), "101:17.7 1:9");
-    EXPECT_EQ(Tokens(u"0189aAfF", TextGroup | TextNeutral, 16), "100:0189aAfF");
-    EXPECT_EQ(Tokens(u"1'F.e", TextGroup | TextNeutral, 16), "101:1'F.e");
-    EXPECT_EQ(Tokens(u"1e5", TextGroup | TextNeutral, 16), "100:1e5");
-    EXPECT_EQ(Tokens(u"fg", TextGroup | TextNeutral, 16), "100:f 1:g");
-    EXPECT_EQ(Tokens(u"`@{[/:1", TextGroup | TextNeutral, 16), "1:` 1:@ 1:{ 1:[ 1:/ 1:: 100:1");
+    EXPECT_EQ(Tokens(u"0123", TextGroup | TextPlainSeparators, 2), "100:01 1:2 1:3");
+    EXPECT_EQ(Tokens(u"1'0'2", TextGroup | TextPlainSeparators, 2), "100:1'0 1:' 1:2");
+    EXPECT_EQ(Tokens(u"01234567 8", TextGroup | TextPlainSeparators, 8), "100:01234567 1:  1:8");
+    EXPECT_EQ(Tokens(u"17.79", TextGroup | TextPlainSeparators, 8), "101:17.7 1:9");
+    EXPECT_EQ(Tokens(u"0189aAfF", TextGroup | TextPlainSeparators, 16), "100:0189aAfF");
+    EXPECT_EQ(Tokens(u"1'F.e", TextGroup | TextPlainSeparators, 16), "101:1'F.e");
+    EXPECT_EQ(Tokens(u"1e5", TextGroup | TextPlainSeparators, 16), "100:1e5");
+    EXPECT_EQ(Tokens(u"fg", TextGroup | TextPlainSeparators, 16), "100:f 1:g");
+    EXPECT_EQ(Tokens(u"`@{[/:1", TextGroup | TextPlainSeparators, 16),
+              "1:` 1:@ 1:{ 1:[ 1:/ 1:: 100:1");
 }
 
 TEST(NumberScanner, TakesADecimalDigitBehindAnExponentMarkInEveryRadix) {

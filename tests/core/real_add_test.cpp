@@ -16,13 +16,13 @@ Outcome Sum(std::string_view a, std::string_view b, bool subtract = false) {
     const RealBuffer x(a);
     const RealBuffer y(b);
     RealBuffer result;
-    (subtract ? RealSubtract : RealAdd)(result, x, y);
+    (subtract ? RealSub : RealAdd)(result, x, y);
     const CalcError code = TakeCode();
     for (int where = 0; where < 2; where++) {
         RealBuffer left = x;
         RealBuffer right = y;
         RealBuffer& dest = where == 0 ? left : right;
-        (subtract ? RealSubtract : RealAdd)(dest, left, right);
+        (subtract ? RealSub : RealAdd)(dest, left, right);
         EXPECT_EQ(TakeCode(), code);
         EXPECT_EQ(dest, result);
     }
@@ -151,7 +151,7 @@ TEST(RealAdd, KeepsTheFirstCode) {
     PrecisionScope scope(3);
     SetCalcError(CalcErrorSyntax);
     RealBuffer x("inf");
-    RealSubtract(x, x, x);
+    RealSub(x, x, x);
     EXPECT_EQ(PlainText(x), "nan");
     EXPECT_EQ(TakeCode(), CalcErrorSyntax);
 }

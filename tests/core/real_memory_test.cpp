@@ -88,7 +88,7 @@ public:
     std::vector<Routine> Routines() {
         return {
             {"RealAdd", [this] { RealAdd(dest_, a_, b_); }},
-            {"RealSubtract", [this] { RealSubtract(dest_, a_, b_); }},
+            {"RealSub", [this] { RealSub(dest_, a_, b_); }},
             {"RealMul", [this] { RealMul(dest_, a_, b_); }},
             {"RealMulUint", [this] { RealMulUint(dest_, a_, 12'345); }},
             {"RealDivUint", [this] { RealDivUint(dest_, a_, 12'345); }},

@@ -102,7 +102,7 @@ void CheckSum(const RealNumber* a, const RealNumber* b, bool subtract) {
     RealRound(result, guard);
     ASSERT_TRUE(IsAllowed(result, sign, RoundExact(exact, {0, above * ErrorOfGuardUnit})));
     RealBuffer rounded;
-    (subtract ? RealSubtract : RealAdd)(rounded, a, b);
+    (subtract ? RealSub : RealAdd)(rounded, a, b);
     ASSERT_EQ(rounded, result);
 }
 
@@ -130,10 +130,10 @@ TEST(RealOracle, DifferenceRoundsUpWhereOnlyDroppedDigitsTellItFromATie) {
     const RealBuffer a("1" + std::string(37, '0'));
     const RealBuffer b("0.5" + std::string(36, '0') + "1");
     RealBuffer difference;
-    RealSubtract(difference, a, b);
+    RealSub(difference, a, b);
     EXPECT_EQ(PlainText(difference), "9." + std::string(36, '9') + "5e36");
     RealBuffer larger("2" + std::string(37, '0'));
-    RealSubtract(difference, larger, b);
+    RealSub(difference, larger, b);
     EXPECT_EQ(PlainText(difference), "2e37");
 }
 
@@ -234,7 +234,7 @@ constexpr ErrorBounds QuotientError = {QuotientErrorBelow * ErrorOfMilliUlp,
 // Fails unless a raw result is at most `bound` units of the last place away from the rounded one.
 void ExpectRawWithin(int64_t bound, const RealBuffer& raw, const RealBuffer& rounded) {
     RealBuffer difference;
-    RealSubtract(difference, raw, rounded);
+    RealSub(difference, raw, rounded);
     RealBuffer limit;
     RealFromInt(limit, bound);
     RealSetExponent(

@@ -104,7 +104,7 @@ ReadResult ReadRounded(std::u16string_view text, uint32_t flags) {
 }
 
 void ExpectReadAsByStrings(std::u16string_view text, int64_t p, bool groups) {
-    const uint32_t flags = AcceptSpecial | TextNeutral | (groups ? uint32_t{TextGroup} : 0);
+    const uint32_t flags = AcceptSpecial | TextPlainSeparators | (groups ? uint32_t{TextGroup} : 0);
     const ReadResult expected = ReadDecimal(text, p, u'.', groups ? u'\'' : u'\0');
     const ReadResult result = ReadRounded(text, flags);
     EXPECT_EQ(result.plain, expected.plain) << NarrowText(text);
@@ -171,7 +171,7 @@ uint32_t FlagsOf(const WriteStyle& style) {
     flags |= style.keepFraction ? uint32_t{TextKeepFraction} : 0u;
     flags |= style.alwaysSign ? uint32_t{TextAlwaysSign} : 0u;
     flags |= style.mark.empty() ? 0u : uint32_t{TextGroup};
-    flags |= style.point == "." ? uint32_t{TextNeutral} : 0u;
+    flags |= style.point == "." ? uint32_t{TextPlainSeparators} : 0u;
     return flags;
 }
 

@@ -13,7 +13,7 @@ namespace {
 
 using namespace testing_support;
 
-constexpr uint32_t AcceptAll = TextGroup | TextNeutral | TextAcceptInfinity | TextAcceptNaN;
+constexpr uint32_t AcceptAll = TextGroup | TextPlainSeparators | TextAcceptInfinity | TextAcceptNaN;
 
 std::string Read(std::u16string_view text, uint32_t flags = AcceptAll) {
     return PlainText(ReadReal(text, flags));
@@ -210,7 +210,7 @@ TEST(RealFromText, AcceptsGroupSeparatorsOnlyWithTheirFlag) {
     EXPECT_EQ(Read(u"1'000", TextGroup), "1e3");
     EXPECT_EQ(Read(u"1'0.0'05e1'0", TextGroup), "1.0005e11");
     EXPECT_EQ(Read(u"1'000", 0), "nan CalcErrorSyntax");
-    EXPECT_EQ(Read(u"1'000", TextNeutral), "nan CalcErrorSyntax");
+    EXPECT_EQ(Read(u"1'000", TextPlainSeparators), "nan CalcErrorSyntax");
 }
 
 TEST(RealFromText, ReadsTheContextsSeparatorsUnlessNeutral) {
@@ -219,8 +219,8 @@ TEST(RealFromText, ReadsTheContextsSeparatorsUnlessNeutral) {
     FieldScope mark(numberContext.groupSeparators[2], u'\u202F');
     EXPECT_EQ(Read(u"1\u202F000,5", TextGroup), "1.0005e3");
     EXPECT_EQ(Read(u"1'000.5", TextGroup), "1.0005e3");
-    EXPECT_EQ(Read(u"1,5", TextNeutral), "nan CalcErrorSyntax");
-    EXPECT_EQ(Read(u"1\u202F0", TextNeutral | TextGroup), "nan CalcErrorSyntax");
+    EXPECT_EQ(Read(u"1,5", TextPlainSeparators), "nan CalcErrorSyntax");
+    EXPECT_EQ(Read(u"1\u202F0", TextPlainSeparators | TextGroup), "nan CalcErrorSyntax");
 }
 
 TEST(RealFromText, ReadsTheNeutralFormWhateverTheContextsSeparators) {
@@ -229,8 +229,8 @@ TEST(RealFromText, ReadsTheNeutralFormWhateverTheContextsSeparators) {
     FieldScope point1(numberContext.decimalSeparators[1], u',');
     FieldScope point2(numberContext.decimalSeparators[2], u',');
     FieldScope mark(numberContext.groupSeparators[0], u'.');
-    EXPECT_EQ(Read(u"1'000.5", TextGroup | TextNeutral), "1.0005e3");
-    EXPECT_EQ(Read(u"0.05", TextNeutral), "5e-2");
+    EXPECT_EQ(Read(u"1'000.5", TextGroup | TextPlainSeparators), "1.0005e3");
+    EXPECT_EQ(Read(u"0.05", TextPlainSeparators), "5e-2");
     EXPECT_EQ(Read(u"1.000,5", TextGroup), "1.0005e3");
 }
 

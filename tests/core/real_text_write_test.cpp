@@ -99,7 +99,7 @@ TEST(RealToText, WritesNoSeparatorForASingleDigit) {
 
 TEST(RealToText, GroupsTheFixedIntegerPartInThrees) {
     PrecisionScope scope(7);
-    constexpr uint32_t Flags = TextFixed | TextGroup | TextNeutral;
+    constexpr uint32_t Flags = TextFixed | TextGroup | TextPlainSeparators;
     EXPECT_EQ(Write("1e6", Flags), "1'000'000");
     EXPECT_EQ(Write("1.234567e6", Flags), "1'234'567");
     EXPECT_EQ(Write("1.234567e5", Flags), "123'456.7");
@@ -109,8 +109,8 @@ TEST(RealToText, GroupsTheFixedIntegerPartInThrees) {
     EXPECT_EQ(Write("1.234567e9", Flags), "1'234'567'000");
     EXPECT_EQ(Write("-1.234567e11", Flags), "-123'456'700'000");
     EXPECT_EQ(Write("1.234567e-3", Flags), "0.001234567");
-    EXPECT_EQ(Write("1.234567e6", TextScientific | TextGroup | TextNeutral), "1.234567e+6");
-    EXPECT_EQ(Write("1.234567e9", TextGroup | TextNeutral), "1'234'567'000");
+    EXPECT_EQ(Write("1.234567e6", TextScientific | TextGroup | TextPlainSeparators), "1.234567e+6");
+    EXPECT_EQ(Write("1.234567e9", TextGroup | TextPlainSeparators), "1'234'567'000");
     EXPECT_EQ(Write("1.234567e9", 0), "1234567000");
 }
 
@@ -120,9 +120,9 @@ TEST(RealToText, WritesTheFirstSeparatorsOfTheContextUnlessNeutral) {
     FieldScope mark(numberContext.groupSeparators[0], u'.');
     FieldScope exponent(numberContext.exponentChars[0], u'E');
     EXPECT_EQ(Write("1.234567e3", TextGroup), "1.234,567");
-    EXPECT_EQ(Write("1.234567e3", TextGroup | TextNeutral), "1'234.567");
+    EXPECT_EQ(Write("1.234567e3", TextGroup | TextPlainSeparators), "1'234.567");
     EXPECT_EQ(Write("1.5e20"), "1,5E+20");
-    EXPECT_EQ(Write("1.5e20", TextNeutral), "1.5E+20");
+    EXPECT_EQ(Write("1.5e20", TextPlainSeparators), "1.5E+20");
     EXPECT_EQ(Write("1", TextKeepFraction), "1,0");
 }
 
@@ -296,7 +296,7 @@ TEST(RealTextCapacity, CountsAtLeastTwentyDigitsAndTheirGroups) {
         EXPECT_EQ(RealTextCapacity(TextGroup), 20 + 24 + 19 + 6);
     }
     PrecisionScope scope(10'005);
-    EXPECT_EQ(RealTextCapacity(TextNeutral), 10'005 + 24 + 19);
+    EXPECT_EQ(RealTextCapacity(TextPlainSeparators), 10'005 + 24 + 19);
     EXPECT_EQ(RealTextCapacity(TextGroup), 10'005 + 24 + 19 + 3335);
 }
 

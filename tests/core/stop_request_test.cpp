@@ -15,31 +15,31 @@ using namespace testing_support;
 TEST(StopRequest, IsWhatTheArithmeticPollsFromTheStart) {
     EXPECT_EQ(NumberContext{}.abortFlag, &cancelFlag);
     EXPECT_EQ(numberContext.abortFlag, &cancelFlag);
-    EXPECT_FALSE(AbortRequested());
-    RequestCancel();
-    EXPECT_TRUE(AbortRequested());
+    EXPECT_FALSE(StopRequested());
+    RequestStop();
+    EXPECT_TRUE(StopRequested());
     EXPECT_EQ(cancelFlag, 1);
-    RequestCancel();
-    ClearCancelRequest();
-    EXPECT_FALSE(AbortRequested());
+    RequestStop();
+    ClearStopRequest();
+    EXPECT_FALSE(StopRequested());
     EXPECT_EQ(cancelFlag, 0);
 }
 
 TEST(StopRequest, ComesFromAnyThread) {
-    std::thread asking(RequestCancel);
-    while (!AbortRequested()) {
+    std::thread asking(RequestStop);
+    while (!StopRequested()) {
         std::this_thread::yield();
     }
     asking.join();
-    ClearCancelRequest();
+    ClearStopRequest();
 }
 
 TEST(StopRequest, LeavesAContextAloneThatPollsAnotherByte) {
     uint8_t stop = 0;
     const FieldScope<uint8_t*> flag(numberContext.abortFlag, &stop);
-    RequestCancel();
-    EXPECT_FALSE(AbortRequested());
-    ClearCancelRequest();
+    RequestStop();
+    EXPECT_FALSE(StopRequested());
+    ClearStopRequest();
 }
 
 }  // namespace

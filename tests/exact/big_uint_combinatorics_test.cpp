@@ -340,7 +340,7 @@ TEST(BigUintBinomial, CanBeStoppedFromAnotherThread) {
         const UintBuffer n("60000");
         const UintBuffer k(falling ? "4000" : "30000");
         UintBuffer dest;
-        std::thread other([&stop] { SetAbortByte(&stop, 1); });
+        std::thread other([&stop] { SetStopByte(&stop, 1); });
         CalcError code = CalcErrorNone;
         while (code == CalcErrorNone) {
             BigUintBinomial(dest, n, k, falling);

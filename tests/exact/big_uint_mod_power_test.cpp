@@ -176,7 +176,7 @@ TEST(BigUintModPower, PutsBackAWidthWhoseDigitsAreNotThoseOfItsLimbs) {
     uint8_t stop = 1;
     FieldScope<uint8_t*> flag(numberContext.abortFlag, &stop);
     for (uint8_t asked : {0, 1}) {
-        SetAbortByte(&stop, asked);
+        SetStopByte(&stop, asked);
         ModPower("3", "2^70", "2^1000+1");
         EXPECT_EQ(CurrentUintWidth().digits, 501);
         EXPECT_EQ(CurrentUintWidth().limbs, 27);
@@ -208,7 +208,7 @@ TEST(BigUintModPower, StopsInTheMiddleOfTheLargestOperands) {
     UintBuffer modulus = ones;
     modulus.Get()[0]--;
     UintBuffer dest;
-    std::thread asking([&] { SetAbortByte(&stop, 1); });
+    std::thread asking([&] { SetStopByte(&stop, 1); });
     BigUintModPower(dest, ones, ones, modulus);
     asking.join();
     EXPECT_EQ(TakeOutcome(dest), Refused(CalcErrorCancelled));

@@ -221,9 +221,9 @@ TEST(BigUintOracle, ComparisonsAndLengths) {
                 BigUintLength(set[0]) == static_cast<int64_t>(mpz_size(a)) &&
                 BigUintBitLength(set[0]) ==
                     ((mpz_sgn(a) == 0) ? 0 : static_cast<int64_t>(mpz_sizeinbase(a, 2))) &&
-                BigUintFitsWord(set[0]) == (mpz_fits_ulong_p(a) != 0) &&
+                BigUintFitsUnsigned(set[0]) == (mpz_fits_ulong_p(a) != 0) &&
                 BigUintFitsSigned(set[0]) == (mpz_fits_slong_p(a) != 0) &&
-                BigUintIsWord(set[0], set[1][0]) == (mpz_cmp_ui(a, set[1][0]) == 0) &&
+                BigUintEqualsSmall(set[0], set[1][0]) == (mpz_cmp_ui(a, set[1][0]) == 0) &&
                 BigUintBit(set[0], set.SignedWord()) ==
                     static_cast<uint64_t>(mpz_tstbit(a, set.word));
             ASSERT_TRUE(sound) << set.Text();

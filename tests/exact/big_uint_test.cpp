@@ -67,7 +67,7 @@ TEST(BigUintBasics, ClearCopyAndFromWordWriteEveryLimb) {
         BigUintClear(a);
         EXPECT_EQ(TakeOutcome(a), Silent("0"));
         UintBuffer b;
-        BigUintFromWord(b, ~uint64_t{0});
+        BigUintFromUnsigned(b, ~uint64_t{0});
         EXPECT_EQ(TakeOutcome(b), Silent("18446744073709551615"));
         BigUintCopy(a, b);
         EXPECT_EQ(a, b);
@@ -146,14 +146,14 @@ TEST(BigUintBasics, ZeroHasNoLimbSet) {
 
 TEST(BigUintBasics, WordsAreToldFromWiderValues) {
     WidthScope scope(2);
-    EXPECT_TRUE(BigUintIsWord(UintBuffer("7"), 7));
-    EXPECT_FALSE(BigUintIsWord(UintBuffer("7"), 8));
-    EXPECT_TRUE(BigUintIsWord(UintBuffer("0"), 0));
-    EXPECT_FALSE(BigUintIsWord(UintBuffer("2^64+7"), 7));
-    EXPECT_FALSE(BigUintIsWord(UintBuffer("2^64"), 0));
-    EXPECT_TRUE(BigUintFitsWord(UintBuffer("0")));
-    EXPECT_TRUE(BigUintFitsWord(UintBuffer("2^64-1")));
-    EXPECT_FALSE(BigUintFitsWord(UintBuffer("2^64")));
+    EXPECT_TRUE(BigUintEqualsSmall(UintBuffer("7"), 7));
+    EXPECT_FALSE(BigUintEqualsSmall(UintBuffer("7"), 8));
+    EXPECT_TRUE(BigUintEqualsSmall(UintBuffer("0"), 0));
+    EXPECT_FALSE(BigUintEqualsSmall(UintBuffer("2^64+7"), 7));
+    EXPECT_FALSE(BigUintEqualsSmall(UintBuffer("2^64"), 0));
+    EXPECT_TRUE(BigUintFitsUnsigned(UintBuffer("0")));
+    EXPECT_TRUE(BigUintFitsUnsigned(UintBuffer("2^64-1")));
+    EXPECT_FALSE(BigUintFitsUnsigned(UintBuffer("2^64")));
     EXPECT_TRUE(BigUintFitsSigned(UintBuffer("0")));
     EXPECT_TRUE(BigUintFitsSigned(UintBuffer("2^63-1")));
     EXPECT_FALSE(BigUintFitsSigned(UintBuffer("2^63")));

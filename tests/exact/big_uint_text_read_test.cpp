@@ -96,8 +96,8 @@ TEST(BigUintFromText, TakesGroupSeparatorsWhereverADigitFollows) {
     EXPECT_EQ(Read(u"1e1,0", TextGroup), Silent("10000000000"));
     ExpectSyntaxErrors({u"1,", u",1", u"1,,0", u"1,.0", u"1.,0", u"1_0"}, TextGroup);
     ExpectSyntaxErrors({u"1,000", u"1'000"});
-    ExpectSyntaxErrors({u"1,000"}, TextGroup | TextNeutral);
-    EXPECT_EQ(Read(u"1'000", TextGroup | TextNeutral), Silent("1000"));
+    ExpectSyntaxErrors({u"1,000"}, TextGroup | TextPlainSeparators);
+    EXPECT_EQ(Read(u"1'000", TextGroup | TextPlainSeparators), Silent("1000"));
 }
 
 // In base 8 an "a" is no digit, and so it may separate groups.
@@ -121,8 +121,8 @@ TEST(BigUintFromText, TakesTheDecimalSeparatorsOfTheContextOrTheNeutralOne) {
     EXPECT_EQ(Read(u"1,5e1"), Silent("15"));
     EXPECT_EQ(Read(u"1;5e1"), Silent("15"));
     EXPECT_EQ(Read(u"1.5e1"), Refused(CalcErrorSyntax));
-    EXPECT_EQ(Read(u"1,5e1", TextNeutral), Refused(CalcErrorSyntax));
-    EXPECT_EQ(Read(u"1.5e1", TextNeutral), Silent("15"));
+    EXPECT_EQ(Read(u"1,5e1", TextPlainSeparators), Refused(CalcErrorSyntax));
+    EXPECT_EQ(Read(u"1.5e1", TextPlainSeparators), Silent("15"));
 }
 
 // The scanner has taken the character for a group separator, and an exponent changes nothing.

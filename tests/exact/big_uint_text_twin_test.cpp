@@ -94,7 +94,7 @@ void ExpectTwinReads(std::u16string_view text, uint32_t flags) {
 
 uint32_t RandomForm(RandomSource& random) {
     uint32_t flags = 0;
-    for (uint32_t bit : {0u | TextGroup, 0u | TextNeutral, 0u | TextAlwaysSign,
+    for (uint32_t bit : {0u | TextGroup, 0u | TextPlainSeparators, 0u | TextAlwaysSign,
                          0u | TextNoExponentPlus, 0u | TextScientific, 0u | TextLowerHex,
                          0u | TextStripZeros, 0u | TextFixed, 0u | TextKeepFraction}) {
         flags |= random.Below(3) == 0 ? bit : 0;
@@ -143,15 +143,15 @@ TEST(BigUintTextTwin, ReadsBackWhatItWrites) {
         UintBuffer a;
         FillUint(random, a);
         for (uint32_t base : Bases) {
-            for (uint32_t form :
-                 {0u, 0u | TextGroup, TextGroup | TextNeutral, TextLowerHex | TextAlwaysSign}) {
+            for (uint32_t form : {0u, 0u | TextGroup, TextGroup | TextPlainSeparators,
+                                  TextLowerHex | TextAlwaysSign}) {
                 UintBuffer back;
                 ReadInto(back, Write(a, base | form).text, base | form);
                 EXPECT_EQ(back, a) << "base " << base << " form " << form;
             }
         }
         for (uint32_t form : {0u | TextScientific, TextScientific | TextStripZeros,
-                              TextScientific | TextNeutral | TextNoExponentPlus}) {
+                              TextScientific | TextPlainSeparators | TextNoExponentPlus}) {
             UintBuffer back;
             ReadInto(back, Write(a, form).text, form);
             EXPECT_EQ(back, a) << "form " << form;

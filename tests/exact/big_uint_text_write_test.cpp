@@ -66,7 +66,7 @@ TEST(BigUintToText, KeepsZerosInsideLimbs) {
 
 TEST(BigUintToText, GroupsByThreeInDecimalAndByFourElsewhere) {
     WidthScope scope(2);
-    constexpr uint32_t Grouped = TextGroup | TextNeutral;
+    constexpr uint32_t Grouped = TextGroup | TextPlainSeparators;
     EXPECT_EQ(Write("123", Grouped), Silent("123"));
     EXPECT_EQ(Write("1234", Grouped), Silent("1'234"));
     EXPECT_EQ(Write("123456", Grouped), Silent("123'456"));
@@ -88,10 +88,10 @@ TEST(BigUintToText, WritesTheFirstSeparatorsOfTheContextOrTheNeutralOnes) {
     FieldScope exponent0(numberContext.exponentChars[0], u'x');
     EXPECT_EQ(Write("1234567", TextGroup), Silent("1_234_567"));
     EXPECT_EQ(Write("255", TextGroup | 2), Silent("1111_1111"));
-    EXPECT_EQ(Write("1234567", TextGroup | TextNeutral), Silent("1'234'567"));
-    EXPECT_EQ(Write("1234567", TextNeutral), Silent("1234567"));
+    EXPECT_EQ(Write("1234567", TextGroup | TextPlainSeparators), Silent("1'234'567"));
+    EXPECT_EQ(Write("1234567", TextPlainSeparators), Silent("1234567"));
     EXPECT_EQ(Write("1234567", TextScientific), Silent("1,234567x+6"));
-    EXPECT_EQ(Write("1234567", TextScientific | TextNeutral), Silent("1.234567x+6"));
+    EXPECT_EQ(Write("1234567", TextScientific | TextPlainSeparators), Silent("1.234567x+6"));
 }
 
 TEST(BigUintToText, WritesAPlusWhereEveryNumberHasASign) {

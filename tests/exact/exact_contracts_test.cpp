@@ -106,7 +106,7 @@ TEST_F(ExactContracts, RefuseFractionsWithoutAValue) {
     EXPECT_DEATH(RationalReciprocal(dest, q), "RationalHasValue");
     EXPECT_DEATH(RationalCompare(one, q, true), "RationalHasValue");
     EXPECT_DEATH(RationalSquareRoot(dest, q), "RationalHasValue");
-    EXPECT_DEATH(RationalFromWord(dest, 1, 2), "sign <= 1");
+    EXPECT_DEATH(RationalFromUnsigned(dest, 1, 2), "sign <= 1");
     EXPECT_DEATH(RationalScaleSmall(dest, one, 4, 6), "gcd");
 }
 
@@ -126,7 +126,7 @@ TEST_F(ExactContracts, RefuseFractionsThatOverlapInPart) {
 TEST(ExactContracts, CostNothingWhereTheyAreNotChecked) {
     WidthScope scope(2);
     RationalBuffer q;
-    RationalFromWord(q, 3, 2);
+    RationalFromUnsigned(q, 3, 2);
     EXPECT_EQ(q->sign, 2u);
 }
 

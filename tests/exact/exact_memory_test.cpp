@@ -79,7 +79,7 @@ UintBuffer Long(int64_t limbs, uint64_t seed = 1) {
 
 UintBuffer Word(uint64_t k) {
     UintBuffer a;
-    BigUintFromWord(a, k);
+    BigUintFromUnsigned(a, k);
     return a;
 }
 
@@ -94,8 +94,8 @@ RationalBuffer LongFraction(int64_t limbs, uint64_t seed = 1) {
 
 RationalBuffer Fraction(uint64_t numerator, uint64_t denominator) {
     RationalBuffer q;
-    RationalFromWord(q, numerator, 0);
-    BigUintFromWord(RationalDenominator(q), denominator);
+    RationalFromUnsigned(q, numerator, 0);
+    BigUintFromUnsigned(RationalDenominator(q), denominator);
     return q;
 }
 
@@ -238,7 +238,7 @@ TEST(ExactMemory, OfFractionsStaysWithinCoreScratch) {
          [&] {
              RationalTrunc(other, longest);
              BigUintCopy(RationalNumerator(other), RationalNumerator(longest));
-             RationalFromWord(dest, 1, 0);
+             RationalFromUnsigned(dest, 1, 0);
              BigUintCopy(RationalNumerator(dest), RationalDenominator(longest));
              RationalGcd(dest, other, dest);
          }},

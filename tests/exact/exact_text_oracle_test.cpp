@@ -65,11 +65,11 @@ uint32_t RandomFlags(RandomSource& random, std::initializer_list<uint32_t> choic
 // --- Writing ---
 
 char16_t DecimalMark(uint32_t flags) {
-    return (flags & TextNeutral) != 0 ? u'.' : numberContext.decimalSeparators[0];
+    return (flags & TextPlainSeparators) != 0 ? u'.' : numberContext.decimalSeparators[0];
 }
 
 char16_t GroupMark(uint32_t flags) {
-    return (flags & TextNeutral) != 0 ? u'\'' : numberContext.groupSeparators[0];
+    return (flags & TextPlainSeparators) != 0 ? u'\'' : numberContext.groupSeparators[0];
 }
 
 Text Grouped(const Text& digits, size_t size, uint32_t flags) {
@@ -114,9 +114,9 @@ uint32_t OutputFlags(RandomSource& random) {
     constexpr uint32_t bases[] = {0, 2, 8, 10, 10, 10, 16, 16};
     const uint32_t base = random.Below(200) == 0 ? static_cast<uint32_t>(random.Below(256))
                                                  : bases[random.Below(std::size(bases))];
-    uint32_t flags =
-        base | RandomFlags(random, {TextGroup, TextNeutral, TextAlwaysSign, TextNoExponentPlus,
-                                    TextLowerHex, TextStripZeros, TextNoTerminator});
+    uint32_t flags = base | RandomFlags(random, {TextGroup, TextPlainSeparators, TextAlwaysSign,
+                                                 TextNoExponentPlus, TextLowerHex, TextStripZeros,
+                                                 TextNoTerminator});
     if (random.Below(base == 0 || base == 10 ? 3 : 100) == 0) {
         flags |= TextScientific;
     }
@@ -287,7 +287,8 @@ uint32_t InputFlags(RandomSource& random) {
     constexpr uint32_t bases[] = {0, 2, 8, 10, 10, 10, 16, 16};
     const uint32_t base = random.Below(200) == 0 ? static_cast<uint32_t>(random.Below(256))
                                                  : bases[random.Below(std::size(bases))];
-    return base | (random.Below(4) != 0 ? TextGroup : 0) | (random.Below(3) == 0 ? TextNeutral : 0);
+    return base | (random.Below(4) != 0 ? TextGroup : 0) |
+           (random.Below(3) == 0 ? TextPlainSeparators : 0);
 }
 
 TEST(ExactTextOracle, IntegersAreReadAsWhatTheirTextDenotes) {

@@ -29,9 +29,9 @@ TEST(RationalNumber, IsMadeOfWords) {
     for (const int64_t limbs : AllUintWidths) {
         WidthScope scope(limbs);
         RationalBuffer q;
-        RationalFromWord(q, 7, 0);
+        RationalFromUnsigned(q, 7, 0);
         EXPECT_EQ(q, RationalBuffer("7/1"));
-        RationalFromWord(q, ~uint64_t{0}, 1);
+        RationalFromUnsigned(q, ~uint64_t{0}, 1);
         EXPECT_EQ(q, RationalBuffer("-18446744073709551615/1"));
         RationalSetZero(q);
         EXPECT_EQ(q, RationalBuffer("0/1"));

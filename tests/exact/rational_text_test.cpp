@@ -161,7 +161,8 @@ TEST(RationalToText, WritesBothPartsByTheFlags) {
     WidthScope scope(2);
     EXPECT_EQ(Write("-255/16", 16), Silent("-FF/10"));
     EXPECT_EQ(Write("-255/16", 16 | TextLowerHex), Silent("-ff/10"));
-    EXPECT_EQ(Write("255/256", 2 | TextGroup | TextNeutral), Silent("1111'1111/1'0000'0000"));
+    EXPECT_EQ(Write("255/256", 2 | TextGroup | TextPlainSeparators),
+              Silent("1111'1111/1'0000'0000"));
     EXPECT_EQ(Write("1000/1001", TextGroup), Silent("1'000/1'001"));
     EXPECT_EQ(Write("1200/7", TextScientific | TextStripZeros), Silent("1.2e+3/7e+0"));
     EXPECT_EQ(Write("-3", 3), (Outcome{"-[P]", CalcErrorBadParameter}));
@@ -225,7 +226,8 @@ TEST(RationalToText, WritesWhatIsReadBack) {
              round > 0; round--) {
             RationalBuffer q;
             FillRational(random, q, width);
-            for (uint32_t flags : {0u, 2u, 8u, 16u, TextGroup | TextNeutral, 0u | TextScientific}) {
+            for (uint32_t flags :
+                 {0u, 2u, 8u, 16u, TextGroup | TextPlainSeparators, 0u | TextScientific}) {
                 flags |= TextAlwaysSign;
                 std::u16string text(static_cast<size_t>(RationalToText(nullptr, 0, q, flags)),
                                     u'?');

@@ -40,7 +40,7 @@ void FillUnreduced(RandomSource& random, RationalNumber* dest) {
         BigUintCopy(numerator, denominator);
     }
     if (BigUintIsZero(denominator)) {
-        BigUintFromWord(denominator, 1);
+        BigUintFromUnsigned(denominator, 1);
     }
 }
 
@@ -72,7 +72,7 @@ void FillNear(RandomSource& random, RationalNumber* dest, const RationalNumber* 
             }
         }
         if (BigUintIsZero(parts[1])) {
-            BigUintFromWord(parts[1], 1);
+            BigUintFromUnsigned(parts[1], 1);
         }
     }
 }
@@ -131,7 +131,7 @@ TEST(RationalTwin, ComparesAsByTheCrossProducts) {
                     << ::testing::PrintToString(a) << " and " << ::testing::PrintToString(b);
             }
             const uint64_t k = RandomWord(random);
-            RationalFromWord(b, k, random.Below(2));
+            RationalFromUnsigned(b, k, random.Below(2));
             ASSERT_EQ(RationalCompareSmall(a, k, b->sign != 0), TwinRationalCompare(a, b, false))
                 << ::testing::PrintToString(a) << " and " << ::testing::PrintToString(b);
         }
@@ -148,12 +148,12 @@ TEST(RationalTwin, CountsAsByFullProducts) {
             FillRational(random, n, random.Between(0, std::min<int64_t>(limbs, 2)));
             // Natural numbers are counted as such.
             if (RationalIsZero(n)) {
-                RationalFromWord(n, 1, 1);
+                RationalFromUnsigned(n, 1, 1);
             } else if (RationalIsInteger(n)) {
                 n->sign = 1;
             }
             const uint64_t count = random.Below(40);
-            RationalFromWord(k, count, 0);
+            RationalFromUnsigned(k, count, 0);
             for (const bool falling : {false, true}) {
                 RationalBuffer dest;
                 RationalBuffer twin;

@@ -173,11 +173,11 @@ TEST_F(ComplexOperators, AreReadInFormulas) {
 
 TEST_F(ComplexOperators, FailWithTheErrorsOfFormulas) {
     EXPECT_EQ(Evaluate(u"(1+i)i"), Failure(FormulaErrorBadNumber, 6, 1));
-    EXPECT_EQ(Evaluate(u"2^3i"), Failure(FormulaErrorOverflow, 5, 0));
-    EXPECT_EQ(Evaluate(u"(1+i) mod 2+1"), Failure(FormulaErrorOverflow, 12, 1));
-    EXPECT_EQ(Evaluate(u"exp(1+i)"), Failure(FormulaErrorOverflow, 8, 1));
-    EXPECT_EQ(Evaluate(u"(1+i)/0"), Failure(FormulaErrorOverflow, 8, 0));
-    EXPECT_EQ(Evaluate(u"(1+i)^0.5"), Failure(FormulaErrorOverflow, 10, 0));
+    EXPECT_EQ(Evaluate(u"2^3i"), Failure(FormulaErrorOperationFailed, 5, 0));
+    EXPECT_EQ(Evaluate(u"(1+i) mod 2+1"), Failure(FormulaErrorOperationFailed, 12, 1));
+    EXPECT_EQ(Evaluate(u"exp(1+i)"), Failure(FormulaErrorOperationFailed, 8, 1));
+    EXPECT_EQ(Evaluate(u"(1+i)/0"), Failure(FormulaErrorOperationFailed, 8, 0));
+    EXPECT_EQ(Evaluate(u"(1+i)^0.5"), Failure(FormulaErrorOperationFailed, 10, 0));
     EXPECT_EQ(Evaluate(u"0x1F"), Failure(FormulaErrorBadNumber, 1, 4));
     EXPECT_EQ(Evaluate(u"1e99999999999999999999"), Failure(FormulaErrorBadNumber, 1, 22));
     EXPECT_EQ(Evaluate(u"x", {{u"x", u"exp(i)"}}), Failure(FormulaErrorVariableFailed, 1, 1));

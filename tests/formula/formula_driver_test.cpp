@@ -334,7 +334,7 @@ TEST_F(FormulaDriver, RefusesOperationsThatTheTypeDoesNotHave) {
     PushFormulaToken(evaluator, Token(OperatorId::Subtract, 0, 1));
     PushFormulaToken(evaluator, Token(TokenValue, 1, 1));
     AcceptFormulaToken(evaluator, Token(TokenEnd, 2, 0));
-    EXPECT_EQ(evaluator.error, uint32_t{FormulaErrorOverflow}) << "uint has no sign";
+    EXPECT_EQ(evaluator.error, uint32_t{FormulaErrorOperationFailed}) << "uint has no sign";
     EXPECT_EQ(evaluator.errorPosition, 3u);
     EXPECT_EQ(evaluator.errorLength, 0u);
     EXPECT_EQ(TakeCode(), CalcErrorNone);
@@ -347,7 +347,7 @@ TEST_F(FormulaDriver, FailsWithoutANumberType) {
     uint64_t word = 0;
     evaluator.result = &word;
     EvaluateFormula(evaluator);
-    EXPECT_EQ(evaluator.error, uint32_t{FormulaErrorOverflow});
+    EXPECT_EQ(evaluator.error, uint32_t{FormulaErrorOperationFailed});
     EXPECT_EQ(evaluator.errorPosition, 1u);
     EXPECT_EQ(evaluator.errorLength, 3u);
     EXPECT_EQ(evaluator.elementSize, 0u);
@@ -410,9 +410,9 @@ TEST_F(FormulaDriver, ReadsNumbersByTheFlags) {
     EXPECT_EQ(Evaluate(u"1.000,5"), Value("1000.5"));
     EXPECT_EQ(Evaluate(u"1000,5", {}, 0), Value("1000.5"));
     EXPECT_EQ(Evaluate(u"1.000,5", {}, 0), Failure(10200, 2, 0));
-    EXPECT_EQ(Evaluate(u"1000.5", {}, TextNeutral), Value("1000.5"));
-    EXPECT_EQ(Evaluate(u"1'000.5", {}, TextNeutral | TextGroup), Value("1000.5"));
-    EXPECT_EQ(Evaluate(u"1'000", {}, TextNeutral), Failure(10200, 2, 0));
+    EXPECT_EQ(Evaluate(u"1000.5", {}, TextPlainSeparators), Value("1000.5"));
+    EXPECT_EQ(Evaluate(u"1'000.5", {}, TextPlainSeparators | TextGroup), Value("1000.5"));
+    EXPECT_EQ(Evaluate(u"1'000", {}, TextPlainSeparators), Failure(10200, 2, 0));
     EXPECT_EQ(Evaluate(u"12", {}, TextGroup | 16), Value("12")) << "the low 8 bits do not matter";
 }
 

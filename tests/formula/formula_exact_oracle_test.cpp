@@ -65,7 +65,7 @@ protected:
 TEST_P(ExactFormulas, HaveTheValueOrErrorOfTheGrammar) {
     CompareMany(30'000,
                 [this] { return RandomFormula(random_, static_cast<int>(random_.Below(5))); });
-    ExpectSeen({FormulaErrorNone, FormulaErrorOverflow, FormulaErrorArgumentCount,
+    ExpectSeen({FormulaErrorNone, FormulaErrorOperationFailed, FormulaErrorArgumentCount,
                 FormulaErrorNeedsComplex, FormulaErrorBadNumber, FormulaErrorUndefinedName,
                 FormulaErrorVariableFailed});
     EXPECT_GT(endings_[FormulaErrorNone], compared_ / 4);
@@ -84,7 +84,7 @@ TEST_P(ExactFormulas, ThatAreMangledHaveTheErrorOfTheirFirstFault) {
         return text;
     });
     ExpectSeen({FormulaErrorNone, FormulaErrorSyntax, FormulaErrorLeftParenMissing,
-                FormulaErrorUnexpectedEnd, FormulaErrorOverflow, FormulaErrorArgumentCount,
+                FormulaErrorUnexpectedEnd, FormulaErrorOperationFailed, FormulaErrorArgumentCount,
                 FormulaErrorNeedsComplex, FormulaErrorBadNumber, FormulaErrorUndefinedName,
                 FormulaErrorVariableFailed});
 }

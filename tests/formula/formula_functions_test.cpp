@@ -192,7 +192,7 @@ TEST(Functions, ThatAreRealOnlyRefuseOtherValues) {
                 formula += i == complexOne ? u"3+i" : u"3";
             }
             EXPECT_EQ(Evaluate(formula + u")*2"),
-                      Failure(FormulaErrorOverflow, formula.size() + 1, 1))
+                      Failure(FormulaErrorOperationFailed, formula.size() + 1, 1))
                 << Printable(formula);
         }
     }
@@ -229,10 +229,10 @@ TEST(Functions, OutsideTheirDomainFailAtTheParenthesis) {
               u"logx(2;-5)",  u"ncr(5;-1)",  u"npr(5;2.5)", u"gcd(1.5;3)",  u"gcd(0;5)",
               u"lcm(0;3)",    u"tan(2e19)",  u"sinh(-1e30)"}) {
             const std::u16string text = formula;
-            EXPECT_EQ(Evaluate(text), Failure(FormulaErrorOverflow, text.size(), 1))
+            EXPECT_EQ(Evaluate(text), Failure(FormulaErrorOperationFailed, text.size(), 1))
                 << Printable(text);
             EXPECT_EQ(Evaluate(u"1+" + text + u"*2"),
-                      Failure(FormulaErrorOverflow, text.size() + 2, 1))
+                      Failure(FormulaErrorOperationFailed, text.size() + 2, 1))
                 << Printable(text);
         }
     }
@@ -246,7 +246,8 @@ TEST(Functions, TakeBranchesWithinTheirBounds) {
           u"rootc(-2;1;0)", u"rootc(2.5;1;0)", u"rootc(2+i;1;0)", u"rootc(4;1;1+i)",
           u"rootc(2305843009213693952;1;0)"}) {
         const std::u16string text = formula;
-        EXPECT_EQ(Evaluate(text), Failure(FormulaErrorOverflow, text.size(), 1)) << Printable(text);
+        EXPECT_EQ(Evaluate(text), Failure(FormulaErrorOperationFailed, text.size(), 1))
+            << Printable(text);
     }
     EXPECT_EQ(Evaluate(u"rootc(2305843009213693951;1;0)"), Value("1", "0"));
     EXPECT_EQ(Evaluate(u"rootc(1;2-3i;0)"), Value("2", "-3"));
@@ -319,7 +320,7 @@ TEST(Functions, HaveValuesAtTheHighestPrecision) {
 TEST(Functions, NeedATypeThatHasPi) {
     for (const NumberType type : {NumberTypeUint, NumberTypeRational}) {
         FormulaScope scope(20, type);
-        EXPECT_EQ(Evaluate(u"(pi"), Failure(FormulaErrorOverflow, 2, 2));
+        EXPECT_EQ(Evaluate(u"(pi"), Failure(FormulaErrorOperationFailed, 2, 2));
     }
 }
 

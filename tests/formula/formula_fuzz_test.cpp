@@ -121,7 +121,8 @@ TEST_F(FormulaFuzz, AMillionMangledFormulasEndWithAValueOrAnError) {
     RandomSource random;
     constexpr NumberType types[] = {NumberTypeReal,    NumberTypeReal, NumberTypeComplex,
                                     NumberTypeComplex, NumberTypeUint, NumberTypeRational};
-    constexpr uint64_t flags[] = {TextGroup, TextGroup, 0, TextNeutral, TextGroup | TextNeutral};
+    constexpr uint64_t flags[] = {TextGroup, TextGroup, 0, TextPlainSeparators,
+                                  TextGroup | TextPlainSeparators};
     int values = 0;
     for (int block = 0; block < FormulaCount / FormulasPerSetting; block++) {
         const int64_t precision = random.Between(1, 40);

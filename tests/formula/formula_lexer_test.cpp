@@ -240,8 +240,8 @@ TEST(FormulaLexer, ReadsEAsADigitInBase16) {
 TEST(FormulaLexer, TakesGroupSeparatorsOnlyWhereTheFlagsAllowThem) {
     EXPECT_EQ(NumberLength(u"1'000", TextGroup), 5u);
     EXPECT_EQ(NumberLength(u"1'000", 0), 1u);
-    EXPECT_EQ(NumberLength(u"1'000", TextNeutral), 1u);
-    EXPECT_EQ(NumberLength(u"1'000", TextNeutral | TextGroup), 5u);
+    EXPECT_EQ(NumberLength(u"1'000", TextPlainSeparators), 1u);
+    EXPECT_EQ(NumberLength(u"1'000", TextPlainSeparators | TextGroup), 5u);
     EXPECT_EQ(NumberLength(u"1'000", TextGroup | 16), 5u) << "the low 8 bits do not matter";
 }
 
@@ -256,8 +256,8 @@ TEST(FormulaLexer, FollowsAllSeparatorsOfTheContext) {
     EXPECT_EQ(NumberLength(u"1.000\u202F000 000,5+"), 15u);
     EXPECT_EQ(NumberLength(u"1.000,5", 0), 1u);
     EXPECT_EQ(NumberLength(u"1'000"), 1u);
-    EXPECT_EQ(NumberLength(u"1.5,5", TextNeutral), 3u);
-    EXPECT_EQ(NumberLength(u"1'5.5 5", TextNeutral | TextGroup), 5u);
+    EXPECT_EQ(NumberLength(u"1.5,5", TextPlainSeparators), 3u);
+    EXPECT_EQ(NumberLength(u"1'5.5 5", TextPlainSeparators | TextGroup), 5u);
 }
 
 TEST(FormulaLexer, KeepsToTheTextWhenASeparatorIsUnset) {

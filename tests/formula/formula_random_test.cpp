@@ -61,7 +61,7 @@ protected:
 TEST_F(RandomFormulas, HaveTheValueOrErrorOfTheGrammar) {
     CompareMany(40'000,
                 [this] { return RandomFormula(random_, static_cast<int>(random_.Below(5))); });
-    ExpectSeen({FormulaErrorNone, FormulaErrorOverflow, FormulaErrorArgumentCount,
+    ExpectSeen({FormulaErrorNone, FormulaErrorOperationFailed, FormulaErrorArgumentCount,
                 FormulaErrorNeedsComplex, FormulaErrorBadNumber, FormulaErrorNotAvailable,
                 FormulaErrorUndefinedName, FormulaErrorVariableFailed});
     EXPECT_GT(endings_[FormulaErrorNone], compared_ / 2) << "most formulas are good";
@@ -74,7 +74,7 @@ TEST_F(RandomFormulas, ThatAreMangledHaveTheErrorOfTheirFirstFault) {
         return text;
     });
     ExpectSeen({FormulaErrorNone, FormulaErrorSyntax, FormulaErrorLeftParenMissing,
-                FormulaErrorUnexpectedEnd, FormulaErrorOverflow, FormulaErrorArgumentCount,
+                FormulaErrorUnexpectedEnd, FormulaErrorOperationFailed, FormulaErrorArgumentCount,
                 FormulaErrorNeedsComplex, FormulaErrorBadNumber, FormulaErrorUndefinedName,
                 FormulaErrorVariableFailed});
 }

@@ -132,13 +132,15 @@ TEST_P(EveryFunction, IsEvaluatedOrRefusedInExactTypes) {
         if (ExactFunctions.contains(name_) && !only) {
             // A fraction of an integer always fails; see uint_evaluation.h.
             const bool fails = name_ == u"frac" && type == NumberTypeUint;
-            EXPECT_EQ(outcome.error, uint32_t{fails ? FormulaErrorOverflow : FormulaErrorNone});
+            EXPECT_EQ(outcome.error,
+                      uint32_t{fails ? FormulaErrorOperationFailed : FormulaErrorNone});
         } else {
             FormulaScope real;
             const FormulaOutcome inReal = Evaluate(call);
             const bool refused = inReal.error == FormulaErrorNeedsComplex ||
                                  inReal.error == FormulaErrorNotAvailable;
-            EXPECT_EQ(outcome, refused ? inReal : Failure(FormulaErrorOverflow, call.size(), 1));
+            EXPECT_EQ(outcome,
+                      refused ? inReal : Failure(FormulaErrorOperationFailed, call.size(), 1));
         }
     }
 }

@@ -79,7 +79,7 @@ TEST(OperatorTable, HasOperatorsThatSomeTypeHas) {
             const std::u16string formula = u"1 " + std::u16string(row.spelling) + u" 1";
             const FormulaOutcome outcome = Evaluate(formula);
             const bool has = RoutineOf(row.routines, type) != nullptr;
-            EXPECT_EQ(outcome.error, uint32_t{has ? FormulaErrorNone : FormulaErrorOverflow})
+            EXPECT_EQ(outcome.error, uint32_t{has ? FormulaErrorNone : FormulaErrorOperationFailed})
                 << Printable(formula);
         }
     }

@@ -128,7 +128,7 @@ TEST(RealOperators, AreTheRoundedOperationsOfTheCore) {
             RealBuffer expected;
             RealAdd(expected, a, b);
             EXPECT_EQ(Apply(OperatorId::Add, a, b), expected);
-            RealSubtract(expected, a, b);
+            RealSub(expected, a, b);
             EXPECT_EQ(Apply(OperatorId::Subtract, a, b), expected);
             RealDivMod(nullptr, expected, a, b);
             EXPECT_EQ(Apply(OperatorId::Mod, a, b), expected);

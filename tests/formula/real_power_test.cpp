@@ -144,8 +144,8 @@ TEST(RealPowers, BindFromRightToLeftInFormulas) {
     EXPECT_EQ(Evaluate(u"2^(-1)"), Value("0.5"));
     EXPECT_EQ(Evaluate(u"2*3^2"), Value("18"));
     EXPECT_EQ(Evaluate(u"10^(-3)*2"), Value("0.002"));
-    EXPECT_EQ(Evaluate(u"0^(-1)+1"), Failure(FormulaErrorOverflow, 7, 1));
-    EXPECT_EQ(Evaluate(u"(-8)^(1/3)"), Failure(FormulaErrorOverflow, 11, 0));
+    EXPECT_EQ(Evaluate(u"0^(-1)+1"), Failure(FormulaErrorOperationFailed, 7, 1));
+    EXPECT_EQ(Evaluate(u"(-8)^(1/3)"), Failure(FormulaErrorOperationFailed, 11, 0));
 }
 
 }  // namespace

@@ -153,19 +153,19 @@ TEST(Exponentials, AgreeOnBothSidesOfEveryThreshold) {
                 RealBuffer below;
                 RealBuffer above;
                 RealBuffer x;
-                RealSubtract(x, at, step);
+                RealSub(x, at, step);
                 RealExpRounded(below, x);
                 RealAdd(x, at, step);
                 RealExpRounded(above, x);
                 // e^(x + h) = e^(x - h) e^h e^h.
                 RealMul(below, below, factor);
                 RealMul(below, below, factor);
-                RealSubtract(below, below, above);
+                RealSub(below, below, above);
                 RealDiv(below, below, above);
                 EXPECT_TRUE(RealIsZero(below) || RealExponent(below) < -(p - 2))
                     << PlainText(below);
                 RealLnRounded(above, above);
-                RealSubtract(above, above, x);
+                RealSub(above, above, x);
                 EXPECT_TRUE(RealIsZero(above) || RealExponent(above) < -(p - 2))
                     << PlainText(above);
             }
@@ -192,7 +192,7 @@ TEST(Exponentials, AgreeWithOneAnother) {
                 function(b, x);
                 RealNegate(x);
                 RealMul(a, a, b);
-                RealSubtract(a, a, RealBuffer("1"));
+                RealSub(a, a, RealBuffer("1"));
                 EXPECT_TRUE(RealIsZero(a) || RealExponent(a) < 2 - p)
                     << PlainText(x) << " leaves " << PlainText(a);
             }
@@ -235,7 +235,7 @@ TEST(Exponentials, ReachTheLongestPrecision) {
     RealExpRounded(y, RealBuffer("1"));
     EXPECT_EQ(PlainText(y).substr(0, 12), "2.7182818284");
     RealLnRounded(y, y);
-    RealSubtract(y, y, RealBuffer("1"));
+    RealSub(y, y, RealBuffer("1"));
     EXPECT_TRUE(RealIsZero(y) || RealExponent(y) < -MaxPrecisionDigits + 4) << PlainText(y);
 }
 

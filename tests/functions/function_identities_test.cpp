@@ -38,7 +38,7 @@ int64_t RandomPrecision(RandomSource& random) {
 // |a - b| in units of 10^(exponent - p + 1).
 double UnitsApart(const RealNumber* a, const RealNumber* b, int64_t exponent) {
     RealBuffer difference;
-    RealSubtract(difference, a, b);
+    RealSub(difference, a, b);
     if (RealIsZero(difference)) {
         return 0;
     }

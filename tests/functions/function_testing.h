@@ -73,7 +73,7 @@ inline RealBuffer NumberOf(std::string_view digits) {
 /// Fails unless `actual` is at most `units` units in the last place of `expected` away from it.
 inline void ExpectWithin(int64_t units, const RealBuffer& actual, const RealBuffer& expected) {
     RealBuffer difference;
-    RealSubtract(difference, actual, expected);
+    RealSub(difference, actual, expected);
     RealBuffer bound;
     RealFromUint(bound, static_cast<uint64_t>(units));
     RealSetExponent(

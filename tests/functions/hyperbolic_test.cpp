@@ -262,7 +262,7 @@ TEST(Hyperbolic, EqualsItsTwinsWhereTheMethodChanges) {
                 bound.twin(twin, x);
                 EXPECT_EQ(dest, twin);
                 EXPECT_EQ(TakeCode(), code);
-                RealSubtract(x, x, unit);
+                RealSub(x, x, unit);
             }
         }
     }
@@ -430,7 +430,7 @@ TEST(Hyperbolic, HasSquaresThatDifferByOne) {
         RealCoshRounded(c, x);
         RealMul(s, s, s);
         RealMul(c, c, c);
-        RealSubtract(c, c, s);
+        RealSub(c, c, s);
         ExpectWithin(5, c, RealBuffer("1"));
     }
 }

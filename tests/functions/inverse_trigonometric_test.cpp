@@ -587,7 +587,7 @@ TEST(RealAsin, IsUndoneByTheSine) {
         RealAcosRounded(y, x);
         RealCosRounded(y, y);
         RealBuffer difference;
-        RealSubtract(difference, y, x);
+        RealSub(difference, y, x);
         EXPECT_TRUE(RealIsZero(difference) ||
                     RealExponent(difference) <= 1 - numberContext.precisionDigits);
     }

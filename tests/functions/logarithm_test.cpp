@@ -129,13 +129,13 @@ TEST(RealLn, AgreesOnBothSidesOfEveryThreshold) {
         for (const char* text : thresholds) {
             SCOPED_TRACE(text);
             RealBuffer below(text);
-            RealSubtract(below, below, RealBuffer("5e-15"));
+            RealSub(below, below, RealBuffer("5e-15"));
             RealBuffer above;
             RealMul(above, below, ratio);
             RealLnRounded(below, below);
             RealLnRounded(above, above);
-            RealSubtract(above, above, below);
-            RealSubtract(above, above, logarithmOfRatio);
+            RealSub(above, above, below);
+            RealSub(above, above, logarithmOfRatio);
             EXPECT_TRUE(RealIsZero(above) || RealExponent(above) < -(p - 2)) << PlainText(above);
         }
     }

@@ -381,7 +381,7 @@ TEST(RealPower, OfANumberByItselfMayOverwriteIt) {
 // Expects two numbers that differ by no more than one unit in the last place.
 void ExpectNeighbours(const RealBuffer& a, const RealBuffer& b) {
     RealBuffer difference;
-    RealSubtract(difference, a, b);
+    RealSub(difference, a, b);
     EXPECT_TRUE(RealIsZero(difference) ||
                 RealExponent(difference) <= RealExponent(a) - (numberContext.precisionDigits - 1))
         << PlainText(a) << "\n"

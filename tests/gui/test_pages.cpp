@@ -148,7 +148,7 @@ void AddRoots() {
     for (int64_t count = 1; !HasFailed() && !RealIsZero(number); count++) {
         RealSqrtRounded(root, number);
         RealAdd(rootsSum, rootsSum, root);
-        RealSubtract(number, number, one);
+        RealSub(number, number, one);
         if (count % RootsPerLine == 0) {
             SendPageText(OutputLine(u"so far", rootsSum).text);
         }

@@ -53,7 +53,7 @@ bool Bisect(uint64_t* dest, const uint64_t* x, int64_t bits, RaiseTo raise) {
 
 void TwinPower(uint64_t* dest, const uint64_t* base, int64_t e) {
     if (e == 0) {
-        BigUintFromWord(dest, 1);
+        BigUintFromUnsigned(dest, 1);
         return;
     }
     if (e < 0) {
@@ -97,7 +97,7 @@ void TwinPowerOfTen(uint64_t* dest, int64_t n) {
         table[i] = table[i - 1] * 10;
     }
     if (n < TableSize) {
-        BigUintFromWord(dest, table[n]);
+        BigUintFromUnsigned(dest, table[n]);
         return;
     }
     Value square = NewValue(table[16]);
@@ -132,7 +132,7 @@ bool TwinSquareRoot(uint64_t* dest, const uint64_t* x) {
 bool TwinRoot(uint64_t* dest, int64_t n, const uint64_t* x) {
     if (n < 0) {
         const bool inexact = BigUintBitLength(x) > 1;
-        BigUintFromWord(dest, inexact ? 1 : x[0]);
+        BigUintFromUnsigned(dest, inexact ? 1 : x[0]);
         return !inexact;
     }
     if (n == 1) {
@@ -153,7 +153,7 @@ bool TwinRoot(uint64_t* dest, int64_t n, const uint64_t* x) {
 }
 
 bool TwinLog(uint64_t* dest, const uint64_t* base, const uint64_t* x) {
-    if (BigUintIsZero(x) || BigUintIsZero(base) || BigUintIsWord(base, 1)) {
+    if (BigUintIsZero(x) || BigUintIsZero(base) || BigUintEqualsSmall(base, 1)) {
         BigUintSetFailed(dest, CalcErrorOverflow);
         return false;
     }
@@ -166,8 +166,8 @@ bool TwinLog(uint64_t* dest, const uint64_t* base, const uint64_t* x) {
         exact = exact && BigUintIsZero(remainder.data());
         count++;
     }
-    BigUintFromWord(dest, count);
-    return exact && BigUintIsWord(rest.data(), 1);
+    BigUintFromUnsigned(dest, count);
+    return exact && BigUintEqualsSmall(rest.data(), 1);
 }
 
 }  // namespace tallymere::reference

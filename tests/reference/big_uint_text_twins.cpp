@@ -96,7 +96,7 @@ void ConvertDigits(uint64_t* dest, const NumberScanner& scanner, std::u16string_
         const int digit = DigitOf(c, scanner.radix);
         if (digit >= 0) {
             AppendDigit(dest, scanner.radix, digit);
-        } else if (!IsGroupSeparator(c, scanner.neutral)) {
+        } else if (!IsGroupSeparator(c, scanner.plainSeparators)) {
             SetCalcError(CalcErrorSyntax);
         }
     }
@@ -111,7 +111,7 @@ void ConvertMantissa(uint64_t* dest, const NumberScanner& scanner, const Parts& 
         }
         const int digit = DigitOf(c, 10);
         if (digit < 0) {
-            const bool group = scanner.allowGroups && IsGroupSeparator(c, scanner.neutral);
+            const bool group = scanner.allowGroups && IsGroupSeparator(c, scanner.plainSeparators);
             inFraction = inFraction || !group;
         } else if (!inFraction) {
             AppendDigit(dest, 10, digit);
@@ -185,7 +185,7 @@ std::u16string Scientific(std::u16string digits, uint32_t flags) {
     }
     std::u16string text = digits.substr(0, 1);
     if (digits.size() > 1) {
-        text += (flags & TextNeutral) != 0 ? u'.' : numberContext.decimalSeparators[0];
+        text += (flags & TextPlainSeparators) != 0 ? u'.' : numberContext.decimalSeparators[0];
         text += digits.substr(1);
     }
     text += numberContext.exponentChars[0];
@@ -236,7 +236,8 @@ std::u16string TwinUintText(const uint64_t* a, uint32_t flags) {
     if ((flags & TextGroup) == 0) {
         return sign + digits;
     }
-    const char16_t mark = (flags & TextNeutral) != 0 ? u'\'' : numberContext.groupSeparators[0];
+    const char16_t mark =
+        (flags & TextPlainSeparators) != 0 ? u'\'' : numberContext.groupSeparators[0];
     return sign + Grouped(digits, binary ? 4 : 3, mark);
 }
 

@@ -36,11 +36,11 @@ Words Product(const uint64_t* a, const uint64_t* b) {
 }  // namespace
 
 void TwinReduceFraction(uint64_t* numerator, uint64_t* denominator) {
-    if (BigUintIsWord(denominator, 1)) {
+    if (BigUintEqualsSmall(denominator, 1)) {
         return;
     }
     if (BigUintIsZero(numerator)) {
-        BigUintFromWord(denominator, 1);
+        BigUintFromUnsigned(denominator, 1);
         return;
     }
     Words larger = Copy(numerator);
@@ -49,7 +49,7 @@ void TwinReduceFraction(uint64_t* numerator, uint64_t* denominator) {
         BigUintDivide(nullptr, larger.data(), larger.data(), smaller.data());
         larger.swap(smaller);
     } while (!BigUintIsZero(smaller.data()));
-    if (!BigUintIsWord(larger.data(), 1)) {
+    if (!BigUintEqualsSmall(larger.data(), 1)) {
         BigUintDivideExact(numerator, numerator, larger.data());
         BigUintDivideExact(denominator, denominator, larger.data());
     }
@@ -98,13 +98,13 @@ void TwinRationalBinomial(RationalNumber* dest, const RationalNumber* n, uint64_
     RationalNumber* factor = RationalAt(words[1].data());
     RationalNumber* one = RationalAt(words[2].data());
     RationalNumber* step = RationalAt(words[3].data());
-    RationalFromWord(one, 1, 0);
-    RationalFromWord(step, k, 0);
+    RationalFromUnsigned(one, 1, 0);
+    RationalFromUnsigned(step, k, 0);
     RationalAddSub(position, n, step, true);
-    RationalFromWord(dest, 1, 0);
+    RationalFromUnsigned(dest, 1, 0);
     for (uint64_t i = 1; i <= k && numberContext.calcError == CalcErrorNone; i++) {
         RationalAddSub(position, position, one, false);
-        RationalFromWord(step, falling ? 1 : i, 0);
+        RationalFromUnsigned(step, falling ? 1 : i, 0);
         RationalMulDiv(factor, position, step, true);
         RationalMulDiv(dest, dest, factor, false);
     }

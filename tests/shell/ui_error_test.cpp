@@ -81,7 +81,7 @@ TEST_F(UiErrorState, ALongerArgumentEndsInAnEllipsisAndTheErrorStays) {
 TEST_F(UiErrorState, ClearErrorsClearsAllThreeStates) {
     SetUiError(UiErrorFormula, u"a", u"b", u"c");
     SetCalcError(CalcErrorOverflow);
-    RequestCancel();
+    RequestStop();
     ClearErrors();
     EXPECT_EQ(uiError.code, 0);
     EXPECT_EQ(std::u16string(uiError.arg1), u"");
@@ -137,10 +137,10 @@ TEST_F(UiErrorState, APendingErrorStaysAndTheCalcErrorIsClearedAllTheSame) {
 TEST_F(UiErrorState, TheEndOfARunTakesAStopOnceAndInSilence) {
     TakeStopRequest();
     EXPECT_EQ(PendingUiError(), UiErrorNone);
-    RequestCancel();
+    RequestStop();
     TakeStopRequest();
     EXPECT_EQ(PendingUiError(), UiErrorStopped);
-    EXPECT_FALSE(AbortRequested());
+    EXPECT_FALSE(StopRequested());
     ClearPendingErrors();
     TakeStopRequest();
     EXPECT_EQ(PendingUiError(), UiErrorNone) << "one request silences one run";
@@ -148,15 +148,15 @@ TEST_F(UiErrorState, TheEndOfARunTakesAStopOnceAndInSilence) {
 
 TEST_F(UiErrorState, AnErrorOfTheRunIsNotSilencedByAStop) {
     SetUiError(UiErrorDivisionByZero);
-    RequestCancel();
+    RequestStop();
     TakeStopRequest();
     EXPECT_EQ(PendingUiError(), UiErrorDivisionByZero);
-    EXPECT_FALSE(AbortRequested());
+    EXPECT_FALSE(StopRequested());
 }
 
 TEST_F(UiErrorState, AWorkerEndsAtAnErrorAndAtAStop) {
     EXPECT_FALSE(RunShouldEnd());
-    RequestCancel();
+    RequestStop();
     EXPECT_TRUE(RunShouldEnd());
     ClearErrors();
     EXPECT_FALSE(RunShouldEnd());
@@ -167,12 +167,12 @@ TEST_F(UiErrorState, AWorkerEndsAtAnErrorAndAtAStop) {
 TEST_F(UiErrorState, TheErrorsCanBeClearedWithoutTheStop) {
     SetUiError(UiErrorFormula, u"a");
     SetCalcError(CalcErrorOverflow);
-    RequestCancel();
+    RequestStop();
     ClearPendingErrors();
     EXPECT_EQ(PendingUiError(), UiErrorNone);
     EXPECT_EQ(std::u16string(uiError.arg1), u"");
     EXPECT_EQ(numberContext.calcError, CalcErrorNone);
-    EXPECT_TRUE(AbortRequested());
+    EXPECT_TRUE(StopRequested());
 }
 
 }  // namespace

@@ -186,7 +186,7 @@ TEST_F(UiMessage, OfTwoErrorsTheFirstIsShown) {
 TEST_F(UiMessage, AStopIsReportedBySilenceAndClearsEverything) {
     SetUiError(UiErrorStopped);
     SetCalcError(CalcErrorCancelled);
-    RequestCancel();
+    RequestStop();
     EXPECT_EQ(Message(), u"");
     EXPECT_EQ(Take(), u"");
     EXPECT_FALSE(shown_);
@@ -195,7 +195,7 @@ TEST_F(UiMessage, AStopIsReportedBySilenceAndClearsEverything) {
 
 TEST_F(UiMessage, WithNoErrorPendingNothingIsShownAndTheRestIsCleared) {
     SetCalcError(CalcErrorOverflow);
-    RequestCancel();
+    RequestStop();
     EXPECT_EQ(Take(), u"");
     EXPECT_FALSE(shown_);
     ExpectAllClear();
@@ -204,7 +204,7 @@ TEST_F(UiMessage, WithNoErrorPendingNothingIsShownAndTheRestIsCleared) {
 TEST_F(UiMessage, ShowingClearsTheCalcErrorAndTheCancelFlagToo) {
     SetUiError(UiErrorCalculation);
     SetCalcError(CalcErrorOverflow);
-    RequestCancel();
+    RequestStop();
     EXPECT_EQ(Take(), u"Error in mathematical calculation!");
     EXPECT_TRUE(shown_);
     ExpectAllClear();

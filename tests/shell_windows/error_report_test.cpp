@@ -56,7 +56,7 @@ TEST_F(ErrorReport, ShowsTheFirstOfTwoErrorsAndThatOnce) {
 TEST_F(ErrorReport, ClearsEverythingBeforeTheBoxSoThatAnErrorBehindItIsKept) {
     SetUiError(UiErrorInternal);
     SetCalcError(CalcErrorOverflow);
-    RequestCancel();
+    RequestStop();
     answer.raises = UiErrorDivisionByZero;
     ReportUiError();
     EXPECT_EQ(answer.boxes, 1);
@@ -69,7 +69,7 @@ TEST_F(ErrorReport, ClearsEverythingBeforeTheBoxSoThatAnErrorBehindItIsKept) {
 TEST_F(ErrorReport, IsSilentAboutAStopAndAboutNothing) {
     ReportUiError();
     SetUiError(UiErrorStopped);
-    RequestCancel();
+    RequestStop();
     ReportUiError();
     EXPECT_EQ(answer.boxes, 0);
     EXPECT_EQ(PendingUiError(), UiErrorNone);

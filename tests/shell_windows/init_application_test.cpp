@@ -125,9 +125,9 @@ TEST_F(InitApplicationTest, RegistersTheControlsOfTheSystem) {
 TEST_F(InitApplicationTest, LetsTheArithmeticBeStoppedAndGivesThisThreadItsStack) {
     Start();
     EXPECT_EQ(numberContext.abortFlag, &cancelFlag);
-    EXPECT_FALSE(AbortRequested());
-    RequestCancel();
-    EXPECT_TRUE(AbortRequested());
+    EXPECT_FALSE(StopRequested());
+    RequestStop();
+    EXPECT_TRUE(StopRequested());
     ScratchStackScope scope;
     EXPECT_NE(scope.Take(1'000), nullptr);
 }

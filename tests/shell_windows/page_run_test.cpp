@@ -130,7 +130,7 @@ protected:
         ExpectNumbers(CurrentNumberSetup(), numbersBefore);
         EXPECT_EQ(*CurrentScratchStack().top, topBefore);
         EXPECT_EQ(PendingUiError(), UiErrorNone);
-        EXPECT_FALSE(AbortRequested());
+        EXPECT_FALSE(StopRequested());
         EXPECT_TRUE(IsEnabled(other));
         EXPECT_TRUE(IsEnabled(dialog));
         EXPECT_TRUE(IsEnabled(start));
@@ -401,12 +401,12 @@ TEST_F(PageRunTest, EndsWithAnErrorWhereNoThreadCanBeMade) {
 
 TEST_F(PageRunTest, EndsWithoutAWordWhenItIsStopped) {
     StopPageRun(run);
-    EXPECT_FALSE(AbortRequested()) << "nothing runs yet";
+    EXPECT_FALSE(StopRequested()) << "nothing runs yet";
     const MessageBoxAnswer answer;
     task.work = RunUntilStopped;
     ClickStart();
     ClickStart();
-    EXPECT_TRUE(AbortRequested());
+    EXPECT_TRUE(StopRequested());
     LoopUntilIdle();
     EXPECT_EQ(answer.boxes, 0);
     EXPECT_FALSE(seen.succeeded);
@@ -427,7 +427,7 @@ TEST_F(PageRunTest, ClosingStopsARunAndHidesThePage) {
     EXPECT_EQ(answer.boxes, 0);
     EXPECT_FALSE(seen.succeeded);
     Close();
-    EXPECT_FALSE(AbortRequested()) << "nothing runs any more";
+    EXPECT_FALSE(StopRequested()) << "nothing runs any more";
 }
 
 TEST_F(PageRunTest, AStopThatComesAfterTheEndReachesNothing) {
@@ -436,7 +436,7 @@ TEST_F(PageRunTest, AStopThatComesAfterTheEndReachesNothing) {
     LoopWhile(StopShown);
     StopPageRun(run);
     Close();
-    EXPECT_FALSE(AbortRequested());
+    EXPECT_FALSE(StopRequested());
     LoopUntilIdle();
     const MessageBoxAnswer answer;
     task.work = Overflow;
@@ -469,7 +469,7 @@ TEST_F(PageRunTest, TakesAStopOfTheArithmeticForOneOfTheUser) {
 TEST_F(PageRunTest, BeginsWithAllErrorsCleared) {
     SetUiError(UiErrorFormula, u"old");
     SetCalcError(CalcErrorOverflow);
-    RequestCancel();
+    RequestStop();
     const MessageBoxAnswer answer;
     ClickStart();
     LoopUntilIdle();

@@ -55,8 +55,8 @@ private:
     bool IsMark(const char16_t (&marks)[3], char16_t neutral) const {
         const char16_t c = Peek();
         return c != 0 &&
-               ((flags_ & TextNeutral) != 0 ? c == neutral
-                                            : std::find(marks, marks + 3, c) != marks + 3);
+               ((flags_ & TextPlainSeparators) != 0 ? c == neutral
+                                                    : std::find(marks, marks + 3, c) != marks + 3);
     }
 
     bool IsGroupMark() const {

@@ -54,7 +54,7 @@ RealBuffer Sum(const RealBuffer& a, const RealBuffer& b) {
 
 RealBuffer Difference(const RealBuffer& a, const RealBuffer& b) {
     RealBuffer difference;
-    RealSubtract(difference, a, b);
+    RealSub(difference, a, b);
     return difference;
 }
 

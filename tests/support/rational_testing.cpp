@@ -82,16 +82,16 @@ void FillRational(RandomSource& random, RationalNumber* dest, int64_t limbs) {
     FillUint(random, denominator, limbs);
     switch (random.Below(8)) {
         case 0:
-            BigUintFromWord(denominator, 1);
+            BigUintFromUnsigned(denominator, 1);
             break;
         case 1:
-            BigUintFromWord(numerator, 1);
+            BigUintFromUnsigned(numerator, 1);
             break;
         default:
             break;
     }
     if (BigUintIsZero(denominator)) {
-        BigUintFromWord(denominator, 1);
+        BigUintFromUnsigned(denominator, 1);
     }
     reference::TwinReduceFraction(numerator, denominator);
 }

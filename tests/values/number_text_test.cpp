@@ -37,7 +37,7 @@ TEST(NumberToText, WritesARealNumberAndReturnsTheLength) {
     FieldScope type(numberContext.numberType, NumberTypeReal);
     EXPECT_EQ(WriteNumber("-1.5", 100, 0), "-1.5");
     EXPECT_EQ(WriteNumber("-1.5", 100, TextNoTerminator), "-1.5");
-    EXPECT_EQ(WriteNumber("1.5e3", 100, TextGroup | TextNeutral), "1'500");
+    EXPECT_EQ(WriteNumber("1.5e3", 100, TextGroup | TextPlainSeparators), "1'500");
     EXPECT_EQ(WriteNumber("nan", 100, 0), "NaN");
     EXPECT_EQ(WriteNumber("5", 100, 2), "[P] code 100");
 }
@@ -91,7 +91,7 @@ TEST(NumberToText, WritesAnIntegerInFourBases) {
     FieldScope type(numberContext.numberType, NumberTypeUint);
     EXPECT_EQ(WriteExact({0, 0}, 100, 0), "0");
     EXPECT_EQ(WriteExact({0, 1}, 100, 0), "18446744073709551616");
-    EXPECT_EQ(WriteExact({1'234'567, 0}, 100, TextGroup | TextNeutral), "1'234'567");
+    EXPECT_EQ(WriteExact({1'234'567, 0}, 100, TextGroup | TextPlainSeparators), "1'234'567");
     EXPECT_EQ(WriteExact({0xABCDE, 0}, 100, 16), "ABCDE");
     EXPECT_EQ(WriteExact({0xABCDE, 0}, 100, 16 | TextLowerHex | TextGroup | TextNoTerminator),
               "a'bcde");

@@ -22,7 +22,7 @@ enum PageWorkerNews : WPARAM {
 };
 
 /// Runs on the CalcThread, on its ScratchStack. Between its steps it polls RunShouldEnd, and the
-/// arithmetic polls AbortRequested, so that the user can stop it.
+/// arithmetic polls StopRequested, so that the user can stop it.
 using PageWorker = void (*)();
 
 /// Starts the CalcThread of a page, which runs the worker and then posts PageWorkerEnded to the

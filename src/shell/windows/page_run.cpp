@@ -212,7 +212,7 @@ void StartPageRun(PageRun& run, const PageTask& task) {
 
 void StopPageRun(const PageRun& run) {
     if (IsPageCalculating(run.states)) {
-        RequestCancel();
+        RequestStop();
     }
 }
 
