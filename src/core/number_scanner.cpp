@@ -2,6 +2,7 @@
 
 #include "core/contract.h"
 #include "core/digit_text.h"
+#include "core/number_bases.h"
 #include "core/number_context.h"
 #include "core/text_flags.h"
 
@@ -119,7 +120,7 @@ NumberTokenKind ScanToken(NumberScanner& scanner) {
 NumberScanner MakeNumberScanner(const char16_t* text, int64_t length, uint32_t flags,
                                 int64_t radix) {
     TALLYMERE_REQUIRE(length >= 0 || length == TextUntilZero);
-    TALLYMERE_REQUIRE(radix == 2 || radix == 8 || radix == 10 || radix == 16);
+    TALLYMERE_REQUIRE(FindNumberBase(radix) != nullptr);
     if (length == TextUntilZero) {
         length = 0;
         while (text[length] != u'\0') {
