@@ -3,13 +3,16 @@
 # version is that of project().
 #
 # The build time is an input of the build, so that two builds of one source are equal. It is
-# TALLYMERE_BUILD_TIME, or SOURCE_DATE_EPOCH of the environment where whoever packages sets that.
-set(TALLYMERE_BUILD_TIME "2025-02-02 08:14:15" CACHE STRING
-  "Build time of the program as YYYY-MM-DD hh:mm:ss in UTC")
+# TALLYMERE_BUILD_TIME, else SOURCE_DATE_EPOCH of the environment where whoever packages sets that,
+# else that of the release.
+set(TALLYMERE_BUILD_TIME "" CACHE STRING
+  "Build time of the program as YYYY-MM-DD hh:mm:ss in UTC, empty for that of the release")
 set(TALLYMERE_GENERATED_FOLDER ${PROJECT_BINARY_DIR}/generated)
 
-set(TALLYMERE_BUILD_TIME_TEXT "${TALLYMERE_BUILD_TIME}")
-if(DEFINED ENV{SOURCE_DATE_EPOCH})
+set(TALLYMERE_BUILD_TIME_TEXT "2025-02-02 08:14:15")
+if(TALLYMERE_BUILD_TIME)
+  set(TALLYMERE_BUILD_TIME_TEXT "${TALLYMERE_BUILD_TIME}")
+elseif(DEFINED ENV{SOURCE_DATE_EPOCH})
   string(TIMESTAMP TALLYMERE_BUILD_TIME_TEXT "%Y-%m-%d %H:%M:%S" UTC)
 endif()
 set(two "[0-9][0-9]")
