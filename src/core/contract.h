@@ -23,7 +23,7 @@ inline constexpr bool ContractsAreChecked = true;
 inline constexpr bool ContractsAreChecked = false;
 
 /// Compiles the condition, so that it stays correct, and evaluates nothing.
-#define TALLYMERE_REQUIRE(condition) static_cast<void>(sizeof((condition) ? 1 : 0))
+#define TALLYMERE_REQUIRE(condition) static_cast<void>(false && (condition))
 
 #endif
 
