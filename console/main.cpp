@@ -109,9 +109,10 @@ int RunConsole(const std::vector<std::string>& arguments) {
             return PrintText(UsageText() + OperationList());
         case PrintVersion:
             return PrintText(VersionText());
-        default:
-            return AnswerAll(parsed.options);
+        case EvaluateFormulas:
+            break;
     }
+    return AnswerAll(parsed.options);
 }
 
 }  // namespace

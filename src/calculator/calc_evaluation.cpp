@@ -54,19 +54,20 @@ void RaiseFormulaError(const CalcEvaluation& evaluation) {
 }
 
 void KeepResult(const uint64_t* value) {
+    calculator.calcResultType = numberContext.numberType;
     switch (numberContext.numberType) {
         case NumberTypeReal:
         case NumberTypeComplex:
             NumberRoundDigits(calculator.calcResult, value, calculator.calcPrecision);
-            break;
+            return;
         case NumberTypeUint:
         case NumberTypeRational:
             ValueCopy(calculator.calcResult, value);
+            return;
+        case NumberTypeNone:
             break;
-        default:
-            SetCalcError(CalcErrorUnknownType);
     }
-    calculator.calcResultType = numberContext.numberType;
+    SetCalcError(CalcErrorUnknownType);
 }
 
 }  // namespace

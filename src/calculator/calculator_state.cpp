@@ -10,9 +10,12 @@ int64_t IntegerDigits(NumberType type) {
             return CalcUintDigits;
         case NumberTypeRational:
             return CalcRationalDigits;
-        default:
-            return 1;
+        case NumberTypeReal:
+        case NumberTypeComplex:
+        case NumberTypeNone:
+            break;
     }
+    return 1;
 }
 
 }  // namespace

@@ -29,9 +29,10 @@ KeyTypes TypesOf(NumberType type) {
             return InReal;
         case NumberTypeComplex:
             return InCplx;
-        default:
-            return {};
+        case NumberTypeNone:
+            break;
     }
+    return {};
 }
 
 // A key of the pad as some number types have it. Brackets say that the result is cut to an integer.

@@ -43,9 +43,11 @@ AutomaticLook LookOfResult() {
             return LookOfComplex(ComplexAt(calculator.calcResult));
         case NumberTypeRational:
             return RationalIsInteger(RationalAt(calculator.calcResult)) ? LooksFixed : LooksMixed;
-        default:
-            return LooksFixed;
+        case NumberTypeUint:
+        case NumberTypeNone:
+            break;
     }
+    return LooksFixed;
 }
 
 }  // namespace
@@ -56,9 +58,11 @@ ResultForm FormAfterNotationKey() {
             return LookOfResult() == LooksScientific ? ResultAutomatic : ResultScientific;
         case ResultScientific:
             return ResultAutomatic;
-        default:
-            return LookOfResult() == LooksFixed ? ResultScientific : ResultFixed;
+        case ResultAutomatic:
+        case ResultMixed:
+            break;
     }
+    return LookOfResult() == LooksFixed ? ResultScientific : ResultFixed;
 }
 
 ResultForm FormAfterMixedKey() {

@@ -25,10 +25,12 @@ uint32_t PrepareNotation() {
             return TextFixed | TextStripZeros;
         case ResultScientific:
             return TextScientific | TextStripZeros;
-        default:
-            SetNotationWindow({AutomaticFixedAbove, calculator.calcPrecision});
-            return 0;
+        case ResultAutomatic:
+        case ResultMixed:
+            break;
     }
+    SetNotationWindow({AutomaticFixedAbove, calculator.calcPrecision});
+    return 0;
 }
 
 // An integer in a base that has a prefix.
@@ -61,17 +63,17 @@ void WriteFraction(uint32_t flags) {
         case ResultFixed:
         case ResultScientific:
             WriteFractionAsReal(q, flags);
-            break;
+            return;
         case ResultMixed:
             if (!RationalIsInteger(q)) {
                 MixedFractionToText(calculator.calcResultText, CalcResultCharacters, q, flags);
-                break;
+                return;
             }
-            [[fallthrough]];
-        default:
-            NumberToText(calculator.calcResultText, CalcResultCharacters, calculator.calcResult,
-                         flags);
+            break;
+        case ResultAutomatic:
+            break;
     }
+    NumberToText(calculator.calcResultText, CalcResultCharacters, calculator.calcResult, flags);
 }
 
 }  // namespace

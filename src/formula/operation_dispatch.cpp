@@ -39,19 +39,20 @@ void ValueFromNumberText(uint64_t* dest, const char16_t* digits, int64_t length,
     switch (numberContext.numberType) {
         case NumberTypeReal:
             RealRound(RealAt(dest), RealFromText(RealAt(dest), digits, length, textFlags));
-            break;
+            return;
         case NumberTypeComplex:
             ComplexFromText(ComplexAt(dest), digits, length, textFlags);
-            break;
+            return;
         case NumberTypeUint:
             BigUintFromText(dest, digits, length, textFlags | base);
-            break;
+            return;
         case NumberTypeRational:
             RationalFromText(RationalAt(dest), digits, length, textFlags);
+            return;
+        case NumberTypeNone:
             break;
-        default:
-            ValueSetUnavailable(dest);
     }
+    ValueSetUnavailable(dest);
 }
 
 void ApplyBinaryOperator(FormulaEvaluator& evaluator, OperatorId id, uint64_t* left,

@@ -125,9 +125,11 @@ const char16_t* FormulaErrorText(FormulaError code) {
             return uiText.TextFormulaVariableFunctionDefined;
         case FormulaErrorVariableFailed:
             return uiText.TextFormulaVariableCouldEvaluated;
-        default:
-            return uiText.TextFormulaInternalFormulaErrorOccurred;
+        case FormulaErrorNone:
+        case FormulaErrorInternal:
+            break;
     }
+    return uiText.TextFormulaInternalFormulaErrorOccurred;
 }
 
 }  // namespace tallymere
