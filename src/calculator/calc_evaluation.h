@@ -25,7 +25,7 @@ struct CalcEvaluation {
 /// the number type of the calculator. Else the error of the second attempt counts.
 ///
 /// An error is raised as UiErrorFormula with its text, a request to stop as UiErrorStopped.
-/// CalcError is 0 afterwards and the ScratchStack as it was found.
+/// Afterwards no CalcError is noted, and the ScratchStack is as it was found.
 CalcEvaluation EvaluateCalcFormula(const char16_t* formula, uint64_t* result);
 
 /// The work of the calculating thread: evaluates and, if that raises no error, keeps the result in

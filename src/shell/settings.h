@@ -72,11 +72,11 @@ bool ChangeSetting(Settings& record, Value Settings::*setting, std::type_identit
 /// settingsDirty.
 void RepairSeparators(Settings& record);
 
-/// A precision below 1 becomes 10, and settingsDirty is set.
+/// A precision below 1 becomes DefaultDigits, and settingsDirty is set.
 void RepairPrecision(Settings& record);
 
 /// The base in which the calculator shows integers: the setting if it is one of NumberBases,
-/// else 10. The setting itself does not change, so the file keeps its value.
+/// else DecimalBase. The setting itself does not change, so the file keeps its value.
 int64_t InstalledOutputBase(const Settings& record);
 
 }  // namespace tallymere
