@@ -17,7 +17,7 @@ enum CalcError : uint32_t {
     CalcErrorUndefined = 203,  ///< no value: infinity - infinity, 0 / 0, a domain error
     CalcErrorMalformed = 204,  ///< text output found a record outside the normal form
     CalcErrorComplexNotAllowed = 205,
-    CalcErrorCancelled = 207,  ///< a check point found the stop byte set
+    CalcErrorCancelled = 207,  ///< a check point found a request to stop
     CalcErrorTextTooLong = 300,
     CalcErrorSyntax = 301,    ///< number text not understood
     CalcErrorCapacity = 400,  ///< an internal table or buffer is too small

@@ -9,8 +9,8 @@ namespace tallymere {
 /// either may be an operand. The quotient is truncated towards zero and, past p digits, to p
 /// digits; the remainder is exact all the same. Both have the sign of a times that of b, so 7 by -2
 /// gives -3 and -1; where |a| < |b| the remainder is a copy of a. Special operands other than a
-/// zero a give NaN and CalcErrorUndefined. Polls the stop byte once for each limb of the quotient,
-/// 19 digits: NaN in both and CalcErrorCancelled.
+/// zero a give NaN and CalcErrorUndefined. Polls the stop request once for each limb of the
+/// quotient, 19 digits: NaN in both and CalcErrorCancelled.
 void RealDivMod(RealNumber* quotient, RealNumber* remainder, const RealNumber* a,
                 const RealNumber* b);
 

@@ -20,8 +20,8 @@ namespace tallymere {
 ///   non-negative integer     integer above n         0
 ///   any                      negative or a fraction  NaN and CalcErrorUndefined
 ///
-/// Each factor is one step, which polls the stop byte: NaN and CalcErrorCancelled. A result outside
-/// the range ends the product: infinity and CalcErrorOverflow if reportOverflow, or a zero.
+/// Each factor is one step, which polls the stop request: NaN and CalcErrorCancelled. A result
+/// outside the range ends the product: infinity and CalcErrorOverflow if reportOverflow, or a zero.
 void RealCombinations(RealNumber* dest, const RealNumber* n, const RealNumber* k);
 
 /// dest = the number of permutations, n (n - 1) ... (n - k + 1); all else as above, but k has to
@@ -30,7 +30,7 @@ void RealPermutations(RealNumber* dest, const RealNumber* n, const RealNumber* k
 
 /// dest = the greatest common divisor, by Euclid's algorithm on exact remainders; exact, so the
 /// guard limb is 0. Both must be finite integers above 0: anything else gives NaN and
-/// CalcErrorUndefined, NaN on either side gives NaN and no code. Polls the stop byte in each
+/// CalcErrorUndefined, NaN on either side gives NaN and no code. Polls the stop request in each
 /// remainder: NaN and CalcErrorCancelled.
 Limb RealGcd(RealNumber* dest, const RealNumber* a, const RealNumber* b);
 

@@ -34,13 +34,13 @@ Limb RealProductFactorial(RealNumber* dest, int64_t n);
 /// Functions", 6.1.40), the Bernoulli numbers B_2k made from tangent numbers on the way; raw. The
 /// series is asymptotic: it ends only if n is large for the precision. Where it does not, and also
 /// where there is no memory for the TangentTable, the result is NaN and CalcErrorCapacity. Polls
-/// the stop byte after every term: NaN and CalcErrorCancelled. A factorial above the range is
+/// the stop request after every term: NaN and CalcErrorCancelled. A factorial above the range is
 /// +infinity, and CalcErrorOverflow if reportOverflow.
 Limb RealStirlingFactorial(RealNumber* dest, int64_t n);
 
 /// dest = x!; raw, by one method or the other as FactorialCutoverAt says. NaN gives NaN and no
 /// code, +infinity itself; a positive integer from 2^63 on gives +infinity and CalcErrorOverflow if
-/// reportOverflow, all other values NaN and CalcErrorUndefined. Both methods poll the stop byte.
+/// reportOverflow, all other values NaN and CalcErrorUndefined. Both methods poll the stop request.
 Limb RealFactorial(RealNumber* dest, const RealNumber* x);
 
 /// The same with FactorialGuardDigits(x) guard digits, rounded; within UsualErrorBound

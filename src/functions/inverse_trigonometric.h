@@ -60,7 +60,7 @@ uint64_t NearestFineStep(const RealNumber* y);
 /// x = (x d - n) / (x n + d); raw.
 Limb AtanShift(RealNumber* x, uint64_t numerator, uint64_t denominator);
 
-/// The arc tangent, within -pi / 2 and pi / 2; raw. Zero gives itself, infinity +-pi / 2. Source:
+/// The arc tangent, within -pi / 2 and pi / 2; raw. Zero gives itself, infinity +-pi / 2. Method:
 /// the inverse argument above 1, one or two steps of the tangent addition rule to the nearest
 /// multiple of an angle with a short rational tangent, and the series of what is left.
 Limb RealAtan(RealNumber* dest, const RealNumber* x);

@@ -11,8 +11,8 @@ namespace tallymere {
 /// Sine and cosine of x; either output may be null, both may not be the same record. Raw, within
 /// RawSinCosErrorBound. Returns the guard limb of the one output asked for, and 0 where both are.
 /// Zero gives a zero of its sign and 1. Where |x| holds 2^64 or more times pi / 4, from about
-/// 1.4488e19 up, and for infinity each output is NaN with CalcErrorUndefined; the stop byte gives
-/// NaN with CalcErrorCancelled. Source: |x| = k pi / 4 + r with k even or r negative, and the
+/// 1.4488e19 up, and for infinity each output is NaN with CalcErrorUndefined; a stop request gives
+/// NaN with CalcErrorCancelled. Method: |x| = k pi / 4 + r with k even or r negative, and the
 /// Taylor series of r.
 Limb RealSinCos(RealNumber* sine, RealNumber* cosine, const RealNumber* x);
 
