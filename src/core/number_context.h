@@ -26,6 +26,16 @@ enum NumberType : uint32_t {
     NumberTypeRational = 11,
 };
 
+/// Automatic notation writes no exponent for numbers whose exponent lies between these two, neither
+/// of them included.
+struct NotationWindow {
+    int64_t low;
+    int64_t high;
+};
+
+/// The window that the context starts with.
+inline constexpr NotationWindow DefaultNotationWindow = {-4, 10};
+
 /// The flags noRounding, reportUnderflow, reportOverflow and useInfinitySign keep their start
 /// values as long as the program runs: nothing in it writes them. They are settings of the
 /// arithmetic all the same, and every routine heeds them; the tests set them.
@@ -40,8 +50,8 @@ struct NumberContext {
     int64_t uintLimbs = 1;         ///< 64-bit limbs of a BigUint
     NumberType numberType = NumberTypeNone;
 
-    int64_t fixedExponentLow = -4;   ///< automatic notation is fixed for exponents above this
-    int64_t fixedExponentHigh = 10;  ///< and below this
+    int64_t fixedExponentLow = DefaultNotationWindow.low;    ///< the NotationWindow in force
+    int64_t fixedExponentHigh = DefaultNotationWindow.high;  ///< likewise
 
     uint8_t noRounding = 0;       ///< non-zero: RealRound and RealRoundDigits truncate
     uint8_t reportUnderflow = 0;  ///< non-zero: an exponent below the range sets CalcErrorUnderflow

@@ -11,17 +11,7 @@
 
 namespace tallymere {
 
-/// Automatic notation writes no exponent for numbers whose exponent lies between these two, neither
-/// of them included.
-struct NotationWindow {
-    int64_t low;
-    int64_t high;
-};
-
-/// The window that the context starts with.
-inline constexpr NotationWindow DefaultNotationWindow = {-4, 10};
-
-/// The width for integers of so many decimal digits, 0 to 10^10.
+/// The width for integers of so many decimal digits, 0 to MaxUintDigits.
 constexpr UintWidth UintWidthForDigits(int64_t digits) {
     return {digits, UintLimbsForDigits(digits)};
 }
