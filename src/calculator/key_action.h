@@ -5,9 +5,9 @@
 
 namespace tallymere {
 
-/// The values are known to the outside, so that there are gaps. Up to FirstCommandAction a key
-/// changes the formula, from there on it is a command of the page; functions, which bring their "("
-/// along, are those from FirstFunctionAction to below FirstSymbolAction.
+/// The values are fixed and have gaps. An action below FirstCommandAction changes the formula. From
+/// there on it is a command of the page. Actions from FirstFunctionAction to below
+/// FirstSymbolAction insert a function with its "(".
 enum KeyAction : int32_t {
     ActionNone = 0,
 

@@ -30,10 +30,9 @@ void ComplexMul(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber
 /// dest = z * k, part by part. A real z gives a real product.
 void ComplexMulUint(ComplexNumber* dest, const ComplexNumber* z, uint64_t k);
 
-/// dest = a / b: (x + iy) / (c + id) = ((xc + yd) + i(yc - xd)) / (c^2 + d^2). By a real b it is
-/// the quotient of each part, so a finite a that is real gives an infinity and CalcErrorOverflow
-/// for b = 0, and each part of another follows that rule by itself. The quotient of two real values
-/// is real.
+/// dest = a / b: (x + iy) / (c + id) = ((xc + yd) + i(yc - xd)) / (c^2 + d^2). A real b divides the
+/// two parts one by one, with the codes of RealDiv: for b = 0 a finite part that is not 0 gives an
+/// infinity and CalcErrorOverflow. The quotient of two real values is real.
 void ComplexDiv(ComplexNumber* dest, const ComplexNumber* a, const ComplexNumber* b);
 
 /// dest = z / k, part by part. A real z gives a real quotient.

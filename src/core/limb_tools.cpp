@@ -103,11 +103,11 @@ Limb LimbsShiftLeftFar(Limb* dest, const Limb* src, int64_t m, int64_t k, Limb g
     return LimbsShiftLeftDigits(dest, dest, m, k % DigitsPerLimb, 0);
 }
 
-// With v = remainder * LimbBase + limb = d (remainder * whole) + value, where value is remainder *
-// part + limb, a limb of the quotient is remainder * whole + value / d. The reciprocal makes value
-// / d too small by one at most, and what then remains, below 2 d, goes on as it is: value still
-// fits 64 bits. It is put right beside the chain from limb to limb, which is what takes the time:
-// one high product, one low product and a difference.
+// One step divides v = remainder * LimbBase + limb. With value = remainder * part + limb this is
+// d (remainder * whole) + value, so a limb of the quotient is remainder * whole + value / d.
+// The reciprocal makes value / d too small by one at most. The remainder is then below 2 d and goes
+// on as it is: the next value still fits 64 bits. The quotient is put right apart from the chain
+// from limb to limb, which takes the time: one high product, one low product and a difference.
 uint64_t LimbsDivideUint(Limb* dest, const Limb* src, int64_t m, int64_t zeros, uint64_t d,
                          uint64_t remainder) {
     TALLYMERE_REQUIRE(m >= 0 && zeros >= 0);

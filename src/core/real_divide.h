@@ -14,9 +14,9 @@ namespace tallymere {
 inline constexpr int64_t RawReciprocalErrorBound = 12;
 inline constexpr int64_t RawQuotientErrorBound = 22;
 
-/// The rounded forms round a number that lies close to the exact one: below it by less than the
-/// first, above it by at most the second figure, in thousandths of a unit in the last place. So
-/// they are correctly rounded but for results that lie as close as that to a tie.
+/// The rounded forms round a number that is not quite the exact one. It is less than ...Below under
+/// the exact one, or at most ...Above over it, in thousandths of a unit in the last place. So the
+/// result is correctly rounded, unless the exact one lies as close as that to a tie.
 inline constexpr int64_t ReciprocalErrorBelow = 112;
 inline constexpr int64_t ReciprocalErrorAbove = 102;
 inline constexpr int64_t QuotientErrorBelow = 22;

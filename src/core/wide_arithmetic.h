@@ -1,4 +1,4 @@
-// 128-bit products and carries: the one place that a compiler or a processor decides.
+// 128-bit products and carries: the one place that asks what the compiler offers.
 //
 // Every operation exists in portable form in `wide_portable`. Where the compiler offers 128-bit
 // integers, the unqualified names use those; the tests hold the two against each other.

@@ -1,5 +1,5 @@
 // Arrays of 64-bit words times one word: the inner loops of products and divisions of exact
-// integers. A quotient's loop, which subtracts, is the one that adds on complements.
+// integers. A division subtracts products; it uses the loop that adds, on complements.
 //
 // Arrays hold n words, least significant first. Every loop exists in portable form in
 // `words_portable`. On x86-64 it exists in `words_carry_chains` as well, with two chains of carries

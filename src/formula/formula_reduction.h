@@ -7,9 +7,9 @@ namespace tallymere {
 
 /// Precondition: a value is on top of the stack.
 ///
-/// Applies the operators that bind tighter than the token, which
-/// is an operator, `)`, `;` or the end of the text. Then the token acts: an operator or `;` is
-/// pushed, `)` closes its parentheses or calls its function.
+/// Applies the operators that bind tighter than the token, which is an operator, `)`, `;` or the
+/// end of the text. Then the token acts: an operator or `;` is pushed, `)` closes its parentheses
+/// or calls its function.
 ///
 /// Level and associativity in operator_table.cpp say which of two operators is applied first.
 ///
@@ -21,9 +21,8 @@ void ReduceOnToken(FormulaEvaluator& evaluator, const FormulaToken& token);
 
 /// Precondition: a value is on top of the stack and an operator below it.
 ///
-/// Applies the operator, as a binary one
-/// when a value lies below it and else as a sign. The result stands where the left operand, or the
-/// sign, stood.
+/// Applies the operator: as a binary one when a value lies below it, else as a sign. The result
+/// stands where the left operand, or the sign, stood.
 ///
 /// Errors: FormulaErrorSyntax at an operator that is no sign but has no left operand, and at an
 /// entry below the operator that is no operand.

@@ -55,7 +55,7 @@ NumberBaseRows RowsOfNumberBases(uint32_t style);
 /// and `row` as it was, when the base is not offered: then the selection stays.
 bool FindNumberBaseRow(const NumberBaseRows& rows, int32_t base, int32_t& row);
 
-/// The base of a row; 0 for none, of which the page is not told.
+/// The base of a row. 0 when there is no such row; the page is then not called.
 int32_t NumberBaseOfRow(const NumberBaseRows& rows, int32_t row);
 
 struct NumberBaseLayout {

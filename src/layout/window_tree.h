@@ -13,11 +13,12 @@ namespace tallymere {
 /// value-initialised value means no window, "none" below. Siblings are asked for only if there is a
 /// parent.
 ///
-/// Parent(window)            none for the dialog, which is the root, even if the dialog has an
-/// owner FirstChild, LastChild     none without children; children are in the order of their
-/// creation NextSibling, PreviousSibling    none at the ends IsTabStop(window)         the Tab key
-/// may stop there, see CanTakeFocus IsVisible(window)         the window and all its parents are
-/// shown IsRadioButton(window) IsChecked(window)         for a radio button
+/// - Parent: none for the dialog, which is the root, even if the dialog has an owner.
+/// - FirstChild, LastChild: none without children. Children are in the order of their creation.
+/// - NextSibling, PreviousSibling: none at the ends.
+/// - IsTabStop: the Tab key may stop there, see CanTakeFocus.
+/// - IsVisible: the window and all its parents are shown.
+/// - IsChecked: asked only of a radio button.
 template <typename Tree>
 concept WindowTree = requires(const Tree& tree, typename Tree::Window window) {
     requires std::regular<typename Tree::Window>;

@@ -154,8 +154,9 @@ void SetSlider(ContainerControl slider, int32_t first, int32_t last, int32_t pos
     SendMessageW(window, TBM_SETPOS, TRUE, position);
 }
 
-// The precision counts as told, so that leaving the field without a change tells nothing. One from
-// the settings that is out of range moves to its end, which is then chosen, as the field shows it.
+// The field counts this precision as reported, so leaving it without a change reports nothing. A
+// precision of the settings that is out of range moves to the nearer end of the range. That end is
+// then chosen, because the field shows it.
 void ShowPrecision() {
     const HWND precision = ControlOf(ContainerPrecision);
     SetNumericRange(precision, LowestPrecision, HighestPrecision);
