@@ -97,7 +97,7 @@ Text Scientific(Text digits, uint32_t flags) {
     return text + Text(exponent.begin(), exponent.end());
 }
 
-// The text of an integer without its sign, and code 100 for a form that there is none of.
+// The text of an integer without its sign, and CalcErrorBadParameter for a form that it lacks.
 Text ExpectedDigits(mpz_srcptr value, uint32_t flags, CalcError* code) {
     const uint32_t base = (flags & TextBaseMask) == 0 ? 10 : flags & TextBaseMask;
     const bool scientific = (flags & TextScientific) != 0;

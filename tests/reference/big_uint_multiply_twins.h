@@ -19,7 +19,7 @@ struct TwinUint {
     CalcError code = CalcErrorNone;
 };
 
-/// a * b at the width of a and b; 0 and code 200 when it does not fit.
+/// a * b at the width of a and b; 0 and CalcErrorOverflow when it does not fit.
 TwinUint TwinMul(const TwinLimbs& a, const TwinLimbs& b);
 
 /// The product of a and b in as many limbs as both have together.

@@ -57,7 +57,7 @@ struct ExpectedUint {
     bool exact = false;
 
     void Refuse(CalcError why);
-    /// Refuses a value that is negative or does not fit, with code 200.
+    /// Refuses a value that is negative or does not fit, with CalcErrorOverflow.
     void Limit();
 };
 

@@ -27,9 +27,9 @@ struct ExpectedRational : Fraction {
     void Refuse(CalcError why);
     /// Brings parts other than a denominator of 0 to lowest terms.
     void Reduce();
-    /// Refuses parts that do not fit, with code 200.
+    /// Refuses parts that do not fit, with CalcErrorOverflow.
     void Limit();
-    /// The reciprocal, or code 202; nothing where a code is noted already.
+    /// The reciprocal, or CalcErrorExactDivisionByZero; nothing where a code is noted already.
     void Invert();
 
     bool operator==(const RationalNumber* found) const;
