@@ -107,7 +107,9 @@ TEST_F(ComplexFunctions, RefuseBranchesAndDegreesOutOfBounds) {
         EXPECT_EQ(Apply(FunctionId::ComplexSqrt, {"-4 0", branch}), undefined_) << branch;
         EXPECT_EQ(Apply(FunctionId::ComplexRoot, {"2 0", "-4 0", branch}), undefined_) << branch;
     }
-    EXPECT_EQ(Apply(FunctionId::ComplexCbrt, {"8 0", "3 0"}), undefined_);
+    for (const char* branch : {"3 0", "-1 0", "0.5 0", "0 1", "1 1", "1e30 0", "nan 0"}) {
+        EXPECT_EQ(Apply(FunctionId::ComplexCbrt, {"8 0", branch}), undefined_) << branch;
+    }
     for (const char* degree : {"0 0", "-2 0", "1.5 0", "2 1", "2305843009213693952 0"}) {
         EXPECT_EQ(Apply(FunctionId::ComplexRoot, {degree, "-4 0", "0 0"}), undefined_) << degree;
     }
