@@ -37,4 +37,26 @@ constexpr NameIndex<RowCount> MakeNameIndex(const Row (&rows)[RowCount],
     return index;
 }
 
+/// The row with the longest name that the NUL-terminated text begins with, and the length of that
+/// name; null and 0 where there is none. The index is the one of these rows and names.
+template <typename Row, size_t RowCount>
+constexpr const Row* FindLongestName(const Row (&rows)[RowCount], const char16_t* Row::*name,
+                                     const NameIndex<RowCount>& index, const char16_t* text,
+                                     uint64_t* length) {
+    const Row* longest = nullptr;
+    *length = 0;
+    for (size_t i = index.FirstRow(text[0]); i != index.End; i = index.next[i]) {
+        const char16_t* candidate = rows[i].*name;
+        uint64_t same = 0;
+        while (candidate[same] != 0 && candidate[same] == text[same]) {
+            same++;
+        }
+        if (candidate[same] == 0 && same > *length) {
+            longest = &rows[i];
+            *length = same;
+        }
+    }
+    return longest;
+}
+
 }  // namespace tallymere

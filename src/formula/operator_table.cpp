@@ -144,20 +144,7 @@ const OperatorRow* FindWordOperator(const char16_t* text, uint64_t length) {
 }
 
 const OperatorRow* FindSymbolOperator(const char16_t* text, uint64_t* length) {
-    const OperatorRow* longest = nullptr;
-    *length = 0;
-    for (size_t i = Spellings.FirstRow(text[0]); i != Spellings.End; i = Spellings.next[i]) {
-        const OperatorRow& row = OperatorTable[i];
-        uint64_t same = 0;
-        while (row.spelling[same] != 0 && row.spelling[same] == text[same]) {
-            same++;
-        }
-        if (row.spelling[same] == 0 && same > *length) {
-            longest = &row;
-            *length = same;
-        }
-    }
-    return longest;
+    return FindLongestName(OperatorTable, &OperatorRow::spelling, Spellings, text, length);
 }
 
 }  // namespace tallymere
