@@ -14,11 +14,9 @@ namespace tallymere {
 
 namespace {
 
-// True when the `;` on top of the stack ends an argument of a function.
+// True when the `;` on top of the stack, with a value below it, ends an argument of a function.
 bool SeparatesArguments(const FormulaEvaluator& evaluator) {
-    if (StackKind(evaluator, 1) != TokenValue) {
-        return false;
-    }
+    TALLYMERE_REQUIRE(StackKind(evaluator, 1) == TokenValue);
     const TokenKind before = StackKind(evaluator, 2);
     return before == TokenSeparator ||
            (before == TokenLeftParen && StackKind(evaluator, 3) == TokenFunction);
