@@ -1,5 +1,5 @@
-// Angles in radians, degrees and gon: what the trigonometric functions of formulas do about units,
-// and that sin(180 degrees) is 0 and no rounding residue.
+// The trigonometric functions of formulas, with angles in radians, degrees and gon. Multiples of
+// the quarter turn are recognised, so that sin(180 degrees) is 0 and no rounding residue.
 //
 // Precondition of all functions here: the unit is not AngleUnit::None. Every destination may be the
 // argument. Results are rounded, and those that fail note the code of their routine in functions/.
@@ -22,7 +22,7 @@ enum class QuarterTurns {
 /// Zero is an even multiple. Beyond that only 1 <= |x| < 10^9 is looked at; smaller and larger
 /// angles are no multiples. A multiple in degrees or gon is one exactly. In radians, where the
 /// quarter turn is not exact, it may differ by less than 10^(e - p + 2), e being the exponent of x
-/// and p the precision; for p <= e + 2 that lets every angle pass.
+/// and p the precision; for p <= e + 2 every angle counts as a multiple.
 QuarterTurns ReduceAngleArgument(RealNumber* dest, const RealNumber* x, AngleUnit unit);
 
 /// dest = the angle x, in radians, in the unit.

@@ -14,8 +14,8 @@ void RationalAddTo(RationalNumber* a, const RationalNumber* b);
 void RationalSubtractFrom(RationalNumber* a, const RationalNumber* b);
 void RationalMultiplyBy(RationalNumber* a, const RationalNumber* b);
 
-/// A quotient with 0 is CalcErrorExactDivisionByZero. 0/0 is 0 without a code, as a divisor of one
-/// limb takes a way of its own.
+/// A division by 0 is CalcErrorExactDivisionByZero, but 0/0 is 0 without a code: divisors of one
+/// limb are divided by in a way of their own, which finds nothing to do in a 0.
 void RationalDivideBy(RationalNumber* a, const RationalNumber* b);
 
 /// The remainder, with the sign of the quotient: 7 mod (-2) is -1. CalcErrorExactDivisionByZero for

@@ -15,7 +15,7 @@ bool UintCubeRoot(uint64_t* dest, const uint64_t* x) {
 }
 
 // The denominator is always 0, so the function fails for every operand. It stays so, as no formula
-// can be after the fraction of an integer.
+// can have a use for the fraction of an integer.
 void UintFraction(uint64_t* dest, const uint64_t* x) {
     ScratchStackScope scope;
     uint64_t* words = scope.Take(RationalWords());

@@ -10,8 +10,8 @@ namespace tallymere {
 /// dest = the cube root of x, rounded down. True when it is exact.
 bool UintCubeRoot(uint64_t* dest, const uint64_t* x);
 
-/// dest = 0, always with CalcErrorExactDivisionByZero: frac of an integer takes the words of x for
-/// the sign, numerator and denominator of a fraction, with zeros behind them.
+/// dest = 0, always with CalcErrorExactDivisionByZero: x with zeros behind it is read as if it were
+/// a fraction, whose denominator then is 0.
 void UintFraction(uint64_t* dest, const uint64_t* x);
 
 /// Does nothing, so that dest keeps the number that it held before: round of an integer.
