@@ -76,7 +76,7 @@ Session::~Session() {
 }
 
 ConsoleAnswer Session::Answer(std::string_view bytes) {
-    // Nobody takes back what Ctrl+C asks for: it may have come before this formula.
+    // A stop that Ctrl+C asked for stays: it may have come shortly before this formula.
     ClearPendingErrors();
     if (bytes.size() > MaxLineBytes) {
         SetUiError(UiErrorInputTooLong);

@@ -36,7 +36,7 @@ struct CalculatorState {
     int64_t calcWorkingDigits = DefaultDigits + 2;
     int64_t calcIntegerDigits = 1;         ///< digits of integers; 1 for types that have none
     int64_t calcOutputBase = DecimalBase;  ///< of NumberBases; 10 unless the type is uint
-    /// The type in force, and that of calcResult until the result is stale.
+    /// The number type of the calculator; calcResult has it too as long as resultValid holds.
     NumberType calcResultType = NumberTypeReal;
     ResultForm resultForm = ResultAutomatic;
     bool ansAvailable = false;    ///< there was a result

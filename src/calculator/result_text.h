@@ -13,9 +13,9 @@ struct ResultStyle {
 /// that text, or, when it is too long for fixed notation, a text of UiText that says so, with an
 /// empty calcResultText. With a UiError pending calcResultText becomes empty and the result null.
 ///
-/// The context must be the one that calcResult was kept under. Notes CalcErrorUnknownType for a
-/// type without a text form, and CalcErrorBadParameter where the precision makes no notation
-/// window.
+/// The numbers must be set up as they were when calcResult was kept. Notes CalcErrorUnknownType for
+/// a type without a text form, and CalcErrorBadParameter for a precision above MaxFixedExponent,
+/// which makes no notation window.
 const char16_t* ShowResult(const ResultStyle& style);
 
 /// What the end of the calculating thread leads to: with no UiError pending the result is shown, as

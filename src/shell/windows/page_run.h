@@ -57,11 +57,13 @@ struct PageTask {
 struct PageRunControls {
     /// Starts PageRun::startTask. During a run it is Stop, or disabled if there is a stopButton.
     HWND startButton = nullptr;
-    /// Its caption while no run can be stopped; needed unless there is a stopButton.
+    /// The caption of the start button while it is not Stop; needed unless there is a stopButton.
     UiTextEntry startCaption = nullptr;
     /// A button of its own for Stop, which is enabled during a run alone.
     HWND stopButton = nullptr;
-    /// Further controls that are disabled during a run.
+    /// Further controls that are disabled during a run and enabled when the page is left, whatever
+    /// they were before. Among them must be all that set up numbers or report errors: the first
+    /// would change the numbers of the run, the second take back its errors and a stop.
     const HWND* disabled = nullptr;
     int32_t disabledCount = 0;
     /// Takes the texts of SendPageText.
