@@ -29,10 +29,10 @@ int32_t SliderPosition(ContainerControl slider) {
 }
 
 void HandleSlider(HWND slider, int32_t news) {
-    const NumberSetupScope scope(CalcNumberSetup());
     if (!MovesSlider(news)) {
         return;
     }
+    const NumberSetupScope scope(CalcNumberSetup());
     if (slider == ControlOf(ContainerTypeSlider)) {
         const NumberType type = TypeOfPosition(SliderPosition(ContainerTypeSlider));
         if (ChooseNumberType(settings, type, SelectedNumberBase(ControlOf(ContainerNumberBase)))) {
