@@ -29,6 +29,20 @@ TEST_F(CalculatorSettingsTest, StartsWithTheSettings) {
     EXPECT_FALSE(TakeDirty());
 }
 
+TEST_F(CalculatorSettingsTest, TheStartSetsTheCalculatorBack) {
+    calculator.ansAvailable = true;
+    calculator.resultBracket = true;
+    calculator.formulaTouched = true;
+    calculator.resultForm = ResultFixed;
+    calculator.calcResultText[0] = u'7';
+    StartCalculator(record_);
+    EXPECT_FALSE(calculator.ansAvailable);
+    EXPECT_FALSE(calculator.resultBracket);
+    EXPECT_FALSE(calculator.formulaTouched);
+    EXPECT_EQ(calculator.resultForm, ResultAutomatic);
+    EXPECT_EQ(calculator.calcResultText[0], 0);
+}
+
 TEST_F(CalculatorSettingsTest, TheFirstStartHasTenDigits) {
     StartCalculator(record_);
     EXPECT_EQ(record_.decimalPrecision, 10);
