@@ -201,6 +201,29 @@ TEST_F(PageRunTest, KeepsAllOtherWindowsAndButtonsOutOfReach) {
     EXPECT_TRUE(seen.pageEnabledDuringRun);
 }
 
+TEST_F(PageRunTest, LeavesAWindowDisabledThatWasDisabledBefore) {
+    EnableWindow(other, FALSE);
+    ClickStart();
+    LoopUntilIdle();
+    EXPECT_FALSE(IsEnabled(other)) << "it may wait for its message box";
+    EXPECT_TRUE(IsEnabled(dialog));
+    EnableWindow(other, TRUE);
+    ClickStart();
+    EXPECT_FALSE(IsEnabled(other));
+    LoopUntilIdle();
+    EXPECT_TRUE(IsEnabled(other));
+}
+
+TEST_F(PageRunTest, HearsClicksOfItsButtonsAlone) {
+    SendMessageW(page, WM_COMMAND, MAKEWPARAM(0, BN_SETFOCUS), reinterpret_cast<LPARAM>(start));
+    SendMessageW(page, WM_COMMAND, MAKEWPARAM(0, BN_CLICKED), reinterpret_cast<LPARAM>(clear));
+    // A command of a menu or key belongs to no control, and a page may have no start button.
+    run.controls.startButton = nullptr;
+    SendMessageW(page, WM_COMMAND, MAKEWPARAM(101, BN_CLICKED), 0);
+    EXPECT_EQ(run.states.phase, PageIdle);
+    EXPECT_TRUE(seen.steps.empty());
+}
+
 TEST_F(PageRunTest, StaysBusyForAMomentWhereThePageLeavesLater) {
     run.states.rules.leave = LeavesLater;
     ClickStart();
@@ -310,7 +333,7 @@ TEST_F(PageRunTest, WritesBehindTheTextWhereverTheCaretIs) {
     EXPECT_FALSE(SendMessageW(output, EM_CANUNDO, 0, 0));
 }
 
-// Looks at the other window each time that a message box comes up.
+// Looks at the other window, the page and the numbers each time that a message box comes up.
 class BoxWatch {
 public:
     BoxWatch() : hook_(SetWindowsHookExW(WH_CBT, Look, nullptr, GetCurrentThreadId())) {}
@@ -319,11 +342,17 @@ public:
     BoxWatch& operator=(const BoxWatch&) = delete;
 
     static inline bool otherEnabled;
+    static inline PagePhase phase;
+    static inline NumberSetup numbers;
+    static inline uint64_t* top;
 
 private:
     static LRESULT CALLBACK Look(int code, WPARAM wParam, LPARAM lParam) {
         if (code == HCBT_ACTIVATE && reinterpret_cast<HWND>(wParam) != run.page) {
             otherEnabled = IsEnabled(other);
+            phase = run.states.phase;
+            numbers = CurrentNumberSetup();
+            top = *CurrentScratchStack().top;
         }
         return CallNextHookEx(nullptr, code, wParam, lParam);
     }
@@ -342,12 +371,15 @@ TEST_F(PageRunTest, ReportsAnErrorOfTheRunBeforeOrAfterThePageIsLeft) {
         EXPECT_EQ(answer.boxes, 1);
         EXPECT_EQ(answer.text, "Overflow in prime number calculation!");
         EXPECT_EQ(watch.otherEnabled, leave == LeavesBeforeReport) << leave;
+        ExpectNumbers(watch.numbers, numbersBefore);
+        EXPECT_EQ(watch.top, topBefore);
         EXPECT_TRUE(seen.succeeded) << "a code of the arithmetic is taken after the results";
     }
 }
 
 TEST_F(PageRunTest, ReportsAnErrorOfTheInputUnderTheCodeOfThePageAndStartsNothing) {
     const MessageBoxAnswer answer;
+    const BoxWatch watch;
     task.fallback = UiErrorPrimeFactorOverflow;
     task.prepare = [] {
         ScratchTake(CurrentScratchStack(), 100);
@@ -355,6 +387,9 @@ TEST_F(PageRunTest, ReportsAnErrorOfTheInputUnderTheCodeOfThePageAndStartsNothin
     };
     ClickStart();
     EXPECT_EQ(answer.text, "Overflow in prime factor calculation!");
+    EXPECT_EQ(watch.phase, PageIdle) << "the page can be used behind the box";
+    ExpectNumbers(watch.numbers, numbersBefore);
+    EXPECT_EQ(watch.top, topBefore);
     task.prepare = [] { SetUiError(UiErrorInputTooLong); };
     ClickStart();
     EXPECT_EQ(answer.text, "The text entered is too long!");

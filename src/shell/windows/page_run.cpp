@@ -10,6 +10,10 @@ namespace tallymere {
 
 namespace {
 
+// Marks a window that was disabled before the run, such as one that waits for its message box. The
+// end of the run leaves it so.
+constexpr const char16_t* StaysDisabledProperty = u"TallymereStaysDisabled";
+
 // All windows but one, for EnumThreadWindows.
 struct OtherWindows {
     HWND page;
@@ -18,7 +22,12 @@ struct OtherWindows {
 
 BOOL CALLBACK EnableOtherWindow(HWND window, LPARAM parameter) {
     const auto* others = reinterpret_cast<const OtherWindows*>(parameter);
-    if (window != others->page) {
+    if (window == others->page) {
+        return TRUE;
+    }
+    if (!others->enable && !IsWindowEnabled(window)) {
+        SetPropW(window, ToWide(StaysDisabledProperty), window);
+    } else if (!others->enable || RemovePropW(window, ToWide(StaysDisabledProperty)) == nullptr) {
         EnableWindow(window, others->enable);
     }
     return TRUE;
