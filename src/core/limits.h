@@ -38,6 +38,9 @@ inline constexpr int64_t CalcRationalDigits = 10'000;
 /// given a width.
 inline constexpr int64_t MaxUintLimbs = 2'000;
 
+/// The widest that operations work for a while.
+inline constexpr int64_t MaxWorkingUintLimbs = 2 * MaxUintLimbs;
+
 /// The most digits that a width can be asked for.
 inline constexpr int64_t MaxUintDigits = 10'000'000'000;
 

@@ -144,9 +144,10 @@ struct UintWidth {
     int64_t limbs;   ///< of 64 bits
 };
 
-/// The width of so many limbs, 1 to 2 MaxUintLimbs: limbs * 64 * log10(2) digits, rounded down.
+/// The width of so many limbs, 1 to MaxWorkingUintLimbs: limbs * 64 * log10(2) digits, rounded
+/// down.
 constexpr UintWidth UintWidthForLimbs(int64_t limbs) {
-    TALLYMERE_REQUIRE(limbs >= 1 && limbs <= 2 * MaxUintLimbs);
+    TALLYMERE_REQUIRE(limbs >= 1 && limbs <= MaxWorkingUintLimbs);
     return {(limbs * 0x9A209A85) >> 27, limbs};
 }
 
@@ -155,10 +156,11 @@ inline UintWidth CurrentUintWidth() {
     return {numberContext.uintDigits, numberContext.uintLimbs};
 }
 
-/// True when integers of width.digits decimal digits fit width.limbs limbs.
+/// True for a width that a BigUint can have: 1 to MaxWorkingUintLimbs limbs, and no more decimal
+/// digits than surely fit.
 constexpr bool UintWidthIsConsistent(UintWidth width) {
-    return width.limbs >= 1 && width.digits >= 0 && width.digits <= MaxUintDigits &&
-           UintLimbsForDigits(width.digits) <= width.limbs;
+    return width.limbs >= 1 && width.limbs <= MaxWorkingUintLimbs && width.digits >= 0 &&
+           width.digits <= UintWidthForLimbs(width.limbs).digits;
 }
 
 /// Puts a width in force, whose digits must fit its limbs.

@@ -74,9 +74,7 @@ int64_t BigUintBitLength(const uint64_t* a) {
 }
 
 bool BigUintWidthIsWellFormed() {
-    const UintWidth width = CurrentUintWidth();
-    return width.limbs >= 1 && width.limbs <= MaxWorkingUintLimbs && width.digits >= 0 &&
-           width.digits <= UintWidthForLimbs(width.limbs).digits;
+    return UintWidthIsConsistent(CurrentUintWidth());
 }
 
 bool BigUintsAreSameOrApart(const uint64_t* a, const uint64_t* b) {

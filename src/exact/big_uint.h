@@ -22,12 +22,8 @@ namespace tallymere {
 /// Bits of a limb of a BigUint.
 inline constexpr int64_t BitsPerUintLimb = 64;
 
-/// The widest that operations work for a while: twice the widest that is ever set.
-inline constexpr int64_t MaxWorkingUintLimbs = 2 * MaxUintLimbs;
-
-/// True when the width in force is one that a BigUint can have: 1 to MaxWorkingUintLimbs limbs, and
-/// no more decimal digits than these are sure to hold. That is all there is to check, because every
-/// pattern of bits is a value.
+/// True when the width in force is one that a BigUint can have. That is all there is to check,
+/// because every pattern of bits is a value.
 bool BigUintWidthIsWellFormed();
 
 /// True when a and b are the same array, or do not overlap, at the width in force.

@@ -251,8 +251,17 @@ TEST(NumberContext, IsConsistentUnderEveryLayout) {
 }
 
 TEST(NumberContext, HasConsistentWidthsOfEveryLength) {
-    for (int64_t limbs = 1; limbs <= 2 * MaxUintLimbs; limbs++) {
-        EXPECT_TRUE(UintWidthIsConsistent(UintWidthForLimbs(limbs))) << limbs;
+    for (int64_t limbs = 1; limbs <= MaxWorkingUintLimbs; limbs++) {
+        const UintWidth width = UintWidthForLimbs(limbs);
+        EXPECT_TRUE(UintWidthIsConsistent(width)) << limbs;
+        EXPECT_TRUE(UintWidthIsConsistent({0, limbs})) << limbs;
+        EXPECT_FALSE(UintWidthIsConsistent({width.digits + 1, limbs})) << limbs;
+        EXPECT_FALSE(UintWidthIsConsistent({-1, limbs})) << limbs;
+    }
+    EXPECT_FALSE(UintWidthIsConsistent({0, 0}));
+    EXPECT_FALSE(UintWidthIsConsistent({19, MaxWorkingUintLimbs + 1}));
+    for (int64_t digits = 0; digits <= 38'000; digits++) {
+        EXPECT_TRUE(UintWidthIsConsistent({digits, UintLimbsForDigits(digits)})) << digits;
     }
 }
 

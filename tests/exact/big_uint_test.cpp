@@ -78,26 +78,6 @@ TEST(BigUintBasics, ClearCopyAndFromWordWriteEveryLimb) {
     }
 }
 
-TEST(BigUintBasics, WidthsAreWellFormedUpToTwiceTheWidestWithTheDigitsThatFit) {
-    const auto isWellFormed = [](UintWidth width) {
-        const UintWidthScope scope;
-        InstallUintWidth(width);
-        return BigUintWidthIsWellFormed();
-    };
-    for (const int64_t limbs : {1, 2, 26, 65, 520, 1039, 2000, 4000}) {
-        const UintWidth width = UintWidthForLimbs(limbs);
-        EXPECT_TRUE(isWellFormed(width)) << limbs;
-        EXPECT_TRUE(isWellFormed({0, limbs})) << limbs;
-        EXPECT_FALSE(isWellFormed({width.digits + 1, limbs})) << limbs;
-        EXPECT_FALSE(isWellFormed({-1, limbs})) << limbs;
-    }
-    EXPECT_FALSE(isWellFormed({0, 0}));
-    EXPECT_FALSE(isWellFormed({19, MaxWorkingUintLimbs + 1}));
-    for (const int64_t digits : {38, 500, 1252, 10'000, 20'000}) {
-        EXPECT_TRUE(isWellFormed({digits, UintLimbsForDigits(digits)})) << digits;
-    }
-}
-
 TEST(BigUintBasics, ValuesAreTheSameOrApart) {
     WidthScope scope(3);
     const uint64_t limbs[9] = {};

@@ -35,7 +35,8 @@ protected:
 
 TEST_F(ExactContracts, RefuseAWidthThatNoIntegerHas) {
     const auto clearAtWidth = [this](UintWidth width) {
-        InstallUintWidth(width);
+        numberContext.uintDigits = width.digits;
+        numberContext.uintLimbs = width.limbs;
         BigUintClear(a_);
     };
     EXPECT_DEATH(clearAtWidth({0, 0}), "BigUintWidthIsWellFormed");
