@@ -38,7 +38,7 @@ TEST_BUILDS = [
 QUICK_BUILDS = [("linux-release", "optimised")]
 WINDOWS_BUILDS = [("windows-release", "Windows")]
 # Rooms of tests that make windows; tests/CMakeLists.txt has the same pattern.
-WINDOW_ROOMS = re.compile(r"toolkit|[a-z]+_windows")
+WINDOW_ROOMS = re.compile(r"toolkit|[a-z_]+_windows")
 # What scripts ask, beside the test program that each room with *_test.cpp has.
 SCRIPT_TARGETS = {
     "console": ["tallymere-console"],

@@ -297,7 +297,9 @@ TEST_F(PageRunTest, NewsOfNoRunEndNone) {
 TEST_F(PageRunTest, AStopButtonOfItsOwnIsEnabledDuringTheRunAlone) {
     run.controls.stopButton = stop;
     run.controls.startCaption = nullptr;
-    EnableWindow(stop, FALSE);
+    SendMessageW(page, WM_SHOWWINDOW, TRUE, 0);
+    EXPECT_TRUE(IsEnabled(start));
+    EXPECT_FALSE(IsEnabled(stop)) << "the page is shown for the first time";
     task.work = RunUntilStopped;
     ClickStart();
     EXPECT_EQ(TextOf(start), "Start");

@@ -180,6 +180,12 @@ bool HandlePageRun(PageRun& run, UINT message, WPARAM wParam, LPARAM lParam, boo
             KillTimer(run.page, wParam);
             EndTimer(run, static_cast<PageTimer>(wParam));
             return true;
+        case WM_SHOWWINDOW:
+            // From its first moment on the screen a page shows its buttons as they are while idle.
+            if (wParam != 0 && run.states.phase == PageIdle) {
+                ShowButtons(run.controls, false);
+            }
+            return false;
         case WM_COMMAND:
             return HIWORD(wParam) == BN_CLICKED && HandleClick(run, reinterpret_cast<HWND>(lParam));
         case WM_CLOSE:
@@ -195,6 +201,9 @@ void StartPageRun(PageRun& run, const PageTask& task) {
     TALLYMERE_REQUIRE(run.page != nullptr);
     TALLYMERE_REQUIRE(task.numberSetup != nullptr && task.prepare != nullptr);
     TALLYMERE_REQUIRE(task.work != nullptr && task.finish != nullptr);
+    TALLYMERE_REQUIRE(task.fallback != UiErrorNone);
+    TALLYMERE_REQUIRE(run.controls.startButton == nullptr || run.controls.stopButton != nullptr ||
+                      run.controls.startCaption != nullptr);
     if (!BeginPage(run.states)) {
         return;
     }

@@ -2,7 +2,10 @@
 // page is and how it differs from others, and for each thing that it calculates a PageTask:
 //
 //     const PageTask task = {SetupOfPage, ReadInput, Solve, ShowSolutions, UiErrorCalculation};
-//     PageRun run = {.page = window, .startTask = &task, .controls = {.startButton = ...}};
+//     PageRun run = {.page = window,
+//                    .startTask = &task,
+//                    .controls = {.startButton = ..., .startCaption = &UiText::TextBtnStart},
+//                    .states = {.rules = {StopFromTheStart, LeavesAtOnce}}};
 //
 //     LRESULT PageProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault)
 //     {
@@ -47,7 +50,8 @@ struct PageTask {
     /// Calculates. May raise a UiError.
     PageWorker work;
     /// Shows the results. `succeeded` is false when a UiError is pending: the run raised one or was
-    /// stopped.
+    /// stopped. It is true where the arithmetic alone noted a code, which is reported after this:
+    /// look at NumberContext::calcError before a number is shown.
     void (*finish)(bool succeeded);
     /// What a code of the arithmetic is reported as, see TakeCalcError.
     UiErrorCode fallback;
