@@ -71,7 +71,7 @@ class OperationListTest(ConsoleCase):
     def test_operators_stand_by_their_levels(self):
         rows = [line.split("  ", 2)[1] for line in self.lists["Operators"]]
         self.assertEqual("^", rows[0])
-        self.assertIn("* / mod", rows[1:-1])
+        self.assertTrue(any({"*", "/", "mod"} <= set(row.split()) for row in rows[1:-1]), rows)
         self.assertEqual("+ -", rows[-1])
 
     def test_constants_are_those_of_the_types_that_have_them(self):

@@ -1,5 +1,7 @@
 #include "support/formula_exact_oracle.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 
 #include "core/text_flags.h"
@@ -13,6 +15,11 @@ using Text = std::u16string;
 
 bool IsOneOf(const Text& word, std::initializer_list<const char16_t*> words) {
     return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+void FailAsUnknown(const Text& operation) {
+    ADD_FAILURE() << ::testing::PrintToString(operation)
+                  << " is missing in tests/support/formula_exact_oracle.cpp";
 }
 
 Integer IntegerOf(const std::string& text) {
@@ -87,10 +94,12 @@ void CombineUint(const Text& operation, ModelValue& a, const ModelValue& b) {
         expected.Refuse(CalcErrorExactDivisionByZero);
     } else if (operation == u"mod") {
         mpz_fdiv_r(expected.value, x, y);
-    } else {
+    } else if (operation == u"/") {
         Integer remainder;
         mpz_fdiv_qr(expected.value, remainder, x, y);
         expected.exact = remainder.Sign() == 0;
+    } else {
+        FailAsUnknown(operation);
     }
     TakeFloor(a, expected);
 }
@@ -252,6 +261,8 @@ void CombineFractions(const Text& operation, ModelValue& a, const ModelValue& b)
     } else if (operation == u"mod") {
         ExpectedRational quotient;
         ExpectDivMod(quotient, expected, x, y);
+    } else if (operation != u"^") {
+        FailAsUnknown(operation);
     } else if ((IsInteger(x, 2) || IsInteger(x, 10)) && !y.IsWhole()) {
         expected.Refuse(CalcErrorUndefined);
     } else {

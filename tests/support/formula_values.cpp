@@ -1,5 +1,7 @@
 #include "support/formula_values.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <map>
 
@@ -421,8 +423,11 @@ void Combine(const Text& operation, ModelValue& a, const ModelValue& b) {
         Divide(a, b);
     } else if (operation == u"^") {
         Power(a, b);
-    } else {
+    } else if (operation == u"mod") {
         Remainder(a, b);
+    } else {
+        ADD_FAILURE() << ::testing::PrintToString(operation)
+                      << " is missing in tests/support/formula_values.cpp";
     }
 }
 

@@ -121,20 +121,6 @@ class DocsTest(unittest.TestCase):
         for readme in (ROOT / "src").rglob("*/README.md"):
             self.assertIn(f"({readme.relative_to(ROOT / 'src')})", text)
 
-    def test_the_readme_lists_the_functions_of_formulas(self):
-        readme = (ROOT / "README.md").read_text(encoding="utf-8")
-        sentence = re.search(r"`ans`, parentheses and `([^`]+)`", readme).group(1)
-        self.assertEqual(operators(), set(sentence.split()))
-        table = readme[readme.index(sentence):].split("\n\n")[1]
-        told = dict(re.findall(r"`(\w+)(?:\(([^)]*)\))?`", table))
-        for name, parameters in functions().items():
-            with self.subTest(function=name):
-                in_another_unit = name[:-1] in functions() and name[-1] in "dg"
-                self.assertTrue(name in told or in_another_unit)
-                self.assertIn(told.get(name), (None, "", parameters))
-        self.assertEqual(set(), set(told) - set(functions()) - constants() - {"d", "g", "i"})
-        self.assertLessEqual(constants(), set(told))
-
     def test_there_is_something_to_check(self):
         names = [name for _, name in all_names()]
         self.assertGreater(sum(map(is_path, names)), 100)
