@@ -16,7 +16,9 @@ struct NumberBase {
     int32_t base;           ///< 2 to 16
     char16_t prefixLetter;  ///< small, written behind "0" before a number; 0: there is no prefix
     int32_t groupSize;      ///< digits between two group separators
-    uint32_t styleBit;      ///< of a list that offers the base; 0: every list offers it
+    /// Of a list that offers the base; 0: every list offers it. NumberBaseStyle in
+    /// layout/number_base_layout.h has the bits that are taken.
+    uint32_t styleBit;
 };
 
 /// In the order in which lists offer them.

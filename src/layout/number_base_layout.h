@@ -38,7 +38,8 @@ constexpr bool AreNumberBaseStylesDifferent() {
     }
     return true;
 }
-static_assert(AreNumberBaseStylesDifferent(), "two rows of NumberBases have the same styleBit");
+static_assert(AreNumberBaseStylesDifferent(),
+              "a styleBit of NumberBases is taken, by another row or by NumberBaseStyle");
 
 inline constexpr LayoutSize NumberBaseSize = {98, 42};
 

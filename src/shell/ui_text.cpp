@@ -14,7 +14,8 @@ constexpr uint32_t PrimaryLanguageMask = 0x3FF;
 // The text of an entry in one of its columns.
 template <size_t Count>
 constexpr const char16_t* TextOf(Language language, const char16_t* const (&columns)[Count]) {
-    static_assert(Count == LanguageCount, "each entry has a text in every language");
+    static_assert(Count == LanguageCount,
+                  "columns of ui_text_entries.inc and rows of languages.h differ in number");
     return columns[ColumnOfLanguage(language)];
 }
 

@@ -34,7 +34,8 @@ enum Language : int32_t {
     LanguageGerman = 3,
 };
 
-/// Assign all entries.
+/// Assign all entries. Short forms for callers that want just these two; a further language needs
+/// none, since InstallLanguage reads the table of languages.
 void FillUiTextEnglish();
 void FillUiTextGerman();
 

@@ -21,6 +21,7 @@ sys.dont_write_bytecode = True
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
 from console_support import (CONSOLE, NATIVE, SECONDS, SEED, TOO_LONG, ConsoleCase,  # noqa: E402
                              error_line, keep_console_waiting, run, shown, start)
+from help_pages import LANGUAGES, number_bases  # noqa: E402
 from program_build import project_version  # noqa: E402
 
 OPTIONS = ["--type", "--digits", "--base", "--lower-hex", "--form", "--group", "--decimal",
@@ -251,11 +252,11 @@ class BadOptionTest(ConsoleCase):
     def test_values_that_are_not_in_the_list(self):
         choices = {
             "--type": "real, cplx, uint, rat",
-            "--base": "2, 8, 10, 16",
+            "--base": ", ".join(number_bases()),
             "--form": "auto, fixed, scientific, mixed",
             "--decimal": "point, comma",
             "--thousands": "point, comma, apostrophe, narrow-space",
-            "--language": "en, de",
+            "--language": ", ".join(LANGUAGES),
         }
         for option, allowed in choices.items():
             self.refuse([option, "nonsense"], f'{option}: "nonsense"', "allowed: " + allowed)

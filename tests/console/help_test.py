@@ -13,10 +13,8 @@ sys.dont_write_bytecode = True
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
 from console_support import keep_console_waiting, run  # noqa: E402
 from help_pages import (FOLDER, LANGUAGES, constants, examples, functions,  # noqa: E402
-                        main_of, page_paths, signatures, words)
+                        main_of, page_paths, separator_options, signatures, words)
 
-SEPARATORS = {"en": ["--decimal", "point", "--thousands", "comma"],
-              "de": ["--decimal", "comma", "--thousands", "point"]}
 TYPES = ("real", "cplx", "uint", "rat")
 # A call that has a value in every type that knows the function, where 1 for each argument has none.
 CALLS = {"atanh": "atanh(0)", "logx": "logx(2; 2)", "sqrtc": "sqrtc(1; 0)",
@@ -31,7 +29,7 @@ def setUpModule():
 
 def ask(language, options, formulas):
     """The answers to formulas, each as (text, whether it is an error's message)."""
-    lines, errors, _ = run(["--language", language, *SEPARATORS[language], *options],
+    lines, errors, _ = run(["--language", language, *separator_options(language), *options],
                            "\n".join(formulas).encode())
     assert errors == "", errors
     answers = []

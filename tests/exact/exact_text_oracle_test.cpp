@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "core/number_bases.h"
 #include "core/number_scanner.h"
 #include "exact/big_uint_text.h"
 #include "exact/rational_text.h"
@@ -18,8 +19,6 @@ using namespace testing_support;
 
 using Text = std::u16string;
 using TextView = std::u16string_view;
-
-constexpr uint32_t Bases[] = {2, 8, 10, 16};
 
 // Puts separators in force of which no character has two meanings.
 class SeparatorScope {
@@ -101,19 +100,26 @@ Text Scientific(Text digits, uint32_t flags) {
 Text ExpectedDigits(mpz_srcptr value, uint32_t flags, CalcError* code) {
     const uint32_t base = (flags & TextBaseMask) == 0 ? 10 : flags & TextBaseMask;
     const bool scientific = (flags & TextScientific) != 0;
-    if (std::find(std::begin(Bases), std::end(Bases), base) == std::end(Bases) ||
-        (scientific && base != 10)) {
+    const OracleBase* row = FindOracleBase(base);
+    if (row == nullptr || (scientific && base != 10)) {
         *code = CalcErrorBadParameter;
         return u"[P]";
     }
     const Text digits = DigitsOf(value, base, (flags & TextLowerHex) != 0);
-    return scientific ? Scientific(digits, flags) : Grouped(digits, base == 10 ? 3 : 4, flags);
+    return scientific ? Scientific(digits, flags) : Grouped(digits, row->groupSize, flags);
+}
+
+// Mostly a base of integers, often the decimal one with and without its number, rarely none.
+uint32_t RandomBase(RandomSource& random) {
+    if (random.Below(200) == 0) {
+        return static_cast<uint32_t>(random.Below(256));
+    }
+    return random.Below(3) == 0 ? static_cast<uint32_t>(random.Below(2) * 10)
+                                : OracleBases[random.Below(std::size(OracleBases))].base;
 }
 
 uint32_t OutputFlags(RandomSource& random) {
-    constexpr uint32_t bases[] = {0, 2, 8, 10, 10, 10, 16, 16};
-    const uint32_t base = random.Below(200) == 0 ? static_cast<uint32_t>(random.Below(256))
-                                                 : bases[random.Below(std::size(bases))];
+    const uint32_t base = RandomBase(random);
     uint32_t flags = base | RandomFlags(random, {TextGroup, TextPlainSeparators, TextAlwaysSign,
                                                  TextNoExponentPlus, TextLowerHex, TextStripZeros,
                                                  TextNoTerminator});
@@ -148,6 +154,14 @@ void JudgeWriting(RandomSource& random, const Text& expected, CalcError code, in
     const bool terminated = (flags & TextNoTerminator) == 0;
     ASSERT_TRUE(!terminated || buffer[wanted.size()] == 0) << Narrow(expected);
     ASSERT_EQ(buffer.back(), Untouched);
+}
+
+TEST(ExactTextOracle, KnowsTheBasesOfTheProgram) {
+    for (const NumberBase& row : NumberBases) {
+        EXPECT_NE(FindOracleBase(static_cast<uint32_t>(row.base)), nullptr)
+            << row.base << " is missing in tests/support/exact_text_oracle.h";
+    }
+    EXPECT_EQ(std::size(OracleBases), std::size(NumberBases));
 }
 
 TEST(ExactTextOracle, IntegersAreWrittenDigitByDigit) {
@@ -226,7 +240,7 @@ Text RandomIntegerText(RandomSource& random, uint32_t base) {
         const uint64_t beside = random.Below(3);
         random.Below(2) == 0 ? mpz_add_ui(value, value, beside) : mpz_sub_ui(value, value, beside);
     }
-    const uint32_t written = base == 2 || base == 8 || base == 16 ? base : 10;
+    const uint32_t written = FindOracleBase(base) != nullptr ? base : 10;
     Text text = DigitsOf(value, written, random.Below(2) == 0);
     if (written == 10 && random.Below(3) == 0) {
         const size_t zeros = random.Below(4) == 0 ? text.size() : text.find_last_not_of(u'0') + 1;
@@ -284,9 +298,7 @@ void DropGroupMarksOfExponent(Text& text) {
 }
 
 uint32_t InputFlags(RandomSource& random) {
-    constexpr uint32_t bases[] = {0, 2, 8, 10, 10, 10, 16, 16};
-    const uint32_t base = random.Below(200) == 0 ? static_cast<uint32_t>(random.Below(256))
-                                                 : bases[random.Below(std::size(bases))];
+    const uint32_t base = RandomBase(random);
     return base | (random.Below(4) != 0 ? TextGroup : 0) |
            (random.Below(3) == 0 ? TextPlainSeparators : 0);
 }

@@ -124,6 +124,8 @@ TEST_P(EveryFunction, HasTheValueOfTheModelOrItsRefusal) {
 }
 
 TEST_P(EveryFunction, IsEvaluatedOrRefusedInExactTypes) {
+    EXPECT_EQ(ExactFunctions.contains(name_), row_.routines.uint != nullptr)
+        << "the list ExactFunctions of this file lacks it, or has it in vain";
     const std::u16string call = CallOf(row_);
     for (const NumberType type : {NumberTypeUint, NumberTypeRational}) {
         FormulaScope scope(type, 3);

@@ -90,8 +90,8 @@ TEST(LanguageTable, EachLanguageHasTextsOfItsOwn) {
         for (const LanguageRow& other : Languages) {
             if (&other != &row) {
                 InstallLanguage(other.language);
-                EXPECT_NE(std::u16string(own.TextMenuExit), uiText.TextMenuExit);
-                EXPECT_NE(std::u16string(own.TextOptLanguage), uiText.TextOptLanguage);
+                EXPECT_NE(std::u16string(own.TextMenuExit), uiText.TextMenuExit) << row.code;
+                EXPECT_NE(std::u16string(own.TextOptLanguage), uiText.TextOptLanguage) << row.code;
             }
         }
     }

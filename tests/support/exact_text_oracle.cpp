@@ -11,8 +11,6 @@ namespace {
 
 using TextView = std::u16string_view;
 
-constexpr uint32_t Bases[] = {2, 8, 10, 16};
-
 int DigitValue(char16_t c) {
     if (c >= u'0' && c <= u'9') {
         return c - u'0';
@@ -35,8 +33,7 @@ public:
     }
 
     void Read(ExpectedUint& expected) {
-        if (std::find(std::begin(Bases), std::end(Bases), static_cast<uint32_t>(base_)) ==
-            std::end(Bases)) {
+        if (FindOracleBase(static_cast<uint32_t>(base_)) == nullptr) {
             expected.Refuse(CalcErrorBadParameter);
         } else if (!Divide()) {
             expected.Refuse(CalcErrorSyntax);
@@ -148,6 +145,15 @@ private:
 };
 
 }  // namespace
+
+const OracleBase* FindOracleBase(uint32_t base) {
+    for (const OracleBase& row : OracleBases) {
+        if (row.base == base) {
+            return &row;
+        }
+    }
+    return nullptr;
+}
 
 void ReadUintText(ExpectedUint& expected, TextView text, uint32_t flags) {
     DenotedInteger(text, flags).Read(expected);

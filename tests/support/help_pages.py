@@ -17,8 +17,39 @@ FOLDER = ROOT / "help" / "Tallymere"
 LANGUAGES = tuple(re.findall(r'\{Language\w+, "(\w+)"',
                              (ROOT / "src/shell/languages.h").read_text(encoding="utf-8")))
 VOID = {"br", "link", "meta"}
-# A page in German writes numbers with a comma and groups with a point, one in English the reverse.
 EXCHANGE_SEPARATORS = str.maketrans(".,", ",.")
+
+
+def number_bases():
+    """The bases of integers, as texts in the order of the program's table."""
+    table = (ROOT / "src/core/number_bases.h").read_text(encoding="utf-8")
+    rows = table[table.index("NumberBases[] = {"):].split("};")[0]
+    return re.findall(r"^\s*\{(\d+),", rows, re.MULTILINE)
+
+
+@dataclass(frozen=True)
+class LanguageHabits:
+    """How pages in a language write what is no text of the program."""
+
+    decimal: str  # as options of tallymere-console have it; groups have the other one
+    return_key: str  # the key of the keyboard
+    all_types: str  # what stands for all number types
+
+
+# A row for each language of the program; LanguageTest says which is missing.
+HABITS = {"en": LanguageHabits("point", "Return", "all"),
+          "de": LanguageHabits("comma", "Eingabetaste", "alle")}
+
+
+def separator_options(language):
+    """The options of tallymere-console with which it writes numbers as pages in a language do."""
+    decimal = HABITS[language].decimal
+    return ["--decimal", decimal, "--thousands", "comma" if decimal == "point" else "point"]
+
+
+def in_english(text, language):
+    """A formula or number of a page as a page in English writes it."""
+    return text.translate(EXCHANGE_SEPARATORS) if HABITS[language].decimal == "comma" else text
 
 
 @dataclass

@@ -20,7 +20,9 @@ ROOT = Path(__file__).resolve().parents[2]
 SCRIPT = ROOT / "tools" / "compare_answers"
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(ROOT / "tools"))
+sys.path.insert(0, str(ROOT / "tests" / "support"))
 import answer_corpus  # noqa: E402
+from help_pages import constants, functions, operators  # noqa: E402
 
 
 def script_as_module():
@@ -49,6 +51,12 @@ class CorpusTest(unittest.TestCase):
             self.assertGreater(len(lines), 4000, number_type)
             formulas += len(lines)
         self.assertGreaterEqual(formulas, 20_000)
+
+    def test_it_knows_all_functions_operators_and_constants_of_the_program(self):
+        missing = "missing in tools/answer_corpus.py"
+        self.assertEqual(set(), set(functions()) - set(answer_corpus.FUNCTIONS), missing)
+        self.assertEqual(set(), operators() - set(answer_corpus.OPERATORS), missing)
+        self.assertEqual(set(), constants() - set(answer_corpus.CONSTANTS), missing)
 
     def test_each_type_meets_all_functions_operators_and_constants(self):
         for number_type in ("real", "cplx", "uint", "rat"):

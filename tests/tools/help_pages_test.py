@@ -12,8 +12,8 @@ from pathlib import Path
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
-from help_pages import (EXCHANGE_SEPARATORS, FOLDER, LANGUAGES, ROOT,  # noqa: E402
-                        Element, Key, PageParser, captions, constants, examples, functions,
+from help_pages import (FOLDER, HABITS, LANGUAGES, ROOT, Element, Key,  # noqa: E402
+                        PageParser, captions, constants, examples, functions, in_english,
                         is_formula, keypad, main_of, operators, page_name, page_paths, parse,
                         program_texts, signatures, words)
 
@@ -54,8 +54,8 @@ def inline_marks(element, language):
             attributes = {name: (value or "").replace(f"_{language}.html", "_??.html")
                           for name, value in child.attributes.items()}
             text = child.text() if child.tag in ("code", "sup", "var") else ""
-            if language == "de" and attributes.get("class") != "file":
-                text = text.translate(EXCHANGE_SEPARATORS)
+            if attributes.get("class") != "file":
+                text = in_english(text, language)
             marks[child.tag, tuple(sorted(attributes.items())), text] += 1
             marks += inline_marks(child, language)
     return marks
@@ -180,13 +180,13 @@ class LinkTest(unittest.TestCase):
                 [(heading.attributes["id"], words(heading)) for heading in page.find("h2")],
                 [(link.attributes["href"][1:], words(link)) for link in contents.find("a")], name)
 
-    def test_every_page_links_to_all_of_its_language_and_to_its_twin(self):
-        for language, other in (LANGUAGES, LANGUAGES[::-1]):
+    def test_every_page_links_to_all_of_its_language_and_to_its_twins(self):
+        for language in LANGUAGES:
             for path in page_paths(language):
-                links = set(self.links(path.name))
-                for page in page_paths(language):
-                    self.assertIn(page.name, links)
-                self.assertIn(f"{page_name(path)}_{other}.html", links)
+                twins = {f"{page_name(path)}_{other}.html" for other in LANGUAGES}
+                wanted = {page.name for page in page_paths(language)} | twins
+                with self.subTest(page=path.name):
+                    self.assertEqual(set(), wanted - {path.name} - set(self.links(path.name)))
 
     def test_the_style_sheet_stands_alone(self):
         style = (FOLDER / "style.css").read_text(encoding="utf-8")
@@ -200,29 +200,43 @@ class LinkTest(unittest.TestCase):
 
 
 class LanguageTest(unittest.TestCase):
-    def test_both_languages_have_the_same_pages(self):
-        english, german = ([page_name(path) for path in page_paths(language)]
-                           for language in LANGUAGES)
-        self.assertEqual(english, german)
+    def pairs(self):
+        """(language, page in English, the same page in the language) of all others."""
+        for language in LANGUAGES[1:]:
+            for english in page_paths(LANGUAGES[0]):
+                yield language, english, FOLDER / f"{page_name(english)}_{language}.html"
 
-    def test_both_languages_have_the_same_structure(self):
-        for english, german in zip(page_paths("en"), page_paths("de")):
-            for one, other in zip(structure(main_of(english), "en"),
-                                  structure(main_of(german), "de"), strict=True):
-                with self.subTest(page=page_name(english)):
-                    self.assertEqual(one, other)
+    def test_every_language_has_its_habits(self):
+        self.assertEqual(set(), set(LANGUAGES) - set(HABITS),
+                         "missing in HABITS of tests/support/help_pages.py")
 
-    def test_both_languages_have_the_same_examples(self):
-        for english, german in zip(page_paths("en"), page_paths("de")):
-            for one, other in zip(examples(english), examples(german), strict=True):
-                with self.subTest(page=page_name(english), formula=one.formula):
-                    self.assertEqual(one.formula, other.formula.translate(EXCHANGE_SEPARATORS))
+    def test_all_languages_have_the_same_pages(self):
+        self.assertEqual("en", LANGUAGES[0])
+        for language in LANGUAGES:
+            self.assertEqual([page_name(path) for path in page_paths("en")],
+                             [page_name(path) for path in page_paths(language)], language)
+
+    def test_all_languages_have_the_same_structure(self):
+        for language, english, other in self.pairs():
+            for one, two in zip(structure(main_of(english), "en"),
+                                structure(main_of(other), language), strict=True):
+                with self.subTest(page=other.name):
+                    self.assertEqual(one, two)
+
+    def test_all_languages_have_the_same_examples(self):
+        for language, english, other in self.pairs():
+            formulas = [[example.formula for example in examples(english)],
+                        [in_english(example.formula, language) for example in examples(other)]]
+            with self.subTest(page=other.name):
+                self.assertEqual(*formulas)
+            for one, two in zip(examples(english), examples(other)):
+                with self.subTest(page=other.name, formula=one.formula):
                     self.assertEqual(one.options, tuple(
-                        option.translate(EXCHANGE_SEPARATORS) for option in other.options))
-                    self.assertEqual(one.is_message, other.is_message)
-                    self.assertEqual(one.session is None, other.session is None)
+                        in_english(option, language) for option in two.options))
+                    self.assertEqual(one.is_message, two.is_message)
+                    self.assertEqual(one.session is None, two.session is None)
                     if not one.is_message:
-                        self.assertEqual(one.result, other.result.translate(EXCHANGE_SEPARATORS))
+                        self.assertEqual(one.result, in_english(two.result, language))
 
 
 class ProgramTest(unittest.TestCase):
@@ -284,9 +298,6 @@ class CalculatorPageTest(unittest.TestCase):
         cls.pages = {language: main_of(FOLDER / f"calculator_{language}.html")
                      for language in LANGUAGES}
 
-    def in_english(self, text, language):
-        return text.translate(EXCHANGE_SEPARATORS) if language == "de" else text
-
     def told_keys(self, language):
         for table in self.pages[language].find("table"):
             if table.attributes.get("class") == "keys":
@@ -297,7 +308,7 @@ class CalculatorPageTest(unittest.TestCase):
                         captions(keys))
                     for caption, text in zip(captions(keys), inserted, strict=True):
                         for kind in kinds.attributes["data-types"].split():
-                            yield Key(caption, kind, self.in_english(text, language))
+                            yield Key(caption, kind, in_english(text, language))
 
     def test_the_keys_of_all_types_are_found(self):
         count = Counter(key.kind for key in self.keys)
@@ -310,14 +321,14 @@ class CalculatorPageTest(unittest.TestCase):
 
     def test_types_are_named_as_the_program_names_them(self):
         texts = program_texts()
-        for language, everywhere in (("en", "all"), ("de", "alle")):
+        for language in LANGUAGES:
             names = {kind: texts[f"TextCalc{kind.capitalize()}"][language]
                      for kind in ("rat", "real", "cplx")} | {"uint": "uint"}
             for cell in self.pages[language].walk():
                 if "data-types" in cell.attributes:
                     kinds = cell.attributes["data-types"].split()
                     self.assertEqual(
-                        everywhere if len(kinds) == 4 else ", ".join(map(names.get, kinds)),
+                        HABITS[language].all_types if len(kinds) == 4 else ", ".join(map(names.get, kinds)),
                         words(cell))
 
     def test_pressed_keys_make_the_formula_beside_them(self):
@@ -331,7 +342,7 @@ class CalculatorPageTest(unittest.TestCase):
                 formula = next(code for code in cell.parent.find("code") if is_formula(code))
                 with self.subTest(language=language, formula=formula.text()):
                     self.check_pressed(captions(cell), cell.nearest("data-type"),
-                                       self.in_english(formula.text(), language),
+                                       in_english(formula.text(), language),
                                        cell.nearest("data-options"))
 
     def check_pressed(self, pressed, kind, formula, options):
@@ -350,9 +361,8 @@ class CalculatorPageTest(unittest.TestCase):
 
     def test_keys_that_are_named_exist(self):
         known = {key.caption for key in self.keys} | {"sind", "sing", "Stop", "Aa", "[ ]"}
-        of_the_keyboard = {"en": {"Return"}, "de": {"Eingabetaste"}}
         for language, page in self.pages.items():
-            self.assertLessEqual(set(captions(page)), known | of_the_keyboard[language])
+            self.assertLessEqual(set(captions(page)), known | {HABITS[language].return_key})
 
     def test_every_control_of_the_dialog_of_variables_is_told(self):
         form = (ROOT / "src/calculator/variables_form.h").read_text(encoding="utf-8")
