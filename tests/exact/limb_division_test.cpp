@@ -163,7 +163,8 @@ TEST(PrepareDivisor, MovesTheHighestBitToTheTop) {
         EXPECT_EQ(divisor.reciprocal, WideReciprocal({b[2], b[1]}));
     }
     Limbs one = {3};
-    EXPECT_EQ(PrepareDivisor(one.data(), one.data(), 1).reciprocal, WordReciprocal(one[0]));
+    const UintLimbDivisor ofOne = PrepareDivisor(one.data(), one.data(), 1);
+    EXPECT_EQ(ofOne.reciprocal, WordReciprocal(one[0]));
 }
 
 TEST(UintLimbDivisor, IsWellFormedWithItsReciprocalAndItsHighestBit) {
