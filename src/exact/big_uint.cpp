@@ -5,8 +5,8 @@
 #include <cstring>
 
 #include "core/contract.h"
+#include "core/limb_tools.h"
 #include "core/wide_arithmetic.h"
-#include "exact/limb_division.h"
 
 namespace tallymere {
 
@@ -78,8 +78,7 @@ bool BigUintWidthIsWellFormed() {
 }
 
 bool BigUintsAreSameOrApart(const uint64_t* a, const uint64_t* b) {
-    const int64_t n = numberContext.uintLimbs;
-    return a == b || UintLimbsAreApart(a, n, b, n);
+    return SameOrApart(a, b, numberContext.uintLimbs);
 }
 
 bool BigUintIsZero(const uint64_t* a) {

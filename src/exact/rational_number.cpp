@@ -1,6 +1,7 @@
 #include "exact/rational_number.h"
 
 #include "core/contract.h"
+#include "core/limb_tools.h"
 #include "core/scratch.h"
 #include "exact/big_uint.h"
 #include "exact/big_uint_gcd.h"
@@ -54,7 +55,7 @@ bool RationalHasValue(const RationalNumber* q) {
 }
 
 bool RationalsAreSameOrApart(const RationalNumber* a, const RationalNumber* b) {
-    return a == b || UintLimbsAreApart(&a->sign, RationalWords(), &b->sign, RationalWords());
+    return SameOrApart(&a->sign, &b->sign, RationalWords());
 }
 
 bool RationalIsInLowestTerms(const RationalNumber* q) {

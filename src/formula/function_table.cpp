@@ -117,24 +117,13 @@ void Rational(const FunctionCall& call) {
     Routine(RationalAt(call.dest), RationalAt(call.arguments[0]), RationalAt(call.arguments[1]));
 }
 
-// Calls the routine of real, which a row with these rules has, with the real parts, or with the
-// imaginary parts, of all values.
-void CallRealOnRealParts(const FunctionCall& call) {
+// Calls the routine of real, which a row with these rules has, with the parts of all values that
+// begin so many words behind the values: 0 for the real parts, RealWords() for the imaginary ones.
+void CallRealOnParts(const FunctionCall& call, int64_t offset) {
     TALLYMERE_REQUIRE(call.row.routines.real != nullptr);
-    FunctionCall ofParts = {
-        call.evaluator, call.function, call.row, &RealPart(ComplexAt(call.dest))->header, {}};
+    FunctionCall ofParts = {call.evaluator, call.function, call.row, call.dest + offset, {}};
     for (int64_t i = 0; i < ArgumentCount(call.row); i++) {
-        ofParts.arguments[i] = &RealPart(ComplexAt(call.arguments[i]))->header;
-    }
-    call.row.routines.real(ofParts);
-}
-
-void CallRealOnImaginaryParts(const FunctionCall& call) {
-    TALLYMERE_REQUIRE(call.row.routines.real != nullptr);
-    FunctionCall ofParts = {
-        call.evaluator, call.function, call.row, &ImaginaryPart(ComplexAt(call.dest))->header, {}};
-    for (int64_t i = 0; i < ArgumentCount(call.row); i++) {
-        ofParts.arguments[i] = &ImaginaryPart(ComplexAt(call.arguments[i]))->header;
+        ofParts.arguments[i] = call.arguments[i] + offset;
     }
     call.row.routines.real(ofParts);
 }
@@ -150,14 +139,14 @@ void RealValuesOnly(const FunctionCall& call) {
             return;
         }
     }
-    CallRealOnRealParts(call);
+    CallRealOnParts(call, 0);
     ComplexClearImaginaryPart(ComplexAt(call.dest));
 }
 
 // The function treats the two parts of a value each alone.
 void PartByPart(const FunctionCall& call) {
-    CallRealOnRealParts(call);
-    CallRealOnImaginaryParts(call);
+    CallRealOnParts(call, 0);
+    CallRealOnParts(call, RealWords());
 }
 
 // What the columns hold where they hold no routine, no unit and no error.
