@@ -5,7 +5,6 @@
 #include "core/scratch.h"
 #include "exact/big_uint.h"
 #include "exact/big_uint_gcd.h"
-#include "exact/limb_division.h"
 
 namespace tallymere {
 
