@@ -3,7 +3,6 @@
 #include "core/contract.h"
 #include "core/digit_text.h"
 #include "core/number_bases.h"
-#include "core/number_context.h"
 #include "core/text_flags.h"
 
 namespace tallymere {
@@ -141,31 +140,6 @@ NumberToken NextNumberToken(NumberScanner& scanner) {
     const int64_t start = scanner.position;
     const NumberTokenKind kind = ScanToken(scanner);
     return {kind, start, scanner.position - start};
-}
-
-bool IsDecimalSeparator(char16_t c, bool plainSeparators) {
-    if (plainSeparators) {
-        return c == u'.';
-    }
-    const char16_t* separators = numberContext.decimalSeparators;
-    return c == separators[0] || c == separators[1] || c == separators[2];
-}
-
-bool IsGroupSeparator(char16_t c, bool plainSeparators) {
-    if (plainSeparators) {
-        return c == u'\'';
-    }
-    const char16_t* separators = numberContext.groupSeparators;
-    return c == separators[0] || c == separators[1] || c == separators[2];
-}
-
-bool IsExponentChar(char16_t c) {
-    const char16_t* marks = numberContext.exponentChars;
-    return c == marks[0] || c == marks[1] || c == marks[2] || c == marks[3];
-}
-
-bool IsImaginaryChar(char16_t c) {
-    return c == numberContext.imaginaryChars[0] || c == numberContext.imaginaryChars[1];
 }
 
 }  // namespace tallymere

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "core/number_context.h"
+
 namespace tallymere {
 
 /// A length that says: the text ends at a 0 character.
@@ -53,16 +55,33 @@ NumberToken NextNumberToken(NumberScanner& scanner);
 
 /// True if c is one of the context's three decimal separators, or "." where only plain separators
 /// count.
-bool IsDecimalSeparator(char16_t c, bool plainSeparators);
+inline bool IsDecimalSeparator(char16_t c, bool plainSeparators) {
+    if (plainSeparators) {
+        return c == u'.';
+    }
+    const char16_t* separators = numberContext.decimalSeparators;
+    return c == separators[0] || c == separators[1] || c == separators[2];
+}
 
 /// True if c is one of the context's three group separators, or "'" where only plain separators
 /// count.
-bool IsGroupSeparator(char16_t c, bool plainSeparators);
+inline bool IsGroupSeparator(char16_t c, bool plainSeparators) {
+    if (plainSeparators) {
+        return c == u'\'';
+    }
+    const char16_t* separators = numberContext.groupSeparators;
+    return c == separators[0] || c == separators[1] || c == separators[2];
+}
 
 /// True if c is one of the context's four exponent characters.
-bool IsExponentChar(char16_t c);
+inline bool IsExponentChar(char16_t c) {
+    const char16_t* marks = numberContext.exponentChars;
+    return c == marks[0] || c == marks[1] || c == marks[2] || c == marks[3];
+}
 
 /// True if c is one of the context's two imaginary units.
-bool IsImaginaryChar(char16_t c);
+inline bool IsImaginaryChar(char16_t c) {
+    return c == numberContext.imaginaryChars[0] || c == numberContext.imaginaryChars[1];
+}
 
 }  // namespace tallymere
