@@ -4,6 +4,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
+
+#include "core/contract.h"
 
 namespace tallymere {
 
@@ -16,12 +19,12 @@ struct NameIndex {
     uint8_t first[Buckets];  ///< by the first character modulo Buckets, the first row or End
     uint8_t next[RowCount];  ///< of each row, the next one of its bucket or End
 
-    /// The first row that may have a name with this first character; go on with `next`. Rows of a
-    /// bucket come in the order of the table.
+    /// The first row that may have a name with this first character; go on with `next`. Longer
+    /// names come first, and names of one length in the order of the table.
     constexpr uint8_t FirstRow(char16_t character) const { return first[character % Buckets]; }
 };
 
-/// The index of a table whose rows have their name in the member `name`.
+/// The index of a table whose rows have their name in the member `name`. No name is empty.
 template <typename Row, size_t RowCount>
 constexpr NameIndex<RowCount> MakeNameIndex(const Row (&rows)[RowCount],
                                             const char16_t* Row::*name) {
@@ -30,9 +33,14 @@ constexpr NameIndex<RowCount> MakeNameIndex(const Row (&rows)[RowCount],
         row = index.End;
     }
     for (size_t i = RowCount; i-- > 0;) {
-        uint8_t& first = index.first[(rows[i].*name)[0] % index.Buckets];
-        index.next[i] = first;
-        first = static_cast<uint8_t>(i);
+        const std::u16string_view own = rows[i].*name;
+        TALLYMERE_REQUIRE(!own.empty());
+        uint8_t* place = &index.first[own[0] % index.Buckets];
+        while (*place != index.End && std::u16string_view(rows[*place].*name).size() > own.size()) {
+            place = &index.next[*place];
+        }
+        index.next[i] = *place;
+        *place = static_cast<uint8_t>(i);
     }
     return index;
 }
@@ -43,20 +51,19 @@ template <typename Row, size_t RowCount>
 constexpr const Row* FindLongestName(const Row (&rows)[RowCount], const char16_t* Row::*name,
                                      const NameIndex<RowCount>& index, const char16_t* text,
                                      uint64_t* length) {
-    const Row* longest = nullptr;
-    *length = 0;
     for (size_t i = index.FirstRow(text[0]); i != index.End; i = index.next[i]) {
         const char16_t* candidate = rows[i].*name;
         uint64_t same = 0;
         while (candidate[same] != 0 && candidate[same] == text[same]) {
             same++;
         }
-        if (candidate[same] == 0 && same > *length) {
-            longest = &rows[i];
+        if (candidate[same] == 0) {
             *length = same;
+            return &rows[i];
         }
     }
-    return longest;
+    *length = 0;
+    return nullptr;
 }
 
 }  // namespace tallymere
