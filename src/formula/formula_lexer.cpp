@@ -61,62 +61,67 @@ uint64_t ReadSymbol(FormulaToken& token, const char16_t* text) {
     return length;
 }
 
-// The index behind the number that starts with the digit at `start`.
-uint64_t NumberEnd(const char16_t* text, uint64_t start, uint64_t flags) {
+// The length of the number that the text begins with.
+uint64_t NumberLength(const char16_t* text, uint64_t flags) {
     const bool plainSeparators = (flags & TextPlainSeparators) != 0;
     const bool groups = (flags & TextGroup) != 0;
-    const NumberBase& row = NumberBaseOfPrefix(text + start);
+    const NumberBase& row = NumberBaseOfPrefix(text);
     const bool isDecimal = row.base == DecimalBase;
-    uint64_t i = start + static_cast<uint64_t>(isDecimal ? 1 : PrefixLength(row));
-    while (text[i] != 0) {
-        const char16_t c = text[i];
+    auto length = static_cast<uint64_t>(isDecimal ? 1 : PrefixLength(row));
+    while (text[length] != 0) {
+        const char16_t c = text[length];
         if (IsDecimalDigit(c) || IsLetterDigit(c, row.base) ||
             IsDecimalSeparator(c, plainSeparators) ||
             (groups && IsGroupSeparator(c, plainSeparators))) {
-            i++;
+            length++;
         } else if (isDecimal && IsExponentChar(c) &&
-                   (text[i + 1] == u'+' || text[i + 1] == u'-' || IsDecimalDigit(text[i + 1]))) {
-            i += 2;
+                   (text[length + 1] == u'+' || text[length + 1] == u'-' ||
+                    IsDecimalDigit(text[length + 1]))) {
+            length += 2;
         } else {
             break;
         }
     }
-    return i;
+    return length;
+}
+
+// The length of the name that the text begins with.
+uint64_t NameLength(const char16_t* text) {
+    uint64_t length = 1;
+    while (IsNameLetter(text[length]) || IsDecimalDigit(text[length])) {
+        length++;
+    }
+    return length;
 }
 
 }  // namespace
 
 void NextFormulaToken(const FormulaEvaluator& evaluator, FormulaToken& token, uint64_t& position) {
-    const char16_t* text = evaluator.text;
-    while (IsWhiteSpace(text[position])) {
+    while (IsWhiteSpace(evaluator.text[position])) {
         position++;
     }
-    const uint64_t start = position;
-    const char16_t c = text[start];
-    token.position = start;
+    const char16_t* text = evaluator.text + position;
+    token.position = position;
     token.value = nullptr;
-    if (c == 0) {
+    if (text[0] == 0) {
         token.kind = TokenEnd;
         token.length = 0;
         return;
     }
-    if (IsDecimalDigit(c)) {
+    if (IsDecimalDigit(text[0])) {
         token.kind = TokenValue;
-        position = NumberEnd(text, start, evaluator.flags);
-    } else if (IsImaginaryChar(c) && !IsNameLetter(text[start + 1]) &&
-               !IsDecimalDigit(text[start + 1])) {
+        token.length = NumberLength(text, evaluator.flags);
+    } else if (IsImaginaryChar(text[0]) && !IsNameLetter(text[1]) && !IsDecimalDigit(text[1])) {
         token.kind = TokenImaginaryUnit;
         position++;
         return;
-    } else if (IsNameLetter(c)) {
-        do {
-            position++;
-        } while (IsNameLetter(text[position]) || IsDecimalDigit(text[position]));
-        ReadName(token, text + start, position - start);
+    } else if (IsNameLetter(text[0])) {
+        token.length = NameLength(text);
+        ReadName(token, text, token.length);
     } else {
-        position += ReadSymbol(token, text + start);
+        token.length = ReadSymbol(token, text);
     }
-    token.length = position - start;
+    position += token.length;
 }
 
 }  // namespace tallymere
