@@ -5,7 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "core/number_bases.h"
 #include "support/formula_testing.h"
+#include "support/formula_values.h"
 
 namespace tallymere {
 namespace {
@@ -230,6 +232,22 @@ TEST(FormulaLexer, TakesThePrefixOfABaseIntoTheNumber) {
     EXPECT_EQ(NumberLength(u"00x1"), 2u) << "only right behind the first digit";
     EXPECT_EQ(NumberLength(u"1x1"), 1u);
     EXPECT_EQ(NumberLength(u"0b1"), 1u);
+}
+
+TEST(FormulaLexer, TakesThePrefixesThatTheModelKnows) {
+    size_t prefixes = 0;
+    for (const NumberBase& row : NumberBases) {
+        if (PrefixLength(row) == 0) {
+            continue;
+        }
+        const char16_t text[] = {u'0', row.prefixLetter, u'1', 0};
+        EXPECT_EQ(NumberLength(text), 3u) << row.base;
+        const ModelBase* base = ModelBaseOfPrefix(text);
+        ASSERT_NE(base, nullptr) << row.base << " is missing in tests/support/formula_values.cpp";
+        EXPECT_EQ(base->base, static_cast<uint32_t>(row.base));
+        prefixes++;
+    }
+    EXPECT_EQ(ModelBases.size(), prefixes);
 }
 
 TEST(FormulaLexer, ReadsEAsADigitInBase16) {

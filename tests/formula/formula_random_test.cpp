@@ -3,12 +3,18 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <set>
 #include <string>
 
+#include "core/number_bases.h"
 #include "formula/formula_error.h"
+#include "formula/formula_lexer.h"
+#include "formula/function_table.h"
+#include "formula/operator_table.h"
 #include "support/formula_generator.h"
 #include "support/formula_model.h"
 #include "support/formula_testing.h"
+#include "support/number_types.h"
 
 namespace tallymere {
 namespace {
@@ -90,6 +96,73 @@ TEST_F(RandomFormulas, ThatAreNestedDeeplyMeetTheLimitOfTheStack) {
     ExpectSeen({FormulaErrorNone, FormulaErrorTooComplicated, FormulaErrorLeftParenMissing,
                 FormulaErrorUnexpectedEnd});
 }
+
+// The generator has its words by hand, since most functions want operands of their own.
+class GeneratedFormulas : public ::testing::TestWithParam<NumberType> {
+protected:
+    // Notes what a formula is made of.
+    void Note(const std::u16string& text) {
+        FormulaEvaluator evaluator{};
+        evaluator.text = text.c_str();
+        evaluator.flags = TextGroup;
+        FormulaToken token{};
+        uint64_t position = 0;
+        do {
+            NextFormulaToken(evaluator, token, position);
+            if (token.kind == TokenFunction) {
+                functions_.insert(token.function);
+            } else if (token.kind == TokenOperator) {
+                operators_.insert(token.operation);
+            } else if (token.kind == TokenValue) {
+                bases_.insert(NumberBaseOfPrefix(text.c_str() + token.position).base);
+            }
+        } while (token.kind != TokenEnd);
+    }
+
+    static constexpr char OfTheGenerator[] = " in tests/support/formula_generator.cpp";
+
+    std::set<FunctionId> functions_;
+    std::set<OperatorId> operators_;
+    std::set<int32_t> bases_;
+};
+
+TEST_P(GeneratedFormulas, ThatHaveAValueHaveEveryFunctionOperatorAndBase) {
+    FormulaScope scope(GetParam(), 26);
+    RandomSource random;
+    for (int i = 0; i < 30'000; i++) {
+        std::u16string text = RandomFormula(random, 3);
+        KeepShort(text);
+        if (Evaluate(text, RandomFormulaVariables()).error == FormulaErrorNone) {
+            Note(text);
+        }
+    }
+    // In uint, frac has no value, and that of round depends on what was calculated before.
+    const auto isGenerated = [](const FunctionRow& row) {
+        const std::u16string name = row.name;
+        return RoutineOf(row.routines, GetParam()) != nullptr &&
+               (GetParam() != NumberTypeUint || (name != u"frac" && name != u"round"));
+    };
+    for (const FunctionRow& row : FunctionTable) {
+        EXPECT_EQ(functions_.contains(row.id), isGenerated(row))
+            << Printable(row.name) << OfTheGenerator;
+    }
+    for (const OperatorRow& row : OperatorTable) {
+        EXPECT_EQ(operators_.contains(row.id), RoutineOf(row.routines, GetParam()) != nullptr)
+            << Printable(row.spelling) << OfTheGenerator;
+    }
+    for (const NumberBase& row : NumberBases) {
+        EXPECT_EQ(bases_.contains(row.base),
+                  row.base == DecimalBase || GetParam() == NumberTypeUint)
+            << row.base << OfTheGenerator;
+    }
+}
+
+std::string NameOfTest(const ::testing::TestParamInfo<NumberType>& info) {
+    constexpr const char* names[] = {"uint", "rat", "real", "cplx"};
+    return names[info.index];
+}
+
+INSTANTIATE_TEST_SUITE_P(Types, GeneratedFormulas, ::testing::ValuesIn(AllNumberTypes), NameOfTest);
 
 }  // namespace
 }  // namespace tallymere

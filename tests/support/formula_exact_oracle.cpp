@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "core/text_flags.h"
 #include "support/exact_text_oracle.h"
 
@@ -12,10 +10,6 @@ namespace tallymere::testing_support {
 namespace {
 
 using Text = std::u16string;
-
-bool IsOneOf(const Text& word, std::initializer_list<const char16_t*> words) {
-    return std::find(words.begin(), words.end(), word) != words.end();
-}
 
 void FailAsUnknown(const Text& operation) {
     ADD_FAILURE() << ::testing::PrintToString(operation)
@@ -57,17 +51,10 @@ void TakeFloor(ModelValue& dest, const ExpectedUint& expected) {
 }
 
 ModelValue UintNumber(const Text& literal) {
-    uint32_t base = 10;
-    if (literal.size() >= 2 && literal[0] == u'0') {
-        const char16_t prefix = literal[1];
-        base = prefix == u'x' || prefix == u'X'   ? 16
-               : prefix == u'y' || prefix == u'Y' ? 2
-               : prefix == u't' || prefix == u'T' ? 8
-                                                  : 10;
-    }
+    const ModelBase* base = ModelBaseOfPrefix(literal);
     ExpectedUint expected;
-    ReadUintText(expected, std::u16string_view(literal).substr(base == 10 ? 0 : 2),
-                 base | TextGroup);
+    ReadUintText(expected, std::u16string_view(literal).substr(base == nullptr ? 0 : 2),
+                 (base == nullptr ? 10 : base->base) | TextGroup);
     ModelValue value;
     TakeUint(value, expected);
     return value;
@@ -182,8 +169,7 @@ void TakeFraction(ModelValue& dest, const ExpectedRational& expected) {
 
 ModelValue RationalNumberOf(const Text& literal) {
     ExpectedRational expected;
-    if (literal.size() >= 2 && literal[0] == u'0' &&
-        Text(u"xXyYtT").find(literal[1]) != Text::npos) {
+    if (ModelBaseOfPrefix(literal) != nullptr) {
         expected.Refuse(CalcErrorSyntax);
     } else {
         ReadRationalText(expected, literal, TextGroup);

@@ -18,10 +18,6 @@ struct Refusal {
 
 constexpr int StackLimit = 50;
 
-bool IsOneOf(const Text& word, std::initializer_list<const char16_t*> words) {
-    return std::find(words.begin(), words.end(), word) != words.end();
-}
-
 bool Among(char16_t c, const char16_t* characters, int count) {
     return c != 0 && std::find(characters, characters + count, c) != characters + count;
 }
@@ -105,15 +101,15 @@ private:
     }
 
     void PassNumber() {
-        const bool prefix =
-            Peek(0) == u'0' && Text(u"xXyYtT").find(Peek(1)) != Text::npos && Peek(1) != 0;
-        const bool hexadecimal = prefix && (Peek(1) == u'x' || Peek(1) == u'X');
+        const ModelBase* base = ModelBaseOfPrefix(std::u16string_view(text_).substr(at_));
+        const bool prefix = base != nullptr;
+        const Text letters =
+            prefix && base->base > 10 ? Text(u"aAbBcCdDeEfF", 2 * (base->base - 10)) : Text();
         at_ += prefix ? 2 : 1;
         while (true) {
             const char16_t c = Peek(0);
-            const bool hexadecimalDigit =
-                hexadecimal && c != 0 && Text(u"abcdefABCDEF").find(c) != Text::npos;
-            if (Digit(c) || hexadecimalDigit || Among(c, numberContext.decimalSeparators, 3) ||
+            const bool letterDigit = c != 0 && letters.find(c) != Text::npos;
+            if (Digit(c) || letterDigit || Among(c, numberContext.decimalSeparators, 3) ||
                 Among(c, numberContext.groupSeparators, 3)) {
                 at_++;
             } else if (!prefix && Among(c, numberContext.exponentChars, 4) &&

@@ -391,13 +391,9 @@ ModelValue ComplexFunction(const Text& function, const std::vector<ModelValue>& 
     return RealModelValue(angle);
 }
 
-bool IsOneOf(const Text& word, std::initializer_list<const char16_t*> words) {
-    return std::find(words.begin(), words.end(), word) != words.end();
-}
-
 ModelValue Number(const Text& text) {
     ModelValue value;
-    if (text.size() >= 2 && text[0] == u'0' && Text(u"xXyYtT").find(text[1]) != Text::npos) {
+    if (ModelBaseOfPrefix(text) != nullptr) {
         SetCalcError(CalcErrorSyntax);
         return value;
     }
@@ -489,6 +485,22 @@ const std::map<std::u16string, int> ModelFunctions = {
 const std::map<std::u16string, ModelLevel> ModelOperators = {
     {u"+", ModelLevel::Sum},     {u"-", ModelLevel::Sum},       {u"*", ModelLevel::Product},
     {u"/", ModelLevel::Product}, {u"mod", ModelLevel::Product}, {u"^", ModelLevel::Power}};
+
+const std::vector<ModelBase> ModelBases = {{2, u'y'}, {8, u't'}, {16, u'x'}};
+
+const ModelBase* ModelBaseOfPrefix(std::u16string_view text) {
+    if (text.size() < 2 || text[0] != u'0') {
+        return nullptr;
+    }
+    const auto row = std::find_if(ModelBases.begin(), ModelBases.end(), [&](const ModelBase& one) {
+        return one.prefixLetter == text[1] || one.prefixLetter - u'a' + u'A' == text[1];
+    });
+    return row == ModelBases.end() ? nullptr : &*row;
+}
+
+bool IsOneOf(std::u16string_view word, std::initializer_list<const char16_t*> words) {
+    return std::find(words.begin(), words.end(), word) != words.end();
+}
 
 const ModelArithmetic DecimalArithmetic = {Number, Pi, Combine, Negate, Function, DecimalText};
 

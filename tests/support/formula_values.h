@@ -4,8 +4,10 @@
 // complex products and quotients are worked out here.
 #pragma once
 
+#include <initializer_list>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "support/real_testing.h"
@@ -29,6 +31,20 @@ enum class ModelLevel { Sum, Product, Power };
 
 /// The operators of formulas and how tight they bind, written down a second time.
 extern const std::map<std::u16string, ModelLevel> ModelOperators;
+
+/// A base other than 10 in which formulas write integers.
+struct ModelBase {
+    uint32_t base;
+    char16_t prefixLetter;  ///< behind "0" before a number, in either case
+};
+
+/// These bases, written down a second time.
+extern const std::vector<ModelBase> ModelBases;
+
+/// The base whose prefix a text begins with; null without a prefix.
+const ModelBase* ModelBaseOfPrefix(std::u16string_view text);
+
+bool IsOneOf(std::u16string_view word, std::initializer_list<const char16_t*> words);
 
 /// How a call ended, if not with a value.
 enum class ModelRefusal { None, Complex, Type, Pole };
