@@ -5,6 +5,7 @@
 
 #include "calculator/calculator_testing.h"
 #include "calculator/key_texts.h"
+#include "calculator/keypad.h"
 #include "calculator/result_forms.h"
 #include "core/number_bases.h"
 #include "layout/number_base_layout.h"
@@ -26,6 +27,19 @@ TEST_F(NumberBaseKeys, InsertThePrefixesOfTheirBases) {
     EXPECT_EQ(TextForAction(ActionBinary, style).text, PrefixOf(*FindNumberBase(2)));
     EXPECT_EQ(TextForAction(ActionOctal, style).text, PrefixOf(*FindNumberBase(8)));
     EXPECT_EQ(TextForAction(ActionHexadecimal, style).text, PrefixOf(*FindNumberBase(16)));
+}
+
+TEST_F(NumberBaseKeys, AreOnTheKeypadForEveryPrefix) {
+    const KeypadStyle style = {NumberTypeUint, AngleRadians, false, 0x0A00};
+    for (const NumberBase& row : NumberBases) {
+        int keys = 0;
+        for (int32_t index = 0; index < KeyCount && PrefixLength(row) != 0; index++) {
+            const KeyText text = TextForAction(KeypadEntry(index, style).action, style);
+            keys += text.text == PrefixOf(row) ? 1 : 0;
+        }
+        EXPECT_EQ(keys, PrefixLength(row) != 0 ? 1 : 0)
+            << "keys in calculator/keypad.cpp that insert the prefix of base " << row.base;
+    }
 }
 
 TEST_F(NumberBaseKeys, AResultInAnyBaseCanBeTakenIntoAFormula) {
