@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <iterator>
+#include <map>
 #include <set>
+#include <span>
 #include <string>
+#include <utility>
 
 #include "shell/languages.h"
 
@@ -93,6 +96,30 @@ TEST_F(UiTextTable, AllLanguagesTakeTheSameArgumentsInTheSameOrder) {
             const std::u16string specifiers = Specifiers(english.*entry.field);
             EXPECT_EQ(specifiers, Specifiers(uiText.*entry.field)) << entry.name;
             EXPECT_EQ(specifiers.find_first_not_of(u"scd"), std::u16string::npos) << entry.name;
+        }
+    }
+}
+
+// A text that stands in two columns by mistake, copied and not translated, is named here. Each pair
+// of languages lists the words that it truly shares.
+TEST_F(UiTextTable, LanguagesShareNoTextsButTheseWords) {
+    const std::map<std::pair<Language, Language>, std::set<std::string>> shared = {
+        {{LanguageEnglish, LanguageGerman},
+         {"TextBtnOK", "TextMenuInfo", "TextMenuAlgebra", "TextCalcRat", "TextFactorsStart",
+          "TextAbout", "TextAboutHomepage", "TextCtlRational", "TextVarName"}},
+    };
+    for (const LanguageRow& one : Languages) {
+        InstallLanguage(one.language);
+        const UiText texts = uiText;
+        for (const LanguageRow& other : std::span(&one + 1, std::end(Languages))) {
+            InstallLanguage(other.language);
+            const auto pair = shared.find({one.language, other.language});
+            for (const Entry& entry : Entries) {
+                const std::u16string text = texts.*entry.field;
+                const bool mayBeShared = pair != shared.end() && pair->second.contains(entry.name);
+                EXPECT_EQ(text == uiText.*entry.field, mayBeShared)
+                    << entry.name << " in the columns " << one.code << " and " << other.code;
+            }
         }
     }
 }
