@@ -8,6 +8,7 @@ import re
 import sys
 import unittest
 from collections import Counter
+from itertools import combinations
 from pathlib import Path
 
 sys.dont_write_bytecode = True
@@ -22,6 +23,11 @@ ELEMENTS = {"html", "head", "meta", "title", "link", "body", "header", "nav", "m
             "h1", "h2", "h3", "p", "ul", "ol", "li", "dl", "dt", "dd", "table", "thead", "tbody",
             "tr", "th", "td", "a", "b", "br", "code", "kbd", "samp", "span", "sup", "var"}
 INLINE = {"a", "b", "br", "code", "kbd", "samp", "span", "sup", "var"}
+# What is not translated: texts of the program, which have their test, and what is typed and shown.
+NOT_TRANSLATED = {"b", "code", "kbd", "samp"}
+# Blocks that are the same in every language: the program's name, captions that it does not
+# translate, a formula.
+SAME_PROSE = {"Tallymere", "deg, rad, gon", "-(3 mod 2)"}
 ATTRIBUTES = {"aria-current", "aria-label", "aria-labelledby", "charset", "class", "content",
               "data-options", "data-session", "data-text", "data-type", "data-types", "href",
               "hreflang", "id", "lang", "name", "rel", "rowspan", "scope"}
@@ -59,6 +65,17 @@ def inline_marks(element, language):
             marks[child.tag, tuple(sorted(attributes.items())), text] += 1
             marks += inline_marks(child, language)
     return marks
+
+
+def prose(block):
+    """What a block says in words of its language, blocks inside it left out."""
+    parts = []
+    for child in block.children:
+        if isinstance(child, str):
+            parts.append(child)
+        elif child.tag in INLINE - NOT_TRANSLATED:
+            parts.append(prose(child))
+    return one_line("".join(parts))
 
 
 def structure(element, language):
@@ -237,6 +254,20 @@ class LanguageTest(unittest.TestCase):
                     self.assertEqual(one.session is None, two.session is None)
                     if not one.is_message:
                         self.assertEqual(one.result, in_english(two.result, language))
+
+
+    def test_no_two_languages_say_a_thing_in_the_same_words(self):
+        for one, other in combinations(LANGUAGES, 2):
+            for path in page_paths(one):
+                twin = FOLDER / f"{page_name(path)}_{other}.html"
+                # A language has one name, on the pages of all others.
+                blocks = [[prose(block) for block in parse(page).root.walk()
+                           if block.tag not in INLINE
+                           and block.attributes.get("class") != "language"]
+                          for page in (path, twin)]
+                same = {text for text, twin_text in zip(*blocks)
+                        if text == twin_text and re.search(r"[^\W\d_]{2}", text)}
+                self.assertEqual(set(), same - SAME_PROSE, f"{path.name} and {twin.name}")
 
 
 class ProgramTest(unittest.TestCase):
