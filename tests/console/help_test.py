@@ -12,15 +12,14 @@ from pathlib import Path
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
 from console_support import keep_console_waiting, run  # noqa: E402
-from help_pages import (FOLDER, LANGUAGES, constants, examples, functions,  # noqa: E402
-                        main_of, page_paths, separator_options, signatures, words)
+from help_pages import (FOLDER, LANGUAGES, TYPES, constants, examples,  # noqa: E402
+                        functions, main_of, page_paths, separator_options, signatures, words)
 
-TYPES = ("real", "cplx", "uint", "rat")
 # A call that has a value in every type that knows the function, where 1 for each argument has none.
 CALLS = {"atanh": "atanh(0)", "logx": "logx(2; 2)", "sqrtc": "sqrtc(1; 0)",
          "cbrtc": "cbrtc(1; 0)", "rootc": "rootc(1; 1; 0)"}
-# It has a value in the type uint, but none that helps anybody, and the pages say so.
-USELESS = {("round", "uint")}
+# It has a value that helps nobody, and the pages say so.
+USELESS_VALUES = {("round", "uint")}
 
 
 def setUpModule():
@@ -129,7 +128,7 @@ class FunctionTypeTest(unittest.TestCase):
     def test_other_types_refuse_it(self):
         for kind in ("real", "cplx", "uint"):
             names = [name for name in self.calls
-                     if kind not in self.types[name] and (name, kind) not in USELESS]
+                     if kind not in self.types[name] and (name, kind) not in USELESS_VALUES]
             answers = ask("en", ["--type", kind], [self.calls[name] for name in names])
             for name, answer in zip(names, answers):
                 with self.subTest(type=kind, function=name):

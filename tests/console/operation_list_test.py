@@ -8,11 +8,8 @@ from pathlib import Path
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
 from console_support import ConsoleCase, run  # noqa: E402
-from help_pages import FOLDER, constants, functions, operators, signatures  # noqa: E402
-
-TYPES = ("real", "cplx", "uint", "rat")
-# It has a value there, but none that helps anybody; frac always fails. The pages say so.
-USELESS = {("round", "uint"), ("frac", "uint")}
+from help_pages import (FOLDER, TYPES, USELESS, constants, functions,  # noqa: E402
+                        operators, signatures)
 
 
 def listed():

@@ -222,10 +222,35 @@ def functions():
     return {name: parameters for _, name, parameters in rows}
 
 
-def operators():
-    """The spellings of the operators of formulas, by the table of the program."""
+def operator_levels():
+    """{spelling: its level} of the operators of formulas, by the table of the program."""
     source = (FORMULA_ROOM / "operator_table.cpp").read_text(encoding="utf-8")
-    return set(re.findall(r'\{Id::\w+, u"([^"]+)"', source))
+    levels = dict(re.findall(r"int32_t (\w+) = (\d+);", source))
+    return {spelling: int(levels[level])
+            for spelling, level in re.findall(r'\{Id::\w+, u"([^"]+)", (\w+)', source)}
+
+
+def operators():
+    """The spellings of the operators of formulas."""
+    return set(operator_levels())
+
+
+# In the order of the columns of the tables of formulas.
+TYPES = ("real", "cplx", "uint", "rat")
+# Functions that a type has without a value that helps anybody; the pages say so.
+USELESS = {("round", "uint"), ("frac", "uint")}
+
+
+def types_of_operations():
+    """{name: the number types that have it} of all functions and operators, by the tables of the
+    program and without what is useless."""
+    found = {}
+    for file in ("function_table.cpp", "operator_table.cpp"):
+        source = (FORMULA_ROOM / file).read_text(encoding="utf-8")
+        for name, routines in re.findall(r'\{Id::\w+, u"([^"]+)",[^{}]*\{([^{}]*)\}\}', source):
+            found[name] = {kind for kind, routine in zip(TYPES, routines.split(","), strict=True)
+                           if routine.strip() != "None" and (name, kind) not in USELESS}
+    return found
 
 
 def constants():

@@ -8,15 +8,15 @@ import re
 import sys
 import unittest
 from collections import Counter
-from itertools import combinations
+from itertools import combinations, groupby
 from pathlib import Path
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
 from help_pages import (FOLDER, HABITS, LANGUAGES, ROOT, Element, Key,  # noqa: E402
                         PageParser, captions, constants, examples, functions, in_english,
-                        is_formula, keypad, main_of, operators, page_name, page_paths, parse,
-                        program_texts, signatures, words)
+                        is_formula, keypad, main_of, operator_levels, operators, page_name,
+                        page_paths, parse, program_texts, signatures, types_of_operations, words)
 
 PAGES = [path for language in LANGUAGES for path in page_paths(language)]
 ELEMENTS = {"html", "head", "meta", "title", "link", "body", "header", "nav", "main", "section",
@@ -50,6 +50,12 @@ def quoted_text(element):
 
 def one_line(text):
     return " ".join(text.split())
+
+
+def differences(wanted, told):
+    """[(name, its types by the tables, its types by the help)] where they are not the same."""
+    return [(name, *(sorted(types.get(name, ())) for types in (wanted, told)))
+            for name in sorted(wanted | told) if wanted.get(name) != told.get(name)]
 
 
 def inline_marks(element, language):
@@ -311,6 +317,47 @@ class ProgramTest(unittest.TestCase):
             self.assertEqual(functions(), {name: parameters for name, parameters, _ in told})
             self.assertEqual(len(functions()), len(told))
 
+    def test_types_are_named_as_the_program_names_them(self):
+        for language in LANGUAGES:
+            names = {kind: self.texts[f"TextCalc{kind.capitalize()}"][language]
+                     for kind in ("rat", "real", "cplx")} | {"uint": "uint"}
+            for path in page_paths(language):
+                for cell in main_of(path).walk():
+                    if "data-types" in cell.attributes:
+                        kinds = cell.attributes["data-types"].split()
+                        allowed = {", ".join(map(names.get, kinds))}
+                        allowed |= {HABITS[language].all_types} if len(kinds) == 4 else set()
+                        with self.subTest(page=path.name, row=words(cell.parent)):
+                            self.assertIn(words(cell), allowed)
+
+    def test_functions_are_told_with_the_types_that_have_them(self):
+        wanted = {name: types_of_operations()[name] for name in functions()}
+        for language in LANGUAGES:
+            told = {}
+            for name, _, element in signatures(FOLDER / f"functions_{language}.html"):
+                cell = next(cell for cell in element.parent.parent.find("td")
+                            if "data-types" in cell.attributes)
+                told[name] = set(cell.attributes["data-types"].split())
+            self.assertEqual([], differences(wanted, told), language)
+
+    def test_operators_are_told_by_level_with_the_types_that_have_them(self):
+        levels = operator_levels()
+        wanted = {name: types_of_operations()[name] for name in operators()}
+        for language in LANGUAGES:
+            told = {}
+            order = []
+            table = next(table for table in main_of(FOLDER / f"formulas_{language}.html").find(
+                "table") if table.attributes.get("class") == "operators")
+            for row in table.find("tbody")[0].find("tr"):
+                names = [code.text() for code in row.find("th")[0].find("code")
+                         if code.text() not in ("(", ")", "i")]
+                for name in names:
+                    told[name] = set(row.find("td")[-1].attributes["data-types"].split())
+                order += [{levels.get(name) for name in names}] if names else []
+            self.assertEqual([], differences(wanted, told), language)
+            self.assertEqual([{level} for level in sorted(set(levels.values()), reverse=True)],
+                             [level for level, _ in groupby(order)], language)
+
     def test_every_operator_and_constant_is_told(self):
         self.assertLessEqual({"+", "^", "mod"}, operators())
         self.assertEqual({"π", "pi"}, constants())
@@ -349,18 +396,6 @@ class CalculatorPageTest(unittest.TestCase):
         wanted = Counter(Key(key.caption, key.kind, key.inserted.strip()) for key in self.keys)
         for language in LANGUAGES:
             self.assertEqual(wanted, Counter(self.told_keys(language)), language)
-
-    def test_types_are_named_as_the_program_names_them(self):
-        texts = program_texts()
-        for language in LANGUAGES:
-            names = {kind: texts[f"TextCalc{kind.capitalize()}"][language]
-                     for kind in ("rat", "real", "cplx")} | {"uint": "uint"}
-            for cell in self.pages[language].walk():
-                if "data-types" in cell.attributes:
-                    kinds = cell.attributes["data-types"].split()
-                    self.assertEqual(
-                        HABITS[language].all_types if len(kinds) == 4 else ", ".join(map(names.get, kinds)),
-                        words(cell))
 
     def test_pressed_keys_make_the_formula_beside_them(self):
         for language in LANGUAGES:
