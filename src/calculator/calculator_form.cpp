@@ -16,9 +16,17 @@ bool IsShownForType(ContainerControl control, NumberType type) {
         case ContainerNumberBase:
         case ContainerCaseKey:
             return type == NumberTypeUint;
-        default:
-            return true;
+        case ContainerTypeSlider:
+        case ContainerTypeUint:
+        case ContainerTypeRat:
+        case ContainerTypeReal:
+        case ContainerTypeCplx:
+        case ContainerFirstKey:
+        case ContainerBracketMark:
+        case ContainerControlCount:
+            break;
     }
+    return true;  // of the other keys too, which have no enumerators
 }
 
 bool IsDisabledDuringRun(ContainerControl control) {
@@ -29,9 +37,21 @@ bool IsDisabledDuringRun(ContainerControl control) {
         case ContainerNumberBase:
         case ContainerCaseKey:
             return true;
-        default:
-            return false;
+        case ContainerTypeUint:
+        case ContainerTypeRat:
+        case ContainerTypeReal:
+        case ContainerTypeCplx:
+        case ContainerPrecisionLabel:
+        case ContainerAngleDeg:
+        case ContainerAngleRad:
+        case ContainerAngleGon:
+        case ContainerFirstKey:
+        case ContainerBracketMark:
+        case ContainerDigitCount:
+        case ContainerControlCount:
+            break;
     }
+    return false;  // of the other keys too, which have no enumerators
 }
 
 }  // namespace tallymere

@@ -18,26 +18,25 @@ void AddEdit(FieldEdits& edits, int64_t from, int64_t to, const KeyText& text) {
 void AddEditsForAction(FieldEdits& edits, KeyAction action, int64_t length,
                        const KeypadStyle& style) {
     calculator.formulaTouched = true;
-    switch (action) {
-        case ActionClearAll:
-            ClearErrors();
-            ResetCalculator();
-            [[fallthrough]];
-        case ActionClearFormula:
-            AddEdit(edits, 0, length, NoText);
-            return;
-        case ActionBackspace:
-            // Erases at the end of the formula, wherever the caret is.
-            if (length > 0) {
-                AddEdit(edits, length - 1, length, NoText);
-            }
-            return;
-        case ActionBracketFormula:
-            AddEdit(edits, 0, 0, TextForAction(ActionOpen, style));
-            AddEdit(edits, length + 1, length + 1, TextForAction(ActionClose, style));
-            return;
-        default:
-            break;
+    if (action == ActionClearAll) {
+        ClearErrors();
+        ResetCalculator();
+    }
+    if (action == ActionClearAll || action == ActionClearFormula) {
+        AddEdit(edits, 0, length, NoText);
+        return;
+    }
+    if (action == ActionBackspace) {
+        // Erases at the end of the formula, wherever the caret is.
+        if (length > 0) {
+            AddEdit(edits, length - 1, length, NoText);
+        }
+        return;
+    }
+    if (action == ActionBracketFormula) {
+        AddEdit(edits, 0, 0, TextForAction(ActionOpen, style));
+        AddEdit(edits, length + 1, length + 1, TextForAction(ActionClose, style));
+        return;
     }
     const KeyText text = TextForAction(action, style);
     if (text.text[0] == 0) {
@@ -59,18 +58,16 @@ KeyEffect PressFormulaKey(KeyAction action, int64_t length, const KeypadStyle& s
 }
 
 KeyCommand PressCommandKey(KeyAction action) {
-    switch (action) {
-        case ActionEvaluate:
-            return KeyEvaluates;
-        case ActionSwitchNotation:
-            return SwitchNotation() ? KeyShowsResult : KeyDoesNothing;
-        case ActionSwitchMixed:
-            return SwitchMixed() ? KeyShowsResult : KeyDoesNothing;
-        case ActionShowVariables:
-            return KeyShowsVariables;
-        default:
-            return KeyDoesNothing;
+    if (action == ActionEvaluate) {
+        return KeyEvaluates;
     }
+    if (action == ActionSwitchNotation) {
+        return SwitchNotation() ? KeyShowsResult : KeyDoesNothing;
+    }
+    if (action == ActionSwitchMixed) {
+        return SwitchMixed() ? KeyShowsResult : KeyDoesNothing;
+    }
+    return action == ActionShowVariables ? KeyShowsVariables : KeyDoesNothing;
 }
 
 }  // namespace

@@ -109,16 +109,13 @@ char16_t CharacterForAction(KeyAction action, bool lowerCaseHex) {
     if (IsLetterAction(action)) {
         return static_cast<char16_t>((lowerCaseHex ? u'a' : u'A') + (action - ActionLetterA));
     }
-    switch (action) {
-        case ActionDecimalSeparator:
-            return numberContext.decimalSeparators[0];
-        case ActionExponent:
-            return numberContext.exponentChars[0];
-        case ActionImaginaryUnit:
-            return numberContext.imaginaryChars[0];
-        default:
-            return 0;
+    if (action == ActionDecimalSeparator) {
+        return numberContext.decimalSeparators[0];
     }
+    if (action == ActionExponent) {
+        return numberContext.exponentChars[0];
+    }
+    return action == ActionImaginaryUnit ? numberContext.imaginaryChars[0] : u'\0';
 }
 
 FunctionId InUnit(const ActionFunction& function, AngleType angle) {

@@ -9,18 +9,16 @@ namespace tallymere {
 namespace {
 
 bool IsActionAvailable(KeyAction action) {
-    switch (action) {
-        case ActionNone:
-            return false;
-        case ActionAns:
-            return calculator.ansAvailable;
-        case ActionSwitchNotation:
-            return calculator.resultValid && calculator.calcOutputBase == DecimalBase;
-        case ActionSwitchMixed:
-            return calculator.resultValid;
-        default:
-            return true;
+    if (action == ActionAns) {
+        return calculator.ansAvailable;
     }
+    if (action == ActionSwitchNotation) {
+        return calculator.resultValid && calculator.calcOutputBase == DecimalBase;
+    }
+    if (action == ActionSwitchMixed) {
+        return calculator.resultValid;
+    }
+    return action != ActionNone;
 }
 
 }  // namespace

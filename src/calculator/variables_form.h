@@ -71,7 +71,11 @@ constexpr LayoutRect PlaceVariablesControl(VariablesControl control, LayoutSize 
         case VariablesDelete:
             place.y = client.height - VariablesLowerButtons;
             break;
-        default:
+        case VariablesListLabel:
+        case VariablesNameLabel:
+        case VariablesName:
+        case VariablesValueLabel:
+        case VariablesControlCount:
             break;
     }
     return place;

@@ -47,7 +47,12 @@ bool ReadNumber(NumberScanner& scanner, uint32_t flags, WrittenNumber* number) {
                    NextNumberToken(scanner).kind == NumberTokenEnd;
         case NumberTokenNaN:
             return (flags & TextAcceptNaN) != 0 && NextNumberToken(scanner).kind == NumberTokenEnd;
-        default:
+        case NumberTokenEnd:
+        case NumberTokenOther:
+        case NumberTokenExponent:
+        case NumberTokenImaginary:
+        case NumberTokenPlus:
+        case NumberTokenMinus:
             return false;
     }
     token = NextNumberToken(scanner);

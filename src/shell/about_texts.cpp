@@ -52,8 +52,11 @@ void FormatAboutText(char16_t* buffer, int64_t capacity, AboutControl control) {
         case AboutHomepage:
             FormatBounded(buffer, capacity, format, {MakerWebAddress});
             break;
-        default:
+        case AboutDonate:
+        case AboutClose:
+        case AboutControlCount:
             FormatBounded(buffer, capacity, format);
+            break;
     }
 }
 

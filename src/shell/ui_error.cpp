@@ -7,6 +7,34 @@
 
 namespace tallymere {
 
+namespace {
+
+// What the user sees of a code of the arithmetic; `fallback` where that has no code of its own.
+UiErrorCode CodeOfCalcError(CalcError code, UiErrorCode fallback) {
+    switch (code) {
+        case CalcErrorCancelled:
+            return UiErrorStopped;
+        case CalcErrorTextTooLong:
+            return UiErrorTextOverflow;
+        case CalcErrorCapacity:
+            return UiErrorInternal;
+        case CalcErrorNone:
+        case CalcErrorBadParameter:
+        case CalcErrorUnknownType:
+        case CalcErrorOverflow:
+        case CalcErrorUnderflow:
+        case CalcErrorExactDivisionByZero:
+        case CalcErrorUndefined:
+        case CalcErrorMalformed:
+        case CalcErrorComplexNotAllowed:
+        case CalcErrorSyntax:
+            break;
+    }
+    return fallback;
+}
+
+}  // namespace
+
 UiError uiError;
 
 UiErrorCode PendingUiError() {
@@ -27,22 +55,10 @@ void SetUiError(UiErrorCode code, const char16_t* arg1, const char16_t* arg2,
 }
 
 void TakeCalcError(UiErrorCode fallback) {
-    switch (numberContext.calcError) {
-        case CalcErrorNone:
-            return;
-        case CalcErrorCancelled:
-            SetUiError(UiErrorStopped);
-            break;
-        case CalcErrorTextTooLong:
-            SetUiError(UiErrorTextOverflow);
-            break;
-        case CalcErrorCapacity:
-            SetUiError(UiErrorInternal);
-            break;
-        default:
-            SetUiError(fallback);
+    if (numberContext.calcError != CalcErrorNone) {
+        SetUiError(CodeOfCalcError(numberContext.calcError, fallback));
+        numberContext.calcError = CalcErrorNone;
     }
-    numberContext.calcError = CalcErrorNone;
 }
 
 void TakeStopRequest() {
