@@ -1,7 +1,8 @@
 // The bases in which integers are read and written: one row for each.
 //
 // Whatever depends on a base reads its row: the prefix of numbers in formulas, the list in which a
-// page offers bases, texts of integers and the console. A new base needs its row and its help.
+// page offers bases, texts of integers and the console. A new base needs its row, its key on the
+// calculator and its help.
 #pragma once
 
 #include <cstdint>
