@@ -15,6 +15,7 @@
 
 #include <cstdint>
 
+#include "core/contract.h"
 #include "core/number_context.h"
 
 namespace tallymere {
@@ -47,6 +48,7 @@ int64_t BigUintBitLength(const uint64_t* a);
 /// Bit `index` of a, 0 or 1, for 0 <= index < 64 times the limbs of a. The width in force plays no
 /// part.
 inline uint64_t BigUintBit(const uint64_t* a, int64_t index) {
+    TALLYMERE_REQUIRE(index >= 0);
     return (a[index / BitsPerUintLimb] >> (index % BitsPerUintLimb)) & 1;
 }
 

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "core/contract.h"
 #include "core/number_context.h"
 #include "core/scratch.h"
 #include "exact/big_uint.h"
@@ -38,6 +39,7 @@ void MultiplyUpwards(uint64_t* dest, uint64_t* m, uint64_t count, bool falling) 
 }  // namespace
 
 void BigUintFactorial(uint64_t* dest, const uint64_t* n) {
+    TALLYMERE_REQUIRE(BigUintsAreSameOrApart(dest, n));
     const CalcErrorScope codes;
     if (!BigUintFitsUnsigned(n)) {
         SetCalcError(CalcErrorOverflow);
@@ -53,6 +55,7 @@ void BigUintFactorial(uint64_t* dest, const uint64_t* n) {
 }
 
 void BigUintBinomial(uint64_t* dest, const uint64_t* n, const uint64_t* k, bool falling) {
+    TALLYMERE_REQUIRE(BigUintsAreSameOrApart(dest, n) && BigUintsAreSameOrApart(dest, k));
     if (BigUintCompare(k, n) > 0) {
         BigUintClear(dest);
         return;

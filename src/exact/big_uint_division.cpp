@@ -55,6 +55,8 @@ uint64_t DivideLimbsByWord(uint64_t* quotient, const uint64_t* a, int64_t n, uin
 
 void BigUintDivide(uint64_t* quotient, uint64_t* remainder, const uint64_t* a, const uint64_t* b) {
     TALLYMERE_REQUIRE(quotient == nullptr || quotient != remainder);
+    TALLYMERE_REQUIRE(quotient == nullptr || remainder == nullptr ||
+                      BigUintsAreSameOrApart(quotient, remainder));
     TALLYMERE_REQUIRE(quotient == nullptr ||
                       (BigUintsAreSameOrApart(quotient, a) && BigUintsAreSameOrApart(quotient, b)));
     TALLYMERE_REQUIRE(remainder == nullptr || (BigUintsAreSameOrApart(remainder, a) &&

@@ -8,8 +8,8 @@
 
 namespace tallymere {
 
-/// quotient = floor(a / b), remainder = a mod b. Either may be null; they must not be the same
-/// array.
+/// quotient = floor(a / b), remainder = a mod b. Either may be null; they must not
+/// overlap.
 void BigUintDivide(uint64_t* quotient, uint64_t* remainder, const uint64_t* a, const uint64_t* b);
 
 /// quotient = floor(a / b). Returns true when the division is exact, that is, when the remainder is

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/contract.h"
 #include "core/number_context.h"
 #include "core/scratch.h"
 #include "exact/big_uint.h"
@@ -85,6 +86,7 @@ bool RefuseZero(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
 }  // namespace
 
 void BigUintGcdAllowingZero(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
+    TALLYMERE_REQUIRE(BigUintsAreSameOrApart(dest, a) && BigUintsAreSameOrApart(dest, b));
     const int64_t width = numberContext.uintLimbs;
     CoreScratchScope scratch;
     Operand x = {scratch.Take(width), width};
@@ -119,6 +121,7 @@ void BigUintGcd(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
 }
 
 void BigUintLcm(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
+    TALLYMERE_REQUIRE(BigUintsAreSameOrApart(dest, a) && BigUintsAreSameOrApart(dest, b));
     if (RefuseZero(dest, a, b)) {
         return;
     }

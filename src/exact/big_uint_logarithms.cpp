@@ -55,6 +55,7 @@ uint64_t BinaryLog(const uint64_t* x) {
 }
 
 bool BigUintLogTwo(uint64_t* dest, const uint64_t* x) {
+    TALLYMERE_REQUIRE(BigUintsAreSameOrApart(dest, x));
     const int64_t length = BigUintLength(x);
     if (length == 0) {
         return RefuseLogarithm(dest);
@@ -75,6 +76,7 @@ bool BigUintLogTen(uint64_t* dest, const uint64_t* x) {
 }
 
 bool BigUintLog(uint64_t* dest, const uint64_t* base, const uint64_t* x) {
+    TALLYMERE_REQUIRE(BigUintsAreSameOrApart(dest, base) && BigUintsAreSameOrApart(dest, x));
     if (BigUintIsZero(x) || BigUintIsZero(base) || BigUintEqualsSmall(base, 1)) {
         return RefuseLogarithm(dest);
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/contract.h"
 #include "core/number_context.h"
 #include "core/scratch.h"
 #include "exact/big_uint.h"
@@ -232,6 +233,8 @@ bool PowerModulo(uint64_t* dest, const uint64_t* base, const uint64_t* e, int64_
 }  // namespace
 
 void BigUintModPower(uint64_t* dest, const uint64_t* a, const uint64_t* e, const uint64_t* m) {
+    TALLYMERE_REQUIRE(BigUintsAreSameOrApart(dest, a) && BigUintsAreSameOrApart(dest, e) &&
+                      BigUintsAreSameOrApart(dest, m));
     if (BigUintIsZero(m)) {
         BigUintSetFailed(dest, CalcErrorExactDivisionByZero);
         return;

@@ -41,6 +41,7 @@ void BigUintPowerSmall(uint64_t* dest, const uint64_t* base, int64_t e) {
 }
 
 void BigUintPower(uint64_t* dest, const uint64_t* base, const uint64_t* e) {
+    TALLYMERE_REQUIRE(BigUintsAreSameOrApart(dest, base) && BigUintsAreSameOrApart(dest, e));
     if (BigUintFitsSigned(e)) {
         BigUintPowerSmall(dest, base, static_cast<int64_t>(e[0]));
     } else if (BigUintIsZero(base) || BigUintEqualsSmall(base, 1)) {
@@ -51,6 +52,7 @@ void BigUintPower(uint64_t* dest, const uint64_t* base, const uint64_t* e) {
 }
 
 void BigUintPowerOfTwo(uint64_t* dest, const uint64_t* n) {
+    TALLYMERE_REQUIRE(BigUintsAreSameOrApart(dest, n));
     if (BigUintFitsSigned(n)) {
         BigUintPowerOfTwoSmall(dest, static_cast<int64_t>(n[0]));
     } else {
@@ -70,6 +72,7 @@ void BigUintPowerOfTwoSmall(uint64_t* dest, int64_t n) {
 }
 
 void BigUintPowerOfTen(uint64_t* dest, const uint64_t* n) {
+    TALLYMERE_REQUIRE(BigUintsAreSameOrApart(dest, n));
     if (BigUintFitsSigned(n)) {
         BigUintPowerOfTenSmall(dest, static_cast<int64_t>(n[0]));
     } else {

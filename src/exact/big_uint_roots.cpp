@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/contract.h"
 #include "core/number_context.h"
 #include "core/scratch.h"
 #include "exact/big_uint.h"
@@ -107,11 +108,13 @@ bool BigUintSquareRoot(uint64_t* dest, const uint64_t* x) {
 }
 
 bool BigUintRoot(uint64_t* dest, const uint64_t* n, const uint64_t* x) {
+    TALLYMERE_REQUIRE(BigUintsAreSameOrApart(dest, n));
     // All degrees from 2^63 - 1 up give the same root.
     return BigUintRootSmall(dest, BigUintFitsSigned(n) ? static_cast<int64_t>(n[0]) : INT64_MAX, x);
 }
 
 bool BigUintRootSmall(uint64_t* dest, int64_t n, const uint64_t* x) {
+    TALLYMERE_REQUIRE(BigUintsAreSameOrApart(dest, x));
     if (n == 0) {
         BigUintSetFailed(dest, CalcErrorUndefined);
         return false;

@@ -18,16 +18,16 @@ namespace tallymere {
 /// stand between digits. In base 10 the number may have a fraction, and an exponent below 2^63, as
 /// long as its value is an integer: "1.5e1", "100e-2".
 ///
-/// A failure gives 0. CalcErrorBadParameter: the base is another one. CalcErrorSyntax: the text
-/// denotes no unsigned integer. CalcErrorOverflow: the value does not fit. With a negative exponent
-/// the digits in front of it must fit by themselves; where they do not, CalcErrorOverflow wins over
-/// the CalcErrorSyntax of a fraction. A code that was noted before is kept.
+/// A failure gives 0. CalcErrorBadParameter: the base has no row in NumberBases. CalcErrorSyntax:
+/// the text denotes no unsigned integer. CalcErrorOverflow: the value does not fit. With a negative
+/// exponent the digits in front of it must fit by themselves; where they do not, CalcErrorOverflow
+/// wins over the CalcErrorSyntax of a fraction. A code that was noted before is kept.
 void BigUintFromText(uint64_t* dest, const char16_t* text, int64_t length, uint32_t flags);
 
 /// Appends the digits of a, in groups of as many digits as its base has, or its scientific
 /// form. With TextAlwaysSign a "+" comes first. Another base appends "[P]" and notes
-/// CalcErrorBadParameter; so does the scientific form in a base other than 10. Base 10 uses
-/// CoreScratch, about 6 words for each limb of a.
+/// CalcErrorBadParameter; so does the scientific form in a base other than 10. A base whose digits
+/// are no whole number of bits uses CoreScratch, about 6 words for each limb of a.
 void BigUintWrite(TextWriter& writer, const uint64_t* a, uint32_t flags);
 
 /// Writes a and returns the length in characters. Buffer, capacity and terminator are as for

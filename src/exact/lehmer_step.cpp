@@ -5,6 +5,7 @@
 
 #include "core/contract.h"
 #include "core/wide_arithmetic.h"
+#include "exact/limb_division.h"
 
 namespace tallymere {
 
@@ -118,6 +119,7 @@ bool FindLehmerFactors(LehmerFactors& factors, LeadingLimbs x, LeadingLimbs y) {
 // number of 128 bits.
 void ApplyLehmerFactors(uint64_t* x, uint64_t* y, int64_t n, const LehmerFactors& factors) {
     TALLYMERE_REQUIRE(n >= 0 && LehmerFactorsAreWellFormed(factors));
+    TALLYMERE_REQUIRE(UintLimbsAreApart(x, n, y, n));
     uint64_t carryX = 0;
     uint64_t carryY = 0;
     for (int64_t i = 0; i < n; i++) {

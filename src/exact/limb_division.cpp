@@ -84,6 +84,7 @@ bool IsBelow(const uint64_t* limbs, const UintLimbDivisor& divisor) {
 }  // namespace
 
 bool UintLimbsAreApart(const uint64_t* a, int64_t aCount, const uint64_t* b, int64_t bCount) {
+    TALLYMERE_REQUIRE(aCount >= 0 && bCount >= 0);
     // std::less_equal orders the addresses of different arrays too.
     return std::less_equal<>{}(a + aCount, b) || std::less_equal<>{}(b + bCount, a);
 }
@@ -152,7 +153,10 @@ UintLimbDivisor PrepareDivisor(uint64_t* store, const uint64_t* b, int64_t n) {
 void UintLimbsDivide(uint64_t* quotient, uint64_t* r, int64_t m, const UintLimbDivisor& divisor) {
     TALLYMERE_REQUIRE(UintLimbDivisorIsWellFormed(divisor));
     TALLYMERE_REQUIRE(m >= 0 && IsBelow(r + m, divisor));
-    TALLYMERE_REQUIRE(quotient == nullptr || UintLimbsAreApart(quotient, m, r, m + divisor.count));
+    TALLYMERE_REQUIRE(UintLimbsAreApart(r, m + divisor.count, divisor.limbs, divisor.count));
+    TALLYMERE_REQUIRE(quotient == nullptr ||
+                      (UintLimbsAreApart(quotient, m, r, m + divisor.count) &&
+                       UintLimbsAreApart(quotient, m, divisor.limbs, divisor.count)));
     if (divisor.count == 1) {
         DivideByOneLimb(quotient, r, m, divisor);
     } else {

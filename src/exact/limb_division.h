@@ -97,8 +97,9 @@ bool UintLimbDivisorIsWellFormed(const UintLimbDivisor& divisor);
 UintLimbDivisor PrepareDivisor(uint64_t* store, const uint64_t* b, int64_t n);
 
 /// Divides r of m + n limbs by the n limbs of the shifted divisor, m >= 0. The highest n limbs of r
-/// must be below the divisor. The quotient has m limbs; it may be null and must not overlap r. The
-/// remainder is left in the lowest n limbs of r. The limbs of r above it have no meaning then.
+/// must be below the divisor. The quotient has m limbs; it may be null. Quotient, r and divisor
+/// must not overlap. The remainder is left in the lowest n limbs of r. The limbs of r above it have
+/// no meaning then.
 void UintLimbsDivide(uint64_t* quotient, uint64_t* r, int64_t m, const UintLimbDivisor& divisor);
 
 }  // namespace tallymere

@@ -5,6 +5,7 @@
 #include "core/contract.h"
 #include "core/limb_columns.h"
 #include "core/scratch.h"
+#include "exact/limb_division.h"
 
 namespace tallymere {
 
@@ -146,6 +147,7 @@ bool GrowingIntegerIsWellFormed(const GrowingInteger& x) {
 
 int64_t WordsToDecimalLimbs(Limb* end, const uint64_t* words, int64_t m) {
     TALLYMERE_REQUIRE(m >= 0);
+    TALLYMERE_REQUIRE(UintLimbsAreApart(end - MaxDecimalLimbs(m), MaxDecimalLimbs(m), words, m));
     Halving halving = {m, {}};
     int halvings = 0;
     while (halving.part > DirectWords) {

@@ -25,6 +25,7 @@ constexpr WordPower LargestWordPower(uint64_t radix) {
 }  // namespace
 
 bool AppendDigitsOfRadix(GrowingInteger& x, const char16_t* text, int64_t length, int64_t radix) {
+    TALLYMERE_REQUIRE(GrowingIntegerIsWellFormed(x) && length >= 0 && IsRadix(radix));
     const uint64_t largest = LargestWordPower(static_cast<uint64_t>(radix)).value;
     uint64_t value = 0;
     uint64_t power = 1;
@@ -47,6 +48,7 @@ bool AppendDigitsOfRadix(GrowingInteger& x, const char16_t* text, int64_t length
 }
 
 int64_t TakeDigitsOfRadix(char16_t* end, uint64_t* a, int64_t radix, const char16_t* alphabet) {
+    TALLYMERE_REQUIRE(IsRadix(radix));
     const WordPower power = LargestWordPower(static_cast<uint64_t>(radix));
     char16_t* place = end;
     bool isLast = false;

@@ -16,8 +16,8 @@
 namespace tallymere {
 
 /// Divides both by their greatest common divisor. A numerator of 0 makes the denominator 1. A
-/// denominator of 0 with any other numerator notes CalcErrorExactDivisionByZero. They must not be
-/// the same array.
+/// denominator of 0 with any other numerator notes CalcErrorExactDivisionByZero. They must not
+/// overlap.
 void ReduceFraction(uint64_t* numerator, uint64_t* denominator);
 
 /// dest = a + b, or a - b when `subtract` is true. When operands of different signs cancel, the
@@ -46,9 +46,8 @@ void RationalScaleSmall(RationalNumber* dest, const RationalNumber* a, uint64_t 
 void RationalDivSmall(RationalNumber* dest, const RationalNumber* a, uint64_t k);
 
 /// quotient = floor(|a / b|), remainder = |a| - quotient |b|, both with the sign of a / b. Either
-/// may be null; they must not be the same record. CalcErrorExactDivisionByZero for b = 0,
-/// CalcErrorOverflow when a result that is asked for does not fit. In both cases both results
-/// are +0/1.
+/// may be null; they must not overlap. CalcErrorExactDivisionByZero for b = 0, CalcErrorOverflow
+/// when a result that is asked for does not fit. In both cases both results are +0/1.
 void RationalDivMod(RationalNumber* quotient, RationalNumber* remainder, const RationalNumber* a,
                     const RationalNumber* b);
 

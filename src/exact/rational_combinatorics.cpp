@@ -58,6 +58,8 @@ void MultiplySteps(RationalNumber* dest, const RationalNumber* n, uint64_t count
 // dest = combine(a, b).
 void CombinePositiveIntegers(RationalNumber* dest, const RationalNumber* a, const RationalNumber* b,
                              void (*combine)(uint64_t*, const uint64_t*, const uint64_t*)) {
+    TALLYMERE_REQUIRE(RationalHasValue(a) && RationalHasValue(b));
+    TALLYMERE_REQUIRE(RationalsAreSameOrApart(dest, a) && RationalsAreSameOrApart(dest, b));
     CalcErrorScope codes;
     if (!IsPositiveInteger(a) || !IsPositiveInteger(b)) {
         RationalSetFailed(dest);
@@ -72,6 +74,7 @@ void CombinePositiveIntegers(RationalNumber* dest, const RationalNumber* a, cons
 }  // namespace
 
 void RationalFactorial(RationalNumber* dest, const RationalNumber* n) {
+    TALLYMERE_REQUIRE(RationalHasValue(n) && RationalsAreSameOrApart(dest, n));
     CalcErrorScope codes;
     // A zero with a sign is refused too.
     if (!RationalIsInteger(n) || RationalSign(n) != 0) {

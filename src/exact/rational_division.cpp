@@ -52,6 +52,8 @@ void RationalDivMod(RationalNumber* quotient, RationalNumber* remainder, const R
                     const RationalNumber* b) {
     TALLYMERE_REQUIRE(RationalHasValue(a) && RationalHasValue(b));
     TALLYMERE_REQUIRE(quotient == nullptr || quotient != remainder);
+    TALLYMERE_REQUIRE(quotient == nullptr || remainder == nullptr ||
+                      RationalsAreSameOrApart(quotient, remainder));
     TALLYMERE_REQUIRE(quotient == nullptr || (RationalsAreSameOrApart(quotient, a) &&
                                               RationalsAreSameOrApart(quotient, b)));
     TALLYMERE_REQUIRE(remainder == nullptr || (RationalsAreSameOrApart(remainder, a) &&

@@ -52,6 +52,7 @@ void Finish(RationalNumber* dest, bool reciprocal) {
 // dest = 2^e or 10^e by the routine `power`.
 void PowerOfSmall(RationalNumber* dest, const RationalNumber* e,
                   void (*power)(uint64_t*, const uint64_t*)) {
+    TALLYMERE_REQUIRE(RationalHasValue(e) && RationalsAreSameOrApart(dest, e));
     CalcErrorScope codes;
     if (!RationalIsInteger(e)) {
         RationalSetFailed(dest);

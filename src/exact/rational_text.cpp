@@ -4,6 +4,7 @@
 
 #include "core/contract.h"
 #include "core/digit_format.h"
+#include "core/number_bases.h"
 #include "core/number_scanner.h"
 #include "exact/big_uint.h"
 #include "exact/big_uint_text.h"
@@ -54,7 +55,7 @@ void ReadRational(RationalNumber* dest, const char16_t* text, const char16_t* en
 void RationalFromText(RationalNumber* dest, const char16_t* text, int64_t length, uint32_t flags) {
     TALLYMERE_REQUIRE(length >= 0 || length == TextUntilZero);
     CalcErrorScope codes;
-    const NumberScanner stripped = MakeNumberScanner(text, length, flags, 10);
+    const NumberScanner stripped = MakeNumberScanner(text, length, flags, DecimalBase);
     ReadRational(dest, stripped.text, stripped.text + stripped.length, flags);
     RationalFailOnCode(dest);
 }

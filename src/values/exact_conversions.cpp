@@ -9,6 +9,7 @@
 #include "core/real_rounding.h"
 #include "core/scratch.h"
 #include "exact/big_uint.h"
+#include "exact/limb_division.h"
 #include "exact/radix_conversion.h"
 
 namespace tallymere {
@@ -56,6 +57,7 @@ private:
 
 Limb RealFromBigUint(RealNumber* dest, const uint64_t* words, int64_t m) {
     TALLYMERE_REQUIRE(m >= 0);
+    TALLYMERE_REQUIRE(UintLimbsAreApart(&dest->header, RealWords(), words, m));
     while (m > 0 && words[m - 1] == 0) {
         m--;
     }
@@ -84,6 +86,7 @@ Limb RealFromBigUint(RealNumber* dest, const uint64_t* words, int64_t m) {
 
 void BigUintFromReal(uint64_t* dest, int64_t m, const RealNumber* x) {
     TALLYMERE_REQUIRE(m >= 0);
+    TALLYMERE_REQUIRE(UintLimbsAreApart(dest, m, &x->header, RealWords()));
     std::fill_n(dest, m, 0);
     if (RealIsNaN(x)) {
         SetCalcError(CalcErrorUndefined);
@@ -104,6 +107,7 @@ void BigUintFromReal(uint64_t* dest, int64_t m, const RealNumber* x) {
 // than 20.2 v under its value or less than 10.2 v over it. The product is cut off by less than 10 v
 // once more. Together the quotient is less than 41 v under the true one, or less than 21 v over it.
 void RealFromRational(RealNumber* dest, const RationalNumber* q) {
+    TALLYMERE_REQUIRE(UintLimbsAreApart(&dest->header, RealWords(), &q->sign, RationalWords()));
     const int64_t oldLimbs = numberContext.realLimbs;
     const int64_t width = numberContext.uintLimbs;
     const RealLayout wide = WidenedLayout(RationalQuotientGuardDigits);
@@ -133,6 +137,7 @@ void ConvertRealToUint(uint64_t* dest, int64_t limbs, const RealNumber* x, int64
     if (!scope.Valid()) {
         return;
     }
+    TALLYMERE_REQUIRE(UintLimbsAreApart(dest, limbs, &x->header, RealWords()));
     const bool isNatural = RealIsZero(x) || (RealIsInteger(x) && RealSign(x) == 0);
     if (!isNatural) {
         BigUintSetFailed(dest, CalcErrorUndefined);
@@ -148,6 +153,7 @@ void ConvertRealToRational(RationalNumber* dest, int64_t limbs, const RealNumber
     if (!scope.Valid()) {
         return;
     }
+    TALLYMERE_REQUIRE(UintLimbsAreApart(&dest->sign, RationalWords(), &x->header, RealWords()));
     if (!RealIsInteger(x)) {
         RationalSetFailed(dest);
         return;
@@ -170,6 +176,8 @@ void ConvertRationalToComplex(ComplexNumber* dest, int64_t digits, const Rationa
                               int64_t limbs) {
     ConversionScope scope(digits, limbs);
     if (scope.Valid()) {
+        TALLYMERE_REQUIRE(
+            UintLimbsAreApart(&dest->realHeader, ComplexWords(), &q->sign, RationalWords()));
         RealFromRational(RealPart(dest), q);
         ComplexClearImaginaryPart(dest);
     }

@@ -1,18 +1,25 @@
 // What exact numbers require of their caller stops a checking build, and does not stop the others.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "core/contract.h"
 #include "exact/big_uint.h"
+#include "exact/big_uint_combinatorics.h"
 #include "exact/big_uint_division.h"
+#include "exact/big_uint_gcd.h"
 #include "exact/big_uint_logarithms.h"
+#include "exact/big_uint_mod_power.h"
 #include "exact/big_uint_multiply.h"
 #include "exact/big_uint_powers.h"
+#include "exact/big_uint_roots.h"
 #include "exact/lehmer_step.h"
 #include "exact/limb_division.h"
 #include "exact/radix_conversion.h"
+#include "exact/radix_digits.h"
 #include "exact/rational_arithmetic.h"
+#include "exact/rational_combinatorics.h"
 #include "exact/rational_powers.h"
 #include "support/rational_testing.h"
 
@@ -55,9 +62,29 @@ TEST_F(ExactContracts, RefuseIntegersThatOverlapInPart) {
     EXPECT_DEATH(BigUintMulFull(overlapping_, a_, b_), "Apart");
     EXPECT_DEATH(BigUintDivide(b_, b_, a_, a_), "quotient != remainder");
     EXPECT_DEATH(BigUintDivide(b_, overlapping_, a_, a_), "SameOrApart");
+    EXPECT_DEATH(BigUintDivide(a_, overlapping_, b_, b_), "SameOrApart");
+    EXPECT_DEATH(BigUintFactorial(overlapping_, a_), "SameOrApart");
+    EXPECT_DEATH(BigUintBinomial(overlapping_, a_, b_, false), "SameOrApart");
+    EXPECT_DEATH(BigUintBinomial(overlapping_, b_, a_, true), "SameOrApart");
+    EXPECT_DEATH(BigUintGcdAllowingZero(overlapping_, a_, b_), "SameOrApart");
+    EXPECT_DEATH(BigUintGcd(overlapping_, b_, a_), "SameOrApart");
+    EXPECT_DEATH(BigUintLcm(overlapping_, a_, b_), "SameOrApart");
+    EXPECT_DEATH(BigUintLogTwo(overlapping_, a_), "SameOrApart");
+    EXPECT_DEATH(BigUintLogTen(overlapping_, a_), "SameOrApart");
+    EXPECT_DEATH(BigUintLog(overlapping_, a_, b_), "SameOrApart");
+    EXPECT_DEATH(BigUintModPower(overlapping_, a_, b_, b_), "SameOrApart");
+    EXPECT_DEATH(BigUintModPower(overlapping_, b_, a_, b_), "SameOrApart");
+    EXPECT_DEATH(BigUintModPower(overlapping_, b_, b_, a_), "SameOrApart");
+    EXPECT_DEATH(BigUintPower(overlapping_, b_, a_), "SameOrApart");
+    EXPECT_DEATH(BigUintPowerSmall(overlapping_, a_, 3), "SameOrApart");
+    EXPECT_DEATH(BigUintPowerOfTwo(overlapping_, a_), "SameOrApart");
+    EXPECT_DEATH(BigUintPowerOfTen(overlapping_, a_), "SameOrApart");
+    EXPECT_DEATH(BigUintSquareRoot(overlapping_, a_), "SameOrApart");
+    EXPECT_DEATH(BigUintRoot(overlapping_, a_, b_), "SameOrApart");
 }
 
 TEST_F(ExactContracts, RefuseMachineIntegersOutOfRange) {
+    EXPECT_DEATH(BigUintBit(a_, -1), "index >= 0");
     EXPECT_DEATH(BigUintPowerIfFits(b_, a_, 0), "e >= 1");
     EXPECT_DEATH(BinaryLogSmall(0), "x >= 1");
     EXPECT_DEATH(BigUintResize(b_, -1, a_, 2), "destLimbs >= 0");
@@ -71,6 +98,11 @@ TEST_F(ExactContracts, RefuseLimbsThatMakeNoDivision) {
     const UintLimbDivisor divisor = PrepareDivisor(b_, b_, 2);
     a_[2] = ~uint64_t{0};
     EXPECT_DEATH(UintLimbsDivide(nullptr, a_, 1, divisor), "IsBelow");
+    a_[2] = 0;
+    EXPECT_DEATH(UintLimbsDivide(a_ + 2, a_, 1, divisor), "Apart\\(quotient, m, r");
+    EXPECT_DEATH(UintLimbsDivide(b_ + 1, a_, 1, divisor), "Apart\\(quotient, m, divisor");
+    std::fill_n(b_ - 2, 2, 0);
+    EXPECT_DEATH(UintLimbsDivide(nullptr, b_ - 2, 1, divisor), "Apart\\(r");
     EXPECT_DEATH(UintLimbsShiftLeft(b_, a_, 2, 64), "shift <= 63");
     EXPECT_DEATH(UintLimbsShiftLeft(a_, overlapping_, 2, 1), "Apart");
     EXPECT_DEATH(UintLimbsShiftRight(overlapping_, a_, 2, 1), "Apart");
@@ -85,6 +117,7 @@ TEST_F(ExactContracts, RefuseAStepThatMakesANumberNegative) {
     b_[0] = 5;
     EXPECT_DEATH(ApplyLehmerFactors(a_, b_, 1, factors), "carryX == 0");
     EXPECT_DEATH(ApplyLehmerFactors(b_, a_, 1, {1, 1, 1, 1, false}), "WellFormed");
+    EXPECT_DEATH(ApplyLehmerFactors(a_, overlapping_, 2, factors), "Apart");
 }
 
 TEST_F(ExactContracts, RefuseAGrowingIntegerWithAZeroOnTop) {
@@ -97,6 +130,20 @@ TEST_F(ExactContracts, RefuseAGrowingIntegerWithAZeroOnTop) {
     EXPECT_DEATH(AppendDecimalLimbs(x, b_, -1), "count >= 0");
 }
 
+TEST_F(ExactContracts, RefuseWhatIsNoRadix) {
+    GrowingInteger x = {a_, 3, 0};
+    EXPECT_DEATH(MostDigitsOfRadix(2, 1), "IsRadix");
+    EXPECT_DEATH(MostDigitsOfRadix(-1, 2), "m >= 0");
+    EXPECT_DEATH(AppendDigitsOfRadix(x, u"0", 1, HighestBase + 1), "IsRadix");
+    EXPECT_DEATH(AppendDigitsOfRadix(x, u"0", -1, 12), "length >= 0");
+    char16_t room[200];
+    EXPECT_DEATH(TakeDigitsOfRadix(room + 200, a_, 0, u"0"), "IsRadix");
+}
+
+TEST_F(ExactContracts, RefuseDecimalLimbsThatOverlapTheirWords) {
+    EXPECT_DEATH(WordsToDecimalLimbs(a_ + 4, a_, 2), "Apart");
+}
+
 TEST_F(ExactContracts, RefuseFractionsWithoutAValue) {
     RationalBuffer q("3/0");
     RationalBuffer one("1");
@@ -107,6 +154,9 @@ TEST_F(ExactContracts, RefuseFractionsWithoutAValue) {
     EXPECT_DEATH(RationalReciprocal(dest, q), "RationalHasValue");
     EXPECT_DEATH(RationalCompare(one, q, true), "RationalHasValue");
     EXPECT_DEATH(RationalSquareRoot(dest, q), "RationalHasValue");
+    EXPECT_DEATH(RationalPowerOfTwo(dest, q), "RationalHasValue");
+    EXPECT_DEATH(RationalFactorial(dest, q), "RationalHasValue");
+    EXPECT_DEATH(RationalGcd(dest, one, q), "RationalHasValue");
     EXPECT_DEATH(RationalFromUnsigned(dest, 1, 2), "sign <= 1");
     EXPECT_DEATH(RationalScaleSmall(dest, one, 4, 6), "gcd");
 }
@@ -119,7 +169,12 @@ TEST_F(ExactContracts, RefuseFractionsThatOverlapInPart) {
     EXPECT_DEATH(RationalAddSub(overlapping, b, a, false), "SameOrApart");
     EXPECT_DEATH(RationalDivMod(b, b, a, a), "quotient != remainder");
     EXPECT_DEATH(RationalDivMod(b, overlapping, a, a), "SameOrApart");
+    EXPECT_DEATH(RationalDivMod(a, overlapping, b, b), "SameOrApart");
+    EXPECT_DEATH(RationalPowerOfTen(overlapping, a), "SameOrApart");
+    EXPECT_DEATH(RationalFactorial(overlapping, a), "SameOrApart");
+    EXPECT_DEATH(RationalLcm(overlapping, b, a), "SameOrApart");
     EXPECT_DEATH(ReduceFraction(a_, a_), "numerator != denominator");
+    EXPECT_DEATH(ReduceFraction(a_, overlapping_), "SameOrApart");
 }
 
 #else

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "core/real_rounding.h"
 #include "reference/conversion_twins.h"
@@ -567,6 +568,25 @@ TEST(ExactConversions, AcceptTheWidestLayouts) {
     ConvertRealToUint(out, MaxUintLimbs, tooLarge, MaxPrecisionDigits);
     EXPECT_EQ(TakeOutcome(out), Refused(CalcErrorOverflow));
 }
+
+#ifdef TALLYMERE_CHECK_CONTRACTS
+
+TEST(ExactConversionsContract, ADestinationOverlapsNoOperand) {
+    PrecisionScope precision(20);
+    WidthScope width(2);
+    std::vector<uint64_t> words(32, 0);
+    RealNumber* real = RealAt(words.data() + 4);
+    RationalNumber* rational = RationalAt(words.data() + 6);
+    EXPECT_DEATH(RealFromBigUint(real, words.data(), 5), "Apart");
+    EXPECT_DEATH(BigUintFromReal(words.data(), 5, real), "Apart");
+    EXPECT_DEATH(RealFromRational(real, rational), "Apart");
+    EXPECT_DEATH(ConvertRealToUint(words.data(), 5, real, 20), "Apart");
+    EXPECT_DEATH(ConvertRealToRational(rational, 2, real, 20), "Apart");
+    EXPECT_DEATH(ConvertRationalToReal(real, 20, rational, 2), "Apart");
+    EXPECT_DEATH(ConvertRationalToComplex(ComplexAt(words.data() + 1), 20, rational, 2), "Apart");
+}
+
+#endif
 
 }  // namespace
 }  // namespace tallymere
