@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/digit_text.h"
+#include "core/number_bases.h"
 #include "core/real_rounding.h"
 #include "core/real_text.h"
 
@@ -80,7 +81,7 @@ void TurnIntoImaginaryPart(TextWriter& writer, int64_t start) {
 }  // namespace
 
 void ComplexFromText(ComplexNumber* dest, const char16_t* text, int64_t length, uint32_t flags) {
-    const NumberScanner stripped = MakeNumberScanner(text, length, flags, 10);
+    const NumberScanner stripped = MakeNumberScanner(text, length, flags, DecimalBase);
     if (!EndsInImaginaryUnit(stripped.text, stripped.length)) {
         ReadRounded(RealPart(dest), stripped.text, stripped.length, flags);
         ComplexClearImaginaryPart(dest);

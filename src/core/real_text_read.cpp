@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "core/digit_walk.h"
+#include "core/number_bases.h"
 #include "core/real_text.h"
 
 namespace tallymere {
@@ -86,9 +87,9 @@ Limb DigitsToLimbs(Limb* limbs, int64_t* exponent, const char16_t* text, int64_t
 }
 
 Limb RealFromText(RealNumber* dest, const char16_t* text, int64_t length, uint32_t flags) {
-    NumberScanner scanner = MakeNumberScanner(text, length, flags, 10);
+    NumberScanner scanner = MakeNumberScanner(text, length, flags, DecimalBase);
     const uint32_t base = flags & TextBaseMask;
-    if (scanner.length != 0 && base != 0 && base != 10) {
+    if (scanner.length != 0 && base != 0 && base != DecimalBase) {
         RealSetNaN(dest, CalcErrorBadParameter);
         return 0;
     }

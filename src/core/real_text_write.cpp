@@ -2,6 +2,7 @@
 
 #include "core/digit_format.h"
 #include "core/digit_text.h"
+#include "core/number_bases.h"
 #include "core/real_text.h"
 #include "core/scratch.h"
 
@@ -30,7 +31,7 @@ void RealToText(TextWriter& writer, const RealNumber* x, uint32_t flags) {
         return;
     }
     const uint32_t base = flags & TextBaseMask;
-    if (base != 0 && base != 10) {
+    if (base != 0 && base != DecimalBase) {
         SetCalcError(CalcErrorBadParameter);
         WriteSign(writer, false, flags);
         WriteChars(writer, u"[P]", 3);

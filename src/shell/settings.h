@@ -10,6 +10,7 @@
 #include <type_traits>
 
 #include "core/limits.h"
+#include "core/number_bases.h"
 #include "core/number_context.h"
 #include "shell/separators.h"
 #include "shell/ui_text.h"
@@ -40,8 +41,9 @@ struct Settings {
 
     AngleType angleType = AngleRadians;
     NumberType numberType = NumberTypeReal;
-    int64_t decimalPrecision = 0;   ///< significant digits; below 1 until RepairPrecision
-    int64_t outputNumberBase = 10;  ///< any number; InstalledOutputBase gives the base to use
+    int64_t decimalPrecision = 0;  ///< significant digits; below 1 until RepairPrecision
+    int64_t outputNumberBase =
+        DecimalBase;  ///< any number; InstalledOutputBase gives the base to use
     bool useLowerCaseHex = false;
     int64_t variableCount = 0;
     /// The first variableCount are in use, at most MaxVariables. After reading they point into the

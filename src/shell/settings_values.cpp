@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "core/digit_text.h"
+#include "core/number_bases.h"
 #include "shell/languages.h"
 
 namespace tallymere {
@@ -176,7 +177,7 @@ void GetDecimalPrecisionValue(const Settings& record, TextSink& sink) {
 
 void SetOutputNumberBaseValue(Settings& record, const char16_t* value) {
     const int64_t base = NumberOf(value);
-    record.outputNumberBase = base != 0 ? base : 10;
+    record.outputNumberBase = base != 0 ? base : DecimalBase;
 }
 void GetOutputNumberBaseValue(const Settings& record, TextSink& sink) {
     WriteNumber(sink, record.outputNumberBase);

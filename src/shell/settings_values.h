@@ -44,7 +44,7 @@ void GetNumberTypeValue(const Settings& record, TextSink& sink);
 void SetDecimalPrecisionValue(Settings& record, const char16_t* value);
 void GetDecimalPrecisionValue(const Settings& record, TextSink& sink);
 
-/// A decimal number as above; 0 means 10.
+/// A decimal number as above; 0 means DecimalBase.
 void SetOutputNumberBaseValue(Settings& record, const char16_t* value);
 void GetOutputNumberBaseValue(const Settings& record, TextSink& sink);
 
