@@ -10,6 +10,7 @@ namespace tallymere {
 namespace {
 
 constexpr std::u16string_view VariableKey = u"variable";
+static_assert(ProductVariables <= 100, "two digits behind the key number the variables");
 
 using Setter = void (*)(Settings& record, const char16_t* value);
 using Getter = void (*)(const Settings& record, TextSink& sink);

@@ -22,9 +22,14 @@ class LimitsTest : public CalculatorTest {};
 
 TEST_F(LimitsTest, AreThoseOfTheProduct) {
     EXPECT_EQ(MaxDigits, 10'000);
+    EXPECT_EQ(DefaultDigits, 10);
     EXPECT_EQ(MaxPrecisionDigits, 10'005);
     EXPECT_EQ(CalcUintDigits, 20'000);
     EXPECT_EQ(CalcRationalDigits, 10'000);
+    EXPECT_EQ(MaxUintLimbs, 2'000);
+    EXPECT_EQ(MaxWorkingUintLimbs, 4'000);
+    EXPECT_EQ(MaxUintDigits, 10'000'000'000);
+    EXPECT_EQ(MaxFixedExponent, 1'000'000'000);
     EXPECT_EQ(CalcResultCharacters, 88'661);
     EXPECT_EQ(CalcFormulaCharacters, 88'661);
     EXPECT_EQ(VariableNameCharacters, 10);
@@ -32,6 +37,7 @@ TEST_F(LimitsTest, AreThoseOfTheProduct) {
     EXPECT_EQ(PathCapacity, 259);
     EXPECT_EQ(UiErrorArgumentCapacity, 260);
     EXPECT_EQ(UiErrorMessageCapacity, 1'023);
+    EXPECT_EQ(MaxLineBytes, size_t{16} * 1024 * 1024);
     EXPECT_EQ(FormulaStackEntries, 50);
     EXPECT_EQ(MaxVariables, 100);
     EXPECT_EQ(CoreScratchBytes, 160'000);
