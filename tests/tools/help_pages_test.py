@@ -58,6 +58,20 @@ def differences(wanted, told):
             for name in sorted(wanted | told) if wanted.get(name) != told.get(name)]
 
 
+# The words around a limit; a row for each language of the program.
+LIMIT_WORDS = {"en": {"to": "to", "upto": "up to", "variables": "variables", "about": "some"},
+               "de": {"to": "bis", "upto": "bis zu", "variables": "Variablen", "about": "etwa"}}
+
+
+def program_limits(language):
+    """The limits of core/limits.h that stand there as numbers, as pages in a language write them,
+    also those that are computed and then asserted."""
+    source = (ROOT / "src/core/limits.h").read_text(encoding="utf-8")
+    found = re.findall(r"\b(\w+) ==? ([\d']+)[;)]", source)
+    return {name: in_english(f"{int(digits.replace(chr(39), '')):,}", language)
+            for name, digits in found}
+
+
 def inline_marks(element, language):
     """What of a block must be the same in every language, whatever the order of its words."""
     marks = Counter()
@@ -365,6 +379,18 @@ class ProgramTest(unittest.TestCase):
             page = main_of(FOLDER / f"functions_{language}.html")
             told = {element.text() for element in page.find("code") if not is_formula(element)}
             self.assertLessEqual((operators() | constants()) - {"+", "-", "*", "/"}, told)
+
+    def test_limits_are_the_program_s(self):
+        told = {"calculator": ["1 {to} {MaxDigits}", "{upto} {ProductVariables} {variables}"],
+                "numbers": ["{upto} {CalcRationalDigits} ", "{upto} {CalcUintDigits} "],
+                "formulas": ["{upto} {ProductResultCharacters} ", "{about} {ProductStackEntries}"]}
+        for language in LANGUAGES:
+            limits = program_limits(language)
+            for name, sentences in told.items():
+                page = words(main_of(FOLDER / f"{name}_{language}.html"))
+                for sentence in sentences:
+                    with self.subTest(language=language, sentence=sentence):
+                        self.assertIn(sentence.format(**LIMIT_WORDS[language], **limits), page)
 
 
 class CalculatorPageTest(unittest.TestCase):
