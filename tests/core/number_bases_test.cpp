@@ -21,6 +21,12 @@ TEST(NumberBases, AreFourWithTheirPrefixesGroupsAndStyles) {
     }
 }
 
+TEST(NumberBases, TheDecimalAndTheHighestAreInTheTable) {
+    EXPECT_EQ(DecimalBase, 10);
+    EXPECT_EQ(HighestBase, 16);
+    EXPECT_EQ(std::rbegin(NumberBases)->base, HighestBase);
+}
+
 TEST(NumberBases, NothingElseIsABase) {
     for (const int64_t base : {-2, 0, 1, 3, 9, 11, 17, 256 + 16}) {
         EXPECT_EQ(FindNumberBase(base), nullptr) << base;

@@ -108,6 +108,37 @@ TEST_F(RadixDigits, WhatIsNoDigitOfTheRadixSeparatesGroups) {
     bool fits = false;
     EXPECT_EQ(ValueOf(u"1'Ab", 12, &fits)[0], 12u * 12 + 10 * 12 + 11);
     EXPECT_TRUE(fits);
+    // The first letter that is no digit any more, in the middle and at both ends.
+    EXPECT_EQ(ValueOf(u"C1CAbc", 12, &fits)[0], 12u * 12 + 10 * 12 + 11);
+    EXPECT_TRUE(fits);
+    EXPECT_EQ(ValueOf(u"2", 2, &fits)[0], 0u);
+    EXPECT_TRUE(fits);
+}
+
+TEST_F(RadixDigits, AreAppendedToWhatIsThere) {
+    for (int64_t radix = 2; radix <= HighestBase; radix++) {
+        std::vector<uint64_t> value(Limbs);
+        value[0] = 7;
+        GrowingInteger x = {value.data(), Limbs, 1};
+        EXPECT_TRUE(AppendDigitsOfRadix(x, u"101", 3, radix));
+        const auto factor = static_cast<uint64_t>(radix);
+        EXPECT_EQ(value[0], 7 * factor * factor * factor + factor * factor + 1) << radix;
+        EXPECT_EQ(x.length, 1);
+        EXPECT_TRUE(AppendDigitsOfRadix(x, u"", 0, radix));
+        EXPECT_EQ(value[0], 7 * factor * factor * factor + factor * factor + 1) << radix;
+    }
+}
+
+TEST_F(RadixDigits, AreAsManyAsWholeBitsMakeWhereTheRadixIsAPowerOfTwo) {
+    EXPECT_EQ(MostDigitsOfRadix(0, 2), 0);
+    for (const int64_t m : {1, 2, 3, 7}) {
+        EXPECT_EQ(MostDigitsOfRadix(m, 2), 64 * m);
+        EXPECT_EQ(MostDigitsOfRadix(m, 3), 64 * m);
+        EXPECT_EQ(MostDigitsOfRadix(m, 4), 32 * m);
+        EXPECT_EQ(MostDigitsOfRadix(m, 8), (64 * m + 2) / 3);
+        EXPECT_EQ(MostDigitsOfRadix(m, 12), (64 * m + 2) / 3);
+        EXPECT_EQ(MostDigitsOfRadix(m, 16), 16 * m);
+    }
 }
 
 }  // namespace
