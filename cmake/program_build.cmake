@@ -1,6 +1,6 @@
 # Version and build time of the program, for the texts of the program in TALLYMERE_VERSION and
-# TALLYMERE_BUILD_TIME_TEXT, for its resources in program_build.h in TALLYMERE_GENERATED_FOLDER. The
-# version is that of project().
+# TALLYMERE_BUILD_TIME_TEXT, for its resources in program_build.h and tallymere.manifest in
+# TALLYMERE_GENERATED_FOLDER. The version is that of project().
 #
 # The build time is an input of the build, so that two builds of one source are equal. It is
 # TALLYMERE_BUILD_TIME, else SOURCE_DATE_EPOCH of the environment where whoever packages sets that,
@@ -26,5 +26,8 @@ string(REPLACE "." ";" numbers ${PROJECT_VERSION})
 list(APPEND numbers 0 0 0)
 list(SUBLIST numbers 0 4 numbers)
 list(JOIN numbers ", " TALLYMERE_VERSION_NUMBERS)
+list(JOIN numbers "." TALLYMERE_VERSION_OF_FOUR)
 
 configure_file(cmake/program_build.h.in ${TALLYMERE_GENERATED_FOLDER}/program_build.h @ONLY)
+configure_file(resources/tallymere.manifest.in ${TALLYMERE_GENERATED_FOLDER}/tallymere.manifest
+  @ONLY)

@@ -16,9 +16,8 @@ file(GLOB program_sources CONFIGURE_DEPENDS src/program/windows/*.cpp)
 add_executable(tallymere WIN32 ${program_sources} resources/tallymere.rc)
 target_link_libraries(tallymere PRIVATE tallymere_windows tallymere_product_options)
 set(resource_files
-  resources/tallymere.manifest resources/app_icon.ico resources/donate_icon.ico)
-list(TRANSFORM resource_files PREPEND ${PROJECT_SOURCE_DIR}/)
-list(APPEND resource_files ${TALLYMERE_GENERATED_FOLDER}/program_build.h)
+  ${PROJECT_SOURCE_DIR}/resources/app_icon.ico ${PROJECT_SOURCE_DIR}/resources/donate_icon.ico
+  ${TALLYMERE_GENERATED_FOLDER}/program_build.h ${TALLYMERE_GENERATED_FOLDER}/tallymere.manifest)
 set_source_files_properties(resources/tallymere.rc PROPERTIES OBJECT_DEPENDS "${resource_files}")
 
 # A page that changed is copied again without linking anew.

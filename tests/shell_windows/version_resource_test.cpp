@@ -38,6 +38,15 @@ TEST(VersionResource, HasTheVersionOfTheProgram) {
     EXPECT_EQ(ValueOf(resource, u"FileVersion"), ProgramVersion);
 }
 
+TEST(VersionResource, NamesTheProgramAndItsFile) {
+    const std::u16string resource = VersionResource();
+    for (const char16_t* name : {u"ProductName", u"FileDescription", u"InternalName"}) {
+        EXPECT_EQ(ValueOf(resource, name), ProgramName) << std::u16string(name).size();
+    }
+    EXPECT_EQ(ValueOf(resource, u"OriginalFilename"), std::u16string(ProgramName) + u".exe");
+    EXPECT_EQ(ValueOf(resource, u"CompanyName"), MakerName);
+}
+
 TEST(VersionResource, NamesTheMakerWithTheYearOfTheBuild) {
     EXPECT_EQ(ValueOf(VersionResource(), u"LegalCopyright"),
               u"\u00A9 " + std::u16string(ProgramBuildTime, 4) + u" " + MakerName);

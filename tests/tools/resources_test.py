@@ -10,7 +10,7 @@ from pathlib import Path
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
-from program_build import (program_build_header, project_version,  # noqa: E402
+from program_build import (make_program_build, project_version,  # noqa: E402
                            version_numbers)
 
 VERSION = project_version()
@@ -62,9 +62,8 @@ def compiled_resources():
     """{(type, name): data} of the resource file."""
     with tempfile.TemporaryDirectory() as folder:
         output = Path(folder) / "tallymere.res"
-        header = program_build_header(VERSION, YEAR)
-        (Path(folder) / "program_build.h").write_text(header, encoding="utf-8")
-        subprocess.run([COMPILER, f"--include-dir={folder}", "--output-format=res",
+        make_program_build(folder, VERSION, f"{YEAR}-01-02 03:04:05").check_returncode()
+        subprocess.run([COMPILER, f"--include-dir={folder}/generated", "--output-format=res",
                         RESOURCES / "tallymere.rc", output], check=True)
         data = output.read_bytes()
     found = {}
@@ -137,7 +136,6 @@ class ResourceTest(unittest.TestCase):
 
     def test_manifest_asks_for_common_controls_6_and_says_nothing_of_resolution(self):
         manifest = self.resources[TYPE_MANIFEST, 1].rstrip(b"\0")
-        self.assertEqual((RESOURCES / "tallymere.manifest").read_bytes(), manifest)
         root = ElementTree.fromstring(manifest)
         identities = {element.get("name"): element.get("version") for element in root.iter()
                       if element.tag.endswith("}assemblyIdentity")}
@@ -149,14 +147,30 @@ class ResourceTest(unittest.TestCase):
         version = self.resources[TYPE_VERSION, 1]
         mark = struct.pack("<I", 0xFEEF04BD)
         file_version = struct.unpack_from("<II", version, version.index(mark) + 8)
+        product_version = struct.unpack_from("<II", version, version.index(mark) + 16)
         major, minor, patch, tweak = version_numbers(VERSION)
         self.assertEqual((major << 16 | minor, patch << 16 | tweak), file_version)
+        self.assertEqual(file_version, product_version)
         for text in ("FileVersion\0", "ProductVersion\0", f"{VERSION}\0",
                      f"© {YEAR} The Tallymere Project\0"):
             self.assertIn(text.encode("utf-16-le"), version)
 
+    def test_version_is_that_of_a_program_for_windows(self):
+        version = self.resources[TYPE_VERSION, 1]
+        mark = struct.pack("<I", 0xFEEF04BD)
+        # The mask of the flags, the flags, the system, the kind of file.
+        self.assertEqual((0x3F, 0, 0x00040004, 1),
+                         struct.unpack_from("<IIII", version, version.index(mark) + 24))
+
+    def test_the_system_finds_the_block_of_version_texts(self):
+        version = self.resources[TYPE_VERSION, 1]
+        name = "Translation\0".encode("utf-16-le")
+        place = (version.index(name) + len(name) + 3) // 4 * 4
+        language, characters = struct.unpack_from("<HH", version, place)
+        self.assertIn(f"{language:04X}{characters:04X}\0".encode("utf-16-le"), version)
+
     def test_manifest_has_the_program_s_version(self):
-        root = ElementTree.parse(RESOURCES / "tallymere.manifest").getroot()
+        root = ElementTree.fromstring(self.resources[TYPE_MANIFEST, 1].rstrip(b"\0"))
         identity = root.find("{urn:schemas-microsoft-com:asm.v1}assemblyIdentity")
         self.assertEqual(".".join(map(str, version_numbers(VERSION))), identity.get("version"))
 
