@@ -28,6 +28,7 @@ def make_program_build(folder, version, build_time="", epoch=None):
                       '"${TALLYMERE_BUILD_TIME_TEXT}")\n', encoding="utf-8")
     environment = {name: value for name, value in os.environ.items()
                    if name != "SOURCE_DATE_EPOCH"}
+    environment["TZ"] = "ELSEWHERE-5"  # the build time is that of UTC
     if epoch is not None:
         environment["SOURCE_DATE_EPOCH"] = str(epoch)
     values = {"PROJECT_VERSION": version, "PROJECT_BINARY_DIR": folder,

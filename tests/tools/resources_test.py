@@ -134,12 +134,16 @@ class ResourceTest(unittest.TestCase):
         self.assertEqual(images[0], self.resources[TYPE_ICON, first["!APPICON"]])
         self.assertEqual(images[len(SIZES)], self.resources[TYPE_ICON, first["DONATEBTNICON"]])
 
-    def test_manifest_asks_for_common_controls_6_and_says_nothing_of_resolution(self):
+    def test_manifest_asks_for_common_controls_6_no_rights_and_says_nothing_of_resolution(self):
         manifest = self.resources[TYPE_MANIFEST, 1].rstrip(b"\0")
         root = ElementTree.fromstring(manifest)
         identities = {element.get("name"): element.get("version") for element in root.iter()
                       if element.tag.endswith("}assemblyIdentity")}
         self.assertEqual("6.0.0.0", identities["Microsoft.Windows.Common-Controls"])
+        self.assertEqual([("asInvoker", "false")],
+                         [(element.get("level"), element.get("uiAccess"))
+                          for element in root.iter()
+                          if element.tag.endswith("}requestedExecutionLevel")])
         self.assertEqual([], [element.tag for element in root.iter()
                               if "dpi" in element.tag.lower()])
 
@@ -173,6 +177,8 @@ class ResourceTest(unittest.TestCase):
         root = ElementTree.fromstring(self.resources[TYPE_MANIFEST, 1].rstrip(b"\0"))
         identity = root.find("{urn:schemas-microsoft-com:asm.v1}assemblyIdentity")
         self.assertEqual(".".join(map(str, version_numbers(VERSION))), identity.get("version"))
+        self.assertEqual(("win32", "amd64"),
+                         (identity.get("type"), identity.get("processorArchitecture")))
 
 
 if __name__ == "__main__":
