@@ -38,8 +38,8 @@ class ProgramBuildTest(unittest.TestCase):
             self.assertIn(wrong, finished.stderr)
 
     def test_resources_get_the_version_in_each_form_and_the_year(self):
-        for version, numbers in (("5", "5, 0, 0, 0"), ("3.9", "3, 9, 0, 0"), ("4.10.2", "4, 10, 2, 0"),
-                                 ("1.2.3.4", "1, 2, 3, 4")):
+        for version, numbers in (("5", "5, 0, 0, 0"), ("3.9", "3, 9, 0, 0"),
+                                 ("4.10.2", "4, 10, 2, 0"), ("1.2.3.4", "1, 2, 3, 4")):
             self.build_time(version, build_time="2031-01-02 03:04:05")
             header = (self.folder / "generated/program_build.h").read_text(encoding="utf-8")
             for line in (f'#define TALLYMERE_VERSION "{version}"',
