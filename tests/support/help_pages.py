@@ -34,11 +34,16 @@ class LanguageHabits:
     decimal: str  # as options of tallymere-console have it; groups have the other one
     return_key: str  # the key of the keyboard
     all_types: str  # what stands for all number types
+    limit_words: dict  # what stands around the limits of the program
 
 
 # A row for each language of the program; LanguageTest says which is missing.
-HABITS = {"en": LanguageHabits("point", "Return", "all"),
-          "de": LanguageHabits("comma", "Eingabetaste", "alle")}
+HABITS = {"en": LanguageHabits("point", "Return", "all",
+                               {"to": "to", "upto": "up to", "variables": "variables",
+                                "about": "some"}),
+          "de": LanguageHabits("comma", "Eingabetaste", "alle",
+                               {"to": "bis", "upto": "bis zu", "variables": "Variablen",
+                                "about": "etwa"})}
 
 
 def separator_options(language):

@@ -58,11 +58,6 @@ def differences(wanted, told):
             for name in sorted(wanted | told) if wanted.get(name) != told.get(name)]
 
 
-# The words around a limit; a row for each language of the program.
-LIMIT_WORDS = {"en": {"to": "to", "upto": "up to", "variables": "variables", "about": "some"},
-               "de": {"to": "bis", "upto": "bis zu", "variables": "Variablen", "about": "etwa"}}
-
-
 def program_limits(language):
     """The limits of core/limits.h that stand there as numbers, as pages in a language write them,
     also those that are computed and then asserted."""
@@ -390,7 +385,8 @@ class ProgramTest(unittest.TestCase):
                 page = words(main_of(FOLDER / f"{name}_{language}.html"))
                 for sentence in sentences:
                     with self.subTest(language=language, sentence=sentence):
-                        self.assertIn(sentence.format(**LIMIT_WORDS[language], **limits), page)
+                        self.assertIn(sentence.format(**HABITS[language].limit_words, **limits),
+                                      page)
 
 
 class CalculatorPageTest(unittest.TestCase):
