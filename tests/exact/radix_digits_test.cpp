@@ -101,6 +101,9 @@ TEST_F(RadixDigits, TheLargestIntegerFitsAndOneMoreDigitDoesNot) {
         EXPECT_FALSE(fits) << radix;
         ValueOf(u"1" + digits, radix, &fits);
         EXPECT_FALSE(fits) << radix;
+        // Too long already before the last word of digits.
+        ValueOf(digits + std::u16string(130, u'0'), radix, &fits);
+        EXPECT_FALSE(fits) << radix;
     }
 }
 
