@@ -46,7 +46,7 @@ TEST(NumberBases, ATextWithoutPrefixIsDecimal) {
     for (const char16_t* text : {u"", u"0", u"1x", u"00x", u"0 x", u"09", u"0e5", u"0;", u"x0"}) {
         EXPECT_EQ(NumberBaseOfPrefix(text).base, 10) << std::u16string(text).size();
     }
-    // These differ from the letters of prefixes in the bit that tells the case of a letter.
+    // The low bits of the first and of the last are those of a letter of a prefix.
     EXPECT_EQ(NumberBaseOfPrefix(u"0\u0018").base, 10);
     EXPECT_EQ(NumberBaseOfPrefix(u"0\u0078\0").base, 16);
     EXPECT_EQ(NumberBaseOfPrefix(u"0\u0178").base, 10);
