@@ -48,13 +48,14 @@ inline void MultiplyColumns(Limb* w, const Limb* a, const Limb* b) {
     ColumnSum column;
 #pragma GCC unroll 8
     for (int64_t c = N == 1 ? 0 : N; c >= 0; c--) {
+        const int64_t end = c < N ? c + 1 : N;
 #pragma GCC unroll 8
-        for (int64_t i = c < N ? 0 : 1; i < N && i <= c; i += ProductsPerGroup) {
+        for (int64_t i = c < N ? 0 : 1; i < end; i += ProductsPerGroup) {
             Wide group = wide::Multiply(a[i], b[c - i]);
-            if (i + 1 < N && i + 1 <= c) {
+            if (i + 1 < end) {
                 group = wide::Add(group, wide::Multiply(a[i + 1], b[c - i - 1]));
             }
-            if (i + 2 < N && i + 2 <= c) {
+            if (i + 2 < end) {
                 group = wide::Add(group, wide::Multiply(a[i + 2], b[c - i - 2]));
             }
             wide::Accumulate(column.overflow, column.sum, group);
