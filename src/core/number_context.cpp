@@ -8,18 +8,6 @@ namespace tallymere {
 
 namespace {
 
-bool IsNumberType(NumberType type) {
-    switch (type) {
-        case NumberTypeNone:
-        case NumberTypeReal:
-        case NumberTypeComplex:
-        case NumberTypeUint:
-        case NumberTypeRational:
-            return true;
-    }
-    return false;
-}
-
 template <size_t Count>
 bool AllAreSet(const char16_t (&marks)[Count]) {
     return std::ranges::none_of(marks, [](char16_t mark) { return mark == u'\0'; });
@@ -32,17 +20,14 @@ bool NumberContextIsConsistent() {
     const bool scratchIsInPlace = context.scratchBase == coreScratch.base &&
                                   context.scratchTop >= coreScratch.base &&
                                   context.scratchTop <= coreScratch.end;
-    const bool flagsAreFlags = context.noRounding <= 1 && context.reportUnderflow <= 1 &&
-                               context.reportOverflow <= 1 && context.useInfinitySign <= 1;
     return RealLayoutIsConsistent(CurrentRealLayout()) &&
-           UintWidthIsConsistent(CurrentUintWidth()) && scratchIsInPlace && flagsAreFlags &&
-           IsNumberType(context.numberType) && AllAreSet(context.decimalSeparators) &&
-           AllAreSet(context.groupSeparators) && AllAreSet(context.exponentChars) &&
-           AllAreSet(context.imaginaryChars);
+           UintWidthIsConsistent(CurrentUintWidth()) && scratchIsInPlace &&
+           AllAreSet(context.decimalSeparators) && AllAreSet(context.groupSeparators) &&
+           AllAreSet(context.exponentChars) && AllAreSet(context.imaginaryChars);
 }
 
 bool SetRealPrecision(int64_t p) {
-    if (p < 1 || p > MaxPrecisionDigits) {
+    if (!IsPrecision(p)) {
         SetCalcError(CalcErrorBadParameter);
         return false;
     }

@@ -74,8 +74,9 @@ struct NumberContext {
 extern NumberContext numberContext;
 
 /// True when the context is as every operation needs it: layout and width consistent in themselves,
-/// CoreScratch in its place with its top inside, a known number type, each flag 0 or 1, no
-/// separator or mark missing.
+/// CoreScratch in its place with its top inside, no separator or mark missing. A number type that
+/// is unknown is not looked for: operations that go by the type note CalcErrorUnknownType. Nor are
+/// the flags, which may have any value.
 bool NumberContextIsConsistent();
 
 /// Notes a failure; the first code wins.
@@ -116,6 +117,11 @@ inline void InstallRealLayout(RealLayout layout) {
     numberContext.precisionDigits = layout.digits;
     numberContext.realLimbs = layout.limbs;
     numberContext.topLimbDigits = layout.topDigits;
+}
+
+/// True for a precision that a program may set.
+constexpr bool IsPrecision(int64_t p) {
+    return p >= 1 && p <= MaxPrecisionDigits;
 }
 
 /// Sets the precision to p digits, 1 to MaxPrecisionDigits, and returns true. Any other p sets
