@@ -178,6 +178,12 @@ void ComplexReciprocal(ComplexNumber* dest, const ComplexNumber* z) {
 void ComplexDivMod(ComplexNumber* quotient, ComplexNumber* remainder, const ComplexNumber* a,
                    const ComplexNumber* b) {
     TALLYMERE_REQUIRE(ComplexIsWellFormed(a) && ComplexIsWellFormed(b));
+    for ([[maybe_unused]] const ComplexNumber* dest : {quotient, remainder}) {
+        TALLYMERE_REQUIRE(dest == nullptr ||
+                          (ComplexSameOrApart(dest, a) && ComplexSameOrApart(dest, b)));
+    }
+    TALLYMERE_REQUIRE(quotient == nullptr || remainder == nullptr ||
+                      (quotient != remainder && ComplexSameOrApart(quotient, remainder)));
     if (!BothReal(a, b)) {
         SetCalcError(CalcErrorComplexNotAllowed);
         SetNaNWhereWanted(quotient, CalcErrorUndefined);
@@ -215,13 +221,18 @@ void ComplexRealOnly(ComplexNumber* dest, const ComplexNumber* a, const ComplexN
 
 void ComplexConvertPrecision(ComplexNumber* dest, int64_t digits, const ComplexNumber* src,
                              int64_t sourceDigits) {
-    if (!RealConvertPrecision(RealPart(dest), digits, RealPart(src), sourceDigits)) {
+    if (!IsPrecision(digits) || !IsPrecision(sourceDigits)) {
+        SetCalcError(CalcErrorBadParameter);
         return;
     }
     const int64_t destWords = LayoutForDigits(digits).limbs + 1;
     const int64_t sourceWords = LayoutForDigits(sourceDigits).limbs + 1;
-    RealConvertPrecision(RealAt(&dest->realHeader + destWords), digits,
-                         RealAt(&src->realHeader + sourceWords), sourceDigits);
+    // In place, either part of dest may lie where the imaginary part of src does.
+    CoreScratchScope scratch;
+    RealNumber* imaginary = RealAt(scratch.Take(destWords));
+    RealConvertPrecision(imaginary, digits, RealAt(&src->realHeader + sourceWords), sourceDigits);
+    RealConvertPrecision(RealPart(dest), digits, RealPart(src), sourceDigits);
+    LimbsCopy(&dest->realHeader + destWords, &imaginary->header, destWords);
 }
 
 bool ComplexToUint(uint64_t* out, const ComplexNumber* z) {

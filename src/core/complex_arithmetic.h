@@ -56,8 +56,8 @@ void ComplexRealOnly(ComplexNumber* dest, const ComplexNumber* a, const ComplexN
                      RealRoundedBinary function);
 
 /// Writes src, a value of sourceDigits digits, to dest with `digits` digits, both parts rounded;
-/// dest must have room for that layout, and must not be src unless both have the same digits.
-/// Digits outside 1 to MaxPrecisionDigits set CalcErrorBadParameter and leave dest as it is.
+/// dest must have room for that layout and may be src. Digits outside 1 to MaxPrecisionDigits set
+/// CalcErrorBadParameter and leave dest as it is.
 void ComplexConvertPrecision(ComplexNumber* dest, int64_t digits, const ComplexNumber* src,
                              int64_t sourceDigits);
 

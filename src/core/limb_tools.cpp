@@ -112,6 +112,7 @@ uint64_t LimbsDivideUint(Limb* dest, const Limb* src, int64_t m, int64_t zeros, 
                          uint64_t remainder) {
     TALLYMERE_REQUIRE(m >= 0 && zeros >= 0);
     TALLYMERE_REQUIRE(d >= 1 && d < UintDivisorLimit && remainder < d);
+    TALLYMERE_REQUIRE(!std::less<>()(src, dest) || SameOrApart(dest, src, m));
     const uint64_t whole = LimbBase / d;
     const uint64_t part = LimbBase % d;
     const uint64_t reciprocal = ~uint64_t{0} / d;

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "core/limb.h"
 
@@ -17,6 +18,12 @@ inline bool SameOrApart(const uint64_t* a, const uint64_t* b, int64_t n) {
     const auto placeB = reinterpret_cast<uintptr_t>(b);
     const uintptr_t distance = placeA < placeB ? placeB - placeA : placeA - placeB;
     return distance == 0 || distance >= static_cast<uintptr_t>(n) * sizeof(uint64_t);
+}
+
+/// The same for arrays of different lengths: true when both begin at the same word, or have no word
+/// in common.
+inline bool SameOrApart(const uint64_t* a, int64_t countA, const uint64_t* b, int64_t countB) {
+    return SameOrApart(a, b, std::less<>()(a, b) ? countA : countB);
 }
 
 /// Shifts right by 0 <= k <= 19 digits, zeros coming in at the top. Returns the digits that fall

@@ -144,7 +144,8 @@ void StoreRemainder(RealNumber* dest, const LongDivision& division, int64_t divi
 void RealDivMod(RealNumber* quotient, RealNumber* remainder, const RealNumber* a,
                 const RealNumber* b) {
     TALLYMERE_REQUIRE(RealIsWellFormed(a) && RealIsWellFormed(b));
-    TALLYMERE_REQUIRE(quotient != remainder || quotient == nullptr);
+    TALLYMERE_REQUIRE(RealOutputsAreApart(quotient, remainder, a) &&
+                      RealOutputsAreApart(quotient, remainder, b));
     if (RealIsSpecial(a) || RealIsSpecial(b)) {
         DivModSpecial(quotient, remainder, a, b);
         return;

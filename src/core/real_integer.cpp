@@ -97,7 +97,7 @@ bool RealToInt(int64_t* out, const RealNumber* x, uint32_t flags) {
 }
 
 uint64_t RealLeadingDigits(const Limb* limbs, int64_t k) {
-    TALLYMERE_REQUIRE(k >= 1 && k <= DigitsPerLimb);
+    TALLYMERE_REQUIRE(k >= 1 && k <= DigitsPerLimb && FirstLimbIsNormal(limbs));
     const int64_t t = numberContext.topLimbDigits;
     if (k <= t) {
         return DivideByPowerOfTen(limbs[0], t - k).quotient;

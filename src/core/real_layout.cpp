@@ -20,6 +20,12 @@ GuardShape ShapeOfGuard(int64_t g) {
     return g > DigitsPerLimb ? GuardShape{g - DigitsPerLimb, 1} : GuardShape{g, 0};
 }
 
+// True when two records of so many limbs begin at the same word, or have no word in common.
+[[maybe_unused]] bool RecordsAreSameOrApart(const RealNumber* a, int64_t limbsA,
+                                            const RealNumber* b, int64_t limbsB) {
+    return SameOrApart(&a->header, limbsA + 1, &b->header, limbsB + 1);
+}
+
 }  // namespace
 
 RealLayout WidenedLayout(int64_t g) {
@@ -29,9 +35,11 @@ RealLayout WidenedLayout(int64_t g) {
 
 void RealWiden(RealNumber* dest, const RealNumber* src, int64_t g, int64_t oldLimbs,
                int64_t limbIncrease) {
-    TALLYMERE_REQUIRE(g >= 0 && g <= MaxGuardDigits && dest != src);
+    TALLYMERE_REQUIRE(g >= 0 && g <= MaxGuardDigits && oldLimbs >= 1);
+    TALLYMERE_REQUIRE(RecordsAreSameOrApart(dest, oldLimbs + limbIncrease, src, oldLimbs));
     const GuardShape shape = ShapeOfGuard(g);
     const int64_t increase = limbIncrease - shape.spareLimbs;
+    TALLYMERE_REQUIRE(increase == 0 || increase == 1);
     const int64_t limbs = oldLimbs + increase;
     const Limb* from = RealLimbs(src);
     Limb* to = RealLimbs(dest);
@@ -50,9 +58,11 @@ void RealWiden(RealNumber* dest, const RealNumber* src, int64_t g, int64_t oldLi
 
 Limb RealNarrow(RealNumber* dest, const RealNumber* src, int64_t g, int64_t oldLimbs,
                 int64_t limbIncrease) {
-    TALLYMERE_REQUIRE(g >= 0 && g <= MaxGuardDigits);
+    TALLYMERE_REQUIRE(g >= 0 && g <= MaxGuardDigits && oldLimbs >= 1);
+    TALLYMERE_REQUIRE(RecordsAreSameOrApart(dest, oldLimbs, src, oldLimbs + limbIncrease));
     const GuardShape shape = ShapeOfGuard(g);
     const int64_t decrease = limbIncrease - shape.spareLimbs;
+    TALLYMERE_REQUIRE(decrease == 0 || decrease == 1);
     const Limb* from = RealLimbs(src);
     Limb* to = RealLimbs(dest);
     const Limb below = limbIncrease > 0 ? from[oldLimbs] : 0;
@@ -102,7 +112,8 @@ Limb WithGuardDigitsBinary(RealNumber* dest, const RealNumber* a, const RealNumb
 
 Limb RealConvertLayout(RealNumber* dest, const RealNumber* src, RealLayout source) {
     TALLYMERE_REQUIRE(RealLayoutIsConsistent(source));
-    TALLYMERE_REQUIRE(dest != src || source.digits == numberContext.precisionDigits);
+    TALLYMERE_REQUIRE(RealIsWellFormed(src, source));
+    TALLYMERE_REQUIRE(RecordsAreSameOrApart(dest, numberContext.realLimbs, src, source.limbs));
     const int64_t n = numberContext.realLimbs;
     const int64_t t = numberContext.topLimbDigits;
     const Limb* from = RealLimbs(src);
@@ -127,9 +138,7 @@ Limb RealConvertLayout(RealNumber* dest, const RealNumber* src, RealLayout sourc
 
 bool RealConvertPrecision(RealNumber* dest, int64_t digits, const RealNumber* src,
                           int64_t sourceDigits) {
-    const bool inRange = digits >= 1 && digits <= MaxPrecisionDigits && sourceDigits >= 1 &&
-                         sourceDigits <= MaxPrecisionDigits;
-    if (!inRange) {
+    if (!IsPrecision(digits) || !IsPrecision(sourceDigits)) {
         SetCalcError(CalcErrorBadParameter);
         return false;
     }

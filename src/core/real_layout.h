@@ -16,11 +16,11 @@ inline constexpr int64_t MaxGuardDigits = 38;
 RealLayout WidenedLayout(int64_t g);
 
 /// Writes src, a number of `oldLimbs` limbs, to dest with g more digits in oldLimbs + limbIncrease
-/// limbs. The value is unchanged. dest must not be src.
+/// limbs. The value is unchanged. dest may be src.
 void RealWiden(RealNumber* dest, const RealNumber* src, int64_t g, int64_t oldLimbs,
                int64_t limbIncrease);
 
-/// The inverse: src has oldLimbs + limbIncrease limbs, dest gets oldLimbs; raw.
+/// The inverse: src has oldLimbs + limbIncrease limbs, dest gets oldLimbs; raw. dest may be src.
 Limb RealNarrow(RealNumber* dest, const RealNumber* src, int64_t g, int64_t oldLimbs,
                 int64_t limbIncrease);
 
@@ -35,13 +35,13 @@ Limb WithGuardDigitsUnary(RealNumber* dest, const RealNumber* x, int64_t g, Real
 Limb WithGuardDigitsBinary(RealNumber* dest, const RealNumber* a, const RealNumber* b, int64_t g,
                            RealBinaryFunction f);
 
-/// Writes src, a number of layout `source`, to dest in the current layout; raw. dest must not be
-/// src unless the layouts are equal.
+/// Writes src, a number of layout `source`, to dest in the current layout; raw. dest may be src
+/// where its memory has room for both layouts.
 Limb RealConvertLayout(RealNumber* dest, const RealNumber* src, RealLayout source);
 
 /// Writes src, a number of sourceDigits digits, to dest with `digits` digits, rounded; dest must
-/// have room for that layout. Digits outside 1 to MaxPrecisionDigits set CalcErrorBadParameter,
-/// leave dest as it is and give false.
+/// have room for that layout and may be src. Digits outside 1 to MaxPrecisionDigits set
+/// CalcErrorBadParameter, leave dest as it is and give false.
 bool RealConvertPrecision(RealNumber* dest, int64_t digits, const RealNumber* src,
                           int64_t sourceDigits);
 

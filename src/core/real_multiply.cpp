@@ -12,12 +12,6 @@ namespace tallymere {
 
 namespace {
 
-// True when the first limb has the digits that it has in normal form.
-[[maybe_unused]] bool FirstLimbIsNormal(const Limb* limbs) {
-    const int64_t t = numberContext.topLimbDigits;
-    return limbs[0] >= PowerOfTen(t - 1) && limbs[0] < PowerOfTen(t);
-}
-
 // The limbs of an operand that can make products: limb 0 and those from `start` to before `end`.
 // Newton's iteration multiplies by numbers such as 1.000...0ddd and by seeds of one limb, where
 // most of the work would be products with limbs that are 0.

@@ -15,13 +15,13 @@ void SetSpecial(RealNumber* dest, SpecialMark mark, uint64_t sign) {
 
 }  // namespace
 
-bool RealIsWellFormed(const RealNumber* x) {
-    const int64_t n = numberContext.realLimbs;
+bool RealIsWellFormed(const RealNumber* x, RealLayout layout) {
+    const int64_t n = layout.limbs;
     const Limb* limbs = RealLimbs(x);
     if (RealIsSpecial(x)) {
         return limbs[0] <= MarkNaN && LimbsAreZero(limbs + 1, n - 1);
     }
-    const int64_t t = numberContext.topLimbDigits;
+    const int64_t t = layout.topDigits;
     if (limbs[0] < PowerOfTen(t - 1) || limbs[0] >= PowerOfTen(t)) {
         return false;
     }

@@ -51,6 +51,16 @@ inline bool RealSameOrApart(const RealNumber* a, const RealNumber* b) {
     return SameOrApart(&a->header, &b->header, RealWords());
 }
 
+/// True for two outputs of an operation on x, each of which may be null: they have no word in
+/// common, and each of them is x or has none in common with it.
+inline bool RealOutputsAreApart(const RealNumber* first, const RealNumber* second,
+                                const RealNumber* x) {
+    return (first == nullptr || RealSameOrApart(first, x)) &&
+           (second == nullptr || RealSameOrApart(second, x)) &&
+           (first == nullptr || second == nullptr ||
+            (first != second && RealSameOrApart(first, second)));
+}
+
 inline Limb* RealLimbs(RealNumber* x) {
     return &x->header + 1;
 }
@@ -92,9 +102,19 @@ inline bool RealIsNaN(const RealNumber* x) {
     return RealIsSpecial(x) && RealLimbs(x)[0] == MarkNaN;
 }
 
-/// True when the record is in normal form in the current layout. A sign on a NaN passes: nothing
-/// makes one, and one that came about all the same is shown like any other sign.
-bool RealIsWellFormed(const RealNumber* x);
+/// True when the record is in normal form in a layout, or in the current one. A sign on a NaN
+/// passes: nothing makes one, and one that came about all the same is shown like any other sign.
+bool RealIsWellFormed(const RealNumber* x, RealLayout layout);
+inline bool RealIsWellFormed(const RealNumber* x) {
+    return RealIsWellFormed(x, CurrentRealLayout());
+}
+
+/// True when the first limb has the digits that it has in a finite non-zero number in normal form
+/// in the current layout.
+inline bool FirstLimbIsNormal(const Limb* limbs) {
+    const int64_t t = numberContext.topLimbDigits;
+    return limbs[0] >= PowerOfTen(t - 1) && limbs[0] < PowerOfTen(t);
+}
 
 void RealSetZero(RealNumber* dest, uint64_t sign);
 void RealSetInfinity(RealNumber* dest, uint64_t sign);
@@ -124,9 +144,9 @@ void RealCopy(RealNumber* dest, const RealNumber* src);
 /// dest = |x|.
 void RealAbs(RealNumber* dest, const RealNumber* x);
 
-/// Gives x, whose limbs are in normal form, an exponent and keeps its sign. True if the exponent is
-/// in range; above it x becomes RealSetOverflow and below it RealSetUnderflow of its sign, and the
-/// result is false.
+/// Gives x an exponent and keeps its sign and its limbs, which it does not look at. True if the
+/// exponent is in range; above it x becomes RealSetOverflow and below it RealSetUnderflow of its
+/// sign, and the result is false.
 bool RealSetExponent(RealNumber* x, int64_t exponent);
 
 /// The same, with the sign 0 or 1 from the argument.

@@ -245,13 +245,13 @@ Limb SeriesCos(RealNumber* dest, const RealNumber* x) {
 
 void SeriesSinCos(RealNumber* sine, RealNumber* cosine, const RealNumber* x) {
     TALLYMERE_REQUIRE(RealIsWellFormed(x));
-    TALLYMERE_REQUIRE(sine != cosine);
+    TALLYMERE_REQUIRE(RealOutputsAreApart(sine, cosine, x));
     PairedFactorialSeries(sine, cosine, x, true);
 }
 
 void SeriesSinhCosh(RealNumber* sinh, RealNumber* cosh, const RealNumber* x) {
     TALLYMERE_REQUIRE(RealIsWellFormed(x));
-    TALLYMERE_REQUIRE(sinh != cosh);
+    TALLYMERE_REQUIRE(RealOutputsAreApart(sinh, cosh, x));
     PairedFactorialSeries(sinh, cosh, x, false);
 }
 

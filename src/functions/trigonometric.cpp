@@ -60,7 +60,7 @@ void SetBothNaN(RealNumber* sine, RealNumber* cosine, CalcError code) {
 
 Limb RealSinCos(RealNumber* sine, RealNumber* cosine, const RealNumber* x) {
     TALLYMERE_REQUIRE(RealIsWellFormed(x));
-    TALLYMERE_REQUIRE(sine != cosine || sine == nullptr);
+    TALLYMERE_REQUIRE(RealOutputsAreApart(sine, cosine, x));
     const uint64_t sign = RealSign(x);
     if (RealIsNaN(x)) {
         SetBothNaN(sine, cosine, CalcErrorNone);

@@ -33,8 +33,7 @@ class ConversionScope {
 public:
     // Out of range: notes CalcErrorBadParameter and changes nothing.
     ConversionScope(int64_t digits, int64_t limbs)
-        : valid_(digits >= 1 && digits <= MaxPrecisionDigits && limbs >= 1 &&
-                 limbs <= MaxUintLimbs) {
+        : valid_(IsPrecision(digits) && limbs >= 1 && limbs <= MaxUintLimbs) {
         if (valid_) {
             InstallRealLayout(LayoutForDigits(digits));
             InstallUintWidth(UintWidthForLimbs(limbs));
@@ -86,6 +85,7 @@ Limb RealFromBigUint(RealNumber* dest, const uint64_t* words, int64_t m) {
 
 void BigUintFromReal(uint64_t* dest, int64_t m, const RealNumber* x) {
     TALLYMERE_REQUIRE(m >= 0);
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
     TALLYMERE_REQUIRE(UintLimbsAreApart(dest, m, &x->header, RealWords()));
     std::fill_n(dest, m, 0);
     if (RealIsNaN(x)) {

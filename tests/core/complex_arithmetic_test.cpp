@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "core/real_add.h"
 #include "core/real_compare.h"
@@ -378,11 +380,19 @@ TEST(ComplexConvertPrecision, RoundsBothPartsToTheDigits) {
             EXPECT_EQ(PlainText(result.Get()), from == 1 ? "7e0 -5e9"
                                                : to == 1 ? "8e0 -1e10"
                                                          : "7.5e0 -9.9e9");
+            const int64_t sourceWords = 2 * (LayoutForDigits(from).limbs + 1);
+            std::vector<uint64_t> inPlace(
+                static_cast<size_t>(std::max(sourceWords, ComplexWords())));
+            std::copy_n(source.Words(), sourceWords, inPlace.data());
+            ComplexNumber* const place = ComplexAt(inPlace.data());
+            ComplexConvertPrecision(place, to, place, from);
+            EXPECT_TRUE(
+                std::equal(result.Words(), result.Words() + ComplexWords(), inPlace.data()));
         }
     }
 }
 
-TEST(ComplexConvertPrecision, WorksInPlaceAtTheSamePrecision) {
+TEST(ComplexConvertPrecision, CopiesSpecialParts) {
     PrecisionScope scope(38);
     ComplexBuffer z("1.5 -inf");
     ComplexConvertPrecision(z, 38, z, 38);

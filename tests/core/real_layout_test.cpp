@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "support/real_testing.h"
 
@@ -61,6 +63,13 @@ TEST(RealWidenAndNarrow, KeepTheValueAtEveryGuardDigitCount) {
                     RealBuffer narrowed = x;
                     ASSERT_EQ(RealNarrow(narrowed, widened, g, n, wide.limbs - n), 0u);
                     ASSERT_EQ(narrowed, x);
+                    RealBuffer inPlace;
+                    std::copy_n(&x.Get()->header, n + 1, &inPlace.Get()->header);
+                    RealWiden(inPlace, inPlace, g, n, wide.limbs - n);
+                    ASSERT_EQ(inPlace, widened);
+                    RealNarrow(inPlace, inPlace, g, n, wide.limbs - n);
+                    ASSERT_TRUE(
+                        std::equal(&x.Get()->header, x.Limbs() + n, &inPlace.Get()->header));
                 }
             }
             for (const char* special : SpecialTexts) {
@@ -187,6 +196,13 @@ TEST(RealConvertLayout, KeepsTheDigitsThatFitAndReturnsTheNextAsTheGuardLimb) {
                       PlainText(RealBuffer(scientific(digits.substr(0, static_cast<size_t>(to))))));
             const std::string dropped = to < from ? digits.substr(static_cast<size_t>(to)) : "0";
             EXPECT_EQ(guard, GuardOf(dropped));
+            const int64_t sourceWords = LayoutForDigits(from).limbs + 1;
+            std::vector<uint64_t> inPlace(static_cast<size_t>(std::max(sourceWords, RealWords())));
+            std::copy_n(&source.Get()->header, sourceWords, inPlace.data());
+            RealNumber* const place = RealAt(inPlace.data());
+            EXPECT_EQ(RealConvertLayout(place, place, LayoutForDigits(from)), guard);
+            EXPECT_TRUE(
+                std::equal(inPlace.data(), inPlace.data() + RealWords(), &result.Get()->header));
         }
     }
 }
