@@ -111,7 +111,7 @@ void WriteExponent(TextWriter& writer, int64_t exponent, uint32_t flags) {
     } else if ((flags & TextNoExponentPlus) == 0) {
         WriteChar(writer, u'+');
     }
-    const uint64_t magnitude = static_cast<uint64_t>(exponent < 0 ? -exponent : exponent);
+    const uint64_t magnitude = IntegerMagnitude(exponent);
     const int64_t count = std::max<int64_t>(DigitCount(magnitude), 1);
     if (char16_t* place = WriteReserve(writer, count)) {
         WriteDecimalRun(place, magnitude, count);

@@ -119,7 +119,7 @@ NumberTokenKind ScanToken(NumberScanner& scanner) {
 NumberScanner MakeNumberScanner(const char16_t* text, int64_t length, uint32_t flags,
                                 int64_t radix) {
     TALLYMERE_REQUIRE(length >= 0 || length == TextUntilZero);
-    TALLYMERE_REQUIRE(FindNumberBase(radix) != nullptr);
+    TALLYMERE_REQUIRE(radix >= 2 && radix <= HighestBase);
     if (length == TextUntilZero) {
         length = 0;
         while (text[length] != u'\0') {

@@ -107,6 +107,7 @@ int RealCompareInt(const RealNumber* x, int64_t k) {
 }
 
 int RealCompareUint(const RealNumber* x, uint64_t k, bool ignoreSign) {
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
     return CompareWithInteger(x, ignoreSign ? 0 : RealSign(x), k, 0, DigitCount(k) - 1,
                               DigitCount(k));
 }

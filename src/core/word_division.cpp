@@ -27,7 +27,7 @@ uint64_t DivisorReciprocal(uint64_t d) {
 
 uint64_t Divide128(uint64_t* remainder, uint64_t high, uint64_t low, uint64_t d,
                    uint64_t reciprocal) {
-    TALLYMERE_REQUIRE(d >= 1 && high < d);
+    TALLYMERE_REQUIRE(d >= 1 && high < d && reciprocal == DivisorReciprocal(d));
     const int shift = HighestBit(d);
     // By d itself: the reciprocal of 2^64 - 1 rounds down to PowerOfTwoReciprocal too.
     if ((d & (d - 1)) == 0) {

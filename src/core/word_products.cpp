@@ -1,10 +1,10 @@
 #include "core/word_products.h"
 
-#ifdef TALLYMERE_CARRY_CHAINS
-#include <cpuid.h>
-
 #include "core/contract.h"
 #include "core/limb_tools.h"
+
+#ifdef TALLYMERE_CARRY_CHAINS
+#include <cpuid.h>
 #endif
 
 namespace tallymere {
@@ -129,30 +129,28 @@ const bool HasCarryChains = words_carry_chains::Supported();
 
 }  // namespace
 
+#endif
+
 uint64_t MultiplyWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
     TALLYMERE_REQUIRE(n >= 0);
     TALLYMERE_REQUIRE(SameOrApart(dest, src, n));
-    return HasCarryChains ? words_carry_chains::Multiply(dest, src, n, k)
-                          : words_portable::Multiply(dest, src, n, k);
-}
-
-uint64_t MultiplyAddWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
-    TALLYMERE_REQUIRE(n >= 0);
-    TALLYMERE_REQUIRE(SameOrApart(dest, src, n));
-    return HasCarryChains ? words_carry_chains::MultiplyAdd(dest, src, n, k)
-                          : words_portable::MultiplyAdd(dest, src, n, k);
-}
-
-#else
-
-uint64_t MultiplyWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
+#ifdef TALLYMERE_CARRY_CHAINS
+    if (HasCarryChains) {
+        return words_carry_chains::Multiply(dest, src, n, k);
+    }
+#endif
     return words_portable::Multiply(dest, src, n, k);
 }
 
 uint64_t MultiplyAddWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
+    TALLYMERE_REQUIRE(n >= 0);
+    TALLYMERE_REQUIRE(SameOrApart(dest, src, n));
+#ifdef TALLYMERE_CARRY_CHAINS
+    if (HasCarryChains) {
+        return words_carry_chains::MultiplyAdd(dest, src, n, k);
+    }
+#endif
     return words_portable::MultiplyAdd(dest, src, n, k);
 }
-
-#endif
 
 }  // namespace tallymere

@@ -101,6 +101,8 @@ void TakeRootBranch(RealNumber* x, RealNumber* y, int64_t n, int64_t k) {
 
 // The body of all root branches; 1 <= n <= MaxDegree.
 void RootBranch(ComplexNumber* dest, int64_t n, const ComplexNumber* z, const RealNumber* branch) {
+    TALLYMERE_REQUIRE(ComplexIsWellFormed(z) && RealIsWellFormed(branch));
+    TALLYMERE_REQUIRE(ComplexSameOrApart(dest, z));
     int64_t k = 0;
     if (!RealToInt(&k, branch, IntegerExact) || k < 0 || k >= n) {
         ComplexSetNaN(dest, CalcErrorUndefined);
@@ -132,7 +134,7 @@ void RootBranch(ComplexNumber* dest, int64_t n, const ComplexNumber* z, const Re
 
 void ComplexRootBranch(ComplexNumber* dest, const RealNumber* n, const ComplexNumber* z,
                        const RealNumber* k) {
-    TALLYMERE_REQUIRE(RealIsWellFormed(n) && ComplexIsWellFormed(z) && RealIsWellFormed(k));
+    TALLYMERE_REQUIRE(RealIsWellFormed(n));
     int64_t degree = 0;
     if (!RealToInt(&degree, n, IntegerExact) || degree < 1 || degree > MaxDegree) {
         ComplexSetNaN(dest, CalcErrorUndefined);

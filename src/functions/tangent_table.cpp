@@ -66,7 +66,8 @@ void AddDownwards(TangentTable& table) {
 TangentMemory tangentMemory = {std::malloc, std::free};
 
 void TangentStep(TangentTable& table) {
-    TALLYMERE_REQUIRE(table.rowWords == RealWords());
+    TALLYMERE_REQUIRE(table.rows != nullptr && table.rowWords == RealWords());
+    TALLYMERE_REQUIRE(RealIsWellFormed(TangentRow(table, 0)));
     table.steps++;
     if (table.steps % 2 == 0) {
         AddUpwards(table);

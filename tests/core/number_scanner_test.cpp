@@ -184,6 +184,8 @@ TEST(NumberScanner, TakesTheDigitsOfItsRadix) {
     EXPECT_EQ(Tokens(u"1'0'2", TextGroup | TextPlainSeparators, 2), "100:1'0 1:' 1:2");
     EXPECT_EQ(Tokens(u"01234567 8", TextGroup | TextPlainSeparators, 8), "100:01234567 1:  1:8");
     EXPECT_EQ(Tokens(u"17.79", TextGroup | TextPlainSeparators, 8), "101:17.7 1:9");
+    EXPECT_EQ(Tokens(u"0678", TextGroup | TextPlainSeparators, 7), "100:06 1:7 1:8");
+    EXPECT_EQ(Tokens(u"1aBc", TextGroup | TextPlainSeparators, 12), "100:1aB 1:c");
     EXPECT_EQ(Tokens(u"0189aAfF", TextGroup | TextPlainSeparators, 16), "100:0189aAfF");
     EXPECT_EQ(Tokens(u"1'F.e", TextGroup | TextPlainSeparators, 16), "101:1'F.e");
     EXPECT_EQ(Tokens(u"1e5", TextGroup | TextPlainSeparators, 16), "100:1e5");
