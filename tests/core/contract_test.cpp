@@ -236,6 +236,7 @@ TEST_F(ArithmeticContract, OfLayoutsIsThatRecordsOfDifferentLengthAreTheSameOrAp
     EXPECT_DEATH(RealWiden(y_, x_, 3, 0, 1), Broken("real_layout", "oldLimbs >= 1"));
     EXPECT_DEATH(RealNarrow(y_, x_, 3, 0, 1), Broken("real_layout", "oldLimbs >= 1"));
     EXPECT_DEATH(WidenedLayout(39), Broken("real_layout", "MaxGuardDigits"));
+    EXPECT_DEATH(WidenedLayout(-1), Broken("real_layout", "g >= 0"));
     EXPECT_DEATH(RealConvertLayout(y_, x_, {39, 3, 2}), Broken("real_layout", "IsConsistent"));
     EXPECT_EQ(wider.limbs, 4);
 }
@@ -310,6 +311,16 @@ TEST(Contract, OfScratchIsThatMarksAreGivenBackInOrder) {
                  Broken("scratch", "mark <= "));
     EXPECT_DEATH(ScratchRelease(coreScratch, coreScratch.base - 1), Broken("scratch", "mark >= "));
     EXPECT_LT(mark, numberContext.scratchTop);
+    const auto createTwice = [] {
+        CreateScratchStack();
+        CreateScratchStack();
+    };
+    const auto destroyTwice = [] {
+        DestroyScratchStack();
+        DestroyScratchStack();
+    };
+    EXPECT_DEATH(createTwice(), Broken("scratch", "base == nullptr"));
+    EXPECT_DEATH(destroyTwice(), Broken("scratch", "base != nullptr"));
 }
 
 TEST(Contract, OfLimbToolsIsThatArraysAreTheSameOrApart) {
@@ -348,7 +359,7 @@ TEST(Contract, OfLimbToolsIsThatCountsAndLimbsAreInRange) {
     EXPECT_DEATH(LimbsShiftLeftDigits(a, a, 2, 20, 0), broken("k <= DigitsPerLimb"));
     EXPECT_DEATH(LimbsShiftLeftDigits(a, a, 2, -1, 0), broken("k >= 0"));
     EXPECT_DEATH(LimbsShiftLeftDigits(a, a, 2, 1, LimbBase), broken("guard < LimbBase"));
-    EXPECT_DEATH(LimbsShiftRightFar(a, a, 0, 1), broken("m >= 1"));
+    EXPECT_DEATH(LimbsShiftRightFar(a, a, 0, 20), broken("m >= 1"));
     EXPECT_DEATH(LimbsShiftRightFar(a, a, 2, -1), broken("k >= 0"));
     EXPECT_DEATH(LimbsShiftLeftFar(a, a, 0, 20, 0), broken("m >= 1 && k >= 0 && guard"));
     EXPECT_DEATH(LimbsShiftLeftFar(a, a, 2, -1, 0), broken("m >= 1 && k >= 0 && guard"));
