@@ -91,8 +91,12 @@ Value ReadValue(const std::u16string& text, uint32_t flags) {
 
 TEST(NumberText, OfEveryTypeIsReadAsWhatItWasWrittenFrom) {
     RandomSource random;
-    FieldScope decimal(numberContext.decimalSeparators[0], u',');
-    FieldScope group(numberContext.groupSeparators[0], u' ');
+    // None of them a plain one, which would be read as well.
+    char16_t* const decimal = numberContext.decimalSeparators;
+    char16_t* const group = numberContext.groupSeparators;
+    const FieldScope<char16_t> scopes[] = {{decimal[0], u','}, {decimal[1], u','},
+                                           {decimal[2], u','}, {group[0], u' '},
+                                           {group[1], u' '},   {group[2], u' '}};
     ForEachLayout(AllNumberTypes, LayoutRange::All, [&](const NumberLayout&) {
         for (const uint32_t flags :
              {uint32_t{0}, uint32_t{TextAlwaysSign}, uint32_t{TextGroup}, uint32_t{TextScientific},
