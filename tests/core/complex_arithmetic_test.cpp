@@ -14,6 +14,7 @@
 #include "core/real_multiply.h"
 #include "core/real_rounding.h"
 #include "support/complex_testing.h"
+#include "support/number_layouts.h"
 
 namespace tallymere {
 namespace {
@@ -104,8 +105,7 @@ TEST(ComplexCompare, KnowsNoMagnitudeOfValuesThatAreNotReal) {
 }
 
 TEST(ComplexAdd, AddsPartByPart) {
-    for (int64_t p : AllPrecisions) {
-        PrecisionScope scope(p);
+    ForEachLayout(NumberTypeComplex, LayoutRange::All, [](const NumberLayout&) {
         EXPECT_EQ(Sum("1 2", "3 4"), Silent("4e0 6e0"));
         EXPECT_EQ(Sum("1 2", "-1 -2"), Silent("0 0"));
         EXPECT_EQ(Sum("-1 -2", "1 2"), Silent("-0 -0"));
@@ -117,7 +117,7 @@ TEST(ComplexAdd, AddsPartByPart) {
         EXPECT_EQ(Sum("inf 1", "-inf 2"), (Outcome{"nan 3e0", CalcErrorUndefined}));
         EXPECT_EQ(Difference("1 inf", "1 inf"), (Outcome{"0 nan", CalcErrorUndefined}));
         EXPECT_EQ(Sum("nan 1", "1 2"), Silent("nan 3e0"));
-    }
+    });
 }
 
 TEST(ComplexAdd, RoundsEachPart) {
@@ -138,8 +138,7 @@ TEST(ComplexMul, MultipliesByTheSchoolFormula) {
 }
 
 TEST(ComplexMul, KeepsTheProductOfRealValuesReal) {
-    for (int64_t p : SmallPrecisions) {
-        PrecisionScope scope(p);
+    ForEachLayout(NumberTypeComplex, LayoutRange::Small, [](const NumberLayout&) {
         EXPECT_EQ(Product("2 -0", "-3 -0"), Silent("-6e0 0"));
         EXPECT_EQ(Product("inf 0", "-3 -0"), Silent("-inf 0"));
         EXPECT_EQ(Product("-0 -0", "3 0"), Silent("-0 0"));
@@ -147,7 +146,7 @@ TEST(ComplexMul, KeepsTheProductOfRealValuesReal) {
         EXPECT_EQ(Product("0 0", "inf 0"), (Outcome{"nan 0", CalcErrorUndefined}));
         EXPECT_EQ(Product("1e4611686018427387903 0", "10 0"),
                   (Outcome{"inf 0", CalcErrorOverflow}));
-    }
+    });
 }
 
 TEST(ComplexMul, RoundsTheProductsBeforeTheirSum) {
@@ -168,15 +167,14 @@ TEST(ComplexMul, MultipliesPartsByTheRulesOfSpecialValues) {
 }
 
 TEST(ComplexMulUint, MultipliesEachPart) {
-    for (int64_t p : AllPrecisions) {
-        PrecisionScope scope(p);
+    ForEachLayout(NumberTypeComplex, LayoutRange::All, [](const NumberLayout&) {
         EXPECT_EQ(Multiple("2 -3", 3), Silent("6e0 -9e0"));
         EXPECT_EQ(Multiple("0 -3", 3), Silent("0 -9e0"));
         EXPECT_EQ(Multiple("2 -0", 3), Silent("6e0 0"));
         EXPECT_EQ(Multiple("2 -3", 0), Silent("0 -0"));
         EXPECT_EQ(Multiple("nan -3", 2), Silent("nan -6e0"));
         EXPECT_EQ(Multiple("1 inf", 0), (Outcome{"0 nan", CalcErrorUndefined}));
-    }
+    });
     PrecisionScope scope(3);
     EXPECT_EQ(Multiple("1.25 9.99", 7), Silent("8.75e0 6.99e1"));
     EXPECT_EQ(Multiple("9.98 -9.98", 7), Silent("6.99e1 -6.99e1"));
@@ -189,51 +187,47 @@ TEST(ComplexDivUint, DividesEachPart) {
             [k](ComplexNumber* dest, const ComplexNumber* x) { ComplexDivUint(dest, x, k); },
             ComplexBuffer(z));
     };
-    for (int64_t p : AllPrecisions) {
-        PrecisionScope scope(p);
+    ForEachLayout(NumberTypeComplex, LayoutRange::All, [&](const NumberLayout&) {
         EXPECT_EQ(part("6 -9", 3), Silent("2e0 -3e0"));
         EXPECT_EQ(part("-6 -0", 3), Silent("-2e0 0"));
         EXPECT_EQ(part("nan -6", 2), Silent("nan -3e0"));
         EXPECT_EQ(part("6 0", 0), (Outcome{"inf 0", CalcErrorOverflow}));
         EXPECT_EQ(part("6 -1", 0), (Outcome{"inf -inf", CalcErrorOverflow}));
-    }
+    });
     PrecisionScope scope(3);
     EXPECT_EQ(part("2 1", 3), Silent("6.67e-1 3.33e-1"));
 }
 
 TEST(ComplexDiv, DividesByTheSchoolFormula) {
-    for (int64_t p : AllPrecisions) {
-        PrecisionScope scope(p);
+    ForEachLayout(NumberTypeComplex, LayoutRange::All, [](const NumberLayout&) {
         EXPECT_EQ(Quotient("1 0", "0 1"), Silent("0 -1e0"));
         EXPECT_EQ(Quotient("0 1", "0 1"), Silent("1e0 -0"));
         EXPECT_EQ(Quotient("4 2", "1 1"), Silent("3e0 -1e0"));
         EXPECT_EQ(Quotient("5 0", "1 -2"), Silent("1e0 2e0"));
         EXPECT_EQ(Quotient("1 1", "nan 1"), Silent("nan nan"));
-    }
+    });
 }
 
 TEST(ComplexDiv, DividesByARealValuePartByPart) {
-    for (int64_t p : AllPrecisions) {
-        PrecisionScope scope(p);
+    ForEachLayout(NumberTypeComplex, LayoutRange::All, [](const NumberLayout&) {
         EXPECT_EQ(Quotient("6 -9", "3 -0"), Silent("2e0 -3e0"));
         EXPECT_EQ(Quotient("0 -9", "-3 0"), Silent("-0 3e0"));
         EXPECT_EQ(Quotient("6 -9", "inf 0"), Silent("0 -0"));
         EXPECT_EQ(Quotient("6 -9", "nan 0"), Silent("nan nan"));
         EXPECT_EQ(Quotient("6 -9", "0 0"), (Outcome{"inf -inf", CalcErrorOverflow}));
         EXPECT_EQ(Quotient("0 -9", "0 0"), (Outcome{"nan -inf", CalcErrorUndefined}));
-    }
+    });
 }
 
 TEST(ComplexDiv, KeepsTheQuotientOfRealValuesReal) {
-    for (int64_t p : AllPrecisions) {
-        PrecisionScope scope(p);
+    ForEachLayout(NumberTypeComplex, LayoutRange::All, [](const NumberLayout&) {
         EXPECT_EQ(Quotient("6 -0", "3 -0"), Silent("2e0 0"));
         EXPECT_EQ(Quotient("6 0", "0 -0"), (Outcome{"inf 0", CalcErrorOverflow}));
         EXPECT_EQ(Quotient("-6 0", "0 0"), (Outcome{"-inf 0", CalcErrorOverflow}));
         EXPECT_EQ(Quotient("6 0", "-0 0"), (Outcome{"-inf 0", CalcErrorOverflow}));
         EXPECT_EQ(Quotient("0 0", "0 0"), (Outcome{"nan 0", CalcErrorUndefined}));
         EXPECT_EQ(Quotient("nan 0", "0 0"), Silent("nan 0"));
-    }
+    });
 }
 
 TEST(ComplexDiv, RunsOutOfRangeWithTheSquareOfTheDivisor) {
@@ -298,8 +292,7 @@ DivModOutcome DividedWithRemainder(std::string_view a, std::string_view b) {
 }
 
 TEST(ComplexDivMod, DividesRealValuesAsIntegers) {
-    for (int64_t p : AllPrecisions) {
-        PrecisionScope scope(p);
+    ForEachLayout(NumberTypeComplex, LayoutRange::All, [](const NumberLayout&) {
         EXPECT_EQ(DividedWithRemainder("7 0", "-2 -0"),
                   (DivModOutcome{Silent("-3e0 0"), Silent("-1e0 0")}));
         EXPECT_EQ(DividedWithRemainder("2 -0", "7 0"),
@@ -308,16 +301,15 @@ TEST(ComplexDivMod, DividesRealValuesAsIntegers) {
         EXPECT_EQ(DividedWithRemainder("7 0", "0 0"), (DivModOutcome{undefined, undefined}));
         EXPECT_EQ(DividedWithRemainder("nan 0", "2 0"),
                   (DivModOutcome{Silent("nan 0"), Silent("nan 0")}));
-    }
+    });
 }
 
 TEST(ComplexDivMod, RefusesValuesThatAreNotReal) {
-    for (int64_t p : SmallPrecisions) {
-        PrecisionScope scope(p);
+    ForEachLayout(NumberTypeComplex, LayoutRange::Small, [](const NumberLayout&) {
         EXPECT_EQ(DividedWithRemainder("7 1", "2 0"), (DivModOutcome{Refused, Refused}));
         EXPECT_EQ(DividedWithRemainder("7 0", "2 1"), (DivModOutcome{Refused, Refused}));
         EXPECT_EQ(DividedWithRemainder("7 nan", "2 1"), (DivModOutcome{Refused, Refused}));
-    }
+    });
 }
 
 TEST(ComplexDivMod, StopsAtTheByteThatAsksForIt) {
@@ -348,8 +340,7 @@ TEST(ComplexRoundDigits, HasNoValueForLessThanOneDigit) {
 }
 
 TEST(ComplexRealOnly, RunsAFunctionOnTheRealParts) {
-    for (int64_t p : SmallPrecisions) {
-        PrecisionScope scope(p);
+    ForEachLayout(NumberTypeComplex, LayoutRange::Small, [](const NumberLayout&) {
         const Binary subtract = [](ComplexNumber* dest, const ComplexNumber* a,
                                    const ComplexNumber* b) {
             ComplexRealOnly(dest, a, b, RealSub);
@@ -361,7 +352,7 @@ TEST(ComplexRealOnly, RunsAFunctionOnTheRealParts) {
         EXPECT_EQ(Result(subtract, "7 1", "2 0"), Refused);
         EXPECT_EQ(Result(subtract, "7 0", "2 1"), Refused);
         EXPECT_EQ(Result(subtract, "7 0", "2 nan"), Refused);
-    }
+    });
 }
 
 TEST(ComplexConvertPrecision, RoundsBothPartsToTheDigits) {

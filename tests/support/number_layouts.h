@@ -43,14 +43,20 @@ private:
     ::testing::ScopedTrace trace_;
 };
 
-/// Runs test(layout) under every layout of every one of the types.
+/// Runs test(layout) under every layout of the type.
+template <typename Test>
+void ForEachLayout(NumberType type, LayoutRange range, Test test) {
+    for (const NumberLayout& layout : LayoutsOf(type, range)) {
+        const NumberLayoutScope scope(layout);
+        test(layout);
+    }
+}
+
+/// The same for every one of the types.
 template <typename Test>
 void ForEachLayout(std::span<const NumberType> types, LayoutRange range, Test test) {
     for (const NumberType type : types) {
-        for (const NumberLayout& layout : LayoutsOf(type, range)) {
-            const NumberLayoutScope scope(layout);
-            test(layout);
-        }
+        ForEachLayout(type, range, test);
     }
 }
 
