@@ -1,4 +1,4 @@
-// The command line of the console.
+// The command line of the calculator.
 #pragma once
 
 #include <cstdint>
@@ -7,11 +7,10 @@
 #include <vector>
 
 #include "calculator/calculator_state.h"
+#include "console/text_options.h"
 #include "core/limits.h"
 #include "core/number_bases.h"
 #include "core/number_context.h"
-#include "shell/separators.h"
-#include "shell/ui_text.h"
 
 namespace tallymere {
 
@@ -29,10 +28,7 @@ struct ConsoleOptions {
     int64_t base = DecimalBase;
     bool lowerHex = false;
     ResultForm form = ResultAutomatic;
-    bool groupDigits = false;
-    DecimalSeparatorSetting decimal = DecimalPoint;
-    ThousandsSeparatorSetting thousands = ThousandsApostrophe;
-    Language language = LanguageEnglish;
+    TextOptions text;
     std::vector<ConsoleVariable> variables;  ///< valid names, each once
     std::vector<std::string> formulas;       ///< as given, UTF-8 or not
 };
@@ -42,10 +38,9 @@ struct ParsedArguments {
     std::string error;  ///< one line without its end, empty when all is well
 };
 
-/// Reads the arguments behind the program's name. Options may stand anywhere before "--", as
-/// `--name value` or `--name=value`, and the last of several counts; of variables, the last of each
-/// name. What begins with "-" and a letter or another "-" is an option, everything else a formula,
-/// so -2^2 is one. --help and --version end the reading.
+/// Reads the arguments behind the program's name, see ReadOptions; an operand is a formula. Options
+/// may stand anywhere before "--". Of variables, the last of each name counts. Nothing is read
+/// behind --help and --version.
 ParsedArguments ParseArguments(const std::vector<std::string>& arguments);
 
 }  // namespace tallymere

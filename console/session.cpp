@@ -6,7 +6,6 @@
 #include "calculator/variable_table.h"
 #include "console/line_reader.h"
 #include "console/utf8.h"
-#include "core/scratch.h"
 #include "shell/ui_error.h"
 #include "shell/ui_message.h"
 
@@ -61,18 +60,13 @@ void InstallVariables(const std::vector<ConsoleVariable>& variables) {
 }  // namespace
 
 Session::Session(const ConsoleOptions& options)
-    : form_(options.form), style_{options.groupDigits, options.lowerHex} {
-    CreateScratchStack();
-    InstallLanguage(options.language);
-    ApplySeparators(options.decimal, options.thousands);
+    : ground_(options.text),
+      form_(options.form),
+      style_{options.text.groupDigits, options.lowerHex} {
     const NumberSetupScope scope;
     ApplyPrecision(options.digits);
     ApplyNumberType(options.type, options.base);
     InstallVariables(options.variables);
-}
-
-Session::~Session() {
-    DestroyScratchStack();
 }
 
 ConsoleAnswer Session::Answer(std::string_view bytes) {

@@ -18,7 +18,6 @@ class Session {
 public:
     /// Sets the calculator up; there is one session in a process.
     explicit Session(const ConsoleOptions& options);
-    ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
@@ -26,6 +25,7 @@ public:
     ConsoleAnswer Answer(std::string_view formula);
 
 private:
+    ConsoleGround ground_;
     ResultForm form_;
     ResultStyle style_;
 };
