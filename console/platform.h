@@ -17,6 +17,10 @@ std::vector<std::string> ProgramArguments(int argc, char** argv);
 /// True when somebody types at standard input.
 bool InputIsTerminal();
 
+/// True when somebody reads standard output or standard error as it is written.
+bool OutputIsTerminal();
+bool ErrorsAreTerminal();
+
 /// What a person types to end the input.
 extern const char* const EndOfInputKeys;
 

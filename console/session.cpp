@@ -1,10 +1,8 @@
 #include "console/session.h"
 
-#include <algorithm>
-
 #include "calculator/calc_evaluation.h"
 #include "calculator/variable_table.h"
-#include "console/line_reader.h"
+#include "console/input_text.h"
 #include "console/utf8.h"
 #include "shell/ui_error.h"
 #include "shell/ui_message.h"
@@ -16,36 +14,10 @@ namespace {
 // The position of an error that belongs to no one character of the formula.
 constexpr uint64_t WholeFormulaPosition = 1;
 
-ConsoleAnswer ErrorAnswer(uint64_t code, uint64_t position, const char16_t* message) {
-    return {"error " + std::to_string(code) + " " + std::to_string(position) + ": " +
-                EncodeUtf8(message),
-            true};
-}
-
 ConsoleAnswer FormulaErrorAnswer(const CalcEvaluation& evaluation) {
     char16_t message[UiErrorMessageCapacity + 1];
     FormatFormulaError(message, UiErrorMessageCapacity, evaluation);
-    return ErrorAnswer(evaluation.error, evaluation.errorPosition, message);
-}
-
-// Reports the pending error of the program.
-ConsoleAnswer UiErrorAnswer(uint64_t position) {
-    const auto code = static_cast<uint64_t>(PendingUiError());
-    char16_t message[UiErrorMessageCapacity + 1];
-    TakeUiErrorMessage(message, UiErrorMessageCapacity);
-    return ErrorAnswer(code, position, message);
-}
-
-// A formula that cannot be read at a 0-based position, quoted in one line.
-ConsoleAnswer InvalidInputAnswer(std::u16string formula, size_t position) {
-    std::replace(formula.begin(), formula.end(), u'\0', ReplacementCharacter);
-    BlankControlCharacters(formula);
-    SetUiError(UiErrorInvalidInput, formula.c_str());
-    return UiErrorAnswer(position + 1);
-}
-
-bool IsBlank(std::u16string_view text) {
-    return text.find_first_not_of(u" \t\r\n") == text.npos;
+    return {ErrorLine(evaluation.error, evaluation.errorPosition, message), true};
 }
 
 void InstallVariables(const std::vector<ConsoleVariable>& variables) {
@@ -72,17 +44,12 @@ Session::Session(const ConsoleOptions& options)
 ConsoleAnswer Session::Answer(std::string_view bytes) {
     // A stop that Ctrl+C asked for stays: it may have come shortly before this formula.
     ClearPendingErrors();
-    if (bytes.size() > MaxLineBytes) {
-        SetUiError(UiErrorInputTooLong);
-        return UiErrorAnswer(MaxLineBytes + 1);
+    InputText input = ReadInputText(bytes);
+    if (input.errorPosition != 0) {
+        return {TakeErrorLine(input.errorPosition), true};
     }
-    DecodedText decoded = DecodeUtf8(bytes);
-    std::u16string& formula = decoded.text;
-    const size_t invalid = std::min(decoded.firstInvalid, formula.find(u'\0'));
-    if (invalid != DecodedText::NoPosition) {
-        return InvalidInputAnswer(std::move(formula), invalid);
-    }
-    if (IsBlank(formula)) {
+    std::u16string& formula = input.text;
+    if (IsBlankText(formula)) {
         return {};
     }
     formula.append(static_cast<size_t>(CountMissingParentheses(formula.c_str())), u')');
@@ -96,7 +63,7 @@ ConsoleAnswer Session::Answer(std::string_view bytes) {
     }
     TakeCalcError(UiErrorCalculation);
     if (PendingUiError() != UiErrorNone) {
-        return UiErrorAnswer(WholeFormulaPosition);
+        return {TakeErrorLine(WholeFormulaPosition), true};
     }
     return {EncodeUtf8(shown) + (calculator.resultBracket ? "\t[ ]" : ""), false};
 }

@@ -21,6 +21,14 @@ bool InputIsTerminal() {
     return isatty(STDIN_FILENO) != 0;
 }
 
+bool OutputIsTerminal() {
+    return isatty(STDOUT_FILENO) != 0;
+}
+
+bool ErrorsAreTerminal() {
+    return isatty(STDERR_FILENO) != 0;
+}
+
 int64_t ReadInput(char* bytes, size_t size) {
     ssize_t count = 0;
     do {

@@ -60,6 +60,11 @@ int64_t ReadTerminal(HANDLE input, char* bytes, size_t size) {
     return static_cast<int64_t>(encoded.size());
 }
 
+bool IsTerminal(DWORD stream) {
+    DWORD mode = 0;
+    return GetConsoleMode(GetStdHandle(stream), &mode) != 0;
+}
+
 }  // namespace
 
 const char* const EndOfInputKeys = "Ctrl+Z and Enter on an empty line";
@@ -85,8 +90,15 @@ std::vector<std::string> ProgramArguments(int, char**) {
 }
 
 bool InputIsTerminal() {
-    DWORD mode = 0;
-    return GetConsoleMode(GetStdHandle(STD_INPUT_HANDLE), &mode) != 0;
+    return IsTerminal(STD_INPUT_HANDLE);
+}
+
+bool OutputIsTerminal() {
+    return IsTerminal(STD_OUTPUT_HANDLE);
+}
+
+bool ErrorsAreTerminal() {
+    return IsTerminal(STD_ERROR_HANDLE);
 }
 
 int64_t ReadInput(char* bytes, size_t size) {
