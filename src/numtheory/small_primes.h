@@ -1,0 +1,49 @@
+// The primes below 1000, and the wheel that leads through all candidates for a divisor.
+//
+// The walk along the wheel starts at 1. Seven steps lead through 2, 3, 5, 7, 11 and 13 to 17. From
+// there on it visits the numbers that have none of these six primes as a factor, 5,760 in each
+// stretch of 30,030, and so every prime.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "core/contract.h"
+
+namespace tallymere {
+
+inline constexpr int64_t SmallPrimeCount = 168;
+
+/// The primes from 2 to 997 in ascending order.
+extern const std::array<uint16_t, SmallPrimeCount> SmallPrimeTable;
+
+/// The product of the primes from 2 to 13: the length of the stretch that repeats.
+inline constexpr uint64_t PrimeGapWheelPeriod = 2 * 3 * 5 * 7 * 11 * 13;
+
+/// The steps of the wheel, and the first of those that repeat.
+inline constexpr uint32_t PrimeGapWheelSize = 5'767;
+inline constexpr uint32_t PrimeGapWheelRestart = 7;
+
+/// The steps from 1 on. After the last of them comes number PrimeGapWheelRestart again.
+extern const std::array<uint8_t, PrimeGapWheelSize> PrimeGapWheel;
+
+/// A place on the walk: a candidate, and the step that leads to the next one.
+struct WheelWalk {
+    uint64_t divisor;
+    uint32_t index;  ///< below PrimeGapWheelSize
+};
+
+/// Before the first candidate, 2; and before 3, for numbers that are known to be odd.
+inline constexpr WheelWalk WheelStart = {1, 0};
+inline constexpr WheelWalk WheelStartForOddNumbers = {2, 1};
+
+/// Goes to the next candidate. False when it is not below 2^64; divisor is too small by 2^64 then.
+inline bool AdvanceWheel(WheelWalk& walk) {
+    TALLYMERE_REQUIRE(walk.index < PrimeGapWheelSize);
+    const uint64_t step = PrimeGapWheel[walk.index];
+    walk.divisor += step;
+    walk.index = walk.index + 1 == PrimeGapWheelSize ? PrimeGapWheelRestart : walk.index + 1;
+    return walk.divisor >= step;
+}
+
+}  // namespace tallymere
