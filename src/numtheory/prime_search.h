@@ -1,0 +1,45 @@
+// The prime numbers of an interval, one after the other.
+//
+// Both searches visit the numbers from `start` on and hand each prime to a sink, in ascending
+// order. They work at the width in force, poll the stop request between two numbers, within a proof
+// as well, and need a ScratchStack. Nothing that they keep grows with the interval.
+#pragma once
+
+#include <cstdint>
+
+namespace tallymere {
+
+/// Takes the primes that a search finds.
+struct PrimeSink {
+    /// Takes a BigUint of the width in force, which is there during the call alone. Returns whether
+    /// the search shall go on.
+    bool (*take)(void* context, const uint64_t* prime);
+    void* context;
+};
+
+enum class SearchOutcome {
+    Complete,     ///< all numbers were visited
+    EndedBySink,  ///< the sink wanted no more
+    Stopped,      ///< the stop request ended it
+    Failed,       ///< a CalcError is noted
+};
+
+/// The numbers of an interval, 1 to this.
+inline constexpr uint64_t MaxSearchCount = uint64_t{1} << 62;
+
+/// The primes among `count` numbers from `start` on, each of them proven.
+///
+/// `start` is a BigUint of two limbs, not 0; the width in force is two limbs. `count` is 1 to
+/// MaxSearchCount. An interval that has an odd number beyond the width is searched up to the end of
+/// the width and then fails with CalcErrorOverflow. With a code noted before, nothing is visited
+/// and the search has failed.
+SearchOutcome SearchPrimesExactly(const uint64_t* start, uint64_t count, PrimeSink sink);
+
+/// The numbers among `count` from `start` on that IsCompositeNumber takes for prime.
+///
+/// `start` is a BigUint of the width in force, not 0. `count` is 1 to MaxSearchCount. An interval
+/// that leaves the width is searched up to the end of the width and then fails with
+/// CalcErrorOverflow. With a code noted before, nothing is visited and the search has failed.
+SearchOutcome SearchPrimesProbably(const uint64_t* start, uint64_t count, PrimeSink sink);
+
+}  // namespace tallymere

@@ -1,0 +1,38 @@
+// What the Prime Factors page calculates: the prime factors or the divisors of each number of an
+// interval. The page and the console run it.
+#pragma once
+
+#include <cstdint>
+
+#include "core/number_setup.h"
+#include "prime_pages/page_output.h"
+
+namespace tallymere {
+
+/// The largest interval.
+inline constexpr int64_t MaxFactorInterval = 1'000'000;
+
+/// Words of the room for a list of divisors: 16,384 numbers of two limbs.
+inline constexpr int64_t FactorDivisorWords = 16'384 * 2;
+
+struct FactorRequest {
+    bool showDivisors;    ///< divisors instead of prime factors
+    bool showCount;       ///< with showDivisors alone: their number as well
+    uint64_t number[2];   ///< the first of the interval, not 0
+    int32_t interval;     ///< 1 to MaxFactorInterval
+    uint32_t printFlags;  ///< of prime_fields.h
+    uint32_t parseFlags;  ///< likewise; what the number was read with
+    uint64_t* divisors;   ///< FactorDivisorWords words of the caller; null unless showDivisors
+};
+
+/// What a run is calculated with: 2 limbs and 38 digits.
+NumberSetup FactorNumberSetup();
+
+/// The body of the worker. FactorNumberSetup is in force, and the thread has a ScratchStack. Sends
+/// a line for each number and ends when RunShouldEnd says so. What fails is pending as a UiError:
+/// UiErrorTooManyPrimeFactors with the number for one with more than 16,384 divisors,
+/// UiErrorPrimeFactorOverflow when the number behind one of the interval does not fit. What was
+/// sent stays.
+void FactorWorker(const FactorRequest& request, SendText send);
+
+}  // namespace tallymere
