@@ -15,6 +15,8 @@ namespace tallymere {
 struct Wide {
     uint64_t high;
     uint64_t low;
+
+    constexpr bool operator==(const Wide&) const = default;
 };
 
 namespace wide_portable {

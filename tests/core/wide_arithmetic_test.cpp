@@ -74,6 +74,13 @@ TEST(WideArithmetic, PortableAndNativeAgree) {
 }
 #endif
 
+TEST(WideArithmetic, EqualsOnlyInBothWords) {
+    const Wide a = {1, 2};
+    EXPECT_TRUE((a == Wide{1, 2}));
+    EXPECT_FALSE((a == Wide{2, 2}));
+    EXPECT_FALSE((a == Wide{1, 1}));
+}
+
 TEST(WideArithmetic, AccumulateCountsEveryCarry) {
     uint64_t overflow = 0;
     Wide sum = {0, 0};

@@ -1,0 +1,189 @@
+// Arithmetic modulo an odd number of up to 64 or up to 128 bits, without divisions.
+//
+// A residue a stands in Montgomery form, as a R modulo n, with R = 2^64 for a WordModulus and
+// R = 2^128 for a WideModulus. All residues are below n. The functions are the same for both kinds
+// of modulus, so that a method can be written once, as a template of the modulus. The type of a
+// residue is Modulus::Residue; Residue{} is 0, in the form too.
+//
+// No carry is ever lost, also for an n with its highest bit set: a product is reduced by
+// subtraction, so that all that is in between stays between -n and n.
+//
+// Source: Montgomery, "Modular multiplication without trial division", Mathematics of Computation
+// 44 (1985).
+#pragma once
+
+#include <bit>
+#include <cstdint>
+
+#include "core/contract.h"
+#include "core/wide_arithmetic.h"
+
+namespace tallymere {
+
+/// An odd modulus of one word, 3 or more.
+struct WordModulus {
+    using Residue = uint64_t;
+    uint64_t n;
+    uint64_t inverse;  ///< n * inverse = 1 modulo 2^64
+    uint64_t one;      ///< 1 in the form
+    uint64_t square;   ///< R in the form; takes numbers into it
+};
+
+/// An odd modulus of two words, 3 or more. The high word may be 0.
+struct WideModulus {
+    using Residue = Wide;
+    Wide n;
+    uint64_t inverse;  ///< n.low * inverse = 1 modulo 2^64
+    Wide one;          ///< 1 in the form
+    Wide square;       ///< R in the form; takes numbers into it
+};
+
+/// The inverse of an odd word modulo 2^64.
+/// Method: Newton's iteration, which doubles the right bits each time, from 3 n xor 2, which has 5.
+constexpr uint64_t InverseModuloWord(uint64_t n) {
+    TALLYMERE_REQUIRE((n & 1) != 0);
+    uint64_t inverse = (3 * n) ^ 2;
+    for (int bits = 5; bits < 64; bits *= 2) {
+        inverse *= 2 - n * inverse;
+    }
+    return inverse;
+}
+
+/// a + b. a and b are residues.
+constexpr uint64_t ResidueAdd(const WordModulus& modulus, uint64_t a, uint64_t b) {
+    TALLYMERE_REQUIRE(a < modulus.n && b < modulus.n);
+    const uint64_t rest = modulus.n - b;
+    return a - rest + (a < rest ? modulus.n : 0);
+}
+constexpr Wide ResidueAdd(const WideModulus& modulus, Wide a, Wide b) {
+    TALLYMERE_REQUIRE(!AtLeast(a, modulus.n) && !AtLeast(b, modulus.n));
+    const Wide rest = wide::Subtract(modulus.n, b);
+    const uint64_t mask = AtLeast(a, rest) ? 0 : ~uint64_t{0};
+    return wide::Add(wide::Subtract(a, rest), {modulus.n.high & mask, modulus.n.low & mask});
+}
+
+/// a - b. a and b are residues.
+constexpr uint64_t ResidueSubtract(const WordModulus& modulus, uint64_t a, uint64_t b) {
+    TALLYMERE_REQUIRE(a < modulus.n && b < modulus.n);
+    return a - b + (a < b ? modulus.n : 0);
+}
+constexpr Wide ResidueSubtract(const WideModulus& modulus, Wide a, Wide b) {
+    TALLYMERE_REQUIRE(!AtLeast(a, modulus.n) && !AtLeast(b, modulus.n));
+    const uint64_t mask = AtLeast(a, b) ? 0 : ~uint64_t{0};
+    return wide::Add(wide::Subtract(a, b), {modulus.n.high & mask, modulus.n.low & mask});
+}
+
+/// (high, low) / R modulo n, for high < n.
+constexpr uint64_t ReduceProduct(const WordModulus& modulus, uint64_t high, uint64_t low) {
+    TALLYMERE_REQUIRE(high < modulus.n);
+    // The multiple of n that has the same low word.
+    const uint64_t multiple = MultiplyHigh(low * modulus.inverse, modulus.n);
+    return high - multiple + (high < multiple ? modulus.n : 0);
+}
+constexpr Wide ReduceProduct(const WideModulus& modulus, Wide high, Wide low) {
+    TALLYMERE_REQUIRE(!AtLeast(high, modulus.n));
+    const Wide n = modulus.n;
+    // The multiple q n that has the same low half, its words q0 and q1 one after the other. What
+    // (q0 n) has above its lowest word fits a Wide, and so does what q n has above its low half.
+    const uint64_t q0 = low.low * modulus.inverse;
+    const Wide first = wide::Add(wide::Multiply(q0, n.high), {0, MultiplyHigh(q0, n.low)});
+    const uint64_t q1 = (low.high - first.low) * modulus.inverse;
+    const uint64_t carry = low.high < first.low ? 1 : 0;
+    const Wide second = wide::Add(wide::Multiply(q1, n.high), {0, MultiplyHigh(q1, n.low)});
+    const Wide multiple = wide::Add(second, wide::Add({0, first.high}, {0, carry}));
+    const uint64_t mask = AtLeast(high, multiple) ? 0 : ~uint64_t{0};
+    return wide::Add(wide::Subtract(high, multiple), {n.high & mask, n.low & mask});
+}
+
+/// a b. One of them is a residue; the other one may be any number below R.
+constexpr uint64_t ResidueMultiply(const WordModulus& modulus, uint64_t a, uint64_t b) {
+    const Wide product = wide::Multiply(a, b);
+    return ReduceProduct(modulus, product.high, product.low);
+}
+constexpr Wide ResidueMultiply(const WideModulus& modulus, Wide a, Wide b) {
+    const Wide lowest = wide::Multiply(a.low, b.low);
+    // Both sums of a high word and a product fit a Wide.
+    const Wide cross = wide::Add(wide::Multiply(a.high, b.low), {0, lowest.high});
+    const Wide middle = wide::Add(wide::Multiply(a.low, b.high), {0, cross.low});
+    const Wide upper = wide::Add({0, cross.high}, {0, middle.high});
+    return ReduceProduct(modulus, wide::Add(wide::Multiply(a.high, b.high), upper),
+                         {middle.low, lowest.low});
+}
+
+/// a^2. a is a residue.
+constexpr uint64_t ResidueSquare(const WordModulus& modulus, uint64_t a) {
+    return ResidueMultiply(modulus, a, a);
+}
+constexpr Wide ResidueSquare(const WideModulus& modulus, Wide a) {
+    return ResidueMultiply(modulus, a, a);
+}
+
+/// 2 a. a is a residue.
+template <typename Modulus>
+constexpr auto ResidueDouble(const Modulus& modulus, typename Modulus::Residue a) {
+    return ResidueAdd(modulus, a, a);
+}
+
+/// The form of a number below R, which need not be below n.
+template <typename Modulus>
+constexpr auto ToResidue(const Modulus& modulus, typename Modulus::Residue number) {
+    return ResidueMultiply(modulus, number, modulus.square);
+}
+
+/// The number below n that a residue stands for.
+constexpr uint64_t FromResidue(const WordModulus& modulus, uint64_t a) {
+    return ReduceProduct(modulus, 0, a);
+}
+constexpr Wide FromResidue(const WideModulus& modulus, Wide a) {
+    return ReduceProduct(modulus, {0, 0}, a);
+}
+
+/// Fills in `square` of a modulus that has everything else.
+template <typename Modulus>
+constexpr void PrepareSquare(Modulus& modulus) {
+    // The form of 2, squared until it is that of R.
+    modulus.square = ResidueDouble(modulus, modulus.one);
+    for (uint64_t bits = 1; bits < 8 * sizeof(modulus.n); bits *= 2) {
+        modulus.square = ResidueSquare(modulus, modulus.square);
+    }
+}
+
+/// The modulus n, odd and 3 or more.
+constexpr WordModulus PrepareModulus(uint64_t n) {
+    TALLYMERE_REQUIRE((n & 1) != 0 && n >= 3);
+    WordModulus modulus = {n, InverseModuloWord(n), (0 - n) % n, 0};
+    PrepareSquare(modulus);
+    return modulus;
+}
+constexpr WideModulus PrepareModulus(Wide n) {
+    TALLYMERE_REQUIRE((n.low & 1) != 0 && AtLeast(n, {0, 3}));
+    // 2^bits is the first power of two above n, so 2^bits - n is below n.
+    const int zeros = n.high != 0 ? std::countl_zero(n.high) : 64 + std::countl_zero(n.low);
+    const int bits = 128 - zeros;
+    const Wide power = bits == 128  ? Wide{0, 0}
+                       : bits >= 64 ? Wide{uint64_t{1} << (bits - 64), 0}
+                                    : Wide{0, uint64_t{1} << bits};
+    WideModulus modulus = {n, InverseModuloWord(n.low), wide::Subtract(power, n), {0, 0}};
+    for (int i = 0; i < zeros; i++) {
+        modulus.one = ResidueDouble(modulus, modulus.one);
+    }
+    PrepareSquare(modulus);
+    return modulus;
+}
+
+/// base^exponent, where base is a residue; 1 for an exponent of 0. It takes microseconds at most,
+/// so it does not poll the stop request.
+template <typename Modulus>
+constexpr auto ResiduePower(const Modulus& modulus, typename Modulus::Residue base, Wide exponent) {
+    typename Modulus::Residue power = modulus.one;
+    for (int i = 127; i >= 0; i--) {
+        const uint64_t word = i >= 64 ? exponent.high : exponent.low;
+        power = ResidueSquare(modulus, power);
+        if (((word >> (i % 64)) & 1) != 0) {
+            power = ResidueMultiply(modulus, power, base);
+        }
+    }
+    return power;
+}
+
+}  // namespace tallymere
