@@ -35,6 +35,16 @@ constexpr Wide Multiply(uint64_t x, uint64_t y) {
             (middle << 32) | (lowLow & 0xFFFFFFFFu)};
 }
 
+/// x * y + a + b, exact.
+constexpr Wide MultiplyAdd(uint64_t x, uint64_t y, uint64_t a, uint64_t b) {
+    Wide sum = Multiply(x, y);
+    sum.low += a;
+    sum.high += sum.low < a ? 1u : 0u;
+    sum.low += b;
+    sum.high += sum.low < b ? 1u : 0u;
+    return sum;
+}
+
 /// a + b modulo 2^128.
 constexpr Wide Add(Wide a, Wide b) {
     const uint64_t low = a.low + b.low;
@@ -44,6 +54,13 @@ constexpr Wide Add(Wide a, Wide b) {
 /// a - b modulo 2^128.
 constexpr Wide Subtract(Wide a, Wide b) {
     return {a.high - b.high - (a.low < b.low ? 1u : 0u), a.low - b.low};
+}
+
+/// a - b, and + n if that is negative; a and b are at most n.
+constexpr Wide SubtractModulo(Wide a, Wide b, Wide n) {
+    const bool borrows = a.high < b.high || (a.high == b.high && a.low < b.low);
+    const uint64_t mask = borrows ? ~uint64_t{0} : 0;
+    return Add(Subtract(a, b), {n.high & mask, n.low & mask});
 }
 
 /// Adds `value` to the 192-bit sum (overflow, sum), without overflow of its own.
@@ -89,11 +106,20 @@ constexpr Wide Split(Word128 a) {
 constexpr Wide Multiply(uint64_t x, uint64_t y) {
     return Split(Word128{x} * y);
 }
+constexpr Wide MultiplyAdd(uint64_t x, uint64_t y, uint64_t a, uint64_t b) {
+    return Split(Word128{x} * y + a + b);
+}
 constexpr Wide Add(Wide a, Wide b) {
     return Split(Join(a) + Join(b));
 }
 constexpr Wide Subtract(Wide a, Wide b) {
     return Split(Join(a) - Join(b));
+}
+constexpr Wide SubtractModulo(Wide a, Wide b, Wide n) {
+    const Word128 difference = Join(a) - Join(b);
+    // Without a branch, which nobody could predict.
+    const uint64_t mask = Join(a) < Join(b) ? ~uint64_t{0} : 0;
+    return Split(difference + Join({n.high & mask, n.low & mask}));
 }
 constexpr void Accumulate(uint64_t& overflow, Wide& sum, Wide value) {
     const Word128 next = Join(sum) + Join(value);

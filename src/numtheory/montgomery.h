@@ -57,9 +57,7 @@ constexpr uint64_t ResidueAdd(const WordModulus& modulus, uint64_t a, uint64_t b
 }
 constexpr Wide ResidueAdd(const WideModulus& modulus, Wide a, Wide b) {
     TALLYMERE_REQUIRE(!AtLeast(a, modulus.n) && !AtLeast(b, modulus.n));
-    const Wide rest = wide::Subtract(modulus.n, b);
-    const uint64_t mask = AtLeast(a, rest) ? 0 : ~uint64_t{0};
-    return wide::Add(wide::Subtract(a, rest), {modulus.n.high & mask, modulus.n.low & mask});
+    return wide::SubtractModulo(a, wide::Subtract(modulus.n, b), modulus.n);
 }
 
 /// a - b. a and b are residues.
@@ -69,8 +67,7 @@ constexpr uint64_t ResidueSubtract(const WordModulus& modulus, uint64_t a, uint6
 }
 constexpr Wide ResidueSubtract(const WideModulus& modulus, Wide a, Wide b) {
     TALLYMERE_REQUIRE(!AtLeast(a, modulus.n) && !AtLeast(b, modulus.n));
-    const uint64_t mask = AtLeast(a, b) ? 0 : ~uint64_t{0};
-    return wide::Add(wide::Subtract(a, b), {modulus.n.high & mask, modulus.n.low & mask});
+    return wide::SubtractModulo(a, b, modulus.n);
 }
 
 /// (high, low) / R modulo n, for high < n.
@@ -83,16 +80,15 @@ constexpr uint64_t ReduceProduct(const WordModulus& modulus, uint64_t high, uint
 constexpr Wide ReduceProduct(const WideModulus& modulus, Wide high, Wide low) {
     TALLYMERE_REQUIRE(!AtLeast(high, modulus.n));
     const Wide n = modulus.n;
-    // The multiple q n that has the same low half, its words q0 and q1 one after the other. What
-    // (q0 n) has above its lowest word fits a Wide, and so does what q n has above its low half.
+    // The multiple q n that has the same low half, its words q0 and q1 one after the other. `first`
+    // is what q0 n has above its lowest word, `multiple` what q n has above its low half.
     const uint64_t q0 = low.low * modulus.inverse;
-    const Wide first = wide::Add(wide::Multiply(q0, n.high), {0, MultiplyHigh(q0, n.low)});
+    const Wide first = wide::MultiplyAdd(q0, n.high, MultiplyHigh(q0, n.low), 0);
     const uint64_t q1 = (low.high - first.low) * modulus.inverse;
-    const uint64_t carry = low.high < first.low ? 1 : 0;
-    const Wide second = wide::Add(wide::Multiply(q1, n.high), {0, MultiplyHigh(q1, n.low)});
-    const Wide multiple = wide::Add(second, wide::Add({0, first.high}, {0, carry}));
-    const uint64_t mask = AtLeast(high, multiple) ? 0 : ~uint64_t{0};
-    return wide::Add(wide::Subtract(high, multiple), {n.high & mask, n.low & mask});
+    // first.high is below 2^64 - 1, so the carry fits it.
+    const uint64_t carry = first.high + (low.high < first.low ? 1 : 0);
+    const Wide multiple = wide::MultiplyAdd(q1, n.high, MultiplyHigh(q1, n.low), carry);
+    return wide::SubtractModulo(high, multiple, n);
 }
 
 /// a b. One of them is a residue; the other one may be any number below R.
@@ -102,12 +98,10 @@ constexpr uint64_t ResidueMultiply(const WordModulus& modulus, uint64_t a, uint6
 }
 constexpr Wide ResidueMultiply(const WideModulus& modulus, Wide a, Wide b) {
     const Wide lowest = wide::Multiply(a.low, b.low);
-    // Both sums of a high word and a product fit a Wide.
-    const Wide cross = wide::Add(wide::Multiply(a.high, b.low), {0, lowest.high});
-    const Wide middle = wide::Add(wide::Multiply(a.low, b.high), {0, cross.low});
-    const Wide upper = wide::Add({0, cross.high}, {0, middle.high});
-    return ReduceProduct(modulus, wide::Add(wide::Multiply(a.high, b.high), upper),
-                         {middle.low, lowest.low});
+    const Wide cross = wide::MultiplyAdd(a.high, b.low, lowest.high, 0);
+    const Wide middle = wide::MultiplyAdd(a.low, b.high, cross.low, 0);
+    const Wide highest = wide::MultiplyAdd(a.high, b.high, cross.high, middle.high);
+    return ReduceProduct(modulus, highest, {middle.low, lowest.low});
 }
 
 /// a^2. a is a residue.

@@ -44,6 +44,34 @@ TEST(WideArithmetic, PortableProductsAreExact) {
     }
 }
 
+TEST(WideArithmetic, PortableProductsWithTwoSummandsAreExact) {
+    const uint64_t most = ~uint64_t{0};
+    EXPECT_EQ(wide_portable::MultiplyAdd(most, most, most, most), (Wide{most, most}));
+    EXPECT_EQ(wide_portable::MultiplyAdd(most, 2, 1, 0), (Wide{1, most}));
+    EXPECT_EQ(wide_portable::MultiplyAdd(most, 2, 0, 2), (Wide{2, 0}));
+    EXPECT_EQ(wide_portable::MultiplyAdd(most, 1, 1, most), (Wide{1, most}));
+    RandomSource random;
+    for (int round = 0; round < TestRounds(100000); round++) {
+        const uint64_t x = RandomWord(random);
+        const uint64_t y = RandomWord(random);
+        const uint64_t a = RandomWord(random);
+        const uint64_t b = RandomWord(random);
+        const Wide sum =
+            wide_portable::Add(wide_portable::Add(wide_portable::Multiply(x, y), {0, a}), {0, b});
+        ASSERT_EQ(wide_portable::MultiplyAdd(x, y, a, b), sum) << x << " " << y;
+    }
+}
+
+TEST(WideArithmetic, PortableDifferencesComeBackAboveZero) {
+    const uint64_t most = ~uint64_t{0};
+    const Wide n = {most, most - 4};
+    EXPECT_EQ(wide_portable::SubtractModulo({5, 1}, {3, 2}, n), (Wide{1, most}));
+    EXPECT_EQ(wide_portable::SubtractModulo({3, 2}, {3, 2}, n), (Wide{0, 0}));
+    EXPECT_EQ(wide_portable::SubtractModulo({3, 1}, {3, 2}, n), (Wide{most, most - 5}));
+    EXPECT_EQ(wide_portable::SubtractModulo({2, 9}, {3, 2}, n), (Wide{most, 2}));
+    EXPECT_EQ(wide_portable::SubtractModulo({7, 1}, n, n), (Wide{7, 1}));
+}
+
 #ifdef __SIZEOF_INT128__
 TEST(WideArithmetic, PortableAndNativeAgree) {
     RandomSource random;
@@ -59,6 +87,13 @@ TEST(WideArithmetic, PortableAndNativeAgree) {
         expectSame(wide_portable::Multiply(x, y), wide_native::Multiply(x, y), "product");
         expectSame(wide_portable::Add(a, b), wide_native::Add(a, b), "sum");
         expectSame(wide_portable::Subtract(a, b), wide_native::Subtract(a, b), "difference");
+        const uint64_t z = RandomWord(random);
+        const uint64_t w = RandomWord(random);
+        expectSame(wide_portable::MultiplyAdd(x, y, z, w), wide_native::MultiplyAdd(x, y, z, w),
+                   "product and sum");
+        const Wide n = AtLeast(a, b) ? a : b;
+        expectSame(wide_portable::SubtractModulo(a, b, n), wide_native::SubtractModulo(a, b, n),
+                   "difference modulo n");
         uint64_t overflow = random.Below(1000);
         uint64_t nativeOverflow = overflow;
         Wide sum = a;
