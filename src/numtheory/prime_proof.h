@@ -1,0 +1,40 @@
+// Proofs of primality for numbers below 2^128. What is called prime here is prime.
+//
+// - Below 2^64: the Baillie-PSW test, strong pseudoprimes to base 2 and strong Lucas pseudoprimes
+//   with Selfridge's parameters. No composite number there passes it: Feitsma and Galway listed
+//   all pseudoprimes to base 2 below 2^64, and none of them is a Lucas pseudoprime.
+//   Sources: Baillie and Wagstaff, "Lucas pseudoprimes", Math. Comp. 35 (1980); Baillie, Fiori and
+//   Wagstaff, "Strengthening the Baillie-PSW primality test", Math. Comp. 90 (2021), which reports
+//   the check of the list.
+// - Below 3,317,044,064,679,887,385,961,981: the strong test to the first 13 primes, which no
+//   composite number there passes. Source: Sorenson and Webster, "Strong pseudoprimes to twelve
+//   prime bases", Math. Comp. 86 (2017).
+// - Above: a certificate from the prime factors of n - 1. Source: Brillhart, Lehmer and Selfridge,
+//   "New primality criteria and factorizations of 2^m +- 1", Math. Comp. 29 (1975).
+// - Where no certificate is found: division by all candidates of the wheel up to the square root.
+#pragma once
+
+#include <cstdint>
+
+#include "core/wide_arithmetic.h"
+
+namespace tallymere {
+
+enum class Primality {
+    Composite,  ///< 0 and 1 as well
+    Prime,      ///< proven
+    Unknown,    ///< the stop request ended the search
+};
+
+/// Whether n is prime. Unknown only after a stop was requested, which is polled all the time; below
+/// 3,317,044,064,679,887,385,961,981 no poll is needed.
+Primality ProvePrimality(Wide n);
+
+/// True when n is prime.
+bool IsPrimeWord(uint64_t n);
+
+/// The same for an odd n of at least 3, without a trial division before the test: for numbers that
+/// a sieve has left over.
+bool IsPrimeOddWord(uint64_t n);
+
+}  // namespace tallymere
