@@ -1,32 +1,15 @@
 #include <gtest/gtest.h>
 
-#include <string>
 #include <vector>
 
 #include "numtheory/montgomery.h"
-#include "support/gmp_oracle.h"
 #include "support/random_source.h"
+#include "support/wide_oracle.h"
 
 namespace tallymere {
 namespace {
 
 using namespace testing_support;
-
-Integer ToInteger(Wide a) {
-    Integer value(a.high);
-    mpz_mul_2exp(value, value, 64);
-    mpz_add_ui(value, value, a.low);
-    return value;
-}
-Integer ToInteger(uint64_t a) {
-    return Integer(a);
-}
-
-std::string Text(const Integer& value) {
-    std::string text(mpz_sizeinbase(value, 10) + 2, '\0');
-    mpz_get_str(text.data(), 10, value);
-    return text;
-}
 
 // Numbers of every length, and such at which carries happen or just do not.
 uint64_t RandomWord(RandomSource& random) {
@@ -90,9 +73,7 @@ void Store(uint64_t& dest, const Integer& value) {
     dest = mpz_get_ui(value);
 }
 void Store(Wide& dest, const Integer& value) {
-    Integer high;
-    mpz_tdiv_q_2exp(high, value, 64);
-    dest = {mpz_get_ui(high), mpz_get_ui(value)};
+    dest = ToWide(value);
 }
 
 template <typename Modulus>
@@ -137,7 +118,7 @@ void ExpectArithmeticOfGmp() {
     for (const Residue n : Moduli(random, Residue{})) {
         const auto modulus = PrepareModulus(n);
         const Integer integer = ToInteger(n);
-        SCOPED_TRACE(Text(integer));
+        SCOPED_TRACE(DecimalText(integer));
         ASSERT_TRUE(Means(modulus, modulus.one, Integer(1)));
         ASSERT_TRUE(Means(modulus, Residue{}, Integer(uint64_t{0})));
         const auto operands = MakeOperands(random, modulus);
@@ -206,7 +187,7 @@ void ExpectPowersOfGmp() {
                 mpz_powm(expected, operands.numbers[i], ToInteger(exponent), integer);
                 ASSERT_TRUE(
                     Means(modulus, ResiduePower(modulus, operands.residues[i], exponent), expected))
-                    << Text(integer);
+                    << DecimalText(integer);
             }
         }
     }

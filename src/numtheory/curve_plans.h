@@ -1,0 +1,40 @@
+// What a curve of the elliptic curve method works with: the multiplier of its first stage, and the
+// primes that its second stage covers. The tables are made by the compiler.
+#pragma once
+
+#include <cstdint>
+
+namespace tallymere {
+
+/// The most small and large multiples that a second stage works with.
+inline constexpr int64_t MaxSmallMultiples = 240;
+inline constexpr int64_t MaxLargeMultiples = 160;
+
+/// The bounds of a curve, and their tables.
+///
+/// Each prime above firstBound and up to secondBound is c step + s or c step - s, where s is a
+/// small multiple, below step / 2 and without a factor of step, and c is one of largeCount numbers
+/// from firstLarge on. For the i-th c, bit k of the words covered[i * coveredWords ...] is set if
+/// the k-th s makes such a prime.
+struct CurvePlan {
+    uint64_t firstBound;
+    uint64_t secondBound;
+    const uint64_t* multiplier;  ///< the least common multiple of 1 to firstBound, low word first
+    int64_t multiplierBits;
+    uint64_t step;  ///< a multiple of 6
+    const uint16_t* smallMultiples;
+    int64_t smallCount;
+    uint64_t firstLarge;  ///< 1 or more
+    int64_t largeCount;   ///< 2 or more
+    const uint64_t* covered;
+    int64_t coveredWords;
+};
+
+/// True when a plan has the invariants above.
+bool CurvePlanIsWellFormed(const CurvePlan& plan);
+
+/// The plans in the order of their bounds: each for divisors of a few bits more.
+inline constexpr int64_t CurvePlanCount = 6;
+extern const CurvePlan curvePlans[CurvePlanCount];
+
+}  // namespace tallymere
