@@ -1,4 +1,5 @@
-// Division by one machine word through its reciprocal, which is looked up or computed once.
+// Division by one machine word through its reciprocal, which is looked up or computed once, and
+// inverses modulo 2^64.
 #pragma once
 
 #include <cstdint>
@@ -26,5 +27,16 @@ uint64_t DivisorReciprocal(uint64_t d);
 /// `reciprocal` is DivisorReciprocal(d).
 uint64_t Divide128(uint64_t* remainder, uint64_t high, uint64_t low, uint64_t d,
                    uint64_t reciprocal);
+
+/// The inverse of an odd word modulo 2^64.
+/// Method: Newton's iteration, which doubles the right bits each time, from 3 n xor 2, which has 5.
+constexpr uint64_t InverseModuloWord(uint64_t n) {
+    TALLYMERE_REQUIRE((n & 1) != 0);
+    uint64_t inverse = (3 * n) ^ 2;
+    for (int bits = 5; bits < 64; bits *= 2) {
+        inverse *= 2 - n * inverse;
+    }
+    return inverse;
+}
 
 }  // namespace tallymere

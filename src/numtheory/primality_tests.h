@@ -10,11 +10,13 @@
 
 #include <cstdint>
 
+#include "core/limits.h"
+
 namespace tallymere {
 
 /// The widest integers, in limbs, that EulerTestBase2 takes: its powers are meant for twice the
 /// width, which may not be above MaxUintLimbs.
-extern const int64_t MaxEulerTestLimbs;
+inline constexpr int64_t MaxEulerTestLimbs = MaxUintLimbs / 2;
 
 /// 0 when n is taken for a prime; 1 when n is composite, 0 or 1. At more than MaxEulerTestLimbs
 /// limbs 1 and CalcErrorBadParameter for an n that only the Euler tests can judge.

@@ -27,6 +27,10 @@ inline constexpr uint32_t PrimeGapWheelRestart = 7;
 /// The steps from 1 on. After the last of them comes number PrimeGapWheelRestart again.
 extern const std::array<uint8_t, PrimeGapWheelSize> PrimeGapWheel;
 
+/// True when a prime from 3 to 997 divides n, which has `limbs` limbs, 1 or more, least significant
+/// first. n may be one of these primes itself, and 0 has them all.
+bool HasSmallOddPrime(const uint64_t* n, int64_t limbs);
+
 /// A place on the walk: a candidate, and the step that leads to the next one.
 struct WheelWalk {
     uint64_t divisor;

@@ -1,0 +1,55 @@
+// Residues modulo a number m of any length, for powers: the modulus is prepared once, and then
+// residues are multiplied without being divided in full.
+//
+// An odd m of two or more limbs uses Montgomery's reduction, which needs no quotients. There the
+// residue of x is x 2^(64 n) mod m, where n is the number of limbs of m. For any other m the
+// residue of x is a number that equals x modulo m and is below M. M is m shifted left until its
+// highest bit is set: a multiple of m.
+//
+// All residues have n limbs, and n is the width in force while these functions run. dest may be an
+// operand, but may not overlap one in part.
+#pragma once
+
+#include <cstdint>
+
+#include "exact/limb_division.h"
+
+namespace tallymere {
+
+/// The limbs that a modulus of n limbs needs beside its own.
+constexpr int64_t UintModulusRoom(int64_t n) {
+    return 3 * n;
+}
+
+/// A prepared modulus m.
+struct UintModulus {
+    const uint64_t* limbs;     ///< m, in n limbs, the highest of which is not 0
+    UintLimbDivisor divisor;   ///< M; its count is n
+    uint64_t negativeInverse;  ///< -1 / m modulo 2^64 for Montgomery's reduction, else 0
+    uint64_t* product;         ///< room for a product: 2 n limbs
+};
+
+/// Prepares the modulus m of n limbs, n >= 1. Its highest limb is not 0. The n limbs at m and the
+/// UintModulusRoom(n) limbs at `room` must live as long as the result. The width in force plays no
+/// part.
+UintModulus PrepareUintModulus(uint64_t* room, const uint64_t* m, int64_t n);
+
+/// dest = the residue of an a of `length` limbs, length >= 0. It takes n + length + 1 limbs of
+/// CoreScratch at the most.
+void UintResidueFrom(uint64_t* dest, const uint64_t* a, int64_t length, const UintModulus& modulus);
+
+/// dest = the number below m that the residue x stands for.
+void UintResidueTo(uint64_t* dest, const uint64_t* x, const UintModulus& modulus);
+
+/// dest = x + y, for residues x and y.
+void UintResidueAdd(uint64_t* dest, const uint64_t* x, const uint64_t* y,
+                    const UintModulus& modulus);
+
+/// dest = x y, for residues x and y.
+void UintResidueMultiply(uint64_t* dest, const uint64_t* x, const uint64_t* y,
+                         const UintModulus& modulus);
+
+/// dest = x^2, for a residue x.
+void UintResidueSquare(uint64_t* dest, const uint64_t* x, const UintModulus& modulus);
+
+}  // namespace tallymere
