@@ -17,6 +17,7 @@
 
 #include "core/contract.h"
 #include "core/wide_arithmetic.h"
+#include "core/word_division.h"
 
 namespace tallymere {
 
@@ -37,17 +38,6 @@ struct WideModulus {
     Wide one;          ///< 1 in the form
     Wide square;       ///< R in the form; takes numbers into it
 };
-
-/// The inverse of an odd word modulo 2^64.
-/// Method: Newton's iteration, which doubles the right bits each time, from 3 n xor 2, which has 5.
-constexpr uint64_t InverseModuloWord(uint64_t n) {
-    TALLYMERE_REQUIRE((n & 1) != 0);
-    uint64_t inverse = (3 * n) ^ 2;
-    for (int bits = 5; bits < 64; bits *= 2) {
-        inverse *= 2 - n * inverse;
-    }
-    return inverse;
-}
 
 /// a + b. a and b are residues.
 constexpr uint64_t ResidueAdd(const WordModulus& modulus, uint64_t a, uint64_t b) {

@@ -30,6 +30,10 @@ enum class Primality {
 /// 3,317,044,064,679,887,385,961,981 no poll is needed.
 Primality ProvePrimality(Wide n);
 
+/// The last resort: divides n, which is odd and at least 3, by the candidates of the wheel up to
+/// its square root. Unknown when a stop was requested before the end.
+Primality ProveByWalk(Wide n);
+
 /// True when n is prime.
 bool IsPrimeWord(uint64_t n);
 

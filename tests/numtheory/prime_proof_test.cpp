@@ -1,0 +1,157 @@
+// Proofs of primality from 2^64 to 2^128.
+#include "numtheory/prime_proof.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "core/number_context.h"
+#include "reference/primality_twins.h"
+#include "support/exact_testing.h"
+
+namespace tallymere {
+namespace {
+
+using namespace testing_support;
+
+Wide WideOf(std::string_view text) {
+    WidthScope scope(2);
+    const UintBuffer value(text);
+    return {value.Get()[1], value.Get()[0]};
+}
+
+Primality Prove(std::string_view text) {
+    return ProvePrimality(WideOf(text));
+}
+
+TEST(ProvePrimality, CountsZeroAndOneAsComposite) {
+    EXPECT_EQ(Prove("0"), Primality::Composite);
+    EXPECT_EQ(Prove("1"), Primality::Composite);
+    EXPECT_EQ(Prove("2"), Primality::Prime);
+    EXPECT_EQ(Prove("3"), Primality::Prime);
+    EXPECT_EQ(Prove("4"), Primality::Composite);
+}
+
+TEST(ProvePrimality, KnowsTheNeighboursOf64Bits) {
+    EXPECT_EQ(Prove("2^64-59"), Primality::Prime);
+    EXPECT_EQ(Prove("2^64+13"), Primality::Prime);
+    for (int above = 0; above < 13; above++) {
+        EXPECT_EQ(ProvePrimality({1, static_cast<uint64_t>(above)}), Primality::Composite);
+    }
+}
+
+// 2^127 - 1, 2^89 - 1 and 2^107 - 1, the prime factor of 2^128 + 1, and (10^23 - 1) / 9.
+TEST(ProvePrimality, KnowsFamousPrimes) {
+    for (const char* prime :
+         {"2^89-1", "2^107-1", "2^127-1", "5704689200685129054721", "11111111111111111111111",
+          "2^128-159", "2^128-173", "2^128-233", "170141183460469231731687303715884105757",
+          "99999999999999999999999999999999999941"}) {
+        EXPECT_EQ(Prove(prime), Primality::Prime) << prime;
+    }
+}
+
+// The largest prime is 2^128 - 159. Each number above it has a small factor or fails a strong test.
+TEST(ProvePrimality, RejectsAllNumbersAbove2To128Less159) {
+    for (uint64_t distance = 1; distance < 159; distance++) {
+        ASSERT_EQ(ProvePrimality({~uint64_t{0}, 0 - distance}), Primality::Composite) << distance;
+    }
+}
+
+// The least numbers that pass the strong test to the first 12 and the first 13 primes as bases. The
+// last one is the first number that these bases do not settle: its predecessor does.
+TEST(ProvePrimality, RejectsTheLeastStrongPseudoprimes) {
+    EXPECT_EQ(Prove("318665857834031151167461"), Primality::Composite);
+    EXPECT_EQ(Prove("3317044064679887385961981"), Primality::Composite);
+    EXPECT_EQ(Prove("1287836182261"), Primality::Prime);
+    EXPECT_EQ(Prove("2575672364521"), Primality::Prime);
+    // The primes next to it.
+    EXPECT_EQ(Prove("3317044064679887385961813"), Primality::Prime);
+    EXPECT_EQ(Prove("3317044064679887385962123"), Primality::Prime);
+}
+
+TEST(ProvePrimality, RejectsSquaresAndProducts) {
+    for (const uint64_t p : {uint64_t{4'294'967'311}, uint64_t{1'000'000'000'039},
+                             uint64_t{9'223'372'036'854'775'783}, 0 - uint64_t{59}}) {
+        ASSERT_TRUE(IsPrimeWord(p));
+        EXPECT_EQ(ProvePrimality(wide::Multiply(p, p)), Primality::Composite) << p;
+        EXPECT_EQ(ProvePrimality(wide::Multiply(p, 0 - uint64_t{83})), Primality::Composite) << p;
+    }
+}
+
+// p (k (p - 1) + 1) for primes p and small k, the form of most pseudoprimes to many bases.
+TEST(ProvePrimality, RejectsProductsOfPrimesWithCommonOrders) {
+    RandomSource random;
+    int products = 0;
+    for (int round = 0; round < TestRounds(200'000); round++) {
+        const uint64_t k = random.Between(2, 5);
+        const uint64_t p = (random.Word() >> random.Between(3, 26)) | 1;
+        const uint64_t q = k * (p - 1) + 1;
+        if (IsPrimeWord(p) && IsPrimeWord(q)) {
+            ASSERT_EQ(ProvePrimality(wide::Multiply(p, q)), Primality::Composite) << p << " " << q;
+            products++;
+        }
+    }
+    EXPECT_GT(products, 20);
+}
+
+// (6 k + 1) (12 k + 1) (18 k + 1) is a Carmichael number where all three are primes.
+TEST(ProvePrimality, RejectsCarmichaelNumbers) {
+    int count = 0;
+    for (uint64_t k = 430'000'000'000; k < 430'000'100'000; k++) {
+        const uint64_t factors[] = {6 * k + 1, 12 * k + 1, 18 * k + 1};
+        if (IsPrimeWord(factors[0]) && IsPrimeWord(factors[1]) && IsPrimeWord(factors[2])) {
+            const Wide pair = wide::Multiply(factors[0], factors[1]);
+            Wide product = wide::Multiply(pair.low, factors[2]);
+            product.high += pair.high * factors[2];
+            ASSERT_EQ(ProvePrimality(product), Primality::Composite) << k;
+            count++;
+        }
+    }
+    EXPECT_GT(count, 5);
+}
+
+// Primes p whose p - 1 has only long prime factors: 2 q, in a chain of three whose proofs stand
+// on one another, 2 q r, 4 q^2, 2 q^3 and 2 q r s, with factors that are equally long.
+TEST(ProvePrimality, ProvesPrimesWhosePredecessorsHaveOnlyLongFactors) {
+    for (const char* prime :
+         {"340282366920938463463374607431768196007", "42535295865117307932921825928970884409",
+          "85070591730234615865843651857941768819", "170141183460469231731687303715883537639",
+          "170141183460469278365056322053630735919", "85070591730234654936047599974776861477",
+          "85070591730234746948407039638066331397", "170141183492616987128904268994216238683",
+          "170141183562870084358358993822052501923"}) {
+        EXPECT_EQ(Prove(prime), Primality::Prime) << prime;
+    }
+}
+
+TEST(ProveByWalk, AgreesWithItsTwin) {
+    for (uint64_t n = 3; n < 40'000; n += 2) {
+        ASSERT_EQ(ProveByWalk({0, n}),
+                  reference::TwinIsPrimeByWalk(n) ? Primality::Prime : Primality::Composite)
+            << n;
+    }
+    EXPECT_EQ(ProveByWalk(wide::Multiply(1'000'003, 0 - uint64_t{59})), Primality::Composite);
+    EXPECT_EQ(ProveByWalk({0, 1'000'000'000'039}), Primality::Prime);
+}
+
+TEST(ProvePrimality, IsUnknownAfterAStop) {
+    uint8_t stop = 1;
+    const FieldScope<uint8_t*> flag(numberContext.abortFlag, &stop);
+    EXPECT_EQ(ProveByWalk(WideOf("2^127-1")), Primality::Unknown);
+    // This one is twice a prime and one. What is found without its factors is known.
+    EXPECT_EQ(Prove("340282366920938463463374607431768196007"), Primality::Unknown);
+    EXPECT_EQ(Prove("340282366920938463463374607431768196009"), Primality::Composite);
+    EXPECT_EQ(Prove("2^64+13"), Primality::Prime);
+    EXPECT_EQ(Prove("2^64-59"), Primality::Prime);
+}
+
+// The walk to the square root of 2^127 - 1 takes thousands of years.
+TEST(ProveByWalk, StopsInTheMiddle) {
+    uint8_t stop = 0;
+    const FieldScope<uint8_t*> flag(numberContext.abortFlag, &stop);
+    std::thread asking([&] { SetStopByte(&stop, 1); });
+    EXPECT_EQ(ProveByWalk(WideOf("2^127-1")), Primality::Unknown);
+    asking.join();
+}
+
+}  // namespace
+}  // namespace tallymere
