@@ -1,0 +1,38 @@
+// The divisors of a number in ascending order, from its prime factors.
+#pragma once
+
+#include <cstdint>
+
+#include "numtheory/factorize_number.h"
+
+namespace tallymere {
+
+/// The most divisors of a list. With up to so many divisors never more than 3,432 have the same
+/// number of prime factors, those of seven out of 14 primes, so a limit of 4,096 for these needs no
+/// check of its own.
+inline constexpr int64_t MaxDivisors = 16'384;
+
+/// The largest exponent of a prime for which a list is made.
+inline constexpr uint64_t MaxDivisorMultiplicity = 255;
+
+/// Divisors in the caller's array of MaxDivisors numbers, each of FactorLimbs limbs.
+struct DivisorList {
+    int64_t count;  ///< 0 to MaxDivisors; -1 when there were more
+    uint64_t* divisors;
+};
+
+/// True when the divisors ascend; equal ones may follow each other.
+bool DivisorListIsWellFormed(const DivisorList& list);
+
+/// Inserts a number of FactorLimbs limbs at its place in the ascending list, behind equal ones. At
+/// MaxDivisors the count becomes -1, which stays.
+void InsertSortedDivisor(DivisorList* list, const uint64_t* value);
+
+/// Fills the list with all divisors of the number whose prime factors are `factors`, in ascending
+/// order, 1 and the number among them. The factors are distinct primes, and the number is below
+/// 2^128. For more than MaxDivisors, for an exponent outside 1 to
+/// MaxDivisorMultiplicity, and where the count of `factors` is -1, the count is -1 and the array
+/// has no meaning. The time is that of 2,000,000 comparisons at most; no stop is polled.
+void BuildDivisorList(DivisorList* list, const FactorList* factors);
+
+}  // namespace tallymere
