@@ -1,28 +1,38 @@
 #include "numtheory/curve_plans.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <numeric>
 
 #include "core/contract.h"
 #include "core/wide_arithmetic.h"
+#include "numtheory/small_primes.h"
 
 namespace tallymere {
 
 namespace {
 
-// The odd primes below Bound: entry i is for 2 i + 1.
-template <uint64_t Bound>
-constexpr auto SieveOddPrimes() {
-    std::array<bool, Bound / 2> isPrime{};
-    for (uint64_t i = 1; i < isPrime.size(); i++) {
-        isPrime[i] = true;
+// By trial division.
+bool IsPrime(uint64_t n) {
+    for (uint64_t d = 2; d * d <= n; d++) {
+        if (n % d == 0) {
+            return false;
+        }
     }
-    for (uint64_t i = 1; 2 * i * (i + 1) < isPrime.size(); i++) {
-        if (isPrime[i]) {
-            for (uint64_t k = 2 * i * (i + 1); k < isPrime.size(); k += 2 * i + 1) {
-                isPrime[k] = false;
-            }
+    return n >= 2;
+}
+
+// The primes between centre - Radius and centre + Radius: entry i is for centre - Radius + i.
+template <uint64_t Radius>
+std::array<bool, 2 * Radius + 1> SievePrimes(uint64_t centre) {
+    std::array<bool, 2 * Radius + 1> isPrime;
+    isPrime.fill(true);
+    const uint64_t first = centre - Radius;
+    for (const uint64_t prime : SmallPrimeTable) {
+        const uint64_t multiple = std::max((first + prime - 1) / prime, prime) * prime;
+        for (uint64_t i = multiple - first; i < isPrime.size(); i += prime) {
+            isPrime[i] = false;
         }
     }
     return isPrime;
@@ -42,7 +52,7 @@ struct PlanTables {
     static constexpr uint64_t CoveredWords = (SmallCount + 63) / 64;
     // The least common multiple of 1 to n is below 3^n.
     static constexpr uint64_t MultiplierWords = FirstBound * 8 / 5 / 64 + 1;
-    static_assert(FirstLarge >= 1 && Step % 6 == 0);
+    static_assert(FirstLarge >= 1 && Step % 6 == 0 && SecondBound < 997 * 997);
     static_assert(SmallCount <= MaxSmallMultiples && LargeCount <= MaxLargeMultiples);
 
     std::array<uint64_t, MultiplierWords> multiplier{};
@@ -50,7 +60,7 @@ struct PlanTables {
     std::array<uint64_t, LargeCount * CoveredWords> covered{};
     int64_t multiplierBits = 0;
 
-    constexpr void MultiplyBy(uint64_t k) {
+    void MultiplyBy(uint64_t k) {
         uint64_t carry = 0;
         for (uint64_t& word : multiplier) {
             const Wide product = wide::MultiplyAdd(word, k, carry, 0);
@@ -59,11 +69,10 @@ struct PlanTables {
         }
     }
 
-    constexpr PlanTables() {
-        constexpr auto isPrime = SieveOddPrimes<SecondBound + 2>();
+    PlanTables() {
         multiplier[0] = std::bit_floor(FirstBound);
         for (uint64_t p = 3; p <= FirstBound; p += 2) {
-            if (isPrime[p / 2]) {
+            if (IsPrime(p)) {
                 for (uint64_t power = p; power <= FirstBound; power *= p) {
                     MultiplyBy(p);
                 }
@@ -80,11 +89,12 @@ struct PlanTables {
                 smallMultiples[k++] = static_cast<uint16_t>(s);
             }
         }
-        const auto wanted = [&](uint64_t number) {
-            return number > FirstBound && isPrime[number / 2];
-        };
         for (uint64_t i = 0; i < LargeCount; i++) {
             const uint64_t centre = (FirstLarge + i) * Step;
+            const auto isPrime = SievePrimes<Step / 2>(centre);
+            const auto wanted = [&](uint64_t number) {
+                return number > FirstBound && isPrime[number - (centre - Step / 2)];
+            };
             for (k = 0; k < SmallCount; k++) {
                 const uint64_t s = smallMultiples[k];
                 if (wanted(centre - s) || wanted(centre + s)) {
@@ -96,12 +106,9 @@ struct PlanTables {
 };
 
 template <uint64_t FirstBound, uint64_t Step, uint64_t LargeCount>
-constexpr PlanTables<FirstBound, Step, LargeCount> planTables;
-
-template <uint64_t FirstBound, uint64_t Step, uint64_t LargeCount>
-constexpr CurvePlan MakePlan() {
+CurvePlan MakePlan() {
     using Tables = PlanTables<FirstBound, Step, LargeCount>;
-    const Tables& tables = planTables<FirstBound, Step, LargeCount>;
+    static const Tables tables;
     return {
         FirstBound, Tables::SecondBound,          tables.multiplier.data(), tables.multiplierBits,
         Step,       tables.smallMultiples.data(), Tables::SmallCount,       Tables::FirstLarge,
@@ -117,9 +124,12 @@ bool CurvePlanIsWellFormed(const CurvePlan& plan) {
            plan.coveredWords * 64 >= plan.smallCount;
 }
 
-constinit const CurvePlan curvePlans[CurvePlanCount] = {
-    MakePlan<47, 60, 20>(),    MakePlan<105, 210, 16>(),   MakePlan<205, 210, 40>(),
-    MakePlan<600, 1050, 40>(), MakePlan<1800, 2310, 60>(), MakePlan<4000, 2310, 120>(),
-};
+std::span<const CurvePlan, CurvePlanCount> CurvePlans() {
+    static const CurvePlan plans[CurvePlanCount] = {
+        MakePlan<47, 60, 20>(),    MakePlan<105, 210, 16>(),   MakePlan<205, 210, 40>(),
+        MakePlan<600, 1050, 40>(), MakePlan<1800, 2310, 60>(), MakePlan<4000, 2310, 120>(),
+    };
+    return plans;
+}
 
 }  // namespace tallymere

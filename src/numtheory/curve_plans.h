@@ -1,8 +1,9 @@
 // What a curve of the elliptic curve method works with: the multiplier of its first stage, and the
-// primes that its second stage covers. The tables are made by the compiler.
+// primes that its second stage covers.
 #pragma once
 
 #include <cstdint>
+#include <span>
 
 namespace tallymere {
 
@@ -33,8 +34,10 @@ struct CurvePlan {
 /// True when a plan has the invariants above.
 bool CurvePlanIsWellFormed(const CurvePlan& plan);
 
-/// The plans in the order of their bounds: each for divisors of a few bits more.
 inline constexpr int64_t CurvePlanCount = 6;
-extern const CurvePlan curvePlans[CurvePlanCount];
+
+/// The plans in the order of their bounds, each for divisors of a few bits more. Their tables, some
+/// 10,000 bytes, are made by the first call, in less than a millisecond.
+std::span<const CurvePlan, CurvePlanCount> CurvePlans();
 
 }  // namespace tallymere

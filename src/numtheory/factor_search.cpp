@@ -68,7 +68,7 @@ Wide FindDivisorByCurves(Number n, const CurveStage (&stages)[Count]) {
             if (StopRequested()) {
                 return {0, 0};
             }
-            const Number divisor = FindDivisorByCurve(n, parameter++, curvePlans[stage.plan]);
+            const Number divisor = FindDivisorByCurve(n, parameter++, CurvePlans()[stage.plan]);
             if (!IsZero(divisor)) {
                 return Widen(divisor);
             }

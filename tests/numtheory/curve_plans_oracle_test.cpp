@@ -16,7 +16,7 @@ bool IsPrime(uint64_t n) {
 }
 
 TEST(CurvePlans, MultiplyByAllNumbersUpToTheFirstBound) {
-    for (const CurvePlan& plan : curvePlans) {
+    for (const CurvePlan& plan : CurvePlans()) {
         ASSERT_TRUE(CurvePlanIsWellFormed(plan));
         Integer expected(1);
         for (uint64_t k = 2; k <= plan.firstBound; k++) {
@@ -31,7 +31,7 @@ TEST(CurvePlans, MultiplyByAllNumbersUpToTheFirstBound) {
 }
 
 TEST(CurvePlans, CoverThePrimesBetweenTheBoundsAndNothingElse) {
-    for (const CurvePlan& plan : curvePlans) {
+    for (const CurvePlan& plan : CurvePlans()) {
         const auto wanted = [&](uint64_t n) { return n > plan.firstBound && IsPrime(n); };
         uint64_t primes = 0;
         int64_t smallCount = 0;

@@ -201,12 +201,12 @@ double MeanCurves(int bits, int otherBits, const CurvePlan& plan, int rounds) {
 // Measured: 5.0 and 6.8. Curves without Suyama's parameter need 6.6 and 9.0 even with a second
 // stage that finds something now and then.
 TEST(EllipticCurves, FindDivisorsWithFewCurves) {
-    EXPECT_LT(MeanCurves<uint64_t>(32, 32, curvePlans[2], 1'000), 5.8);
-    EXPECT_LT(MeanCurves<Wide>(36, 64, curvePlans[3], 400), 8.0);
+    EXPECT_LT(MeanCurves<uint64_t>(32, 32, CurvePlans()[2], 1'000), 5.8);
+    EXPECT_LT(MeanCurves<Wide>(36, 64, CurvePlans()[3], 400), 8.0);
 }
 
 TEST(EllipticCurves, FindNothingInAPrime) {
-    for (const CurvePlan& plan : curvePlans) {
+    for (const CurvePlan& plan : CurvePlans()) {
         for (uint64_t parameter = 6; parameter < 20; parameter++) {
             EXPECT_EQ(FindDivisorByCurve(1'009, parameter, plan), 0u);
             EXPECT_EQ(FindDivisorByCurve(uint64_t{0} - 59, parameter, plan), 0u);
