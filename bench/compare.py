@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Compares Tallymere's times with those of libmpdec, MPFR and GMP; bench/compare builds and calls it.
+"""Compares Tallymere's times with those of libmpdec, MPFR, GMP, PARI and GNU factor; bench/compare
+builds and calls it.
 
 usage: bench/compare [--markdown] [--rounds N] [--only WORK ...]
 
@@ -22,6 +23,10 @@ with the least and the largest beside it. Slow work gets fewer repetitions and r
 
 Exact integers are measured beside GMP, which is part of the benchmark program as well, and beside
 plain twins of our own methods where there are some.
+
+Prime factors are measured number by number beside PARI, which is part of the benchmark program too,
+and GNU factor, which is a program of its own that starts anew for each number and is given two
+seconds. Median and worst case are shown, of the least time that each number took.
 """
 
 import argparse
@@ -30,6 +35,7 @@ import gc
 import json
 import platform
 import re
+import resource
 import subprocess
 import sys
 import time
@@ -140,6 +146,25 @@ EXACT = {
     "uint-read": ExactWork("reading decimal text", [20000], twin=True, twin_target=2.0),
     "uint-write": ExactWork("writing decimal text", [20000], twin=True, twin_target=2.0),
 }
+
+
+@dataclass
+class FactorWork:
+    """Numbers of one kind, and the milliseconds that we give ourselves for them."""
+
+    title: str
+    kind: str
+    median_target: float = None
+    worst_target: float = None
+
+
+FACTORS = {
+    "factor-random": FactorWork("random, 128 bits", "random", 20, 500),
+    "factor-two-primes": FactorWork("two primes of 64 bits", "two-primes", worst_target=1000),
+}
+FACTOR_ROUNDS = 3
+GNU_FACTOR_SECONDS = 2
+
 LIMB_PRODUCT = "limb-product"
 LIMB_PRODUCT_TARGET = 3.5  # the least that twin / ours may be
 
@@ -177,6 +202,13 @@ class Program:
         """How many repetitions a measurement of this work is given."""
         spent = self.measure(work, side, size, 1) * pairs
         return fitting_repetitions(spent)
+
+
+    def factor_times(self, kind, side):
+        return [float(line) for line in self.output("--factor-times", kind, side).splitlines()]
+
+    def factor_numbers(self, kind):
+        return self.output("--factor-numbers", kind).splitlines()
 
 
 class DecimalLoop:
@@ -310,6 +342,52 @@ def compare_factorials(program, digits, rounds):
                *compare_sides(program, FACTORIAL, ["series", "product"], digits, rounds))
 
 
+def gnu_factor_time(number):
+    """The processor time of GNU factor in nanoseconds; infinite when it takes too long."""
+    def spent():
+        usage = resource.getrusage(resource.RUSAGE_CHILDREN)
+        return usage.ru_utime + usage.ru_stime
+    start = spent()
+    try:
+        subprocess.run(["factor", number], check=True, stdout=subprocess.DEVNULL,
+                       timeout=GNU_FACTOR_SECONDS)
+    except subprocess.TimeoutExpired:
+        return float("inf")
+    return (spent() - start) * 1e9
+
+
+@dataclass
+class FactorRow:
+    title: str
+    ours: list
+    pari: list
+    gnu: list
+    work: FactorWork
+
+    def verdicts(self):
+        """Whether each target of the work is met."""
+        return [time <= 1e6 * target
+                for time, target in [(median(self.ours), self.work.median_target),
+                                     (max(self.ours), self.work.worst_target)]
+                if target is not None]
+
+
+def compare_factors(program, work, rounds):
+    ours, pari = [], []
+    for _ in range(min(rounds, FACTOR_ROUNDS)):
+        ours.append(program.factor_times(work.kind, "ours"))
+        pari.append(program.factor_times(work.kind, "pari"))
+    gnu = [gnu_factor_time(number) for number in program.factor_numbers(work.kind)]
+    return FactorRow(work.title, [min(times) for times in zip(*ours)],
+                     [min(times) for times in zip(*pari)], gnu, work)
+
+
+def show_milliseconds(nanoseconds):
+    if nanoseconds == float("inf"):
+        return f"> {GNU_FACTOR_SECONDS * 1000:,}"
+    return f"{nanoseconds / 1e6:,.2f}"
+
+
 def show_time(nanoseconds):
     if nanoseconds is None:
         return ""
@@ -364,7 +442,7 @@ def main():
     parser.add_argument("--markdown", action="store_true", help=argparse.SUPPRESS)
     parser.add_argument("--rounds", type=int, default=7, help=argparse.SUPPRESS)
     names = list(dict.fromkeys([work.name for work in WORKS] + list(FUNCTIONS) + list(EXACT)
-                               + list(FORMULAS) + [LIMB_PRODUCT, FACTORIAL]))
+                               + list(FORMULAS) + list(FACTORS) + [LIMB_PRODUCT, FACTORIAL]))
     parser.add_argument("--only", nargs="+", choices=names, default=names, help=argparse.SUPPRESS)
     options = parser.parse_args()
     if options.rounds < 1:
@@ -377,7 +455,8 @@ def main():
     markdown = options.markdown
     versions = program.output("--versions").split("\n")
     print(f"{processor()}; {versions[0]}; libmpdec {decimal.__libmpdec_version__} of Python "
-          f"{platform.python_version()}; {versions[1]}; {versions[2]}; {options.rounds} rounds; times in ns.")
+          f"{platform.python_version()}; {versions[1]}; {versions[2]}; {versions[3]}; "
+          f"{options.rounds} rounds; times in ns.")
     rows = []
 
     works = [work for work in WORKS if work.name in options.only]
@@ -428,6 +507,23 @@ def main():
                     cells += [""] * 4
                 table.add(cells)
 
+    factors = [name for name in FACTORS if name in options.only]
+    factor_rows = []
+    if factors:
+        print_heading("Prime factors: median and worst of single numbers, in ms", markdown)
+        table = Table(markdown, [("numbers", -22), ("count", 5), ("ours", 9), ("worst", 9),
+                                 ("targets", 12), ("", -6), ("PARI", 9), ("worst", 9),
+                                 ("factor", 9), ("worst", 9)])
+        for name in factors:
+            row = compare_factors(program, FACTORS[name], options.rounds)
+            factor_rows.append(row)
+            targets = " and ".join(f"≤ {target}" for target in [row.work.median_target,
+                                                              row.work.worst_target] if target)
+            cells = [row.title, str(len(row.ours))]
+            for times in [row.ours, row.pari, row.gnu]:
+                cells += [show_milliseconds(median(times)), show_milliseconds(max(times))]
+            table.add(cells[:4] + [targets, "ok" if all(row.verdicts()) else "MISSED"] + cells[4:])
+
     if FACTORIAL in options.only:
         print_heading("The factorial where its methods meet: the series beside the product",
                       markdown)
@@ -457,8 +553,9 @@ def main():
                 least = min(program.measure(name, "ours", digits) for _ in range(options.rounds))
                 table.add([f"`{text}`" if markdown else text, f"{digits:,}", show_time(least)])
 
-    missed = sum(not row.met() for row in rows)
-    targets = sum(row.target is not None for row in rows)
+    verdicts = [verdict for row in factor_rows for verdict in row.verdicts()]
+    missed = sum(not row.met() for row in rows) + verdicts.count(False)
+    targets = sum(row.target is not None for row in rows) + len(verdicts)
     print(f"\n{targets - missed} of {targets} targets met")
     return 1 if missed else 0
 

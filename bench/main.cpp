@@ -1,7 +1,8 @@
-// The benchmark program: Google Benchmark's own options, and two that bench/compare needs.
+// The benchmark program: Google Benchmark's own options, and those that bench/compare needs.
 
 #include <gmp.h>
 #include <mpfr.h>
+#include <pari/pari.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -36,6 +37,9 @@ int PrintVersions() {
 #endif
     std::printf("MPFR %s\n", mpfr_get_version());
     std::printf("GMP %s\n", gmp_version);
+    const uint64_t pari = paricfg_version_code;
+    std::printf("PARI %d.%d.%d\n", static_cast<int>(pari >> 16), static_cast<int>(pari >> 8 & 255),
+                static_cast<int>(pari & 255));
     return 0;
 }
 
@@ -48,6 +52,12 @@ int main(int argc, char** argv) {
     const std::string_view option = argc > 1 ? argv[1] : "";
     if (option == "--operands" && argc == 4) {
         return PrintOperands(argv[2], argv[3]);
+    }
+    if (option == "--factor-numbers" && argc == 3) {
+        return PrintFactorNumbers(argv[2]);
+    }
+    if (option == "--factor-times" && argc == 4) {
+        return PrintFactorTimes(argv[2], argv[3]);
     }
     if (option == "--versions") {
         return PrintVersions();

@@ -13,4 +13,9 @@ void AddFunctionBenchmarks();
 void AddFactorialBenchmarks();
 void AddExactBenchmarks();
 
+/// Print the numbers of a kind, "random" or "two-primes", one a line, and the time in nanoseconds
+/// that a side, "ours" or "pari", takes to factor each of them. 2 for another kind or side.
+int PrintFactorNumbers(const char* kind);
+int PrintFactorTimes(const char* kind, const char* side);
+
 }  // namespace tallymere::bench
