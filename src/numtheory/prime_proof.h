@@ -1,7 +1,7 @@
 // Proofs of primality for numbers below 2^128. What is called prime here is prime.
 //
-// - Below 2^64: the Baillie-PSW test, strong pseudoprimes to base 2 and strong Lucas pseudoprimes
-//   with Selfridge's parameters. No composite number there passes it: Feitsma and Galway listed
+// - Below 2^64: the Baillie-PSW test, which is the strong test to base 2 and the strong Lucas test
+//   with Selfridge's parameters. No composite number there passes both: Feitsma and Galway listed
 //   all pseudoprimes to base 2 below 2^64, and none of them is a Lucas pseudoprime.
 //   Sources: Baillie and Wagstaff, "Lucas pseudoprimes", Math. Comp. 35 (1980); Baillie, Fiori and
 //   Wagstaff, "Strengthening the Baillie-PSW primality test", Math. Comp. 90 (2021), which reports
@@ -26,8 +26,8 @@ enum class Primality {
     Unknown,    ///< the stop request ended the search
 };
 
-/// Whether n is prime. Unknown only after a stop was requested, which is polled all the time; below
-/// 3,317,044,064,679,887,385,961,981 no poll is needed.
+/// Whether n is prime. Unknown only after a stop was requested, which is polled every millisecond;
+/// below 3,317,044,064,679,887,385,961,981 the answer comes sooner than that.
 Primality ProvePrimality(Wide n);
 
 /// The last resort: divides n, which is odd and at least 3, by the candidates of the wheel up to
