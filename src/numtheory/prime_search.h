@@ -15,6 +15,8 @@ struct PrimeSink {
     /// the search shall go on.
     bool (*take)(void* context, const uint64_t* prime);
     void* context;
+    /// Hears now and then how many numbers of the interval were visited. May be null.
+    void (*visit)(void* context, uint64_t visited) = nullptr;
 };
 
 enum class SearchOutcome {
@@ -30,9 +32,12 @@ inline constexpr uint64_t MaxSearchCount = uint64_t{1} << 62;
 /// The primes among `count` numbers from `start` on, each of them proven.
 ///
 /// `start` is a BigUint of two limbs, not 0; the width in force is two limbs. `count` is 1 to
-/// MaxSearchCount. An interval that has an odd number beyond the width is searched up to the end of
-/// the width and then fails with CalcErrorOverflow. With a code noted before, nothing is visited
-/// and the search has failed.
+/// MaxSearchCount. An interval that leaves the width is searched up to the end of the width and
+/// then fails with CalcErrorOverflow. With a code noted before, nothing is visited and the search
+/// has failed.
+///
+/// Method: a sieve over blocks. What it leaves over is prime where it has struck the multiples of
+/// all primes up to the square root, else ProvePrimality decides.
 SearchOutcome SearchPrimesExactly(const uint64_t* start, uint64_t count, PrimeSink sink);
 
 /// The numbers among `count` from `start` on that IsCompositeNumber takes for prime.
@@ -40,6 +45,9 @@ SearchOutcome SearchPrimesExactly(const uint64_t* start, uint64_t count, PrimeSi
 /// `start` is a BigUint of the width in force, not 0. `count` is 1 to MaxSearchCount. An interval
 /// that leaves the width is searched up to the end of the width and then fails with
 /// CalcErrorOverflow. With a code noted before, nothing is visited and the search has failed.
+///
+/// Method: a sieve over blocks by the primes of SmallPrimeTable, by which IsCompositeNumber divides
+/// first as well; IsCompositeNumber judges the others.
 SearchOutcome SearchPrimesProbably(const uint64_t* start, uint64_t count, PrimeSink sink);
 
 }  // namespace tallymere
