@@ -31,6 +31,34 @@ inline std::u16string KeptText() {
     return text;
 }
 
+/// What a run sends, and the error that is pending when it has ended as runs of a page do.
+struct RunResult {
+    std::u16string text;
+    UiErrorCode error;
+    std::u16string argument;  ///< of the error
+    bool operator==(const RunResult& other) const {
+        return text == other.text && error == other.error;
+    }
+};
+
+inline void PrintTo(const RunResult& result, std::ostream* out) {
+    for (const char16_t c : result.text) {
+        if (c == u'\r') {
+            *out << "\\r";
+        } else if (c == u'\n') {
+            *out << "\\n";
+        } else {
+            *out << static_cast<char>(c < 128 ? c : u'#');
+        }
+    }
+    *out << " error " << result.error;
+}
+
+/// A run without an error.
+inline RunResult Sends(const std::u16string& text) {
+    return {text, UiErrorNone, u""};
+}
+
 class PrimePagesTest : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -61,6 +89,17 @@ protected:
         }
         ClearErrors();
         return code;
+    }
+
+    /// What a run keeps by KeepPiece.
+    template <typename Run>
+    static RunResult ResultOf(Run run) {
+        keptPieces.clear();
+        run();
+        TakeStopRequest();
+        RunResult result = {KeptText(), UiErrorNone, u""};
+        result.error = TakeError(&result.argument);
+        return result;
     }
 
 private:

@@ -1,0 +1,161 @@
+#include "numtheory/prime_search.h"
+
+#include <atomic>
+#include <thread>
+
+#include "numtheory/small_primes.h"
+#include "prime_search_testing.h"
+
+namespace tallymere {
+namespace {
+
+using namespace testing_support;
+
+constexpr SearchPrimes BothSearches[] = {SearchPrimesExactly, SearchPrimesProbably};
+
+using Primes = std::vector<std::string>;
+
+class PrimeSearch : public PrimeSearchTest {
+protected:
+    WidthScope width_{2};
+};
+
+TEST_F(PrimeSearch, FindsThePrimesOfAnInterval) {
+    for (const SearchPrimes search : BothSearches) {
+        const FoundPrimes found = Search(search, UintBuffer("1"), 20);
+        EXPECT_EQ(found.primes, (Primes{"2", "3", "5", "7", "11", "13", "17", "19"}));
+        EXPECT_EQ(found.outcome, SearchOutcome::Complete);
+    }
+}
+
+TEST_F(PrimeSearch, EndsWhenItsSinkWantsNoMore) {
+    for (const SearchPrimes search : BothSearches) {
+        for (const char* start : {"1", "2"}) {
+            const FoundPrimes two = Search(search, UintBuffer(start), 20, 1);
+            EXPECT_EQ(two.primes, Primes{"2"});
+            EXPECT_EQ(two.outcome, SearchOutcome::EndedBySink);
+        }
+        const FoundPrimes found = Search(search, UintBuffer("90"), MaxSearchCount, 2);
+        EXPECT_EQ(found.primes, (Primes{"97", "101"}));
+        EXPECT_EQ(found.outcome, SearchOutcome::EndedBySink);
+    }
+}
+
+// The squares of 1093 and 3511 pass the Euler test to base 2. The others pass that to base 3 as
+// well and have no factor below 1000: 1069 * 2137, 1303 * 5209, 1999 * 7993 and so on.
+TEST_F(PrimeSearch, TakesPseudoprimesWithTheProbabilisticMethodAlone) {
+    for (const char* number : {"1194649", "12327121"}) {
+        for (const SearchPrimes search : BothSearches) {
+            EXPECT_TRUE(Search(search, UintBuffer(number), 1).primes.empty()) << number;
+        }
+    }
+    for (const char* number :
+         {"2284453", "6787327", "11541307", "13694761", "15978007", "16070429"}) {
+        EXPECT_TRUE(Search(SearchPrimesExactly, UintBuffer(number), 1).primes.empty()) << number;
+        EXPECT_EQ(Search(SearchPrimesProbably, UintBuffer(number), 1).primes, Primes{number});
+    }
+}
+
+TEST_F(PrimeSearch, FailsAtTheEndOfTheWidth) {
+    const std::string lastPrime = UintTextOf(TwoTo(128, "-159"));
+    for (const SearchPrimes search : BothSearches) {
+        FoundPrimes found = Search(search, UintBuffer("2^128-160"), 161);
+        EXPECT_EQ(found.primes, Primes{lastPrime});
+        EXPECT_EQ(found.outcome, SearchOutcome::Failed);
+        EXPECT_EQ(TakeCode(), CalcErrorOverflow);
+
+        found = Search(search, UintBuffer("2^128-160"), 160);
+        EXPECT_EQ(found.primes, Primes{lastPrime});
+        EXPECT_EQ(found.outcome, SearchOutcome::Complete);
+
+        found = Search(search, UintBuffer("2^128-1"), MaxSearchCount);
+        EXPECT_TRUE(found.primes.empty());
+        EXPECT_EQ(found.outcome, SearchOutcome::Failed);
+        EXPECT_EQ(TakeCode(), CalcErrorOverflow);
+    }
+}
+
+TEST_F(PrimeSearch, VisitsNothingBehindACodeThatWasNoted) {
+    for (const SearchPrimes search : BothSearches) {
+        for (const char* start : {"2", "100"}) {
+            numberContext.calcError = CalcErrorOverflow;
+            const FoundPrimes found = Search(search, UintBuffer(start), 20);
+            EXPECT_TRUE(found.primes.empty());
+            EXPECT_EQ(found.outcome, SearchOutcome::Failed);
+            EXPECT_EQ(TakeCode(), CalcErrorOverflow);
+        }
+    }
+}
+
+TEST_F(PrimeSearch, StopsWhenItIsAskedTo) {
+    for (const SearchPrimes search : BothSearches) {
+        for (const char* start : {"1", "2", "100", "2^100"}) {
+            RequestStop();
+            const FoundPrimes found = Search(search, UintBuffer(start), MaxSearchCount);
+            EXPECT_TRUE(found.primes.empty());
+            EXPECT_EQ(found.outcome, SearchOutcome::Stopped);
+            ClearStopRequest();
+            numberContext.calcError = CalcErrorNone;
+        }
+    }
+}
+
+// Nobody else ends this search: 2^62 numbers take years.
+TEST_F(PrimeSearch, StopsWhenAnotherThreadAsksForIt) {
+    for (const SearchPrimes search : BothSearches) {
+        std::atomic<int> found = 0;
+        std::thread stopping([&] {
+            while (found < 1'000) {
+                std::this_thread::yield();
+            }
+            RequestStop();
+        });
+        const PrimeSink sink = {[](void* context, const uint64_t*) {
+                                    ++*static_cast<std::atomic<int>*>(context);
+                                    return true;
+                                },
+                                &found};
+        EXPECT_EQ(search(UintBuffer("1000000000000"), MaxSearchCount, sink),
+                  SearchOutcome::Stopped);
+        stopping.join();
+        ClearStopRequest();
+        numberContext.calcError = CalcErrorNone;
+    }
+}
+
+TEST_F(PrimeSearch, TellsWhatItVisits) {
+    for (const SearchPrimes search : BothSearches) {
+        std::vector<uint64_t> visited;
+        const PrimeSink sink = {
+            [](void*, const uint64_t*) { return true; }, &visited,
+            [](void* context, uint64_t numbers) {
+                static_cast<std::vector<uint64_t>*>(context)->push_back(numbers);
+            }};
+        EXPECT_EQ(search(UintBuffer("1000000"), 20'000, sink), SearchOutcome::Complete);
+        ASSERT_GT(visited.size(), 1'000u);
+        EXPECT_EQ(visited.front(), 3u) << "1000003 is the first prime";
+        for (size_t i = 1; i < visited.size(); i++) {
+            ASSERT_GT(visited[i], visited[i - 1]);
+        }
+        EXPECT_LT(visited.back(), 20'000u);
+        EXPECT_GT(visited.back(), 19'800u);
+    }
+}
+
+// The header of the sieve says how much that is.
+TEST_F(PrimeSearch, KeepsNothingThatGrowsWithTheInterval) {
+    ScratchArea& stack = CurrentScratchStack();
+    const int64_t usual = stack.highWaterWords;
+    stack.highWaterWords = 0;
+    EXPECT_EQ(Search(SearchPrimesExactly, UintBuffer("1"), uint64_t{1} << 62, 500'000).outcome,
+              SearchOutcome::EndedBySink);
+    EXPECT_LE(stack.highWaterWords * BytesPerWord, 1'200'000);
+    stack.highWaterWords = std::max(usual, stack.highWaterWords);
+}
+
+TEST(SmallPrimesOfTheSearch, EndWith997) {
+    EXPECT_EQ(SmallPrimeTable.back(), 997);
+}
+
+}  // namespace
+}  // namespace tallymere

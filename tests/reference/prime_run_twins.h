@@ -1,0 +1,23 @@
+// Plain twins of the runs of the prime pages: each candidate is divided by each number of the
+// wheel, and the text of the run is made as it goes.
+//
+// They write in English and know no stop.
+#pragma once
+
+#include <string>
+
+#include "prime_pages/prime_run.h"
+#include "shell/ui_error.h"
+
+namespace tallymere::reference {
+
+struct TwinRun {
+    std::u16string text;
+    UiErrorCode error;
+};
+
+/// The run of the request, at the width in force. No CalcError may be noted before, and none is
+/// noted afterwards.
+TwinRun TwinPrimeRun(const PrimeRequest& request);
+
+}  // namespace tallymere::reference
