@@ -109,14 +109,15 @@ void FactorWorker(const FactorRequest& request, SendText send) {
     ScratchStackScope scope;
     FactorRun run = {request, MakePieceWriter(scope, send, request.printFlags, WordCharacters)};
     uint64_t number[LimbsOfFactors] = {request.number[0], request.number[1]};
-    for (int32_t i = 0; i < request.interval && !RunShouldEnd(); i++) {
+    for (int32_t i = 0; i < request.interval; i++) {
         RunNumber(run, number);
-        if (!RunShouldEnd()) {
-            SetRunProgress(static_cast<uint64_t>(i) + 1);
-            // The number rises behind the last one of the interval too. So an interval that ends
-            // with 2^128 - 1 ends with an overflow, after its last line.
-            BigUintAddSmall(number, number, 1);
+        if (RunShouldEnd()) {
+            break;
         }
+        SetRunProgress(static_cast<uint64_t>(i) + 1);
+        // The number rises behind the last one of the interval too. So an interval that ends with
+        // 2^128 - 1 ends with an overflow, after its last line.
+        BigUintAddSmall(number, number, 1);
     }
     TakeCalcError(UiErrorPrimeFactorOverflow);
 }

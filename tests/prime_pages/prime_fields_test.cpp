@@ -27,15 +27,17 @@ protected:
         return UintTextOf(text);
     }
 
+    // The interval, or -1 after the error.
     static int64_t ReadInterval(const std::u16string& text, int64_t highest, int32_t base = 10) {
         const NumberSetupScope setup(FactorNumberSetup());
-        int64_t interval = -1;
+        int64_t interval = 77;
         const bool isRead =
             ReadIntervalField(&interval, text.c_str(), PrimeParseFlags(base), highest);
-        if (!Checked(isRead, text)) {
-            EXPECT_EQ(interval, 0);
+        if (Checked(isRead, text)) {
+            return interval;
         }
-        return interval;
+        EXPECT_EQ(interval, 0);
+        return -1;
     }
 
     // The text after a change of the base, or "stays".
@@ -143,18 +145,18 @@ TEST_F(PrimeFields, LeaveTheErrorThatCameFirst) {
 TEST_F(PrimeFields, ReadTheIntervalWithinItsLimits) {
     EXPECT_EQ(ReadInterval(u"1", MaxFactorInterval), 1);
     EXPECT_EQ(ReadInterval(u" 1,000,000 ", MaxFactorInterval), 1'000'000);
-    EXPECT_EQ(ReadInterval(u"1000001", MaxFactorInterval), 0);
+    EXPECT_EQ(ReadInterval(u"1000001", MaxFactorInterval), -1);
     EXPECT_EQ(ReadInterval(u"2147483647", MaxPrimeInterval), 2'147'483'647);
-    EXPECT_EQ(ReadInterval(u"2147483648", MaxPrimeInterval), 0);
-    EXPECT_EQ(ReadInterval(u"18446744073709551617", MaxPrimeInterval), 0);
-    EXPECT_EQ(ReadInterval(u"1e50", MaxPrimeInterval), 0);
+    EXPECT_EQ(ReadInterval(u"2147483648", MaxPrimeInterval), -1);
+    EXPECT_EQ(ReadInterval(u"18446744073709551617", MaxPrimeInterval), -1);
+    EXPECT_EQ(ReadInterval(u"1e50", MaxPrimeInterval), -1);
     EXPECT_EQ(ReadInterval(InitialPrimeInterval, MaxPrimeInterval), 100);
     for (const char16_t* text : {u"", u" ", u"0", u"-1", u"x", u"1.5", u"ff"}) {
-        EXPECT_EQ(ReadInterval(text, MaxPrimeInterval), 0);
+        EXPECT_EQ(ReadInterval(text, MaxPrimeInterval), -1);
     }
     EXPECT_EQ(ReadInterval(u"ff", MaxFactorInterval, 16), 255);
     EXPECT_EQ(ReadInterval(u"F4240", MaxFactorInterval, 16), 1'000'000);
-    EXPECT_EQ(ReadInterval(u"F4241", MaxFactorInterval, 16), 0);
+    EXPECT_EQ(ReadInterval(u"F4241", MaxFactorInterval, 16), -1);
 }
 
 TEST_F(PrimeFields, WriteTheNormalForm) {
@@ -246,6 +248,22 @@ TEST_F(PrimeFields, HaveTheNumberSetupOfTheirPage) {
     EXPECT_EQ(PrimeNumberSetup(ProbabilisticMethod).width.limbs, 65);
     EXPECT_EQ(PrimeNumberSetup(ProbabilisticMethod).width.digits, 1'252);
     EXPECT_EQ(PrimeNumberSetup(NoMethod).width.limbs, 65);
+    for (const PrimeMethod method : {ExactMethod, ProbabilisticMethod}) {
+        EXPECT_EQ(PrimeNumberSetup(method).type, NumberTypeUint);
+    }
+}
+
+// The numbers with so many digits that fit, and the first with one more.
+TEST_F(PrimeFields, HaveTheDigitsThatTheMethodsPromise) {
+    const auto fits = [](size_t digits, char16_t digit, int64_t limbs) {
+        return Read(u"1" + std::u16string(digits - 1, digit), limbs) != "invalid";
+    };
+    EXPECT_NE(Read(std::u16string(ExactSureDigits, u'9'), 2), "invalid");
+    EXPECT_EQ(Read(std::u16string(ExactSureDigits + 1, u'9'), 2), "invalid");
+    EXPECT_TRUE(fits(ExactMaxDigits, u'0', 2));
+    EXPECT_FALSE(fits(ExactMaxDigits + 1, u'0', 2));
+    EXPECT_TRUE(fits(ProbabilisticMaxDigits, u'0', 65));
+    EXPECT_FALSE(fits(ProbabilisticMaxDigits + 1, u'0', 65));
 }
 
 }  // namespace
