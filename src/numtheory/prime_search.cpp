@@ -96,10 +96,10 @@ const uint64_t* NumberOfBlock(const OddSearch& search, int64_t index) {
     return search.candidate;
 }
 
-// The bound of the sieving primes for the block of `count` numbers.
+// The bound of the sieving primes for the block of `count` numbers, or the highest for so many.
 uint32_t BoundOfBlock(const OddSearch& search, int64_t count) {
-    const int64_t highest = std::min<int64_t>(search.method->highestBound,
-                                              BoundPerNumber * std::max(FirstBlock, count));
+    const int64_t highest = std::min<int64_t>(
+        search.method->highestBound, BoundPerNumber * std::clamp(count, FirstBlock, MaxSieveBlock));
     return SieveBoundFor(ValueForBound(NumberOfBlock(search, count - 1)),
                          static_cast<uint32_t>(highest));
 }
