@@ -155,6 +155,16 @@ TEST(FactorSearch, EndsWithoutADivisorWhenAStopIsRequested) {
     EXPECT_EQ(StoppedSearch(FindDivisor, word), (Wide{0, 0}));
 }
 
+TEST(FactorSearch, DoesNotBeginWithACurveWhenAStopWasRequested) {
+    RandomSource random;
+    for (const int bits : {20, 25, 30, 40, 64}) {
+        const Wide n = ToWide(Product({RandomPrime(random, bits), RandomPrime(random, bits)}));
+        RequestStop();
+        EXPECT_EQ(FindDivisor(n), (Wide{0, 0}));
+        ClearStopRequest();
+    }
+}
+
 TEST(PollardRho, FindsADivisorInTheTimeThatItsFactorNeeds) {
     RandomSource random;
     int found = 0;
