@@ -38,7 +38,7 @@ void MultiplyByBase(uint64_t* dest, const uint64_t* x, int base, const UintModul
     }
 }
 
-// True when base^((n - 1) / 2) = symbol modulo n, for an odd n of at least 3 and a base of 2 or 3.
+// True when base^((n - 1) / 2) = symbol modulo n, for an odd n and a base of 2 or 3.
 // False and CalcErrorCancelled when a stop is requested.
 bool PowerIsSymbol(int base, int32_t symbol, const uint64_t* n) {
     const int64_t limbs = BigUintLength(n);
@@ -97,7 +97,7 @@ bool EulerTestBase3(const uint64_t* n) {
         SetCalcError(CalcErrorUndefined);
         return false;
     }
-    if ((n[0] & 1) == 0 || BigUintEqualsSmall(n, 1)) {
+    if ((n[0] & 1) == 0) {
         return false;
     }
     CoreScratchScope scratch;

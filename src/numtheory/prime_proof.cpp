@@ -141,26 +141,6 @@ Primality FindWitness(const WideModulus& modulus, Wide predecessor, Wide q) {
     return Primality::Unknown;
 }
 
-// For an odd n of two words.
-Primality ProveByPredecessor(const WideModulus& modulus) {
-    Predecessor predecessor = {wide::Subtract(modulus.n, One)};
-    if (!FactorEnough(predecessor)) {
-        return Primality::Unknown;
-    }
-    for (size_t i = 0; i < predecessor.primeCount; i++) {
-        switch (FindWitness(modulus, predecessor.value, predecessor.primes[i])) {
-            case Primality::Prime:
-                break;
-            case Primality::Composite:
-                return Primality::Composite;
-            case Primality::Unknown:
-                return ProveByWalk(modulus.n);
-        }
-    }
-    return IsProductOfTwoOfTheForm(predecessor.factored, RestOf(predecessor)) ? Primality::Composite
-                                                                              : Primality::Prime;
-}
-
 }  // namespace
 
 Primality ProvePrimality(Wide n) {
@@ -171,11 +151,31 @@ Primality ProvePrimality(Wide n) {
     if (!IsOdd(n) || HasSmallOddPrime(limbs, 2)) {
         return Primality::Composite;
     }
-    const WideModulus modulus = PrepareModulus(n);
-    if (!PassesStrongTests(modulus)) {
+    if (!PassesStrongTests(PrepareModulus(n))) {
         return Primality::Composite;
     }
-    return IsBelow(n, FirstStrongPseudoprime) ? Primality::Prime : ProveByPredecessor(modulus);
+    return IsBelow(n, FirstStrongPseudoprime) ? Primality::Prime : ProveByPredecessor(n);
+}
+
+Primality ProveByPredecessor(Wide n) {
+    TALLYMERE_REQUIRE(IsOdd(n) && n != One);
+    const WideModulus modulus = PrepareModulus(n);
+    Predecessor predecessor = {wide::Subtract(n, One)};
+    if (!FactorEnough(predecessor)) {
+        return Primality::Unknown;
+    }
+    for (size_t i = 0; i < predecessor.primeCount; i++) {
+        switch (FindWitness(modulus, predecessor.value, predecessor.primes[i])) {
+            case Primality::Prime:
+                break;
+            case Primality::Composite:
+                return Primality::Composite;
+            case Primality::Unknown:
+                return ProveByWalk(n);
+        }
+    }
+    return IsProductOfTwoOfTheForm(predecessor.factored, RestOf(predecessor)) ? Primality::Composite
+                                                                              : Primality::Prime;
 }
 
 Primality ProveByWalk(Wide n) {

@@ -30,6 +30,10 @@ enum class Primality {
 /// below 3,317,044,064,679,887,385,961,981 the answer comes sooner than that.
 Primality ProvePrimality(Wide n);
 
+/// The certificate alone, for an odd n of at least 3 that need not be prime. Unknown after a stop
+/// was requested.
+Primality ProveByPredecessor(Wide n);
+
 /// The last resort: divides n, which is odd and at least 3, by the candidates of the wheel up to
 /// its square root. Unknown when a stop was requested before the end.
 Primality ProveByWalk(Wide n);

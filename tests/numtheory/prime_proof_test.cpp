@@ -123,6 +123,41 @@ TEST(ProvePrimality, ProvesPrimesWhosePredecessorsHaveOnlyLongFactors) {
     }
 }
 
+TEST(ProveByPredecessor, AgreesWithTheWalkOnAllOddNumbers) {
+    for (uint64_t n = 3; n < 100'000; n += 2) {
+        ASSERT_EQ(ProveByPredecessor({0, n}),
+                  reference::TwinIsPrimeByWalk(n) ? Primality::Prime : Primality::Composite)
+            << n;
+    }
+}
+
+// Composite numbers (a F + 1) (b F + 1) that have all the witnesses which a prime has: only the
+// square tells.
+TEST(ProveByPredecessor, RejectsProductsThatHaveAllWitnesses) {
+    const uint64_t forms[][3] = {{1'618, 1, 12}, {2'054, 3, 8},  {2'142, 3, 8},   {2'444, 2, 3},
+                                 {2'676, 1, 6},  {3'940, 4, 9},  {4'636, 1, 6},   {7'284, 4, 9},
+                                 {9'180, 1, 10}, {10'444, 4, 9}, {10'458, 1, 12}, {12'404, 2, 9}};
+    for (const auto& [f, a, b] : forms) {
+        EXPECT_EQ(ProveByPredecessor(wide::Multiply(a * f + 1, b * f + 1)), Primality::Composite)
+            << f;
+    }
+}
+
+// (6 k + 1) (12 k + 1) (18 k + 1) for an odd k: where all three are primes, every power
+// (n - 1) / 2 is 1, so that there is no witness for the factor 2, and only the walk is left.
+TEST(ProveByPredecessor, WalksWhereThereIsNoWitness) {
+    int count = 0;
+    for (uint64_t k = 169; k < 4'000; k += 2) {
+        const uint64_t factors[] = {6 * k + 1, 12 * k + 1, 18 * k + 1};
+        if (IsPrimeWord(factors[0]) && IsPrimeWord(factors[1]) && IsPrimeWord(factors[2])) {
+            const uint64_t n = factors[0] * factors[1] * factors[2];
+            ASSERT_EQ(ProveByPredecessor({0, n}), Primality::Composite) << n;
+            count++;
+        }
+    }
+    EXPECT_GT(count, 3);
+}
+
 TEST(ProveByWalk, AgreesWithItsTwin) {
     for (uint64_t n = 3; n < 40'000; n += 2) {
         ASSERT_EQ(ProveByWalk({0, n}),
