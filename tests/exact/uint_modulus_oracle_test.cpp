@@ -58,6 +58,10 @@ TEST(UintModulusOracle, GmpAgreesOnSumsAndProducts) {
             UintResidueSquare(y, y, modulus);
             mpz_mul(exact, LimbsView(b), LimbsView(b));
             ASSERT_NO_FATAL_FAILURE(expectResult(y, exact));
+            // Products are residues that need not be below the modulus.
+            UintResidueAdd(residue, residue, y, modulus);
+            mpz_addmul(exact, LimbsView(a), LimbsView(b));
+            ASSERT_NO_FATAL_FAILURE(expectResult(residue, exact));
             UintResidueAdd(x, x, x, modulus);
             mpz_mul_ui(exact, LimbsView(a), 2);
             ASSERT_NO_FATAL_FAILURE(expectResult(x, exact));
