@@ -6,6 +6,7 @@
 #include "layout/digit_count_layout.h"
 #include "layout/number_base_layout.h"
 #include "prime_pages/prime_layout.h"
+#include "prime_pages/prime_run.h"
 #include "shell/form_control.h"
 
 namespace tallymere {
@@ -54,7 +55,7 @@ inline constexpr FormControl PrimeNumbersForm[] = {
     {PrimeNumbersModeGroup, FormRadioButton, {10, 15, 110, 21}, &UiText::TextPrimesIntervalSize},
     {PrimeNumbersModeGroup, FormRadioButton, {10, 36, 120, 21}, &UiText::TextPrimesNextPrimeNumber},
     {PrimeNumbersModeGroup, FormRadioButton, {10, 57, 120, 21}, &UiText::TextPrimesPrimeNumberTest},
-    {PrimeNumbersModeGroup, FormField, {120, 16, 80, 20}, nullptr, u"100"},
+    {PrimeNumbersModeGroup, FormField, {120, 16, 80, 20}, nullptr, InitialPrimeInterval},
     {FormWindow, FormGroupBox, {335, 83, 240, 65}, &UiText::TextPrimesMethod},
     {PrimeNumbersMethodGroup, FormRadioButton, {10, 15, 225, 21}, nullptr},
     {PrimeNumbersMethodGroup, FormRadioButton, {10, 36, 225, 21}, nullptr},
