@@ -27,9 +27,9 @@ size_t PieceLength(std::u16string_view line, FittingCharacters fitting, void* ru
     return !splitsPair ? fit : fit == 1 ? 2 : fit - 1;
 }
 
-char16_t* CopyLine(char16_t* end, std::u16string_view line, FittingCharacters fitting,
+char16_t* CopyLine(char16_t* end, std::u16string_view line, bool goesOn, FittingCharacters fitting,
                    void* ruler) {
-    if (line.size() > LongLineCharacters) {
+    if (goesOn || line.size() > LongLineCharacters) {
         size_t piece = PieceLength(line, fitting, ruler);
         while (piece < line.size()) {
             end = std::copy_n(line.begin(), piece, end);
@@ -43,12 +43,13 @@ char16_t* CopyLine(char16_t* end, std::u16string_view line, FittingCharacters fi
 
 }  // namespace
 
-int64_t InsertSoftBreaks(char16_t* broken, std::u16string_view text, FittingCharacters fitting,
-                         void* ruler) {
+int64_t InsertSoftBreaks(char16_t* broken, std::u16string_view text, bool goesOn,
+                         FittingCharacters fitting, void* ruler) {
     char16_t* end = broken;
     for (;;) {
         const size_t length = std::min(text.find(LineEnd), text.size());
-        end = CopyLine(end, text.substr(0, length), fitting, ruler);
+        end = CopyLine(end, text.substr(0, length), goesOn, fitting, ruler);
+        goesOn = false;
         if (length == text.size()) {
             break;
         }
@@ -57,6 +58,15 @@ int64_t InsertSoftBreaks(char16_t* broken, std::u16string_view text, FittingChar
     }
     *end = 0;
     return end - broken;
+}
+
+LastPiece FindLastPiece(std::u16string_view broken) {
+    const size_t end = broken.rfind(LineEnd);
+    if (end == std::u16string_view::npos) {
+        return {0, false};
+    }
+    const size_t start = end + LineEnd.size();
+    return {static_cast<int64_t>(start), broken.substr(0, start).ends_with(SoftBreak)};
 }
 
 int64_t RemoveSoftBreaks(char16_t* text, int64_t length) {

@@ -26,9 +26,19 @@ using FittingCharacters = int64_t (*)(void* ruler, std::u16string_view next);
 
 /// Copies a plain text and puts soft breaks into its long lines. Each piece is as long as `fitting`
 /// allows. It has at least one character and never splits a surrogate pair. `broken` has room for
-/// BrokenPerPlain times the text and a terminating 0. Returns the length in characters.
-int64_t InsertSoftBreaks(char16_t* broken, std::u16string_view text, FittingCharacters fitting,
-                         void* ruler);
+/// BrokenPerPlain times the text and a terminating 0. With `goesOn` the text goes on behind a soft
+/// break, so that its first line is long, however short the rest of it is. Returns the length in
+/// characters.
+int64_t InsertSoftBreaks(char16_t* broken, std::u16string_view text, bool goesOn,
+                         FittingCharacters fitting, void* ruler);
+
+/// The piece at the end of a text with soft breaks: what comes behind the last line end or soft
+/// break. More text at the end changes no soft break before it.
+struct LastPiece {
+    int64_t start;  ///< the position of its first character
+    bool goesOn;    ///< it comes behind a soft break
+};
+LastPiece FindLastPiece(std::u16string_view broken);
 
 /// Removes the soft breaks from a text, in place, and ends it with a 0. Returns the new length.
 int64_t RemoveSoftBreaks(char16_t* text, int64_t length);

@@ -78,6 +78,7 @@ bool EndPageTimer(PageStates& states, PageTimer timer) {
                 return true;
             }
             return false;
+        case TextTimer:
         case NoTimer:
             return false;
     }

@@ -54,15 +54,30 @@ enum PageTimer : int32_t {
     NoTimer = 0,
     StopTimer = 100,       ///< shows Stop
     LateClickTimer = 101,  ///< ends StopLingers of LeavesBeforeReport
+    TextTimer = 102,       ///< shows the text of a run, again and again; changes no state
     LeaveTimer = 1000,     ///< ends StopLingers of LeavesLater
 };
 
-/// How long a run lasts before Stop is shown, and how long a click on Stop may come late.
+/// How long a run lasts before Stop is shown, how long a click on Stop may come late, and how long
+/// the text of a run is gathered before it is shown.
 inline constexpr int32_t StopDelayMilliseconds = 100;
 inline constexpr int32_t LateStopMilliseconds = 200;
+inline constexpr int32_t TextDelayMilliseconds = 50;
 
+/// How long a timer runs; 0 for NoTimer.
 constexpr int32_t TimerMilliseconds(PageTimer timer) {
-    return timer == StopTimer ? StopDelayMilliseconds : LateStopMilliseconds;
+    switch (timer) {
+        case NoTimer:
+            return 0;
+        case StopTimer:
+            return StopDelayMilliseconds;
+        case LateClickTimer:
+        case LeaveTimer:
+            return LateStopMilliseconds;
+        case TextTimer:
+            return TextDelayMilliseconds;
+    }
+    return 0;
 }
 
 struct PageStates {

@@ -17,6 +17,7 @@ public:
         RECT room = {};
         AskEdit(field, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
         width_ = std::max<int>(room.right - room.left, 0);
+        breaksAtBlanks_ = AskEdit(field, EM_GETWORDBREAKPROC) == 0;
         fontBefore_ = SelectObject(dc_, reinterpret_cast<HFONT>(AskEdit(field, WM_GETFONT)));
     }
     ~FieldRuler() {
@@ -26,6 +27,8 @@ public:
     FieldRuler(const FieldRuler&) = delete;
     FieldRuler& operator=(const FieldRuler&) = delete;
 
+    // Breaks lines where the control does: behind a blank unless the field has a rule of its own.
+    //
     // Measuring takes time for each character. So it looks at only a few more than the line before
     // had.
     int64_t Fitting(std::u16string_view next) {
@@ -38,6 +41,12 @@ public:
                                   &size);
             window_ = static_cast<size_t>(fitting) * 5 / 4 + 16;
         } while (fitting == count && static_cast<size_t>(count) < next.size());
+        if (breaksAtBlanks_ && static_cast<size_t>(fitting) < next.size()) {
+            const size_t blank = next.substr(0, static_cast<size_t>(fitting)).rfind(u' ');
+            if (blank != std::u16string_view::npos && blank > 0) {
+                return static_cast<int64_t>(blank) + 1;
+            }
+        }
         return fitting;
     }
 
@@ -45,6 +54,7 @@ private:
     HWND field_;
     HDC dc_;
     int width_;
+    bool breaksAtBlanks_;
     HGDIOBJ fontBefore_;
     size_t window_ = 64;
 };
@@ -53,13 +63,43 @@ int64_t FittingOf(void* ruler, std::u16string_view next) {
     return static_cast<FieldRuler*>(ruler)->Fitting(next);
 }
 
-HeapText BreakText(HWND field, std::u16string_view text) {
+HeapText BreakText(HWND field, std::u16string_view text, bool goesOn = false) {
     HeapText broken(static_cast<int64_t>(text.size()) * BrokenPerPlain);
     if (broken.IsThere()) {
         FieldRuler ruler(field);
-        broken.length = InsertSoftBreaks(broken.buffer.get(), text, FittingOf, &ruler);
+        broken.length = InsertSoftBreaks(broken.buffer.get(), text, goesOn, FittingOf, &ruler);
     }
     return broken;
+}
+
+// A copy of the last piece of the broken text, with room for `more` characters behind it.
+HeapText TakeLastPiece(std::u16string_view broken, LastPiece piece, size_t more) {
+    const std::u16string_view text = broken.substr(static_cast<size_t>(piece.start));
+    HeapText copy(static_cast<int64_t>(text.size() + more));
+    if (copy.IsThere()) {
+        copy.length = std::copy(text.begin(), text.end(), copy.buffer.get()) - copy.buffer.get();
+    }
+    return copy;
+}
+
+// Looks at the broken text where it lies, since a copy takes time for all of it. A control that
+// does not show it is asked for a copy.
+HeapText ReadLastPiece(HWND field, LastPiece& piece, size_t more) {
+    const auto memory = reinterpret_cast<HLOCAL>(AskEdit(field, EM_GETHANDLE));
+    if (memory == nullptr) {
+        HeapText broken = BrokenText(field);
+        if (!broken.IsThere()) {
+            return broken;
+        }
+        piece = FindLastPiece(broken.View());
+        return TakeLastPiece(broken.View(), piece, more);
+    }
+    const auto length = static_cast<size_t>(AskEdit(field, WM_GETTEXTLENGTH));
+    const std::u16string_view broken(static_cast<const char16_t*>(LocalLock(memory)), length);
+    piece = FindLastPiece(broken);
+    HeapText copy = TakeLastPiece(broken, piece, more);
+    LocalUnlock(memory);
+    return copy;
 }
 
 void SelectPlain(HWND field, TextSelection selection) {
@@ -164,6 +204,25 @@ LRESULT WritePlainText(HWND field, const char16_t* text) {
     }
     const HeapText broken = BreakText(field, plain);
     return broken.IsThere() && WriteBroken(field, broken) ? TRUE : FALSE;
+}
+
+bool AppendPlainText(HWND field, std::u16string_view text) {
+    const LRESULT length = AskEdit(field, WM_GETTEXTLENGTH);
+    LastPiece piece = {};
+    HeapText joined = ReadLastPiece(field, piece, text.size());
+    if (!joined.IsThere()) {
+        return false;
+    }
+    std::copy(text.begin(), text.end(), joined.buffer.get() + joined.length);
+    joined.length += static_cast<int64_t>(text.size());
+    const HeapText broken = BreakText(field, joined.View(), piece.goesOn);
+    const int64_t whole = piece.start + broken.length;
+    if (!broken.IsThere() || whole > static_cast<uint32_t>(AskEdit(field, EM_GETLIMITTEXT))) {
+        return false;
+    }
+    SelectBroken(field, {piece.start, length});
+    AskEdit(field, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(broken.buffer.get()));
+    return AskEdit(field, WM_GETTEXTLENGTH) == whole;
 }
 
 void BreakAnew(HWND field) {

@@ -36,6 +36,11 @@ LRESULT WritePlainText(HWND field, const char16_t* text);
 /// memory, and the text is as before.
 bool ChangePlainText(HWND field, std::u16string_view text, TextSelection selection);
 
+/// Puts a plain text at the end, selects the end and scrolls there. It takes time for the new text
+/// alone, as far as the control allows. It cannot be undone, and neither can what was done before.
+/// False when the control cannot take so much text: the text is as before.
+bool AppendPlainText(HWND field, std::u16string_view text);
+
 /// Places all soft breaks anew, after a change of text, width or font.
 void BreakAnew(HWND field);
 

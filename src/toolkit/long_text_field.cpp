@@ -266,6 +266,11 @@ HWND CreateLongTextField(HWND parent, const LayoutRect& place, const char16_t* t
     return field;
 }
 
+bool AppendLongText(HWND field, const char16_t* text) {
+    ForgetTextChange(field);
+    return AppendPlainText(field, text);
+}
+
 bool IsPasteKey(UINT message, WPARAM wParam) {
     return message == WM_KEYDOWN && wParam == VK_INSERT && IsHeld(VK_SHIFT);
 }

@@ -20,6 +20,11 @@ HWND CreateLongTextField(HWND parent, const LayoutRect& place, const char16_t* t
 /// the characters of a soft break, they are lost.
 LRESULT HandleLongText(HWND field, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault);
 
+/// Puts a text at the end of such a field, selects the end and scrolls there. Unlike EM_REPLACESEL
+/// it does not take time for the text that is there already. It cannot be undone, and neither can
+/// what was done before. False when the control cannot take so much text: the text is as before.
+bool AppendLongText(HWND field, const char16_t* text);
+
 /// True when a message is the key Shift+Insert. The system's control may paste for it without a
 /// WM_PASTE message, so HandleLongText sends one.
 bool IsPasteKey(UINT message, WPARAM wParam);

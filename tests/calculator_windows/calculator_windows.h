@@ -21,20 +21,13 @@
 #include "toolkit/control_focus.h"
 #include "toolkit/environment.h"
 #include "toolkit/loop_deadline.h"
+#include "toolkit/whole_text.h"
 #include "toolkit/wide_text.h"
 #include "toolkit/win32.h"
 
 #include <commctrl.h>
 
 namespace tallymere::testing_support {
-
-/// The whole text of a window.
-inline std::u16string WholeText(HWND window) {
-    std::u16string text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, u'\0');
-    const int length = GetWindowTextW(window, ToWide(text.data()), static_cast<int>(text.size()));
-    text.resize(static_cast<size_t>(length));
-    return text;
-}
 
 /// What is selected in a field; begin and end are the caret's place when nothing is.
 inline std::pair<DWORD, DWORD> SelectionIn(HWND field) {

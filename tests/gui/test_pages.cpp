@@ -26,6 +26,7 @@
 #include "shell/windows/program_run.h"
 #include "shell/windows/program_windows.h"
 #include "toolkit/dialog_window.h"
+#include "toolkit/long_text_field.h"
 #include "toolkit/standard_controls.h"
 #include "toolkit/wide_text.h"
 #include "values/number_text.h"
@@ -67,9 +68,7 @@ HWND CreateTestPage(TestPage& page, const char16_t* title, WindowHandler handler
     page.startButton = CreateButton(page.window, {10, 10, 100, 25}, uiText.TextBtnStart);
     page.otherButton = CreateButton(page.window, {120, 10, 100, 25}, otherCaption);
     page.input = CreateEdit(page.window, {230, 10, 360, 25}, u"", ES_AUTOHSCROLL, WS_EX_CLIENTEDGE);
-    page.output =
-        CreateEdit(page.window, {10, 45, 580, 245}, u"",
-                   ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | WS_VSCROLL, WS_EX_CLIENTEDGE);
+    page.output = CreateLongTextField(page.window, {10, 45, 580, 245}, u"");
     page.run = {.page = page.window,
                 .startTask = &task,
                 .controls = {.startButton = page.startButton,
@@ -111,7 +110,7 @@ struct OutputLine {
 };
 
 void AppendLine(const TestPage& page, const char16_t* line) {
-    AppendPageText(page.output, reinterpret_cast<LPARAM>(line));
+    AppendPageText(page.output, line);
 }
 
 // The worker may have noted a code of the arithmetic that is no UiError yet.

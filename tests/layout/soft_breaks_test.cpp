@@ -14,10 +14,10 @@ int64_t CountFitting(void* ruler, std::u16string_view) {
     return *static_cast<int64_t*>(ruler);
 }
 
-std::u16string Broken(const std::u16string& text, int64_t fitting) {
+std::u16string Broken(const std::u16string& text, int64_t fitting, bool goesOn = false) {
     std::u16string broken(text.size() * BrokenPerPlain + 1, u'?');
     broken.resize(
-        static_cast<size_t>(InsertSoftBreaks(broken.data(), text, CountFitting, &fitting)));
+        static_cast<size_t>(InsertSoftBreaks(broken.data(), text, goesOn, CountFitting, &fitting)));
     return broken;
 }
 
@@ -53,6 +53,51 @@ TEST(SoftBreaks, PiecesHaveACharacterAtLeast) {
     const std::u16string broken = Broken(Line(301), 0);
     EXPECT_EQ(broken.size(), 301u + 300u * Break.size());
     EXPECT_EQ(broken.substr(0, 8), u"7\r\r\n7\r\r\n");
+}
+
+TEST(SoftBreaks, StandInTheRestOfALongLineHoweverShortItIs) {
+    EXPECT_EQ(Broken(Line(150), 100, true), Line(100) + Break + Line(50));
+    EXPECT_EQ(Broken(Line(150) + u"\r\n" + Line(150), 100, true),
+              Line(100) + Break + Line(50) + u"\r\n" + Line(150))
+        << "the next line is one of its own";
+    EXPECT_EQ(Broken(u"\r\n" + Line(150), 100, true), u"\r\n" + Line(150));
+}
+
+TEST(SoftBreaks, TheLastPieceBeginsBehindTheLastBreakOfEitherKind) {
+    const auto expectPiece = [](const std::u16string& text, size_t start, bool goesOn) {
+        const LastPiece piece = FindLastPiece(text);
+        EXPECT_EQ(piece.start, static_cast<int64_t>(start));
+        EXPECT_EQ(piece.goesOn, goesOn);
+    };
+    expectPiece(u"", 0, false);
+    expectPiece(Line(20), 0, false);
+    expectPiece(u"1\r\n234", 3, false);
+    expectPiece(u"1\r\n", 3, false);
+    expectPiece(u"1" + Break + u"234", 4, true);
+    expectPiece(u"1" + Break, 4, true);
+    expectPiece(u"1" + Break + u"2\r\n3", 7, false);
+}
+
+// A text that comes in parts has the soft breaks of the whole one.
+TEST(SoftBreaks, StandWhereverTheTextWasParted) {
+    testing_support::RandomSource random;
+    for (int round = 0; round < 300; round++) {
+        const auto fitting = static_cast<int64_t>(random.Below(400)) + 1;
+        std::u16string whole;
+        std::u16string broken;
+        for (int part = 0; part < 12; part++) {
+            std::u16string text = Line(static_cast<int64_t>(random.Below(350)));
+            if (random.Below(4) == 0) {
+                text += u"\r\n";
+            }
+            whole += text;
+            const LastPiece piece = FindLastPiece(broken);
+            const auto start = static_cast<size_t>(piece.start);
+            broken = broken.substr(0, start) +
+                     Broken(broken.substr(start) + text, fitting, piece.goesOn);
+            ASSERT_EQ(broken, Broken(whole, fitting)) << fitting;
+        }
+    }
 }
 
 TEST(SoftBreaks, SplitNoPairs) {

@@ -10,7 +10,7 @@ namespace {
 
 constexpr PagePhase AllPhases[] = {PageIdle,  PageStarts, PageBusy,
                                    StopShown, PageEnds,   StopLingers};
-constexpr PageTimer AllTimers[] = {NoTimer, StopTimer, LateClickTimer, LeaveTimer};
+constexpr PageTimer AllTimers[] = {NoTimer, StopTimer, LateClickTimer, TextTimer, LeaveTimer};
 
 // A page with such rules in one of its states.
 PageStates In(PagePhase phase, PageRules rules = {}) {
@@ -28,6 +28,8 @@ TEST(PageStates, TheTimersHaveTheirIdsAndRunATenthAndAFifthOfASecond) {
     EXPECT_EQ(TimerMilliseconds(StopTimer), 100);
     EXPECT_EQ(TimerMilliseconds(LateClickTimer), 200);
     EXPECT_EQ(TimerMilliseconds(LeaveTimer), 200);
+    EXPECT_EQ(TimerMilliseconds(TextTimer), 50) << "no text comes later";
+    EXPECT_EQ(TimerMilliseconds(NoTimer), 0);
 }
 
 TEST(PageStates, ARunBeginsOnAnIdlePageAlone) {
@@ -128,8 +130,9 @@ TEST(PageStates, ATimerThatComesLateChangesNothing) {
     for (const PagePhase phase : AllPhases) {
         for (const PageTimer timer : AllTimers) {
             PageStates states = In(phase, {StopAfterAWhile, LeavesBeforeReport});
-            const bool inTime =
-                timer == StopTimer ? phase == PageBusy : timer != NoTimer && phase == StopLingers;
+            const bool endsLingering = timer == LateClickTimer || timer == LeaveTimer;
+            const bool inTime = (timer == StopTimer && phase == PageBusy) ||
+                                (endsLingering && phase == StopLingers);
             EXPECT_EQ(EndPageTimer(states, timer), inTime) << phase << " " << timer;
             EXPECT_EQ(states.phase != phase, inTime) << phase << " " << timer;
         }

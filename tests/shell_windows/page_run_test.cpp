@@ -1,11 +1,14 @@
 // A page that calculates, from the press of its button to the moment when it listens again.
 #include "shell/windows/page_run.h"
 
+#include <string>
 #include <vector>
 
 #include "core/contract.h"
 #include "core/scratch.h"
+#include "shell/page_text.h"
 #include "shell_windows/message_boxes.h"
+#include "toolkit/long_text_field.h"
 #include "toolkit/test_dialog.h"
 
 namespace tallymere {
@@ -13,6 +16,7 @@ namespace {
 
 using testing_support::MessageBoxAnswer;
 using testing_support::TextOf;
+using testing_support::WholeText;
 
 constexpr NumberSetup Numbers = {NumberTypeRational, 50, UintWidthForLimbs(26), {-7, 70}};
 
@@ -100,6 +104,32 @@ LRESULT HandlePage(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& callD
     return 0;
 }
 
+// More than there is room for, several times over, in pieces of all sizes.
+std::u16string LongOutput() {
+    std::u16string text;
+    for (int number = 1; number <= 20'000; number++) {
+        text.append(static_cast<size_t>(number % 7), u'7');
+        text += number % 50 == 0 ? u"\r\n" : u", ";
+    }
+    return text;
+}
+
+void SendLongOutput() {
+    const std::u16string text = LongOutput();
+    size_t length = 1;
+    for (size_t sent = 0; sent < text.size(); sent += length) {
+        length = length * 3 % 1'009 + 1;
+        SendPageText(text.substr(sent, length).c_str());
+    }
+}
+
+void SendUntilStopped() {
+    while (!RunShouldEnd()) {
+        SendPageText(u"0123456789012345678901234567890123456789\r\n");
+    }
+    SendPageText(u"last");
+}
+
 class PageRunTest : public testing_support::ToolkitTest {
 protected:
     PageRunTest() {
@@ -110,7 +140,7 @@ protected:
         start = CreateButton(page, {0, 0, 75, 25}, uiText.TextBtnStart);
         clear = CreateButton(page, {0, 30, 75, 25}, u"Clear");
         stop = CreateButton(page, {80, 0, 75, 25}, uiText.TextBtnStop);
-        output = CreateEdit(page, {0, 60, 200, 100}, u"old\r\n", ES_MULTILINE | ES_AUTOVSCROLL, 0);
+        output = CreateLongTextField(page, {0, 60, 200, 100}, u"old\r\n");
         seen = {};
         task = {SetUpNumbers, Prepare, WriteTwoLines, Finish, UiErrorPrimeNumberOverflow};
         run = {.page = page,
@@ -149,6 +179,13 @@ protected:
     static void LoopWhile(PagePhase phase) {
         MSG message;
         while (run.states.phase == phase && GetMessageW(&message, nullptr, 0, 0) > 0) {
+            DispatchMessageW(&message);
+        }
+    }
+    // The message loop, until the output has a text.
+    void LoopWhileEmpty() const {
+        MSG message;
+        while (GetWindowTextLengthW(output) == 0 && GetMessageW(&message, nullptr, 0, 0) > 0) {
             DispatchMessageW(&message);
         }
     }
@@ -328,9 +365,170 @@ TEST_F(PageRunTest, APageWithoutStopCalculatesOnTheUiThread) {
     EXPECT_EQ(seen.shownBusy, (std::vector<bool>{true, false}));
 }
 
+TEST_F(PageRunTest, TextOfAnyLengthArrivesWholeAndInOrder) {
+    const std::u16string text = LongOutput();
+    ASSERT_GT(text.size(), 2 * PageTextCapacity + 0u);
+    SetWindowTextW(output, L"");
+    task.work = SendLongOutput;
+    ClickStart();
+    LoopUntilIdle();
+    EXPECT_TRUE(seen.succeeded);
+    EXPECT_TRUE(WholeText(output) == text);
+}
+
+TEST_F(PageRunTest, OneTextLongerThanAllTheRoomArrivesWhole) {
+    static std::u16string text;
+    text = LongOutput();
+    SetWindowTextW(output, L"");
+    task.work = [] { SendPageText(text.c_str()); };
+    ClickStart();
+    LoopUntilIdle();
+    EXPECT_TRUE(WholeText(output) == text);
+}
+
+TEST_F(PageRunTest, ShowsWhatWasSentWhileTheRunGoesOn) {
+    SetWindowTextW(output, L"");
+    task.work = [] {
+        SendPageText(u"found");
+        RunUntilStopped();
+    };
+    ClickStart();
+    LoopWhileEmpty();
+    EXPECT_EQ(run.states.phase, StopShown);
+    EXPECT_EQ(TextOf(output), "found");
+    StopPageRun(run);
+    LoopUntilIdle();
+}
+
+TEST_F(PageRunTest, TheTextIsThereBeforeTheResultsAreShown) {
+    static std::string before;
+    task.finish = [](bool) {
+        before = TextOf(run.controls.output);
+        AppendPageText(run.controls.output, u"end");
+    };
+    ClickStart();
+    LoopUntilIdle();
+    EXPECT_EQ(before, "old\r\nfirst\r\nsecond\r\n");
+    EXPECT_EQ(TextOf(output), before + "end");
+}
+
+TEST_F(PageRunTest, AStopOrACloseInTheMidstOfTheTextLosesNoneOfIt) {
+    task.work = SendUntilStopped;
+    for (const bool closes : {false, true}) {
+        SetWindowTextW(output, L"");
+        ClickStart();
+        LoopWhileEmpty();
+        EXPECT_EQ(run.states.phase, StopShown) << "a thread that waits for room does not end";
+        if (closes) {
+            Close();
+        } else {
+            ClickStart();
+        }
+        LoopUntilIdle();
+        const std::u16string text = WholeText(output);
+        ASSERT_GE(text.size(), 4u);
+        EXPECT_TRUE(text.ends_with(u"last"));
+        EXPECT_EQ((text.size() - 4) % 42, 0u);
+    }
+}
+
+TEST_F(PageRunTest, EndsWithAnErrorWhenTheOutputCannotTakeTheText) {
+    SendMessageW(output, EM_SETLIMITTEXT, 100'000, 0);
+    const MessageBoxAnswer answer;
+    SetWindowTextW(output, L"");
+    task.work = SendUntilStopped;
+    ClickStart();
+    LoopUntilIdle();
+    EXPECT_EQ(answer.boxes, 1);
+    EXPECT_EQ(answer.text, "String buffer overflow!");
+    EXPECT_FALSE(seen.succeeded);
+    const std::u16string text = WholeText(output);
+    EXPECT_GT(text.size(), 0u);
+    EXPECT_LE(text.size(), 100'000u);
+    EXPECT_TRUE(text.starts_with(u"0123456789012345678901234567890123456789\r\n"));
+}
+
+TEST_F(PageRunTest, ForgetsTheTextWhereThereIsNoOutput) {
+    run.controls.output = nullptr;
+    task.work = SendLongOutput;
+    ClickStart();
+    LoopUntilIdle();
+    EXPECT_TRUE(seen.succeeded);
+    run.controls.output = output;
+    task.work = [] { SendPageText(u"next"); };
+    ClickStart();
+    LoopUntilIdle();
+    EXPECT_EQ(TextOf(output), "old\r\nnext");
+}
+
+TEST_F(PageRunTest, APageWithoutStopShowsItsTextToo) {
+    run.states.rules.stop = StopNever;
+    SetWindowTextW(output, L"");
+    task.work = SendLongOutput;
+    ClickStart();
+    EXPECT_TRUE(WholeText(output) == LongOutput());
+}
+
+TEST_F(PageRunTest, ARunWhoseEndCannotBePostedEndsAllTheSame) {
+    const EndPoster system = postEnd;
+    postEnd = [](HWND) { return false; };
+    ClickStart();
+    LoopUntilIdle();
+    postEnd = system;
+    EXPECT_TRUE(seen.succeeded);
+    EXPECT_EQ(TextOf(output), "old\r\nfirst\r\nsecond\r\n");
+    task.work = RunUntilStopped;
+    ClickStart();
+    SendMessageW(page, WM_TIMER, TextTimer, 0);
+    EXPECT_EQ(run.states.phase, StopShown) << "the end of the run before is not that of this one";
+    StopPageRun(run);
+    LoopUntilIdle();
+}
+
+TEST_F(PageRunTest, ATextTimerThatComesLateDoesNothing) {
+    ClickStart();
+    LoopUntilIdle();
+    EXPECT_FALSE(KillTimer(page, TextTimer)) << "it would go on for ever";
+    seen = {};
+    SendMessageW(page, WM_TIMER, TextTimer, 0);
+    EXPECT_TRUE(seen.steps.empty());
+}
+
+TEST_F(PageRunTest, TheFocusGoesFromStartToStopAndBack) {
+    run.controls.stopButton = stop;
+    ShowWindow(page, SW_SHOW);
+    task.work = RunUntilStopped;
+    SetFocus(start);
+    ClickStart();
+    EXPECT_EQ(GetFocus(), stop);
+    SendMessageW(stop, BM_CLICK, 0, 0);
+    LoopUntilIdle();
+    EXPECT_EQ(GetFocus(), start);
+    // Another control keeps it.
+    SetFocus(clear);
+    run.controls.disabledCount = 0;
+    StartPageRun(run, task);
+    EXPECT_EQ(GetFocus(), clear);
+    StopPageRun(run);
+    LoopUntilIdle();
+    EXPECT_EQ(GetFocus(), clear);
+}
+
+TEST_F(PageRunTest, APageThatIsClosedDuringItsRunHasItsFocusOnStartAgain) {
+    run.controls.stopButton = stop;
+    ShowWindow(page, SW_SHOW);
+    task.work = RunUntilStopped;
+    SetFocus(start);
+    ClickStart();
+    SetFocus(stop);
+    Close();
+    LoopUntilIdle();
+    EXPECT_EQ(LastFocus(page), start) << "Stop is disabled and could not get it";
+}
+
 TEST_F(PageRunTest, WritesBehindTheTextWhereverTheCaretIs) {
     SendMessageW(output, EM_SETSEL, 0, 3);
-    AppendPageText(output, reinterpret_cast<LPARAM>(u"new"));
+    AppendPageText(output, u"new");
     EXPECT_EQ(TextOf(output), "old\r\nnew");
     EXPECT_FALSE(SendMessageW(output, EM_CANUNDO, 0, 0));
 }

@@ -8,6 +8,10 @@
 namespace tallymere::testing_support {
 namespace {
 
+int CALLBACK NeverBreak(LPWSTR, int, int, int) {
+    return 0;
+}
+
 TEST_F(LongTextField, KeepsShortTextsAsTheyAre) {
     for (const std::u16string& text : {std::u16string(u"1+2"), Digits(300)}) {
         SetText(text);
@@ -26,6 +30,90 @@ TEST_F(LongTextField, NeverHandsALongLineToTheSystem) {
     EXPECT_TRUE(Text() == text.substr(0, 40'000) + text + text.substr(50'000));
     EXPECT_LE(LongestInnerLine(), 300u);
     EXPECT_EQ(Selection(), std::pair(128'661, 128'661));
+}
+
+TEST_F(LongTextField, TakesMoreTextAtItsEndAsIfItHadBeenThereAtOnce) {
+    std::u16string whole;
+    SetText(whole);
+    size_t length = 1;
+    for (int part = 0; part < 60; part++) {
+        length = length * 7 % 997;
+        std::u16string text = Digits(length);
+        if (part % 5 == 0) {
+            text += u"\r\n";
+        }
+        whole += text;
+        Select(0, 3);
+        changes = 0;
+        ASSERT_TRUE(AppendLongText(field, text.c_str()));
+        EXPECT_EQ(changes, 1);
+        ASSERT_TRUE(Text() == whole) << part;
+    }
+    EXPECT_EQ(Selection(),
+              std::pair(static_cast<int>(whole.size()), static_cast<int>(whole.size())));
+    const std::u16string broken = InnerText();
+    SetText(whole);
+    EXPECT_TRUE(broken == InnerText());
+}
+
+TEST_F(LongTextField, ScrollsToTheTextAtItsEnd) {
+    SetText(u"");
+    std::u16string lines;
+    for (int line = 0; line < 100; line++) {
+        lines += u"line\r\n";
+    }
+    AppendLongText(field, lines.c_str());
+    EXPECT_GT(SendMessageW(field, EM_GETFIRSTVISIBLELINE, 0, 0), 50);
+}
+
+TEST_F(LongTextField, RefusesTextAtItsEndThatItCannotTake) {
+    const std::u16string lines = Digits(1'000) + u"\r\n";
+    SetText(lines);
+    const std::u16string broken = InnerText();
+    SendMessageW(field, EM_SETLIMITTEXT, broken.size() + 4, 0);
+    EXPECT_FALSE(AppendLongText(field, u"12345"));
+    EXPECT_TRUE(InnerText() == broken);
+    EXPECT_TRUE(AppendLongText(field, u"1234"));
+    EXPECT_TRUE(Text() == lines + u"1234");
+}
+
+TEST_F(LongTextField, ATextAtItsEndCannotBeUndone) {
+    SetText(Digits(1'000));
+    Replace(u"typed");
+    EXPECT_TRUE(SendMessageW(field, EM_CANUNDO, 0, 0));
+    AppendLongText(field, u"more");
+    EXPECT_FALSE(SendMessageW(field, EM_CANUNDO, 0, 0));
+}
+
+TEST_F(LongTextField, BreaksBehindBlanksUnlessItHasARuleOfItsOwn) {
+    std::u16string text;
+    for (int number = 100'000; number < 100'500; number++) {
+        const std::string digits = std::to_string(number);
+        text.append(digits.begin(), digits.end());
+        text += u", ";
+    }
+    const auto countBreaks = [this](bool behindBlanks) {
+        const std::u16string inner = InnerText();
+        int count = 0;
+        for (size_t at = inner.find(SoftBreak); at != inner.npos;
+             at = inner.find(SoftBreak, at + 1)) {
+            count += (inner[at - 1] == u' ') == behindBlanks;
+        }
+        return count;
+    };
+    SetText(text);
+    EXPECT_GT(countBreaks(true), 10);
+    EXPECT_EQ(countBreaks(false), 0);
+    SetText(u"");
+    AppendLongText(field, text.c_str());
+    EXPECT_GT(countBreaks(true), 10);
+    EXPECT_EQ(countBreaks(false), 0);
+    SetText(u" " + Digits(1'000));
+    EXPECT_TRUE(Text() == u" " + Digits(1'000));
+    EXPECT_LT(LineCount(), 100) << "a line of digits is full";
+    SendMessageW(field, EM_SETWORDBREAKPROC, 0, reinterpret_cast<LPARAM>(NeverBreak));
+    SetText(text);
+    EXPECT_GT(countBreaks(false), 0);
 }
 
 TEST_F(LongTextField, WrapsWhereTheSystemWould) {

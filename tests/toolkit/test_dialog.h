@@ -13,6 +13,7 @@
 #include "toolkit/environment.h"
 #include "toolkit/loop_deadline.h"
 #include "toolkit/standard_controls.h"
+#include "toolkit/whole_text.h"
 #include "toolkit/wide_text.h"
 #include "toolkit/win32.h"
 #include "toolkit/window_class.h"

@@ -2,6 +2,8 @@
 
 #include "core/scratch.h"
 
+#include <atomic>
+
 #include <process.h>
 
 namespace tallymere {
@@ -25,34 +27,37 @@ struct CalcThreadStart {
 };
 CalcThreadStart calcThreadStart;
 
+std::atomic<bool> endIsUnposted = false;
+
+bool PostEndToPage(HWND page) {
+    return PostMessageW(page, PageWorkerMessage, PageWorkerEnded, 0) != FALSE;
+}
+
 unsigned __stdcall CalcThreadEntry(void*) {
     CreateScratchStack();
     calcThreadStart.worker();
     // The page may start the next run as soon as it has the message.
     const HWND page = calcThreadStart.page;
     DestroyScratchStack();
-    PostMessageW(page, PageWorkerMessage, PageWorkerEnded, 0);
+    if (!postEnd(page)) {
+        endIsUnposted = true;
+    }
     return 0;
 }
 
 }  // namespace
 
 ThreadMaker makeThread = MakeSystemThread;
+EndPoster postEnd = PostEndToPage;
 
 bool StartCalcThread(HWND page, PageWorker worker) {
     calcThreadStart = {page, worker};
+    endIsUnposted = false;
     return makeThread(CalcThreadEntry);
 }
 
-void SendPageText(const char16_t* text) {
-    SendMessageW(calcThreadStart.page, PageWorkerMessage, PageWorkerText,
-                 reinterpret_cast<LPARAM>(text));
-}
-
-void AppendPageText(HWND edit, LPARAM text) {
-    const int end = GetWindowTextLengthW(edit);
-    SendMessageW(edit, EM_SETSEL, static_cast<WPARAM>(end), end);
-    SendMessageW(edit, EM_REPLACESEL, FALSE, text);
+bool TakeUnpostedEnd() {
+    return endIsUnposted.exchange(false);
 }
 
 }  // namespace tallymere

@@ -1,5 +1,5 @@
-// The CalcThread: how a page calculates without freezing the program, and how what is found on the
-// way reaches the page.
+// The CalcThread: how a page calculates without freezing the program. shell/windows/page_text.h
+// says how what is found on the way reaches the page.
 //
 // At most one runs at a time, because the page that starts it disables all other windows until it
 // has ended. There is no lock: the page installs its number setup and prepares its input before the
@@ -18,7 +18,7 @@ inline constexpr UINT PageWorkerMessage = WM_APP + 100;
 
 enum PageWorkerNews : WPARAM {
     PageWorkerEnded = 100,  ///< posted at the end of the run
-    PageWorkerText = 101,   ///< sent; lParam is a text that lives as long as the call
+    PageWorkerText = 101,   ///< sent: there is no more room for gathered text, see page_text.h
 };
 
 /// Runs on the CalcThread, on its ScratchStack. Between its steps it polls RunShouldEnd, and the
@@ -29,16 +29,18 @@ using PageWorker = void (*)();
 /// page. Returns false if no thread can be made; nothing runs then. No other CalcThread may run.
 bool StartCalcThread(HWND page, PageWorker worker);
 
-/// From the worker: sends a text on its way to the page that the CalcThread was started for, and
-/// comes back when the page has taken it.
-void SendPageText(const char16_t* text);
-
-/// The page's part of it: puts the text of PageWorkerText at the end of an edit control.
-void AppendPageText(HWND edit, LPARAM text);
+/// True, once, when a CalcThread has ended and could not post it, as the queue of the UI thread was
+/// full. The page kit asks from time to time, else its page would be busy for ever.
+bool TakeUnpostedEnd();
 
 /// Makes a thread that runs `entry` and ends, and returns whether there is one. Tests put a
 /// function in its place that makes none.
 using ThreadMaker = bool (*)(unsigned(__stdcall* entry)(void*));
 extern ThreadMaker makeThread;
+
+/// Posts PageWorkerEnded to a page, and returns whether that worked. Tests put a function in its
+/// place that posts nothing.
+using EndPoster = bool (*)(HWND page);
+extern EndPoster postEnd;
 
 }  // namespace tallymere

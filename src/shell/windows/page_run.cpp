@@ -4,6 +4,8 @@
 #include "core/scratch.h"
 #include "shell/windows/error_report.h"
 #include "shell/windows/program_windows.h"
+#include "toolkit/control_focus.h"
+#include "toolkit/dialog_window.h"
 #include "toolkit/wide_text.h"
 
 namespace tallymere {
@@ -38,10 +40,22 @@ void EnableOtherWindows(HWND page, bool enable) {
     EnumThreadWindows(GetCurrentThreadId(), EnableOtherWindow, reinterpret_cast<LPARAM>(&others));
 }
 
-void ShowButtons(const PageRunControls& controls, bool busy) {
+// A control that has the focus and gets disabled would swallow all keys.
+void ExchangeButtons(HWND page, HWND enabled, HWND disabled) {
+    EnableWindow(enabled, TRUE);
+    if (GetFocus() == disabled) {
+        FocusControl(enabled);
+    } else if (LastFocus(page) == disabled) {
+        SetLastFocus(page, enabled);
+    }
+    EnableWindow(disabled, FALSE);
+}
+
+void ShowButtons(const PageRun& run, bool busy) {
+    const PageRunControls& controls = run.controls;
     if (controls.stopButton != nullptr) {
-        EnableWindow(controls.startButton, !busy);
-        EnableWindow(controls.stopButton, busy);
+        ExchangeButtons(run.page, busy ? controls.stopButton : controls.startButton,
+                        busy ? controls.startButton : controls.stopButton);
     } else if (controls.startButton != nullptr) {
         const UiTextEntry caption = busy ? &UiText::TextBtnStop : controls.startCaption;
         SetWindowTextW(controls.startButton, ToWide(uiText.*caption));
@@ -50,7 +64,7 @@ void ShowButtons(const PageRunControls& controls, bool busy) {
 
 void ShowBusy(const PageRun& run, bool busy) {
     if (run.states.rules.stop != StopNever) {
-        ShowButtons(run.controls, busy);
+        ShowButtons(run, busy);
         for (int32_t i = 0; i < run.controls.disabledCount; i++) {
             EnableWindow(run.controls.disabled[i], !busy);
         }
@@ -82,7 +96,8 @@ void BeginTimer(PageRun& run, PageTimer timer) {
 }
 
 bool IsKitTimer(WPARAM timer) {
-    return timer == StopTimer || timer == LateClickTimer || timer == LeaveTimer;
+    return timer == StopTimer || timer == LateClickTimer || timer == TextTimer ||
+           timer == LeaveTimer;
 }
 
 void GiveBack(const PageRun& run) {
@@ -114,6 +129,8 @@ void EndRun(PageRun& run) {
         return;
     }
     KillTimer(run.page, StopTimer);
+    KillTimer(run.page, TextTimer);
+    ShowPageText(run.controls.output);
     TakeStopRequest();
     run.task->finish(PendingUiError() == UiErrorNone);
     TakeCalcError(run.task->fallback);
@@ -150,11 +167,23 @@ bool HandleClick(PageRun& run, HWND button) {
     return false;
 }
 
-void HandleNews(PageRun& run, WPARAM news, LPARAM text) {
-    if (news == PageWorkerText && run.controls.output != nullptr) {
-        AppendPageText(run.controls.output, text);
+void HandleNews(PageRun& run, WPARAM news) {
+    if (news == PageWorkerText && IsPageCalculating(run.states)) {
+        ShowPageText(run.controls.output);
     } else if (news == PageWorkerEnded) {
         EndRun(run);
+    }
+}
+
+void HandleTimer(PageRun& run, PageTimer timer) {
+    if (timer != TextTimer) {
+        KillTimer(run.page, static_cast<UINT_PTR>(timer));
+        EndTimer(run, timer);
+    } else if (IsPageCalculating(run.states)) {
+        ShowPageText(run.controls.output);
+        if (TakeUnpostedEnd()) {
+            EndRun(run);
+        }
     }
 }
 
@@ -171,19 +200,18 @@ void ClosePage(PageRun& run) {
 bool HandlePageRun(PageRun& run, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
     switch (message) {
         case PageWorkerMessage:
-            HandleNews(run, wParam, lParam);
+            HandleNews(run, wParam);
             return true;
         case WM_TIMER:
             if (!IsKitTimer(wParam)) {
                 return false;
             }
-            KillTimer(run.page, wParam);
-            EndTimer(run, static_cast<PageTimer>(wParam));
+            HandleTimer(run, static_cast<PageTimer>(wParam));
             return true;
         case WM_SHOWWINDOW:
             // From its first moment on the screen a page shows its buttons as they are while idle.
             if (wParam != 0 && run.states.phase == PageIdle) {
-                ShowButtons(run.controls, false);
+                ShowButtons(run, false);
             }
             return false;
         case WM_COMMAND:
@@ -211,6 +239,7 @@ void StartPageRun(PageRun& run, const PageTask& task) {
     run.task = &task;
     run.scratchBefore = *CurrentScratchStack().top;
     run.setupBefore = CurrentNumberSetup();
+    BeginPageText(run.page);
     if (!PrepareRun(task)) {
         GiveBack(run);
         GiveUpPage(run.states);
@@ -222,7 +251,9 @@ void StartPageRun(PageRun& run, const PageTask& task) {
     if (run.states.rules.stop == StopNever) {
         task.work();
         EndRun(run);
-    } else if (!StartCalcThread(run.page, task.work)) {
+    } else if (StartCalcThread(run.page, task.work)) {
+        BeginTimer(run, TextTimer);
+    } else {
         SetUiError(UiErrorInternal);
         EndRun(run);
     }

@@ -19,7 +19,7 @@
 //
 //     begin     errors and an old stop are forgotten, the number setup is installed
 //     prepare   on the UI thread: reads and checks the input; an error ends the run here
-//     work      on the CalcThread, while all other windows are disabled
+//     work      on the CalcThread, while all other windows are disabled; its text is shown
 //     finish    on the UI thread: shows the results
 //     end       a stop has become UiErrorStopped; errors are reported; the ScratchStack stands
 //               where it stood, and the numbers are set up as they were, whatever happened
@@ -35,6 +35,7 @@
 #include "shell/ui_error.h"
 #include "shell/ui_text.h"
 #include "shell/windows/calc_thread.h"
+#include "shell/windows/page_text.h"
 #include "toolkit/win32.h"
 
 namespace tallymere {
@@ -63,14 +64,15 @@ struct PageRunControls {
     HWND startButton = nullptr;
     /// The caption of the start button while it is not Stop; needed unless there is a stopButton.
     UiTextEntry startCaption = nullptr;
-    /// A button of its own for Stop, which is enabled during a run alone.
+    /// A button of its own for Stop, which is enabled during a run alone. When one of the two gets
+    /// disabled, the other one gets its focus.
     HWND stopButton = nullptr;
     /// Further controls that are disabled during a run and enabled when the page is left, whatever
     /// they were before. Among them must be all that set up numbers or report errors: the first
     /// would change the numbers of the run, the second take back its errors and a stop.
     const HWND* disabled = nullptr;
     int32_t disabledCount = 0;
-    /// Takes the texts of SendPageText.
+    /// A field of CreateLongTextField. Takes the texts of SendPageText.
     HWND output = nullptr;
 };
 
