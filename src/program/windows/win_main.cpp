@@ -2,6 +2,8 @@
 
 #include "calculator/windows/calculator_page.h"
 #include "calculator/windows/variables_window.h"
+#include "prime_pages/windows/prime_factors_page.h"
+#include "prime_pages/windows/prime_numbers_page.h"
 #include "shell/windows/about_window.h"
 #include "shell/windows/main_window.h"
 #include "shell/windows/options_window.h"
@@ -16,6 +18,8 @@ namespace {
 void CreateProgramWindows() {
     CreateMainWindow();
     CreateCalculatorPage();
+    CreatePrimeNumbersPage();
+    CreatePrimeFactorsPage();
     CreateOptionsWindow();
     CreateAboutWindow();
     CreateVariablesWindow();

@@ -1,0 +1,186 @@
+#include "prime_pages/windows/prime_page.h"
+
+#include <algorithm>
+
+#include "core/contract.h"
+#include "shell/settings.h"
+#include "shell/windows/error_report.h"
+#include "shell/windows/form_windows.h"
+#include "shell/windows/program_windows.h"
+#include "shell/windows/window_text.h"
+#include "toolkit/control_data.h"
+#include "toolkit/digit_count_control.h"
+#include "toolkit/environment.h"
+#include "toolkit/field_state.h"
+#include "toolkit/number_base_control.h"
+#include "toolkit/wide_text.h"
+
+namespace tallymere {
+
+namespace {
+
+void LayOutPage(const PrimePage& page) {
+    const LayoutSize pixels = ClientSize(page.window);
+    const LayoutSize client = {FromScreenPixels(pixels.width), FromScreenPixels(pixels.height)};
+    for (int32_t i = 0; i < page.form->count; i++) {
+        const LayoutRect place = page.form->place(i, client);
+        if (place != page.form->form[i].place) {
+            PlaceControl(page.controls[i], place);
+        }
+    }
+}
+
+// Field texts have no limit, and the ScratchStack has one.
+void ShowDigits(const PrimePage& page) {
+    const HWND field = page.controls[page.form->number];
+    const int length = GetWindowTextLengthW(field);
+    HeapText text(length);
+    if (text.IsThere()) {
+        GetWindowTextW(field, ToWide(text.buffer.get()), length + 1);
+        ShowDigitCount(page.controls[page.form->digits], CountFieldDigits(text.buffer.get()));
+    }
+}
+
+void HandleCommand(const PrimePage& page, HWND control, int32_t news) {
+    if (control == page.controls[page.form->number] && news == EN_CHANGE) {
+        ShowDigits(page);
+    } else if (control == page.controls[page.form->close] && news == BN_CLICKED) {
+        SendMessageW(page.window, WM_CLOSE, 0, 0);
+    }
+}
+
+void WriteField(const PrimePage& page, int32_t control, const char16_t* text) {
+    SetWindowTextW(page.controls[control], ToWide(text));
+}
+
+// The number of a field, which was read with the old flags, in the new base.
+void WriteInNewBase(const PrimePage& page, int32_t control, uint32_t parseFlags,
+                    uint32_t printFlags) {
+    ScratchStackScope scope;
+    const char16_t* text = TakeFieldText(scope, page, control);
+    if (text != nullptr) {
+        text = FieldTextInNewBase(scope, text, parseFlags, printFlags);
+    }
+    if (text != nullptr) {
+        WriteField(page, control, text);
+    }
+}
+
+PageRun MakeRun(PrimePage& page, const PageTask& task) {
+    const PrimePageForm& form = *page.form;
+    int32_t disabledCount = 0;
+    for (int32_t i = 0; i < form.count; i++) {
+        if (form.isDisabledDuringRun(i)) {
+            page.disabled[disabledCount++] = page.controls[i];
+        }
+    }
+    return {.page = page.window,
+            .startTask = &task,
+            .controls = {.startButton = page.controls[form.start],
+                         .stopButton = page.controls[form.stop],
+                         .disabled = page.disabled,
+                         .disabledCount = disabledCount,
+                         .output = page.controls[form.output]},
+            .states = {.rules = {StopFromTheStart, LeavesAtOnce}}};
+}
+
+}  // namespace
+
+void CreatePrimePage(PrimePage& page, const PrimePageForm& form, WindowHandler handler,
+                     const PageTask& task) {
+    TALLYMERE_REQUIRE(form.count <= MaxPrimeControls);
+    page = {};
+    page.form = &form;
+    const HWND window =
+        CreateDialogWindow(hiddenOwnerWindow, form.size, uiText.*form.title, handler,
+                           WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX |
+                               DialogClientSize | DialogCentred,
+                           0);
+    CreateFormControls(window, form.form, form.count, page.controls);
+    SelectNumberBase(page.controls[form.base], page.base);
+    EnableWindow(page.controls[form.stop], FALSE);
+    page.window = window;
+    page.run = MakeRun(page, task);
+    LayOutPage(page);
+    pageWindows[form.index] = window;
+}
+
+LRESULT HandlePrimePage(PrimePage& page, UINT message, WPARAM wParam, LPARAM lParam,
+                        bool& callDefault) {
+    if (page.window == nullptr || HandlePageRun(page.run, message, wParam, lParam, callDefault)) {
+        return 0;
+    }
+    switch (message) {
+        case WM_SIZE:
+            if (wParam != SIZE_MINIMIZED) {
+                LayOutPage(page);
+            }
+            break;
+        case WM_COMMAND:
+            if (lParam != 0) {
+                HandleCommand(page, reinterpret_cast<HWND>(lParam), HIWORD(wParam));
+            }
+            break;
+        case WM_NCDESTROY:
+            page.window = nullptr;
+            break;
+        default:
+            break;
+    }
+    return 0;
+}
+
+bool IsChecked(const PrimePage& page, int32_t control) {
+    return SendMessageW(page.controls[control], BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+uint32_t PageParseFlags(const PrimePage& page) {
+    return PrimeParseFlags(page.base);
+}
+
+uint32_t PagePrintFlags(const PrimePage& page) {
+    return PrimePrintFlags(page.base, settings.groupPrimes);
+}
+
+const char16_t* TakeFieldText(ScratchScope& scope, const PrimePage& page, int32_t control) {
+    const HWND field = page.controls[control];
+    const int64_t length = GetWindowTextLengthW(field);
+    bool isCut = false;
+    const char16_t* text =
+        TakeWindowText(scope, field, std::clamp<int64_t>(length, 1, PrimeFieldCapacity), &isCut);
+    if (isCut) {
+        SetUiError(UiErrorInvalidInput, text);
+        return nullptr;
+    }
+    return text;
+}
+
+bool ReadPageNumber(const PrimePage& page, uint64_t* number) {
+    ScratchStackScope scope;
+    const char16_t* text = TakeFieldText(scope, page, page.form->number);
+    if (text == nullptr || !ReadPrimeNumberField(number, text, PageParseFlags(page))) {
+        return false;
+    }
+    WriteField(page, page.form->number, NumberFieldText(scope, number, PagePrintFlags(page)));
+    return true;
+}
+
+void EmptyOutput(const PrimePage& page) {
+    WriteField(page, page.form->output, u"");
+}
+
+void ChangePrimeBase(PrimePage& page, int32_t base, const NumberSetup& setup) {
+    if (base == page.base) {
+        return;
+    }
+    const uint32_t parseFlags = PageParseFlags(page);
+    page.base = base;
+    {
+        const NumberSetupScope scope(setup);
+        WriteInNewBase(page, page.form->number, parseFlags, PagePrintFlags(page));
+        WriteInNewBase(page, page.form->interval, parseFlags, PagePrintFlags(page));
+    }
+    ReportUiError();
+}
+
+}  // namespace tallymere
