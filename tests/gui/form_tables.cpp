@@ -10,6 +10,8 @@
 #include "calculator/keypad.h"
 #include "calculator/variables_form.h"
 #include "gui/json_text.h"
+#include "prime_pages/prime_factors_form.h"
+#include "prime_pages/prime_numbers_form.h"
 #include "shell/about_form.h"
 #include "shell/languages.h"
 #include "shell/main_menu.h"
@@ -188,6 +190,49 @@ std::string KeysJson() {
     return keys.Text();
 }
 
+// The rows of the controls that tests ask for.
+std::string PrimeFactorsRowsJson() {
+    JsonList rows = JsonObject();
+    const auto add = [&rows](const char* name, PrimeFactorsControl row) {
+        rows.Add(name, int32_t{row});
+    };
+    add("number", PrimeFactorsNumber);
+    add("digits", PrimeFactorsDigits);
+    add("base", PrimeFactorsBase);
+    add("factors", PrimeFactorsFactors);
+    add("divisors", PrimeFactorsDivisors);
+    add("show count", PrimeFactorsShowCount);
+    add("interval", PrimeFactorsInterval);
+    add("output", PrimeFactorsOutput);
+    add("start", PrimeFactorsStart);
+    add("stop", PrimeFactorsStop);
+    add("close", PrimeFactorsClose);
+    return rows.Text();
+}
+
+std::string PrimeNumbersRowsJson() {
+    JsonList rows = JsonObject();
+    const auto add = [&rows](const char* name, PrimeNumbersControl row) {
+        rows.Add(name, int32_t{row});
+    };
+    add("number", PrimeNumbersNumber);
+    add("digits", PrimeNumbersDigits);
+    add("base", PrimeNumbersBase);
+    add("mode group", PrimeNumbersModeGroup);
+    add("interval mode", PrimeNumbersIntervalMode);
+    add("next prime", PrimeNumbersNextPrime);
+    add("test", PrimeNumbersTest);
+    add("interval", PrimeNumbersInterval);
+    add("method group", PrimeNumbersMethodGroup);
+    add("exact", PrimeNumbersExact);
+    add("probabilistic", PrimeNumbersProbabilistic);
+    add("output", PrimeNumbersOutput);
+    add("start", PrimeNumbersStart);
+    add("stop", PrimeNumbersStop);
+    add("close", PrimeNumbersClose);
+    return rows.Text();
+}
+
 std::string LanguageJson(Language language) {
     InstallLanguage(language);
     JsonList tables = JsonObject();
@@ -200,6 +245,10 @@ std::string LanguageJson(Language language) {
     tables.Add("calculator_container", FormJson(ContainerForm));
     tables.Add("variables_size", SizeJson(VariablesSize));
     tables.Add("variables", FormJson(VariablesForm));
+    tables.Add("prime_factors_size", SizeJson(PrimeFactorsSize));
+    tables.Add("prime_factors", FormJson(PrimeFactorsForm));
+    tables.Add("prime_numbers_size", SizeJson(PrimeNumbersSize));
+    tables.Add("prime_numbers", FormJson(PrimeNumbersForm));
     tables.Add("menu", MenuJson());
     tables.Add("texts", TextsJson());
     return tables.Text();
@@ -219,5 +268,7 @@ int main() {
     languages.Add("keypads", KeypadsJson());
     languages.Add("container", ContainerJson());
     languages.Add("keys", KeysJson());
+    languages.Add("prime_factors_rows", PrimeFactorsRowsJson());
+    languages.Add("prime_numbers_rows", PrimeNumbersRowsJson());
     std::cout << languages.Text() << std::endl;
 }

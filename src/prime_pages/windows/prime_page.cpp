@@ -30,6 +30,18 @@ void LayOutPage(const PrimePage& page) {
     }
 }
 
+// A control of a group that is larger than what it shows would cover the frame of the group. What
+// reaches into the frame is cut off; its place stays.
+void LeaveFrameFree(HWND control) {
+    constexpr int32_t FrameWidth = 3;
+    const int32_t frame = ToScreenPixels(FrameWidth);
+    const LayoutSize group = ClientSize(GetParent(control));
+    const LayoutRect place = PlaceInParent(control);
+    SetWindowRgn(control,
+                 CreateRectRgn(0, 0, group.width - frame - place.x, group.height - frame - place.y),
+                 FALSE);
+}
+
 // Field texts have no limit, and the ScratchStack has one.
 void ShowDigits(const PrimePage& page) {
     const HWND field = page.controls[page.form->number];
@@ -97,6 +109,8 @@ void CreatePrimePage(PrimePage& page, const PrimePageForm& form, WindowHandler h
                                DialogClientSize | DialogCentred,
                            0);
     CreateFormControls(window, form.form, form.count, page.controls);
+    LeaveFrameFree(page.controls[form.digits]);
+    LeaveFrameFree(page.controls[form.base]);
     SelectNumberBase(page.controls[form.base], page.base);
     EnableWindow(page.controls[form.stop], FALSE);
     page.window = window;
