@@ -47,7 +47,7 @@ class MenuTest(GuiCase):
     def test_items_without_a_page_are_grey(self):
         program = self.start_again()
         for _ in range(2):
-            self.check_items_of_pages(program, {CALCULATOR})
+            self.check_items_of_pages(program, {CALCULATOR, *PRIME_PAGES})
 
     def test_a_click_on_a_grey_item_leaves_the_menu_open(self):
         program = self.start_again()

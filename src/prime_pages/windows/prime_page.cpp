@@ -61,8 +61,12 @@ void HandleCommand(const PrimePage& page, HWND control, int32_t news) {
     }
 }
 
+// A field of many lines does not tell that its text was set.
 void WriteField(const PrimePage& page, int32_t control, const char16_t* text) {
     SetWindowTextW(page.controls[control], ToWide(text));
+    if (control == page.form->number) {
+        ShowDigits(page);
+    }
 }
 
 // The number of a field, which was read with the old flags, in the new base.
