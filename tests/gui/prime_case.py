@@ -13,9 +13,6 @@ FORMS = {PRIME_NUMBERS: "prime_numbers", PRIME_FACTORS: "prime_factors"}
 TITLES = {PRIME_NUMBERS: "TextPrimesPrimeNumbers",
           PRIME_FACTORS: "TextFactorsPrimeFactorsDivisors"}
 
-# What a page may be set to, by the radio button.
-ENDLESS = "1000000000"  # an interval for a run that lasts longer than any test
-
 
 @dataclass
 class PrimePage:
@@ -74,6 +71,11 @@ class PrimeCase(GuiCase):
         self.program.wait_for_window(self.title(item))
         return self.page(item)
 
+    def close_page(self, item):
+        """Closes a page in front by the keyboard."""
+        self.display.press("alt+F4")
+        self.program.wait_until_hidden(self.title(item))
+
     def page(self, item):
         """The page, on the screen or not."""
         window, = [window for window in self.program.probe.windows()
@@ -120,14 +122,6 @@ class PrimeCase(GuiCase):
             return page.is_idle() and all(window.enabled for window in
                                           self.program.probe.windows() if window.visible)
         return self.wait_for_page(item, is_over, "the end of the run")
-
-    def run_page(self, item):
-        """Clicks Start and gives the output at the end of the run."""
-        before = self.page(item).output
-        self.start_run(item)
-        return self.wait_for_page(
-            item, lambda page: page.is_idle() and page.output not in ("", before),
-            "the end of a run").output
 
     def assert_no_message(self):
         self.assertIsNone(self.program.find(MESSAGE_BOX_CLASS))
