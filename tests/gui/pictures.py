@@ -5,13 +5,14 @@ A window that is new gets its method here and a line in take_all.
 
 from calculator_case import VARIABLES, CalculatorCase
 from gui_case import MAIN_TITLE
+from prime_case import PRIME_FACTORS, PRIME_NUMBERS, PrimeCase
 from program import MENU_CLASS, MESSAGE_BOX_CLASS, middle
 
 LIST_CLASS = "ComboLBox"  # of the rows of a drop list
 INFO = 302  # its menu item
 
 
-class Pictures(CalculatorCase):
+class Pictures(CalculatorCase, PrimeCase):
     """Not a test: borrows what the tests have."""
 
     def take_all(self, language, dpi):
@@ -24,6 +25,7 @@ class Pictures(CalculatorCase):
             self.take_menu(program)
             self.take_options(program)
             self.take_about(program)
+            self.take_primes(program)
             self.take_calculator(program)
         finally:
             self.doCleanups()
@@ -92,6 +94,20 @@ class Pictures(CalculatorCase):
         program.wait_for(lambda: self.variable_rows(program, variables.text) == ["var00"],
                          "a variable")
         self.take("variables", variables)
+
+    def take_primes(self, program):
+        """Both pages with a result."""
+        self.program = program
+        for item, name, number, interval in ((PRIME_NUMBERS, "prime-numbers", "1", "1000"),
+                                             (PRIME_FACTORS, "prime-factors", "355", "10")):
+            self.open_page(item)
+            self.type_into(item, "number", number)
+            self.type_into(item, "interval", interval)
+            self.start_run(item)
+            page = self.wait_for_page(item, lambda page: page.is_idle() and page.output,
+                                      "the end of the run")
+            self.take(name, page.window)
+            self.close_page(item)
 
     def variable_rows(self, program, title):
         rows, = [control.rows for control in program.find(title=title).walk()

@@ -190,6 +190,7 @@ TEST_F(PrimeFieldsTest, ANumberThatIsNoneStartsNothing) {
             ExpectInvalid(*page, std::u16string(text.begin(), text.end()), u"5", text);
         }
         ExpectInvalid(*page, TooWideForTwoLimbs, u"5", "340282366920938463463374607431768211456");
+        WriteNumber(*page, u"");
         ChooseBase(*page, 16);
         ExpectInvalid(*page, u"12G", u"5", "12G");
     }
