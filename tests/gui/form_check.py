@@ -39,8 +39,15 @@ WIDE_IN_STAND_IN = {
     "Primzahlen && Primfaktoren",
     "Automatische Auswahl",
     "Tausendertrennzeichen",
+    "Next prime number",
+    "Prime number test",
+    "Number of divisors",
+    "probabilistic (max. 1253 decimal digits)",
+    "probabilistisch (max. 1253 Dezimalziff.)",
 }
-STAND_IN_EXCESS = 1.07  # as much wider at most, mark and margins included
+# Labels that are lower than a line. Their letters have nothing down there.
+LOW_LABELS = {"Base", "Basis"}
+STAND_IN_EXCESS = 1.07  # as much wider or higher at most, mark and margins included
 
 
 def offset_in(parent, control):
@@ -110,7 +117,8 @@ def check_texts(case, program, window, dpi):
         with case.subTest(dpi=dpi, text=text["text"]):
             excess = STAND_IN_EXCESS if text["text"] in WIDE_IN_STAND_IN else 1
             case.assertLessEqual(text["needed"][0], text["room"][0] * excess)
-            case.assertLessEqual(text["needed"][1], text["room"][1])
+            excess = STAND_IN_EXCESS if text["text"] in LOW_LABELS else 1
+            case.assertLessEqual(text["needed"][1], text["room"][1] * excess)
     places = list(text_places(window, texts))
     for i, (control, (x, y, width, height)) in enumerate(places):
         for other, (x2, y2, width2, height2) in places[:i]:

@@ -12,7 +12,7 @@ LIST_CLASS = "ComboLBox"  # of the rows of a drop list
 INFO = 302  # its menu item
 
 
-class Pictures(CalculatorCase, PrimeCase):
+class Pictures(CalculatorCase):
     """Not a test: borrows what the tests have."""
 
     def take_all(self, language, dpi):
@@ -97,17 +97,19 @@ class Pictures(CalculatorCase, PrimeCase):
 
     def take_primes(self, program):
         """Both pages with a result."""
-        self.program = program
+        hands = PrimeCase()
+        hands.display, hands.program = self.display, program
+        hands.forms, hands.texts = self.forms, self.texts
         for item, name, number, interval in ((PRIME_NUMBERS, "prime-numbers", "1", "1000"),
                                              (PRIME_FACTORS, "prime-factors", "355", "10")):
-            self.open_page(item)
-            self.type_into(item, "number", number)
-            self.type_into(item, "interval", interval)
-            self.start_run(item)
-            page = self.wait_for_page(item, lambda page: page.is_idle() and page.output,
-                                      "the end of the run")
+            hands.open_page(item)
+            hands.type_into(item, "number", number)
+            hands.type_into(item, "interval", interval)
+            hands.start_run(item)
+            page = hands.wait_for_page(item, lambda page: page.is_idle() and page.output,
+                                       "the end of the run")
             self.take(name, page.window)
-            self.close_page(item)
+            hands.close_page(item)
 
     def variable_rows(self, program, title):
         rows, = [control.rows for control in program.find(title=title).walk()
