@@ -34,8 +34,12 @@ bool IsBlankText(std::u16string_view text) {
 }
 
 std::string ErrorLine(uint64_t code, uint64_t position, const char16_t* message) {
-    return "error " + std::to_string(code) + (position != 0 ? " " + std::to_string(position) : "") +
-           ": " + EncodeUtf8(message);
+    std::string line = "error " + std::to_string(code);
+    if (position != 0) {
+        line += ' ';
+        line += std::to_string(position);
+    }
+    return line + ": " + EncodeUtf8(message);
 }
 
 std::string TakeErrorLine(uint64_t position) {

@@ -1,4 +1,4 @@
-// tallymere-console: the calculator on a command line.
+// tallymere-console: the program on a command line.
 #include <string>
 
 #include "console/interrupt.h"
@@ -9,6 +9,7 @@
 #include "console/platform.h"
 #include "console/session.h"
 #include "console/usage.h"
+#include "console/words.h"
 
 namespace tallymere {
 
@@ -35,6 +36,9 @@ int AnswerAll(const ConsoleOptions& options) {
 }
 
 int RunConsole(const std::vector<std::string>& arguments) {
+    if (const Word* word = arguments.empty() ? nullptr : FindWord(arguments[0])) {
+        return word->run({arguments.begin() + 1, arguments.end()});
+    }
     const ParsedArguments parsed = ParseArguments(arguments);
     if (!parsed.error.empty()) {
         return ReportBadOptions(parsed.error);

@@ -1,11 +1,14 @@
 #include "console/usage.h"
 
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 #include "console/utf8.h"
+#include "console/words.h"
 #include "core/limits.h"
 #include "core/number_bases.h"
+#include "layout/number_base_layout.h"
 #include "shell/languages.h"
 #include "shell/program_facts.h"
 
@@ -16,6 +19,7 @@ namespace {
 // What stands in braces is replaced by what the tables of the program say.
 constexpr std::string_view UsageForm =
     R"(usage: tallymere-console [options] [FORMULA ...]
+       tallymere-console WORD [options] [OPERAND ...]
 
 Evaluates each FORMULA, or each line of standard input when there is none, by
 the rules of the calculator. Line n of standard output answers formula n: the
@@ -30,17 +34,17 @@ the last result as it was shown. Text is UTF-8.
   --lower-hex                   small letters in base 16
   --form auto|fixed|scientific|mixed
                                 notation of results (auto); mixed is for rat
-  --group                       group digits in results
-  --decimal point|comma         decimal separator (point)
-  --thousands point|comma|apostrophe|narrow-space
-                                separator of groups (apostrophe)
-{--language}language of messages ({FirstLanguage})
-  --var NAME=TEXT               a variable, itself a formula; repeatable
+{text options}  --var NAME=TEXT               a variable, itself a formula; repeatable
   --                            all that follows are formulas
   --help, --version             print this text, or the version
 
 What begins with "-" and a letter is an option; write the formula -x after "--".
 A value may also be joined by "=": --digits=50.
+
+A WORD does what another page of the program does; WORD --help explains it:
+
+{words}
+A formula that is such a word stands behind "--".
 
 Exit status: 0 when all formulas succeeded, 1 when one failed or input or output
 broke, 2 for bad options, 130 after Ctrl+C.
@@ -68,18 +72,31 @@ std::string OptionWithWords(std::string_view option, const auto& rows, auto word
 
 }  // namespace
 
+std::string BaseOptionUsage(uint32_t listStyle) {
+    const NumberBaseRows rows = RowsOfNumberBases(listStyle);
+    return OptionWithWords("--base", std::span(rows.bases, static_cast<size_t>(rows.count)),
+                           [](int32_t base) { return std::to_string(base); });
+}
+
+std::string TextOptionUsage() {
+    return R"(  --group                       group digits in results
+  --decimal point|comma         decimal separator (point)
+  --thousands point|comma|apostrophe|narrow-space
+                                separator of groups (apostrophe)
+)" +
+           OptionWithWords("--language", Languages,
+                           [](const LanguageRow& row) { return std::string(row.code); }) +
+           "language of texts and messages (" + Languages[0].code + ")\n";
+}
+
 std::string UsageText() {
     std::string text(UsageForm);
     Replace(text, "{MaxDigits}", std::to_string(MaxDigits));
     Replace(text, "{DefaultDigits}", std::to_string(DefaultDigits));
     Replace(text, "{DecimalBase}", std::to_string(DecimalBase));
-    Replace(text, "{FirstLanguage}", Languages[0].code);
-    Replace(text, "{--base}", OptionWithWords("--base", NumberBases, [](const NumberBase& row) {
-                return std::to_string(row.base);
-            }));
-    Replace(text, "{--language}",
-            OptionWithWords("--language", Languages,
-                            [](const LanguageRow& row) { return std::string(row.code); }));
+    Replace(text, "{--base}", BaseOptionUsage(NumberBaseOffersAll));
+    Replace(text, "{text options}", TextOptionUsage());
+    Replace(text, "{words}", WordList());
     return text;
 }
 

@@ -13,13 +13,15 @@ PROMPT = "    $ ./run "
 def examples():
     """(arguments, expected output) for each command that README.md shows with its output."""
     found = []
+    is_output = False
     for line in (ROOT / "README.md").read_text(encoding="utf-8").splitlines():
         if line.startswith(PROMPT):
             found.append((shlex.split(line[len(PROMPT):]), []))
-        elif found and line.startswith("    "):
+            is_output = True
+        elif is_output and line.startswith("    "):
             found[-1][1].append(line.strip())
-        elif found:
-            break
+        else:
+            is_output = False
     return found
 
 
@@ -27,7 +29,7 @@ class ReadmeTest(unittest.TestCase):
     def test_examples_print_what_is_shown(self):
         console = [part for part in (os.environ.get("TALLYMERE_LAUNCHER"),
                                      os.environ["TALLYMERE_CONSOLE"]) if part]
-        self.assertGreaterEqual(len(examples()), 5)
+        self.assertGreaterEqual(len(examples()), 15)
         for arguments, expected in examples():
             with self.subTest(arguments=arguments):
                 run = subprocess.run(console + arguments, stdin=subprocess.DEVNULL,

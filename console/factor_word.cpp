@@ -1,0 +1,71 @@
+#include "console/factor_word.h"
+
+#include "console/output.h"
+#include "console/prime_words.h"
+#include "prime_pages/factor_run.h"
+
+namespace tallymere {
+
+namespace {
+
+constexpr std::string_view Usage =
+    R"(usage: tallymere-console factor [options] [NUMBER ...]
+
+Writes the prime factors of each NUMBER, or of each line of standard input when
+there is none, or else its divisors. A number is below 2^128.
+
+  --divisors                    divisors instead of prime factors
+  --count                       with --divisors: their number as well
+  --interval N                  so many numbers from NUMBER on, 1 to 1000000 (1)
+)";
+
+// The options of the word and what follows from them.
+struct FactorWord {
+    PrimeWordOptions options;
+    bool divisors = false;
+    bool count = false;
+    int64_t interval = 1;
+    std::vector<uint64_t> divisorRoom;
+};
+
+void AnswerFactors(FactorWord& word, const char16_t* number) {
+    FactorRequest request = {.showDivisors = word.divisors,
+                             .showCount = word.count,
+                             .number = {},
+                             .interval = static_cast<int32_t>(word.interval),
+                             .printFlags = PrintFlagsOf(word.options),
+                             .parseFlags = ParseFlagsOf(word.options),
+                             .divisors = word.divisors ? word.divisorRoom.data() : nullptr};
+    if (ReadPrimeNumberField(request.number, number, request.parseFlags)) {
+        FactorWorker(request, SendToOutput);
+    }
+}
+
+}  // namespace
+
+int RunFactorWord(const std::vector<std::string>& arguments) {
+    FactorWord word;
+    const OptionReading reading = ReadPrimeWord(
+        {FlagOption("--divisors", word.divisors, true), FlagOption("--count", word.count, true)},
+        word.options, arguments);
+    if (!reading.error.empty()) {
+        return ReportBadOptions(reading.error);
+    }
+    if (word.options.help) {
+        return PrintText(std::string(Usage) + PrimeWordOptionUsage());
+    }
+    if (word.count && !word.divisors) {
+        return ReportBadOptions("--count counts divisors; allowed: --divisors --count");
+    }
+    const ConsoleGround ground(word.options.text);
+    const NumberSetupScope scope(FactorNumberSetup());
+    const std::string problem = ReadIntervalOption(&word.interval, word.options, MaxFactorInterval);
+    if (!problem.empty()) {
+        return ReportBadOptions(problem);
+    }
+    word.divisorRoom.resize(word.divisors ? static_cast<size_t>(FactorDivisorWords) : 0);
+    return AnswerNumbers(reading.operands,
+                         [&word](const char16_t* number) { AnswerFactors(word, number); });
+}
+
+}  // namespace tallymere

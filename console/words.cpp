@@ -1,0 +1,37 @@
+#include "console/words.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "console/factor_word.h"
+#include "console/primes_word.h"
+
+namespace tallymere {
+
+namespace {
+
+constexpr Word Words[] = {
+    {"factor", "prime factors and divisors of numbers", RunFactorWord},
+    {"primes", "prime numbers from a number on, or whether it is one", RunPrimesWord},
+};
+
+constexpr size_t PurposeColumn = 16;
+
+}  // namespace
+
+const Word* FindWord(std::string_view argument) {
+    const auto* word = std::ranges::find(Words, argument, &Word::name);
+    return word != std::end(Words) ? word : nullptr;
+}
+
+std::string WordList() {
+    std::string text;
+    for (const Word& word : Words) {
+        std::string line = "  " + std::string(word.name);
+        line.resize(PurposeColumn, ' ');
+        text += line.append(word.purpose) + "\n";
+    }
+    return text;
+}
+
+}  // namespace tallymere
