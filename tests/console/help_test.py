@@ -1,4 +1,4 @@
-"""What the help pages say of formulas is what the console answers.
+"""What the help pages say of formulas and numbers is what the console answers.
 
 console_support.py tells of the environment, help_pages.py of the marks in the pages.
 """
@@ -73,7 +73,7 @@ class ExampleTest(unittest.TestCase):
             runs = defaultdict(list)
             for path in page_paths(language):
                 for example in examples(path):
-                    if example.session is None:
+                    if example.session is None and example.word is None:
                         runs[example.options].append(example)
             self.assertGreater(sum(map(len, runs.values())), 100)
             for options, some in runs.items():
@@ -90,6 +90,23 @@ class ExampleTest(unittest.TestCase):
             for some in sessions.values():
                 self.assertEqual(1, len({example.options for example in some}))
                 self.check(language, some[0].options, some)
+
+    def test_words_answer_what_is_shown(self):
+        for language in LANGUAGES:
+            some = [example for path in page_paths(language) for example in examples(path)
+                    if example.word is not None]
+            self.assertGreater(len(some), 10)
+            for example in some:
+                lines, errors, _ = run([example.word, "--language", language,
+                                        *separator_options(language), *example.options,
+                                        example.formula])
+                answer = " ".join(" ".join(lines).split())
+                error = re.fullmatch(r"error \d+: (.*)", answer)
+                with self.subTest(language=language, options=example.options,
+                                  number=example.formula):
+                    self.assertEqual("", errors)
+                    self.assertEqual((example.result, example.is_message),
+                                     (error.group(1), True) if error else (answer, False))
 
     def test_examples_call_every_function(self):
         formulas = " ".join(example.formula for path in page_paths("en")

@@ -1,7 +1,8 @@
 """Reads the help pages for their tests: a strict parser, the examples, the texts of the program.
 
 In the pages, <code class="formula"> is a formula and the next <samp> what the calculator shows for
-it, of class "message" if that is an error. data-type and data-options on the formula or around it
+it, of class "message" if that is an error. <code class="number"> is a number for the word of
+tallymere-console that data-word on it or around it names; its lines of output stand in one. data-type and data-options on the formula or around it
 are options of tallymere-console; formulas inside data-session belong to one run, in their order.
 data-text names the text of the program that an element quotes.
 """
@@ -168,13 +169,18 @@ def is_formula(element):
     return element.tag == "code" and element.attributes.get("class") == "formula"
 
 
+def is_number(element):
+    return element.tag == "code" and element.attributes.get("class") == "number"
+
+
 @dataclass
 class Example:
-    formula: str
+    formula: str  # or the number for a word
     result: str
     is_message: bool
     options: tuple
     session: object  # the element that is one run, None where the formula stands for itself
+    word: str  # of tallymere-console, None for a formula
 
 
 def examples(path):
@@ -182,7 +188,7 @@ def examples(path):
     found = []
     waiting = None
     for element in main_of(path).walk():
-        if is_formula(element):
+        if is_formula(element) or is_number(element):
             assert waiting is None, f"{path.name}: no result for {words(waiting)}"
             waiting = element
         elif element.tag == "samp":
@@ -200,7 +206,8 @@ def make_example(formula, result):
     while session is not None and "data-session" not in session.attributes:
         session = session.parent
     return Example(formula.text(), words(result), result.attributes.get("class") == "message",
-                   tuple(options), session)
+                   tuple(options), session,
+                   formula.nearest("data-word") if is_number(formula) else None)
 
 
 def program_texts():

@@ -29,7 +29,7 @@ NOT_TRANSLATED = {"b", "code", "kbd", "samp"}
 # translate, a formula.
 SAME_PROSE = {"Tallymere", "deg, rad, gon", "-(3 mod 2)"}
 ATTRIBUTES = {"aria-current", "aria-label", "aria-labelledby", "charset", "class", "content",
-              "data-options", "data-session", "data-text", "data-type", "data-types", "href",
+              "data-options", "data-session", "data-text", "data-type", "data-types", "data-word", "href",
               "hreflang", "id", "lang", "name", "rel", "rowspan", "scope"}
 
 
@@ -267,7 +267,9 @@ class LanguageTest(unittest.TestCase):
                         in_english(option, language) for option in two.options))
                     self.assertEqual(one.is_message, two.is_message)
                     self.assertEqual(one.session is None, two.session is None)
-                    if not one.is_message:
+                    self.assertEqual(one.word, two.word)
+                    # The output of a word has texts in its language.
+                    if not one.is_message and one.word is None:
                         self.assertEqual(one.result, in_english(two.result, language))
 
 
