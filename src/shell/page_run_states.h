@@ -64,6 +64,15 @@ inline constexpr int32_t StopDelayMilliseconds = 100;
 inline constexpr int32_t LateStopMilliseconds = 200;
 inline constexpr int32_t TextDelayMilliseconds = 50;
 
+/// The same while the thread of the run waits for its text to be shown. In between the window
+/// handles what else there is.
+inline constexpr int32_t FullTextDelayMilliseconds = 10;
+
+/// How long the next text is gathered.
+constexpr int32_t TextTimerMilliseconds(bool threadWaited) {
+    return threadWaited ? FullTextDelayMilliseconds : TextDelayMilliseconds;
+}
+
 /// How long a timer runs; 0 for NoTimer.
 constexpr int32_t TimerMilliseconds(PageTimer timer) {
     switch (timer) {

@@ -30,6 +30,8 @@ TEST(PageStates, TheTimersHaveTheirIdsAndRunATenthAndAFifthOfASecond) {
     EXPECT_EQ(TimerMilliseconds(LeaveTimer), 200);
     EXPECT_EQ(TimerMilliseconds(TextTimer), 50) << "no text comes later";
     EXPECT_EQ(TimerMilliseconds(NoTimer), 0);
+    EXPECT_EQ(TextTimerMilliseconds(false), 50);
+    EXPECT_EQ(TextTimerMilliseconds(true), 10) << "a thread that waits loses little time";
 }
 
 TEST(PageStates, ARunBeginsOnAnIdlePageAlone) {

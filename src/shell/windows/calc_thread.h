@@ -18,7 +18,7 @@ inline constexpr UINT PageWorkerMessage = WM_APP + 100;
 
 enum PageWorkerNews : WPARAM {
     PageWorkerEnded = 100,  ///< posted at the end of the run
-    PageWorkerText = 101,   ///< sent: there is no more room for gathered text, see page_text.h
+    PageWorkerText = 101,   ///< sent: no timer has made room for more text, see page_text.h
 };
 
 /// Runs on the CalcThread, on its ScratchStack. Between its steps it polls RunShouldEnd, and the

@@ -180,7 +180,9 @@ void HandleTimer(PageRun& run, PageTimer timer) {
         KillTimer(run.page, static_cast<UINT_PTR>(timer));
         EndTimer(run, timer);
     } else if (IsPageCalculating(run.states)) {
-        ShowPageText(run.controls.output);
+        const bool isMoreToCome = ShowPageText(run.controls.output);
+        SetTimer(run.page, TextTimer, static_cast<UINT>(TextTimerMilliseconds(isMoreToCome)),
+                 nullptr);
         if (TakeUnpostedEnd()) {
             EndRun(run);
         }

@@ -9,9 +9,15 @@ namespace tallymere {
 
 namespace {
 
-// Holds while `gathered` is read or written, and never while a window is asked for anything.
+// Holds while these are read or written, and never while a window is asked for anything.
 SRWLOCK gatheredLock = SRWLOCK_INIT;
 PageTextBuffer gathered;
+bool waitsForRoom = false;
+
+CONDITION_VARIABLE roomIsMade = CONDITION_VARIABLE_INIT;
+
+// A page whose timer the system refused is asked for room after that time.
+constexpr DWORD LongestWaitMilliseconds = 500;
 
 // Used by the UI thread alone, except that the work of a run reads textPage.
 PageTextBuffer taken;
@@ -25,14 +31,30 @@ public:
     GatheredScope& operator=(const GatheredScope&) = delete;
 };
 
-int64_t Gather(std::u16string_view text) {
+// Returns how many characters of the text it took. If these were not all, waits until there is room
+// again; false in `isThereRoom` when that takes too long.
+int64_t Gather(std::u16string_view text, bool mayWait, bool& isThereRoom) {
     const GatheredScope scope;
-    return GatherPageText(gathered, text);
+    const int64_t count = GatherPageText(gathered, text);
+    isThereRoom = static_cast<size_t>(count) == text.size();
+    if (!isThereRoom && mayWait) {
+        waitsForRoom = true;
+        while (waitsForRoom && SleepConditionVariableSRW(&roomIsMade, &gatheredLock,
+                                                         LongestWaitMilliseconds, 0) != FALSE) {
+        }
+        isThereRoom = !waitsForRoom;
+    }
+    return count;
 }
 
-void Take() {
+// Returns whether the thread of the run waited for it.
+bool Take() {
     const GatheredScope scope;
     TakePageText(taken, gathered);
+    const bool didWait = waitsForRoom;
+    waitsForRoom = false;
+    WakeConditionVariable(&roomIsMade);
+    return didWait;
 }
 
 }  // namespace
@@ -44,21 +66,23 @@ void BeginPageText(HWND page) {
 
 void SendPageText(const char16_t* text) {
     std::u16string_view rest = text;
-    for (;;) {
-        rest.remove_prefix(static_cast<size_t>(Gather(rest)));
-        // Nobody makes room any more when the page was destroyed.
-        if (rest.empty() || !IsWindow(textPage)) {
-            return;
+    const bool mayWait = GetWindowThreadProcessId(textPage, nullptr) != GetCurrentThreadId();
+    // Nobody makes room any more when the page was destroyed.
+    while (!rest.empty() && IsWindow(textPage)) {
+        bool isThereRoom = false;
+        rest.remove_prefix(static_cast<size_t>(Gather(rest, mayWait, isThereRoom)));
+        if (!isThereRoom) {
+            SendMessageW(textPage, PageWorkerMessage, PageWorkerText, 0);
         }
-        SendMessageW(textPage, PageWorkerMessage, PageWorkerText, 0);
     }
 }
 
-void ShowPageText(HWND output) {
-    Take();
+bool ShowPageText(HWND output) {
+    const bool didWait = Take();
     if (output != nullptr && taken.length > 0) {
         AppendPageText(output, taken.text);
     }
+    return didWait;
 }
 
 void AppendPageText(HWND output, const char16_t* text) {
