@@ -32,27 +32,21 @@ seconds. Median and worst case are shown, of the least time that each number too
 import argparse
 import decimal
 import gc
-import json
 import platform
 import re
-import resource
-import subprocess
 import sys
 import time
 from dataclasses import dataclass, field
 from pathlib import Path
-from statistics import median
+
+sys.dont_write_bytecode = True
+import prime_works  # noqa: E402
+from benchmark_program import (SECONDS_PER_MEASUREMENT, SECONDS_PER_REPETITION,  # noqa: E402
+                               Program, compare_sides, fitting_repetitions, rounds_of)
+from comparison_table import Row, Table, print_heading, ratio_cells, show_time  # noqa: E402
 
 DIGITS = [20, 50, 100, 1000, 10000]
 LIMBS = [53, 264, 527]
-
-REPETITIONS = 15
-SECONDS_PER_REPETITION = 0.002
-# An operation too slow for that many repetitions gets fewer.
-SECONDS_PER_MEASUREMENT = 0.15
-LEAST_REPETITIONS = 3
-# And no more rounds behind the second once they have taken so long.
-SECONDS_PER_ROW = 5
 
 
 @dataclass
@@ -148,67 +142,8 @@ EXACT = {
 }
 
 
-@dataclass
-class FactorWork:
-    """Numbers of one kind, and the milliseconds that we give ourselves for them."""
-
-    title: str
-    kind: str
-    median_target: float = None
-    worst_target: float = None
-
-
-FACTORS = {
-    "factor-random": FactorWork("random, 128 bits", "random", 20, 500),
-    "factor-two-primes": FactorWork("two primes of 64 bits", "two-primes", worst_target=1000),
-}
-FACTOR_ROUNDS = 3
-GNU_FACTOR_SECONDS = 2
-
 LIMB_PRODUCT = "limb-product"
 LIMB_PRODUCT_TARGET = 3.5  # the least that twin / ours may be
-
-
-def fitting_repetitions(nanoseconds):
-    """As many repetitions of that length as a measurement has time for."""
-    return int(max(LEAST_REPETITIONS, min(REPETITIONS, SECONDS_PER_MEASUREMENT * 1e9 / nanoseconds)))
-
-
-class Program:
-    """The benchmark program; measures in nanoseconds."""
-
-    def __init__(self, path):
-        self.path = path
-
-    def output(self, *arguments):
-        return subprocess.run([self.path, *arguments], check=True, stdout=subprocess.PIPE,
-                              stderr=subprocess.PIPE, text=True).stdout
-
-    def operands(self, kind, digits):
-        return [line.split() for line in self.output("--operands", kind, str(digits)).splitlines()]
-
-    def measure(self, work, side, size, repetitions=REPETITIONS):
-        report = json.loads(self.output(
-            f"--benchmark_filter=^{work}/{side}/{size}$",
-            f"--benchmark_min_time={SECONDS_PER_REPETITION}",
-            f"--benchmark_repetitions={repetitions}", "--benchmark_format=json"))
-        runs = [run for run in report["benchmarks"] if run["run_type"] == "iteration"]
-        failed = [run["error_message"] for run in runs if run.get("error_occurred")]
-        if failed or not runs:
-            sys.exit(f"{work}/{side}/{size}: {failed[0] if failed else 'no such benchmark'}")
-        return min(run["cpu_time"] for run in runs)
-
-    def repetitions(self, work, side, size, pairs=1):
-        """How many repetitions a measurement of this work is given."""
-        spent = self.measure(work, side, size, 1) * pairs
-        return fitting_repetitions(spent)
-
-
-    def factor_times(self, kind, side):
-        return [float(line) for line in self.output("--factor-times", kind, side).splitlines()]
-
-    def factor_numbers(self, kind):
-        return self.output("--factor-numbers", kind).splitlines()
 
 
 class DecimalLoop:
@@ -244,29 +179,6 @@ class DecimalLoop:
         return least / self.count / self.pairs
 
 
-@dataclass
-class Row:
-    title: str
-    size: int
-    ours: float
-    theirs: float = None
-    ratios: list = None
-    target: float = None
-    at_least: bool = False  # the target is a lower bound of the ratio
-    mpfr: float = None
-
-    def ratio(self):
-        return median(self.ratios)
-
-    def met(self):
-        if self.target is None:
-            return True
-        return self.ratio() >= self.target if self.at_least else self.ratio() <= self.target
-
-    def verdict(self):
-        return "" if self.target is None else "ok" if self.met() else "MISSED"
-
-
 def use_precision(digits):
     decimal.setcontext(decimal.Context(
         prec=digits, rounding=decimal.ROUND_HALF_UP, Emin=decimal.MIN_EMIN, Emax=decimal.MAX_EMAX))
@@ -277,15 +189,6 @@ def time_of_plus(program):
     use_precision(DIGITS[0])
     pairs = program.operands("numbers", DIGITS[0])
     return DecimalLoop("+a", pairs).measure() - DecimalLoop("a is b", pairs).measure()
-
-
-def rounds_of(rounds):
-    """Counts so many rounds, or from the second on as many as there is time for."""
-    start = time.monotonic()
-    for done in range(rounds):
-        if done >= 2 and time.monotonic() - start > SECONDS_PER_ROW:
-            return
-        yield done
 
 
 def compare_with_libmpdec(program, work, digits, rounds):
@@ -302,16 +205,6 @@ def compare_with_libmpdec(program, work, digits, rounds):
             mpfr.append(program.measure(work.name, "mpfr", digits))
     return Row(work.title, digits, min(ours), min(theirs), [o / t for o, t in zip(ours, theirs)],
                work.targets.get(digits), mpfr=min(mpfr, default=None))
-
-
-def compare_sides(program, work, sides, size, rounds):
-    """Times of two sides of the program, and their ratios round by round."""
-    repetitions = [program.repetitions(work, side, size) for side in sides]
-    first, second = [], []
-    for _ in rounds_of(rounds):
-        first.append(program.measure(work, sides[0], size, repetitions[0]))
-        second.append(program.measure(work, sides[1], size, repetitions[1]))
-    return min(first), min(second), [a / b for a, b in zip(first, second)]
 
 
 def compare_with_mpfr(program, work, digits, rounds):
@@ -342,96 +235,11 @@ def compare_factorials(program, digits, rounds):
                *compare_sides(program, FACTORIAL, ["series", "product"], digits, rounds))
 
 
-def gnu_factor_time(number):
-    """The processor time of GNU factor in nanoseconds; infinite when it takes too long."""
-    def spent():
-        usage = resource.getrusage(resource.RUSAGE_CHILDREN)
-        return usage.ru_utime + usage.ru_stime
-    start = spent()
-    try:
-        subprocess.run(["factor", number], check=True, stdout=subprocess.DEVNULL,
-                       timeout=GNU_FACTOR_SECONDS)
-    except subprocess.TimeoutExpired:
-        return float("inf")
-    return (spent() - start) * 1e9
-
-
-@dataclass
-class FactorRow:
-    title: str
-    ours: list
-    pari: list
-    gnu: list
-    work: FactorWork
-
-    def verdicts(self):
-        """Whether each target of the work is met."""
-        return [time <= 1e6 * target
-                for time, target in [(median(self.ours), self.work.median_target),
-                                     (max(self.ours), self.work.worst_target)]
-                if target is not None]
-
-
-def compare_factors(program, work, rounds):
-    ours, pari = [], []
-    for _ in range(min(rounds, FACTOR_ROUNDS)):
-        ours.append(program.factor_times(work.kind, "ours"))
-        pari.append(program.factor_times(work.kind, "pari"))
-    gnu = [gnu_factor_time(number) for number in program.factor_numbers(work.kind)]
-    return FactorRow(work.title, [min(times) for times in zip(*ours)],
-                     [min(times) for times in zip(*pari)], gnu, work)
-
-
-def show_milliseconds(nanoseconds):
-    if nanoseconds == float("inf"):
-        return f"> {GNU_FACTOR_SECONDS * 1000:,}"
-    return f"{nanoseconds / 1e6:,.2f}"
-
-
-def show_time(nanoseconds):
-    if nanoseconds is None:
-        return ""
-    return f"{nanoseconds:,.1f}" if nanoseconds < 100 else f"{nanoseconds:,.0f}"
-
-
-def show_ratio(ratio):
-    return f"{ratio:.3f}" if ratio < 10 else f"{ratio:.1f}"
-
-
-class Table:
-    """Prints rows as they come, for a terminal or as Markdown. Text columns stand to the left."""
-
-    def __init__(self, markdown, columns):
-        self.markdown = markdown
-        self.columns = columns
-        self.add([title for title, width in columns])
-        if markdown:
-            self.add([":--" if width < 0 else "--:" for title, width in columns])
-
-    def add(self, cells):
-        if self.markdown:
-            print("| " + " | ".join(cells) + " |")
-        else:
-            print("  ".join(cell.ljust(-width) if width < 0 else cell.rjust(width)
-                            for cell, (title, width) in zip(cells, self.columns)).rstrip())
-        sys.stdout.flush()
-
-
-def ratio_cells(row, bound):
-    spread = f"{show_ratio(min(row.ratios))} - {show_ratio(max(row.ratios))}"
-    target = "" if row.target is None else f"{bound} {row.target}"
-    return [show_ratio(row.ratio()), spread, target, row.verdict()]
-
-
 def processor():
     for line in Path("/proc/cpuinfo").read_text().splitlines():
         if line.startswith("model name"):
             return line.split(":", 1)[1].strip()
     return platform.processor()
-
-
-def print_heading(title, markdown):
-    print(f"\n### {title}\n" if markdown else f"\n{title}")
 
 
 def main():
@@ -442,7 +250,7 @@ def main():
     parser.add_argument("--markdown", action="store_true", help=argparse.SUPPRESS)
     parser.add_argument("--rounds", type=int, default=7, help=argparse.SUPPRESS)
     names = list(dict.fromkeys([work.name for work in WORKS] + list(FUNCTIONS) + list(EXACT)
-                               + list(FORMULAS) + list(FACTORS) + [LIMB_PRODUCT, FACTORIAL]))
+                               + list(FORMULAS) + [LIMB_PRODUCT, FACTORIAL] + prime_works.NAMES))
     parser.add_argument("--only", nargs="+", choices=names, default=names, help=argparse.SUPPRESS)
     options = parser.parse_args()
     if options.rounds < 1:
@@ -507,23 +315,6 @@ def main():
                     cells += [""] * 4
                 table.add(cells)
 
-    factors = [name for name in FACTORS if name in options.only]
-    factor_rows = []
-    if factors:
-        print_heading("Prime factors: median and worst of single numbers, in ms", markdown)
-        table = Table(markdown, [("numbers", -22), ("count", 5), ("ours", 9), ("worst", 9),
-                                 ("targets", 12), ("", -6), ("PARI", 9), ("worst", 9),
-                                 ("factor", 9), ("worst", 9)])
-        for name in factors:
-            row = compare_factors(program, FACTORS[name], options.rounds)
-            factor_rows.append(row)
-            targets = " and ".join(f"≤ {target}" for target in [row.work.median_target,
-                                                              row.work.worst_target] if target)
-            cells = [row.title, str(len(row.ours))]
-            for times in [row.ours, row.pari, row.gnu]:
-                cells += [show_milliseconds(median(times)), show_milliseconds(max(times))]
-            table.add(cells[:4] + [targets, "ok" if all(row.verdicts()) else "MISSED"] + cells[4:])
-
     if FACTORIAL in options.only:
         print_heading("The factorial where its methods meet: the series beside the product",
                       markdown)
@@ -553,11 +344,11 @@ def main():
                 least = min(program.measure(name, "ours", digits) for _ in range(options.rounds))
                 table.add([f"`{text}`" if markdown else text, f"{digits:,}", show_time(least)])
 
-    verdicts = [verdict for row in factor_rows for verdict in row.verdicts()]
-    missed = sum(not row.met() for row in rows) + verdicts.count(False)
-    targets = sum(row.target is not None for row in rows) + len(verdicts)
-    print(f"\n{targets - missed} of {targets} targets met")
-    return 1 if missed else 0
+    rows += prime_works.print_tables(program, options.only, options.rounds, markdown)
+
+    verdicts = [verdict for row in rows for verdict in row.verdicts()]
+    print(f"\n{verdicts.count(True)} of {len(verdicts)} targets met")
+    return 0 if all(verdicts) else 1
 
 
 if __name__ == "__main__":
