@@ -48,11 +48,13 @@ class Program:
         spent = self.measure(work, side, size, 1) * pairs
         return fitting_repetitions(spent)
 
-    def factor_times(self, kind, side):
-        return [float(line) for line in self.output("--factor-times", kind, side).splitlines()]
+    def numbers(self, work, bits):
+        return self.output("--numbers", work, str(bits)).split()
 
-    def factor_numbers(self, kind):
-        return self.output("--factor-numbers", kind).splitlines()
+    def number_times(self, work, side, bits):
+        """What each of these numbers takes."""
+        return [int(line) for line in
+                self.output("--number-times", work, side, str(bits)).splitlines()]
 
 
 def rounds_of(rounds):

@@ -24,9 +24,10 @@ with the least and the largest beside it. Slow work gets fewer repetitions and r
 Exact integers are measured beside GMP, which is part of the benchmark program as well, and beside
 plain twins of our own methods where there are some.
 
-Prime factors are measured number by number beside PARI, which is part of the benchmark program too,
-and GNU factor, which is a program of its own that starts anew for each number and is given two
-seconds. Median and worst case are shown, of the least time that each number took.
+Primes are measured beside GMP and PARI, which is part of the benchmark program too. Where the time
+depends much on the number, median and worst case of the numbers are shown, of the least time that
+each of them took in three rounds. GNU factor is a program of its own that starts anew for each
+number and is given two seconds.
 """
 
 import argparse
@@ -261,10 +262,10 @@ def main():
     gc.disable()
 
     markdown = options.markdown
-    versions = program.output("--versions").split("\n")
-    print(f"{processor()}; {versions[0]}; libmpdec {decimal.__libmpdec_version__} of Python "
-          f"{platform.python_version()}; {versions[1]}; {versions[2]}; {versions[3]}; "
-          f"{options.rounds} rounds; times in ns.")
+    compiler, *libraries = program.output("--versions").splitlines()
+    peers = [f"libmpdec {decimal.__libmpdec_version__} of Python {platform.python_version()}",
+             *libraries, *prime_works.versions()]
+    print(f"{processor()}; {compiler}; {'; '.join(peers)}; {options.rounds} rounds; times in ns.")
     rows = []
 
     works = [work for work in WORKS if work.name in options.only]

@@ -2,13 +2,13 @@
 
 #include <gmp.h>
 #include <mpfr.h>
-#include <pari/pari.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
 
 #include "bench/measuring.h"
+#include "bench/pari_peer.h"
 #include "bench/rooms.h"
 
 namespace tallymere::bench {
@@ -37,9 +37,7 @@ int PrintVersions() {
 #endif
     std::printf("MPFR %s\n", mpfr_get_version());
     std::printf("GMP %s\n", gmp_version);
-    const uint64_t pari = paricfg_version_code;
-    std::printf("PARI %d.%d.%d\n", static_cast<int>(pari >> 16), static_cast<int>(pari >> 8 & 255),
-                static_cast<int>(pari & 255));
+    std::printf("PARI %s\n", PariVersion());
     return 0;
 }
 
@@ -53,11 +51,11 @@ int main(int argc, char** argv) {
     if (option == "--operands" && argc == 4) {
         return PrintOperands(argv[2], argv[3]);
     }
-    if (option == "--factor-numbers" && argc == 3) {
-        return PrintFactorNumbers(argv[2]);
+    if (option == "--numbers" && argc == 4) {
+        return PrintNumbers(argv[2], argv[3]);
     }
-    if (option == "--factor-times" && argc == 4) {
-        return PrintFactorTimes(argv[2], argv[3]);
+    if (option == "--number-times" && argc == 5) {
+        return PrintNumberTimes(argv[2], argv[3], argv[4]);
     }
     if (option == "--versions") {
         return PrintVersions();
@@ -70,6 +68,7 @@ int main(int argc, char** argv) {
     AddFunctionBenchmarks();
     AddFactorialBenchmarks();
     AddExactBenchmarks();
+    AddPrimeBenchmarks();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 2;
