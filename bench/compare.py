@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Compares Tallymere's times with those of libmpdec, MPFR, GMP, PARI and GNU factor; bench/compare
-builds and calls it.
+"""Compares Tallymere's times with those of libmpdec, MPFR, GMP, PARI, GNU factor and primesieve;
+bench/compare builds and calls it.
 
 usage: bench/compare [--markdown] [--rounds N] [--only WORK ...]
 
@@ -27,7 +27,9 @@ plain twins of our own methods where there are some.
 Primes are measured beside GMP and PARI, which is part of the benchmark program too. Where the time
 depends much on the number, median and worst case of the numbers are shown, of the least time that
 each of them took in three rounds. GNU factor is a program of its own that starts anew for each
-number and is given two seconds.
+number and is given two seconds. Lists of primes are made by the console, beside the program
+primesieve: both write the same primes as text into a pipe, and a time is the processor time of the
+whole process, start and end included.
 """
 
 import argparse

@@ -32,6 +32,14 @@ class Row:
         return [] if self.target is None else [self.met()]
 
 
+@dataclass
+class TimeRow(Row):
+    """Its target is the most milliseconds that ours may take."""
+
+    def met(self):
+        return self.target is None or self.ours <= 1e6 * self.target
+
+
 def show_time(nanoseconds):
     if nanoseconds is None:
         return ""

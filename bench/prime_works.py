@@ -1,13 +1,15 @@
-"""Work on primes, for bench/compare: tests beside GMP and PARI, and single numbers beside PARI and
-GNU factor."""
+"""Work on primes, for bench/compare: tests beside GMP and PARI, single numbers beside PARI and GNU
+factor, and lists beside primesieve."""
 
 import resource
 import subprocess
+import sys
 from dataclasses import dataclass, field
+from pathlib import Path
 from statistics import median
 
 from benchmark_program import compare_sides
-from comparison_table import Row, Table, ratio_cells, show_time
+from comparison_table import Row, Table, TimeRow, ratio_cells, show_time
 
 
 @dataclass
@@ -47,21 +49,38 @@ NUMBERS = {
 NUMBER_ROUNDS = 3
 GNU_FACTOR_SECONDS = 2
 
-NAMES = [*TESTS, *NUMBERS]
+
+@dataclass
+class ListWork:
+    """The primes among LIST_COUNT numbers, and the most milliseconds that ours may take."""
+
+    title: str
+    start: int
+    target: float
+
+
+LIST_COUNT = 1_000_000
+LISTS = {
+    "prime-list-small": ListWork("1", 1, 100),
+    "prime-list-medium": ListWork("10^12", 10**12, 300),
+    "prime-list-large": ListWork("10^18", 10**18, 500),
+}
+
+NAMES = [*TESTS, *NUMBERS, *LISTS]
 
 
 def run(arguments, seconds=None):
-    """The processor time of a whole process in nanoseconds, which is infinite when it is not done in
-    so many seconds, and its output."""
+    """The processor time of a whole process in nanoseconds, and its output. The time is infinite
+    when the process is not done in so many seconds."""
     def spent():
         usage = resource.getrusage(resource.RUSAGE_CHILDREN)
         return usage.ru_utime + usage.ru_stime
     start = spent()
     try:
-        output = subprocess.run(arguments, check=True, stdout=subprocess.PIPE, timeout=seconds).stdout
+        done = subprocess.run(arguments, check=True, stdout=subprocess.PIPE, timeout=seconds)
     except subprocess.TimeoutExpired:
         return float("inf"), b""
-    return (spent() - start) * 1e9, output
+    return (spent() - start) * 1e9, done.stdout
 
 
 @dataclass
@@ -98,8 +117,24 @@ def compare_numbers(program, name, bits, rounds):
     if work.gnu:
         gnu = [run(["factor", number], GNU_FACTOR_SECONDS)[0]
                for number in program.numbers(name, bits)]
-    return NumberRow([min(times) for times in zip(*ours)], [min(times) for times in zip(*pari)], gnu,
-                     work.targets.get(bits, (None, None)))
+    return NumberRow([min(times) for times in zip(*ours)], [min(times) for times in zip(*pari)],
+                     gnu, work.targets.get(bits, (None, None)))
+
+
+def primes_of_ours(output):
+    """The items between the braces."""
+    return [int(item) for item in output.split(b"{", 1)[1].split(b"}", 1)[0].split(b",")]
+
+
+def compare_list(console, work, rounds):
+    """Both must find the same primes."""
+    ours = [console, "primes", "--interval", str(LIST_COUNT), str(work.start)]
+    theirs = ["primesieve", str(work.start), str(work.start + LIST_COUNT - 1), "-p", "-q", "-t1"]
+    if primes_of_ours(run(ours)[1]) != [int(line) for line in run(theirs)[1].split()]:
+        sys.exit(f"From {work.title} on the two lists of primes differ.")
+    times = [(run(ours)[0], run(theirs)[0]) for _ in range(rounds)]
+    return TimeRow(work.title, LIST_COUNT, *map(min, zip(*times)),
+                   [our / their for our, their in times], work.target)
 
 
 def show_milliseconds(nanoseconds):
@@ -133,10 +168,23 @@ def print_numbers(program, names, rounds, markdown):
         for bits in NUMBERS[name].sizes:
             row = compare_numbers(program, name, bits, rounds)
             rows.append(row)
-            targets = [f"≤ {target}" for target in row.targets if target is not None]
+            targets = [f"≤ {target:,}" for target in row.targets if target is not None]
             table.add([NUMBERS[name].title, str(bits), str(len(row.ours)), *number_cells(row.ours),
                        " and ".join(targets), row.verdict(), *number_cells(row.pari),
                        *number_cells(row.gnu)])
+    return rows
+
+
+def print_lists(program, names, rounds, markdown):
+    console = Path(program.path).parents[1] / "console" / "tallymere-console"
+    table = Table(markdown, [("from", -6), ("ours", 8), ("primesieve", 10), ("ratio", 6),
+                             ("least - largest", 15), ("target", 7), ("", -6)])
+    rows = []
+    for name in names:
+        row = compare_list(str(console), LISTS[name], rounds)
+        rows.append(row)
+        table.add([row.title, show_milliseconds(row.ours), show_milliseconds(row.theirs),
+                   *ratio_cells(row, "≤")])
     return rows
 
 
@@ -144,12 +192,15 @@ def print_numbers(program, names, rounds, markdown):
 TABLES = [
     (TESTS, "Tests, in ns:", print_tests),
     (NUMBERS, "Single numbers, median and worst of each kind, in ms:", print_numbers),
+    (LISTS, f"Lists of the primes among {LIST_COUNT:,} numbers, as text, in ms:", print_lists),
 ]
 
 
 def versions():
     """Of the programs that are beside us."""
-    return [run(["factor", "--version"])[1].decode().splitlines()[0]]
+    lines = [run([program, "--version"])[1].decode().splitlines()[0]
+             for program in ("factor", "primesieve")]
+    return [line.split(",")[0] for line in lines]
 
 
 def print_tables(program, names, rounds, markdown):
