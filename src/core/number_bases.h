@@ -23,12 +23,14 @@ struct NumberBase {
 };
 
 /// In the order in which lists offer them.
+// clang-format off
 inline constexpr NumberBase NumberBases[] = {
     {2, u'y', 4, 2},
     {8, u't', 4, 4},
     {10, 0, 3, 0},
     {16, u'x', 4, 0},
 };
+// clang-format on
 
 inline constexpr int64_t DecimalBase = 10;
 inline constexpr int64_t HighestBase = 16;

@@ -259,7 +259,7 @@ class BadOptionTest(ConsoleCase):
             "--language": ", ".join(LANGUAGES),
         }
         for option, allowed in choices.items():
-            self.refuse([option, "nonsense"], f'{option}: "nonsense"', "allowed: " + allowed)
+            self.refuse([option, "nonsense"], f'{option}: "nonsense"', f"; allowed: {allowed}\n")
         self.refuse(["--type", "REAL"], '"REAL"')
         self.refuse(["--type="], '--type: ""')
         self.refuse(["--base", "10 "], '"10 "')
@@ -268,7 +268,7 @@ class BadOptionTest(ConsoleCase):
         # 2^64 + 5 would be 5 to an integer of the machine.
         for value in ("0", "10001", "99999999999999999999", str(2**64 + 5), "1.5", "1e3", " 5",
                       "ten", ""):
-            self.refuse(["--digits", value], f'--digits: "{value}"', "allowed: 1 to 10000")
+            self.refuse(["--digits", value], f'--digits: "{value}"', "; allowed: 1 to 10000\n")
         self.refuse(["--digits", "-3"], '"-3"')
 
     def test_unknown_options_list_the_known_ones(self):

@@ -25,7 +25,7 @@ def number_bases():
     """The bases of integers, as texts in the order of the program's table."""
     table = (ROOT / "src/core/number_bases.h").read_text(encoding="utf-8")
     rows = table[table.index("NumberBases[] = {"):].split("};")[0]
-    return re.findall(r"^\s*\{(\d+),", rows, re.MULTILINE)
+    return re.findall(r"\{(\d+),", rows)
 
 
 @dataclass(frozen=True)
