@@ -7,6 +7,7 @@ from dataclasses import dataclass
 
 from desktop import SECONDS, WINE_RUN, around
 from gui_case import CALCULATOR, LOCALES, MAIN_TITLE, desktop, settings_text
+from help_pages import number_bases
 from options_case import OptionsCase
 from program import MESSAGE_BOX_CLASS, Window
 
@@ -27,7 +28,7 @@ DIGIT_COUNT, NUMBER_BASE, CASE_KEY = (
 # The positions of the sliders, and what settings and console call them.
 TYPES = ("uint", "rat", "real", "cplx")
 ANGLES = ("deg", "rad", "gon")
-BASES = (2, 8, 10, 16)
+BASES = tuple(map(int, number_bases()))
 
 # Keys by their index, which are at the same place in all number types.
 CLEAR_ALL, BACKSPACE, CLEAR_FORMULA, VARIABLES = (

@@ -5,6 +5,7 @@ import unittest
 
 from calculator_case import (BACKSPACE, BRACKET_FORMULA, CLEAR_ALL, CLEAR_FORMULA, CalculatorCase,
                              calculator_settings)
+from help_pages import keypad
 
 LONGEST = "1+" * 44330 + "1"  # 88,661 characters
 
@@ -101,18 +102,8 @@ class CalculatorFormulaTest(CalculatorCase):
                 special = {"CA", "←", "CF", "(..)", "=", "var", "ans", "F↔S", ""}
                 captions = [key.text for key in page.keys if key.text not in special]
                 self.press_keys(*captions)
-                texts = {
-                    "[lg₁₀]": "log10(", "log₁₀": "log10(", "[log₂]": "log2(", "log₂": "log2(",
-                    "[logx]": "logx(", "x^y": "^", "e^x": "exp(", "²√x": "sqrt(", "³√x": "cbrt(",
-                    "x√y": "root(", "[²√x]": "sqrt(", "[³√x]": "cbrt(", "[x√y]": "root(",
-                    "²√z": "sqrtc(", "³√z": "cbrtc(", "x√z": "rootc(", ";": "; ", "x!": "fact(",
-                    "–": "-", "[/]": "/", "mod": " mod ", "^mod": "powmod(", "1/x": "1/",
-                    "bin": "0y", "oct": "0t", "hex": "0x", "e±": "e", "|x|": "abs(",
-                }
-                as_they_are = set("0123456789+*/().iπABCDEF")
-                self.wait_for_formula("".join(
-                    texts.get(caption) or (caption if caption in as_they_are else caption + "(")
-                    for caption in captions))
+                texts = {key.caption: key.inserted for key in keypad() if key.kind == number_type}
+                self.wait_for_formula("".join(texts[caption] for caption in captions))
                 self.program.close()
 
     def test_the_result_can_be_copied_and_not_changed(self):
