@@ -121,6 +121,15 @@ class DocsTest(unittest.TestCase):
         for readme in (ROOT / "src").rglob("*/README.md"):
             self.assertIn(f"({readme.relative_to(ROOT / 'src')})", text)
 
+    def test_the_readme_names_every_language(self):
+        table = (ROOT / "src/shell/languages.h").read_text(encoding="utf-8")
+        names = re.findall(r'\{Language\w+, "\w+", u"(\w+)"', table)
+        self.assertIn("English", names)
+        text = " ".join((ROOT / "README.md").read_text(encoding="utf-8").split())
+        told = re.findall(r"of the program, in ([\w, ]+)\.", text)
+        self.assertEqual([f"{', '.join(names[:-1])} and {names[-1]}"], told,
+                         "README.md and src/shell/languages.h")
+
     def test_there_is_something_to_check(self):
         names = [name for _, name in all_names()]
         self.assertGreater(sum(map(is_path, names)), 100)
