@@ -1,7 +1,7 @@
 // The functions of formulas: one row for each says all that the program knows of it.
 //
 // A new function needs its id in operation_ids.h, its row in function_table.cpp, its routine, which
-// for real and cplx mostly lies in functions/, and its entry in the help pages of both languages.
+// for real and cplx mostly lies in functions/, and its entry in the help pages of all languages.
 #pragma once
 
 #include <cstdint>

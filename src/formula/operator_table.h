@@ -2,7 +2,7 @@
 //
 // A new operator needs its id in operation_ids.h, its row in operator_table.cpp, its routine for
 // each number type that has it, in real_operators, complex_operators, uint_operators and
-// rational_operators, and its entry in the help pages of both languages.
+// rational_operators, and its entry in the help pages of all languages.
 #pragma once
 
 #include <cstdint>

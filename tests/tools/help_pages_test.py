@@ -1,4 +1,4 @@
-"""The help pages are well formed, alike in both languages, and name what the program has.
+"""The help pages are well formed, alike in all languages, and name what the program has.
 
 help_pages.py tells of the marks in the pages. The results of their formulas are a test of the
 console.
