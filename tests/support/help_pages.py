@@ -22,10 +22,12 @@ EXCHANGE_SEPARATORS = str.maketrans(".,", ",.")
 
 
 def number_bases():
-    """The bases of integers, as texts in the order of the program's table."""
+    """{base: its prefix} of integers, as texts in the order of the program's table; the prefix is
+    empty for the base that has none."""
     table = (ROOT / "src/core/number_bases.h").read_text(encoding="utf-8")
     rows = table[table.index("NumberBases[] = {"):].split("};")[0]
-    return re.findall(r"\{(\d+),", rows)
+    return {base: f"0{letter}" if letter else ""
+            for base, letter in re.findall(r"\{(\d+), (?:u'(\w)'|0),", rows)}
 
 
 @dataclass(frozen=True)

@@ -15,8 +15,9 @@ sys.dont_write_bytecode = True
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
 from help_pages import (FOLDER, HABITS, LANGUAGES, ROOT, Element, Key,  # noqa: E402
                         PageParser, captions, constants, examples, functions, in_english,
-                        is_formula, keypad, main_of, operator_levels, operators, page_name,
-                        page_paths, parse, program_texts, signatures, types_of_operations, words)
+                        is_formula, keypad, main_of, number_bases, operator_levels, operators,
+                        page_name, page_paths, parse, program_texts, signatures,
+                        types_of_operations, words)
 
 PAGES = [path for language in LANGUAGES for path in page_paths(language)]
 ELEMENTS = {"html", "head", "meta", "title", "link", "body", "header", "nav", "main", "section",
@@ -389,6 +390,32 @@ class ProgramTest(unittest.TestCase):
                     with self.subTest(language=language, sentence=sentence):
                         self.assertIn(sentence.format(**HABITS[language].limit_words, **limits),
                                       page)
+
+
+class NumberBaseTest(unittest.TestCase):
+    """What the pages say of bases against the table of the program."""
+
+    def test_every_prefix_has_an_example(self):
+        self.assertLessEqual({"2": "0y", "10": "", "16": "0x"}.items(), number_bases().items())
+        for language in LANGUAGES:
+            path = FOLDER / f"numbers_{language}.html"
+            formulas = [example.formula for example in examples(path)]
+            for base, prefix in number_bases().items():
+                number = re.compile(rf"{prefix}[0-9A-F]+")
+                with self.subTest(page=path.name, base=base):
+                    self.assertTrue(any(map(number.fullmatch, formulas)),
+                                    f"an example such as {prefix}1")
+
+    def test_lists_of_bases_are_the_program_s(self):
+        bases = list(number_bases())
+        lists = {"bases": bases, "other-bases": [base for base in bases if base != "10"]}
+        for language in LANGUAGES:
+            path = FOLDER / f"calculator_{language}.html"
+            for name, wanted in lists.items():
+                told = [re.findall(r"\d+", words(span)) for span in main_of(path).find("span")
+                        if span.attributes.get("class") == name]
+                with self.subTest(page=path.name, bases=name):
+                    self.assertEqual([wanted], told)
 
 
 class CalculatorPageTest(unittest.TestCase):
