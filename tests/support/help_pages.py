@@ -40,13 +40,17 @@ class LanguageHabits:
     limit_words: dict  # what stands around the limits of the program
 
 
-# A row for each language of the program; LanguageTest says which is missing.
-HABITS = {"en": LanguageHabits("point", "Return", "all",
-                               {"to": "to", "upto": "up to", "variables": "variables",
-                                "about": "some"}),
-          "de": LanguageHabits("comma", "Eingabetaste", "alle",
-                               {"to": "bis", "upto": "bis zu", "variables": "Variablen",
-                                "about": "etwa"})}
+class HabitsOfLanguages(dict):
+    def __missing__(self, language):
+        raise AssertionError(f"no row {language} in HABITS of tests/support/help_pages.py")
+
+
+# A row for each language of the program.
+HABITS = HabitsOfLanguages(
+    en=LanguageHabits("point", "Return", "all",
+                      {"to": "to", "upto": "up to", "variables": "variables", "about": "some"}),
+    de=LanguageHabits("comma", "Eingabetaste", "alle",
+                      {"to": "bis", "upto": "bis zu", "variables": "Variablen", "about": "etwa"}))
 
 
 def separator_options(language):
