@@ -262,6 +262,8 @@ class LanguageTest(unittest.TestCase):
                         [in_english(example.formula, language) for example in examples(other)]]
             with self.subTest(page=other.name):
                 self.assertEqual(*formulas)
+            if formulas[0] != formulas[1]:
+                continue
             for one, two in zip(examples(english), examples(other)):
                 with self.subTest(page=other.name, formula=one.formula):
                     self.assertEqual(one.options, tuple(
@@ -441,12 +443,17 @@ class CalculatorPageTest(unittest.TestCase):
 
     def test_the_keys_of_all_types_are_found(self):
         count = Counter(key.kind for key in self.keys)
-        self.assertEqual({"uint": 50, "rat": 46, "real": 60, "cplx": 67}, count)
+        for kind, least in {"uint": 50, "rat": 46, "real": 60, "cplx": 67}.items():
+            self.assertGreaterEqual(count[kind], least, kind)
 
     def test_every_key_is_told_with_what_it_inserts(self):
         wanted = Counter(Key(key.caption, key.kind, key.inserted.strip()) for key in self.keys)
         for language in LANGUAGES:
-            self.assertEqual(wanted, Counter(self.told_keys(language)), language)
+            told = Counter(self.told_keys(language))
+            with self.subTest(language=language):
+                self.assertEqual([], list((wanted - told).elements()), "keys that are not told")
+            with self.subTest(language=language):
+                self.assertEqual([], list((told - wanted).elements()), "keys that are not there")
 
     def test_pressed_keys_make_the_formula_beside_them(self):
         for language in LANGUAGES:
