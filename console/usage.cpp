@@ -31,7 +31,7 @@ the last result as it was shown. Text is UTF-8.
                                 no fraction turns rat into real
   --digits N                    precision, 1 to {MaxDigits} ({DefaultDigits})
 {--base}output base for uint ({DecimalBase})
-  --lower-hex                   small letters in base 16
+  --lower-hex                   small letters in bases above 10
   --form auto|fixed|scientific|mixed
                                 notation of results (auto); mixed is for rat
 {text options}  --var NAME=TEXT               a variable, itself a formula; repeatable
