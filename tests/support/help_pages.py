@@ -226,8 +226,11 @@ def program_texts():
         return text.replace('\\"', '"').replace("\\r", "\r").replace("\\n", "\n")
 
     columns = rf",\s*{literal}" * len(LANGUAGES)
-    return {name: dict(zip(LANGUAGES, map(joined, texts)))
-            for name, *texts in re.findall(rf"ENTRY\((\w+){columns}\)", source)}
+    found = {name: dict(zip(LANGUAGES, map(joined, texts)))
+             for name, *texts in re.findall(rf"ENTRY\((\w+){columns}\)", source)}
+    other = set(re.findall(r"^ENTRY\((\w+)", source, re.MULTILINE)) - set(found)
+    assert not other, f"not a text for each of {', '.join(LANGUAGES)}: {', '.join(sorted(other))}"
+    return found
 
 
 FORMULA_ROOM = ROOT / "src" / "formula"
