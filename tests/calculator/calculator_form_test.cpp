@@ -91,7 +91,7 @@ TEST(CalculatorFormTest, SomeTextsAreTheSameInEveryLanguage) {
 TEST(CalculatorFormTest, OwnControlsHaveTheirStyles) {
     EXPECT_EQ(ContainerForm[ContainerDigitCount].style, DigitCountLabelAbove);
     EXPECT_EQ(ContainerForm[ContainerNumberBase].style,
-              NumberBaseTwoLineLabel | NumberBaseOffers2 | NumberBaseOffers8);
+              NumberBaseTwoLineLabel | NumberBaseOffersAll);
 }
 
 TEST(CalculatorFormTest, KeysStandInEightRowsOfNine) {
