@@ -10,10 +10,12 @@
 #include "core/number_bases.h"
 #include "layout/number_base_layout.h"
 #include "shell/settings.h"
+#include "support/number_types.h"
 
 namespace tallymere {
 namespace {
 
+using testing_support::AllNumberTypes;
 using testing_support::CalculatorTest;
 
 class NumberBaseKeys : public CalculatorTest {};
@@ -38,7 +40,23 @@ TEST_F(NumberBaseKeys, AreOnTheKeypadForEveryPrefix) {
             keys += text.text == PrefixOf(row) ? 1 : 0;
         }
         EXPECT_EQ(keys, PrefixLength(row) != 0 ? 1 : 0)
-            << "keys in calculator/keypad.cpp that insert the prefix of base " << row.base;
+            << "keys in calculator/keypad.cpp that insert the prefix of base " << row.base
+            << ", by calculator/key_texts.cpp";
+    }
+}
+
+TEST_F(NumberBaseKeys, InsertNoPrefixWithoutABase) {
+    for (const NumberType type : AllNumberTypes) {
+        const KeypadStyle style = {type, AngleRadians, false, 0x0A00};
+        for (int32_t index = 0; index < KeyCount; index++) {
+            const KeyAction action = KeypadEntry(index, style).action;
+            const std::u16string text = TextForAction(action, style).text;
+            if (text.size() == NumberPrefixCharacters && text[0] == u'0' && IsLetter(text[1])) {
+                EXPECT_NE(NumberBaseOfPrefix(text.c_str()).base, DecimalBase)
+                    << "core/number_bases.h has no base for the key that inserts 0"
+                    << static_cast<char>(text[1]);
+            }
+        }
     }
 }
 
