@@ -161,7 +161,10 @@ TEST(ExactTextOracle, KnowsTheBasesOfTheProgram) {
         EXPECT_NE(FindOracleBase(static_cast<uint32_t>(row.base)), nullptr)
             << row.base << " is missing in tests/support/exact_text_oracle.h";
     }
-    EXPECT_EQ(std::size(OracleBases), std::size(NumberBases));
+    for (const OracleBase& row : OracleBases) {
+        EXPECT_NE(FindNumberBase(row.base), nullptr)
+            << row.base << " is missing in core/number_bases.h";
+    }
 }
 
 TEST(ExactTextOracle, IntegersAreWrittenDigitByDigit) {

@@ -235,7 +235,6 @@ TEST(FormulaLexer, TakesThePrefixOfABaseIntoTheNumber) {
 }
 
 TEST(FormulaLexer, TakesThePrefixesThatTheModelKnows) {
-    size_t prefixes = 0;
     for (const NumberBase& row : NumberBases) {
         if (PrefixLength(row) == 0) {
             continue;
@@ -245,9 +244,12 @@ TEST(FormulaLexer, TakesThePrefixesThatTheModelKnows) {
         const ModelBase* base = ModelBaseOfPrefix(text);
         ASSERT_NE(base, nullptr) << row.base << " is missing in tests/support/formula_values.cpp";
         EXPECT_EQ(base->base, static_cast<uint32_t>(row.base));
-        prefixes++;
     }
-    EXPECT_EQ(ModelBases.size(), prefixes);
+    for (const ModelBase& base : ModelBases) {
+        const NumberBase* row = FindNumberBase(base.base);
+        ASSERT_NE(row, nullptr) << base.base << " is missing in core/number_bases.h";
+        EXPECT_EQ(row->prefixLetter, base.prefixLetter) << base.base;
+    }
 }
 
 TEST(FormulaLexer, ReadsEAsADigitInBase16) {
