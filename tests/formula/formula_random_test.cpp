@@ -97,7 +97,8 @@ TEST_F(RandomFormulas, ThatAreNestedDeeplyMeetTheLimitOfTheStack) {
                 FormulaErrorUnexpectedEnd});
 }
 
-// The generator has its words by hand, since most functions want operands of their own.
+// The generator has lists of functions and operators that want operands of their own, and numbers of
+// other bases by hand.
 class GeneratedFormulas : public ::testing::TestWithParam<NumberType> {
 protected:
     // Notes what a formula is made of.

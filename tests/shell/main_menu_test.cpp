@@ -64,7 +64,7 @@ TEST_F(MainMenuTest, EachPageIsShownByItsItem) {
     const PageIndex pages[] = {PageCalculator,    PageAlgebraicEquations,
                                PageLinearSystems, PagePolynomialCalculation,
                                PagePrimeNumbers,  PagePrimeFactors};
-    static_assert(std::size(pages) == PageCount);
+    static_assert(std::size(pages) == PageCount, "a PageIndex is missing in this list");
     for (int64_t i = 0; i < PageCount; i++) {
         const MenuCommand command = CommandOfMenu(201 + i, 0);
         EXPECT_EQ(command.action, MenuShowsPage);

@@ -1,9 +1,12 @@
 #include "support/formula_generator.h"
 
 #include <algorithm>
+#include <span>
 #include <string_view>
 
 #include "core/number_context.h"
+#include "formula/function_table.h"
+#include "formula/operator_table.h"
 
 namespace tallymere::testing_support {
 
@@ -16,20 +19,30 @@ constexpr std::u16string_view Alphabet =
     u"0123456789012345678901234567890123456789++--**//^^(((())));;; \n\r\t.,',eEixXyYtTabcdefmodpi_"
     u"\u03C0\u03B1\u03A9\u00A0\u202F\u2019\u2212\u221E!%&=\uFFFF\u0001";
 
-// Words whose work grows with the size of their operands, and words that make large operands.
-constexpr std::u16string_view LongWorkers[] = {u"mod", u"gcd", u"lcm", u"ncr", u"npr"};
+// Functions and operators come from their tables; what follows are exceptions.
+
+// Functions that get operands of their own, see FunctionOfNumbers and its sisters: they grow, they
+// work long on large operands, or most operands do not suit them. The value of round in uint
+// depends on what was calculated before.
+constexpr std::u16string_view WithOperandsOfTheirOwn[] = {
+    u"exp",    u"sinh", u"cosh", u"fact",  u"ncr",   u"npr",   u"gcd",  u"lcm",
+    u"powmod", u"root", u"logx", u"sqrtc", u"cbrtc", u"rootc", u"round"};
+
+// Of them, one that exact types have and one that they refuse, which do with any operand there.
+constexpr const char16_t* ExactOnes[] = {u"fact", u"exp"};
+
+// Operators whose exponent must be small.
+constexpr std::u16string_view PowerOperators[] = {u"^"};
+
+// Words whose work grows with the size of their operands, and words that make large operands. Of
+// the operators it is all but the plain ones.
+constexpr std::u16string_view LongWorkers[] = {u"gcd", u"lcm", u"ncr", u"npr"};
+constexpr std::u16string_view PlainOperators[] = {u"+", u"-", u"*", u"/", u"^"};
 constexpr std::u16string_view Growers[] = {u"exp", u"sinh", u"cosh", u"fact", u"ncr", u"npr"};
 
-// Functions of one argument whose values stay small enough for anything.
-constexpr const char16_t* TameFunctions[] = {
-    u"sqrt", u"cbrt", u"ln",    u"log2",  u"log10", u"sin",   u"cos",   u"tan",   u"asin",
-    u"acos", u"atan", u"sind",  u"cosd",  u"tand",  u"asind", u"acosd", u"atand", u"sing",
-    u"cosg", u"tang", u"asing", u"acosg", u"atang", u"tanh",  u"asinh", u"acosh", u"atanh"};
-
-// Functions of one argument that an exact type has, and some that it does not have.
-constexpr const char16_t* ExactFunctions[] = {u"sqrt", u"cbrt", u"log2",  u"log10", u"fact",
-                                              u"sqrt", u"log2", u"sqrt",  u"cbrt",  u"log10",
-                                              u"sin",  u"exp",  u"atand", u"ln",    u"fact"};
+bool Contains(std::span<const std::u16string_view> words, std::u16string_view word) {
+    return std::ranges::find(words, word) != words.end();
+}
 
 template <size_t N>
 const char16_t* Pick(RandomSource& random, const char16_t* const (&choices)[N]) {
@@ -46,6 +59,39 @@ Text Digits(RandomSource& random, int64_t most) {
         digits += static_cast<char16_t>(u'0' + random.Below(10));
     }
     return digits;
+}
+
+// A function of the table that general operands suit; mostly one that the type in force has.
+const FunctionRow& GeneralFunction(RandomSource& random) {
+    for (;;) {
+        const FunctionRow& row = FunctionTable[random.Below(FunctionCount)];
+        if (!Contains(WithOperandsOfTheirOwn, row.name) &&
+            (RoutineOf(row.routines, numberContext.numberType) != nullptr || OneIn(random, 15))) {
+            return row;
+        }
+    }
+}
+
+// The same, of the functions that cplx has and real does not have.
+const FunctionRow& GeneralFunctionOfCplx(RandomSource& random) {
+    for (;;) {
+        const FunctionRow& row = FunctionTable[random.Below(FunctionCount)];
+        if (!Contains(WithOperandsOfTheirOwn, row.name) && row.routines.real == nullptr &&
+            row.routines.cplx != nullptr) {
+            return row;
+        }
+    }
+}
+
+// An operator of the table that general operands suit.
+Text GeneralOperator(RandomSource& random) {
+    for (;;) {
+        const OperatorRow& row = OperatorTable[random.Below(OperatorCount)];
+        if (!Contains(PowerOperators, row.spelling)) {
+            const Text spelling = row.spelling;
+            return IsWordOperator(row) ? u" " + spelling + u" " : spelling;
+        }
+    }
 }
 
 bool IsExact() {
@@ -134,9 +180,9 @@ private:
                                                u"(-2.5)", u"0"}));
                 continue;
             }
-            Put(OneIn(random_, 60)
-                    ? u"^"
-                    : Pick(random_, {u"+", u"-", u"*", u"/", u"+", u"-", u"*", u" mod "}));
+            Put(OneIn(random_, 60)  ? u"^"
+                : OneIn(random_, 2) ? GeneralOperator(random_)
+                                    : Pick(random_, {u"+", u"-", u"*", u"/"}));
             Operand(depth);
         }
     }
@@ -160,8 +206,12 @@ private:
                     : Pick(random_, {u"abs", u"trunc", u"frac", u"round"}));
             Arguments(depth, 1);
         } else if (choice < 90) {
-            Put(IsExact() ? Pick(random_, ExactFunctions) : Pick(random_, TameFunctions));
-            Arguments(depth, 1);
+            if (IsExact() && OneIn(random_, 5)) {
+                Put(Pick(random_, ExactOnes));
+                Arguments(depth, 1);
+            } else {
+                GeneralCall(depth, GeneralFunction(random_));
+            }
         } else if (choice < 94) {
             IsExact() ? ExactFunctionOfNumbers(depth) : Put(FunctionOfNumbers());
         } else if (choice < 97) {
@@ -175,6 +225,20 @@ private:
         } else {
             Put(Pick(random_, {u"pi", u"i", u"3i", u"e", u"nobody", u"0x1F", u"1.2.3", u"5e"}));
         }
+    }
+
+    // A call with general operands or, if there are several, tame ones as well.
+    void GeneralCall(int depth, const FunctionRow& row) {
+        Put(row.name);
+        if (ArgumentCount(row) == 1 || OneIn(random_, 2)) {
+            Arguments(depth, ArgumentCount(row));
+            return;
+        }
+        Put(u"(" + Digits(random_, 2));
+        for (int64_t i = 1; i < ArgumentCount(row); i++) {
+            Put(u";" + Digits(random_, 2));
+        }
+        Put(u")");
     }
 
     static bool InCplx() { return numberContext.numberType == NumberTypeComplex; }
@@ -256,8 +320,7 @@ private:
             return;
         }
         if (OneIn(random_, 2)) {
-            Put(Pick(random_, {u"arg", u"argd", u"argg", u"realp", u"imagp"}));
-            Arguments(depth, 1);
+            GeneralCall(depth, GeneralFunctionOfCplx(random_));
             return;
         }
         Put(Pick(random_, {u"sqrtc(", u"cbrtc(", u"rootc(5;", u"rootc(4;"}));
@@ -422,7 +485,10 @@ void Mangle(RandomSource& random, Text& text) {
 
 void KeepShort(Text& text) {
     const auto occurs = [&](std::u16string_view word) { return text.find(word) != Text::npos; };
-    if (std::any_of(std::begin(LongWorkers), std::end(LongWorkers), occurs)) {
+    const auto worksLong = [&](const OperatorRow& row) {
+        return !Contains(PlainOperators, row.spelling) && occurs(row.spelling);
+    };
+    if (std::ranges::any_of(LongWorkers, occurs) || std::ranges::any_of(OperatorTable, worksLong)) {
         ShortenExponents(text);
         TakeOutGrowers(text);
     }
