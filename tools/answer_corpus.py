@@ -5,16 +5,20 @@ machine. Some are written down: edges of functions, operands, odd numbers, error
 random.
 
 The functions, operators and constants are listed here again, on purpose: what the corpus asks must
-not follow a slip in the program. A function that no row of FUNCTIONS names is not asked.
+not follow a slip in the program. What the tables of src/formula/ have beyond these lists is asked
+too, with general operands, so something new needs no row here. A row is for operands that suit it.
 
 A run is what one console is asked, line by line, with one set of options. Runs of the type rat are
 short, because one result that is no fraction makes the rest of a run real. The corpus leaves out
 what takes a console long, such as binomial coefficients of huge numbers.
 """
 
+import re
 from dataclasses import dataclass
 from itertools import product
+from pathlib import Path
 
+FORMULA_ROOM = Path(__file__).resolve().parents[1] / "src" / "formula"
 SEED = 20231105
 
 TYPES = ("real", "cplx", "uint", "rat")
@@ -370,6 +374,41 @@ def operator_runs(number_type):
     yield from runs_of("operators", number_type, (), formulas)
 
 
+def table_rows(file, pattern):
+    return re.findall(pattern, (FORMULA_ROOM / file).read_text(encoding="utf-8"))
+
+
+def functions_without_row():
+    """{name: number of its arguments} of the functions of the program that FUNCTIONS lacks."""
+    rows = table_rows("function_table.cpp", r'\{Id::\w+, u"(\w+)", u"([^"]+)"')
+    return {name: parameters.count(";") + 1 for name, parameters in rows if name not in FUNCTIONS}
+
+
+def operators_without_row():
+    """The operators of the program that OPERATORS lacks."""
+    rows = table_rows("operator_table.cpp", r'\{Id::\w+, u"([^"]+)"')
+    return [spelling for spelling in rows if spelling not in OPERATORS]
+
+
+def general_runs(number_type):
+    """Calls of the functions and uses of the operators that have no row here."""
+    edges, operands = EDGES[number_type], OPERANDS[number_type]
+    formulas = []
+    for name, count in functions_without_row().items():
+        chosen = edges if count == 1 else edges[:11] if count == 2 else edges[:6]
+        formulas += [f"{name}({';'.join(arguments)})"
+                     for arguments in product(chosen, repeat=count)]
+        formulas += [f"1+{name}({';'.join('1' * given)})*2" for given in range(5)]
+    for operator in operators_without_row():
+        formulas += [f"{left} {operator} {right}" for left, right in product(operands, operands)]
+        formulas += [f"7 {one} 3 {other} 2" for other in OPERATORS
+                     for one, other in ((operator, other), (other, operator))]
+        formulas += [f"-7 {operator} 3 {operator} 2", f"2{operator}3", f"2 {operator}",
+                     f"{operator} 2"]
+    for options in ((), ("--digits", "1"), ("--digits", "57")):
+        yield from runs_of("general", number_type, options, formulas)
+
+
 def number_runs(number_type):
     for options in ((), ("--group",), ("--decimal", "comma"),
                     ("--decimal", "comma", "--thousands", "point", "--group"),
@@ -431,7 +470,7 @@ def corpus():
     """All runs, always the same."""
     for number_type in TYPES:
         for make in (function_runs, operator_runs, number_runs, nesting_runs, error_runs,
-                     random_runs):
+                     random_runs, general_runs):
             yield from make(number_type)
     for language in ("en", "de"):
         options = ("--type", "real", "--language", language)
