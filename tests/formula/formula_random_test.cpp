@@ -97,8 +97,8 @@ TEST_F(RandomFormulas, ThatAreNestedDeeplyMeetTheLimitOfTheStack) {
                 FormulaErrorUnexpectedEnd});
 }
 
-// The generator has lists of functions and operators that want operands of their own, and numbers of
-// other bases by hand.
+// The generator has by hand the functions and operators that want operands of their own, and the
+// bases.
 class GeneratedFormulas : public ::testing::TestWithParam<NumberType> {
 protected:
     // Notes what a formula is made of.
