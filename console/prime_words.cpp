@@ -56,7 +56,7 @@ OptionReading ReadPrimeWord(std::vector<Option> ownOptions, PrimeWordOptions& op
                     .allowed = "a number",
                     .set = [&options](std::string_view value, int32_t) {
                         options.interval = value;
-                        return std::string(value.empty() ? NotAllowedValue : std::string_view());
+                        return std::string();
                     }});
     list.push_back(BaseOption(PrimePageBases, options.base));
     for (Option& option : TextOptionList(options.text)) {
@@ -94,10 +94,10 @@ uint32_t PrintFlagsOf(const PrimeWordOptions& options) {
 
 std::string ReadIntervalOption(int64_t* interval, const PrimeWordOptions& options,
                                int64_t highest) {
-    if (options.interval.empty()) {
+    if (!options.interval.has_value()) {
         return {};
     }
-    const InputText input = ReadInputText(options.interval);
+    const InputText input = ReadInputText(*options.interval);
     const bool isRead =
         input.errorPosition == 0 &&
         ReadIntervalField(interval, input.text.c_str(), ParseFlagsOf(options), highest);
@@ -107,7 +107,7 @@ std::string ReadIntervalOption(int64_t* interval, const PrimeWordOptions& option
     }
     ScratchStackScope texts;
     return ValueNotAllowed(
-        "--interval", options.interval, NotAllowedValue,
+        "--interval", *options.interval, NotAllowedValue,
         "1 to " + EncodeUtf8(IntervalFieldText(texts, highest, PrintFlagsOf(options))));
 }
 

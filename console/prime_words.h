@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,7 +15,7 @@ namespace tallymere {
 struct PrimeWordOptions {
     TextOptions text;
     int64_t base = InitialPrimeBase;
-    std::string interval;  ///< as given; empty for none
+    std::optional<std::string> interval;  ///< as given
     bool help = false;
 };
 

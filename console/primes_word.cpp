@@ -37,7 +37,7 @@ struct PrimesWord {
 
 std::string CheckMode(const PrimesWord& word) {
     const int modes =
-        (word.next ? 1 : 0) + (word.test ? 1 : 0) + (word.options.interval.empty() ? 0 : 1);
+        (word.next ? 1 : 0) + (word.test ? 1 : 0) + (word.options.interval.has_value() ? 1 : 0);
     return modes > 1 ? "only one thing can be asked for; allowed: --interval N, --next, --test"
                      : std::string();
 }

@@ -1,5 +1,4 @@
 // The Baillie-PSW test: the strong test to base 2, then the strong Lucas test.
-#include <algorithm>
 #include <bit>
 
 #include "core/contract.h"
@@ -11,14 +10,6 @@
 namespace tallymere {
 
 namespace {
-
-// Below it SmallPrimeTable settles every number. From it on, Selfridge's search ends long before
-// its discriminants reach n.
-constexpr uint64_t FirstLargeWord = 1'009;
-
-bool IsSmallPrime(uint64_t n) {
-    return std::binary_search(SmallPrimeTable.begin(), SmallPrimeTable.end(), n);
-}
 
 // The Jacobi symbol (a / n) for an odd n; 0 where there is a common factor.
 int JacobiSymbolOfWords(uint64_t a, uint64_t n) {
@@ -41,11 +32,12 @@ int JacobiSymbolOfWords(uint64_t a, uint64_t n) {
 
 // The strong Lucas test with Selfridge's parameters: D is the first of 5, -7, 9, -11, ... with
 // (D / n) = -1, P = 1 and Q = (1 - D) / 4. With n + 1 = d 2^s and an odd d, n passes when it
-// divides U(d) or one of V(d 2^r), for r from 0 to s - 1. n is odd, from FirstLargeWord on and
+// divides U(d) or one of V(d 2^r), for r from 0 to s - 1. n is odd, from FirstLargePrime on and
 // below 2^64 - 1.
 //
 // The search for D ends at the least prime factor of n at the latest. Only squares get so far, and
-// the only ones that pass to base 2 are those of products of 1093 and 3511.
+// the only ones that pass to base 2 are those of products of 1093 and 3511. For a prime n it ends
+// long before D reaches n.
 //
 // U is not computed: D U(k) = 2 V(k + 1) - P V(k), and D has an inverse.
 // Source: Baillie and Wagstaff, "Lucas pseudoprimes", Math. Comp. 35 (1980), method A.
@@ -105,7 +97,7 @@ bool PassesStrongLucasTest(const WordModulus& modulus) {
 
 bool IsPrimeOddWord(uint64_t n) {
     TALLYMERE_REQUIRE((n & 1) != 0 && n >= 3);
-    if (n < FirstLargeWord) {
+    if (n < FirstLargePrime) {
         return IsSmallPrime(n);
     }
     const WordModulus modulus = PrepareModulus(n);
@@ -114,7 +106,7 @@ bool IsPrimeOddWord(uint64_t n) {
 }
 
 bool IsPrimeWord(uint64_t n) {
-    if (n < FirstLargeWord) {
+    if (n < FirstLargePrime) {
         return IsSmallPrime(n);
     }
     return (n & 1) != 0 && !HasSmallOddPrime(&n, 1) && IsPrimeOddWord(n);

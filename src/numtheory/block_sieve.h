@@ -14,9 +14,8 @@
 
 namespace tallymere {
 
-/// The highest bound of the sieving primes: SmallPrimeTable finds all primes up to here, since the
-/// next prime behind it is 1009.
-inline constexpr uint32_t MaxSieveBound = 1'009 * 1'009 - 1;
+/// The highest bound of the sieving primes: SmallPrimeTable alone finds all primes up to here.
+inline constexpr uint32_t MaxSieveBound = FirstLargePrime * FirstLargePrime - 1;
 
 /// The longest block: 32,768 bytes, which a processor keeps at hand.
 inline constexpr int64_t MaxSieveBlock = int64_t{1} << 18;

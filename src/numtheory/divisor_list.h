@@ -7,9 +7,9 @@
 
 namespace tallymere {
 
-/// The most divisors of a list. With up to so many divisors never more than 3,432 have the same
-/// number of prime factors, those of seven out of 14 primes, so a limit of 4,096 for these needs no
-/// check of its own.
+/// The most divisors of a list. Among so many, at most 3,432 have the same number of prime factors:
+/// the products of seven out of 14 primes. So the limit of 4,096 for these is never reached, and
+/// nothing checks it.
 inline constexpr int64_t MaxDivisors = 16'384;
 
 /// The largest exponent of a prime for which a list is made.
@@ -30,9 +30,9 @@ void InsertSortedDivisor(DivisorList* list, const uint64_t* value);
 
 /// Fills the list with all divisors of the number whose prime factors are `factors`, in ascending
 /// order, 1 and the number among them. The factors are distinct primes, and the number is below
-/// 2^128. For more than MaxDivisors, for an exponent outside 1 to
-/// MaxDivisorMultiplicity, and where the count of `factors` is -1, the count is -1 and the array
-/// has no meaning. The time is that of 2,000,000 comparisons at most; no stop is polled.
+/// 2^128. For more than MaxDivisors, for an exponent outside 1 to MaxDivisorMultiplicity, and where
+/// the count of `factors` is -1, the count is -1 and the array has no meaning. The time
+/// is that of 2,000,000 comparisons at most; no stop is polled.
 void BuildDivisorList(DivisorList* list, const FactorList* factors);
 
 }  // namespace tallymere

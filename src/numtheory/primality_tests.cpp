@@ -17,13 +17,6 @@ namespace tallymere {
 
 namespace {
 
-// Below it SmallPrimeTable settles every number.
-constexpr uint64_t FirstLargeNumber = 1'009;
-
-bool IsInSmallPrimeTable(uint64_t n) {
-    return std::binary_search(SmallPrimeTable.begin(), SmallPrimeTable.end(), n);
-}
-
 // (2 / n) for an odd n, from its lowest limb.
 int32_t JacobiSymbolOfTwo(const uint64_t* n) {
     return ((n[0] * n[0] - 1) & 8) == 0 ? 1 : -1;
@@ -74,8 +67,8 @@ bool PowerIsSymbol(int base, int32_t symbol, const uint64_t* n) {
 
 int IsCompositeNumber(const uint64_t* n) {
     const int64_t limbs = BigUintLength(n);
-    if (limbs <= 1 && n[0] < FirstLargeNumber) {
-        return IsInSmallPrimeTable(n[0]) ? 0 : 1;
+    if (limbs <= 1 && n[0] < FirstLargePrime) {
+        return IsSmallPrime(n[0]) ? 0 : 1;
     }
     if ((n[0] & 1) == 0 || HasSmallOddPrime(n, limbs)) {
         return 1;

@@ -9,6 +9,7 @@
 #include "numtheory/block_sieve.h"
 #include "numtheory/primality_tests.h"
 #include "numtheory/prime_proof.h"
+#include "numtheory/small_primes.h"
 
 namespace tallymere {
 
@@ -21,9 +22,6 @@ constexpr int64_t BlockGrowth = 8;
 
 // The bound of the sieving primes grows with the length of the block, in odd numbers.
 constexpr int64_t BoundPerNumber = 4;
-
-// The last prime of SmallPrimeTable.
-constexpr uint32_t HighestSmallPrime = 997;
 
 enum class Verdict { Composite, Prime, Unknown };
 

@@ -22,7 +22,7 @@ struct PrimeSink {
 enum class SearchOutcome {
     Complete,     ///< all numbers were visited
     EndedBySink,  ///< the sink wanted no more
-    Stopped,      ///< the stop request ended it
+    Stopped,      ///< the stop request ended it; CalcErrorCancelled may be noted
     Failed,       ///< a CalcError is noted
 };
 

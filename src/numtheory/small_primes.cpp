@@ -1,5 +1,6 @@
 #include "numtheory/small_primes.h"
 
+#include <algorithm>
 #include <cstddef>
 
 #include "core/limb.h"
@@ -61,7 +62,7 @@ constexpr std::array<uint8_t, PrimeGapWheelSize> MakeWheel() {
 }  // namespace
 
 constexpr std::array<uint16_t, SmallPrimeCount> SmallPrimeTable = MakeSmallPrimes();
-static_assert(SmallPrimeTable.back() == 997);
+static_assert(SmallPrimeTable.back() == HighestSmallPrime);
 
 constexpr std::array<uint8_t, PrimeGapWheelSize> PrimeGapWheel = MakeWheel();
 
@@ -121,6 +122,10 @@ constexpr auto PrimeGroups = [] {
 }();
 
 }  // namespace
+
+bool IsSmallPrime(uint64_t n) {
+    return std::binary_search(SmallPrimeTable.begin(), SmallPrimeTable.end(), n);
+}
 
 bool HasSmallOddPrime(const uint64_t* n, int64_t limbs) {
     TALLYMERE_REQUIRE(limbs >= 1);

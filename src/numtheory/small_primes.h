@@ -17,6 +17,13 @@ inline constexpr int64_t SmallPrimeCount = 168;
 /// The primes from 2 to 997 in ascending order.
 extern const std::array<uint16_t, SmallPrimeCount> SmallPrimeTable;
 
+/// The last of them, and the prime that follows it.
+inline constexpr uint32_t HighestSmallPrime = 997;
+inline constexpr uint32_t FirstLargePrime = 1'009;
+
+/// True when n is one of them. For an n below FirstLargePrime: true when n is prime.
+bool IsSmallPrime(uint64_t n);
+
 /// The product of the primes from 2 to 13: the length of the stretch that repeats.
 inline constexpr uint64_t PrimeGapWheelPeriod = 2 * 3 * 5 * 7 * 11 * 13;
 

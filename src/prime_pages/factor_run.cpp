@@ -1,7 +1,6 @@
 #include "prime_pages/factor_run.h"
 
 #include "exact/big_uint.h"
-#include "numtheory/divisor_list.h"
 #include "numtheory/factorize_number.h"
 #include "prime_pages/run_progress.h"
 #include "shell/text_format.h"
@@ -11,12 +10,6 @@
 namespace tallymere {
 
 namespace {
-
-constexpr int64_t LimbsOfFactors = 2;
-static_assert(FactorDivisorWords == MaxDivisors * LimbsOfFactors);
-
-// Room in a piece beside the longest number.
-constexpr int64_t WordCharacters = 100;
 
 struct FactorRun {
     const FactorRequest& request;
@@ -30,7 +23,7 @@ void RaiseTooMany(FactorRun& run, const uint64_t* number) {
 // A factor with its multiplicity, which is written by the same flags: in base 16 it is hexadecimal.
 void SendFactor(FactorRun& run, const FactorList& factors, int64_t index) {
     AddPieceNumber(run.writer, factors.primes[index]);
-    const uint64_t multiplicity[LimbsOfFactors] = {factors.multiplicities[index], 0};
+    const uint64_t multiplicity[FactorLimbs] = {factors.multiplicities[index], 0};
     if (multiplicity[0] >= 2) {
         AddPieceText(run.writer, u"^");
         AddPieceNumber(run.writer, multiplicity);
@@ -61,7 +54,7 @@ void SendDivisorsLine(FactorRun& run, const uint64_t* number, const DivisorList&
     AddPieceText(run.writer, u" = { ");
     SendPiece(run.writer);
     for (int64_t i = 0; i < divisors.count; i++) {
-        AddPieceNumber(run.writer, divisors.divisors + LimbsOfFactors * i);
+        AddPieceNumber(run.writer, divisors.divisors + FactorLimbs * i);
         AddPieceText(run.writer, i < divisors.count - 1 ? u", " : u"");
         SendPiece(run.writer);
     }
@@ -101,14 +94,14 @@ void RunNumber(FactorRun& run, const uint64_t* number) {
 }  // namespace
 
 NumberSetup FactorNumberSetup() {
-    return {.type = NumberTypeUint, .width = UintWidthForLimbs(LimbsOfFactors)};
+    return {.type = NumberTypeUint, .width = UintWidthForLimbs(FactorLimbs)};
 }
 
 void FactorWorker(const FactorRequest& request, SendText send) {
     BeginRunProgress(static_cast<uint64_t>(request.interval));
     ScratchStackScope scope;
-    FactorRun run = {request, MakePieceWriter(scope, send, request.printFlags, WordCharacters)};
-    uint64_t number[LimbsOfFactors] = {request.number[0], request.number[1]};
+    FactorRun run = {request, MakePieceWriter(scope, send, request.printFlags)};
+    uint64_t number[FactorLimbs] = {request.number[0], request.number[1]};
     for (int32_t i = 0; i < request.interval; i++) {
         RunNumber(run, number);
         if (RunShouldEnd()) {

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "core/number_setup.h"
+#include "numtheory/divisor_list.h"
 #include "prime_pages/page_output.h"
 
 namespace tallymere {
@@ -12,17 +13,17 @@ namespace tallymere {
 /// The largest interval.
 inline constexpr int64_t MaxFactorInterval = 1'000'000;
 
-/// Words of the room for a list of divisors: 16,384 numbers of two limbs.
-inline constexpr int64_t FactorDivisorWords = 16'384 * 2;
+/// Words of the room for a list of divisors.
+inline constexpr int64_t FactorDivisorWords = MaxDivisors * FactorLimbs;
 
 struct FactorRequest {
-    bool showDivisors;    ///< divisors instead of prime factors
-    bool showCount;       ///< with showDivisors alone: their number as well
-    uint64_t number[2];   ///< the first of the interval, not 0
-    int32_t interval;     ///< 1 to MaxFactorInterval
-    uint32_t printFlags;  ///< of prime_fields.h
-    uint32_t parseFlags;  ///< likewise; what the number was read with
-    uint64_t* divisors;   ///< FactorDivisorWords words of the caller; null unless showDivisors
+    bool showDivisors;             ///< divisors instead of prime factors
+    bool showCount;                ///< with showDivisors alone: their number as well
+    uint64_t number[FactorLimbs];  ///< the first of the interval, not 0
+    int32_t interval;              ///< 1 to MaxFactorInterval
+    uint32_t printFlags;           ///< of prime_fields.h
+    uint32_t parseFlags;           ///< likewise; what the number was read with
+    uint64_t* divisors;            ///< FactorDivisorWords of the caller; null unless showDivisors
 };
 
 /// What a run is calculated with: 2 limbs and 38 digits.

@@ -6,11 +6,20 @@
 
 namespace tallymere {
 
-PieceWriter MakePieceWriter(ScratchScope& scope, SendText send, uint32_t printFlags, int64_t more) {
+namespace {
+
+// Room in a piece beside the longest number, for the words of a header, of a test's result and of a
+// last line.
+constexpr int64_t WordCharacters = 100;
+
+}  // namespace
+
+PieceWriter MakePieceWriter(ScratchScope& scope, SendText send, uint32_t printFlags) {
     const int64_t longest = BigUintTextLength(printFlags);
+    const int64_t room = longest + WordCharacters;
     return {.send = send,
             .printFlags = printFlags,
-            .piece = {0, longest + more, TakeText(scope, longest + more)},
+            .piece = {0, room, TakeText(scope, room)},
             .number = TakeText(scope, longest)};
 }
 

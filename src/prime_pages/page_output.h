@@ -21,9 +21,9 @@ struct PieceWriter {
     char16_t* number;     ///< room for the text of any number
 };
 
-/// A writer whose pieces have room for the longest number and `more` characters. The texts lie in
-/// the scope.
-PieceWriter MakePieceWriter(ScratchScope& scope, SendText send, uint32_t printFlags, int64_t more);
+/// A writer whose pieces have room for the longest number and some words beside it. The texts lie
+/// in the scope.
+PieceWriter MakePieceWriter(ScratchScope& scope, SendText send, uint32_t printFlags);
 
 /// A number as the run writes it. The text is there until the next number is written.
 const char16_t* PieceNumberText(PieceWriter& writer, const uint64_t* number);

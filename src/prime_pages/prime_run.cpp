@@ -14,10 +14,6 @@ namespace tallymere {
 
 namespace {
 
-// Room in a piece beside the longest number, for the words of a header, of a test's result and of
-// the last line.
-constexpr int64_t WordCharacters = 100;
-
 struct PrimeRun {
     const PrimeRequest& request;
     PieceWriter writer;
@@ -134,7 +130,7 @@ NumberSetup PrimeNumberSetup(PrimeMethod method) {
 void PrimeWorker(const PrimeRequest& request, SendText send) {
     BeginRunProgress(0);
     ScratchStackScope scope;
-    PrimeRun run = {request, MakePieceWriter(scope, send, request.printFlags, WordCharacters), 0};
+    PrimeRun run = {request, MakePieceWriter(scope, send, request.printFlags), 0};
     switch (request.method) {
         case NoMethod:
             break;

@@ -267,7 +267,7 @@ class OptionTest(ConsoleCase):
 
     def test_values_beyond_the_limits(self):
         for word, highest in (("factor", 1_000_000), ("primes", 2_147_483_647)):
-            for value in ("0", str(highest + 1), "x", "-1", "1.5"):
+            for value in ("", " ", "0", str(highest + 1), "x", "-1", "1.5"):
                 with self.subTest(word=word, value=value):
                     self.check_refused([word, "--interval", value, "7"],
                                        f'--interval: "{value}" is not allowed; '

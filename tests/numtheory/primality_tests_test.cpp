@@ -89,6 +89,7 @@ TEST(IsCompositeNumber, DividesByTheSmallPrimesBeforeAnyPower) {
         EXPECT_EQ(IsCompositeNumber(ones), 1);
         EXPECT_EQ(IsComposite("1000000006"), 1);
         EXPECT_EQ(IsComposite("1729"), 1);
+        EXPECT_EQ(IsComposite("561"), 1);
         UintBuffer n;
         for (uint64_t p = 3; p < 1000; p += 2) {
             BigUintFromUnsigned(n, 2'147'483'647 * p);

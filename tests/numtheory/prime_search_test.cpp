@@ -3,7 +3,6 @@
 #include <atomic>
 #include <thread>
 
-#include "numtheory/small_primes.h"
 #include "prime_search_testing.h"
 
 namespace tallymere {
@@ -151,10 +150,6 @@ TEST_F(PrimeSearch, KeepsNothingThatGrowsWithTheInterval) {
               SearchOutcome::EndedBySink);
     EXPECT_LE(stack.highWaterWords * BytesPerWord, 1'200'000);
     stack.highWaterWords = std::max(usual, stack.highWaterWords);
-}
-
-TEST(SmallPrimesOfTheSearch, EndWith997) {
-    EXPECT_EQ(SmallPrimeTable.back(), 997);
 }
 
 }  // namespace

@@ -32,6 +32,15 @@ TEST(SmallPrimeTable, HoldsThePrimesBelow1000) {
     EXPECT_EQ(SmallPrimeTable.back(), 997);
 }
 
+TEST(SmallPrimeTable, SettlesWhatIsBelowTheNextPrime) {
+    EXPECT_EQ(HighestSmallPrime, 997u);
+    EXPECT_TRUE(HasNoDivisor(FirstLargePrime));
+    for (uint64_t n = 0; n < FirstLargePrime; n++) {
+        EXPECT_EQ(IsSmallPrime(n), HasNoDivisor(n)) << n;
+    }
+    EXPECT_FALSE(IsSmallPrime(FirstLargePrime));
+}
+
 TEST(PrimeGapWheel, BeginsWithTheStepsTo17) {
     EXPECT_EQ(PrimeGapWheel.size(), 5767u);
     const std::vector<uint8_t> first(PrimeGapWheel.begin(), PrimeGapWheel.begin() + 9);

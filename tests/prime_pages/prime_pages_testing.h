@@ -35,10 +35,8 @@ inline std::u16string KeptText() {
 struct RunResult {
     std::u16string text;
     UiErrorCode error;
-    std::u16string argument;  ///< of the error
-    bool operator==(const RunResult& other) const {
-        return text == other.text && error == other.error;
-    }
+    std::u16string argument;  ///< of the error; empty where there is none
+    bool operator==(const RunResult& other) const = default;
 };
 
 inline void PrintTo(const RunResult& result, std::ostream* out) {
@@ -51,7 +49,7 @@ inline void PrintTo(const RunResult& result, std::ostream* out) {
             *out << static_cast<char>(c < 128 ? c : u'#');
         }
     }
-    *out << " error " << result.error;
+    *out << " error " << result.error << " " << testing::PrintToString(result.argument);
 }
 
 /// A run without an error.
@@ -99,6 +97,9 @@ protected:
         TakeStopRequest();
         RunResult result = {KeptText(), UiErrorNone, u""};
         result.error = TakeError(&result.argument);
+        if (result.argument == u"?") {
+            result.argument.clear();
+        }
         return result;
     }
 
