@@ -11,22 +11,22 @@ import select
 import signal
 import subprocess
 import sys
+import time
 import unittest
 from pathlib import Path
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
+from console_support import MESSAGES as FORMULA_MESSAGES  # noqa: E402
 from console_support import (CONSOLE, NATIVE, SECONDS, SEED, ConsoleCase,  # noqa: E402
                              keep_console_waiting, run, start)
 
 MESSAGES = {
-    "en": {1000: 'Invalid input "{}" !',
-           1003: "The text entered is too long!",
-           3000: "Overflow in prime number calculation!",
-           3100: "Overflow in prime factor calculation!",
-           3101: 'The number "{}" has to many prime factors or divisors!'},
-    "de": {1000: 'Ungültige Eingabe "{}" !',
-           3000: "Überlauf bei der Primzahlberechnung!"},
+    "en": FORMULA_MESSAGES["en"] | {
+        3000: "Overflow in prime number calculation!",
+        3100: "Overflow in prime factor calculation!",
+        3101: 'The number "{}" has to many prime factors or divisors!'},
+    "de": FORMULA_MESSAGES["de"] | {3000: "Überlauf bei der Primzahlberechnung!"},
 }
 TOP = 2**128 - 1
 LAST_PRIME = 2**128 - 159
@@ -247,6 +247,12 @@ class InputTest(ConsoleCase):
         self.check(["factor"], b"\xff\n6\n1\x002\n",
                    [error_line(1000, "\ufffd"), "6 = 2 * 3", error_line(1000, "1\ufffd2")],
                    status=1)
+        self.check(["factor", "--language", "de"], b"\xff\n",
+                   [error_line(1000, "\ufffd", "de")], status=1)
+
+    def test_a_line_of_more_than_16_mib(self):
+        self.check(["factor"], b"7" * (2**24 + 1) + b"\n6\n", [error_line(1003), "6 = 2 * 3"],
+                   status=1)
 
     def test_an_error_starts_on_a_line_of_its_own(self):
         self.check(["primes", "--interval", "9", str(TOP), "0"], b"",
@@ -274,6 +280,9 @@ class OptionTest(ConsoleCase):
                                        f"allowed: 1 to {highest}")
         self.check_refused(["factor", "--base", "16", "--interval", "f4241", "7"],
                            '--interval: "f4241" is not allowed; allowed: 1 to F4240')
+        if NATIVE:  # a byte that is no text
+            self.check_refused(["factor", "--interval", "\udcff", "7"],
+                               '--interval: "\ufffd" is not allowed; allowed: 1 to 1000000')
 
     def test_the_largest_interval(self):
         with subprocess.Popen(CONSOLE + ["primes", "--interval", "2147483647", "1"],
@@ -347,8 +356,9 @@ if NATIVE:
             with start(self.LONG) as process:
                 process.stdout.readline()
                 process.send_signal(signal.SIGINT)
-                process.stdout.read()
+                rest = process.stdout.read()
                 self.assertEqual(130, process.wait(SECONDS))
+                self.assertNotIn(b"error", rest)
 
         def test_output_that_cannot_be_written_ends_the_run(self):
             with open("/dev/full", "wb") as full:
@@ -373,6 +383,37 @@ if NATIVE:
                 os.close(reader)
             self.assertRegex(shown, rb"\r1 s, \d+ of 2147483647 numbers")
             self.assertRegex(shown, rb"\r *\r$")
+
+        def test_a_line_that_has_not_ended_is_not_written_over(self):
+            reader, terminal = os.openpty()
+            with subprocess.Popen(CONSOLE + self.LONG, stdout=terminal,
+                                  stderr=terminal) as process:
+                os.close(terminal)
+                shown = b""
+                while b"{ " not in shown:
+                    self.assertTrue(select.select([reader], [], [], SECONDS)[0])
+                    shown += os.read(reader, 4096)
+                end = time.monotonic() + 1.5
+                while select.select([reader], [], [], max(end - time.monotonic(), 0))[0]:
+                    shown += os.read(reader, 4096)
+                process.send_signal(signal.SIGINT)
+                self.assertEqual(130, process.wait(SECONDS))
+                os.close(reader)
+            self.assertNotIn(b" s, ", shown)
+
+        def test_a_terminal_is_asked_for_numbers(self):
+            writer, terminal = os.openpty()
+            with subprocess.Popen(CONSOLE + ["factor"], stdin=terminal, stdout=subprocess.PIPE,
+                                  stderr=subprocess.PIPE) as process:
+                os.close(terminal)
+                os.write(writer, b"6\n")
+                self.assertEqual(b"6 = 2 * 3\n", process.stdout.readline())
+                os.write(writer, b"\x04")
+                self.assertEqual((b"", b"Tallymere: type a number and press Enter; Ctrl+D on an "
+                                       b"empty line leaves.\n> > \n"),
+                                 process.communicate(timeout=SECONDS))
+                self.assertEqual(0, process.returncode)
+                os.close(writer)
 
         def test_without_a_terminal_nothing_is_shown(self):
             with start(self.LONG) as process:
