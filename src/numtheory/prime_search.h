@@ -33,8 +33,8 @@ inline constexpr uint64_t MaxSearchCount = uint64_t{1} << 62;
 ///
 /// `start` is a BigUint of two limbs, not 0; the width in force is two limbs. `count` is 1 to
 /// MaxSearchCount. An interval that leaves the width is searched up to the end of the width and
-/// then fails with CalcErrorOverflow. With a code noted before, nothing is visited and the search
-/// has failed.
+/// then fails with CalcErrorOverflow. With a code noted before, nothing is visited: the search has
+/// failed, or was stopped where that code is CalcErrorCancelled.
 ///
 /// Method: a sieve over blocks. What it leaves over is prime where it has struck the multiples of
 /// all primes up to the square root, else ProvePrimality decides.
@@ -42,9 +42,7 @@ SearchOutcome SearchPrimesExactly(const uint64_t* start, uint64_t count, PrimeSi
 
 /// The numbers among `count` from `start` on that IsCompositeNumber takes for prime.
 ///
-/// `start` is a BigUint of the width in force, not 0. `count` is 1 to MaxSearchCount. An interval
-/// that leaves the width is searched up to the end of the width and then fails with
-/// CalcErrorOverflow. With a code noted before, nothing is visited and the search has failed.
+/// `start` is a BigUint of the width in force, not 0. The rest is as in SearchPrimesExactly.
 ///
 /// Method: a sieve over blocks by the primes of SmallPrimeTable, by which IsCompositeNumber divides
 /// first as well; IsCompositeNumber judges the others.

@@ -82,6 +82,10 @@ TEST_F(PrimeSearch, VisitsNothingBehindACodeThatWasNoted) {
             EXPECT_TRUE(found.primes.empty());
             EXPECT_EQ(found.outcome, SearchOutcome::Failed);
             EXPECT_EQ(TakeCode(), CalcErrorOverflow);
+
+            numberContext.calcError = CalcErrorCancelled;
+            EXPECT_EQ(Search(search, UintBuffer(start), 20).outcome, SearchOutcome::Stopped);
+            EXPECT_EQ(TakeCode(), CalcErrorCancelled);
         }
     }
 }
