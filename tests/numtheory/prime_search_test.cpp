@@ -1,5 +1,6 @@
 #include "numtheory/prime_search.h"
 
+#include <algorithm>
 #include <atomic>
 #include <thread>
 
@@ -41,7 +42,8 @@ TEST_F(PrimeSearch, EndsWhenItsSinkWantsNoMore) {
 }
 
 // The squares of 1093 and 3511 pass the Euler test to base 2. The others pass that to base 3 as
-// well and have no factor below 1000: 1069 * 2137, 1303 * 5209, 1999 * 7993 and so on.
+// well and have no factor below 1000: 1069 * 2137, 1303 * 5209, 1999 * 7993 and so on. The last one
+// is 1009 * 8896609: its least factor is the first prime that nobody divides by.
 TEST_F(PrimeSearch, TakesPseudoprimesWithTheProbabilisticMethodAlone) {
     for (const char* number : {"1194649", "12327121"}) {
         for (const SearchPrimes search : BothSearches) {
@@ -49,10 +51,19 @@ TEST_F(PrimeSearch, TakesPseudoprimesWithTheProbabilisticMethodAlone) {
         }
     }
     for (const char* number :
-         {"2284453", "6787327", "11541307", "13694761", "15978007", "16070429"}) {
+         {"2284453", "6787327", "11541307", "13694761", "15978007", "16070429", "8976678481"}) {
         EXPECT_TRUE(Search(SearchPrimesExactly, UintBuffer(number), 1).primes.empty()) << number;
         EXPECT_EQ(Search(SearchPrimesProbably, UintBuffer(number), 1).primes, Primes{number});
     }
+}
+
+// The second block has 604 odd numbers, so that the primes up to 2416 sieve it. 2417 is the next.
+TEST_F(PrimeSearch, JudgesTheSquareOfTheFirstPrimeBehindTheSieve) {
+    const uint64_t square = 2'417 * 2'417;
+    const UintBuffer start(std::to_string(square - 1'600));
+    const Primes primes = Search(SearchPrimesExactly, start, 2 * (512 + 604) - 1).primes;
+    EXPECT_EQ(std::count(primes.begin(), primes.end(), std::to_string(square)), 0);
+    EXPECT_EQ(std::count(primes.begin(), primes.end(), "5841907"), 1);
 }
 
 TEST_F(PrimeSearch, FailsAtTheEndOfTheWidth) {
