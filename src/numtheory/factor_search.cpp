@@ -94,10 +94,10 @@ Wide FindDivisorByWalk(Wide n) {
             return {0, walk.divisor};
         }
         if (candidates % CandidatesPerPoll == 0 && StopRequested()) {
-            break;
+            return {0, 0};
         }
     }
-    return {0, 0};
+    return n;
 }
 
 Wide FindDivisor(Wide composite) {

@@ -18,8 +18,8 @@ namespace tallymere {
 Wide FindDivisor(Wide composite);
 
 /// The least divisor above 1 of an odd n of at least 3, by the walk along the wheel up to the
-/// square root; {0, 0} for a prime and after a stop was requested, which is polled every
-/// millisecond.
+/// square root: n itself if n is a prime. {0, 0} when a stop was requested before the end, which is
+/// polled every millisecond.
 Wide FindDivisorByWalk(Wide n);
 
 }  // namespace tallymere

@@ -179,10 +179,11 @@ Primality ProveByPredecessor(Wide n) {
 }
 
 Primality ProveByWalk(Wide n) {
-    if (!IsZero(FindDivisorByWalk(n))) {
-        return Primality::Composite;
+    const Wide divisor = FindDivisorByWalk(n);
+    if (IsZero(divisor)) {
+        return Primality::Unknown;
     }
-    return StopRequested() ? Primality::Unknown : Primality::Prime;
+    return divisor == n ? Primality::Prime : Primality::Composite;
 }
 
 }  // namespace tallymere

@@ -130,8 +130,8 @@ TEST(FactorSearch, FindsTheSameDivisorAgain) {
 
 TEST(FactorSearch, WalksToTheLeastDivisor) {
     EXPECT_EQ(FindDivisorByWalk({0, 9}), (Wide{0, 3}));
-    EXPECT_EQ(FindDivisorByWalk({0, 3}), (Wide{0, 0}));
-    EXPECT_EQ(FindDivisorByWalk({0, 997}), (Wide{0, 0}));
+    EXPECT_EQ(FindDivisorByWalk({0, 3}), (Wide{0, 3}));
+    EXPECT_EQ(FindDivisorByWalk({0, 997}), (Wide{0, 997}));
     EXPECT_EQ(FindDivisorByWalk({0, 997 * 997}), (Wide{0, 997}));
     EXPECT_EQ(FindDivisorByWalk(ToWide(Product({30'029, 30'047, uint64_t{0} - 59}))),
               (Wide{0, 30'029}));

@@ -183,6 +183,14 @@ TEST(ProvePrimality, IsUnknownAfterAStop) {
     EXPECT_EQ(Prove("2^64-59"), Primality::Prime);
 }
 
+// What calls a number prime is the end of the walk, not that no stop is requested behind it.
+TEST(ProveByWalk, KnowsWhatAWalkHasProvenBeforeItHearsOfAStop) {
+    uint8_t stop = 1;
+    const FieldScope<uint8_t*> flag(numberContext.abortFlag, &stop);
+    EXPECT_EQ(ProveByWalk({0, 997}), Primality::Prime);
+    EXPECT_EQ(ProveByWalk({0, 997 * 997}), Primality::Composite);
+}
+
 // The walk to the square root of 2^127 - 1 takes thousands of years.
 TEST(ProveByWalk, StopsInTheMiddle) {
     uint8_t stop = 0;
