@@ -149,7 +149,9 @@ class PrimeRunTest(PrimeCase):
                 self.leave_message(self.program, "Error")
                 self.assertEqual(number, self.page(item)["number"].text)
                 self.assertTrue(self.page(item).is_idle())
-            self.close_page(item)
+            # Behind a message the keyboard may be in another window.
+            self.click(self.page(item)["close"])
+            self.program.wait_until_hidden(self.title(item))
 
     def start_endless_run(self, item, start=None):
         self.type_into(item, "number", start or SLOW_START[item])
