@@ -272,16 +272,23 @@ constexpr FunctionRow FunctionTable[FunctionCount] = {
 
 namespace {
 
-constexpr bool EveryIdHasItsRow() {
+constexpr Id FirstIdWithoutItsRow() {
     for (int64_t i = 0; i < FunctionCount; i++) {
         const FunctionRow& row = FunctionTable[i];
-        if (row.id != static_cast<FunctionId>(i) || row.name == nullptr) {
-            return false;
+        if (row.id != static_cast<Id>(i) || row.name == nullptr) {
+            return static_cast<Id>(i);
         }
     }
-    return true;
+    return Id::Count;
 }
-static_assert(EveryIdHasItsRow(), "the rows stand in the order of the ids, one for each");
+
+// A template, so that the compiler names the id.
+template <Id FirstWithoutItsRow>
+struct EveryIdHasItsRow {
+    static_assert(FirstWithoutItsRow == Id::Count,
+                  "the rows stand in the order of the ids, one for each");
+};
+template struct EveryIdHasItsRow<FirstIdWithoutItsRow()>;
 
 constexpr bool ArgumentsFitACall() {
     for (const FunctionRow& row : FunctionTable) {

@@ -103,16 +103,23 @@ constexpr OperatorRow OperatorTable[OperatorCount] = {
 
 namespace {
 
-constexpr bool EveryIdHasItsRow() {
+constexpr Id FirstIdWithoutItsRow() {
     for (int64_t i = 0; i < OperatorCount; i++) {
         const OperatorRow& row = OperatorTable[i];
-        if (row.id != static_cast<OperatorId>(i) || row.spelling == nullptr) {
-            return false;
+        if (row.id != static_cast<Id>(i) || row.spelling == nullptr) {
+            return static_cast<Id>(i);
         }
     }
-    return true;
+    return Id::Count;
 }
-static_assert(EveryIdHasItsRow(), "the rows stand in the order of the ids, one for each");
+
+// A template, so that the compiler names the id.
+template <Id FirstWithoutItsRow>
+struct EveryIdHasItsRow {
+    static_assert(FirstWithoutItsRow == Id::Count,
+                  "the rows stand in the order of the ids, one for each");
+};
+template struct EveryIdHasItsRow<FirstIdWithoutItsRow()>;
 
 constexpr bool ALevelHasOneAssociativity() {
     for (const OperatorRow& a : OperatorTable) {
