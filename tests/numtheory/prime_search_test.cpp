@@ -114,6 +114,20 @@ TEST_F(PrimeSearch, StopsWhenItIsAskedTo) {
     }
 }
 
+// The request comes behind the last poll of the search, while the only number is judged.
+TEST_F(PrimeSearch, StopsWithinTheJudgementOfItsLastNumber) {
+    const PrimeSink sink = {[](void*, const uint64_t*) {
+                                ADD_FAILURE() << "a number that was not judged to the end";
+                                return true;
+                            },
+                            nullptr, [](void*, uint64_t) { RequestStop(); }};
+    for (const SearchPrimes search : BothSearches) {
+        EXPECT_EQ(search(UintBuffer("2^128-159"), 1, sink), SearchOutcome::Stopped);
+        ClearStopRequest();
+        numberContext.calcError = CalcErrorNone;
+    }
+}
+
 // Nobody else ends this search: 2^62 numbers take years.
 TEST_F(PrimeSearch, StopsWhenAnotherThreadAsksForIt) {
     for (const SearchPrimes search : BothSearches) {
