@@ -1,7 +1,7 @@
 #include "console/factor_word.h"
 
 #include "console/output.h"
-#include "console/prime_words.h"
+#include "console/prime_word_kit.h"
 #include "prime_pages/factor_run.h"
 
 namespace tallymere {

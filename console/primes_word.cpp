@@ -1,7 +1,7 @@
 #include "console/primes_word.h"
 
 #include "console/output.h"
-#include "console/prime_words.h"
+#include "console/prime_word_kit.h"
 #include "prime_pages/prime_run.h"
 
 namespace tallymere {

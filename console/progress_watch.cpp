@@ -1,7 +1,5 @@
 #include "console/progress_watch.h"
 
-#include <chrono>
-
 #include "console/output.h"
 #include "core/stop_request.h"
 
@@ -10,7 +8,6 @@ namespace tallymere {
 namespace {
 
 constexpr auto WriteInterval = std::chrono::milliseconds(50);
-constexpr int WritesPerSecond = 20;
 
 }  // namespace
 
@@ -24,22 +21,37 @@ ProgressWatch::~ProgressWatch() {
     }
     ending_.notify_one();
     thread_.join();
+}
+
+void ProgressWatch::Begin() {
+    const std::scoped_lock lock(mutex_);
+    isWorking_ = true;
+    start_ = std::chrono::steady_clock::now();
+    secondsShown_ = 0;
+}
+
+void ProgressWatch::End() {
+    const std::scoped_lock lock(mutex_);
+    isWorking_ = false;
     ShowProgress({});
 }
 
 void ProgressWatch::Watch() {
-    const auto start = std::chrono::steady_clock::now();
     std::unique_lock lock(mutex_);
-    for (int writes = 1; !ending_.wait_for(lock, WriteInterval, [this] { return ended_; });
-         writes++) {
+    while (!ending_.wait_for(lock, WriteInterval, [this] { return ended_; })) {
+        if (!isWorking_) {
+            continue;
+        }
         if (!FlushOutput()) {
             RequestStop();
         }
-        if (writes % WritesPerSecond == 0) {
-            const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(
-                std::chrono::steady_clock::now() - start);
+        const int64_t seconds = std::chrono::duration_cast<std::chrono::seconds>(
+                                    std::chrono::steady_clock::now() - start_)
+                                    .count();
+        if (seconds > secondsShown_) {
+            secondsShown_ = seconds;
             const std::string description = describe_();
-            ShowProgress(std::to_string(seconds.count()) + " s" +
+            ShowProgress(std::to_string(seconds) + " s" +
                          (description.empty() ? "" : ", " + description));
         }
     }

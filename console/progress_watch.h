@@ -1,16 +1,18 @@
-// A run of some length: its output is written as it comes, and a person at a terminal sees how far
+// Work of some length: its output is written as it comes, and a person at a terminal sees how far
 // it is.
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
+#include <cstdint>
 #include <mutex>
 #include <string>
 #include <thread>
 
 namespace tallymere {
 
-/// While it lives, another thread writes the gathered output every 50 ms. After a second it shows,
-/// and every second anew, how long the run has taken and what `describe` says of it.
+/// Between Begin and End another thread writes the gathered output every 50 ms. After a second it
+/// shows, and every second anew, how long the work has taken and what `describe` says of it.
 class ProgressWatch {
 public:
     /// `describe` is called on the other thread. An empty text adds nothing.
@@ -19,6 +21,10 @@ public:
     ProgressWatch(const ProgressWatch&) = delete;
     ProgressWatch& operator=(const ProgressWatch&) = delete;
 
+    void Begin();
+    /// Takes the line of progress away.
+    void End();
+
 private:
     void Watch();
 
@@ -26,7 +32,10 @@ private:
     std::mutex mutex_;
     std::condition_variable ending_;
     bool ended_ = false;
-    std::thread thread_;
+    bool isWorking_ = false;
+    std::chrono::steady_clock::time_point start_;
+    int64_t secondsShown_ = 0;
+    std::thread thread_;  // last, since it uses the others
 };
 
 }  // namespace tallymere

@@ -52,7 +52,8 @@ struct PlanTables {
     static constexpr uint64_t CoveredWords = (SmallCount + 63) / 64;
     // The least common multiple of 1 to n is below 3^n.
     static constexpr uint64_t MultiplierWords = FirstBound * 8 / 5 / 64 + 1;
-    static_assert(FirstLarge >= 1 && Step % 6 == 0 && SecondBound < 997 * 997);
+    static_assert(FirstLarge >= 1 && Step % 6 == 0 &&
+                  SecondBound < HighestSmallPrime * HighestSmallPrime);
     static_assert(SmallCount <= MaxSmallMultiples && LargeCount <= MaxLargeMultiples);
 
     std::array<uint64_t, MultiplierWords> multiplier{};

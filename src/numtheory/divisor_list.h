@@ -31,8 +31,8 @@ void InsertSortedDivisor(DivisorList* list, const uint64_t* value);
 /// Fills the list with all divisors of the number whose prime factors are `factors`, in ascending
 /// order, 1 and the number among them. The factors are distinct primes, and the number is below
 /// 2^128. For more than MaxDivisors, for an exponent outside 1 to MaxDivisorMultiplicity, and where
-/// the count of `factors` is -1, the count is -1 and the array has no meaning. The time
-/// is that of 2,000,000 comparisons at most; no stop is polled.
+/// the count of `factors` is -1, the count is -1 and the array has no meaning. The stop
+/// request is not polled: the time hardly grows faster than the number of divisors.
 void BuildDivisorList(DivisorList* list, const FactorList* factors);
 
 }  // namespace tallymere

@@ -18,8 +18,9 @@ namespace tallymere {
 /// width, which may not be above MaxUintLimbs.
 inline constexpr int64_t MaxEulerTestLimbs = MaxUintLimbs / 2;
 
-/// 0 when n is taken for a prime; 1 when n is composite, 0 or 1. At more than MaxEulerTestLimbs
-/// limbs 1 and CalcErrorBadParameter for an n that only the Euler tests can judge.
+/// 0 when n is taken for a prime; 1 when n is composite, 0 or 1. The width may be more than
+/// MaxEulerTestLimbs limbs; an n that only the Euler tests can judge then gives 1 and notes
+/// CalcErrorBadParameter.
 int IsCompositeNumber(const uint64_t* n);
 
 /// True when 2^((n - 1) / 2) is the Jacobi symbol (2 / n) modulo n. n is odd and above 1008. False

@@ -13,10 +13,8 @@ import subprocess
 import sys
 import time
 import unittest
-from pathlib import Path
 
 sys.dont_write_bytecode = True
-sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
 from console_support import MESSAGES as FORMULA_MESSAGES  # noqa: E402
 from console_support import (CONSOLE, NATIVE, SECONDS, SEED, ConsoleCase,  # noqa: E402
                              keep_console_waiting, run, start)

@@ -1,7 +1,8 @@
 // Plain twins of the runs of the prime pages: each candidate is divided by each number of the
 // wheel, and the text of the run is made as it goes.
 //
-// They write in English and know no stop.
+// They write in English and know no stop. The test of a number by the probabilistic method, the
+// wheel and the integers are those of the program, which have twins and tests of their own.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-#include "console/prime_words.h"
+#include "console/prime_word_kit.h"
 
 #include "console/input_text.h"
 #include "console/interrupt.h"
@@ -27,15 +27,16 @@ std::string DescribeProgress() {
 }
 
 // Answers one operand; returns whether it succeeded.
-bool AnswerNumber(std::string_view bytes,
+bool AnswerNumber(std::string_view bytes, ProgressWatch& watch,
                   const std::function<void(const char16_t* number)>& answer) {
     // A stop that Ctrl+C asked for stays: it may have come shortly before this number.
     ClearPendingErrors();
     const InputText input = ReadInputText(bytes);
     const bool isBlank = input.errorPosition == 0 && IsBlankText(input.text);
     if (input.errorPosition == 0 && !isBlank) {
-        const ProgressWatch watch(DescribeProgress);
+        watch.Begin();
         answer(input.text.c_str());
+        watch.End();
     }
     if (isBlank || !OutputIsAtLineStart()) {
         GatherOutput("\n");
@@ -123,10 +124,11 @@ void SendToOutput(const char16_t* text) {
 int AnswerNumbers(const std::vector<std::string>& operands,
                   const std::function<void(const char16_t* number)>& answer) {
     OperandSource source(operands, "a number");
+    ProgressWatch watch(DescribeProgress);
     ExitStatus status = AllSucceeded;
     std::string operand;
     while (source.Next(operand)) {
-        if (!AnswerNumber(operand, answer)) {
+        if (!AnswerNumber(operand, watch, answer)) {
             status = SomethingFailed;
         }
         if (!FlushOutput()) {
