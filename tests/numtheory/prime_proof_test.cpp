@@ -6,6 +6,9 @@
 #include <thread>
 
 #include "core/number_context.h"
+#include "numtheory/montgomery.h"
+#include "numtheory/small_primes.h"
+#include "numtheory/strong_test.h"
 #include "reference/primality_twins.h"
 #include "support/exact_testing.h"
 
@@ -67,6 +70,24 @@ TEST(ProvePrimality, RejectsTheLeastStrongPseudoprimes) {
     // The primes next to it.
     EXPECT_EQ(Prove("3317044064679887385961813"), Primality::Prime);
     EXPECT_EQ(Prove("3317044064679887385962123"), Primality::Prime);
+}
+
+// p (3 p - 2) for primes p and 3 p - 2 that are chosen so that the products pass the strong test to
+// the first 13 primes as bases: nothing but their predecessors tells that they are composite.
+TEST(ProvePrimality, RejectsLongNumbersThatPassAllItsStrongTests) {
+    for (const uint64_t p :
+         {uint64_t{2'020'218'192'986'468'053}, uint64_t{3'340'981'611'310'617'853},
+          uint64_t{3'384'070'806'601'668'853}, uint64_t{3'447'344'593'750'040'653}}) {
+        const Wide n = wide::Multiply(p, 3 * p - 2);
+        const WideModulus modulus = PrepareModulus(n);
+        for (int i = 0; i < 13; i++) {
+            const Wide base = ToResidue(modulus, Wide{0, SmallPrimeTable[i]});
+            ASSERT_TRUE(PassesStrongTest(modulus,
+                                         [&](Wide x) { return ResidueMultiply(modulus, x, base); }))
+                << p << " " << SmallPrimeTable[i];
+        }
+        EXPECT_EQ(ProvePrimality(n), Primality::Composite) << p;
+    }
 }
 
 TEST(ProvePrimality, RejectsSquaresAndProducts) {
