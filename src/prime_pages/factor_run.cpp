@@ -69,8 +69,15 @@ void SendDivisorsLine(FactorRun& run, const uint64_t* number, const DivisorList&
 // Finds and sends the line of a number; an error or a stop ends it without one.
 void RunNumber(FactorRun& run, const uint64_t* number) {
     FactorList factors;
-    if (FactorizeNumber(&factors, number) == FactorOutcome::WrongWidth) {
-        SetUiError(UiErrorInternal);
+    switch (FactorizeNumber(&factors, number)) {
+        case FactorOutcome::Complete:
+            break;
+        case FactorOutcome::Stopped:
+            SetUiError(UiErrorStopped);
+            break;
+        case FactorOutcome::WrongWidth:
+            SetUiError(UiErrorInternal);
+            break;
     }
     TakeCalcError(UiErrorPrimeFactorOverflow);
     if (RunShouldEnd()) {

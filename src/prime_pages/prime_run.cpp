@@ -106,7 +106,11 @@ void RunSearch(PrimeRun& run, SearchPrimes search) {
 void RunExactMethod(PrimeRun& run) {
     if (run.request.mode == TestMode) {
         const uint64_t* number = run.request.number;
-        PrintTestResult(run, ProvePrimality({number[1], number[0]}) == Primality::Prime);
+        const Primality primality = ProvePrimality({number[1], number[0]});
+        if (primality == Primality::Unknown) {
+            SetUiError(UiErrorStopped);
+        }
+        PrintTestResult(run, primality == Primality::Prime);
     } else {
         RunSearch(run, SearchPrimesExactly);
     }
