@@ -11,8 +11,9 @@
 
 namespace tallymere {
 
-/// Between Begin and End another thread writes the gathered output every 50 ms. After a second it
-/// shows, and every second anew, how long the work has taken and what `describe` says of it.
+/// Between Begin and End another thread writes the gathered output every 50 ms. It requests a stop
+/// when the output cannot be written. After a second it shows, and every second anew, how long the
+/// work has taken and what `describe` says of it.
 class ProgressWatch {
 public:
     /// `describe` is called on the other thread. An empty text adds nothing.

@@ -7,9 +7,7 @@
 
 namespace tallymere {
 
-/// The most divisors of a list. Among so many, at most 3,432 have the same number of prime factors:
-/// the products of seven out of 14 primes. So the limit of 4,096 for these is never reached, and
-/// nothing checks it.
+/// The most divisors of a list.
 inline constexpr int64_t MaxDivisors = 16'384;
 
 /// The largest exponent of a prime for which a list is made.

@@ -14,8 +14,8 @@
 
 namespace tallymere {
 
-/// The widest integers, in limbs, that EulerTestBase2 takes: its powers are meant for twice the
-/// width, which may not be above MaxUintLimbs.
+/// The widest integers, in limbs, that EulerTestBase2 takes. The limit is kept on purpose: it is
+/// half of the widest integers that there are, though the powers need no more than the width.
 inline constexpr int64_t MaxEulerTestLimbs = MaxUintLimbs / 2;
 
 /// 0 when n is taken for a prime; 1 when n is composite, 0 or 1. The width may be more than
@@ -28,8 +28,8 @@ int IsCompositeNumber(const uint64_t* n);
 /// Source: Solovay and Strassen, "A fast Monte-Carlo test for primality".
 bool EulerTestBase2(const uint64_t* n);
 
-/// The same for base 3. False for an even n, and false with CalcErrorUndefined when the width is
-/// below 1.
+/// True when 3^((n - 1) / 2) is the Jacobi symbol (3 / n) modulo n, for any n above 3 at any width.
+/// False for an even n, and false with CalcErrorUndefined when the width is below 1.
 bool EulerTestBase3(const uint64_t* n);
 
 /// The Jacobi symbol (a / b), 1 or -1, of two numbers without a common factor; b is odd. Where

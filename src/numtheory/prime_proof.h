@@ -30,8 +30,9 @@ enum class Primality {
 /// below 3,317,044,064,679,887,385,961,981 the answer comes sooner than that.
 Primality ProvePrimality(Wide n);
 
-/// The certificate alone, for an odd n of at least 3 that need not be prime. Unknown after a stop
-/// was requested.
+/// By the certificate, and by the walk where none is found, for an odd n of at least 3 that need
+/// not be prime. It proves the factors of n - 1 by ProvePrimality, each at most half of n. Unknown
+/// after a stop was requested.
 Primality ProveByPredecessor(Wide n);
 
 /// The last resort: divides n, which is odd and at least 3, by the candidates of the wheel up to

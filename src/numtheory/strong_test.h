@@ -30,8 +30,8 @@ constexpr bool BitOf(Wide a, int i) {
 }
 
 /// True when n passes: with n - 1 = d 2^s and an odd d, when base^d is 1 or one of base^(d 2^r) is
-/// -1, for r from 0 to s - 1. Each odd prime n does that does not divide the base. timesBase(x) is
-/// base x, for residues.
+/// -1, for r from 0 to s - 1. Every odd prime that does not divide the base passes. timesBase(x)
+/// is base x, for residues.
 /// Sources: Miller, "Riemann's hypothesis and tests for primality"; Rabin, "Probabilistic algorithm
 /// for testing primality".
 template <typename Modulus, typename TimesBase>

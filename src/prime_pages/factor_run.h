@@ -29,11 +29,12 @@ struct FactorRequest {
 /// What a run is calculated with: 2 limbs and 38 digits.
 NumberSetup FactorNumberSetup();
 
-/// The body of the worker. FactorNumberSetup is in force, and the thread has a ScratchStack. Sends
-/// a line for each number and ends when RunShouldEnd says so. What fails is pending as a UiError:
-/// UiErrorTooManyPrimeFactors with the number for one with more than 16,384 divisors,
-/// UiErrorPrimeFactorOverflow when the number behind one of the interval does not fit. What was
-/// sent stays.
+/// Runs the request. FactorNumberSetup is in force, and the thread has a ScratchStack. Sends a line
+/// for each number and ends when RunShouldEnd says so. What fails is pending as a UiError: with
+/// showDivisors, UiErrorTooManyPrimeFactors with the number for one with more than MaxDivisors
+/// divisors; UiErrorPrimeFactorOverflow when the number behind one of the interval does not fit;
+/// UiErrorTextOverflow when a piece of text does not; UiErrorInternal at another width;
+/// UiErrorStopped after a stop. What was sent stays.
 void FactorWorker(const FactorRequest& request, SendText send);
 
 }  // namespace tallymere

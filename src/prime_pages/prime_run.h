@@ -46,10 +46,11 @@ inline constexpr int32_t ExactSureDigits = 38;
 inline constexpr int32_t ExactMaxDigits = 39;
 inline constexpr int32_t ProbabilisticMaxDigits = 1253;
 
-/// The body of the worker. PrimeNumberSetup of the method is in force, and the thread has a
-/// ScratchStack. Sends the text of the run and ends when RunShouldEnd says so. What fails is
-/// pending as a UiError: UiErrorPrimeNumberOverflow where a number of the interval, or of the way
-/// to the next prime, does not fit. What was sent stays.
+/// Runs the request. PrimeNumberSetup of the method is in force, and the thread has a ScratchStack.
+/// Sends the text of the run and ends when RunShouldEnd says so. What fails is pending as a
+/// UiError: UiErrorPrimeNumberOverflow where a number of the interval, or of the way to the next
+/// prime, does not fit; UiErrorTextOverflow where a piece of text does not; UiErrorStopped after a
+/// stop. What was sent stays.
 void PrimeWorker(const PrimeRequest& request, SendText send);
 
 }  // namespace tallymere

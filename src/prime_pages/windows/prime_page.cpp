@@ -42,7 +42,7 @@ void LeaveFrameFree(HWND control) {
                  FALSE);
 }
 
-// Field texts have no limit, and the ScratchStack has one.
+// The text lies on the heap, since it has no limit and the ScratchStack has one.
 void ShowDigits(const PrimePage& page) {
     const HWND field = page.controls[page.form->number];
     const int length = GetWindowTextLengthW(field);
