@@ -157,7 +157,8 @@ class PrimeRunTest(PrimeCase):
         self.type_into(item, "number", start or SLOW_START[item])
         self.type_into(item, "interval", ENDLESS[item])
         self.start_run(item)
-        return self.wait_for_page(item, lambda page: page.output, "some output")
+        return self.wait_for_page(item, lambda page: page.output and page["stop"].enabled,
+                                  "a run with some output")
 
     def assert_busy(self, item):
         page = self.page(item)

@@ -446,6 +446,7 @@ TEST_F(PageRunTest, EndsWithAnErrorWhenTheOutputCannotTakeTheText) {
     EXPECT_GT(text.size(), 0u);
     EXPECT_LE(text.size(), 100'000u);
     EXPECT_TRUE(text.starts_with(u"0123456789012345678901234567890123456789\r\n"));
+    EXPECT_FALSE(text.ends_with(u"last")) << "there is a hole in the text";
 }
 
 TEST_F(PageRunTest, ForgetsTheTextWhereThereIsNoOutput) {

@@ -22,6 +22,7 @@ constexpr DWORD LongestWaitMilliseconds = 500;
 // Used by the UI thread alone, except that the work of a run reads textPage.
 PageTextBuffer taken;
 HWND textPage = nullptr;
+bool isOutputFull = false;
 
 class GatheredScope {
 public:
@@ -62,6 +63,7 @@ bool Take() {
 void BeginPageText(HWND page) {
     Take();
     textPage = page;
+    isOutputFull = false;
 }
 
 void SendPageText(const char16_t* text) {
@@ -79,16 +81,18 @@ void SendPageText(const char16_t* text) {
 
 bool ShowPageText(HWND output) {
     const bool didWait = Take();
-    if (output != nullptr && taken.length > 0) {
-        AppendPageText(output, taken.text);
+    if (output != nullptr && taken.length > 0 && !isOutputFull) {
+        isOutputFull = !AppendPageText(output, taken.text);
     }
     return didWait;
 }
 
-void AppendPageText(HWND output, const char16_t* text) {
-    if (!AppendLongText(output, text)) {
+bool AppendPageText(HWND output, const char16_t* text) {
+    const bool fits = AppendLongText(output, text);
+    if (!fits) {
         SetUiError(UiErrorTextOverflow);
     }
+    return fits;
 }
 
 }  // namespace tallymere

@@ -20,12 +20,14 @@ void BeginPageText(HWND page);
 void SendPageText(const char16_t* text);
 
 /// From the UI thread: shows what was gathered; without output, which is null, forgets it. When the
-/// control cannot take it, raises UiErrorTextOverflow, so that the run ends and the user is told.
-/// Returns whether the thread of the run waited for room, so that there is more to show soon.
+/// control cannot take it, raises UiErrorTextOverflow, so that the run ends and the user is told;
+/// what comes later in the run is forgotten, so that the output has no hole in its midst. Returns
+/// whether the thread of the run waited for room, so that there is more to show soon.
 bool ShowPageText(HWND output);
 
 /// From the UI thread: puts a text at the end of a field of CreateLongTextField, and scrolls there.
-/// Raises UiErrorTextOverflow when the field cannot take it; the text is as before then.
-void AppendPageText(HWND output, const char16_t* text);
+/// Returns false and raises UiErrorTextOverflow when the field cannot take it; the text is as
+/// before then.
+bool AppendPageText(HWND output, const char16_t* text);
 
 }  // namespace tallymere
