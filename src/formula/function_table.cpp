@@ -300,6 +300,16 @@ constexpr bool ArgumentsFitACall() {
 }
 static_assert(ArgumentsFitACall());
 
+constexpr bool RealValuesHaveARoutine() {
+    for (const FunctionRow& row : FunctionTable) {
+        if (row.routines.cplx == RealValuesOnly && row.routines.real == None) {
+            return false;
+        }
+    }
+    return true;
+}
+static_assert(RealValuesHaveARoutine(), "RealValuesOnly calls the routine of real");
+
 constexpr auto Names = MakeNameIndex(FunctionTable, &FunctionRow::name);
 
 }  // namespace

@@ -270,7 +270,7 @@ def types_of_operations():
         source = (FORMULA_ROOM / file).read_text(encoding="utf-8")
         for name, routines in re.findall(r'\{Id::\w+, u"([^"]+)",[^{}]*\{([^{}]*)\}\}', source):
             found[name] = {kind for kind, routine in zip(TYPES, routines.split(","), strict=True)
-                           if routine.strip() != "None" and (name, kind) not in USELESS}
+                           if routine.strip() not in ("None", "nullptr") and (name, kind) not in USELESS}
     return found
 
 
