@@ -52,8 +52,12 @@ void Shift(RealNumber* x, AtanStep step) {
     RealDivRaw(x, x, divisor);
 }
 
+uint64_t NineDigits(const RealNumber* y) {
+    return RealIsZero(y) ? 0 : RealLeadingDigits(RealLimbs(y), 9);
+}
+
 uint64_t CoarseStep(const RealNumber* y) {
-    const uint64_t c = RealLeadingDigits(RealLimbs(y), 9);
+    const uint64_t c = NineDigits(y);
     switch (RealExponent(y)) {
         case -2:
             return c >= 714961047 ? 2 : c >= 237960416 ? 1 : 0;
@@ -78,7 +82,7 @@ uint64_t CoarseStep(const RealNumber* y) {
 }
 
 uint64_t FineStep(const RealNumber* y) {
-    const uint64_t c = RealLeadingDigits(RealLimbs(y), 9);
+    const uint64_t c = NineDigits(y);
     switch (RealExponent(y)) {
         case -3:
             return c < 142449853   ? 0
