@@ -85,8 +85,8 @@ Limb RealFromBigUint(RealNumber* dest, const uint64_t* words, int64_t m) {
 
 void BigUintFromReal(uint64_t* dest, int64_t m, const RealNumber* x) {
     TALLYMERE_REQUIRE(m >= 0);
-    TALLYMERE_REQUIRE(RealIsWellFormed(x));
     TALLYMERE_REQUIRE(UintLimbsAreApart(dest, m, &x->header, RealWords()));
+    TALLYMERE_REQUIRE(RealIsWellFormed(x));
     std::fill_n(dest, m, 0);
     if (RealIsNaN(x)) {
         SetCalcError(CalcErrorUndefined);
