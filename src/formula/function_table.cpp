@@ -1,6 +1,7 @@
 #include "formula/function_table.h"
 
 #include "core/complex_number.h"
+#include "core/contract.h"
 #include "core/real_integer.h"
 #include "core/real_rounding.h"
 #include "exact/big_uint.h"
@@ -125,6 +126,7 @@ void CallRealOnParts(const FunctionCall& call, int64_t offset) {
     for (int64_t i = 0; i < ArgumentCount(call.row); i++) {
         ofParts.arguments[i] = call.arguments[i] + offset;
     }
+    TALLYMERE_REQUIRE(call.row.routines.real != nullptr);
     call.row.routines.real(ofParts);
 }
 
@@ -299,16 +301,6 @@ constexpr bool ArgumentsFitACall() {
     return true;
 }
 static_assert(ArgumentsFitACall());
-
-constexpr bool RealValuesHaveARoutine() {
-    for (const FunctionRow& row : FunctionTable) {
-        if (row.routines.cplx == RealValuesOnly && row.routines.real == None) {
-            return false;
-        }
-    }
-    return true;
-}
-static_assert(RealValuesHaveARoutine(), "RealValuesOnly calls the routine of real");
 
 constexpr auto Names = MakeNameIndex(FunctionTable, &FunctionRow::name);
 
