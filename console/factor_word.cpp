@@ -1,22 +1,26 @@
 #include "console/factor_word.h"
 
-#include "console/output.h"
+#include "console/console_setup_scope.h"
+#include "console/ending.h"
+#include "console/option_usage.h"
 #include "console/prime_word_kit.h"
+#include "exact/big_uint.h"
 #include "prime_pages/factor_run.h"
 
 namespace tallymere {
 
 namespace {
 
-constexpr std::string_view Usage =
+// What stands in braces is replaced by the limits of the page.
+constexpr std::string_view UsageForm =
     R"(usage: tallymere-console factor [options] [NUMBER ...]
 
 Writes the prime factors of each NUMBER, or of each line of standard input when
-there is none, or else its divisors. A number is below 2^128.
+there is none, or else its divisors. A number is below 2^{bits}.
 
   --divisors                    divisors instead of prime factors
   --count                       with --divisors: their number as well
-  --interval N                  so many numbers from NUMBER on, 1 to 1000000 (1)
+  --interval N                  so many numbers from NUMBER on, 1 to {highest} ({interval})
 )";
 
 // The options of the word and what follows from them.
@@ -27,6 +31,12 @@ struct FactorWord {
     int64_t interval = 1;
     std::vector<uint64_t> divisorRoom;
 };
+
+std::string Usage() {
+    return FillInUsage(UsageForm, {{"{bits}", std::to_string(FactorLimbs * BitsPerUintLimb)},
+                                   {"{highest}", std::to_string(MaxFactorInterval)},
+                                   {"{interval}", std::to_string(FactorWord().interval)}});
+}
 
 void AnswerFactors(FactorWord& word, const char16_t* number) {
     FactorRequest request = {.showDivisors = word.divisors,
@@ -43,22 +53,19 @@ void AnswerFactors(FactorWord& word, const char16_t* number) {
 
 }  // namespace
 
-int RunFactorWord(const std::vector<std::string>& arguments) {
+ExitStatus RunFactorWord(const std::vector<std::string>& arguments) {
     FactorWord word;
-    const OptionReading reading = ReadPrimeWord(
+    const WordReading reading = ReadPrimeWord(
         {FlagOption("--divisors", word.divisors, true), FlagOption("--count", word.count, true)},
-        word.options, arguments);
-    if (!reading.error.empty()) {
-        return ReportBadOptions(reading.error);
-    }
-    if (word.options.help) {
-        return PrintText(std::string(Usage) + PrimeWordOptionUsage());
+        word.options, arguments, Usage());
+    if (reading.ending.has_value()) {
+        return *reading.ending;
     }
     if (word.count && !word.divisors) {
         return ReportBadOptions("--count counts divisors; allowed: --divisors --count");
     }
-    const ConsoleGround ground(word.options.text);
-    const NumberSetupScope scope(FactorNumberSetup());
+    const ConsoleSetupScope console(word.options.text);
+    const NumberSetupScope numbers(FactorNumberSetup());
     const std::string problem = ReadIntervalOption(&word.interval, word.options, MaxFactorInterval);
     if (!problem.empty()) {
         return ReportBadOptions(problem);

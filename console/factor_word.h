@@ -4,9 +4,11 @@
 #include <string>
 #include <vector>
 
+#include "console/exit_status.h"
+
 namespace tallymere {
 
 /// Runs the word on the arguments behind it and returns the exit status.
-int RunFactorWord(const std::vector<std::string>& arguments);
+ExitStatus RunFactorWord(const std::vector<std::string>& arguments);
 
 }  // namespace tallymere

@@ -5,7 +5,6 @@
 #include "console/utf8.h"
 #include "core/limits.h"
 #include "shell/ui_error.h"
-#include "shell/ui_message.h"
 
 namespace tallymere {
 
@@ -31,22 +30,6 @@ InputText ReadInputText(std::string_view bytes) {
 
 bool IsBlankText(std::u16string_view text) {
     return text.find_first_not_of(u" \t\r\n") == text.npos;
-}
-
-std::string ErrorLine(uint64_t code, uint64_t position, const char16_t* message) {
-    std::string line = "error " + std::to_string(code);
-    if (position != 0) {
-        line += ' ';
-        line += std::to_string(position);
-    }
-    return line + ": " + EncodeUtf8(message);
-}
-
-std::string TakeErrorLine(uint64_t position) {
-    const auto code = static_cast<uint64_t>(PendingUiError());
-    char16_t message[UiErrorMessageCapacity + 1];
-    TakeUiErrorMessage(message, UiErrorMessageCapacity);
-    return ErrorLine(code, position, message);
 }
 
 }  // namespace tallymere

@@ -3,6 +3,7 @@
 #include <atomic>
 #include <cstdlib>
 
+#include "console/exit_status.h"
 #include "core/stop_request.h"
 
 namespace tallymere {
@@ -18,7 +19,7 @@ static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler uses the
 void HandleInterrupt() {
     interrupted = true;
     if (waiting) {
-        std::_Exit(InterruptedStatus);
+        std::_Exit(EndedByInterrupt);
     }
     RequestStop();
 }
@@ -30,7 +31,7 @@ bool Interrupted() {
 WaitingScope::WaitingScope() {
     waiting = true;
     if (interrupted) {
-        std::_Exit(InterruptedStatus);
+        std::_Exit(EndedByInterrupt);
     }
 }
 

@@ -3,17 +3,14 @@
 
 namespace tallymere {
 
-/// The exit status after Ctrl+C.
-inline constexpr int InterruptedStatus = 130;
-
 /// What Ctrl+C does. Called by a signal handler or another thread.
 void HandleInterrupt();
 
 /// True after Ctrl+C.
 bool Interrupted();
 
-/// The program waits for input while this lives: Ctrl+C then ends it at once, also one that came
-/// shortly before. All output must be written.
+/// The program waits for input while this lives: Ctrl+C then ends it at once with EndedByInterrupt,
+/// also one that came shortly before. All output must be written.
 class WaitingScope {
 public:
     WaitingScope();

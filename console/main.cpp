@@ -1,9 +1,8 @@
 // tallymere-console: the program on a command line.
 #include <string>
 
-#include "console/interrupt.h"
-#include "console/operand_source.h"
-#include "console/operation_list.h"
+#include "console/ending.h"
+#include "console/operands.h"
 #include "console/options.h"
 #include "console/output.h"
 #include "console/platform.h"
@@ -15,27 +14,16 @@ namespace tallymere {
 
 namespace {
 
-int AnswerAll(const ConsoleOptions& options) {
+ExitStatus AnswerFormulas(const ConsoleOptions& options) {
     Session session(options);
-    OperandSource source(options.formulas, "a formula");
-    ExitStatus status = AllSucceeded;
-    std::string formula;
-    while (source.Next(formula)) {
+    return AnswerOperands(options.formulas, "a formula", [&session](const std::string& formula) {
         const ConsoleAnswer answer = session.Answer(formula);
-        if (!WriteOutput(answer.line + "\n")) {
-            return ReportWriteFailure();
-        }
-        if (answer.failed) {
-            status = SomethingFailed;
-        }
-        if (Interrupted()) {
-            return InterruptedStatus;
-        }
-    }
-    return source.Failed() ? ReportBrokenStream("the input cannot be read") : status;
+        GatherOutput(answer.line + "\n");
+        return !answer.failed;
+    });
 }
 
-int RunConsole(const std::vector<std::string>& arguments) {
+ExitStatus RunConsole(const std::vector<std::string>& arguments) {
     if (const Word* word = arguments.empty() ? nullptr : FindWord(arguments[0])) {
         return word->run({arguments.begin() + 1, arguments.end()});
     }
@@ -45,13 +33,13 @@ int RunConsole(const std::vector<std::string>& arguments) {
     }
     switch (parsed.options.action) {
         case PrintHelp:
-            return PrintText(UsageText() + OperationList());
+            return PrintText(UsageText());
         case PrintVersion:
             return PrintText(VersionText());
         case EvaluateFormulas:
             break;
     }
-    return AnswerAll(parsed.options);
+    return AnswerFormulas(parsed.options);
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ std::string AllowedValues(const Option& option) {
     if (option.choices.empty()) {
         return option.allowed;
     }
-    return ListWords(option.choices, [](const Choice& choice) { return choice.word; });
+    return JoinByCommas(option.choices, [](const Choice& choice) { return choice.spelling; });
 }
 
 std::string Concatenate(std::initializer_list<std::string_view> parts) {
@@ -43,7 +43,7 @@ std::string NotAllowed(const Option& option, std::string_view value, std::string
 std::string UnknownOption(const std::vector<Option>& options, std::string_view name,
                           const OptionRules& rules) {
     return Concatenate({"there is no option ", Quoted(name), "; allowed: ",
-                        ListWords(options, [](const Option& option) { return option.name; }),
+                        JoinByCommas(options, [](const Option& option) { return option.name; }),
                         rules.afterUnknown});
 }
 
@@ -57,7 +57,7 @@ bool IsOption(std::string_view argument) {
 std::string ApplyOption(const Option& option, std::string_view value) {
     int32_t chosen = 0;
     if (!option.choices.empty()) {
-        const auto choice = std::ranges::find(option.choices, value, &Choice::word);
+        const auto choice = std::ranges::find(option.choices, value, &Choice::spelling);
         if (choice == option.choices.end()) {
             return NotAllowed(option, value, NotAllowedValue);
         }
@@ -112,6 +112,26 @@ OptionReading ReadOptions(const std::vector<Option>& options,
         }
     }
     return reading;
+}
+
+Option NumberOption(std::string_view name, int64_t lowest, int64_t highest, int64_t& field) {
+    const auto read = [=, &field](std::string_view value, int32_t) -> std::string {
+        int64_t number = 0;
+        for (const char c : value) {
+            if (c < '0' || c > '9' || number > highest) {
+                return std::string(NotAllowedValue);
+            }
+            number = number * 10 + (c - '0');
+        }
+        if (value.empty() || number < lowest || number > highest) {
+            return std::string(NotAllowedValue);
+        }
+        field = number;
+        return {};
+    };
+    return {.name = name,
+            .allowed = std::to_string(lowest) + " to " + std::to_string(highest),
+            .set = read};
 }
 
 std::string ValueNotAllowed(std::string_view option, std::string_view value,

@@ -11,9 +11,9 @@
 
 namespace tallymere {
 
-/// One of the words that the value of an option may be, and what it means.
+/// One of the values that an option may have.
 struct Choice {
-    std::string_view word;
+    std::string_view spelling;
     int32_t value;
 };
 
@@ -54,6 +54,9 @@ Option FlagOption(std::string_view name, Field& field, std::type_identity_t<Fiel
             }};
 }
 
+/// An option whose value is a number from `lowest` to `highest`, not negative, in decimal digits.
+Option NumberOption(std::string_view name, int64_t lowest, int64_t highest, int64_t& field);
+
 /// An option behind which nothing is read, such as --help.
 inline Option LastOption(Option option) {
     option.isLast = true;
@@ -87,12 +90,12 @@ OptionReading ReadOptions(const std::vector<Option>& options,
 std::string ValueNotAllowed(std::string_view option, std::string_view value,
                             std::string_view problem, std::string_view allowed);
 
-/// The words of a list, separated by commas.
-std::string ListWords(const auto& items, auto word) {
+/// What `textOf` says of each item, separated by commas.
+std::string JoinByCommas(const auto& items, auto textOf) {
     std::string list;
     for (const auto& item : items) {
         list += list.empty() ? "" : ", ";
-        list += word(item);
+        list += textOf(item);
     }
     return list;
 }

@@ -1,9 +1,9 @@
 #include "console/options.h"
 
 #include <algorithm>
-#include <iterator>
 
 #include "calculator/variable_table.h"
+#include "console/option_usage.h"
 #include "console/utf8.h"
 #include "layout/number_base_layout.h"
 
@@ -11,37 +11,37 @@ namespace tallymere {
 
 namespace {
 
-constexpr Choice Types[] = {{"real", NumberTypeReal},
-                            {"cplx", NumberTypeComplex},
-                            {"uint", NumberTypeUint},
-                            {"rat", NumberTypeRational}};
-constexpr Choice Forms[] = {{"auto", ResultAutomatic},
-                            {"fixed", ResultFixed},
-                            {"scientific", ResultScientific},
-                            {"mixed", ResultMixed}};
+// What stands in braces is replaced by what the tables and limits of the program say.
+constexpr std::string_view Usage =
+    R"({--type}number type ({type}); the first result that is
+                                no fraction turns rat into real
+  --digits N                    precision, 1 to {highest digits} ({digits})
+{--base}output base for uint ({base})
+  --lower-hex                   small letters in bases above 10
+{--form}notation of results ({form}); mixed is for rat
+{text options}  --var NAME=TEXT               a variable, itself a formula; repeatable
+  --                            all that follows are formulas
+  --help, --version             print this text, or the version
+)";
 
-// What a value may be that is none of some choices.
-std::string DigitsForm() {
-    return "1 to " + std::to_string(MaxDigits);
+std::vector<Choice> TypeChoices() {
+    return {{"real", NumberTypeReal},
+            {"cplx", NumberTypeComplex},
+            {"uint", NumberTypeUint},
+            {"rat", NumberTypeRational}};
 }
+
+std::vector<Choice> FormChoices() {
+    return {{"auto", ResultAutomatic},
+            {"fixed", ResultFixed},
+            {"scientific", ResultScientific},
+            {"mixed", ResultMixed}};
+}
+
+// What the value of --var may be.
 std::string VariableForm() {
     return "NAME=TEXT, the name 1 to " + std::to_string(VariableNameCharacters) +
            " letters, _ and digits, no digit first, and not e, i, \u03C0, pi or ans";
-}
-
-std::string SetDigits(ConsoleOptions& options, std::string_view value) {
-    int64_t digits = 0;
-    for (const char c : value) {
-        if (c < '0' || c > '9' || digits > MaxDigits) {
-            return std::string(NotAllowedValue);
-        }
-        digits = digits * 10 + (c - '0');
-    }
-    if (digits < 1 || digits > MaxDigits) {
-        return std::string(NotAllowedValue);
-    }
-    options.digits = digits;
-    return {};
 }
 
 std::string SetVariable(ConsoleOptions& options, std::string_view value) {
@@ -78,13 +78,11 @@ std::string SetVariable(ConsoleOptions& options, std::string_view value) {
 
 std::vector<Option> FormulaOptionList(ConsoleOptions& options) {
     std::vector<Option> list = {
-        ChoiceOption("--type", {std::begin(Types), std::end(Types)}, options.type),
-        {.name = "--digits",
-         .allowed = DigitsForm(),
-         .set = [&](std::string_view value, int32_t) { return SetDigits(options, value); }},
-        BaseOption(NumberBaseOffersAll, options.base),
+        ChoiceOption("--type", TypeChoices(), options.type),
+        NumberOption("--digits", 1, MaxDigits, options.digits),
+        ChoiceOption("--base", BaseChoices(NumberBaseOffersAll), options.base),
         FlagOption("--lower-hex", options.lowerHex, true),
-        ChoiceOption("--form", {std::begin(Forms), std::end(Forms)}, options.form),
+        ChoiceOption("--form", FormChoices(), options.form),
     };
     for (Option& option : TextOptionList(options.text)) {
         list.push_back(std::move(option));
@@ -111,6 +109,20 @@ ParsedArguments ParseArguments(const std::vector<std::string>& arguments) {
         parsed.error = CheckSeparators(parsed.options.text);
     }
     return parsed;
+}
+
+std::string FormulaOptionUsage() {
+    const ConsoleOptions initial;
+    return FillInUsage(Usage,
+                       {{"{--type}", UsageOfChoices("--type", TypeChoices())},
+                        {"{type}", SpellingOf(TypeChoices(), initial.type)},
+                        {"{highest digits}", std::to_string(MaxDigits)},
+                        {"{digits}", std::to_string(initial.digits)},
+                        {"{--base}", UsageOfChoices("--base", BaseChoices(NumberBaseOffersAll))},
+                        {"{base}", std::to_string(initial.base)},
+                        {"{--form}", UsageOfChoices("--form", FormChoices())},
+                        {"{form}", SpellingOf(FormChoices(), initial.form)},
+                        {"{text options}", TextOptionUsage()}});
 }
 
 }  // namespace tallymere

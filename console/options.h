@@ -43,4 +43,7 @@ struct ParsedArguments {
 /// behind --help and --version.
 ParsedArguments ParseArguments(const std::vector<std::string>& arguments);
 
+/// How the help explains the options of formulas.
+std::string FormulaOptionUsage();
+
 }  // namespace tallymere

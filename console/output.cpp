@@ -4,7 +4,6 @@
 #include <cstdio>
 #include <mutex>
 
-#include "console/interrupt.h"
 #include "console/platform.h"
 
 namespace tallymere {
@@ -58,10 +57,6 @@ bool FlushOutput() {
     return FlushGathered();
 }
 
-bool WriteOutput(std::string_view text) {
-    return GatherOutput(text) && FlushOutput();
-}
-
 bool OutputIsAtLineStart() {
     const std::scoped_lock lock(outputMutex);
     return isAtLineStart;
@@ -73,28 +68,6 @@ void ShowProgress(const std::string& line) {
         (isAtLineStart || !OutputIsTerminal())) {
         ReplaceProgress(line);
     }
-}
-
-int ReportBrokenStream(const char* problem) {
-    std::fprintf(stderr, "tallymere-console: %s\n", problem);
-    return SomethingFailed;
-}
-
-// Ctrl+C also breaks off the writing when nobody reads what was written before.
-int ReportWriteFailure() {
-    if (Interrupted()) {
-        return InterruptedStatus;
-    }
-    return ReportBrokenStream("the output cannot be written");
-}
-
-int ReportBadOptions(const std::string& problem) {
-    std::fprintf(stderr, "tallymere-console: %s\n", problem.c_str());
-    return BadOptions;
-}
-
-int PrintText(const std::string& text) {
-    return WriteOutput(text) ? AllSucceeded : ReportWriteFailure();
 }
 
 }  // namespace tallymere

@@ -1,4 +1,4 @@
-// Standard output, and how the program ends.
+// Standard output, and the line of progress.
 //
 // Output is gathered and written by FlushOutput, from whatever thread. While a person waits, a line
 // on standard error may say how far the work is; it goes before anything is written over it.
@@ -9,17 +9,12 @@
 
 namespace tallymere {
 
-enum ExitStatus { AllSucceeded = 0, SomethingFailed = 1, BadOptions = 2 };
-
 /// Appends a text to the output. It is written at once when much has been gathered. Returns false
 /// when something could not be written, now or before.
 bool GatherOutput(std::string_view text);
 
 /// Writes what was gathered. Returns false when something could not be written, now or before.
 bool FlushOutput();
-
-/// Appends a text and writes all.
-bool WriteOutput(std::string_view text);
 
 /// Whether nothing was appended yet, or a line end last.
 bool OutputIsAtLineStart();
@@ -28,13 +23,5 @@ bool OutputIsAtLineStart();
 /// unless standard error is a terminal, and nothing behind a line of output that has not ended yet
 /// on the same terminal.
 void ShowProgress(const std::string& line);
-
-/// Say on standard error what went wrong and return the exit status.
-int ReportBrokenStream(const char* problem);
-int ReportWriteFailure();
-int ReportBadOptions(const std::string& problem);
-
-/// Writes a text and returns the exit status.
-int PrintText(const std::string& text);
 
 }  // namespace tallymere

@@ -1,30 +1,37 @@
 #include "console/primes_word.h"
 
-#include "console/output.h"
+#include "console/console_setup_scope.h"
+#include "console/ending.h"
+#include "console/option_usage.h"
 #include "console/prime_word_kit.h"
+#include "console/utf8.h"
+#include "exact/big_uint.h"
 #include "prime_pages/prime_run.h"
 
 namespace tallymere {
 
 namespace {
 
-constexpr std::string_view Usage =
+// What stands in braces is replaced by the limits of the page.
+constexpr std::string_view UsageForm =
     R"(usage: tallymere-console primes [options] [NUMBER ...]
 
 Writes the prime numbers of the interval that begins with each NUMBER, or with
 each line of standard input when there is none.
 
   --interval N                  the primes among N numbers from NUMBER on, 1 to
-                                2147483647 (100)
+                                {highest} ({interval})
   --next                        the first prime from NUMBER on
   --test                        whether NUMBER is prime
-  --method exact|probabilistic  exact: proven, for numbers below 2^128;
+{--method}exact: proven, for numbers below 2^{exact bits};
                                 probabilistic: by tests that few composite
-                                numbers pass, for numbers of up to 1252 digits
-                                and some of 1253 (exact)
+                                numbers pass, for numbers of up to {sure digits} digits
+                                and some of {digits} ({method})
 )";
 
-constexpr Choice Methods[] = {{"exact", ExactMethod}, {"probabilistic", ProbabilisticMethod}};
+std::vector<Choice> MethodChoices() {
+    return {{"exact", ExactMethod}, {"probabilistic", ProbabilisticMethod}};
+}
 
 // The options of the word and what follows from them.
 struct PrimesWord {
@@ -34,6 +41,18 @@ struct PrimesWord {
     bool test = false;
     int64_t count = 0;
 };
+
+std::string Usage() {
+    const UintWidth exact = PrimeNumberSetup(ExactMethod).width;
+    const UintWidth probabilistic = PrimeNumberSetup(ProbabilisticMethod).width;
+    return FillInUsage(UsageForm, {{"{highest}", std::to_string(MaxPrimeInterval)},
+                                   {"{interval}", EncodeUtf8(InitialPrimeInterval)},
+                                   {"{--method}", UsageOfChoices("--method", MethodChoices())},
+                                   {"{exact bits}", std::to_string(exact.limbs * BitsPerUintLimb)},
+                                   {"{sure digits}", std::to_string(probabilistic.digits)},
+                                   {"{digits}", std::to_string(ProbabilisticMaxDigits)},
+                                   {"{method}", SpellingOf(MethodChoices(), PrimesWord().method)}});
+}
 
 std::string CheckMode(const PrimesWord& word) {
     const int modes =
@@ -66,24 +85,21 @@ void AnswerPrimes(const PrimesWord& word, const char16_t* text) {
 
 }  // namespace
 
-int RunPrimesWord(const std::vector<std::string>& arguments) {
+ExitStatus RunPrimesWord(const std::vector<std::string>& arguments) {
     PrimesWord word;
-    OptionReading reading = ReadPrimeWord(
-        {FlagOption("--next", word.next, true), FlagOption("--test", word.test, true),
-         ChoiceOption("--method", {std::begin(Methods), std::end(Methods)}, word.method)},
-        word.options, arguments);
-    if (!reading.error.empty()) {
-        return ReportBadOptions(reading.error);
-    }
-    if (word.options.help) {
-        return PrintText(std::string(Usage) + PrimeWordOptionUsage());
+    const WordReading reading =
+        ReadPrimeWord({FlagOption("--next", word.next, true), FlagOption("--test", word.test, true),
+                       ChoiceOption("--method", MethodChoices(), word.method)},
+                      word.options, arguments, Usage());
+    if (reading.ending.has_value()) {
+        return *reading.ending;
     }
     std::string problem = CheckMode(word);
     if (!problem.empty()) {
         return ReportBadOptions(problem);
     }
-    const ConsoleGround ground(word.options.text);
-    const NumberSetupScope scope(PrimeNumberSetup(word.method));
+    const ConsoleSetupScope console(word.options.text);
+    const NumberSetupScope numbers(PrimeNumberSetup(word.method));
     word.count = MaxPrimeInterval;
     if (ModeOf(word) == IntervalMode) {
         ReadIntervalField(&word.count, InitialPrimeInterval, PrimeParseFlags(InitialPrimeBase),

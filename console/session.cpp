@@ -2,6 +2,7 @@
 
 #include "calculator/calc_evaluation.h"
 #include "calculator/variable_table.h"
+#include "console/error_line.h"
 #include "console/input_text.h"
 #include "console/utf8.h"
 #include "shell/ui_error.h"
@@ -32,7 +33,7 @@ void InstallVariables(const std::vector<ConsoleVariable>& variables) {
 }  // namespace
 
 Session::Session(const ConsoleOptions& options)
-    : ground_(options.text),
+    : setup_(options.text),
       form_(options.form),
       style_{options.text.groupDigits, options.lowerHex} {
     const NumberSetupScope scope;

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "calculator/result_text.h"
+#include "console/console_setup_scope.h"
 #include "console/options.h"
 
 namespace tallymere {
@@ -25,7 +26,7 @@ public:
     ConsoleAnswer Answer(std::string_view formula);
 
 private:
-    ConsoleGround ground_;
+    ConsoleSetupScope setup_;
     ResultForm form_;
     ResultStyle style_;
 };

@@ -19,24 +19,17 @@ struct TextOptions {
     Language language = LanguageEnglish;
 };
 
-/// --base with the bases that a list of the program offers, by the bits of NumberBaseStyle that it
-/// is made with. It writes into `base`.
-Option BaseOption(uint32_t listStyle, int64_t& base);
+/// The choices of --base: what a list of bases offers that is made with these bits of
+/// NumberBaseStyle.
+std::vector<Choice> BaseChoices(uint32_t listStyle);
 
 /// --group, --decimal, --thousands and --language, for ReadOptions. They write into `options`.
 std::vector<Option> TextOptionList(TextOptions& options);
 
+/// How the help explains them.
+std::string TextOptionUsage();
+
 /// What is wrong with the two separators together, empty when nothing is.
 std::string CheckSeparators(const TextOptions& options);
-
-/// What a run of the console stands on while it lives: the ScratchStack, language and separators.
-/// There is one in a process.
-class ConsoleGround {
-public:
-    explicit ConsoleGround(const TextOptions& options);
-    ~ConsoleGround();
-    ConsoleGround(const ConsoleGround&) = delete;
-    ConsoleGround& operator=(const ConsoleGround&) = delete;
-};
 
 }  // namespace tallymere

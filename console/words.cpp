@@ -24,7 +24,7 @@ const Word* FindWord(std::string_view argument) {
     return word != std::end(Words) ? word : nullptr;
 }
 
-std::string WordList() {
+std::string WordUsage() {
     std::string text;
     for (const Word& word : Words) {
         std::string line = "  " + std::string(word.name);

@@ -1,4 +1,4 @@
-#include "console/progress_watch.h"
+#include "console/live_output.h"
 
 #include "console/output.h"
 #include "core/stop_request.h"
@@ -11,10 +11,10 @@ constexpr auto WriteInterval = std::chrono::milliseconds(50);
 
 }  // namespace
 
-ProgressWatch::ProgressWatch(std::string (*describe)())
+LiveOutput::LiveOutput(std::string (*describe)())
     : describe_(describe), thread_([this] { Watch(); }) {}
 
-ProgressWatch::~ProgressWatch() {
+LiveOutput::~LiveOutput() {
     {
         const std::scoped_lock lock(mutex_);
         ended_ = true;
@@ -23,20 +23,20 @@ ProgressWatch::~ProgressWatch() {
     thread_.join();
 }
 
-void ProgressWatch::Begin() {
+void LiveOutput::Begin() {
     const std::scoped_lock lock(mutex_);
     isWorking_ = true;
     start_ = std::chrono::steady_clock::now();
     secondsShown_ = 0;
 }
 
-void ProgressWatch::End() {
+void LiveOutput::End() {
     const std::scoped_lock lock(mutex_);
     isWorking_ = false;
     ShowProgress({});
 }
 
-void ProgressWatch::Watch() {
+void LiveOutput::Watch() {
     std::unique_lock lock(mutex_);
     while (!ending_.wait_for(lock, WriteInterval, [this] { return ended_; })) {
         if (!isWorking_) {

@@ -1,5 +1,5 @@
-// Work of some length: its output is written as it comes, and a person at a terminal sees how far
-// it is.
+// Output of work of some length: it is written as it comes, and a person at a terminal sees how far
+// the work is.
 #pragma once
 
 #include <chrono>
@@ -14,13 +14,13 @@ namespace tallymere {
 /// Between Begin and End another thread writes the gathered output every 50 ms. It requests a stop
 /// when the output cannot be written. After a second it shows, and every second anew, how long the
 /// work has taken and what `describe` says of it.
-class ProgressWatch {
+class LiveOutput {
 public:
     /// `describe` is called on the other thread. An empty text adds nothing.
-    explicit ProgressWatch(std::string (*describe)());
-    ~ProgressWatch();
-    ProgressWatch(const ProgressWatch&) = delete;
-    ProgressWatch& operator=(const ProgressWatch&) = delete;
+    explicit LiveOutput(std::string (*describe)());
+    ~LiveOutput();
+    LiveOutput(const LiveOutput&) = delete;
+    LiveOutput& operator=(const LiveOutput&) = delete;
 
     void Begin();
     /// Takes the line of progress away.
