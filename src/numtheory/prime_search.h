@@ -15,7 +15,8 @@ struct PrimeSink {
     /// the search shall go on.
     bool (*take)(void* context, const uint64_t* prime);
     void* context;
-    /// Hears now and then how many numbers of the interval were visited. May be null.
+    /// Hears of each number that the sieve leaves over, before it is judged, how many numbers of
+    /// the interval lie before it. Hears nothing of 2. May be null.
     void (*visit)(void* context, uint64_t visited) = nullptr;
 };
 

@@ -63,12 +63,12 @@ private:
 };
 
 TEST_F(PrimeFields, HaveTheFlagsOfTheirBase) {
-    EXPECT_EQ(PrimeParseFlags(10), 256u);
-    EXPECT_EQ(PrimeParseFlags(16), 272u);
+    EXPECT_EQ(PrimeParseFlags(10), TextGroup);
+    EXPECT_EQ(PrimeParseFlags(16), 16u | TextGroup);
     EXPECT_EQ(PrimePrintFlags(10, false), 0u);
-    EXPECT_EQ(PrimePrintFlags(10, true), 256u);
+    EXPECT_EQ(PrimePrintFlags(10, true), TextGroup);
     EXPECT_EQ(PrimePrintFlags(16, false), 16u);
-    EXPECT_EQ(PrimePrintFlags(16, true), 272u);
+    EXPECT_EQ(PrimePrintFlags(16, true), 16u | TextGroup);
     EXPECT_EQ(InitialPrimeBase, 10);
 }
 

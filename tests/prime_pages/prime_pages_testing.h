@@ -1,11 +1,10 @@
 // What tests of the prime pages share: English texts, "." and "," as separators, a ScratchStack,
-// and a place where the pieces of a run are kept.
+// and a place where the text of a run is kept.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 #include "core/number_setup.h"
 #include "core/scratch.h"
@@ -15,20 +14,15 @@
 
 namespace tallymere::testing_support {
 
-/// The pieces that KeepPiece was given.
-inline std::vector<std::u16string> keptPieces;
+/// The text that KeepPiece was given. Where a run cuts it into pieces, no test knows.
+inline std::u16string keptText;
 
 inline void KeepPiece(const char16_t* text) {
-    keptPieces.push_back(text);
+    keptText += text;
 }
 
-/// All of them in one.
-inline std::u16string KeptText() {
-    std::u16string text;
-    for (const std::u16string& piece : keptPieces) {
-        text += piece;
-    }
-    return text;
+inline bool HasKept(const char16_t* text) {
+    return keptText.find(text) != keptText.npos;
 }
 
 /// What a run sends, and the error that is pending when it has ended as runs of a page do.
@@ -66,7 +60,7 @@ protected:
         numberContext.groupSeparators[2] = u',';
         ClearErrors();
         InstallLanguage(LanguageEnglish);
-        keptPieces.clear();
+        keptText.clear();
         CreateScratchStack();
     }
     void TearDown() override {
@@ -92,10 +86,10 @@ protected:
     /// What a run keeps by KeepPiece.
     template <typename Run>
     static RunResult ResultOf(Run run) {
-        keptPieces.clear();
+        keptText.clear();
         run();
         TakeStopRequest();
-        RunResult result = {KeptText(), UiErrorNone, u""};
+        RunResult result = {keptText, UiErrorNone, u""};
         result.error = TakeError(&result.argument);
         if (result.argument == u"?") {
             result.argument.clear();
