@@ -28,14 +28,14 @@ struct FactorWord {
     PrimeWordOptions options;
     bool divisors = false;
     bool count = false;
-    int64_t interval = 1;
+    int64_t interval = BlankFactorInterval;
     std::vector<uint64_t> divisorRoom;
 };
 
 std::string Usage() {
     return FillInUsage(UsageForm, {{"{bits}", std::to_string(FactorLimbs * BitsPerUintLimb)},
                                    {"{highest}", std::to_string(MaxFactorInterval)},
-                                   {"{interval}", std::to_string(FactorWord().interval)}});
+                                   {"{interval}", std::to_string(BlankFactorInterval)}});
 }
 
 void AnswerFactors(FactorWord& word, const char16_t* number) {

@@ -10,8 +10,9 @@
 
 namespace tallymere {
 
-/// The largest interval.
+/// The largest interval, and the one that a blank field means.
 inline constexpr int64_t MaxFactorInterval = 1'000'000;
+inline constexpr int32_t BlankFactorInterval = 1;
 
 /// Words of the room for a list of divisors.
 inline constexpr int64_t FactorDivisorWords = MaxDivisors * FactorLimbs;

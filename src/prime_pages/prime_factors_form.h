@@ -22,7 +22,7 @@ enum PrimeFactorsControl : int32_t {
     PrimeFactorsModeGroup,
     PrimeFactorsFactors,  ///< selected at first
     PrimeFactorsDivisors,
-    PrimeFactorsShowCount,  ///< can be used only while PrimeFactorsDivisors is selected
+    PrimeFactorsShowCount,
     PrimeFactorsIntervalGroup,
     PrimeFactorsInterval,
     PrimeFactorsOutput,
@@ -92,9 +92,10 @@ constexpr LayoutRect PlacePrimeFactorsControl(PrimeFactorsControl control, Layou
     return place;
 }
 
-/// Whether the box that asks for the number of divisors can be used.
-constexpr bool IsDivisorCountEnabled(bool divisorsSelected) {
-    return divisorsSelected;
+/// Whether a control can be used while `mode`, one of the two radio buttons, is selected. The
+/// number of divisors can be asked for with divisors alone.
+constexpr bool IsEnabledInMode(PrimeFactorsControl control, PrimeFactorsControl mode) {
+    return control != PrimeFactorsShowCount || mode == PrimeFactorsDivisors;
 }
 
 /// Whether a run disables a control. The base alone would change the numbers of the run, and would

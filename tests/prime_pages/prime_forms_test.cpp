@@ -147,8 +147,11 @@ TEST(PrimeFormsTest, OnThePrimeNumbersPageFieldAndOutputFillTheArea) {
 }
 
 TEST(PrimeFormsTest, TheNumberOfDivisorsCanBeAskedForWithDivisorsAlone) {
-    EXPECT_TRUE(IsDivisorCountEnabled(true));
-    EXPECT_FALSE(IsDivisorCountEnabled(false));
+    for (int32_t i = 0; i < PrimeFactorsControlCount; i++) {
+        const auto control = static_cast<PrimeFactorsControl>(i);
+        EXPECT_TRUE(IsEnabledInMode(control, PrimeFactorsDivisors));
+        EXPECT_EQ(IsEnabledInMode(control, PrimeFactorsFactors), i != PrimeFactorsShowCount);
+    }
 }
 
 TEST(PrimeFormsTest, ARunDisablesWhatWouldMeddleWithIt) {

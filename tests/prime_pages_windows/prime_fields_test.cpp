@@ -19,7 +19,7 @@ class PrimeFieldsTest : public PrimePagesTest {
 protected:
     // As a user does who selects all and pastes.
     static void ReplaceNumber(const PrimePage& page, const std::u16string& text) {
-        const HWND field = Control(page, page.form->number);
+        const HWND field = Control(page, page.kind->number);
         SendMessageW(field, EM_SETSEL, 0, -1);
         SendMessageW(field, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
     }
@@ -32,10 +32,10 @@ protected:
     static void ExpectInvalid(const PrimePage& page, const std::u16string& number,
                               const std::u16string& interval, const std::string& invalid) {
         const MessageBoxAnswer answer;
-        Write(page, page.form->output, u"before");
+        Write(page, page.kind->output, u"before");
         WriteNumber(page, number);
         WriteInterval(page, interval);
-        Click(page, page.form->start);
+        Click(page, page.kind->start);
         EXPECT_EQ(page.run.states.phase, PageIdle);
         EXPECT_EQ(answer.boxes, 1);
         EXPECT_EQ(answer.caption, "Error");
@@ -43,8 +43,8 @@ protected:
         EXPECT_EQ(NumberOf(page), number);
         EXPECT_EQ(IntervalOf(page), interval);
         EXPECT_EQ(Output(page), u"");
-        EXPECT_TRUE(IsEnabled(page, page.form->start));
-        EXPECT_FALSE(IsEnabled(page, page.form->stop));
+        EXPECT_TRUE(IsEnabled(page, page.kind->start));
+        EXPECT_FALSE(IsEnabled(page, page.kind->stop));
     }
 };
 
@@ -60,7 +60,7 @@ TEST_F(PrimeFieldsTest, DigitsAndLettersAreCountedAsTheyAreWritten) {
             ReplaceNumber(*page, text);
             EXPECT_EQ(DigitsOf(*page), count);
         }
-        SendMessageW(Control(*page, page->form->number), WM_CHAR, u'5', 1);
+        SendMessageW(Control(*page, page->kind->number), WM_CHAR, u'5', 1);
         EXPECT_EQ(DigitsOf(*page), u"1 ");
         WriteInterval(*page, u"123");
         EXPECT_EQ(DigitsOf(*page), u"1 ") << "of the number alone";
@@ -208,7 +208,7 @@ TEST_F(PrimeFieldsTest, AVeryLongNumberIsInvalidAndNotCut) {
         const MessageBoxAnswer answer;
         const std::u16string number = u"1" + std::u16string(zeros, u'0');
         WriteNumber(*page, number);
-        Click(*page, page->form->start);
+        Click(*page, page->kind->start);
         EXPECT_EQ(page->run.states.phase, PageIdle);
         EXPECT_EQ(answer.boxes, 1);
         EXPECT_TRUE(NumberOf(*page) == number);

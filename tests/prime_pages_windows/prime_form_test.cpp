@@ -34,21 +34,21 @@ protected:
     }
 
     static void ExpectControls(const PrimePage& page, LayoutSize client) {
-        for (int32_t i = 0; i < page.form->count; i++) {
+        for (int32_t i = 0; i < page.kind->count; i++) {
             SCOPED_TRACE(i);
-            const FormControl& row = page.form->form[i];
+            const FormControl& row = page.kind->form[i];
             const HWND control = Control(page, i);
             EXPECT_EQ(LowerClassName(control), ClassOf(row.kind));
             EXPECT_EQ(GetParent(control),
                       row.parent == FormWindow ? page.window : Control(page, row.parent));
-            EXPECT_EQ(PlaceInParent(control), ToScreenPixels(page.form->place(i, client)));
+            EXPECT_EQ(PlaceInParent(control), ToScreenPixels(page.kind->place(i, client)));
             if (row.text != nullptr && row.kind != FormDigitCount && row.kind != FormNumberBase) {
                 EXPECT_EQ(WholeText(control), uiText.*row.text);
             }
         }
-        EXPECT_EQ(WholeText(DigitCountLabel(Control(page, page.form->digits))),
+        EXPECT_EQ(WholeText(DigitCountLabel(Control(page, page.kind->digits))),
                   uiText.TextCtlDigits);
-        EXPECT_EQ(WholeText(NumberBaseLabel(Control(page, page.form->base))), uiText.TextCtlBase);
+        EXPECT_EQ(WholeText(NumberBaseLabel(Control(page, page.kind->base))), uiText.TextCtlBase);
     }
 
     static void Resize(const PrimePage& page, LayoutSize client) {
@@ -102,11 +102,11 @@ TEST_F(PrimeFormTest, BeginsWithItsChoices) {
         EXPECT_EQ(NumberOf(*page), u"");
         EXPECT_EQ(Output(*page), u"");
         EXPECT_EQ(DigitsOf(*page), u"0 ");
-        EXPECT_EQ(SelectedNumberBase(Control(*page, page->form->base)), 10);
+        EXPECT_EQ(SelectedNumberBase(Control(*page, page->kind->base)), 10);
         EXPECT_FALSE(IsWindowVisible(page->window));
-        for (int32_t i = 0; i < page->form->count; i++) {
+        for (int32_t i = 0; i < page->kind->count; i++) {
             const bool isDisabled =
-                i == page->form->stop || (page == &primeFactorsPage && i == PrimeFactorsShowCount);
+                i == page->kind->stop || (page == &primeFactorsPage && i == PrimeFactorsShowCount);
             EXPECT_EQ(IsEnabled(*page, i), !isDisabled) << i;
         }
     }
@@ -118,15 +118,15 @@ TEST_F(PrimeFormTest, FieldsAreOfOneLineOrOfMany) {
     EXPECT_FALSE(Style(primeFactorsPage, PrimeFactorsNumber) & ES_MULTILINE);
     EXPECT_TRUE(Style(primeFactorsPage, PrimeFactorsNumber) & ES_AUTOHSCROLL);
     for (const PrimePage* page : {&primeNumbersPage, &primeFactorsPage}) {
-        EXPECT_TRUE(Style(*page, page->form->output) & ES_MULTILINE);
-        EXPECT_TRUE(Style(*page, page->form->output) & WS_VSCROLL);
-        EXPECT_FALSE(Style(*page, page->form->interval) & ES_MULTILINE);
+        EXPECT_TRUE(Style(*page, page->kind->output) & ES_MULTILINE);
+        EXPECT_TRUE(Style(*page, page->kind->output) & WS_VSCROLL);
+        EXPECT_FALSE(Style(*page, page->kind->interval) & ES_MULTILINE);
     }
 }
 
 TEST_F(PrimeFormTest, OffersTheBases10And16) {
     for (const PrimePage* page : {&primeNumbersPage, &primeFactorsPage}) {
-        const HWND list = NumberBaseList(Control(*page, page->form->base));
+        const HWND list = NumberBaseList(Control(*page, page->kind->base));
         ASSERT_EQ(SendMessageW(list, CB_GETCOUNT, 0, 0), 2);
         for (const auto& [row, text] : {std::pair(0, L"10"), std::pair(1, L"16")}) {
             wchar_t shown[16];
@@ -141,7 +141,7 @@ TEST_F(PrimeFormTest, FillsItsClientArea) {
     for (const int32_t dpi : {96, 120}) {
         MakeAgain(LanguageEnglish, dpi);
         for (const PrimePage* page : {&primeNumbersPage, &primeFactorsPage}) {
-            for (const LayoutSize client : {LayoutSize{800, 500}, page->form->size}) {
+            for (const LayoutSize client : {LayoutSize{800, 500}, page->kind->size}) {
                 Resize(*page, client);
                 ExpectControls(*page, client);
             }
@@ -151,7 +151,7 @@ TEST_F(PrimeFormTest, FillsItsClientArea) {
 
 TEST_F(PrimeFormTest, AMinimisedPageIsNotLaidOut) {
     for (const PrimePage* page : {&primeNumbersPage, &primeFactorsPage}) {
-        const HWND output = Control(*page, page->form->output);
+        const HWND output = Control(*page, page->kind->output);
         MoveWindow(output, 1, 2, 3, 4, FALSE);
         SendMessageW(page->window, WM_SIZE, SIZE_MINIMIZED, 0);
         EXPECT_EQ(PlaceInParent(output), (LayoutRect{1, 2, 3, 4}));
@@ -162,7 +162,7 @@ TEST_F(PrimeFormTest, AMinimisedPageIsNotLaidOut) {
 
 TEST_F(PrimeFormTest, ControlsOfAGroupLeaveItsFrameFree) {
     for (const PrimePage* page : {&primeNumbersPage, &primeFactorsPage}) {
-        for (const int32_t index : {page->form->digits, page->form->base}) {
+        for (const int32_t index : {page->kind->digits, page->kind->base}) {
             const HWND control = Control(*page, index);
             const HRGN region = CreateRectRgn(0, 0, 0, 0);
             RECT shown = {};
@@ -213,7 +213,7 @@ TEST_F(PrimeFormTest, TabAndArrowsReachTheButtonsOfAGroupTogether) {
 TEST_F(PrimeFormTest, CloseHidesThePage) {
     for (const PrimePage* page : {&primeNumbersPage, &primeFactorsPage}) {
         ShowWindow(page->window, SW_SHOW);
-        Click(*page, page->form->close);
+        Click(*page, page->kind->close);
         EXPECT_TRUE(IsWindow(page->window));
         EXPECT_FALSE(IsWindowVisible(page->window));
         ShowWindow(page->window, SW_SHOW);

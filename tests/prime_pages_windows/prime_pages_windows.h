@@ -62,22 +62,22 @@ protected:
     static std::u16string Text(const PrimePage& page, int32_t control) {
         return WholeText(Control(page, control));
     }
-    static std::u16string Output(const PrimePage& page) { return Text(page, page.form->output); }
+    static std::u16string Output(const PrimePage& page) { return Text(page, page.kind->output); }
     static void Write(const PrimePage& page, int32_t control, const std::u16string& text) {
         SetWindowTextW(Control(page, control), ToWide(text.c_str()));
     }
     static void WriteNumber(const PrimePage& page, const std::u16string& text) {
-        Write(page, page.form->number, text);
+        Write(page, page.kind->number, text);
     }
     static void WriteInterval(const PrimePage& page, const std::u16string& text) {
-        Write(page, page.form->interval, text);
+        Write(page, page.kind->interval, text);
     }
-    static std::u16string NumberOf(const PrimePage& page) { return Text(page, page.form->number); }
+    static std::u16string NumberOf(const PrimePage& page) { return Text(page, page.kind->number); }
     static std::u16string IntervalOf(const PrimePage& page) {
-        return Text(page, page.form->interval);
+        return Text(page, page.kind->interval);
     }
     static std::u16string DigitsOf(const PrimePage& page) {
-        return WholeText(DigitCountField(Control(page, page.form->digits)));
+        return WholeText(DigitCountField(Control(page, page.kind->digits)));
     }
     static void Click(const PrimePage& page, int32_t control) {
         SendMessageW(Control(page, control), BM_CLICK, 0, 0);
@@ -88,7 +88,7 @@ protected:
 
     /// As the list does when it closes with this base selected.
     static void ChooseBase(const PrimePage& page, int32_t base) {
-        const HWND control = Control(page, page.form->base);
+        const HWND control = Control(page, page.kind->base);
         SelectNumberBase(control, base);
         SendMessageW(control, WM_COMMAND, MAKEWPARAM(0, CBN_CLOSEUP),
                      reinterpret_cast<LPARAM>(NumberBaseList(control)));
@@ -111,7 +111,7 @@ protected:
                               const std::u16string& interval) {
         WriteNumber(page, number);
         WriteInterval(page, interval);
-        Click(page, page.form->start);
+        Click(page, page.kind->start);
         Finish(page);
         return Output(page);
     }

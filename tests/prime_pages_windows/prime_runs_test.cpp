@@ -12,8 +12,8 @@ protected:
     // A run that lasts longer than any test and has shown something.
     static void StartEndlessRun(const PrimePage& page) {
         WriteNumber(page, u"1");
-        WriteInterval(page, page.form->index == PagePrimeNumbers ? u"2147483647" : u"1000000");
-        Click(page, page.form->start);
+        WriteInterval(page, page.kind->index == PagePrimeNumbers ? u"2147483647" : u"1000000");
+        Click(page, page.kind->start);
         LoopUntil([&page] { return !Output(page).empty(); });
         EXPECT_EQ(page.run.states.phase, StopShown);
     }
@@ -94,19 +94,19 @@ TEST_F(PrimeRunsTest, EachRunBeginsWithAnEmptyOutput) {
 TEST_F(PrimeRunsTest, APageThatRunsShutsOthersOut) {
     for (PrimePage* page : Pages) {
         StartEndlessRun(*page);
-        for (int32_t i = 0; i < page->form->count; i++) {
+        for (int32_t i = 0; i < page->kind->count; i++) {
             const bool wasDisabled = page == &primeFactorsPage && i == PrimeFactorsShowCount;
             const bool isDisabled =
-                i == page->form->start || page->form->isDisabledDuringRun(i) || wasDisabled;
+                i == page->kind->start || page->kind->isDisabledDuringRun(i) || wasDisabled;
             EXPECT_EQ(IsEnabled(*page, i), !isDisabled) << i;
         }
         EXPECT_FALSE(IsWindowEnabled(dialog));
         EXPECT_TRUE(IsWindowEnabled(page->window));
-        Click(*page, page->form->stop);
+        Click(*page, page->kind->stop);
         Finish(*page);
-        for (int32_t i = 0; i < page->form->count; i++) {
+        for (int32_t i = 0; i < page->kind->count; i++) {
             const bool isDisabled =
-                i == page->form->stop || (page == &primeFactorsPage && i == PrimeFactorsShowCount);
+                i == page->kind->stop || (page == &primeFactorsPage && i == PrimeFactorsShowCount);
             EXPECT_EQ(IsEnabled(*page, i), !isDisabled) << i;
         }
     }
@@ -116,7 +116,7 @@ TEST_F(PrimeRunsTest, StopEndsARunWithoutAWordAndKeepsWhatIsThere) {
     const MessageBoxAnswer answer;
     for (PrimePage* page : Pages) {
         StartEndlessRun(*page);
-        Click(*page, page->form->stop);
+        Click(*page, page->kind->stop);
         Finish(*page);
         EXPECT_NE(Output(*page), u"");
     }
@@ -134,7 +134,7 @@ TEST_F(PrimeRunsTest, ClosingAPageStopsItsRun) {
             ShowWindow(page->window, SW_SHOW);
             StartEndlessRun(*page);
             if (byButton) {
-                Click(*page, page->form->close);
+                Click(*page, page->kind->close);
             } else {
                 SendMessageW(page->window, WM_CLOSE, 0, 0);
             }
@@ -149,10 +149,10 @@ TEST_F(PrimeRunsTest, ClosingAPageStopsItsRun) {
 TEST_F(PrimeRunsTest, TextThatTheOutputCannotHoldEndsTheRunWithItsMessage) {
     for (PrimePage* page : Pages) {
         const MessageBoxAnswer answer;
-        SendMessageW(Control(*page, page->form->output), EM_SETLIMITTEXT, 200'000, 0);
+        SendMessageW(Control(*page, page->kind->output), EM_SETLIMITTEXT, 200'000, 0);
         WriteNumber(*page, u"1");
         WriteInterval(*page, u"1000000");
-        Click(*page, page->form->start);
+        Click(*page, page->kind->start);
         Finish(*page);
         EXPECT_EQ(answer.boxes, 1);
         EXPECT_EQ(answer.text, "String buffer overflow!");

@@ -14,7 +14,6 @@ namespace {
 // Written before a run, and only read during the run.
 FactorRequest request;
 
-// A blank field means one number.
 bool ReadInterval() {
     ScratchStackScope scope;
     const char16_t* text = TakeFieldText(scope, primeFactorsPage, PrimeFactorsInterval);
@@ -22,7 +21,7 @@ bool ReadInterval() {
         return false;
     }
     if (IsBlankField(text)) {
-        request.interval = 1;
+        request.interval = BlankFactorInterval;
         return true;
     }
     int64_t interval = 0;
@@ -41,7 +40,7 @@ void PrepareFactors() {
     request = {.showDivisors = IsChecked(page, PrimeFactorsDivisors),
                .showCount = IsChecked(page, PrimeFactorsShowCount),
                .number = {},
-               .interval = 1,
+               .interval = BlankFactorInterval,
                .printFlags = PagePrintFlags(page),
                .parseFlags = PageParseFlags(page),
                .divisors = nullptr};
@@ -61,8 +60,11 @@ constexpr PageTask FactorsTask = {FactorNumberSetup, PrepareFactors, FindFactors
                                   UiErrorPrimeFactorOverflow};
 
 void ShowEnabling() {
+    const PrimeFactorsControl mode = IsChecked(primeFactorsPage, PrimeFactorsDivisors)
+                                         ? PrimeFactorsDivisors
+                                         : PrimeFactorsFactors;
     EnableWindow(primeFactorsPage.controls[PrimeFactorsShowCount],
-                 IsDivisorCountEnabled(IsChecked(primeFactorsPage, PrimeFactorsDivisors)));
+                 IsEnabledInMode(PrimeFactorsShowCount, mode));
 }
 
 LRESULT ModeHandler(HWND, UINT message, WPARAM wParam, LPARAM, bool&) {
@@ -80,7 +82,7 @@ LRESULT PrimeFactorsProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool&
     return HandlePrimePage(primeFactorsPage, message, wParam, lParam, callDefault);
 }
 
-constexpr PrimePageForm Form = {
+constexpr PrimePageKind Kind = {
     .index = PagePrimeFactors,
     .title = &UiText::TextFactorsPrimeFactorsDivisors,
     .size = PrimeFactorsSize,
@@ -108,7 +110,7 @@ constexpr PrimePageForm Form = {
 
 void CreatePrimeFactorsPage() {
     PrimePage& page = primeFactorsPage;
-    CreatePrimePage(page, Form, PrimeFactorsProc, FactorsTask);
+    CreatePrimePage(page, Kind, PrimeFactorsProc, FactorsTask);
     SetNumberBaseChosen(page.controls[PrimeFactorsBase], ChangeBase);
     SetControlHandler(page.controls[PrimeFactorsModeGroup], ModeHandler);
     SendMessageW(page.controls[PrimeFactorsFactors], BM_SETCHECK, BST_CHECKED, 0);

@@ -79,7 +79,7 @@ LRESULT PrimeNumbersProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool&
     return HandlePrimePage(primeNumbersPage, message, wParam, lParam, callDefault);
 }
 
-constexpr PrimePageForm Form = {
+constexpr PrimePageKind Kind = {
     .index = PagePrimeNumbers,
     .title = &UiText::TextPrimesPrimeNumbers,
     .size = PrimeNumbersSize,
@@ -113,7 +113,7 @@ void ShowMethod(PrimeNumbersControl control) {
 
 void CreatePrimeNumbersPage() {
     PrimePage& page = primeNumbersPage;
-    CreatePrimePage(page, Form, PrimeNumbersProc, PrimesTask);
+    CreatePrimePage(page, Kind, PrimeNumbersProc, PrimesTask);
     SetNumberBaseChosen(page.controls[PrimeNumbersBase], ChangeBase);
     ShowMethod(PrimeNumbersExact);
     ShowMethod(PrimeNumbersProbabilistic);

@@ -22,9 +22,9 @@ namespace {
 void LayOutPage(const PrimePage& page) {
     const LayoutSize pixels = ClientSize(page.window);
     const LayoutSize client = {FromScreenPixels(pixels.width), FromScreenPixels(pixels.height)};
-    for (int32_t i = 0; i < page.form->count; i++) {
-        const LayoutRect place = page.form->place(i, client);
-        if (place != page.form->form[i].place) {
+    for (int32_t i = 0; i < page.kind->count; i++) {
+        const LayoutRect place = page.kind->place(i, client);
+        if (place != page.kind->form[i].place) {
             PlaceControl(page.controls[i], place);
         }
     }
@@ -44,19 +44,19 @@ void LeaveFrameFree(HWND control) {
 
 // The text lies on the heap, since it has no limit and the ScratchStack has one.
 void ShowDigits(const PrimePage& page) {
-    const HWND field = page.controls[page.form->number];
+    const HWND field = page.controls[page.kind->number];
     const int length = GetWindowTextLengthW(field);
     HeapText text(length);
     if (text.IsThere()) {
         GetWindowTextW(field, ToWide(text.buffer.get()), length + 1);
-        ShowDigitCount(page.controls[page.form->digits], CountFieldDigits(text.buffer.get()));
+        ShowDigitCount(page.controls[page.kind->digits], CountFieldDigits(text.buffer.get()));
     }
 }
 
 void HandleCommand(const PrimePage& page, HWND control, int32_t news) {
-    if (control == page.controls[page.form->number] && news == EN_CHANGE) {
+    if (control == page.controls[page.kind->number] && news == EN_CHANGE) {
         ShowDigits(page);
-    } else if (control == page.controls[page.form->close] && news == BN_CLICKED) {
+    } else if (control == page.controls[page.kind->close] && news == BN_CLICKED) {
         SendMessageW(page.window, WM_CLOSE, 0, 0);
     }
 }
@@ -64,7 +64,7 @@ void HandleCommand(const PrimePage& page, HWND control, int32_t news) {
 // A field of many lines does not tell that its text was set.
 void WriteField(const PrimePage& page, int32_t control, const char16_t* text) {
     SetWindowTextW(page.controls[control], ToWide(text));
-    if (control == page.form->number) {
+    if (control == page.kind->number) {
         ShowDigits(page);
     }
 }
@@ -83,44 +83,44 @@ void WriteInNewBase(const PrimePage& page, int32_t control, uint32_t parseFlags,
 }
 
 PageRun MakeRun(PrimePage& page, const PageTask& task) {
-    const PrimePageForm& form = *page.form;
+    const PrimePageKind& kind = *page.kind;
     int32_t disabledCount = 0;
-    for (int32_t i = 0; i < form.count; i++) {
-        if (form.isDisabledDuringRun(i)) {
+    for (int32_t i = 0; i < kind.count; i++) {
+        if (kind.isDisabledDuringRun(i)) {
             page.disabled[disabledCount++] = page.controls[i];
         }
     }
     return {.page = page.window,
             .startTask = &task,
-            .controls = {.startButton = page.controls[form.start],
-                         .stopButton = page.controls[form.stop],
+            .controls = {.startButton = page.controls[kind.start],
+                         .stopButton = page.controls[kind.stop],
                          .disabled = page.disabled,
                          .disabledCount = disabledCount,
-                         .output = page.controls[form.output]},
+                         .output = page.controls[kind.output]},
             .states = {.rules = {StopFromTheStart, LeavesAtOnce}}};
 }
 
 }  // namespace
 
-void CreatePrimePage(PrimePage& page, const PrimePageForm& form, WindowHandler handler,
+void CreatePrimePage(PrimePage& page, const PrimePageKind& kind, WindowHandler handler,
                      const PageTask& task) {
-    TALLYMERE_REQUIRE(form.count <= MaxPrimeControls);
+    TALLYMERE_REQUIRE(kind.count <= MaxPrimeControls);
     page = {};
-    page.form = &form;
+    page.kind = &kind;
     const HWND window =
-        CreateDialogWindow(hiddenOwnerWindow, form.size, uiText.*form.title, handler,
+        CreateDialogWindow(hiddenOwnerWindow, kind.size, uiText.*kind.title, handler,
                            WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX |
                                DialogClientSize | DialogCentred,
                            0);
-    CreateFormControls(window, form.form, form.count, page.controls);
-    LeaveFrameFree(page.controls[form.digits]);
-    LeaveFrameFree(page.controls[form.base]);
-    SelectNumberBase(page.controls[form.base], page.base);
-    EnableWindow(page.controls[form.stop], FALSE);
+    CreateFormControls(window, kind.form, kind.count, page.controls);
+    LeaveFrameFree(page.controls[kind.digits]);
+    LeaveFrameFree(page.controls[kind.base]);
+    SelectNumberBase(page.controls[kind.base], page.base);
+    EnableWindow(page.controls[kind.stop], FALSE);
     page.window = window;
     page.run = MakeRun(page, task);
     LayOutPage(page);
-    pageWindows[form.index] = window;
+    pageWindows[kind.index] = window;
 }
 
 LRESULT HandlePrimePage(PrimePage& page, UINT message, WPARAM wParam, LPARAM lParam,
@@ -175,16 +175,16 @@ const char16_t* TakeFieldText(ScratchScope& scope, const PrimePage& page, int32_
 
 bool ReadPageNumber(const PrimePage& page, uint64_t* number) {
     ScratchStackScope scope;
-    const char16_t* text = TakeFieldText(scope, page, page.form->number);
+    const char16_t* text = TakeFieldText(scope, page, page.kind->number);
     if (text == nullptr || !ReadPrimeNumberField(number, text, PageParseFlags(page))) {
         return false;
     }
-    WriteField(page, page.form->number, NumberFieldText(scope, number, PagePrintFlags(page)));
+    WriteField(page, page.kind->number, NumberFieldText(scope, number, PagePrintFlags(page)));
     return true;
 }
 
 void EmptyOutput(const PrimePage& page) {
-    WriteField(page, page.form->output, u"");
+    WriteField(page, page.kind->output, u"");
 }
 
 void ChangePrimeBase(PrimePage& page, int32_t base, const NumberSetup& setup) {
@@ -195,8 +195,8 @@ void ChangePrimeBase(PrimePage& page, int32_t base, const NumberSetup& setup) {
     page.base = base;
     {
         const NumberSetupScope scope(setup);
-        WriteInNewBase(page, page.form->number, parseFlags, PagePrintFlags(page));
-        WriteInNewBase(page, page.form->interval, parseFlags, PagePrintFlags(page));
+        WriteInNewBase(page, page.kind->number, parseFlags, PagePrintFlags(page));
+        WriteInNewBase(page, page.kind->interval, parseFlags, PagePrintFlags(page));
     }
     ReportUiError();
 }

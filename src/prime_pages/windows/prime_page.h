@@ -20,8 +20,8 @@ inline constexpr int32_t MaxPrimeControls = 20;
 /// The longest text of a field that is read, in characters. A longer one is no number.
 inline constexpr int64_t PrimeFieldCapacity = 100'000;
 
-/// How the pages differ. Controls are named by their index in the form.
-struct PrimePageForm {
+/// What makes a page the one or the other. Controls are named by their index in the form.
+struct PrimePageKind {
     PageIndex index;
     UiTextEntry title;
     LayoutSize size;
@@ -40,7 +40,7 @@ struct PrimePageForm {
 };
 
 struct PrimePage {
-    const PrimePageForm* form = nullptr;
+    const PrimePageKind* kind = nullptr;
     HWND window = nullptr;  ///< null before the page is complete
     HWND controls[MaxPrimeControls] = {};
     HWND disabled[MaxPrimeControls] = {};  ///< during a run
@@ -49,8 +49,8 @@ struct PrimePage {
 };
 
 /// Makes the page, hidden, and puts it into pageWindows. `handler` is that of its window, `task`
-/// what Start starts. `page` and `form` live as long as the window.
-void CreatePrimePage(PrimePage& page, const PrimePageForm& form, WindowHandler handler,
+/// what Start starts. `page` and `kind` live as long as the window.
+void CreatePrimePage(PrimePage& page, const PrimePageKind& kind, WindowHandler handler,
                      const PageTask& task);
 
 /// Handles what concerns a page as such: its runs, its size, the count of digits, Close. The
