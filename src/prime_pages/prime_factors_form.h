@@ -59,37 +59,16 @@ inline constexpr FormControl PrimeFactorsForm[] = {
 };
 static_assert(std::size(PrimeFactorsForm) == PrimeFactorsControlCount);
 
-/// What the output box leaves of the height.
-inline constexpr int32_t PrimeFactorsOutputRoom = 183;
+inline constexpr PrimeLayout PrimeFactorsLayout = {.number = PrimeFactorsNumber,
+                                                   .output = PrimeFactorsOutput,
+                                                   .outputRoom = 183,
+                                                   .start = PrimeFactorsStart,
+                                                   .stop = PrimeFactorsStop,
+                                                   .close = PrimeFactorsClose};
 
-/// The place of a control in its parent, in a client area, both in logical units. In an area that
-/// is too small, sizes are negative; the system treats them as 0.
+/// The place of a control in its parent, in a client area, both in logical units.
 constexpr LayoutRect PlacePrimeFactorsControl(PrimeFactorsControl control, LayoutSize client) {
-    const LayoutRect place = PrimeFactorsForm[control].place;
-    switch (control) {
-        case PrimeFactorsNumber:
-            return PlacePrimeNumber(place, client);
-        case PrimeFactorsOutput:
-            return PlacePrimeOutput(place, client, PrimeFactorsOutputRoom);
-        case PrimeFactorsStart:
-        case PrimeFactorsStop:
-            return PlacePrimeButton(place, client);
-        case PrimeFactorsClose:
-            return PlacePrimeClose(place, client);
-        case PrimeFactorsStartLabel:
-        case PrimeFactorsInputGroup:
-        case PrimeFactorsDigits:
-        case PrimeFactorsBase:
-        case PrimeFactorsModeGroup:
-        case PrimeFactorsFactors:
-        case PrimeFactorsDivisors:
-        case PrimeFactorsShowCount:
-        case PrimeFactorsIntervalGroup:
-        case PrimeFactorsInterval:
-        case PrimeFactorsControlCount:
-            break;
-    }
-    return place;
+    return PlacePrimeControl(PrimeFactorsLayout, control, PrimeFactorsForm[control].place, client);
 }
 
 /// Whether a control can be used while `mode`, one of the two radio buttons, is selected. The

@@ -11,27 +11,31 @@ inline constexpr int32_t PrimeOutputRoom = 32;   ///< what the output box leaves
 inline constexpr int32_t PrimeButtonsRoom = 33;  ///< to the top of the buttons
 inline constexpr int32_t PrimeCloseRoom = 100;   ///< to the left edge of Close
 
-constexpr LayoutRect PlacePrimeNumber(LayoutRect place, LayoutSize client) {
-    place.width = client.width - PrimeNumberRoom;
-    return place;
-}
+/// What follows the client area of a page. Controls are named by their index in its form.
+struct PrimeLayout {
+    int32_t number;
+    int32_t output;
+    int32_t outputRoom;  ///< what the output box leaves of the height
+    int32_t start;
+    int32_t stop;
+    int32_t close;
+};
 
-/// `room` is what the output box leaves of the height.
-constexpr LayoutRect PlacePrimeOutput(LayoutRect place, LayoutSize client, int32_t room) {
-    place.width = client.width - PrimeOutputRoom;
-    place.height = client.height - room;
-    return place;
-}
-
-/// Start and Stop.
-constexpr LayoutRect PlacePrimeButton(LayoutRect place, LayoutSize client) {
-    place.y = client.height - PrimeButtonsRoom;
-    return place;
-}
-
-constexpr LayoutRect PlacePrimeClose(LayoutRect place, LayoutSize client) {
-    place = PlacePrimeButton(place, client);
-    place.x = client.width - PrimeCloseRoom;
+/// The place of a control in its parent, in a client area; `place` is that of its form. In an area
+/// that is too small, sizes are negative; the system treats them as 0.
+constexpr LayoutRect PlacePrimeControl(const PrimeLayout& layout, int32_t control, LayoutRect place,
+                                       LayoutSize client) {
+    if (control == layout.number) {
+        place.width = client.width - PrimeNumberRoom;
+    } else if (control == layout.output) {
+        place.width = client.width - PrimeOutputRoom;
+        place.height = client.height - layout.outputRoom;
+    } else if (control == layout.start || control == layout.stop || control == layout.close) {
+        place.y = client.height - PrimeButtonsRoom;
+    }
+    if (control == layout.close) {
+        place.x = client.width - PrimeCloseRoom;
+    }
     return place;
 }
 

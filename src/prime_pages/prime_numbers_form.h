@@ -66,39 +66,16 @@ inline constexpr FormControl PrimeNumbersForm[] = {
 };
 static_assert(std::size(PrimeNumbersForm) == PrimeNumbersControlCount);
 
-/// What the output box leaves of the height.
-inline constexpr int32_t PrimeNumbersOutputRoom = 223;
+inline constexpr PrimeLayout PrimeNumbersLayout = {.number = PrimeNumbersNumber,
+                                                   .output = PrimeNumbersOutput,
+                                                   .outputRoom = 223,
+                                                   .start = PrimeNumbersStart,
+                                                   .stop = PrimeNumbersStop,
+                                                   .close = PrimeNumbersClose};
 
-/// The place of a control in its parent, in a client area, both in logical units. In an area that
-/// is too small, sizes are negative; the system treats them as 0.
+/// The place of a control in its parent, in a client area, both in logical units.
 constexpr LayoutRect PlacePrimeNumbersControl(PrimeNumbersControl control, LayoutSize client) {
-    const LayoutRect place = PrimeNumbersForm[control].place;
-    switch (control) {
-        case PrimeNumbersNumber:
-            return PlacePrimeNumber(place, client);
-        case PrimeNumbersOutput:
-            return PlacePrimeOutput(place, client, PrimeNumbersOutputRoom);
-        case PrimeNumbersStart:
-        case PrimeNumbersStop:
-            return PlacePrimeButton(place, client);
-        case PrimeNumbersClose:
-            return PlacePrimeClose(place, client);
-        case PrimeNumbersStartLabel:
-        case PrimeNumbersInputGroup:
-        case PrimeNumbersDigits:
-        case PrimeNumbersBase:
-        case PrimeNumbersModeGroup:
-        case PrimeNumbersIntervalMode:
-        case PrimeNumbersNextPrime:
-        case PrimeNumbersTest:
-        case PrimeNumbersInterval:
-        case PrimeNumbersMethodGroup:
-        case PrimeNumbersExact:
-        case PrimeNumbersProbabilistic:
-        case PrimeNumbersControlCount:
-            break;
-    }
-    return place;
+    return PlacePrimeControl(PrimeNumbersLayout, control, PrimeNumbersForm[control].place, client);
 }
 
 /// Whether a run disables a control. The base would change the numbers of the run and report its
