@@ -1,7 +1,7 @@
 // The operations of the decimal core, rounded as a formula uses them.
 
+#include "bench/benchmarks.h"
 #include "bench/measuring.h"
-#include "bench/rooms.h"
 #include "core/real_add.h"
 #include "core/real_div_mod.h"
 #include "core/real_divide.h"

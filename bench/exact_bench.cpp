@@ -6,9 +6,9 @@
 #include <memory>
 #include <random>
 
+#include "bench/benchmarks.h"
 #include "bench/measuring.h"
 #include "bench/operands.h"
-#include "bench/rooms.h"
 #include "core/number_context.h"
 #include "exact/big_uint.h"
 #include "exact/big_uint_division.h"

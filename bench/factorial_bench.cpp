@@ -1,7 +1,7 @@
 // The two methods of the factorial at the n from which the series is taken.
 
+#include "bench/benchmarks.h"
 #include "bench/measuring.h"
-#include "bench/rooms.h"
 #include "functions/factorial.h"
 
 namespace tallymere::bench {

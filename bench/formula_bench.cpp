@@ -1,7 +1,7 @@
 // Whole evaluations: lexer, driver, variables and operators.
 
+#include "bench/benchmarks.h"
 #include "bench/measuring.h"
-#include "bench/rooms.h"
 #include "core/number_setup.h"
 #include "core/scratch.h"
 #include "formula/formula_evaluation.h"

@@ -1,7 +1,7 @@
 // The functions, rounded as a formula uses them, and MPFR's on the same arguments.
 
+#include "bench/benchmarks.h"
 #include "bench/mpfr_measuring.h"
-#include "bench/rooms.h"
 #include "functions/exponential.h"
 #include "functions/hyperbolic.h"
 #include "functions/hypotenuse.h"

@@ -1,8 +1,8 @@
 // The limb product alone: by column sums, and by its plain twin, row by row with one reduction for
 // each limb product.
 
+#include "bench/benchmarks.h"
 #include "bench/measuring.h"
-#include "bench/rooms.h"
 #include "core/real_multiply.h"
 #include "reference/limb_twins.h"
 

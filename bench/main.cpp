@@ -7,9 +7,10 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "bench/benchmarks.h"
 #include "bench/measuring.h"
+#include "bench/number_times.h"
 #include "bench/pari_peer.h"
-#include "bench/rooms.h"
 
 namespace tallymere::bench {
 

@@ -1,8 +1,8 @@
 // The four operations of MPFR on the same operands, in binary at the same precision: for
 // information.
 
+#include "bench/benchmarks.h"
 #include "bench/mpfr_measuring.h"
-#include "bench/rooms.h"
 
 namespace tallymere::bench {
 

@@ -1,5 +1,4 @@
-// Times of single numbers, where they differ too much for a mean: what bench/compare makes its
-// medians and worst cases of.
+#include "bench/number_times.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -12,7 +11,6 @@
 #include "bench/operands.h"
 #include "bench/pari_peer.h"
 #include "bench/random_wide.h"
-#include "bench/rooms.h"
 #include "core/number_context.h"
 #include "numtheory/factorize_number.h"
 #include "numtheory/prime_proof.h"

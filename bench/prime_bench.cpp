@@ -6,10 +6,10 @@
 #include <random>
 #include <vector>
 
+#include "bench/benchmarks.h"
 #include "bench/measuring.h"
 #include "bench/pari_peer.h"
 #include "bench/random_wide.h"
-#include "bench/rooms.h"
 #include "core/number_context.h"
 #include "core/number_setup.h"
 #include "exact/big_uint.h"

@@ -1,7 +1,7 @@
 // Reading and writing numbers of as many digits as the precision has.
 
+#include "bench/benchmarks.h"
 #include "bench/measuring.h"
-#include "bench/rooms.h"
 
 namespace tallymere::bench {
 
