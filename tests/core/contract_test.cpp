@@ -21,7 +21,7 @@
 #include "core/text_writer.h"
 #include "core/word_division.h"
 #include "core/word_products.h"
-#include "support/complex_testing.h"
+#include "support/contract_testing.h"
 
 namespace tallymere {
 namespace {
@@ -61,34 +61,11 @@ TEST(Contract, StopsTheProgramWithFileLineAndCondition) {
     EXPECT_DEATH(Half(7), "contract_test\\.cpp:[0-9]+: contract broken: even % 2 == 0");
 }
 
-// Memory for records of 39 digits that can overlap, and a malformed one.
-class ArithmeticContract : public ::testing::Test {
-protected:
-    ArithmeticContract() {
-        ComplexSetZero(z_, 0);
-        RealSetOne(RealPart(z_));
-        RealSetOne(ImaginaryPart(z_));
-        ComplexCopy(w_, z_);
-        ComplexCopy(malformed_, z_);
-        // Of its last limb only: first limbs are looked at more often.
-        RealLimbs(ImaginaryPart(malformed_))[2] = LimbBase;
-    }
-
-    PrecisionScope scope_{39};
-    std::vector<uint64_t> words_ = std::vector<uint64_t>(60);
-    ComplexNumber* z_ = ComplexAt(words_.data());
-    ComplexNumber* shifted_ = ComplexAt(words_.data() + 1);
-    ComplexNumber* w_ = ComplexAt(words_.data() + 20);
-    ComplexNumber* malformed_ = ComplexAt(words_.data() + 40);
-    RealNumber* x_ = RealPart(z_);
-    RealNumber* shiftedX_ = RealPart(shifted_);
-    RealNumber* y_ = RealPart(w_);
-    RealNumber* malformedX_ = ImaginaryPart(malformed_);
-};
+class ArithmeticContract : public ContractTest {};
 
 // What a program that breaks `condition` in a file of src/core says.
 std::string Broken(const std::string& file, const std::string& condition) {
-    return "core/" + file + "\\.(cpp|h):[0-9]+: contract broken: .*" + condition;
+    return BrokenContract("core", file, condition);
 }
 
 TEST_F(ArithmeticContract, IsThatTheOperandIsWellFormedAndTheResultTheSameOrApart) {

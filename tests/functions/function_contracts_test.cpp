@@ -24,7 +24,7 @@
 #include "functions/stored_constants.h"
 #include "functions/tangent_table.h"
 #include "functions/trigonometric.h"
-#include "support/complex_testing.h"
+#include "support/contract_testing.h"
 
 namespace tallymere {
 namespace {
@@ -33,33 +33,11 @@ using namespace testing_support;
 
 #ifdef TALLYMERE_CHECK_CONTRACTS
 
-// Memory for values of 39 digits that can overlap, and a malformed one.
-class FunctionContracts : public ::testing::Test {
-protected:
-    FunctionContracts() {
-        RealSetOne(RealPart(z_));
-        RealSetOne(ImaginaryPart(z_));
-        ComplexCopy(w_, z_);
-        ComplexCopy(malformed_, z_);
-        // Of its last limb only: first limbs are looked at more often.
-        RealLimbs(malformedX_)[2] = LimbBase;
-    }
-
-    PrecisionScope scope_{39};
-    std::vector<uint64_t> words_ = std::vector<uint64_t>(60);
-    ComplexNumber* z_ = ComplexAt(words_.data());
-    ComplexNumber* shifted_ = ComplexAt(words_.data() + 1);
-    ComplexNumber* w_ = ComplexAt(words_.data() + 20);
-    ComplexNumber* malformed_ = ComplexAt(words_.data() + 40);
-    RealNumber* x_ = RealPart(z_);
-    RealNumber* shiftedX_ = RealPart(shifted_);
-    RealNumber* y_ = RealPart(w_);
-    RealNumber* malformedX_ = ImaginaryPart(malformed_);
-};
+class FunctionContracts : public ContractTest {};
 
 // What a program that breaks `condition` in a file of src/functions says.
 std::string Broken(const std::string& file, const std::string& condition) {
-    return "functions/" + file + "\\.cpp:[0-9]+: contract broken: .*" + condition;
+    return BrokenContract("functions", file, condition);
 }
 
 TEST_F(FunctionContracts, WantAWellFormedOperandAndTheResultTheSameOrApart) {

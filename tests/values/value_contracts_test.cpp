@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "core/contract.h"
-#include "support/real_testing.h"
+#include "support/contract_testing.h"
 #include "values/exact_conversions.h"
 #include "values/number_text.h"
 
@@ -18,7 +18,7 @@ using namespace testing_support;
 
 // What a program that breaks `condition` in a file of src/values says.
 std::string Broken(const std::string& file, const std::string& condition) {
-    return "values/" + file + "\\.cpp:[0-9]+: contract broken: .*" + condition;
+    return BrokenContract("values", file, condition);
 }
 
 TEST(ValueContracts, OfConversionsIsThatNumbersAreWellFormedAndApart) {
