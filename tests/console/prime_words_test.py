@@ -333,6 +333,13 @@ if NATIVE:
     class StopTest(unittest.TestCase):
         LONG = ["primes", "--method", "probabilistic", "--interval", "2147483647", str(10**1200)]
 
+        def read_until(self, reader, text):
+            shown = b""
+            while text not in shown:
+                self.assertTrue(select.select([reader], [], [], SECONDS)[0])
+                shown += os.read(reader, 4096)
+            return shown
+
         def test_ctrl_c_keeps_what_was_printed(self):
             with start(["primes", "--interval", "2147483647", "1"]) as process:
                 self.assertEqual(b"Prime numbers from 1 to 2147483647:\n",
@@ -365,10 +372,7 @@ if NATIVE:
             with subprocess.Popen(CONSOLE + self.LONG, stdout=subprocess.DEVNULL,
                                   stderr=terminal) as process:
                 os.close(terminal)
-                shown = b""
-                while b"1 s, " not in shown:
-                    self.assertTrue(select.select([reader], [], [], SECONDS)[0])
-                    shown += os.read(reader, 4096)
+                shown = self.read_until(reader, b"1 s, ")
                 process.send_signal(signal.SIGINT)
                 self.assertEqual(130, process.wait(SECONDS))
                 shown += os.read(reader, 4096)
@@ -381,10 +385,7 @@ if NATIVE:
             with subprocess.Popen(CONSOLE + self.LONG, stdout=terminal,
                                   stderr=terminal) as process:
                 os.close(terminal)
-                shown = b""
-                while b"{ " not in shown:
-                    self.assertTrue(select.select([reader], [], [], SECONDS)[0])
-                    shown += os.read(reader, 4096)
+                shown = self.read_until(reader, b"{ ")
                 end = time.monotonic() + 1.5
                 while select.select([reader], [], [], max(end - time.monotonic(), 0))[0]:
                     shown += os.read(reader, 4096)
