@@ -648,6 +648,48 @@ TEST_F(PageRunTest, EndsWithoutAWordWhenItIsStopped) {
     EXPECT_FALSE(seen.succeeded);
 }
 
+TEST_F(PageRunTest, TellsNoErrorThatComesAfterAStop) {
+    const MessageBoxAnswer answer;
+    task.work = [] {
+        RunUntilStopped();
+        SetUiError(UiErrorTooManyPrimeFactors, u"7");
+        SetCalcError(CalcErrorOverflow);
+    };
+    ClickStart();
+    ClickStart();
+    EXPECT_EQ(PendingUiError(), UiErrorStopped);
+    LoopUntilIdle();
+    // One that came before the stop is told.
+    task.work = [] {
+        SetUiError(UiErrorTooManyPrimeFactors, u"7");
+        while (!StopRequested()) {
+            Sleep(0);
+        }
+    };
+    EXPECT_EQ(answer.boxes, 0);
+    ClickStart();
+    while (PendingUiError() == UiErrorNone) {
+        Sleep(0);
+    }
+    ClickStart();
+    LoopUntilIdle();
+    EXPECT_EQ(answer.boxes, 1);
+    EXPECT_EQ(answer.text, "The number \"7\" has to many prime factors or divisors!");
+}
+
+TEST_F(PageRunTest, TextThatTheOutputCannotTakeAfterAStopIsNoError) {
+    SendMessageW(output, EM_SETLIMITTEXT, 100, 0);
+    const MessageBoxAnswer answer;
+    task.work = [] {
+        RunUntilStopped();
+        SendLongOutput();
+    };
+    ClickStart();
+    ClickStart();
+    LoopUntilIdle();
+    EXPECT_EQ(answer.boxes, 0);
+}
+
 TEST_F(PageRunTest, ClosingStopsARunAndHidesThePage) {
     static bool closed;
     closed = false;

@@ -263,6 +263,8 @@ void StartPageRun(PageRun& run, const PageTask& task) {
 
 void StopPageRun(const PageRun& run) {
     if (IsPageCalculating(run.states)) {
+        // The code comes first: what the run still finds until it hears the request is not told.
+        SetUiError(UiErrorStopped);
         RequestStop();
     }
 }

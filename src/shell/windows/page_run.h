@@ -104,7 +104,8 @@ bool HandlePageRun(PageRun& run, UINT message, WPARAM wParam, LPARAM lParam, boo
 /// unless the page is idle. No NumberSetupScope may live, see BeginPage.
 void StartPageRun(PageRun& run, const PageTask& task);
 
-/// Asks the run of a page that calculates to stop. Otherwise does nothing.
+/// Asks the run of a page that calculates to stop, and raises UiErrorStopped, so that no error which
+/// comes after that is told. Otherwise does nothing.
 void StopPageRun(const PageRun& run);
 
 }  // namespace tallymere
