@@ -54,6 +54,10 @@ void SendDivisorsLine(FactorRun& run, const uint64_t* number, const DivisorList&
     AddPieceText(run.writer, u" = { ");
     SendPiece(run.writer);
     for (int64_t i = 0; i < divisors.count; i++) {
+        // A line can be longer than what its reader takes in the time that a stop may last.
+        if (RunShouldEnd()) {
+            return;
+        }
         AddPieceNumber(run.writer, divisors.divisors + FactorLimbs * i);
         AddPieceText(run.writer, i < divisors.count - 1 ? u", " : u"");
         SendPiece(run.writer);

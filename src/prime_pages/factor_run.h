@@ -35,7 +35,7 @@ NumberSetup FactorNumberSetup();
 /// showDivisors, UiErrorTooManyPrimeFactors with the number for one with more than MaxDivisors
 /// divisors; UiErrorPrimeFactorOverflow when the number behind one of the interval does not fit;
 /// UiErrorTextOverflow when a piece of text does not; UiErrorInternal at another width;
-/// UiErrorStopped after a stop. What was sent stays.
+/// UiErrorStopped after a stop. What was sent stays; a line of divisors may end in its midst.
 void FactorWorker(const FactorRequest& request, SendText send);
 
 }  // namespace tallymere

@@ -129,7 +129,7 @@ TEST_F(FactorRunEnds, WithAPieceThatDoesNotFit) {
     EXPECT_TRUE(result.text.ends_with(u"x\u2026")) << "no line of 2";
 }
 
-// A stop ends the text behind a line.
+// A stop ends the text behind a line of factors, and behind a divisor.
 class FactorRunStops : public FactorRunTest {
 protected:
     static RunResult Stops(const std::u16string& text) { return {text, UiErrorStopped, u""}; }
@@ -163,6 +163,24 @@ TEST_F(FactorRunStops, InItsMidst) {
         RequestStop();
     };
     EXPECT_EQ(Run(Factors, "2^128-1", 1, 0, stop), Stops(LargestLine));
+}
+
+TEST_F(FactorRunStops, InTheMidstOfALineOfDivisors) {
+    const SendText stopInThree = [](const char16_t* text) {
+        KeepPiece(text);
+        if (std::u16string(text) == u"3, ") {
+            RequestStop();
+        }
+    };
+    EXPECT_EQ(Run(CountedDivisors, "13082761331670030", 2, 0, stopInThree),
+              Stops(u"D 13082761331670030 = { 1, 2, 3, "));
+    EXPECT_EQ(CurrentRunProgress().done, 0u);
+    const SendText fail = [](const char16_t* text) {
+        KeepPiece(text);
+        SetUiError(UiErrorTextOverflow);
+    };
+    EXPECT_EQ(Run(CountedDivisors, "12", 2, 0, fail),
+              (RunResult{u"D 12 = { ", UiErrorTextOverflow, u""}));
 }
 
 TEST_F(FactorRunStops, FromAnotherThread) {
