@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
+#include "layout/window_model.h"
 #include "prime_pages/prime_factors_form.h"
 #include "prime_pages/prime_numbers_form.h"
 #include "shell/languages.h"
@@ -94,6 +97,74 @@ TEST(PrimeFormsTest, ThePrimeNumbersPageHasItsControls) {
     for (const auto& [index, control] : ExpectedNumbers) {
         ExpectRow(PrimeNumbersForm[index], control, index);
     }
+}
+
+unsigned TraitsOf(FormControlKind kind) {
+    switch (kind) {
+        case FormField:
+        case FormMultilineField:
+        case FormCheckBox:
+            return Stop;
+        case FormRadioButton:
+            return Stop | Radio;
+        case FormPushButton:
+            return Stop | Push;
+        default:
+            return Plain;
+    }
+}
+
+// The controls that Tab leads to, by their rows, from the first one on. Of the list of bases, the
+// row is that of its control.
+std::vector<int32_t> TabOrder(const FormControl* form, int32_t count,
+                              const std::vector<int32_t>& checked,
+                              const std::vector<int32_t>& disabled) {
+    WindowModel tree;
+    std::vector<WindowModel::Window> windows;
+    const auto is = [](const std::vector<int32_t>& rows, int32_t row) {
+        return std::find(rows.begin(), rows.end(), row) != rows.end();
+    };
+    for (int32_t i = 0; i < count; i++) {
+        const auto parent = form[i].parent == FormWindow
+                                ? tree.Dialog()
+                                : windows[static_cast<size_t>(form[i].parent)];
+        windows.push_back(tree.Add(parent, std::to_string(i),
+                                   TraitsOf(form[i].kind) | (is(checked, i) ? Checked : 0u) |
+                                       (is(disabled, i) ? Disabled : 0u)));
+        if (form[i].kind == FormNumberBase) {
+            tree.Add(windows.back(), std::to_string(i));
+        }
+    }
+    std::vector<int32_t> order;
+    WindowModel::Window window = tree.Dialog();
+    do {
+        window = TabTargetOf(tree, window, WalkForward).window;
+        order.push_back(std::stoi(window->name));
+    } while (order.size() <= tree.Size() && (order.size() == 1 || order.back() != order.front()));
+    order.pop_back();
+    return order;
+}
+
+TEST(PrimeFormsTest, TabLeadsThroughThePrimeFactorsPageFromTopToBottom) {
+    EXPECT_EQ(TabOrder(PrimeFactorsForm, PrimeFactorsControlCount, {PrimeFactorsFactors},
+                       {PrimeFactorsShowCount, PrimeFactorsStop}),
+              (std::vector<int32_t>{PrimeFactorsNumber, PrimeFactorsBase, PrimeFactorsFactors,
+                                    PrimeFactorsInterval, PrimeFactorsOutput, PrimeFactorsStart,
+                                    PrimeFactorsClose}));
+    // During a run of divisors.
+    EXPECT_EQ(TabOrder(PrimeFactorsForm, PrimeFactorsControlCount, {PrimeFactorsDivisors},
+                       {PrimeFactorsStart}),
+              (std::vector<int32_t>{PrimeFactorsNumber, PrimeFactorsBase, PrimeFactorsDivisors,
+                                    PrimeFactorsShowCount, PrimeFactorsInterval, PrimeFactorsOutput,
+                                    PrimeFactorsStop, PrimeFactorsClose}));
+}
+
+TEST(PrimeFormsTest, TabLeadsThroughThePrimeNumbersPageFromTopToBottom) {
+    EXPECT_EQ(TabOrder(PrimeNumbersForm, PrimeNumbersControlCount,
+                       {PrimeNumbersTest, PrimeNumbersExact}, {PrimeNumbersStop}),
+              (std::vector<int32_t>{PrimeNumbersNumber, PrimeNumbersBase, PrimeNumbersTest,
+                                    PrimeNumbersInterval, PrimeNumbersExact, PrimeNumbersOutput,
+                                    PrimeNumbersStart, PrimeNumbersClose}));
 }
 
 // A radio button that follows a control of another kind begins a group of its own for the keyboard.

@@ -149,6 +149,22 @@ TEST_F(PrimeFormTest, FillsItsClientArea) {
     }
 }
 
+// In such an area some controls come to stand where the form says, though they stood elsewhere.
+TEST_F(PrimeFormTest, FillsAClientAreaInWhichItsLayoutIsThatOfTheForm) {
+    for (const PrimePage* page : {&primeNumbersPage, &primeFactorsPage}) {
+        const FormControl& output = page->kind->form[page->kind->output];
+        const FormControl& start = page->kind->form[page->kind->start];
+        const int32_t room = -page->kind->place(page->kind->start, {400, 0}).y;
+        const LayoutSize client = {400, room + start.place.y};
+        ASSERT_EQ(page->kind->place(page->kind->start, client), start.place);
+        Resize(*page, {800, 500});
+        Resize(*page, client);
+        ASSERT_EQ(ClientSize(page->window), client);
+        EXPECT_EQ(PlaceInParent(Control(*page, page->kind->start)), ToScreenPixels(start.place));
+        EXPECT_EQ(PlaceInParent(Control(*page, page->kind->output)).y, output.place.y);
+    }
+}
+
 TEST_F(PrimeFormTest, AMinimisedPageIsNotLaidOut) {
     for (const PrimePage* page : {&primeNumbersPage, &primeFactorsPage}) {
         const HWND output = Control(*page, page->kind->output);
@@ -208,6 +224,32 @@ TEST_F(PrimeFormTest, TabAndArrowsReachTheButtonsOfAGroupTogether) {
     PressKey(GetFocus(), VK_DOWN);
     EXPECT_TRUE(IsChecked(primeNumbersPage, PrimeNumbersTest));
     EXPECT_FALSE(IsChecked(primeNumbersPage, PrimeNumbersNextPrime));
+}
+
+TEST_F(PrimeFormTest, TabGoesThroughThePrimeFactorsPageInTheOrderOfItsControls) {
+    const PrimePage& page = primeFactorsPage;
+    ShowWindow(page.window, SW_SHOW);
+    const HWND base = NumberBaseList(Control(page, PrimeFactorsBase));
+    const auto expectOrder = [&](const std::vector<HWND>& order) {
+        SetFocus(order[0]);
+        for (size_t i = 1; i <= order.size(); i++) {
+            PressKey(GetFocus(), VK_TAB);
+            EXPECT_EQ(GetFocus(), order[i % order.size()]) << i;
+        }
+        for (size_t i = order.size(); i-- > 0;) {
+            PressKey(GetFocus(), VK_TAB, VK_SHIFT);
+            EXPECT_EQ(GetFocus(), order[i]) << i;
+        }
+    };
+    // Stop is disabled, and so is the box while Divisors is not chosen.
+    expectOrder({Control(page, PrimeFactorsNumber), base, Control(page, PrimeFactorsFactors),
+                 Control(page, PrimeFactorsInterval), Control(page, PrimeFactorsOutput),
+                 Control(page, PrimeFactorsStart), Control(page, PrimeFactorsClose)});
+    Click(page, PrimeFactorsDivisors);
+    expectOrder({Control(page, PrimeFactorsNumber), base, Control(page, PrimeFactorsDivisors),
+                 Control(page, PrimeFactorsShowCount), Control(page, PrimeFactorsInterval),
+                 Control(page, PrimeFactorsOutput), Control(page, PrimeFactorsStart),
+                 Control(page, PrimeFactorsClose)});
 }
 
 TEST_F(PrimeFormTest, CloseHidesThePage) {

@@ -23,10 +23,7 @@ void LayOutPage(const PrimePage& page) {
     const LayoutSize pixels = ClientSize(page.window);
     const LayoutSize client = {FromScreenPixels(pixels.width), FromScreenPixels(pixels.height)};
     for (int32_t i = 0; i < page.kind->count; i++) {
-        const LayoutRect place = page.kind->place(i, client);
-        if (place != page.kind->form[i].place) {
-            PlaceControl(page.controls[i], place);
-        }
+        PlaceControl(page.controls[i], page.kind->place(i, client));
     }
 }
 
