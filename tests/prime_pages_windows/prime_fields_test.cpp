@@ -1,5 +1,7 @@
 // The fields of both pages: the count of digits, the base, and what Start makes of their texts.
 
+#include <algorithm>
+
 #include "prime_pages_windows/prime_pages_windows.h"
 
 namespace tallymere::testing_support {
@@ -271,6 +273,77 @@ TEST_F(PrimeFieldsTest, StartWritesNumbersInTheirNormalForm) {
     ChooseBase(primeFactorsPage, 16);
     Run(primeFactorsPage, u"fffff", u"1");
     EXPECT_EQ(NumberOf(primeFactorsPage), u"F,FFFF");
+}
+
+TEST_F(PrimeFieldsTest, AnIntervalIsReadInTheBaseOfThePage) {
+    for (PrimePage* page : Pages) {
+        ChooseBase(*page, 16);
+    }
+    EXPECT_EQ(Run(primeNumbersPage, u"1", u"a"),
+              u"Prime numbers from 1 to A:\r\n{ 2, 3, 5, 7 }\r\nNumber of prime numbers: 4\r\n");
+    const std::u16string output = Run(primeFactorsPage, u"10", u"0b");
+    EXPECT_TRUE(output.ends_with(u"19 = 5^2\r\n1A = 2 * D\r\n"));
+    EXPECT_EQ(IntervalOf(primeFactorsPage), u"B");
+    ExpectInvalid(primeFactorsPage, u"7", u"F4241", "F4241");
+    ExpectInvalid(primeNumbersPage, u"7", u"80000000", "80000000");
+}
+
+// Its end, which is not read, may not make a number of it.
+const std::u16string TooLongInterval = std::u16string(PrimeFieldCapacity, u'0') + u"5";
+
+// Says that this is the text of a field. A real one would take its time for it.
+LRESULT TellTooLongInterval(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
+    const size_t length = TooLongInterval.size();
+    callDefault = message != WM_GETTEXTLENGTH && message != WM_GETTEXT;
+    if (message != WM_GETTEXT) {
+        return static_cast<LRESULT>(length);
+    }
+    auto* text = reinterpret_cast<char16_t*>(lParam);
+    const size_t count = TooLongInterval.copy(text, std::min<size_t>(wParam - 1, length));
+    text[count] = 0;
+    return static_cast<LRESULT>(count);
+}
+
+TEST_F(PrimeFieldsTest, AnIntervalThatIsTooLongToBeReadIsInvalidAndNotCut) {
+    for (PrimePage* page : Pages) {
+        const MessageBoxAnswer answer;
+        WriteNumber(*page, u"7");
+        SetControlHandler(Control(*page, page->kind->interval), TellTooLongInterval);
+        Click(*page, page->kind->start);
+        EXPECT_EQ(page->run.states.phase, PageIdle);
+        EXPECT_EQ(answer.boxes, 1);
+        EXPECT_EQ(answer.text.substr(0, 20), "Invalid input \"00000");
+        EXPECT_EQ(Output(*page), u"");
+        ChooseBase(*page, 16);
+        EXPECT_EQ(answer.boxes, 2);
+        EXPECT_TRUE(IntervalOf(*page) == TooLongInterval);
+    }
+}
+
+// As an arrow key does in the list while it is closed.
+TEST_F(PrimeFieldsTest, StartReadsTheFieldsInTheBaseThatIsShown) {
+    for (PrimePage* page : Pages) {
+        const HWND base = Control(*page, page->kind->base);
+        WriteNumber(*page, u"10");
+        WriteInterval(*page, u"10");
+        SendMessageW(NumberBaseList(base), WM_KEYDOWN, VK_DOWN, 1);
+        SendMessageW(NumberBaseList(base), WM_KEYUP, VK_DOWN, 0xC0000001);
+        ASSERT_EQ(SelectedNumberBase(base), 16);
+        EXPECT_EQ(page->base, 10) << "the page does not know of it";
+        Click(*page, page->kind->start);
+        Finish(*page);
+        EXPECT_EQ(page->base, 16);
+        EXPECT_EQ(NumberOf(*page), u"10");
+        // From here on the base is that of the page.
+        ChooseBase(*page, 10);
+        EXPECT_EQ(NumberOf(*page), u"16");
+        EXPECT_EQ(IntervalOf(*page), u"16");
+    }
+    EXPECT_EQ(Output(primeNumbersPage),
+              u"Prime numbers from 10 to 1F:\r\n{ 11, 13, 17, 1D, 1F }"
+              u"\r\nNumber of prime numbers: 5\r\n");
+    EXPECT_TRUE(Output(primeFactorsPage).starts_with(u"10 = 2^4\r\n11 = 11\r\n"));
+    EXPECT_TRUE(Output(primeFactorsPage).ends_with(u"1F = 1F\r\n"));
 }
 
 TEST_F(PrimeFieldsTest, TheProbabilisticMethodAloneTakesWideNumbers) {

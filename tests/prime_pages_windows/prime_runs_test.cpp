@@ -83,6 +83,64 @@ TEST_F(PrimeRunsTest, AnIntervalBeyondAllNumbersEndsWithItsMessage) {
     EXPECT_EQ(answer.text, "Overflow in prime number calculation!");
 }
 
+const struct {
+    Language language;
+    const char* caption;
+    const char* invalidInput;
+    const char* primeOverflow;
+    const char* factorOverflow;
+    const char* tooMany;
+    const char* tooLong;
+} MessagesOfLanguages[] = {
+    {LanguageEnglish, "Error", "Invalid input \"12x\" !", "Overflow in prime number calculation!",
+     "Overflow in prime factor calculation!",
+     "The number \"5CF5677BB5F81C\" has to many prime factors or divisors!",
+     "String buffer overflow!"},
+    {LanguageGerman, "Fehler", "Ung\xFCltige Eingabe \"12x\" !",
+     "\xDC"
+     "berlauf bei der Primzahlberechnung!",
+     "\xDC"
+     "berlauf bei der Primfaktorberechnung!",
+     "Die Zahl \"5CF5677BB5F81C\" hat zu viele Primfaktoren bzw. Teiler!",
+     "Stringpuffer\xFC"
+     "berlauf!"},
+};
+
+// The number behind the largest one is asked for, and one has more divisors than a list holds.
+TEST_F(PrimeRunsTest, TellsWhatEndsARunInBothLanguages) {
+    for (const auto& expected : MessagesOfLanguages) {
+        MakeAgain(expected.language);
+        const MessageBoxAnswer answer;
+        int32_t boxes = 0;
+        const auto expectMessage = [&](const char* text) {
+            EXPECT_EQ(answer.boxes, ++boxes);
+            EXPECT_EQ(answer.caption, expected.caption);
+            EXPECT_EQ(answer.text, text);
+        };
+        for (const PrimePage* page : Pages) {
+            EXPECT_EQ(Run(*page, u"12x", u"1"), u"");
+            expectMessage(expected.invalidInput);
+        }
+        Click(primeNumbersPage, PrimeNumbersNextPrime);
+        EXPECT_EQ(Run(primeNumbersPage, u"340282366920938463463374607431768211454", u""),
+                  std::u16string(uiText.TextPrimesNextPrimeNumber2) + u"\r\n");
+        expectMessage(expected.primeOverflow);
+        WriteNumber(primeFactorsPage, u"");
+        ChooseBase(primeFactorsPage, 16);
+        EXPECT_EQ(Run(primeFactorsPage, std::u16string(31, u'F') + u"E", u"3"),
+                  u"FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFE = 2 * 7FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF\r\n"
+                  u"FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF = 3 * 5 * 11 * 101 * 281 * 10001 * 42F01 * "
+                  u"663D81 * 3D30F19CD101\r\n");
+        expectMessage(expected.factorOverflow);
+        Click(primeFactorsPage, PrimeFactorsDivisors);
+        EXPECT_EQ(Run(primeFactorsPage, u"5CF5677BB5F81C", u"2"), u"");
+        expectMessage(expected.tooMany);
+        SendMessageW(Control(primeFactorsPage, PrimeFactorsOutput), EM_SETLIMITTEXT, 20, 0);
+        Run(primeFactorsPage, u"30", u"20");
+        expectMessage(expected.tooLong);
+    }
+}
+
 TEST_F(PrimeRunsTest, EachRunBeginsWithAnEmptyOutput) {
     Run(primeFactorsPage, u"12", u"");
     EXPECT_EQ(Run(primeFactorsPage, u"13", u""), u"13 = 13\r\n");

@@ -35,8 +35,9 @@ bool ReadInterval() {
 }
 
 void PrepareFactors() {
-    const PrimePage& page = primeFactorsPage;
+    PrimePage& page = primeFactorsPage;
     EmptyOutput(page);
+    TakeShownBase(page);
     request = {.showDivisors = IsChecked(page, PrimeFactorsDivisors),
                .showCount = IsChecked(page, PrimeFactorsShowCount),
                .number = {},

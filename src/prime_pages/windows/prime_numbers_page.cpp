@@ -46,8 +46,9 @@ void ReadCount() {
 }
 
 void PreparePrimes() {
-    const PrimePage& page = primeNumbersPage;
+    PrimePage& page = primeNumbersPage;
     EmptyOutput(page);
+    TakeShownBase(page);
     uint64_t* number = ScratchTake(CurrentScratchStack(), CurrentNumberSetup().width.limbs);
     request = {.method = ChosenMethod(),
                .mode = ChosenMode(),

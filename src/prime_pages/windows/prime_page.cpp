@@ -184,6 +184,13 @@ void EmptyOutput(const PrimePage& page) {
     WriteField(page, page.kind->output, u"");
 }
 
+void TakeShownBase(PrimePage& page) {
+    const int32_t shown = SelectedNumberBase(page.controls[page.kind->base]);
+    if (shown != 0) {
+        page.base = shown;
+    }
+}
+
 void ChangePrimeBase(PrimePage& page, int32_t base, const NumberSetup& setup) {
     if (base == page.base) {
         return;

@@ -76,6 +76,11 @@ bool ReadPageNumber(const PrimePage& page, uint64_t* number);
 /// Empties the output.
 void EmptyOutput(const PrimePage& page);
 
+/// Makes the base that the list shows that of the page. An arrow key changes the closed list
+/// without a word to the page. The fields stay as they are: what stands in them beside a base is
+/// meant in that base.
+void TakeShownBase(PrimePage& page);
+
 /// A base was chosen: writes both fields anew, which are read with the numbers `setup`. A field
 /// that cannot be read stays, and its error is reported.
 void ChangePrimeBase(PrimePage& page, int32_t base, const NumberSetup& setup);
