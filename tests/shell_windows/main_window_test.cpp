@@ -3,6 +3,7 @@
 
 #include <iterator>
 #include <string>
+#include <vector>
 
 #include "shell/main_menu.h"
 #include "shell/program_facts.h"
@@ -61,13 +62,24 @@ void ExpectMenuItem(HMENU menu, int position, const MenuItem& item) {
     EXPECT_EQ(std::wstring(caption), ToWide(uiText.*item.caption));
 }
 
+// How a page goes: that it is hidden and that it is no longer the active window.
+std::vector<UINT> partings;
+
+LRESULT NotePartings(HWND, UINT message, WPARAM wParam, LPARAM, bool&) {
+    if ((message == WM_SHOWWINDOW && wParam == FALSE) ||
+        (message == WM_ACTIVATE && LOWORD(wParam) == WA_INACTIVE)) {
+        partings.push_back(message);
+    }
+    return 0;
+}
+
 class MainWindow : public testing_support::ToolkitTest {
 protected:
     MainWindow() {
         InstallLanguage(LanguageEnglish);
         CreateMainWindow();
         pageWindows[PageCalculator] =
-            CreateDialogWindow(hiddenOwnerWindow, {100, 100}, u"Page", nullptr, 0, 0);
+            CreateDialogWindow(hiddenOwnerWindow, {100, 100}, u"Page", NotePartings, 0, 0);
     }
     ~MainWindow() override {
         DestroyWindow(pageWindows[PageCalculator]);
@@ -166,6 +178,16 @@ TEST_F(MainWindow, IsActivatedWhenAWindowThatItShowedIsClosed) {
     SetActiveWindow(dialog);
     HidePageWindow(page);
     EXPECT_FALSE(IsWindowVisible(page));
+    EXPECT_EQ(GetActiveWindow(), mainWindow);
+
+    // In this order, also where the main window is shut out.
+    EnableWindow(mainWindow, FALSE);
+    ChooseMenuItem(201);
+    EXPECT_EQ(GetActiveWindow(), page);
+    partings.clear();
+    HidePageWindow(page);
+    EnableWindow(mainWindow, TRUE);
+    EXPECT_EQ(partings, (std::vector<UINT>{WM_SHOWWINDOW, WM_ACTIVATE}));
     EXPECT_EQ(GetActiveWindow(), mainWindow);
 
     // A dialog goes back to its owner.
@@ -287,15 +309,21 @@ TEST_F(MainWindow, ShowsAMaximisedPageMaximisedAgainAndAHiddenOneNot) {
     EXPECT_FALSE(IsWindowVisible(pageWindows[PageCalculator]));
 }
 
-TEST_F(MainWindow, EndsTheMessageLoopWhenItIsClosed) {
+TEST_F(MainWindow, EndsTheMessageLoopWhenItOrItsOwnerIsClosed) {
+    const auto expectEnd = [] {
+        MSG message;
+        while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+            DispatchMessageW(&message);
+        }
+        EXPECT_EQ(message.message, UINT{WM_QUIT});
+        EXPECT_EQ(message.wParam, 0u);
+        EXPECT_TRUE(IsWindow(mainWindow));
+        EXPECT_TRUE(IsWindow(pageWindows[PageCalculator]));
+    };
     ChooseMenuItem(102);
-    EXPECT_TRUE(IsWindow(mainWindow));
-    MSG message;
-    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-        DispatchMessageW(&message);
-    }
-    EXPECT_EQ(message.message, UINT{WM_QUIT});
-    EXPECT_EQ(message.wParam, 0u);
+    expectEnd();
+    PostMessageW(hiddenOwnerWindow, WM_CLOSE, 0, 0);
+    expectEnd();
 }
 
 }  // namespace

@@ -2,11 +2,14 @@
 #include "shell/windows/page_run.h"
 
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "core/contract.h"
 #include "core/scratch.h"
 #include "shell/page_text.h"
+#include "shell/windows/main_window.h"
+#include "shell/windows/program_windows.h"
 #include "shell_windows/message_boxes.h"
 #include "toolkit/long_text_field.h"
 #include "toolkit/test_dialog.h"
@@ -486,6 +489,58 @@ TEST_F(PageRunTest, ARunWhoseEndCannotBePostedEndsAllTheSame) {
     LoopUntilIdle();
 }
 
+// While it lives, the system refuses every timer of a page.
+class NoTimers {
+public:
+    NoTimers() : system_(startTimer) {
+        startTimer = [](HWND, PageTimer, int32_t) { return false; };
+    }
+    ~NoTimers() { startTimer = system_; }
+    NoTimers(const NoTimers&) = delete;
+    NoTimers& operator=(const NoTimers&) = delete;
+
+private:
+    TimerStarter system_;
+};
+
+TEST_F(PageRunTest, AThreadThatWaitsForRoomWithoutATimerAsksForIt) {
+    static std::u16string text;
+    text = LongOutput().substr(0, PageTextCapacity + PageTextCapacity / 2);
+    SetWindowTextW(output, L"");
+    task.work = [] { SendPageText(text.c_str()); };
+    const NoTimers refused;
+    ClickStart();
+    LoopUntilIdle();
+    EXPECT_TRUE(seen.succeeded);
+    EXPECT_TRUE(WholeText(output) == text);
+}
+
+TEST_F(PageRunTest, ATimerThatIsRefusedEndsAtOnce) {
+    const NoTimers refused;
+    run.states.rules = {StopAfterAWhile, LeavesLater};
+    task.work = RunUntilStopped;
+    ClickStart();
+    EXPECT_EQ(run.states.phase, StopShown);
+    EXPECT_EQ(seen.shownBusy, (std::vector<bool>{true, true}));
+    ClickStart();
+    LoopWhile(StopShown);
+    EXPECT_EQ(run.states.phase, PageIdle);
+    EXPECT_EQ(seen.shownBusy, (std::vector<bool>{true, true, false}));
+}
+
+TEST_F(PageRunTest, TextForAPageThatIsGoneIsForgotten) {
+    const HWND gone = CreateDialogWindow(nullptr, {100, 100}, u"Gone", nullptr, 0, 0);
+    BeginPageText(gone);
+    std::thread sending([] { SendLongOutput(); });
+    DestroyWindow(gone);
+    sending.join();
+    BeginPageText(page);
+    task.work = [] { SendPageText(u"next"); };
+    ClickStart();
+    LoopUntilIdle();
+    EXPECT_EQ(TextOf(output), "old\r\nnext");
+}
+
 TEST_F(PageRunTest, ATextTimerThatComesLateDoesNothing) {
     ClickStart();
     LoopUntilIdle();
@@ -547,6 +602,8 @@ public:
     static inline NumberSetup numbers;
     static inline uint64_t* top;
 
+    static inline void (*behind)() = nullptr;  ///< what else happens behind the box
+
 private:
     static LRESULT CALLBACK Look(int code, WPARAM wParam, LPARAM lParam) {
         if (code == HCBT_ACTIVATE && reinterpret_cast<HWND>(wParam) != run.page) {
@@ -554,6 +611,9 @@ private:
             phase = run.states.phase;
             numbers = CurrentNumberSetup();
             top = *CurrentScratchStack().top;
+            if (behind != nullptr) {
+                behind();
+            }
         }
         return CallNextHookEx(nullptr, code, wParam, lParam);
     }
@@ -659,7 +719,7 @@ TEST_F(PageRunTest, TellsNoErrorThatComesAfterAStop) {
     ClickStart();
     EXPECT_EQ(PendingUiError(), UiErrorStopped);
     LoopUntilIdle();
-    // One that came before the stop is told.
+    // One that came before the stop is shown.
     task.work = [] {
         SetUiError(UiErrorTooManyPrimeFactors, u"7");
         while (!StopRequested()) {
@@ -706,6 +766,84 @@ TEST_F(PageRunTest, ClosingStopsARunAndHidesThePage) {
     EXPECT_FALSE(seen.succeeded);
     Close();
     EXPECT_FALSE(StopRequested()) << "nothing runs any more";
+}
+
+int32_t callsAfterRun;
+
+void CountCall() {
+    EXPECT_FALSE(IsPageCalculating(run.states));
+    EXPECT_EQ(*CurrentScratchStack().top, topBefore);
+    callsAfterRun++;
+}
+
+TEST_F(PageRunTest, WhatWaitsForTheEndOfARunStopsItAndIsCalledOnce) {
+    callsAfterRun = 0;
+    StopRunThen(CountCall);
+    EXPECT_EQ(callsAfterRun, 1) << "nothing runs";
+    EXPECT_FALSE(StopRequested());
+    for (const PageLeaveRule leave : {LeavesAtOnce, LeavesLater, LeavesBeforeReport}) {
+        callsAfterRun = 0;
+        run.states.rules.leave = leave;
+        task.work = RunUntilStopped;
+        ClickStart();
+        StopRunThen(CountCall);
+        StopRunThen(CountCall);
+        EXPECT_TRUE(StopRequested());
+        EXPECT_EQ(callsAfterRun, 0);
+        LoopUntilIdle();
+        EXPECT_EQ(callsAfterRun, 1);
+        EXPECT_FALSE(seen.succeeded);
+        task.work = WriteTwoLines;
+        ClickStart();
+        LoopUntilIdle();
+        EXPECT_EQ(callsAfterRun, 1) << "nothing waits any more";
+    }
+}
+
+TEST_F(PageRunTest, WhatWaitsIsCalledBehindARunThatBeganBehindTheMessageOfItsOwn) {
+    const MessageBoxAnswer answer;
+    const BoxWatch watch;
+    callsAfterRun = 0;
+    run.states.rules = {StopAfterAWhile, LeavesBeforeReport};
+    task.work = [] {
+        Overflow();
+        TakeCalcError(UiErrorCalculation);
+        while (!StopRequested()) {
+            Sleep(0);
+        }
+    };
+    BoxWatch::behind = [] {
+        BoxWatch::behind = nullptr;
+        task.work = RunUntilStopped;
+        StartPageRun(run, task);
+    };
+    ClickStart();
+    while (PendingUiError() == UiErrorNone) {
+        Sleep(0);
+    }
+    StopRunThen(CountCall);
+    LoopUntilIdle();
+    EXPECT_EQ(answer.boxes, 1);
+    EXPECT_EQ(callsAfterRun, 1);
+    EXPECT_FALSE(seen.succeeded) << "the second run was asked to stop";
+}
+
+TEST_F(PageRunTest, TheProgramIsClosedWhenTheRunHasEnded) {
+    CreateMainWindow();
+    for (HWND* closed : {&mainWindow, &hiddenOwnerWindow}) {
+        task.work = RunUntilStopped;
+        ClickStart();
+        PostMessageW(*closed, WM_CLOSE, 0, 0);
+        MSG message;
+        while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+            DispatchMessageW(&message);
+        }
+        EXPECT_EQ(run.states.phase, PageIdle) << "the thread of the run would lose its memory";
+        EXPECT_FALSE(seen.succeeded);
+        EXPECT_TRUE(IsWindow(mainWindow));
+    }
+    DestroyWindow(mainWindow);
+    DestroyWindow(hiddenOwnerWindow);
 }
 
 TEST_F(PageRunTest, AStopThatComesAfterTheEndReachesNothing) {

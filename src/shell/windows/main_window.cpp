@@ -6,6 +6,7 @@
 #include "shell/text_format.h"
 #include "shell/window_states.h"
 #include "shell/windows/help.h"
+#include "shell/windows/page_run.h"
 #include "shell/windows/program_windows.h"
 #include "toolkit/dialog_window.h"
 #include "toolkit/environment.h"
@@ -109,6 +110,19 @@ void RunMenuCommand(MenuCommand command) {
     }
 }
 
+void EndMessageLoop() {
+    PostQuitMessage(0);
+}
+
+// Whoever closes it means the program. By default all windows would be destroyed with it.
+LRESULT HiddenOwnerProc(HWND, UINT message, WPARAM, LPARAM, bool& callDefault) {
+    if (message == WM_CLOSE) {
+        callDefault = false;
+        SendMessageW(mainWindow, WM_CLOSE, 0, 0);
+    }
+    return 0;
+}
+
 LRESULT MainWindowProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
     switch (message) {
         case WM_SIZE:
@@ -125,8 +139,10 @@ LRESULT MainWindowProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& c
             RunMenuCommand(CommandOfMenu(LOWORD(wParam), lParam));
             break;
         case WM_CLOSE:
+            // The memory of a run under way must stay until it has ended. Its page shuts the window
+            // out, but other programs can close it all the same.
             callDefault = false;
-            PostQuitMessage(0);
+            StopRunThen(EndMessageLoop);
             break;
         default:
             break;
@@ -147,7 +163,7 @@ void SetIconOfAllWindows() {
 }  // namespace
 
 void CreateMainWindow() {
-    hiddenOwnerWindow = CreateDialogWindow(nullptr, HiddenOwnerSize, u"", nullptr, 0, 0);
+    hiddenOwnerWindow = CreateDialogWindow(nullptr, HiddenOwnerSize, u"", HiddenOwnerProc, 0, 0);
     char16_t title[TitleCapacity + 1];
     FormatBounded(title, TitleCapacity, u"%s %s", {ProgramName, ProgramVersion});
     mainWindow = CreateDialogWindow(hiddenOwnerWindow, MainWindowSize, title, MainWindowProc,

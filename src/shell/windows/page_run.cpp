@@ -1,5 +1,7 @@
 #include "shell/windows/page_run.h"
 
+#include <utility>
+
 #include "core/contract.h"
 #include "core/scratch.h"
 #include "shell/windows/error_report.h"
@@ -15,6 +17,15 @@ namespace {
 // Marks a window that was disabled before the run, such as one that waits for its message box. The
 // end of the run leaves it so.
 constexpr const char16_t* StaysDisabledProperty = u"TallymereStaysDisabled";
+
+bool StartSystemTimer(HWND page, PageTimer timer, int32_t milliseconds) {
+    return SetTimer(page, static_cast<UINT_PTR>(timer), static_cast<UINT>(milliseconds), nullptr) !=
+           0;
+}
+
+// The run that calculates, of whichever page, and what waits for its end. Null for none.
+const PageRun* runUnderWay = nullptr;
+void (*afterRun)() = nullptr;
 
 // All windows but one, for EnumThreadWindows.
 struct OtherWindows {
@@ -89,8 +100,7 @@ void EndTimer(PageRun& run, PageTimer timer) {
 
 // A timer that the system refuses ends at once, so that no page waits for it in vain.
 void BeginTimer(PageRun& run, PageTimer timer) {
-    if (timer != NoTimer &&
-        SetTimer(run.page, timer, static_cast<UINT>(TimerMilliseconds(timer)), nullptr) == 0) {
+    if (timer != NoTimer && !startTimer(run.page, timer, TimerMilliseconds(timer))) {
         EndTimer(run, timer);
     }
 }
@@ -124,10 +134,18 @@ void LeaveRun(PageRun& run) {
     BeginTimer(run, timer);
 }
 
+// Behind the message box of a run the next one may have begun.
+void CallWhatWaits() {
+    if (afterRun != nullptr) {
+        StopRunThen(std::exchange(afterRun, nullptr));
+    }
+}
+
 void EndRun(PageRun& run) {
     if (!EndPage(run.states)) {
         return;
     }
+    runUnderWay = nullptr;
     KillTimer(run.page, StopTimer);
     KillTimer(run.page, TextTimer);
     ShowPageText(run.controls.output);
@@ -142,6 +160,7 @@ void EndRun(PageRun& run) {
         ReportUiError();
         LeaveRun(run);
     }
+    CallWhatWaits();
 }
 
 void ClickStart(PageRun& run) {
@@ -181,8 +200,7 @@ void HandleTimer(PageRun& run, PageTimer timer) {
         EndTimer(run, timer);
     } else if (IsPageCalculating(run.states)) {
         const bool isMoreToCome = ShowPageText(run.controls.output);
-        SetTimer(run.page, TextTimer, static_cast<UINT>(TextTimerMilliseconds(isMoreToCome)),
-                 nullptr);
+        startTimer(run.page, TextTimer, TextTimerMilliseconds(isMoreToCome));
         if (TakeUnpostedEnd()) {
             EndRun(run);
         }
@@ -198,6 +216,8 @@ void ClosePage(PageRun& run) {
 }
 
 }  // namespace
+
+TimerStarter startTimer = StartSystemTimer;
 
 bool HandlePageRun(PageRun& run, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
     switch (message) {
@@ -248,6 +268,7 @@ void StartPageRun(PageRun& run, const PageTask& task) {
         ReportUiError();
         return;
     }
+    runUnderWay = &run;
     BeginTimer(run, StartPage(run.states));
     ShowBusy(run, true);
     if (run.states.rules.stop == StopNever) {
@@ -263,9 +284,18 @@ void StartPageRun(PageRun& run, const PageTask& task) {
 
 void StopPageRun(const PageRun& run) {
     if (IsPageCalculating(run.states)) {
-        // The code comes first: what the run still finds until it hears the request is not told.
+        // The code comes first: what the run still finds until it hears the request is not shown.
         SetUiError(UiErrorStopped);
         RequestStop();
+    }
+}
+
+void StopRunThen(void (*then)()) {
+    if (runUnderWay == nullptr) {
+        then();
+    } else {
+        afterRun = then;
+        StopPageRun(*runUnderWay);
     }
 }
 

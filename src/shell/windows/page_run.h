@@ -104,8 +104,18 @@ bool HandlePageRun(PageRun& run, UINT message, WPARAM wParam, LPARAM lParam, boo
 /// unless the page is idle. No NumberSetupScope may live, see BeginPage.
 void StartPageRun(PageRun& run, const PageTask& task);
 
-/// Asks the run of a page that calculates to stop, and raises UiErrorStopped, so that no error which
-/// comes after that is told. Otherwise does nothing.
+/// Asks the run of a page that calculates to stop, and raises UiErrorStopped, so that no error
+/// which comes after that is shown. Otherwise does nothing.
 void StopPageRun(const PageRun& run);
+
+/// Calls `then` when no page calculates: at once, or else at the end of the run under way, behind
+/// its report. That run, whichever page it is of, is asked to stop. What an earlier call left
+/// waiting is forgotten.
+void StopRunThen(void (*then)());
+
+/// Starts a timer of a page, and returns whether there is one. Tests put a function in its place
+/// that starts none.
+using TimerStarter = bool (*)(HWND page, PageTimer timer, int32_t milliseconds);
+extern TimerStarter startTimer;
 
 }  // namespace tallymere

@@ -26,7 +26,9 @@ void ShowProgramWindow(HWND window);
 /// What closing a dialog does, which is only hidden: its owner is activated, if it has one.
 void HideProgramWindow(HWND window);
 
-/// What closing a page does, which is only hidden too: the main window is activated.
+/// What closing a page does, which is only hidden too: the main window is activated. That comes
+/// behind the hiding, other than with a dialog, also while the page calculates and the main window
+/// is disabled.
 void HidePageWindow(HWND page);
 
 }  // namespace tallymere
