@@ -18,13 +18,20 @@ ControlKeyAction ActionOfReturn(const KeyStroke& stroke, const KeyReceiver& rece
     if (stroke.control || receiver.wantsReturn) {
         return KeyForward;
     }
-    if (!stroke.isDown) {
+    // Who holds Return wants one click. The focus can be on another button by now.
+    if (!stroke.isDown || stroke.isRepeated) {
         return KeySwallow;
     }
     if (receiver.isPushButton) {
         return KeyClickItself;
     }
     return receiver.hasDefaultButton ? KeyClickDefault : KeySwallow;
+}
+
+// A push button is pressed when space goes down, and clicked when it comes up. One that gets the
+// focus meanwhile must not be pressed.
+ControlKeyAction ActionOfSpace(const KeyStroke& stroke, const KeyReceiver& receiver) {
+    return receiver.isPushButton && stroke.isRepeated ? KeySwallow : KeyForward;
 }
 
 ControlKeyAction ActionOfArrow(const KeyStroke& stroke, const KeyReceiver& receiver,
@@ -43,6 +50,8 @@ ControlKeyAction ActionOfKey(const KeyStroke& stroke, const KeyReceiver& receive
             return ActionOfTab(stroke);
         case KeyReturn:
             return ActionOfReturn(stroke, receiver);
+        case KeySpace:
+            return ActionOfSpace(stroke, receiver);
         case KeyLeft:
         case KeyUp:
             return ActionOfArrow(stroke, receiver, KeyRadioBackward);

@@ -1,4 +1,4 @@
-// What Tab, Return and the arrow keys do in a control of a dialog.
+// What Tab, Return, space and the arrow keys do in a control of a dialog.
 #pragma once
 
 #include <cstdint>
@@ -9,6 +9,7 @@ namespace tallymere {
 enum ControlKey : uint32_t {
     KeyTab = 0x09,
     KeyReturn = 0x0D,
+    KeySpace = 0x20,
     KeyLeft = 0x25,
     KeyUp = 0x26,
     KeyRight = 0x27,
@@ -19,6 +20,7 @@ enum ControlKey : uint32_t {
 struct KeyStroke {
     uint32_t key = 0;  ///< a ControlKey or another code
     bool isDown = false;
+    bool isRepeated = false;  ///< it was down already: somebody holds it
     bool shift = false;
     bool control = false;
 };

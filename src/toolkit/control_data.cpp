@@ -83,10 +83,12 @@ bool IsKeyHeld(int key) {
     return GetKeyState(key) < 0;
 }
 
-ControlKeyAction ActionOfKeyMessage(HWND control, uint32_t key, bool isDown) {
+ControlKeyAction ActionOfKeyMessage(HWND control, UINT message, WPARAM wParam, LPARAM lParam) {
+    const bool isDown = message == WM_KEYDOWN;
     return ActionOfKey(
-        {.key = key,
+        {.key = static_cast<uint32_t>(wParam),
          .isDown = isDown,
+         .isRepeated = isDown && (HIWORD(lParam) & KF_REPEAT) != 0,
          .shift = IsKeyHeld(VK_SHIFT),
          .control = IsKeyHeld(VK_CONTROL)},
         {.isPushButton = IsPushButton(control),
@@ -96,8 +98,8 @@ ControlKeyAction ActionOfKeyMessage(HWND control, uint32_t key, bool isDown) {
 }
 
 // Returns true when the key must still reach the control's own procedure.
-bool ForwardsKey(HWND control, uint32_t key, bool isDown) {
-    switch (ActionOfKeyMessage(control, key, isDown)) {
+bool ForwardsKey(HWND control, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (ActionOfKeyMessage(control, message, wParam, lParam)) {
         case KeyForward:
             return true;
         case KeySwallow:
@@ -173,7 +175,7 @@ LRESULT CALLBACK ControlProc(HWND window, UINT message, WPARAM wParam, LPARAM lP
             break;
         case WM_KEYDOWN:
         case WM_KEYUP:
-            forwards = ForwardsKey(window, static_cast<uint32_t>(wParam), message == WM_KEYDOWN);
+            forwards = ForwardsKey(window, message, wParam, lParam);
             break;
         default:
             break;

@@ -9,7 +9,7 @@ namespace tallymere {
 
 static_assert(LogicalDpi == USER_DEFAULT_SCREEN_DPI);
 
-static_assert(KeyTab == VK_TAB && KeyReturn == VK_RETURN);
+static_assert(KeyTab == VK_TAB && KeyReturn == VK_RETURN && KeySpace == VK_SPACE);
 static_assert(KeyLeft == VK_LEFT && KeyUp == VK_UP && KeyRight == VK_RIGHT && KeyDown == VK_DOWN);
 
 static_assert(StyleChild == WS_CHILD && StyleDisabled == WS_DISABLED && StyleTabStop == WS_TABSTOP);

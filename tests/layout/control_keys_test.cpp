@@ -17,6 +17,9 @@ KeyStroke Down(uint32_t key) {
 KeyStroke Up(uint32_t key) {
     return {.key = key};
 }
+KeyStroke Again(uint32_t key) {
+    return {.key = key, .isDown = true, .isRepeated = true};
+}
 KeyStroke WithShift(KeyStroke stroke) {
     stroke.shift = true;
     return stroke;
@@ -71,6 +74,31 @@ TEST(ReturnKey, ClicksTheDefaultButtonFromAnyOtherControl) {
 TEST(ReturnKey, DoesNothingWithoutADefaultButton) {
     EXPECT_EQ(ActionOfKey(Down(KeyReturn), PlainField), KeySwallow);
     EXPECT_EQ(ActionOfKey(Up(KeyReturn), PlainField), KeySwallow);
+}
+
+TEST(ReturnKey, ClicksOnceHoweverLongItIsHeld) {
+    EXPECT_EQ(ActionOfKey(Again(KeyReturn), Push), KeySwallow);
+    EXPECT_EQ(ActionOfKey(Again(KeyReturn), Radio), KeySwallow);
+    EXPECT_EQ(ActionOfKey(Again(KeyReturn), PlainField), KeySwallow);
+    EXPECT_EQ(ActionOfKey(Again(KeyReturn), LineField), KeyForward);
+    EXPECT_EQ(ActionOfKey(WithControl(Again(KeyReturn)), Push), KeyForward);
+}
+
+TEST(SpaceKey, DoesNotPressAPushButtonWhileItIsHeld) {
+    for (const KeyReceiver& receiver : Receivers) {
+        EXPECT_EQ(ActionOfKey(Down(KeySpace), receiver), KeyForward);
+        EXPECT_EQ(ActionOfKey(Up(KeySpace), receiver), KeyForward);
+        EXPECT_EQ(ActionOfKey(Again(KeySpace), receiver),
+                  receiver.isPushButton ? KeySwallow : KeyForward);
+    }
+}
+
+TEST(TabAndArrowKeys, GoOnWhileTheyAreHeld) {
+    for (const uint32_t key : {KeyTab, KeyLeft, KeyUp, KeyRight, KeyDown}) {
+        for (const KeyReceiver& receiver : Receivers) {
+            EXPECT_EQ(ActionOfKey(Again(key), receiver), ActionOfKey(Down(key), receiver)) << key;
+        }
+    }
 }
 
 TEST(ReturnKey, ShiftMakesNoDifference) {

@@ -253,6 +253,23 @@ TEST_F(ControlProcedure, ReturnClicksAButtonItself) {
     EXPECT_EQ(heard.clicks, 1);
 }
 
+TEST_F(ControlProcedure, AKeyThatIsHeldClicksAButtonOnce) {
+    constexpr LPARAM Repeated = 0x40000001;
+    const HWND button = Button(u"button");
+    const HWND other = Button(u"other");
+    SetFocus(button);
+    SendMessageW(button, WM_KEYDOWN, VK_RETURN, 1);
+    SendMessageW(button, WM_KEYDOWN, VK_RETURN, Repeated);
+    EXPECT_EQ(heard.clicks, 1);
+    SendMessageW(button, WM_KEYDOWN, VK_SPACE, 1);
+    SetFocus(other);
+    SendMessageW(other, WM_KEYDOWN, VK_SPACE, Repeated);
+    SendMessageW(other, WM_KEYUP, VK_SPACE, static_cast<LPARAM>(0xC0000001));
+    EXPECT_EQ(heard.clicks, 1) << "space went down on another button";
+    PressKey(other, VK_SPACE);
+    EXPECT_EQ(heard.clicks, 2);
+}
+
 TEST_F(ControlProcedure, ReturnElsewhereClicksTheDefaultButtonAndTheFocusStays) {
     const HWND edit = Edit();
     const HWND button = Button(u"default");
