@@ -44,10 +44,14 @@ bool EndPage(PageStates& states) {
     return true;
 }
 
-PageTimer LeavePage(PageStates& states) {
+PageTimer LeavePage(PageStates& states, bool startGetsFocus) {
     TALLYMERE_REQUIRE(states.phase == PageEnds);
     switch (states.rules.leave) {
         case LeavesAtOnce:
+            if (startGetsFocus) {
+                states.phase = StopLingers;
+                return LateClickTimer;
+            }
             break;
         case LeavesLater:
             states.phase = StopLingers;

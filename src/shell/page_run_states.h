@@ -37,8 +37,10 @@ enum PageStopRule : int32_t {
 
 /// How a run is left: the page and all other windows can be used again.
 enum PageLeaveRule : int32_t {
-    LeavesAtOnce,  ///< when its errors were reported
-    LeavesLater,   ///< 200 ms after that; a start button that is Stop until then starts nothing
+    /// When its errors were reported. If its start button gets the focus by that, it starts nothing
+    /// for another 200 ms, or until another control of the page is used.
+    LeavesAtOnce,
+    LeavesLater,  ///< 200 ms after that; a start button that is Stop until then starts nothing
     /// Before its errors are reported. If Stop was shown, the page hears no click on its keys for
     /// another 200 ms.
     LeavesBeforeReport,
@@ -53,7 +55,7 @@ struct PageRules {
 enum PageTimer : int32_t {
     NoTimer = 0,
     StopTimer = 100,       ///< shows Stop
-    LateClickTimer = 101,  ///< ends StopLingers of LeavesBeforeReport
+    LateClickTimer = 101,  ///< ends StopLingers of LeavesBeforeReport and LeavesAtOnce
     TextTimer = 102,       ///< shows the text of a run, again and again; changes no state
     LeaveTimer = 1000,     ///< ends StopLingers of LeavesLater
 };
@@ -109,7 +111,9 @@ PageTimer StartPage(PageStates& states);
 bool EndPage(PageStates& states);
 
 /// PageEnds to PageIdle or StopLingers. Returns the timer that the page starts, or NoTimer.
-PageTimer LeavePage(PageStates& states);
+/// `startGetsFocus` says that the focus goes from a Stop button to the start button: a click of a
+/// key that was meant for Stop then comes to the start button.
+PageTimer LeavePage(PageStates& states, bool startGetsFocus = false);
 
 /// At the end of a timer, which does not start anew. Returns whether the state changed; a timer
 /// whose message comes too late changes nothing.

@@ -85,6 +85,20 @@ TEST(PageStates, APageThatLeavesAtOnceIsIdleAtOnce) {
     }
 }
 
+TEST(PageStates, APageThatLeavesAtOnceStartsNothingByALateKey) {
+    for (const PageStopRule stop : {StopFromTheStart, StopAfterAWhile, StopNever}) {
+        PageStates states = In(PageStarts, {stop, LeavesAtOnce});
+        StartPage(states);
+        EndPage(states);
+        EXPECT_EQ(LeavePage(states, true), LateClickTimer);
+        EXPECT_EQ(states.phase, StopLingers);
+        EXPECT_FALSE(IsPageClosedToOthers(states));
+        EXPECT_FALSE(BeginPage(states));
+        EXPECT_TRUE(EndPageTimer(states, LateClickTimer));
+        EXPECT_EQ(states.phase, PageIdle);
+    }
+}
+
 TEST(PageStates, APageThatLeavesLaterStaysClosedUntilThen) {
     PageStates states = In(PageIdle, {StopFromTheStart, LeavesLater});
     BeginPage(states);

@@ -570,6 +570,42 @@ TEST_F(PageRunTest, TheFocusGoesFromStartToStopAndBack) {
     EXPECT_EQ(GetFocus(), clear);
 }
 
+TEST_F(PageRunTest, AKeyThatComesLateForStopStartsNothing) {
+    run.controls.stopButton = stop;
+    ShowWindow(page, SW_SHOW);
+    SetFocus(start);
+    ClickStart();
+    EXPECT_EQ(GetFocus(), stop);
+    LoopWhile(StopShown);
+    EXPECT_EQ(GetFocus(), start);
+    EXPECT_TRUE(IsEnabled(start));
+    EXPECT_TRUE(IsEnabled(other));
+    testing_support::PressKey(start, VK_RETURN);
+    testing_support::PressKey(start, VK_SPACE);
+    EXPECT_EQ(run.states.phase, StopLingers);
+    EXPECT_EQ(seen.steps.size(), 4u);
+    LoopUntilIdle();
+    EXPECT_FALSE(KillTimer(page, LateClickTimer));
+    seen.steps.clear();
+    testing_support::PressKey(start, VK_RETURN);
+    LoopWhile(StopShown);
+    EXPECT_EQ(seen.steps.size(), 4u);
+    // Who goes to another control and back means it.
+    SetFocus(output);
+    EXPECT_EQ(run.states.phase, PageIdle);
+    EXPECT_FALSE(KillTimer(page, LateClickTimer));
+    SetFocus(start);
+    testing_support::PressKey(start, VK_RETURN);
+    LoopUntilIdle();
+    EXPECT_EQ(seen.steps.size(), 8u);
+    // So does who did not have the focus on Stop at the end.
+    SetFocus(output);
+    ClickStart();
+    SetFocus(output);
+    LoopWhile(StopShown);
+    EXPECT_EQ(run.states.phase, PageIdle);
+}
+
 TEST_F(PageRunTest, APageThatIsClosedDuringItsRunHasItsFocusOnStartAgain) {
     run.controls.stopButton = stop;
     ShowWindow(page, SW_SHOW);

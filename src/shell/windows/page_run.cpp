@@ -127,7 +127,8 @@ bool PrepareRun(const PageTask& task) {
 }
 
 void LeaveRun(PageRun& run) {
-    const PageTimer timer = LeavePage(run.states);
+    const HWND stop = run.controls.stopButton;
+    const PageTimer timer = LeavePage(run.states, stop != nullptr && GetFocus() == stop);
     if (!IsPageClosedToOthers(run.states)) {
         ShowBusy(run, false);
     }
@@ -186,14 +187,6 @@ bool HandleClick(PageRun& run, HWND button) {
     return false;
 }
 
-void HandleNews(PageRun& run, WPARAM news) {
-    if (news == PageWorkerText && IsPageCalculating(run.states)) {
-        ShowPageText(run.controls.output);
-    } else if (news == PageWorkerEnded) {
-        EndRun(run);
-    }
-}
-
 void HandleTimer(PageRun& run, PageTimer timer) {
     if (timer != TextTimer) {
         KillTimer(run.page, static_cast<UINT_PTR>(timer));
@@ -204,6 +197,22 @@ void HandleTimer(PageRun& run, PageTimer timer) {
         if (TakeUnpostedEnd()) {
             EndRun(run);
         }
+    }
+}
+
+// Who has used another control of the page since the end of its run means the next click.
+void EndLateClicks(PageRun& run, HWND control) {
+    const bool isOther = control != run.controls.startButton && control != run.controls.stopButton;
+    if (isOther && run.states.rules.leave == LeavesAtOnce) {
+        HandleTimer(run, LateClickTimer);
+    }
+}
+
+void HandleNews(PageRun& run, WPARAM news) {
+    if (news == PageWorkerText && IsPageCalculating(run.states)) {
+        ShowPageText(run.controls.output);
+    } else if (news == PageWorkerEnded) {
+        EndRun(run);
     }
 }
 
@@ -237,6 +246,7 @@ bool HandlePageRun(PageRun& run, UINT message, WPARAM wParam, LPARAM lParam, boo
             }
             return false;
         case WM_COMMAND:
+            EndLateClicks(run, reinterpret_cast<HWND>(lParam));
             return HIWORD(wParam) == BN_CLICKED && HandleClick(run, reinterpret_cast<HWND>(lParam));
         case WM_CLOSE:
             callDefault = false;
