@@ -197,6 +197,7 @@ class PrimeRunTest(PrimeCase):
             page = self.wait_until_idle(item)
             self.assert_no_message()
             output = page.output
+            self.assertNotEqual("", output)
             self.assertTrue(self.program.find(title=MAIN_TITLE).enabled)
             self.assertEqual(output, self.open_page(item).output)
             self.close_page(item)
