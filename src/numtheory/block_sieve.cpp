@@ -37,8 +37,32 @@ uint32_t RemainderBy(uint32_t p, const uint64_t* a, int64_t limbs) {
     return static_cast<uint32_t>(rest);
 }
 
+// How many odd numbers there are up to n.
+constexpr int64_t CountOddNumbers(uint32_t n) {
+    return (int64_t{n} + 1) / 2;
+}
+
+// Strikes the composite ones of the first `count` odd numbers. Bit i stands for 2 i + 1.
+// Method: the sieve of Eratosthenes.
+void StrikeOddComposites(uint64_t* struck, int64_t count) {
+    std::fill_n(struck, WordsForBits(count), 0);
+    for (const uint64_t p : SmallPrimeTable) {
+        for (uint64_t i = p * p / 2; p != 2 && i < static_cast<uint64_t>(count); i += p) {
+            Strike(struck, i);
+        }
+    }
+}
+
+// The number itself, or one above all squares of sieving primes if it is larger than those.
+uint64_t SmallStart(const uint64_t* start, int64_t limbs) {
+    const bool isSmall =
+        start[0] <= uint64_t{MaxSieveBound} * MaxSieveBound &&
+        std::all_of(start + 1, start + limbs, [](uint64_t limb) { return limb == 0; });
+    return isSmall ? start[0] : ~uint64_t{0};
+}
+
 // How many odd numbers lie between `start`, which is odd, and the first odd multiple of p that is
-// to be struck. `small` is start, or a number above all squares of sieving primes if it is larger.
+// to be struck. `small` is SmallStart of it.
 uint32_t DistanceToMultiple(uint32_t p, const uint64_t* start, int64_t limbs, uint64_t small) {
     const uint64_t square = uint64_t{p} * p;
     if (small < square) {
@@ -71,21 +95,12 @@ void RaiseSieveBound(BlockSieve& sieve, uint32_t bound, const uint64_t* start, i
     if (bound <= sieve.bound) {
         return;
     }
-    // Bit i stands for 2 i + 1.
     ScratchStackScope scope;
-    const int64_t count = (int64_t{bound} + 1) / 2;
+    const int64_t count = CountOddNumbers(bound);
     uint64_t* composite = scope.Take(WordsForBits(count));
-    std::fill_n(composite, WordsForBits(count), 0);
-    for (const uint64_t p : SmallPrimeTable) {
-        for (uint64_t i = p * p / 2; p != 2 && i < static_cast<uint64_t>(count); i += p) {
-            Strike(composite, i);
-        }
-    }
-    const bool isSmall =
-        start[0] <= uint64_t{MaxSieveBound} * MaxSieveBound &&
-        std::all_of(start + 1, start + limbs, [](uint64_t limb) { return limb == 0; });
-    const uint64_t small = isSmall ? start[0] : ~uint64_t{0};
-    for (int64_t i = (int64_t{sieve.bound} + 1) / 2; i < count; i++) {
+    StrikeOddComposites(composite, count);
+    const uint64_t small = SmallStart(start, limbs);
+    for (int64_t i = CountOddNumbers(sieve.bound); i < count; i++) {
         if (!IsStruck(composite, i)) {
             const auto p = static_cast<uint32_t>(2 * i + 1);
             sieve.primes[sieve.primeCount] = p;

@@ -38,6 +38,7 @@ std::array<bool, 2 * Radius + 1> SievePrimes(uint64_t centre) {
     return isPrime;
 }
 
+// The tables of a CurvePlan.
 template <uint64_t FirstBound, uint64_t Step, uint64_t LargeCount>
 struct PlanTables {
     static constexpr uint64_t FirstLarge = (FirstBound + Step / 2) / Step;
@@ -61,6 +62,14 @@ struct PlanTables {
     std::array<uint64_t, LargeCount * CoveredWords> covered{};
     int64_t multiplierBits = 0;
 
+    PlanTables() {
+        FillMultiplier();
+        FillSmallMultiples();
+        for (uint64_t i = 0; i < LargeCount; i++) {
+            FillCovered(i);
+        }
+    }
+
     void MultiplyBy(uint64_t k) {
         uint64_t carry = 0;
         for (uint64_t& word : multiplier) {
@@ -70,7 +79,8 @@ struct PlanTables {
         }
     }
 
-    PlanTables() {
+    // The product of the highest power of each prime up to FirstBound.
+    void FillMultiplier() {
         multiplier[0] = std::bit_floor(FirstBound);
         for (uint64_t p = 3; p <= FirstBound; p += 2) {
             if (IsPrime(p)) {
@@ -84,23 +94,28 @@ struct PlanTables {
                 multiplierBits = static_cast<int64_t>(64 * i + 1) + HighestBit(multiplier[i]);
             }
         }
+    }
+
+    void FillSmallMultiples() {
         uint64_t k = 0;
         for (uint64_t s = 1; s < Step / 2; s++) {
             if (std::gcd(s, Step) == 1) {
                 smallMultiples[k++] = static_cast<uint16_t>(s);
             }
         }
-        for (uint64_t i = 0; i < LargeCount; i++) {
-            const uint64_t centre = (FirstLarge + i) * Step;
-            const auto isPrime = SievePrimes<Step / 2>(centre);
-            const auto wanted = [&](uint64_t number) {
-                return number > FirstBound && isPrime[number - (centre - Step / 2)];
-            };
-            for (k = 0; k < SmallCount; k++) {
-                const uint64_t s = smallMultiples[k];
-                if (wanted(centre - s) || wanted(centre + s)) {
-                    covered[i * CoveredWords + k / 64] |= uint64_t{1} << (k % 64);
-                }
+    }
+
+    // The words of the i-th large multiple.
+    void FillCovered(uint64_t i) {
+        const uint64_t centre = (FirstLarge + i) * Step;
+        const auto isPrime = SievePrimes<Step / 2>(centre);
+        const auto wanted = [&](uint64_t number) {
+            return number > FirstBound && isPrime[number - (centre - Step / 2)];
+        };
+        for (uint64_t k = 0; k < SmallCount; k++) {
+            const uint64_t s = smallMultiples[k];
+            if (wanted(centre - s) || wanted(centre + s)) {
+                covered[i * CoveredWords + k / 64] |= uint64_t{1} << (k % 64);
             }
         }
     }
@@ -110,10 +125,17 @@ template <uint64_t FirstBound, uint64_t Step, uint64_t LargeCount>
 CurvePlan MakePlan() {
     using Tables = PlanTables<FirstBound, Step, LargeCount>;
     static const Tables tables;
-    return {
-        FirstBound, Tables::SecondBound,          tables.multiplier.data(), tables.multiplierBits,
-        Step,       tables.smallMultiples.data(), Tables::SmallCount,       Tables::FirstLarge,
-        LargeCount, tables.covered.data(),        Tables::CoveredWords};
+    return {.firstBound = FirstBound,
+            .secondBound = Tables::SecondBound,
+            .multiplier = tables.multiplier.data(),
+            .multiplierBits = tables.multiplierBits,
+            .step = Step,
+            .smallMultiples = tables.smallMultiples.data(),
+            .smallCount = Tables::SmallCount,
+            .firstLarge = Tables::FirstLarge,
+            .largeCount = LargeCount,
+            .covered = tables.covered.data(),
+            .coveredWords = Tables::CoveredWords};
 }
 
 }  // namespace
