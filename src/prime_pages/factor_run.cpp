@@ -1,5 +1,6 @@
 #include "prime_pages/factor_run.h"
 
+#include "core/contract.h"
 #include "exact/big_uint.h"
 #include "numtheory/factorize_number.h"
 #include "prime_pages/run_progress.h"
@@ -109,6 +110,9 @@ NumberSetup FactorNumberSetup() {
 }
 
 void FactorWorker(const FactorRequest& request, SendText send) {
+    TALLYMERE_REQUIRE(request.interval >= 1 && request.interval <= MaxFactorInterval);
+    TALLYMERE_REQUIRE((request.number[0] | request.number[1]) != 0);
+    TALLYMERE_REQUIRE(!request.showDivisors || request.divisors != nullptr);
     BeginRunProgress(static_cast<uint64_t>(request.interval));
     ScratchStackScope scope;
     FactorRun run = {request, MakePieceWriter(scope, send, request.printFlags)};
