@@ -13,6 +13,7 @@
 #include "core/number_context.h"
 #include "core/number_setup.h"
 #include "exact/big_uint.h"
+#include "numtheory/baillie_psw.h"
 #include "numtheory/primality_tests.h"
 #include "numtheory/prime_proof.h"
 

@@ -1,17 +1,20 @@
-// The Baillie-PSW test: the strong test to base 2, then the strong Lucas test.
+#include "numtheory/baillie_psw.h"
+
 #include <bit>
 
 #include "core/contract.h"
 #include "numtheory/montgomery.h"
-#include "numtheory/prime_proof.h"
 #include "numtheory/small_primes.h"
 #include "numtheory/strong_test.h"
+#include "numtheory/wide_integers.h"
 
 namespace tallymere {
 
 namespace {
 
 // The Jacobi symbol (a / n) for an odd n; 0 where there is a common factor.
+// Method: quadratic reciprocity; Cohen, "A Course in Computational Algebraic Number Theory",
+// algorithm 1.4.10.
 int JacobiSymbolOfWords(uint64_t a, uint64_t n) {
     int symbol = 1;
     while (a != 0) {
@@ -20,6 +23,7 @@ int JacobiSymbolOfWords(uint64_t a, uint64_t n) {
         if (zeros % 2 != 0 && (n % 8 == 3 || n % 8 == 5)) {
             symbol = -symbol;
         }
+        // Both are 3 modulo 4.
         if ((a & n & 2) != 0) {
             symbol = -symbol;
         }
@@ -30,63 +34,97 @@ int JacobiSymbolOfWords(uint64_t a, uint64_t n) {
     return n == 1 ? symbol : 0;
 }
 
-// The strong Lucas test with Selfridge's parameters: D is the first of 5, -7, 9, -11, ... with
-// (D / n) = -1, P = 1 and Q = (1 - D) / 4. With n + 1 = d 2^s and an odd d, n passes when it
-// divides U(d) or one of V(d 2^r), for r from 0 to s - 1. n is odd, from FirstLargePrime on and
-// below 2^64 - 1.
+// Selfridge's D: a number of 5, -7, 9, -11, ...
+struct Discriminant {
+    uint64_t magnitude;  // 0 where there is none
+    bool isNegative;
+};
+
+// The first D with (D / n) = -1; none where a D before it has a factor of n. n is odd, from
+// FirstLargePrime on.
 //
-// The search for D ends at the least prime factor of n at the latest. Only squares get so far, and
-// the only ones that pass to base 2 are those of products of 1093 and 3511. For a prime n it ends
-// long before D reaches n.
-//
-// U is not computed: D U(k) = 2 V(k + 1) - P V(k), and D has an inverse.
-// Source: Baillie and Wagstaff, "Lucas pseudoprimes", Math. Comp. 35 (1980), method A.
-bool PassesStrongLucasTest(const WordModulus& modulus) {
-    const uint64_t n = modulus.n;
-    uint64_t d = 5;
+// The search ends at the least prime factor of n at the latest. It gets that far for squares alone,
+// and the only ones that pass the strong test to base 2 are those of products of 1093 and 3511. For
+// a prime n it ends long before D reaches n.
+Discriminant FindDiscriminant(uint64_t n) {
     bool isNegative = false;
-    for (;; d += 2, isNegative = !isNegative) {
-        // By reciprocity, since D is 1 modulo 4.
-        const int symbol = JacobiSymbolOfWords(n % d, d);
-        if (symbol == 0) {
-            TALLYMERE_REQUIRE(d < n);
-            return false;
-        }
+    for (uint64_t magnitude = 5;; magnitude += 2, isNegative = !isNegative) {
+        // (D / n) by reciprocity, since D is 1 modulo 4.
+        const int symbol = JacobiSymbolOfWords(n % magnitude, magnitude);
         if (symbol == -1) {
-            break;
+            return {magnitude, isNegative};
+        }
+        if (symbol == 0) {
+            TALLYMERE_REQUIRE(magnitude < n);
+            return {0, false};
         }
     }
-    const uint64_t magnitudeOfQ = ToResidue(modulus, isNegative ? (d + 1) / 4 : (d - 1) / 4);
-    const uint64_t q = isNegative ? magnitudeOfQ : ResidueSubtract(modulus, 0, magnitudeOfQ);
-    // v = V(k), next = V(k + 1) and power = Q^k, while k takes on the bits of n + 1.
-    uint64_t power = q;
+}
+
+// Q = (1 - D) / 4, as a residue.
+uint64_t LucasQ(const WordModulus& modulus, Discriminant d) {
+    if (d.isNegative) {
+        return ToResidue(modulus, (d.magnitude + 1) / 4);
+    }
+    return ResidueSubtract(modulus, 0, ToResidue(modulus, (d.magnitude - 1) / 4));
+}
+
+// Terms of the Lucas sequence V for P = 1, as residues.
+struct LucasTerms {
+    uint64_t v;      // V(k)
+    uint64_t next;   // V(k + 1)
+    uint64_t power;  // Q^k
+};
+
+// V(2 k), from V(k) and Q^k.
+uint64_t DoubledTerm(const WordModulus& modulus, uint64_t v, uint64_t power) {
+    return ResidueSubtract(modulus, ResidueSquare(modulus, v), ResidueDouble(modulus, power));
+}
+
+// The terms for k = d, the odd part of n + 1. k takes on the bits of d, from the highest down.
+LucasTerms LucasTermsOfOddPart(const WordModulus& modulus, uint64_t q) {
+    const uint64_t d = OddPart(modulus.n + 1);
+    // k = 1.
     uint64_t v = modulus.one;
     uint64_t next = ResidueSubtract(modulus, modulus.one, ResidueDouble(modulus, q));
-    const auto doubled = [&](uint64_t value, uint64_t powerOfQ) {
-        return ResidueSubtract(modulus, ResidueSquare(modulus, value),
-                               ResidueDouble(modulus, powerOfQ));
-    };
-    const int s = std::countr_zero(n + 1);
-    for (int i = HighestBit(n + 1) - 1; i >= s; i--) {
+    uint64_t power = q;
+    for (int i = BitLength(d) - 2; i >= 0; i--) {
+        // V(2 k + 1) = V(k) V(k + 1) - P Q^k.
         const uint64_t between = ResidueSubtract(modulus, ResidueMultiply(modulus, v, next), power);
-        if (BitOf(n + 1, i)) {
+        if (BitOf(d, i)) {
             const uint64_t nextPower = ResidueMultiply(modulus, power, q);
-            next = doubled(next, nextPower);
+            next = DoubledTerm(modulus, next, nextPower);
             v = between;
             power = ResidueMultiply(modulus, power, nextPower);
         } else {
             next = between;
-            v = doubled(v, power);
+            v = DoubledTerm(modulus, v, power);
             power = ResidueSquare(modulus, power);
         }
     }
-    if (ResidueDouble(modulus, next) == v || v == 0) {
+    return {v, next, power};
+}
+
+// The strong Lucas test with Selfridge's parameters: D as above, P = 1 and Q = (1 - D) / 4. With
+// n + 1 = d 2^s and an odd d, n passes when it divides U(d) or one of V(d 2^r), for r from 0 to
+// s - 1. n is odd, from FirstLargePrime on and below 2^64 - 1.
+//
+// U is not computed: D U(k) = 2 V(k + 1) - P V(k), and D has an inverse modulo n.
+// Source: Baillie and Wagstaff, "Lucas pseudoprimes", Math. Comp. 35 (1980), method A.
+bool PassesStrongLucasTest(const WordModulus& modulus) {
+    const Discriminant d = FindDiscriminant(modulus.n);
+    if (d.magnitude == 0) {
+        return false;
+    }
+    LucasTerms terms = LucasTermsOfOddPart(modulus, LucasQ(modulus, d));
+    if (ResidueDouble(modulus, terms.next) == terms.v || terms.v == 0) {
         return true;
     }
+    const int s = CountTrailingZeros(modulus.n + 1);
     for (int r = 1; r < s; r++) {
-        v = doubled(v, power);
-        power = ResidueSquare(modulus, power);
-        if (v == 0) {
+        terms.v = DoubledTerm(modulus, terms.v, terms.power);
+        terms.power = ResidueSquare(modulus, terms.power);
+        if (terms.v == 0) {
             return true;
         }
     }
@@ -96,7 +134,7 @@ bool PassesStrongLucasTest(const WordModulus& modulus) {
 }  // namespace
 
 bool IsPrimeOddWord(uint64_t n) {
-    TALLYMERE_REQUIRE((n & 1) != 0 && n >= 3);
+    TALLYMERE_REQUIRE(IsOdd(n) && n >= 3);
     if (n < FirstLargePrime) {
         return IsSmallPrime(n);
     }
@@ -109,7 +147,7 @@ bool IsPrimeWord(uint64_t n) {
     if (n < FirstLargePrime) {
         return IsSmallPrime(n);
     }
-    return (n & 1) != 0 && !HasSmallOddPrime(&n, 1) && IsPrimeOddWord(n);
+    return IsOdd(n) && !HasSmallOddPrime(&n, 1) && IsPrimeOddWord(n);
 }
 
 }  // namespace tallymere

@@ -8,12 +8,11 @@ namespace tallymere {
 namespace {
 
 Wide DivisorAt(const uint64_t* divisors, int64_t i) {
-    return {divisors[FactorLimbs * i + 1], divisors[FactorLimbs * i]};
+    return WideFromLimbs(divisors + FactorLimbs * i);
 }
 
 void StoreDivisor(uint64_t* divisors, int64_t i, Wide value) {
-    divisors[FactorLimbs * i] = value.low;
-    divisors[FactorLimbs * i + 1] = value.high;
+    WideToLimbs(divisors + FactorLimbs * i, value);
 }
 
 // The number of divisors; -1 for more than MaxDivisors and for an exponent that is refused.
@@ -77,7 +76,7 @@ void InsertSortedDivisor(DivisorList* list, const uint64_t* value) {
         list->count = -1;
         return;
     }
-    const Wide inserted = {value[1], value[0]};
+    const Wide inserted = WideFromLimbs(value);
     int64_t place = list->count;
     for (; place > 0; place--) {
         const Wide other = DivisorAt(list->divisors, place - 1);
@@ -96,10 +95,10 @@ void BuildDivisorList(DivisorList* list, const FactorList* factors) {
     if (list->count < 0) {
         return;
     }
-    StoreDivisor(list->divisors, 0, {0, 1});
+    StoreDivisor(list->divisors, 0, Widen(1));
     int64_t count = 1;
     for (int64_t i = 0; i < factors->count; i++) {
-        const Wide prime = {factors->primes[i][1], factors->primes[i][0]};
+        const Wide prime = WideFromLimbs(factors->primes[i]);
         const int64_t block = count;
         for (uint64_t k = 0; k < factors->multiplicities[i]; k++) {
             JoinMultiples(list->divisors, count, count + block, prime);

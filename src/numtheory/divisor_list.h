@@ -22,8 +22,8 @@ struct DivisorList {
 /// True when the divisors ascend; equal ones may follow each other.
 bool DivisorListIsWellFormed(const DivisorList& list);
 
-/// Inserts a number of FactorLimbs limbs at its place in the ascending list, behind equal ones. At
-/// MaxDivisors the count becomes -1, which stays.
+/// Inserts a number of FactorLimbs limbs at its place in the ascending list, behind equal ones. A
+/// number beyond MaxDivisors makes the count -1, and then it stays -1.
 void InsertSortedDivisor(DivisorList* list, const uint64_t* value);
 
 /// Fills the list with all divisors of the number whose prime factors are `factors`, in ascending

@@ -1,10 +1,11 @@
 #include "numtheory/factor_search.h"
 
+#include <span>
+
 #include "core/contract.h"
 #include "core/stop_request.h"
 #include "numtheory/elliptic_curves.h"
 #include "numtheory/pollard_rho.h"
-#include "numtheory/residue_inverse.h"
 #include "numtheory/small_primes.h"
 #include "numtheory/wide_integers.h"
 
@@ -28,26 +29,24 @@ struct CurveStage {
 
 // No composite number is known that comes to the end of these.
 constexpr uint64_t ManyCurves = 5'000;
+
+// The stages that measure best for numbers of so many bits.
 constexpr CurveStage StagesTo44Bits[] = {{0, 100}, {2, ManyCurves}};
 constexpr CurveStage StagesTo54Bits[] = {{1, 100}, {3, ManyCurves}};
 constexpr CurveStage StagesTo64Bits[] = {{2, 100}, {4, ManyCurves}};
 constexpr CurveStage StagesTo128Bits[] = {{2, 5}, {3, 10}, {4, 15}, {5, ManyCurves}};
 
+std::span<const CurveStage> CurveStagesFor(int bits) {
+    return bits <= 44   ? std::span<const CurveStage>(StagesTo44Bits)
+           : bits <= 54 ? std::span<const CurveStage>(StagesTo54Bits)
+           : bits <= 64 ? std::span<const CurveStage>(StagesTo64Bits)
+                        : std::span<const CurveStage>(StagesTo128Bits);
+}
+
 constexpr uint64_t FirstParameter = 6;
 
 // The candidates of the walk between two polls of the stop request.
 constexpr uint64_t CandidatesPerPoll = 1 << 16;
-
-int BitLength(Wide n) {
-    return n.high != 0 ? 65 + HighestBit(n.high) : 1 + HighestBit(n.low);
-}
-
-Wide Widen(uint64_t a) {
-    return {0, a};
-}
-Wide Widen(Wide a) {
-    return a;
-}
 
 // The least prime below 1000 that divides n; 0 if there is none.
 uint64_t SmallDivisor(Wide n) {
@@ -59,10 +58,23 @@ uint64_t SmallDivisor(Wide n) {
     return 0;
 }
 
-// A divisor by elliptic curves, or by the walk; {0, 0} after a stop.
-template <typename Number, int64_t Count>
-Wide FindDivisorByCurves(Number n, const CurveStage (&stages)[Count]) {
+// A divisor of n, which has at most RhoBits bits; 0 if no sequence finds one.
+uint64_t FindDivisorBySequences(uint64_t n) {
+    for (uint64_t constant = 1; constant <= RhoSequences; constant++) {
+        const uint64_t divisor = FindDivisorByRho(n, constant, RhoSteps);
+        if (divisor != 0) {
+            return divisor;
+        }
+    }
+    return 0;
+}
+
+// A divisor by elliptic curves, or by the walk; {0, 0} after a stop. Each curve has a parameter of
+// its own.
+template <typename Number>
+Wide FindDivisorByCurves(Number n, std::span<const CurveStage> stages) {
     uint64_t parameter = FirstParameter;
+    bool isFirstStage = true;
     for (const CurveStage& stage : stages) {
         for (uint64_t i = 0; i < stage.curves; i++) {
             if (StopRequested()) {
@@ -74,11 +86,11 @@ Wide FindDivisorByCurves(Number n, const CurveStage (&stages)[Count]) {
             }
         }
         // Curves may always find all factors at once where there are nothing but very small ones.
-        const uint64_t divisor =
-            parameter - FirstParameter == stages[0].curves ? SmallDivisor(Widen(n)) : 0;
-        if (divisor != 0) {
-            return {0, divisor};
+        const uint64_t smallDivisor = isFirstStage ? SmallDivisor(Widen(n)) : 0;
+        if (smallDivisor != 0) {
+            return Widen(smallDivisor);
         }
+        isFirstStage = false;
     }
     return FindDivisorByWalk(Widen(n));
 }
@@ -86,12 +98,12 @@ Wide FindDivisorByCurves(Number n, const CurveStage (&stages)[Count]) {
 }  // namespace
 
 Wide FindDivisorByWalk(Wide n) {
-    TALLYMERE_REQUIRE(AtLeast(n, {0, 3}) && (n.low & 1) != 0);
+    TALLYMERE_REQUIRE(AtLeast(n, {0, 3}) && IsOdd(n));
     const uint64_t root = SquareRootOf(n);
     WheelWalk walk = WheelStartForOddNumbers;
     for (uint64_t candidates = 1; AdvanceWheel(walk) && walk.divisor <= root; candidates++) {
         if (RemainderByWord(n, walk.divisor) == 0) {
-            return {0, walk.divisor};
+            return Widen(walk.divisor);
         }
         if (candidates % CandidatesPerPoll == 0 && StopRequested()) {
             return {0, 0};
@@ -101,33 +113,24 @@ Wide FindDivisorByWalk(Wide n) {
 }
 
 Wide FindDivisor(Wide composite) {
-    TALLYMERE_REQUIRE(AtLeast(composite, {0, 9}) && (composite.low & 1) != 0);
+    TALLYMERE_REQUIRE(AtLeast(composite, {0, 9}) && IsOdd(composite));
     const uint64_t root = SquareRootOf(composite);
     if (wide::Multiply(root, root) == composite) {
-        return {0, root};
+        return Widen(root);
     }
     const int bits = BitLength(composite);
     if (bits <= WalkBits) {
         return FindDivisorByWalk(composite);
     }
     if (bits <= RhoBits) {
-        for (uint64_t constant = 1; constant <= RhoSequences; constant++) {
-            const uint64_t divisor = FindDivisorByRho(composite.low, constant, RhoSteps);
-            if (divisor != 0) {
-                return {0, divisor};
-            }
+        const uint64_t divisor = FindDivisorBySequences(composite.low);
+        if (divisor != 0) {
+            return Widen(divisor);
         }
     }
-    if (bits <= 44) {
-        return FindDivisorByCurves(composite.low, StagesTo44Bits);
-    }
-    if (bits <= 54) {
-        return FindDivisorByCurves(composite.low, StagesTo54Bits);
-    }
-    if (bits <= 64) {
-        return FindDivisorByCurves(composite.low, StagesTo64Bits);
-    }
-    return FindDivisorByCurves(composite, StagesTo128Bits);
+    const std::span<const CurveStage> stages = CurveStagesFor(bits);
+    return bits <= 64 ? FindDivisorByCurves(composite.low, stages)
+                      : FindDivisorByCurves(composite, stages);
 }
 
 }  // namespace tallymere

@@ -1,15 +1,10 @@
 #include "numtheory/factorize_number.h"
 
-#include <algorithm>
-#include <iterator>
-
 #include "core/contract.h"
 #include "core/number_context.h"
 #include "core/stop_request.h"
 #include "numtheory/factor_search.h"
 #include "numtheory/prime_proof.h"
-#include "numtheory/small_primes.h"
-#include "numtheory/wide_integers.h"
 
 namespace tallymere {
 
@@ -19,14 +14,15 @@ namespace {
 // numbers without small factors than it saves for others.
 constexpr uint64_t TrialBound = 1'000;
 
-// So many factors above TrialBound make a number longer than 128 bits.
-constexpr int64_t MaxLargeFactors = 13;
+Wide PrimeAt(const FactorList& list, int64_t i) {
+    return WideFromLimbs(list.primes[i]);
+}
 
 // Divides r by d as often as it goes; returns how often. d divides r.
 uint64_t DivideOut(Wide& r, uint64_t d) {
     uint64_t multiplicity = 0;
     do {
-        r = DivideByWord(r, d);
+        r = QuotientByWord(r, d);
         multiplicity++;
     } while (RemainderByWord(r, d) == 0);
     return multiplicity;
@@ -45,7 +41,7 @@ bool TakeSmallFactors(FactorList* list, Wide& r) {
         AdvanceWheel(walk);
         const uint64_t d = walk.divisor;
         if (IsAboveRoot(d, r)) {
-            if (!(r == Wide{0, 1})) {
+            if (r != Widen(1)) {
                 AddFactor(list, r, 1);
             }
             return false;
@@ -54,9 +50,37 @@ bool TakeSmallFactors(FactorList* list, Wide& r) {
             return true;
         }
         if (RemainderByWord(r, d) == 0) {
-            AddFactor(list, {0, d}, DivideOut(r, d));
+            AddFactor(list, Widen(d), DivideOut(r, d));
         }
     }
+}
+
+// Takes the factors out of `rest`, which has none up to TrialBound. Complete or Stopped.
+FactorOutcome TakeLargeFactors(FactorList* list, Wide rest) {
+    // What is still to be split or proven: the product of these and of the list is n.
+    Wide parts[MaxLargeFactors] = {rest};
+    int64_t count = 1;
+    while (count > 0) {
+        const Wide part = parts[count - 1];
+        const Primality primality = ProvePrimality(part);
+        if (primality == Primality::Unknown) {
+            return FactorOutcome::Stopped;
+        }
+        if (primality == Primality::Prime) {
+            AddFactor(list, part, 1);
+            count--;
+            continue;
+        }
+        const Wide divisor = FindDivisor(part);
+        if (IsZero(divisor)) {
+            return FactorOutcome::Stopped;
+        }
+        TALLYMERE_REQUIRE(count < MaxLargeFactors);
+        parts[count - 1] = divisor;
+        parts[count] = DivideExactly(part, divisor);
+        count++;
+    }
+    return FactorOutcome::Complete;
 }
 
 }  // namespace
@@ -65,9 +89,9 @@ bool FactorListIsWellFormed(const FactorList& list) {
     if (list.count < -1 || list.count > MaxDistinctPrimes) {
         return false;
     }
-    Wide last = {0, 1};
+    Wide last = Widen(1);
     for (int64_t i = 0; i < list.count; i++) {
-        const Wide prime = {list.primes[i][1], list.primes[i][0]};
+        const Wide prime = PrimeAt(list, i);
         if (AtLeast(last, prime) || list.multiplicities[i] == 0) {
             return false;
         }
@@ -83,7 +107,7 @@ void AddFactor(FactorList* list, Wide prime, uint64_t multiplicity) {
     }
     int64_t place = list->count;
     for (; place > 0; place--) {
-        const Wide other = {list->primes[place - 1][1], list->primes[place - 1][0]};
+        const Wide other = PrimeAt(*list, place - 1);
         if (other == prime) {
             list->multiplicities[place - 1] += multiplicity;
             return;
@@ -97,12 +121,10 @@ void AddFactor(FactorList* list, Wide prime, uint64_t multiplicity) {
         return;
     }
     for (int64_t i = list->count; i > place; i--) {
-        list->primes[i][0] = list->primes[i - 1][0];
-        list->primes[i][1] = list->primes[i - 1][1];
+        WideToLimbs(list->primes[i], PrimeAt(*list, i - 1));
         list->multiplicities[i] = list->multiplicities[i - 1];
     }
-    list->primes[place][0] = prime.low;
-    list->primes[place][1] = prime.high;
+    WideToLimbs(list->primes[place], prime);
     list->multiplicities[place] = multiplicity;
     list->count++;
 }
@@ -113,40 +135,14 @@ FactorOutcome FactorizeNumber(FactorList* list, const uint64_t* n) {
         return FactorOutcome::WrongWidth;
     }
     list->count = 0;
-    Wide rest = {n[1], n[0]};
-    if (!AtLeast(rest, {0, 2})) {
+    Wide rest = WideFromLimbs(n);
+    if (IsBelow(rest, Widen(2))) {
         return FactorOutcome::Complete;
     }
     if (StopRequested()) {
         return FactorOutcome::Stopped;
     }
-    if (!TakeSmallFactors(list, rest)) {
-        return FactorOutcome::Complete;
-    }
-    // The product of these and of the list is n.
-    Wide parts[MaxLargeFactors] = {rest};
-    int64_t count = 1;
-    while (count > 0) {
-        const Wide part = parts[count - 1];
-        const Primality primality = ProvePrimality(part);
-        if (primality == Primality::Unknown) {
-            return FactorOutcome::Stopped;
-        }
-        if (primality == Primality::Prime) {
-            AddFactor(list, part, 1);
-            count--;
-            continue;
-        }
-        const Wide divisor = FindDivisor(part);
-        if (divisor == Wide{0, 0}) {
-            return FactorOutcome::Stopped;
-        }
-        TALLYMERE_REQUIRE(count < MaxLargeFactors);
-        parts[count - 1] = divisor;
-        parts[count] = DivideExactly(part, divisor);
-        count++;
-    }
-    return FactorOutcome::Complete;
+    return TakeSmallFactors(list, rest) ? TakeLargeFactors(list, rest) : FactorOutcome::Complete;
 }
 
 }  // namespace tallymere

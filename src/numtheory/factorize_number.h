@@ -7,15 +7,13 @@
 #include <cstdint>
 
 #include "core/wide_arithmetic.h"
+#include "numtheory/small_primes.h"
+#include "numtheory/wide_integers.h"
 
 namespace tallymere {
 
-/// The most distinct primes that a number of 128 bits can have: the product of the first 26 primes
-/// is below 2^128, that of the first 27 is above it.
-inline constexpr int64_t MaxDistinctPrimes = 26;
-
 /// The limbs of each number: the width that factors are calculated at.
-inline constexpr int64_t FactorLimbs = 2;
+inline constexpr int64_t FactorLimbs = WideLimbs;
 
 /// The distinct primes of a number in ascending order, with their exponents.
 struct FactorList {
@@ -34,7 +32,7 @@ enum class FactorOutcome {
 };
 
 /// Puts the prime at its place in the list, or raises its exponent by `multiplicity`, 1 or more. A
-/// prime beyond MaxDistinctPrimes makes the count -1, which stays.
+/// prime beyond MaxDistinctPrimes makes the count -1, and then it stays -1.
 void AddFactor(FactorList* list, Wide prime, uint64_t multiplicity);
 
 /// Fills the list with the prime factors of the BigUint n of FactorLimbs limbs, which is not

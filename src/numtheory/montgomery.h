@@ -12,12 +12,12 @@
 // 44 (1985).
 #pragma once
 
-#include <bit>
 #include <cstdint>
 
 #include "core/contract.h"
 #include "core/wide_arithmetic.h"
 #include "core/word_division.h"
+#include "numtheory/wide_integers.h"
 
 namespace tallymere {
 
@@ -134,21 +134,20 @@ constexpr void PrepareSquare(Modulus& modulus) {
 
 /// The modulus n, odd and 3 or more.
 constexpr WordModulus PrepareModulus(uint64_t n) {
-    TALLYMERE_REQUIRE((n & 1) != 0 && n >= 3);
+    TALLYMERE_REQUIRE(IsOdd(n) && n >= 3);
     WordModulus modulus = {n, InverseModuloWord(n), (0 - n) % n, 0};
     PrepareSquare(modulus);
     return modulus;
 }
 constexpr WideModulus PrepareModulus(Wide n) {
-    TALLYMERE_REQUIRE((n.low & 1) != 0 && AtLeast(n, {0, 3}));
+    TALLYMERE_REQUIRE(IsOdd(n) && AtLeast(n, {0, 3}));
     // 2^bits is the first power of two above n, so 2^bits - n is below n.
-    const int zeros = n.high != 0 ? std::countl_zero(n.high) : 64 + std::countl_zero(n.low);
-    const int bits = 128 - zeros;
+    const int bits = BitLength(n);
     const Wide power = bits == 128  ? Wide{0, 0}
                        : bits >= 64 ? Wide{uint64_t{1} << (bits - 64), 0}
                                     : Wide{0, uint64_t{1} << bits};
     WideModulus modulus = {n, InverseModuloWord(n.low), wide::Subtract(power, n), {0, 0}};
-    for (int i = 0; i < zeros; i++) {
+    for (int i = bits; i < 128; i++) {
         modulus.one = ResidueDouble(modulus, modulus.one);
     }
     PrepareSquare(modulus);
@@ -161,9 +160,8 @@ template <typename Modulus>
 constexpr auto ResiduePower(const Modulus& modulus, typename Modulus::Residue base, Wide exponent) {
     typename Modulus::Residue power = modulus.one;
     for (int i = 127; i >= 0; i--) {
-        const uint64_t word = i >= 64 ? exponent.high : exponent.low;
         power = ResidueSquare(modulus, power);
-        if (((word >> (i % 64)) & 1) != 0) {
+        if (BitOf(exponent, i)) {
             power = ResidueMultiply(modulus, power, base);
         }
     }

@@ -8,8 +8,8 @@
 
 namespace tallymere {
 
-/// A divisor of n between 1 and n, or 0 if `steps` steps, rounded up to a stretch, do not find one.
-/// n is odd and at least 3. The sequence is x^2 + constant, for a constant from 1 to n - 1. A prime
+/// A divisor of n between 1 and n, or 0 if about `steps` steps do not find one. n is odd and at
+/// least 3. A step takes x to x^2 + constant modulo n, for a constant from 1 to n - 1. A prime
 /// factor p is found after about the square root of p steps. The stop request is not polled.
 uint64_t FindDivisorByRho(uint64_t n, uint64_t constant, uint64_t steps);
 

@@ -5,6 +5,7 @@
 
 #include "core/contract.h"
 #include "core/stop_request.h"
+#include "numtheory/baillie_psw.h"
 #include "numtheory/factor_search.h"
 #include "numtheory/montgomery.h"
 #include "numtheory/predecessor_criterion.h"
@@ -22,20 +23,17 @@ namespace {
 constexpr Wide FirstStrongPseudoprime = {0x2BE69, 0x51AD'C5B2'2410'A5FD};
 constexpr size_t StrongTestBases = 13;
 
-// No number below 2^128 has more distinct prime factors, or is the product of more numbers above
-// 1000.
-constexpr size_t MostPrimes = 26;
-constexpr size_t MostParts = 12;
-
 constexpr Wide One = {0, 1};
 
 // n - 1 = F R while its prime factors are searched. F and R have no common factor.
 struct Predecessor {
-    Wide value;                                // n - 1
-    Wide factored = One;                       // F
-    std::array<Wide, MostPrimes> primes = {};  // the prime factors of F, proven
+    Wide value;                                       // n - 1
+    Wide factoredPart = One;                          // F
+    std::array<Wide, MaxDistinctPrimes> primes = {};  // the prime factors of F, proven
     size_t primeCount = 0;
-    std::array<Wide, MostParts> parts = {};  // numbers above 1 whose product is R
+    // Numbers above 1 whose product is R, without prime factors of SmallPrimeTable once that was
+    // gone through.
+    std::array<Wide, MaxLargeFactors> parts = {};
     size_t partCount = 0;
 };
 
@@ -58,7 +56,7 @@ Wide DividedByPrime(Wide number, Wide p) {
     if (p.high != 0) {
         return number == p ? One : Wide{};
     }
-    return RemainderByWord(number, p.low) == 0 ? DivideByWord(number, p.low) : Wide{};
+    return RemainderByWord(number, p.low) == 0 ? QuotientByWord(number, p.low) : Wide{};
 }
 
 // Moves a prime factor p of R to F, as often as it divides R. A p of two words is one of the parts
@@ -71,7 +69,7 @@ void TakePrime(Predecessor& predecessor, Wide p) {
         for (Wide quotient = DividedByPrime(part, p); !IsZero(quotient);
              quotient = DividedByPrime(part, p)) {
             part = quotient;
-            predecessor.factored = MultiplyLow(predecessor.factored, p);
+            predecessor.factoredPart = MultiplyLow(predecessor.factoredPart, p);
         }
         if (part != One) {
             predecessor.parts[kept++] = part;
@@ -89,6 +87,17 @@ Wide RestOf(const Predecessor& predecessor) {
     return rest;
 }
 
+// The number of the least part: small numbers are proven and divided soonest.
+size_t LeastPart(const Predecessor& predecessor) {
+    size_t least = 0;
+    for (size_t i = 1; i < predecessor.partCount; i++) {
+        if (IsBelow(predecessor.parts[i], predecessor.parts[least])) {
+            least = i;
+        }
+    }
+    return least;
+}
+
 // Finds prime factors of n - 1 until F is large enough. False when a stop is requested.
 bool FactorEnough(Predecessor& predecessor) {
     predecessor.parts[predecessor.partCount++] = predecessor.value;
@@ -97,14 +106,8 @@ bool FactorEnough(Predecessor& predecessor) {
             TakePrime(predecessor, {0, prime});
         }
     }
-    while (!IsLargeEnoughFactor(predecessor.factored, RestOf(predecessor))) {
-        // Small numbers are proven and divided soonest.
-        size_t least = 0;
-        for (size_t i = 1; i < predecessor.partCount; i++) {
-            if (IsBelow(predecessor.parts[i], predecessor.parts[least])) {
-                least = i;
-            }
-        }
+    while (!IsFactoredPartLargeEnough(predecessor.factoredPart, RestOf(predecessor))) {
+        const size_t least = LeastPart(predecessor);
         const Wide part = predecessor.parts[least];
         const Primality primality = StopRequested() ? Primality::Unknown : ProvePrimality(part);
         if (primality == Primality::Prime) {
@@ -121,24 +124,32 @@ bool FactorEnough(Predecessor& predecessor) {
     return true;
 }
 
-// Looks for a number whose powers show that p - 1, for each prime factor p of n, has all the
-// factors q of n - 1: its power n - 1 is 1 modulo n, and its power (n - 1) / q less 1 has no common
-// factor with n. Unknown when no prime of the table is such a number.
-Primality FindWitness(const WideModulus& modulus, Wide predecessor, Wide q) {
+enum class WitnessOutcome {
+    Found,
+    IsComposite,  // a power shows that n is not prime
+    NoneInTable,  // no prime of SmallPrimeTable is a witness
+};
+
+// Looks for a witness of the prime factor q of n - 1: a number whose power n - 1 is 1 modulo n, and
+// whose power (n - 1) / q less 1 has no common factor with n. With it, p - 1 for each prime factor
+// p of n has all the factors q of n - 1. Source: Pocklington's theorem, as in Brillhart, Lehmer and
+// Selfridge, theorem 4.
+WitnessOutcome FindWitness(const WideModulus& modulus, Wide predecessor, Wide q) {
     const Wide exponent =
-        q.high == 0 ? DivideByWord(predecessor, q.low) : DivideExactly(predecessor, q);
+        q.high == 0 ? QuotientByWord(predecessor, q.low) : DivideExactly(predecessor, q);
     for (const uint64_t prime : SmallPrimeTable) {
         const Wide base = ToResidue(modulus, Wide{0, prime});
         const Wide power = ResiduePower(modulus, base, exponent);
         if (ResiduePower(modulus, power, q) != modulus.one) {
-            return Primality::Composite;
+            return WitnessOutcome::IsComposite;
         }
         if (power != modulus.one) {
             const Wide less = ResidueSubtract(modulus, power, modulus.one);
-            return CommonDivisor(less, modulus.n) == One ? Primality::Prime : Primality::Composite;
+            return CommonDivisor(less, modulus.n) == One ? WitnessOutcome::Found
+                                                         : WitnessOutcome::IsComposite;
         }
     }
-    return Primality::Unknown;
+    return WitnessOutcome::NoneInTable;
 }
 
 }  // namespace
@@ -147,8 +158,8 @@ Primality ProvePrimality(Wide n) {
     if (n.high == 0) {
         return IsPrimeWord(n.low) ? Primality::Prime : Primality::Composite;
     }
-    const uint64_t limbs[] = {n.low, n.high};
-    if (!IsOdd(n) || HasSmallOddPrime(limbs, 2)) {
+    const uint64_t limbs[WideLimbs] = {n.low, n.high};
+    if (!IsOdd(n) || HasSmallOddPrime(limbs, WideLimbs)) {
         return Primality::Composite;
     }
     if (!PassesStrongTests(PrepareModulus(n))) {
@@ -166,16 +177,17 @@ Primality ProveByPredecessor(Wide n) {
     }
     for (size_t i = 0; i < predecessor.primeCount; i++) {
         switch (FindWitness(modulus, predecessor.value, predecessor.primes[i])) {
-            case Primality::Prime:
+            case WitnessOutcome::Found:
                 break;
-            case Primality::Composite:
+            case WitnessOutcome::IsComposite:
                 return Primality::Composite;
-            case Primality::Unknown:
+            case WitnessOutcome::NoneInTable:
                 return ProveByWalk(n);
         }
     }
-    return IsProductOfTwoOfTheForm(predecessor.factored, RestOf(predecessor)) ? Primality::Composite
-                                                                              : Primality::Prime;
+    return IsProductOfTwoFactors(predecessor.factoredPart, RestOf(predecessor))
+               ? Primality::Composite
+               : Primality::Prime;
 }
 
 Primality ProveByWalk(Wide n) {

@@ -1,16 +1,12 @@
 // Proofs of primality for numbers below 2^128. What is called prime here is prime.
 //
-// - Below 2^64: the Baillie-PSW test, which is the strong test to base 2 and the strong Lucas test
-//   with Selfridge's parameters. No composite number there passes both: Feitsma and Galway listed
-//   all pseudoprimes to base 2 below 2^64, and none of them is a Lucas pseudoprime.
-//   Sources: Baillie and Wagstaff, "Lucas pseudoprimes", Math. Comp. 35 (1980); Baillie, Fiori and
-//   Wagstaff, "Strengthening the Baillie-PSW primality test", Math. Comp. 90 (2021), which reports
-//   the check of the list.
+// - Below 2^64: the Baillie-PSW test of baillie_psw.h, which is verified there.
 // - Below 3,317,044,064,679,887,385,961,981: the strong test to the first 13 primes, which no
 //   composite number there passes. Source: Sorenson and Webster, "Strong pseudoprimes to twelve
 //   prime bases", Math. Comp. 86 (2017).
-// - Above: a certificate from the prime factors of n - 1. Source: Brillhart, Lehmer and Selfridge,
-//   "New primality criteria and factorizations of 2^m +- 1", Math. Comp. 29 (1975).
+// - Above: a certificate from prime factors of n - 1, whose conditions predecessor_criterion.h has.
+//   Source: Brillhart, Lehmer and Selfridge, "New primality criteria and factorizations of
+//   2^m +- 1", Math. Comp. 29 (1975).
 // - Where no certificate is found: division by all candidates of the wheel up to the square root.
 #pragma once
 
@@ -38,12 +34,5 @@ Primality ProveByPredecessor(Wide n);
 /// The last resort: divides n, which is odd and at least 3, by the candidates of the wheel up to
 /// its square root. Unknown when a stop was requested before the end.
 Primality ProveByWalk(Wide n);
-
-/// True when n is prime.
-bool IsPrimeWord(uint64_t n);
-
-/// The same for an odd n of at least 3, without a trial division before the test: for numbers that
-/// a sieve has left over.
-bool IsPrimeOddWord(uint64_t n);
 
 }  // namespace tallymere

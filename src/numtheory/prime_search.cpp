@@ -6,10 +6,12 @@
 #include "core/scratch.h"
 #include "core/stop_request.h"
 #include "exact/big_uint.h"
+#include "numtheory/baillie_psw.h"
 #include "numtheory/block_sieve.h"
 #include "numtheory/primality_tests.h"
 #include "numtheory/prime_proof.h"
 #include "numtheory/small_primes.h"
+#include "numtheory/wide_integers.h"
 
 namespace tallymere {
 
@@ -50,7 +52,7 @@ Verdict JudgeExactly(const uint64_t* n) {
     if (n[1] == 0) {
         return IsPrimeOddWord(n[0]) ? Verdict::Prime : Verdict::Composite;
     }
-    switch (ProvePrimality({n[1], n[0]})) {
+    switch (ProvePrimality(WideFromLimbs(n))) {
         case Primality::Composite:
             return Verdict::Composite;
         case Primality::Prime:
@@ -160,8 +162,35 @@ bool LeavesWidth(const uint64_t* start, uint64_t count) {
     return IsInHighestWord(start) && count - 1 > ~start[0];
 }
 
-SearchOutcome SearchPrimes(const SearchMethod& method, const uint64_t* start, uint64_t count,
-                           PrimeSink sink) {
+// Hands 2 to the sink.
+SearchOutcome TakeTwo(OddSearch& search) {
+    if (StopRequested()) {
+        return SearchOutcome::Stopped;
+    }
+    BigUintFromUnsigned(search.candidate, 2);
+    return search.sink.take(search.sink.context, search.candidate) ? SearchOutcome::Complete
+                                                                   : SearchOutcome::EndedBySink;
+}
+
+// Visits the numbers before the first odd number above 2, and sets search.first to that one.
+// `left` is how many numbers there are, and then how many are left: 0 or less when none is.
+SearchOutcome VisitUpToFirstOdd(OddSearch& search, const uint64_t* start, int64_t& left) {
+    if (BigUintFitsUnsigned(start) && start[0] <= 2) {
+        left -= static_cast<int64_t>(3 - start[0]);
+        BigUintFromUnsigned(search.first, 3);
+        return left >= 0 ? TakeTwo(search) : SearchOutcome::Complete;
+    }
+    BigUintCopy(search.first, start);
+    if (start[0] % 2 == 0) {
+        left--;
+        search.first[0]++;
+    }
+    return SearchOutcome::Complete;
+}
+
+// Both searches, but for the check of the width.
+SearchOutcome SearchInterval(const SearchMethod& method, const uint64_t* start, uint64_t count,
+                             PrimeSink sink) {
     TALLYMERE_REQUIRE(!BigUintIsZero(start) && count >= 1 && count <= MaxSearchCount);
     if (numberContext.calcError != CalcErrorNone) {
         return InterruptedOutcome();
@@ -169,51 +198,31 @@ SearchOutcome SearchPrimes(const SearchMethod& method, const uint64_t* start, ui
     ScratchStackScope scope;
     const int64_t limbs = numberContext.uintLimbs;
     OddSearch search = {&method, sink, {}, scope.Take(limbs), scope.Take(limbs), 0};
-    BigUintCopy(search.first, start);
     auto left = static_cast<int64_t>(count);
-    if (BigUintFitsUnsigned(start) && start[0] <= 2) {
-        // 2 itself, and the odd numbers from 3 on.
-        left -= static_cast<int64_t>(3 - start[0]);
-        BigUintFromUnsigned(search.candidate, 2);
-        if (left >= 0) {
-            if (StopRequested()) {
-                return SearchOutcome::Stopped;
-            }
-            if (!sink.take(sink.context, search.candidate)) {
-                return SearchOutcome::EndedBySink;
-            }
-        }
-        BigUintFromUnsigned(search.first, 3);
-    } else if (start[0] % 2 == 0) {
-        left--;
-        search.first[0]++;
-    }
-    search.visited = count - static_cast<uint64_t>(left);
-    if (left >= 1) {
+    SearchOutcome outcome = VisitUpToFirstOdd(search, start, left);
+    if (outcome == SearchOutcome::Complete && left >= 1) {
+        search.visited = count - static_cast<uint64_t>(left);
         const int64_t odd = OddNumbersThatFit(search.first, (left + 1) / 2);
-        const int64_t longestBlock = std::min(odd, MaxSieveBlock);
-        search.sieve = MakeBlockSieve(scope, BoundOfBlock(search, odd), longestBlock);
-        const SearchOutcome outcome = SearchOddNumbers(search, odd);
-        if (outcome != SearchOutcome::Complete) {
-            return outcome;
-        }
+        search.sieve =
+            MakeBlockSieve(scope, BoundOfBlock(search, odd), std::min(odd, MaxSieveBlock));
+        outcome = SearchOddNumbers(search, odd);
     }
-    if (LeavesWidth(start, count)) {
+    if (outcome == SearchOutcome::Complete && LeavesWidth(start, count)) {
         SetCalcError(CalcErrorOverflow);
         return SearchOutcome::Failed;
     }
-    return SearchOutcome::Complete;
+    return outcome;
 }
 
 }  // namespace
 
 SearchOutcome SearchPrimesExactly(const uint64_t* start, uint64_t count, PrimeSink sink) {
-    TALLYMERE_REQUIRE(numberContext.uintLimbs == 2);
-    return SearchPrimes(ExactSearch, start, count, sink);
+    TALLYMERE_REQUIRE(numberContext.uintLimbs == WideLimbs);
+    return SearchInterval(ExactSearch, start, count, sink);
 }
 
 SearchOutcome SearchPrimesProbably(const uint64_t* start, uint64_t count, PrimeSink sink) {
-    return SearchPrimes(ProbableSearch, start, count, sink);
+    return SearchInterval(ProbableSearch, start, count, sink);
 }
 
 }  // namespace tallymere

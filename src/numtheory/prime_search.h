@@ -27,12 +27,16 @@ enum class SearchOutcome {
     Failed,       ///< a CalcError is noted
 };
 
-/// The numbers of an interval, 1 to this.
+/// An interval has 1 to so many numbers.
 inline constexpr uint64_t MaxSearchCount = uint64_t{1} << 62;
+
+/// What both searches are called by.
+using PrimeSearchFunction = SearchOutcome (*)(const uint64_t* start, uint64_t count,
+                                              PrimeSink sink);
 
 /// The primes among `count` numbers from `start` on, each of them proven.
 ///
-/// `start` is a BigUint of two limbs, not 0; the width in force is two limbs. `count` is 1 to
+/// `start` is a BigUint of WideLimbs limbs, the width in force, and not 0. `count` is 1 to
 /// MaxSearchCount. An interval that leaves the width is searched up to the end of the width and
 /// then fails with CalcErrorOverflow. With a code noted before, nothing is visited: the search has
 /// failed, or was stopped where that code is CalcErrorCancelled.

@@ -21,7 +21,15 @@ extern const std::array<uint16_t, SmallPrimeCount> SmallPrimeTable;
 inline constexpr uint32_t HighestSmallPrime = 997;
 inline constexpr uint32_t FirstLargePrime = 1'009;
 
-/// True when n is one of them. For an n below FirstLargePrime: true when n is prime.
+/// The most distinct primes that a number of 128 bits can have: the product of the first 26 primes
+/// is below 2^128, that of the first 27 is above it.
+inline constexpr int64_t MaxDistinctPrimes = 26;
+
+/// The most factors of FirstLargePrime or more that a number of 128 bits can have, equal ones
+/// counted each.
+inline constexpr int64_t MaxLargeFactors = 12;
+
+/// True when n is in SmallPrimeTable. For an n below FirstLargePrime: true when n is prime.
 bool IsSmallPrime(uint64_t n);
 
 /// The product of the primes from 2 to 13: the length of the stretch that repeats.

@@ -5,6 +5,7 @@
 #include "numtheory/primality_tests.h"
 #include "numtheory/prime_proof.h"
 #include "numtheory/prime_search.h"
+#include "numtheory/wide_integers.h"
 #include "prime_pages/run_progress.h"
 #include "shell/text_format.h"
 #include "shell/ui_error.h"
@@ -90,10 +91,8 @@ void TellProgress(void*, uint64_t visited) {
     SetRunProgress(visited);
 }
 
-using SearchPrimes = SearchOutcome (*)(const uint64_t* start, uint64_t count, PrimeSink sink);
-
 // The intervals and the next prime. What a search does not complete shows in the errors.
-void RunSearch(PrimeRun& run, SearchPrimes search) {
+void RunSearch(PrimeRun& run, PrimeSearchFunction search) {
     BeginRunProgress(run.request.mode == IntervalMode ? run.request.count : 0);
     PrintHeader(run);
     search(run.request.number, run.request.count, {TakePrime, &run, TellProgress});
@@ -105,8 +104,7 @@ void RunSearch(PrimeRun& run, SearchPrimes search) {
 
 void RunExactMethod(PrimeRun& run) {
     if (run.request.mode == TestMode) {
-        const uint64_t* number = run.request.number;
-        const Primality primality = ProvePrimality({number[1], number[0]});
+        const Primality primality = ProvePrimality(WideFromLimbs(run.request.number));
         if (primality == Primality::Unknown) {
             SetUiError(UiErrorStopped);
         }
@@ -127,11 +125,13 @@ void RunProbabilisticMethod(PrimeRun& run) {
 }  // namespace
 
 NumberSetup PrimeNumberSetup(PrimeMethod method) {
-    const int64_t limbs = method == ExactMethod ? 2 : 65;
+    const int64_t limbs = method == ExactMethod ? WideLimbs : 65;
     return {.type = NumberTypeUint, .width = UintWidthForLimbs(limbs)};
 }
 
 void PrimeWorker(const PrimeRequest& request, SendText send) {
+    TALLYMERE_REQUIRE(request.count >= 1 && request.count <= MaxPrimeInterval);
+    TALLYMERE_REQUIRE(request.method == NoMethod || !BigUintIsZero(request.number));
     BeginRunProgress(0);
     ScratchStackScope scope;
     PrimeRun run = {request, MakePieceWriter(scope, send, request.printFlags), 0};

@@ -4,6 +4,7 @@
 #include <numeric>
 #include <vector>
 
+#include "numtheory/baillie_psw.h"
 #include "numtheory/prime_proof.h"
 #include "numtheory/small_primes.h"
 #include "reference/primality_twins.h"

@@ -33,12 +33,11 @@ TEST(PredecessorCriterion, TellsProductsWhereTheFactorIsLargeEnough) {
     int others = 0;
     for (uint64_t f = 2; f <= 60; f += 2) {
         for (uint64_t rest = 1; rest < 6 * f * f + 50; rest += 2) {
-            ASSERT_EQ(IsLargeEnoughFactor({0, f}, {0, rest}), IsLargeEnough(f, rest))
+            ASSERT_EQ(IsFactoredPartLargeEnough({0, f}, {0, rest}), IsLargeEnough(f, rest))
                 << f << " " << rest;
             if (IsLargeEnough(f, rest)) {
                 const bool isProduct = IsProduct(f * rest + 1, f);
-                ASSERT_EQ(IsProductOfTwoOfTheForm({0, f}, {0, rest}), isProduct)
-                    << f << " " << rest;
+                ASSERT_EQ(IsProductOfTwoFactors({0, f}, {0, rest}), isProduct) << f << " " << rest;
                 (isProduct ? products : others)++;
             }
         }
@@ -54,8 +53,8 @@ TEST(PredecessorCriterion, RefusesAFactorThatIsJustTooSmall) {
             const uint64_t other = 2 * f + r - 1;
             // a = 1 and b = 2 F + r - 1.
             const uint64_t rest = other * f + other + 1;
-            EXPECT_FALSE(IsLargeEnoughFactor({0, f}, {0, rest})) << f;
-            EXPECT_TRUE(IsLargeEnoughFactor({0, f}, {0, rest - 2 * f})) << f;
+            EXPECT_FALSE(IsFactoredPartLargeEnough({0, f}, {0, rest})) << f;
+            EXPECT_TRUE(IsFactoredPartLargeEnough({0, f}, {0, rest - 2 * f})) << f;
         }
     }
 }
@@ -78,8 +77,8 @@ TEST(PredecessorCriterion, KnowsLongProducts) {
         if (rest.high != 0 && rest.high >= ~uint64_t{0} / f) {
             continue;
         }
-        if (IsLargeEnoughFactor({0, f}, rest)) {
-            ASSERT_TRUE(IsProductOfTwoOfTheForm({0, f}, rest)) << f << " " << a << " " << b;
+        if (IsFactoredPartLargeEnough({0, f}, rest)) {
+            ASSERT_TRUE(IsProductOfTwoFactors({0, f}, rest)) << f << " " << a << " " << b;
             products++;
         }
     }
@@ -91,8 +90,8 @@ TEST(PredecessorCriterion, KnowsThatALargerFactorLeavesNoProduct) {
     for (const uint64_t rest : {1, 3, 5, 1001}) {
         for (const Wide factored : {Wide{0, 1 << 20}, Wide{0, ~uint64_t{0} - 1}, Wide{1, 0},
                                     Wide{uint64_t{1} << 50, 2}}) {
-            EXPECT_TRUE(IsLargeEnoughFactor(factored, {0, rest}));
-            EXPECT_FALSE(IsProductOfTwoOfTheForm(factored, {0, rest}));
+            EXPECT_TRUE(IsFactoredPartLargeEnough(factored, {0, rest}));
+            EXPECT_FALSE(IsProductOfTwoFactors(factored, {0, rest}));
         }
     }
 }

@@ -1,6 +1,7 @@
 // Proofs of primality against GMP.
 #include <gtest/gtest.h>
 
+#include "numtheory/baillie_psw.h"
 #include "numtheory/prime_proof.h"
 #include "support/wide_oracle.h"
 

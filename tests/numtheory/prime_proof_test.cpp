@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "core/number_context.h"
+#include "numtheory/baillie_psw.h"
 #include "numtheory/montgomery.h"
 #include "numtheory/small_primes.h"
 #include "numtheory/strong_test.h"

@@ -24,7 +24,7 @@ protected:
         }
     }
 
-    static void Compare(SearchPrimes search, const uint64_t* start, uint64_t count) {
+    static void Compare(PrimeSearchFunction search, const uint64_t* start, uint64_t count) {
         const FoundPrimes found = Search(search, start, count);
         ASSERT_EQ(found.outcome, SearchOutcome::Complete);
         ASSERT_EQ(found.primes, PrimesOfGmp(start, count))
@@ -32,11 +32,11 @@ protected:
     }
 };
 
-constexpr SearchPrimes BothSearches[] = {SearchPrimesExactly, SearchPrimesProbably};
+constexpr PrimeSearchFunction BothSearches[] = {SearchPrimesExactly, SearchPrimesProbably};
 
 TEST_F(PrimeSearchOracle, AgreesAtEverySize) {
     RandomSource random;
-    for (const SearchPrimes search : BothSearches) {
+    for (const PrimeSearchFunction search : BothSearches) {
         const WidthScope width(2);
         for (int i = TestRounds(500); i > 0; i--) {
             UintBuffer start;
@@ -57,7 +57,7 @@ TEST_F(PrimeSearchOracle, AgreesAtEverySize) {
 // Where a limb or a bound of the sieve ends.
 TEST_F(PrimeSearchOracle, AgreesAtTheEdges) {
     const WidthScope width(2);
-    for (const SearchPrimes search : BothSearches) {
+    for (const PrimeSearchFunction search : BothSearches) {
         for (const char* start :
              {"2^32-500", "2^63-500", "2^64-500", "2^64-1", "2^64", "2^65-500", "2^127-500",
               "2^128-1500", "1018081", "1036488922561", "1000006000000"}) {

@@ -11,7 +11,7 @@ namespace {
 
 using namespace testing_support;
 
-constexpr SearchPrimes BothSearches[] = {SearchPrimesExactly, SearchPrimesProbably};
+constexpr PrimeSearchFunction BothSearches[] = {SearchPrimesExactly, SearchPrimesProbably};
 
 using Primes = std::vector<std::string>;
 
@@ -21,7 +21,7 @@ protected:
 };
 
 TEST_F(PrimeSearch, FindsThePrimesOfAnInterval) {
-    for (const SearchPrimes search : BothSearches) {
+    for (const PrimeSearchFunction search : BothSearches) {
         const FoundPrimes found = Search(search, UintBuffer("1"), 20);
         EXPECT_EQ(found.primes, (Primes{"2", "3", "5", "7", "11", "13", "17", "19"}));
         EXPECT_EQ(found.outcome, SearchOutcome::Complete);
@@ -29,7 +29,7 @@ TEST_F(PrimeSearch, FindsThePrimesOfAnInterval) {
 }
 
 TEST_F(PrimeSearch, EndsWhenItsSinkWantsNoMore) {
-    for (const SearchPrimes search : BothSearches) {
+    for (const PrimeSearchFunction search : BothSearches) {
         for (const char* start : {"1", "2"}) {
             const FoundPrimes two = Search(search, UintBuffer(start), 20, 1);
             EXPECT_EQ(two.primes, Primes{"2"});
@@ -46,7 +46,7 @@ TEST_F(PrimeSearch, EndsWhenItsSinkWantsNoMore) {
 // is 1009 * 8896609: its least factor is the first prime that nobody divides by.
 TEST_F(PrimeSearch, TakesPseudoprimesWithTheProbabilisticMethodAlone) {
     for (const char* number : {"1194649", "12327121"}) {
-        for (const SearchPrimes search : BothSearches) {
+        for (const PrimeSearchFunction search : BothSearches) {
             EXPECT_TRUE(Search(search, UintBuffer(number), 1).primes.empty()) << number;
         }
     }
@@ -68,7 +68,7 @@ TEST_F(PrimeSearch, JudgesTheSquareOfTheFirstPrimeBehindTheSieve) {
 
 TEST_F(PrimeSearch, FailsAtTheEndOfTheWidth) {
     const std::string lastPrime = UintTextOf(TwoTo(128, "-159"));
-    for (const SearchPrimes search : BothSearches) {
+    for (const PrimeSearchFunction search : BothSearches) {
         FoundPrimes found = Search(search, UintBuffer("2^128-160"), 161);
         EXPECT_EQ(found.primes, Primes{lastPrime});
         EXPECT_EQ(found.outcome, SearchOutcome::Failed);
@@ -86,7 +86,7 @@ TEST_F(PrimeSearch, FailsAtTheEndOfTheWidth) {
 }
 
 TEST_F(PrimeSearch, VisitsNothingBehindACodeThatWasNoted) {
-    for (const SearchPrimes search : BothSearches) {
+    for (const PrimeSearchFunction search : BothSearches) {
         for (const char* start : {"2", "100"}) {
             numberContext.calcError = CalcErrorOverflow;
             const FoundPrimes found = Search(search, UintBuffer(start), 20);
@@ -102,7 +102,7 @@ TEST_F(PrimeSearch, VisitsNothingBehindACodeThatWasNoted) {
 }
 
 TEST_F(PrimeSearch, StopsWhenItIsAskedTo) {
-    for (const SearchPrimes search : BothSearches) {
+    for (const PrimeSearchFunction search : BothSearches) {
         for (const char* start : {"1", "2", "100", "2^100"}) {
             RequestStop();
             const FoundPrimes found = Search(search, UintBuffer(start), MaxSearchCount);
@@ -121,7 +121,7 @@ TEST_F(PrimeSearch, StopsWithinTheJudgementOfItsLastNumber) {
                                 return true;
                             },
                             nullptr, [](void*, uint64_t) { RequestStop(); }};
-    for (const SearchPrimes search : BothSearches) {
+    for (const PrimeSearchFunction search : BothSearches) {
         EXPECT_EQ(search(UintBuffer("2^128-159"), 1, sink), SearchOutcome::Stopped);
         ClearStopRequest();
         numberContext.calcError = CalcErrorNone;
@@ -130,7 +130,7 @@ TEST_F(PrimeSearch, StopsWithinTheJudgementOfItsLastNumber) {
 
 // Nobody else ends this search: 2^62 numbers take years.
 TEST_F(PrimeSearch, StopsWhenAnotherThreadAsksForIt) {
-    for (const SearchPrimes search : BothSearches) {
+    for (const PrimeSearchFunction search : BothSearches) {
         std::atomic<int> found = 0;
         std::thread stopping([&] {
             while (found < 1'000) {
@@ -157,7 +157,7 @@ TEST_F(PrimeSearch, TellsHowManyNumbersLieBeforeTheOneThatItJudges) {
         uint64_t visited;
         int primes;
     };
-    for (const SearchPrimes search : BothSearches) {
+    for (const PrimeSearchFunction search : BothSearches) {
         for (const uint64_t start : {3, 1'000'000}) {
             Told told = {start, 0, 0};
             const PrimeSink sink = {[](void* context, const uint64_t* prime) {

@@ -11,8 +11,6 @@
 
 namespace tallymere::testing_support {
 
-using SearchPrimes = SearchOutcome (*)(const uint64_t* start, uint64_t count, PrimeSink sink);
-
 struct FoundPrimes {
     std::vector<std::string> primes;  ///< in decimal
     SearchOutcome outcome;
@@ -31,7 +29,7 @@ protected:
     }
 
     /// Takes at most so many primes.
-    static FoundPrimes Search(SearchPrimes search, const uint64_t* start, uint64_t count,
+    static FoundPrimes Search(PrimeSearchFunction search, const uint64_t* start, uint64_t count,
                               size_t most = ~size_t{0}) {
         struct Context {
             std::vector<std::string> primes;

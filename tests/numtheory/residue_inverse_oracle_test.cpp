@@ -57,7 +57,7 @@ void ExpectDivisorsAndInversesOfGmp() {
         Number inverse = ToResidue(modulus, pair.a);
         const Number divisor = InvertResidue(modulus, inverse);
         ASSERT_EQ(mpz_cmp(ToInteger(divisor), common), 0);
-        if (divisor == NumberOne(divisor)) {
+        if (divisor == NumberOf<Number>(1)) {
             Integer expected;
             mpz_invert(expected, ToInteger(pair.a), n);
             ASSERT_TRUE(IsBelow(inverse, pair.n));
