@@ -1,12 +1,11 @@
-// Proofs of primality below 2^64.
+#include "numtheory/baillie_psw.h"
+
 #include <gtest/gtest.h>
 
-#include <numeric>
 #include <vector>
 
-#include "numtheory/baillie_psw.h"
 #include "numtheory/prime_proof.h"
-#include "numtheory/small_primes.h"
+#include "prime_testing.h"
 #include "reference/primality_twins.h"
 #include "support/random_source.h"
 
@@ -14,17 +13,6 @@ namespace tallymere {
 namespace {
 
 using namespace testing_support;
-
-std::vector<bool> Sieve(uint64_t end) {
-    std::vector<bool> isPrime(end, true);
-    isPrime[0] = isPrime[1] = false;
-    for (uint64_t p = 2; p * p < end; p++) {
-        for (uint64_t multiple = p * p; isPrime[p] && multiple < end; multiple += p) {
-            isPrime[multiple] = false;
-        }
-    }
-    return isPrime;
-}
 
 void ExpectWord(uint64_t n, bool isPrime) {
     ASSERT_EQ(IsPrimeWord(n), isPrime) << n;
@@ -36,7 +24,7 @@ void ExpectWord(uint64_t n, bool isPrime) {
 
 TEST(IsPrimeWord, AgreesWithASieve) {
     constexpr uint64_t End = 3'000'000;
-    const std::vector<bool> isPrime = Sieve(End);
+    const std::vector<bool> isPrime = SieveNumbers(End);
     uint64_t count = 0;
     for (uint64_t n = 0; n < End; n++) {
         ASSERT_NO_FATAL_FAILURE(ExpectWord(n, isPrime[n]));
@@ -121,7 +109,6 @@ TEST(IsPrimeWord, RejectsProductsOfPrimesWithCommonOrders) {
     EXPECT_GT(products, 100);
 }
 
-// (6 k + 1) (12 k + 1) (18 k + 1) is a Carmichael number where all three are primes.
 TEST(IsPrimeWord, RejectsCarmichaelNumbers) {
     for (const uint64_t n : {uint64_t{561}, uint64_t{1'105}, uint64_t{1'729}, uint64_t{2'465},
                              uint64_t{6'601}, uint64_t{56'052'361}, uint64_t{118'901'521},
@@ -130,9 +117,9 @@ TEST(IsPrimeWord, RejectsCarmichaelNumbers) {
     }
     int count = 0;
     for (uint64_t k = 240'000; k < 242'000; k++) {
-        const uint64_t factors[] = {6 * k + 1, 12 * k + 1, 18 * k + 1};
-        if (IsPrimeWord(factors[0]) && IsPrimeWord(factors[1]) && IsPrimeWord(factors[2])) {
-            ASSERT_NO_FATAL_FAILURE(ExpectWord(factors[0] * factors[1] * factors[2], false));
+        const ChernickFactors factors(k);
+        if (IsPrimeWord(factors.p) && IsPrimeWord(factors.q) && IsPrimeWord(factors.r)) {
+            ASSERT_NO_FATAL_FAILURE(ExpectWord(factors.p * factors.q * factors.r, false));
             count++;
         }
     }

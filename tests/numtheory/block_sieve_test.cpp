@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "prime_testing.h"
 #include "support/random_source.h"
 
 namespace tallymere {
@@ -40,14 +41,11 @@ bool IsBelow(const Number& n, uint64_t k) {
 }
 
 std::vector<uint32_t> OddPrimesTo(uint32_t bound) {
-    std::vector<bool> composite(size_t{bound} + 1);
+    const std::vector<bool> isPrime = SieveNumbers(uint64_t{bound} + 1);
     std::vector<uint32_t> primes;
-    for (uint64_t p = 3; p <= bound; p += 2) {
-        if (!composite[p]) {
-            primes.push_back(static_cast<uint32_t>(p));
-            for (uint64_t i = p * p; i <= bound; i += p) {
-                composite[i] = true;
-            }
+    for (uint32_t n = 3; n <= bound; n += 2) {
+        if (isPrime[n]) {
+            primes.push_back(n);
         }
     }
     return primes;

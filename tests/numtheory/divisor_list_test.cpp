@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "prime_testing.h"
 #include "reference/factor_twins.h"
 #include "support/exact_testing.h"
 #include "support/random_source.h"
@@ -123,16 +124,10 @@ TEST(DivisorList, OfTwoToThe127Has128Powers) {
 
 // The first prime above n.
 uint64_t NextPrime(uint64_t n) {
-    for (;;) {
+    do {
         n++;
-        uint64_t d = 2;
-        while (d * d <= n && n % d != 0) {
-            d++;
-        }
-        if (n >= 2 && d * d > n) {
-            return n;
-        }
-    }
+    } while (!IsPrimeByDivision(n));
+    return n;
 }
 
 TEST(DivisorList, EqualsTheTwinForRandomFactors) {

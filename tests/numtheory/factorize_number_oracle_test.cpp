@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "numtheory/factorize_number.h"
+#include "prime_testing.h"
 #include "support/exact_testing.h"
 #include "support/factor_oracle.h"
 #include "support/random_source.h"
@@ -36,14 +37,6 @@ void ExpectFactorsOfPari(const Integer& n) {
         mpz_mul(product, product, power);
     }
     ASSERT_EQ(mpz_cmp(product, n), 0);
-}
-
-Integer Product(std::initializer_list<uint64_t> factors) {
-    Integer product(1);
-    for (const uint64_t factor : factors) {
-        mpz_mul_ui(product, product, factor);
-    }
-    return product;
 }
 
 TEST(FactorizeNumberOracle, RandomNumbersOfEveryLength) {
@@ -135,15 +128,12 @@ TEST(FactorizeNumberOracle, NumbersWithManyDivisors) {
 }
 
 TEST(FactorizeNumberOracle, CarmichaelNumbersOfThreePrimes) {
-    // (6 k + 1) (12 k + 1) (18 k + 1), where all three are primes.
     RandomSource random;
     const int rounds = TestRounds(70);
     int found = 0;
     while (found < rounds) {
-        const uint64_t k = 1 + random.Below(uint64_t{8} << (found / 2));
-        const uint64_t p = 6 * k + 1;
-        const uint64_t q = 12 * k + 1;
-        const uint64_t r = 18 * k + 1;
+        const ChernickFactors factors(1 + random.Below(uint64_t{8} << (found / 2)));
+        const auto& [p, q, r] = factors;
         if (mpz_probab_prime_p(Integer(p), 20) != 0 && mpz_probab_prime_p(Integer(q), 20) != 0 &&
             mpz_probab_prime_p(Integer(r), 20) != 0) {
             ASSERT_NO_FATAL_FAILURE(ExpectFactorsOfPari(Product({p, q, r})));

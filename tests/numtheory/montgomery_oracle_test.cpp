@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "numtheory/montgomery.h"
+#include "support/exact_oracle.h"
 #include "support/random_source.h"
 #include "support/wide_oracle.h"
 
@@ -10,22 +11,6 @@ namespace tallymere {
 namespace {
 
 using namespace testing_support;
-
-// Numbers of every length, and such at which carries happen or just do not.
-uint64_t RandomWord(RandomSource& random) {
-    switch (random.Below(6)) {
-        case 0:
-            return random.Below(4);
-        case 1:
-            return ~random.Below(4);
-        case 2:
-            return (uint64_t{1} << random.Below(64)) - random.Below(2);
-        case 3:
-            return random.Word();
-        default:
-            return random.Word() >> random.Below(64);
-    }
-}
 
 uint64_t RandomNumber(RandomSource& random, uint64_t /*kind*/) {
     return RandomWord(random);

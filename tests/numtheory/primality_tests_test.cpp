@@ -10,6 +10,7 @@
 
 #include "exact/big_uint.h"
 #include "exact/big_uint_multiply.h"
+#include "prime_testing.h"
 #include "support/exact_testing.h"
 
 namespace tallymere {
@@ -21,20 +22,8 @@ int IsComposite(std::string_view n) {
     return IsCompositeNumber(UintBuffer(n));
 }
 
-// Whether a number below `end` is a prime, for all of them.
-std::vector<bool> Sieve(uint64_t end) {
-    std::vector<bool> isPrime(end, true);
-    isPrime[0] = isPrime[1] = false;
-    for (uint64_t p = 2; p * p < end; p++) {
-        for (uint64_t multiple = p * p; isPrime[p] && multiple < end; multiple += p) {
-            isPrime[multiple] = false;
-        }
-    }
-    return isPrime;
-}
-
 TEST(IsCompositeNumber, SettlesNumbersUpTo1008ByTheTable) {
-    const std::vector<bool> isPrime = Sieve(1009);
+    const std::vector<bool> isPrime = SieveNumbers(1009);
     // Where an Euler test would run, the request would be noted.
     uint8_t stop = 1;
     const FieldScope<uint8_t*> flag(numberContext.abortFlag, &stop);
@@ -112,7 +101,7 @@ TEST(IsCompositeNumber, FindsByDivisionWhatTheEulerTestsDoNot) {
 TEST(IsCompositeNumber, TakesPseudoprimesToBothBasesForPrimes) {
     constexpr uint64_t End = 4'000'000;
     WidthScope scope(2);
-    const std::vector<bool> isPrime = Sieve(End);
+    const std::vector<bool> isPrime = SieveNumbers(End);
     std::vector<uint64_t> passing;
     UintBuffer n;
     for (uint64_t k = 0; k < End; k++) {

@@ -10,6 +10,8 @@
 #include "numtheory/montgomery.h"
 #include "numtheory/small_primes.h"
 #include "numtheory/strong_test.h"
+#include "numtheory/wide_integers.h"
+#include "prime_testing.h"
 #include "reference/primality_twins.h"
 #include "support/exact_testing.h"
 
@@ -116,15 +118,12 @@ TEST(ProvePrimality, RejectsProductsOfPrimesWithCommonOrders) {
     EXPECT_GT(products, 20);
 }
 
-// (6 k + 1) (12 k + 1) (18 k + 1) is a Carmichael number where all three are primes.
 TEST(ProvePrimality, RejectsCarmichaelNumbers) {
     int count = 0;
     for (uint64_t k = 430'000'000'000; k < 430'000'100'000; k++) {
-        const uint64_t factors[] = {6 * k + 1, 12 * k + 1, 18 * k + 1};
-        if (IsPrimeWord(factors[0]) && IsPrimeWord(factors[1]) && IsPrimeWord(factors[2])) {
-            const Wide pair = wide::Multiply(factors[0], factors[1]);
-            Wide product = wide::Multiply(pair.low, factors[2]);
-            product.high += pair.high * factors[2];
+        const ChernickFactors factors(k);
+        if (IsPrimeWord(factors.p) && IsPrimeWord(factors.q) && IsPrimeWord(factors.r)) {
+            const Wide product = MultiplyLow(wide::Multiply(factors.p, factors.q), {0, factors.r});
             ASSERT_EQ(ProvePrimality(product), Primality::Composite) << k;
             count++;
         }
@@ -165,17 +164,16 @@ TEST(ProveByPredecessor, RejectsProductsThatHaveAllWitnesses) {
     }
 }
 
-// The numbers (6 k + 1) (12 k + 1) (18 k + 1) whose factors are all primes. Their powers n - 1
-// are 1. For an odd k every power (n - 1) / 2 is 1 too, so that there is no witness for the factor
-// 2, and only the walk is left. For an even k that power is 1 modulo two of the factors alone, so
-// that it has, less 1, a common factor with n.
+// Of a Carmichael number n all powers n - 1 are 1. For an odd k every power (n - 1) / 2 is 1 too,
+// so that there is no witness for the factor 2, and only the walk is left. For an even k that power
+// is 1 modulo two of the factors alone, so that it has, less 1, a common factor with n.
 TEST(ProveByPredecessor, RejectsCarmichaelNumbers) {
     int odd = 0;
     int even = 0;
     for (uint64_t k = 169; k < 4'000; k++) {
-        const uint64_t factors[] = {6 * k + 1, 12 * k + 1, 18 * k + 1};
-        if (IsPrimeWord(factors[0]) && IsPrimeWord(factors[1]) && IsPrimeWord(factors[2])) {
-            const uint64_t n = factors[0] * factors[1] * factors[2];
+        const ChernickFactors factors(k);
+        if (IsPrimeWord(factors.p) && IsPrimeWord(factors.q) && IsPrimeWord(factors.r)) {
+            const uint64_t n = factors.p * factors.q * factors.r;
             ASSERT_EQ(ProveByPredecessor({0, n}), Primality::Composite) << n;
             (k % 2 != 0 ? odd : even)++;
         }

@@ -11,8 +11,6 @@ namespace {
 
 using namespace testing_support;
 
-constexpr PrimeSearchFunction BothSearches[] = {SearchPrimesExactly, SearchPrimesProbably};
-
 using Primes = std::vector<std::string>;
 
 class PrimeSearch : public PrimeSearchTest {

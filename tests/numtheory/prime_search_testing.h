@@ -11,6 +11,8 @@
 
 namespace tallymere::testing_support {
 
+inline constexpr PrimeSearchFunction BothSearches[] = {SearchPrimesExactly, SearchPrimesProbably};
+
 struct FoundPrimes {
     std::vector<std::string> primes;  ///< in decimal
     SearchOutcome outcome;

@@ -6,22 +6,18 @@
 #include <numeric>
 #include <vector>
 
+#include "core/wide_arithmetic.h"
+#include "prime_testing.h"
+
 namespace tallymere {
 namespace {
 
-bool HasNoDivisor(uint64_t n) {
-    for (uint64_t d = 2; d * d <= n; d++) {
-        if (n % d == 0) {
-            return false;
-        }
-    }
-    return n >= 2;
-}
+using namespace testing_support;
 
 TEST(SmallPrimeTable, HoldsThePrimesBelow1000) {
     std::vector<uint16_t> primes;
     for (uint16_t n = 0; n < 1000; n++) {
-        if (HasNoDivisor(n)) {
+        if (IsPrimeByDivision(n)) {
             primes.push_back(n);
         }
     }
@@ -34,11 +30,40 @@ TEST(SmallPrimeTable, HoldsThePrimesBelow1000) {
 
 TEST(SmallPrimeTable, SettlesWhatIsBelowTheNextPrime) {
     EXPECT_EQ(HighestSmallPrime, 997u);
-    EXPECT_TRUE(HasNoDivisor(FirstLargePrime));
+    EXPECT_TRUE(IsPrimeByDivision(FirstLargePrime));
     for (uint64_t n = 0; n < FirstLargePrime; n++) {
-        EXPECT_EQ(IsSmallPrime(n), HasNoDivisor(n)) << n;
+        EXPECT_EQ(IsSmallPrime(n), IsPrimeByDivision(n)) << n;
     }
     EXPECT_FALSE(IsSmallPrime(FirstLargePrime));
+}
+
+// The product of the factors; 0 where it does not fit 128 bits.
+Wide ProductThatFits(const std::vector<uint64_t>& factors) {
+    Wide product = {0, 1};
+    for (const uint64_t factor : factors) {
+        const Wide low = wide::Multiply(product.low, factor);
+        const Wide high = wide::MultiplyAdd(product.high, factor, low.high, 0);
+        if (high.high != 0) {
+            return {0, 0};
+        }
+        product = {high.low, low.low};
+    }
+    return product;
+}
+
+TEST(MaxDistinctPrimes, IsTheMostThatFit128Bits) {
+    std::vector<uint64_t> primes(SmallPrimeTable.begin(),
+                                 SmallPrimeTable.begin() + MaxDistinctPrimes);
+    EXPECT_NE(ProductThatFits(primes), (Wide{0, 0}));
+    primes.push_back(SmallPrimeTable[MaxDistinctPrimes]);
+    EXPECT_EQ(ProductThatFits(primes), (Wide{0, 0}));
+}
+
+TEST(MaxLargeFactors, IsTheMostThatFit128Bits) {
+    std::vector<uint64_t> factors(MaxLargeFactors, FirstLargePrime);
+    EXPECT_NE(ProductThatFits(factors), (Wide{0, 0}));
+    factors.push_back(FirstLargePrime);
+    EXPECT_EQ(ProductThatFits(factors), (Wide{0, 0}));
 }
 
 TEST(PrimeGapWheel, BeginsWithTheStepsTo17) {

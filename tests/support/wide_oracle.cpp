@@ -19,6 +19,14 @@ Wide ToWide(const Integer& value) {
     return {mpz_get_ui(high), mpz_get_ui(value)};
 }
 
+Integer Product(std::initializer_list<uint64_t> factors) {
+    Integer product(1);
+    for (const uint64_t factor : factors) {
+        mpz_mul_ui(product, product, factor);
+    }
+    return product;
+}
+
 std::string DecimalText(const Integer& value) {
     std::string text(mpz_sizeinbase(value, 10) + 2, '\0');
     mpz_get_str(text.data(), 10, value);

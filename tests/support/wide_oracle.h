@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 
 #include "core/wide_arithmetic.h"
@@ -15,6 +16,9 @@ Integer ToInteger(uint64_t a);
 
 /// The low 128 bits of a value of at least 0.
 Wide ToWide(const Integer& value);
+
+/// The product of the factors.
+Integer Product(std::initializer_list<uint64_t> factors);
 
 /// In decimal.
 std::string DecimalText(const Integer& value);
