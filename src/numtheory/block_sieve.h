@@ -1,9 +1,9 @@
 // A sieve over blocks: which of a run of consecutive odd numbers have a small prime factor.
 //
 // The run may begin anywhere: for each sieving prime the sieve knows how far its next odd multiple
-// is from the start of the next block. A block that begins below the square of a sieving prime is
-// struck from that square on, so that the sieve strikes no prime number.
-// Method: the segmented sieve of Eratosthenes; Bays and Hudson, "The segmented sieve of
+// is from the start of the next block. A prime strikes nothing below its own square, so that the
+// sieve strikes no prime number.
+// Source: the segmented sieve of Eratosthenes; Bays and Hudson, "The segmented sieve of
 // Eratosthenes and primes in arithmetic progressions to 10^12", BIT 17 (1977).
 #pragma once
 
@@ -25,9 +25,10 @@ struct BlockSieve {
     uint32_t bound;         ///< the odd primes up to here sieve
     int64_t primeCount;     ///< how many they are
     uint32_t* primes;       ///< in ascending order
-    uint32_t* next;         ///< for each of them, see above, in odd numbers
-    uint64_t* struck;       ///< of the last block, a bit for each number: 1 has a small factor
-    int64_t longestBlock;
+    uint32_t* next;         ///< for each of them, how many odd numbers lie between the start of the
+                            ///< next block and the first number that it strikes there or behind it
+    uint64_t* struck;       ///< a bit for each number of the last block: 1 where a prime strikes it
+    int64_t longestBlock;   ///< the room of `struck` is for so many numbers
 };
 
 /// A sieve without primes yet, for blocks of up to `longestBlock` odd numbers, 1 to MaxSieveBlock,

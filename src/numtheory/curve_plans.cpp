@@ -13,7 +13,7 @@ namespace tallymere {
 
 namespace {
 
-// By trial division.
+// By division by all numbers up to the square root.
 bool IsPrime(uint64_t n) {
     for (uint64_t d = 2; d * d <= n; d++) {
         if (n % d == 0) {

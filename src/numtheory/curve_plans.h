@@ -13,10 +13,11 @@ inline constexpr int64_t MaxLargeMultiples = 160;
 
 /// The bounds of a curve, and their tables.
 ///
-/// Each prime above firstBound and up to secondBound is c step + s or c step - s, where s is a
-/// small multiple, below step / 2 and without a factor of step, and c is one of largeCount numbers
-/// from firstLarge on. For the i-th c, bit k of the words covered[i * coveredWords ...] is set if
-/// the k-th s makes such a prime.
+/// Each prime above firstBound and up to secondBound is c step + s or c step - s. Here s is a small
+/// multiple, which is below step / 2 and has no common factor with step, and c is one of largeCount
+/// numbers from firstLarge on. The words covered[i * coveredWords] to
+/// covered[i * coveredWords + coveredWords - 1] belong to the i-th c: bit k, counted through them,
+/// is set if the k-th s makes such a prime.
 struct CurvePlan {
     uint64_t firstBound;
     uint64_t secondBound;
@@ -31,7 +32,7 @@ struct CurvePlan {
     int64_t coveredWords;
 };
 
-/// True when a plan has the invariants above.
+/// True when the numbers of a plan are in their ranges. The tables are not looked at.
 bool CurvePlanIsWellFormed(const CurvePlan& plan);
 
 inline constexpr int64_t CurvePlanCount = 6;

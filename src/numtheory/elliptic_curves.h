@@ -2,9 +2,10 @@
 // and hardly on that of the number.
 //
 // Curves are Montgomery's b y^2 = x^3 + a x^2 + x with Suyama's parameter, so that the order of the
-// group is a multiple of 12. The first stage multiplies a point by the powers of primes up to a
-// bound; the second stage covers one prime more, up to a second bound, by the differences of small
-// multiples of the point and multiples of a step.
+// group is a multiple of 12. A curve finds a prime factor p of n when its order modulo p has small
+// prime factors alone. The first stage multiplies a point by the powers of primes up to a bound.
+// The second stage allows for one prime more, up to a second bound: it multiplies the differences
+// of x of small multiples of the point and of multiples of a step.
 //
 // Sources: Lenstra, "Factoring integers with elliptic curves", Annals of Mathematics 126 (1987);
 // Montgomery, "Speeding the Pollard and elliptic curve methods of factorization", Mathematics of

@@ -1,9 +1,9 @@
 // The search for a divisor of a number that is known to be composite.
 //
-// Each number takes the way that measures best for its length: the walk along the wheel of
-// candidates up to 20 bits, Pollard's rho (pollard_rho.h) up to 36 bits, elliptic curves
-// (elliptic_curves.h) above, with bounds that grow. Squares are taken first. The walk is also the
-// last resort, so that the search always ends.
+// Squares are taken first. Any other number takes the way that measures best for its length: the
+// walk along the wheel of candidates up to 20 bits, Pollard's rho (pollard_rho.h) up to 36 bits,
+// and elliptic curves (elliptic_curves.h) above, with bounds that grow. The walk is also the last
+// resort, so that the search always ends.
 //
 // The same number always takes the same way: nothing depends on chance or on a clock.
 #pragma once

@@ -22,7 +22,7 @@ int32_t JacobiSymbolOfTwo(const uint64_t* n) {
     return ((n[0] * n[0] - 1) & 8) == 0 ? 1 : -1;
 }
 
-// dest = base x, for a residue x, without a product.
+// dest = base x, for a residue x that is not at dest, without a product.
 void MultiplyByBase(uint64_t* dest, const uint64_t* x, int base, const UintModulus& modulus) {
     const uint64_t* addend = x;
     for (int factor = 1; factor < base; factor++) {
