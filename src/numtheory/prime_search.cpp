@@ -96,7 +96,8 @@ const uint64_t* NumberOfBlock(const OddSearch& search, int64_t index) {
     return search.candidate;
 }
 
-// The bound of the sieving primes for the block of `count` numbers, or the highest for so many.
+// The bound of the sieving primes for a block of `count` odd numbers from search.first on. Where
+// these are more than one block: no block of them has a higher bound.
 uint32_t BoundOfBlock(const OddSearch& search, int64_t count) {
     const int64_t highest = std::min<int64_t>(
         search.method->highestBound, BoundPerNumber * std::clamp(count, FirstBlock, MaxSieveBlock));
@@ -104,6 +105,7 @@ uint32_t BoundOfBlock(const OddSearch& search, int64_t count) {
                          static_cast<uint32_t>(highest));
 }
 
+// Searches a block: `count` odd numbers from search.first on.
 SearchOutcome SearchBlock(OddSearch& search, int64_t count) {
     RaiseSieveBound(search.sieve, BoundOfBlock(search, count), search.first,
                     numberContext.uintLimbs);

@@ -199,6 +199,9 @@ TEST(ProvePrimality, IsUnknownAfterAStop) {
     // This one is twice a prime and one. What is found without its factors is known.
     EXPECT_EQ(Prove("340282366920938463463374607431768196007"), Primality::Unknown);
     EXPECT_EQ(Prove("340282366920938463463374607431768196009"), Primality::Composite);
+    // So is this one, and nothing but its certificate looks for a stop: the prime is below the
+    // numbers that need a certificate.
+    EXPECT_EQ(Prove("3317044064679887385962123"), Primality::Unknown);
     EXPECT_EQ(Prove("2^64+13"), Primality::Prime);
     EXPECT_EQ(Prove("2^64-59"), Primality::Prime);
 }
