@@ -13,6 +13,7 @@ namespace {
 // The walk along the wheel ends with the first candidate above this. A longer walk costs more for
 // numbers without small factors than it saves for others.
 constexpr uint64_t TrialBound = 1'000;
+static_assert(TrialBound >= HighestSmallPrime, "so that MaxLargeFactors holds for what is left");
 
 Wide PrimeAt(const FactorList& list, int64_t i) {
     return WideFromLimbs(list.primes[i]);

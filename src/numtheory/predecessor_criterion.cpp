@@ -31,7 +31,7 @@ bool IsFactoredPartLargeEnough(Wide factoredPart, Wide rest) {
 bool IsProductOfTwoFactors(Wide factoredPart, Wide rest) {
     TALLYMERE_REQUIRE(IsFactoredPartLargeEnough(factoredPart, rest));
     if (IsBelow(rest, factoredPart)) {
-        return false;  // s = 0
+        return false;  // a b F alone would be above R
     }
     // F^2 < n here, so F is a word.
     const uint64_t f = factoredPart.low;
@@ -40,7 +40,7 @@ bool IsProductOfTwoFactors(Wide factoredPart, Wide rest) {
     const Wide r =
         wide::Add({0, RemainderByWord(rest, f)}, IsOdd(quotient) ? factoredPart : Wide{});
     // a + b <= a b + 1. Where r is not above that, r is below 2^64 and s below 2^45.
-    if (IsZero(s) || IsBelow(wide::Add(quotient, Widen(1)), r)) {
+    if (IsBelow(wide::Add(quotient, Widen(1)), r)) {
         return false;
     }
     TALLYMERE_REQUIRE(r.high == 0 && s.high == 0 && s.low >> 45 == 0);

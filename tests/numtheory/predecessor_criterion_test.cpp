@@ -48,13 +48,15 @@ TEST(PredecessorCriterion, TellsProductsWhereTheFactorIsLargeEnough) {
 
 // (F + 1) (2 F^2 + (r - 1) F + 1) is such a product itself, so the condition cannot be weaker.
 TEST(PredecessorCriterion, RefusesAFactorThatIsJustTooSmall) {
-    for (const uint64_t f : {2, 10, 210, 30030, 1 << 20}) {
+    for (const uint64_t f : {uint64_t{2}, uint64_t{10}, uint64_t{210}, uint64_t{30'030},
+                             uint64_t{1} << 20, uint64_t{1} << 41, uint64_t{1} << 42}) {
         for (const uint64_t r : {1, 3}) {
-            const uint64_t other = 2 * f + r - 1;
             // a = 1 and b = 2 F + r - 1.
-            const uint64_t rest = other * f + other + 1;
-            EXPECT_FALSE(IsFactoredPartLargeEnough({0, f}, {0, rest})) << f;
-            EXPECT_TRUE(IsFactoredPartLargeEnough({0, f}, {0, rest - 2 * f})) << f;
+            const uint64_t b = 2 * f + r - 1;
+            const Wide rest = wide::MultiplyAdd(b, f, b, 1);
+            const Wide less = wide::Subtract(rest, {0, 2 * f});
+            EXPECT_FALSE(IsFactoredPartLargeEnough({0, f}, rest)) << f;
+            EXPECT_TRUE(IsFactoredPartLargeEnough({0, f}, less)) << f;
         }
     }
 }
