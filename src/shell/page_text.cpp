@@ -14,7 +14,7 @@ bool OpensPair(char16_t c) {
 }  // namespace
 
 int64_t GatherPageText(PageTextBuffer& gathered, std::u16string_view text) {
-    const auto room = static_cast<size_t>(PageTextCapacity - gathered.length);
+    const auto room = static_cast<size_t>(gathered.room - gathered.length);
     size_t count = std::min(text.size(), room);
     if (count < text.size() && count > 0 && OpensPair(text[count - 1])) {
         count--;
@@ -24,11 +24,12 @@ int64_t GatherPageText(PageTextBuffer& gathered, std::u16string_view text) {
     return static_cast<int64_t>(count);
 }
 
-void TakePageText(PageTextBuffer& taken, PageTextBuffer& gathered) {
+void TakePageText(PageTextBuffer& taken, PageTextBuffer& gathered, int64_t shown) {
     std::copy_n(gathered.text, gathered.length + 1, taken.text);
     taken.length = gathered.length;
     gathered.text[0] = 0;
     gathered.length = 0;
+    gathered.room = PageTextRoom(shown);
 }
 
 }  // namespace tallymere

@@ -3,18 +3,36 @@
 // each piece. shell/windows/page_text has the two threads.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string_view>
 
 namespace tallymere {
 
-/// Room for so many characters. A control needs up to a tenth of a second to take them, and the
-/// window answers in between.
-inline constexpr int64_t PageTextCapacity = 32'768;
+/// At first there is room for so many characters. A control needs up to a tenth of a second to take
+/// them, and the window answers in between.
+inline constexpr int64_t PageTextLeastRoom = 32'768;
 
-/// 0 <= length <= PageTextCapacity, and text[length] is 0.
+/// There is never more room. A control has to take that many at a time when it shows a hundred
+/// million characters.
+inline constexpr int64_t PageTextCapacity = 1'048'576;
+
+/// The text that is taken at a time is at least this part of the one that is shown already.
+inline constexpr int64_t PageTextShare = 100;
+
+/// The room for the next text of an output that shows so many characters already, at least 0. A
+/// control may walk through all its lines for each text that it gets, as that of Wine does. With
+/// texts of one length the time would grow with the square of the whole. With texts that are a
+/// share of what is shown the walks take a time that grows with the whole, up to PageTextShare *
+/// PageTextCapacity characters.
+constexpr int64_t PageTextRoom(int64_t shown) {
+    return std::clamp(shown / PageTextShare, PageTextLeastRoom, PageTextCapacity);
+}
+
+/// 0 <= length <= room, PageTextLeastRoom <= room <= PageTextCapacity, and text[length] is 0.
 struct PageTextBuffer {
     int64_t length = 0;
+    int64_t room = PageTextLeastRoom;
     char16_t text[PageTextCapacity + 1] = {};
 };
 
@@ -24,7 +42,9 @@ struct PageTextBuffer {
 /// was gathered before.
 int64_t GatherPageText(PageTextBuffer& gathered, std::u16string_view text);
 
-/// Moves all that was gathered, so that there is room again. `taken` is overwritten.
-void TakePageText(PageTextBuffer& taken, PageTextBuffer& gathered);
+/// Moves all that was gathered, so that there is room again: as much as PageTextRoom says of an
+/// output that shows `shown` characters, those that are taken now among them. `taken` is
+/// overwritten.
+void TakePageText(PageTextBuffer& taken, PageTextBuffer& gathered, int64_t shown);
 
 }  // namespace tallymere

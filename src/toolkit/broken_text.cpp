@@ -108,11 +108,13 @@ void SelectPlain(HWND field, TextSelection selection) {
                          BrokenPosition(text.View(), selection.to)});
 }
 
-// A copy in memory that a control can own and resize; null without memory. Windows frees it with
-// the control. Wine keeps the last one until the program ends, and the fields live as long.
-HLOCAL CopyForControl(const HeapText& text) {
+// A copy in memory that a control can own and resize, with room for so many characters at least;
+// null without memory. Windows frees it with the control. Wine keeps the last one until the program
+// ends, and the fields live as long.
+HLOCAL CopyForControl(const HeapText& text, int64_t room) {
     const size_t bytes = (static_cast<size_t>(text.length) + 1) * sizeof(char16_t);
-    const HLOCAL copy = LocalAlloc(LMEM_MOVEABLE, bytes);
+    const size_t roomBytes = (static_cast<size_t>(room) + 1) * sizeof(char16_t);
+    const HLOCAL copy = LocalAlloc(LMEM_MOVEABLE, std::max(bytes, roomBytes));
     if (copy != nullptr) {
         std::memcpy(LocalLock(copy), text.buffer.get(), bytes);
         LocalUnlock(copy);
@@ -120,22 +122,64 @@ HLOCAL CopyForControl(const HeapText& text) {
     return copy;
 }
 
+// Hands the control a copy of a text. False when it does not take the memory; the text is as before
+// then.
+bool HandOver(HWND field, const HeapText& text, int64_t room) {
+    const auto before = reinterpret_cast<HLOCAL>(AskEdit(field, EM_GETHANDLE));
+    const HLOCAL copy = before != nullptr ? CopyForControl(text, room) : nullptr;
+    if (copy == nullptr) {
+        return false;
+    }
+    AskEdit(field, EM_SETHANDLE, reinterpret_cast<WPARAM>(copy));
+    const bool isTaken = reinterpret_cast<HLOCAL>(AskEdit(field, EM_GETHANDLE)) == copy;
+    LocalFree(isTaken ? before : copy);
+    return isTaken;
+}
+
 // Does what WM_SETTEXT does, but faster: with that message the control scrolls to the end of the
 // text and back, and Wine draws the scroll bar at every step. A control that does not take the
 // memory gets WM_SETTEXT.
 bool WriteBroken(HWND field, const HeapText& text) {
-    const auto before = reinterpret_cast<HLOCAL>(AskEdit(field, EM_GETHANDLE));
-    const HLOCAL copy = before != nullptr ? CopyForControl(text) : nullptr;
-    if (copy != nullptr) {
-        AskEdit(field, EM_SETHANDLE, reinterpret_cast<WPARAM>(copy));
-        if (reinterpret_cast<HLOCAL>(AskEdit(field, EM_GETHANDLE)) == copy) {
-            LocalFree(before);
-            NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, field, OBJID_CLIENT, CHILDID_SELF);
-            return true;
-        }
-        LocalFree(copy);
+    if (HandOver(field, text, text.length)) {
+        NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, field, OBJID_CLIENT, CHILDID_SELF);
+        return true;
     }
     return AskEdit(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.buffer.get())) != FALSE;
+}
+
+// Room for a text that grows at its end. A control whose memory is full takes a little more for
+// each text, and that of Wine copies all that is there each time. So it gets all this room once,
+// when its text grows beyond LeastGrowingText. It wraps its text anew then, which takes too long
+// for more than MostWrappedAnew.
+constexpr int64_t GrowingRoom = 32 * 1024 * 1024;
+constexpr int64_t LeastGrowingText = 16'384;
+constexpr int64_t MostWrappedAnew = 65'536;
+
+bool HasGrowingRoom(HWND field) {
+    const auto memory = reinterpret_cast<HLOCAL>(AskEdit(field, EM_GETHANDLE));
+    return memory != nullptr &&
+           LocalSize(memory) >= static_cast<size_t>(GrowingRoom) * sizeof(char16_t);
+}
+
+// A control that cannot have the room stays as it is.
+void MakeRoom(HWND field, int64_t length, int64_t wanted) {
+    if (wanted < LeastGrowingText || length > MostWrappedAnew || HasGrowingRoom(field)) {
+        return;
+    }
+    const HeapText text = BrokenText(field);
+    if (text.IsThere()) {
+        HandOver(field, text, GrowingRoom);
+    }
+}
+
+// For a field with a short text.
+void GiveRoomBack(HWND field) {
+    if (HasGrowingRoom(field)) {
+        const HeapText text = BrokenText(field);
+        if (text.IsThere()) {
+            HandOver(field, text, text.length);
+        }
+    }
 }
 
 // The visible part of the text stays where it is.
@@ -200,7 +244,9 @@ HeapText PlainText(HWND field) {
 LRESULT WritePlainText(HWND field, const char16_t* text) {
     const std::u16string_view plain = text != nullptr ? text : u"";
     if (plain.size() <= LongLineCharacters) {
-        return AskEdit(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
+        const LRESULT result = AskEdit(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
+        GiveRoomBack(field);
+        return result;
     }
     const HeapText broken = BreakText(field, plain);
     return broken.IsThere() && WriteBroken(field, broken) ? TRUE : FALSE;
@@ -220,7 +266,12 @@ bool AppendPlainText(HWND field, std::u16string_view text) {
     if (!broken.IsThere() || whole > static_cast<uint32_t>(AskEdit(field, EM_GETLIMITTEXT))) {
         return false;
     }
-    SelectBroken(field, {piece.start, length});
+    MakeRoom(field, length, whole);
+    // To select takes time for all lines.
+    const TextSelection selection = BrokenSelection(field);
+    if (selection.from != piece.start || selection.to != length) {
+        SelectBroken(field, {piece.start, length});
+    }
     AskEdit(field, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(broken.buffer.get()));
     return AskEdit(field, WM_GETTEXTLENGTH) == whole;
 }

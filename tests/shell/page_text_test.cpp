@@ -20,8 +20,8 @@ std::u16string TextIn(const PageTextBuffer& buffer) {
 class PageTextTest : public testing::Test {
 protected:
     int64_t Gather(std::u16string_view text) { return GatherPageText(*gathered, text); }
-    std::u16string Take() {
-        TakePageText(*taken, *gathered);
+    std::u16string Take(int64_t shown = 0) {
+        TakePageText(*taken, *gathered, shown);
         return TextIn(*taken);
     }
 
@@ -47,8 +47,8 @@ TEST_F(PageTextTest, WhatIsTakenMakesRoom) {
 }
 
 TEST_F(PageTextTest, TakesWhatThereIsRoomFor) {
-    const std::u16string text = Letters(PageTextCapacity - 3);
-    EXPECT_EQ(Gather(text), PageTextCapacity - 3);
+    const std::u16string text = Letters(PageTextLeastRoom - 3);
+    EXPECT_EQ(Gather(text), PageTextLeastRoom - 3);
     EXPECT_EQ(Gather(u"12345"), 3);
     EXPECT_EQ(Gather(u"45"), 0);
     EXPECT_EQ(Take(), text + u"123");
@@ -57,22 +57,56 @@ TEST_F(PageTextTest, TakesWhatThereIsRoomFor) {
 }
 
 TEST_F(PageTextTest, ATextThatIsLongerThanAllTheRoomComesInParts) {
-    const std::u16string text = Letters(PageTextCapacity) + u"end";
-    EXPECT_EQ(Gather(text), PageTextCapacity);
-    EXPECT_EQ(Take(), Letters(PageTextCapacity));
-    EXPECT_EQ(Gather(text.substr(PageTextCapacity)), 3);
+    const std::u16string text = Letters(PageTextLeastRoom) + u"end";
+    EXPECT_EQ(Gather(text), PageTextLeastRoom);
+    EXPECT_EQ(Take(), Letters(PageTextLeastRoom));
+    EXPECT_EQ(Gather(text.substr(PageTextLeastRoom)), 3);
+}
+
+TEST_F(PageTextTest, HasMoreRoomForTheNextTextOfALongOutput) {
+    for (const int64_t room : {PageTextLeastRoom + 1, PageTextCapacity}) {
+        Take(room * PageTextShare);
+        EXPECT_EQ(Gather(Letters(room + 1)), room);
+        EXPECT_EQ(Gather(u"x"), 0);
+        EXPECT_EQ(Take(), Letters(room));
+        EXPECT_EQ(Gather(Letters(room)), PageTextLeastRoom) << "the next output is empty";
+        Take();
+    }
+}
+
+TEST_F(PageTextTest, TheRoomIsAShareOfWhatIsShownWithinBounds) {
+    EXPECT_EQ(PageTextRoom(0), PageTextLeastRoom);
+    EXPECT_EQ(PageTextRoom(PageTextLeastRoom * PageTextShare), PageTextLeastRoom);
+    EXPECT_EQ(PageTextRoom(10'000'000), 10'000'000 / PageTextShare);
+    EXPECT_EQ(PageTextRoom(PageTextCapacity * PageTextShare), PageTextCapacity);
+    EXPECT_EQ(PageTextRoom(0x7FFFFFFF), PageTextCapacity);
+}
+
+// An output that walks through all that it shows for each text that it gets.
+TEST_F(PageTextTest, TheWalksOfAnOutputGrowWithItsTextAndNotWithItsSquare) {
+    const auto walked = [](int64_t length) {
+        int64_t sum = 0;
+        for (int64_t shown = 0; shown < length; shown += PageTextRoom(shown)) {
+            sum += shown;
+        }
+        return static_cast<double>(sum);
+    };
+    for (int64_t length = 1'000'000; length < 50'000'000; length *= 2) {
+        EXPECT_LE(walked(length), static_cast<double>(PageTextShare * length));
+    }
+    EXPECT_LT(walked(100'000'000), 2.2 * walked(50'000'000));
 }
 
 TEST_F(PageTextTest, PartsNeitherALineEndNorASurrogatePair) {
     for (const std::u16string& pair : {std::u16string(u"\r\n"), std::u16string(u"\U0001D7D8")}) {
-        Gather(Letters(PageTextCapacity - 2));
+        Gather(Letters(PageTextLeastRoom - 2));
         EXPECT_EQ(Gather(u"1" + pair), 1);
         EXPECT_EQ(Gather(pair), 0);
         Take();
         EXPECT_EQ(Gather(pair), 2);
         EXPECT_EQ(Take(), pair);
     }
-    Gather(Letters(PageTextCapacity - 2));
+    Gather(Letters(PageTextLeastRoom - 2));
     EXPECT_EQ(Gather(u"1\r"), 2) << "whose second character nobody knows yet";
     EXPECT_EQ(Take().back(), u'\r');
 }

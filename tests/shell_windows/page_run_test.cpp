@@ -370,7 +370,7 @@ TEST_F(PageRunTest, APageWithoutStopCalculatesOnTheUiThread) {
 
 TEST_F(PageRunTest, TextOfAnyLengthArrivesWholeAndInOrder) {
     const std::u16string text = LongOutput();
-    ASSERT_GT(text.size(), 2 * PageTextCapacity + 0u);
+    ASSERT_GT(text.size(), 2 * PageTextLeastRoom + 0u);
     SetWindowTextW(output, L"");
     task.work = SendLongOutput;
     ClickStart();

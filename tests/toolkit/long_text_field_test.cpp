@@ -56,6 +56,30 @@ TEST_F(LongTextField, TakesMoreTextAtItsEndAsIfItHadBeenThereAtOnce) {
     EXPECT_TRUE(broken == InnerText());
 }
 
+TEST_F(LongTextField, GrowsAtItsEndInTheSameMemoryAndGivesItBack) {
+    const auto memory = [this] {
+        return reinterpret_cast<HLOCAL>(AskSystem(field, EM_GETHANDLE, 0, 0));
+    };
+    const std::u16string lines = Digits(1'000) + u"\r\n" + Digits(20'000) + u"\r\n";
+    for (int run = 0; run < 2; run++) {
+        for (const std::u16string& text : {Digits(10), std::u16string()}) {
+            SetText(text);
+            EXPECT_TRUE(Text() == text);
+            EXPECT_EQ(LineCount(), 1);
+            EXPECT_LT(LocalSize(memory()), 1'000'000u);
+        }
+        std::u16string whole;
+        HLOCAL grown = nullptr;
+        for (int part = 0; part < 10; part++) {
+            ASSERT_TRUE(AppendLongText(field, lines.c_str()));
+            whole += lines;
+            ASSERT_TRUE(Text() == whole) << part;
+            EXPECT_TRUE(part == 0 || memory() == grown) << part;
+            grown = memory();
+        }
+    }
+}
+
 TEST_F(LongTextField, ScrollsToTheTextAtItsEnd) {
     SetText(u"");
     std::u16string lines;

@@ -24,6 +24,9 @@ PageTextBuffer taken;
 HWND textPage = nullptr;
 bool isOutputFull = false;
 
+// Characters of this run that the page took.
+int64_t shown = 0;
+
 class GatheredScope {
 public:
     GatheredScope() { AcquireSRWLockExclusive(&gatheredLock); }
@@ -48,10 +51,12 @@ int64_t Gather(std::u16string_view text, bool mayWait, bool& isThereRoom) {
     return count;
 }
 
-// Returns whether the thread of the run waited for it.
-bool Take() {
+// With `begins` what was gathered is of an earlier run. Returns whether the thread of the run
+// waited for it.
+bool Take(bool begins) {
     const GatheredScope scope;
-    TakePageText(taken, gathered);
+    shown = begins ? 0 : shown + gathered.length;
+    TakePageText(taken, gathered, shown);
     const bool didWait = waitsForRoom;
     waitsForRoom = false;
     WakeConditionVariable(&roomIsMade);
@@ -61,7 +66,7 @@ bool Take() {
 }  // namespace
 
 void BeginPageText(HWND page) {
-    Take();
+    Take(true);
     textPage = page;
     isOutputFull = false;
 }
@@ -80,7 +85,7 @@ void SendPageText(const char16_t* text) {
 }
 
 bool ShowPageText(HWND output) {
-    const bool didWait = Take();
+    const bool didWait = Take(false);
     if (output != nullptr && taken.length > 0 && !isOutputFull) {
         isOutputFull = !AppendPageText(output, taken.text);
     }
