@@ -108,6 +108,20 @@ void SelectPlain(HWND field, TextSelection selection) {
                          BrokenPosition(text.View(), selection.to)});
 }
 
+// Room for a text that grows at its end. A control whose memory is full takes a little more for
+// each text, and that of Wine copies all that is there each time. So it gets all this room once,
+// when its text grows beyond LeastGrowingText. It wraps its text anew then, which takes too long
+// for more than MostWrappedAnew.
+constexpr int64_t GrowingRoom = 32 * 1024 * 1024;
+constexpr int64_t LeastGrowingText = 16'384;
+constexpr int64_t MostWrappedAnew = 65'536;
+
+bool HasGrowingRoom(HWND field) {
+    const auto memory = reinterpret_cast<HLOCAL>(AskEdit(field, EM_GETHANDLE));
+    return memory != nullptr &&
+           LocalSize(memory) >= static_cast<size_t>(GrowingRoom) * sizeof(char16_t);
+}
+
 // A copy in memory that a control can own and resize, with room for so many characters at least;
 // null without memory. Windows frees it with the control. Wine keeps the last one until the program
 // ends, and the fields live as long.
@@ -139,26 +153,12 @@ bool HandOver(HWND field, const HeapText& text, int64_t room) {
 // Does what WM_SETTEXT does, but faster: with that message the control scrolls to the end of the
 // text and back, and Wine draws the scroll bar at every step. A control that does not take the
 // memory gets WM_SETTEXT.
-bool WriteBroken(HWND field, const HeapText& text) {
-    if (HandOver(field, text, text.length)) {
+bool WriteBroken(HWND field, const HeapText& text, int64_t room = 0) {
+    if (HandOver(field, text, room)) {
         NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, field, OBJID_CLIENT, CHILDID_SELF);
         return true;
     }
     return AskEdit(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.buffer.get())) != FALSE;
-}
-
-// Room for a text that grows at its end. A control whose memory is full takes a little more for
-// each text, and that of Wine copies all that is there each time. So it gets all this room once,
-// when its text grows beyond LeastGrowingText. It wraps its text anew then, which takes too long
-// for more than MostWrappedAnew.
-constexpr int64_t GrowingRoom = 32 * 1024 * 1024;
-constexpr int64_t LeastGrowingText = 16'384;
-constexpr int64_t MostWrappedAnew = 65'536;
-
-bool HasGrowingRoom(HWND field) {
-    const auto memory = reinterpret_cast<HLOCAL>(AskEdit(field, EM_GETHANDLE));
-    return memory != nullptr &&
-           LocalSize(memory) >= static_cast<size_t>(GrowingRoom) * sizeof(char16_t);
 }
 
 // A control that cannot have the room stays as it is.
@@ -177,7 +177,7 @@ void GiveRoomBack(HWND field) {
     if (HasGrowingRoom(field)) {
         const HeapText text = BrokenText(field);
         if (text.IsThere()) {
-            HandOver(field, text, text.length);
+            HandOver(field, text, 0);
         }
     }
 }
@@ -186,7 +186,7 @@ void GiveRoomBack(HWND field) {
 bool Rewrite(HWND field, const HeapText& broken, TextSelection selection) {
     const LRESULT firstLine = AskEdit(field, EM_GETFIRSTVISIBLELINE);
     const LRESULT isModified = AskEdit(field, EM_GETMODIFY);
-    const bool isWritten = WriteBroken(field, broken);
+    const bool isWritten = WriteBroken(field, broken, HasGrowingRoom(field) ? GrowingRoom : 0);
     SelectPlain(field, selection);
     AskEdit(field, EM_SETMODIFY, static_cast<WPARAM>(isModified));
     // Selecting may have scrolled.

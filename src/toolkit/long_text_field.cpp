@@ -209,6 +209,29 @@ LRESULT HandleCharacter(HWND field, WPARAM character, LPARAM lParam, bool& callD
     return 0;
 }
 
+// A control wraps its whole text anew for a new size: seconds for a hundred thousand lines. Whoever
+// drags the frame of a window sends many sizes. So a text of more than LongestAtOnce characters is
+// wrapped for the last of them.
+constexpr int64_t LongestAtOnce = 65'536;
+constexpr UINT_PTR SizeTimer = 0x4C54;
+constexpr UINT SizeDelayMilliseconds = 200;
+
+void TakeSize(HWND field) {
+    KillTimer(field, SizeTimer);
+    RECT client = {};
+    GetClientRect(field, &client);
+    AskEdit(field, WM_SIZE, SIZE_RESTORED, MAKELPARAM(client.right, client.bottom));
+    if (HasLongText(field)) {
+        BreakAnew(field);
+    }
+}
+
+// False when the system gives no timer.
+bool TakeSizeLater(HWND field) {
+    return AskEdit(field, WM_GETTEXTLENGTH) > LongestAtOnce &&
+           SetTimer(field, SizeTimer, SizeDelayMilliseconds, nullptr) != 0;
+}
+
 // Handles a message to a field whose text is long.
 LRESULT HandleLong(HWND field, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
     callDefault = false;
@@ -244,6 +267,10 @@ LRESULT HandleLong(HWND field, UINT message, WPARAM wParam, LPARAM lParam, bool&
         case WM_KEYDOWN:
             return HandleKey(field, wParam, lParam, callDefault);
         case WM_SIZE:
+            if (!TakeSizeLater(field)) {
+                TakeSize(field);
+            }
+            return 0;
         case WM_SETFONT: {
             const LRESULT result = AskEdit(field, message, wParam, lParam);
             BreakAnew(field);
@@ -311,6 +338,13 @@ LRESULT HandleLongText(HWND field, UINT message, WPARAM wParam, LPARAM lParam, b
             }
             // From now on the control itself can do the change again.
             ForgetTextChange(field);
+            break;
+        case WM_TIMER:
+            if (wParam == SizeTimer) {
+                callDefault = false;
+                TakeSize(field);
+                return 0;
+            }
             break;
         case EM_CANUNDO:
             if (LastChange(field) != nullptr) {

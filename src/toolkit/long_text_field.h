@@ -15,9 +15,10 @@ HWND CreateLongTextField(HWND parent, const LayoutRect& place, const char16_t* t
 /// The handler of such a field. Another handler may replace it, but must pass on all messages that
 /// it does not use up.
 ///
-/// Text, selection, positions and undo work as in any edit control, with two differences. A limit
-/// of the length counts soft breaks too. And when a long text that is written or pasted contains
-/// the characters of a soft break, they are lost.
+/// Text, selection, positions and undo work as in any edit control, with three differences. A limit
+/// of the length counts soft breaks too. When a long text that is written or pasted contains the
+/// characters of a soft break, they are lost. And a text of more than 65,536 characters is wrapped
+/// for a new size 0.2 s after the last change of the size.
 LRESULT HandleLongText(HWND field, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault);
 
 /// Puts a text at the end of such a field, selects the end and scrolls there. Unlike EM_REPLACESEL

@@ -57,25 +57,22 @@ TEST_F(LongTextField, TakesMoreTextAtItsEndAsIfItHadBeenThereAtOnce) {
 }
 
 TEST_F(LongTextField, GrowsAtItsEndInTheSameMemoryAndGivesItBack) {
-    const auto memory = [this] {
-        return reinterpret_cast<HLOCAL>(AskSystem(field, EM_GETHANDLE, 0, 0));
-    };
     const std::u16string lines = Digits(1'000) + u"\r\n" + Digits(20'000) + u"\r\n";
     for (int run = 0; run < 2; run++) {
         for (const std::u16string& text : {Digits(10), std::u16string()}) {
             SetText(text);
             EXPECT_TRUE(Text() == text);
             EXPECT_EQ(LineCount(), 1);
-            EXPECT_LT(LocalSize(memory()), 1'000'000u);
+            EXPECT_LT(MemorySize(), 1'000'000u);
         }
         std::u16string whole;
-        HLOCAL grown = nullptr;
+        size_t grown = 0;
         for (int part = 0; part < 10; part++) {
             ASSERT_TRUE(AppendLongText(field, lines.c_str()));
             whole += lines;
             ASSERT_TRUE(Text() == whole) << part;
-            EXPECT_TRUE(part == 0 || memory() == grown) << part;
-            grown = memory();
+            EXPECT_TRUE(part == 0 || MemorySize() == grown) << part;
+            grown = MemorySize();
         }
     }
 }
@@ -177,6 +174,90 @@ TEST_F(LongTextField, WrapsAnewForAnotherWidthOrFont) {
     EXPECT_GT(LineCount(), wideLines * 3 / 2);
     EXPECT_EQ(Text(), Digits(1000));
     DeleteObject(large);
+}
+
+class ResizedLongTextField : public LongTextField {
+protected:
+    int LineWidth() const {
+        RECT room = {};
+        AskSystem(field, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
+        return room.right - room.left;
+    }
+    // As a drag of the frame does.
+    void Resize(int from, int to) const {
+        for (int width = from; width != to; width += from < to ? 20 : -20) {
+            MoveWindow(field, 0, 0, width, 100, TRUE);
+        }
+        MoveWindow(field, 0, 0, to, 100, TRUE);
+    }
+    // The message loop until a timer has fired.
+    static void LoopUntilTimer() {
+        MSG message = {};
+        do {
+            GetMessageW(&message, nullptr, 0, 0);
+            DispatchMessageW(&message);
+        } while (message.message != WM_TIMER);
+    }
+};
+
+TEST_F(ResizedLongTextField, WrapsAVeryLongTextForTheLastSizeAlone) {
+    const std::u16string text = Digits(40'000) + u"\r\n" + Digits(40'000);
+    SetText(text);
+    Select(500, 510);
+    for (const auto& [from, to] : {std::pair(200, 380), std::pair(380, 200)}) {
+        const std::u16string before = InnerText();
+        const int width = LineWidth();
+        Resize(from, to);
+        EXPECT_TRUE(InnerText() == before);
+        EXPECT_EQ(LineWidth(), width);
+        LoopUntilTimer();
+        EXPECT_NE(LineWidth(), width);
+        EXPECT_TRUE(Text() == text);
+        EXPECT_EQ(Selection(), std::pair(500, 510));
+        const std::u16string after = InnerText();
+        SetText(text);
+        EXPECT_TRUE(after == InnerText()) << "no other than those of a new text";
+        EXPECT_TRUE(after != before);
+        Select(500, 510);
+    }
+}
+
+TEST_F(ResizedLongTextField, TakesTheLastSizeThoughItsTextHasChanged) {
+    for (const std::u16string& text : {std::u16string(), Digits(1000)}) {
+        for (const auto& [from, to] : {std::pair(200, 380), std::pair(380, 200)}) {
+            SetText(Digits(80'000));
+            const int width = LineWidth();
+            Resize(from, to);
+            SetText(text);
+            LoopUntilTimer();
+            EXPECT_EQ(LineWidth(), width + to - from);
+            const std::u16string after = InnerText();
+            SetText(text);
+            EXPECT_EQ(after, InnerText());
+        }
+    }
+}
+
+TEST_F(ResizedLongTextField, GrowsOnAtItsEndBeforeAndAfterItIsWrapped) {
+    SetText(u"");
+    std::u16string whole;
+    size_t memory = 0;
+    for (int part = 0; part < 12; part++) {
+        const std::u16string text = Digits(9'999);
+        ASSERT_TRUE(AppendLongText(field, text.c_str()));
+        whole += text;
+        if (part == 8) {
+            Resize(200, 380);
+        } else if (part == 9) {
+            LoopUntilTimer();
+        }
+        ASSERT_TRUE(Text() == whole) << part;
+        EXPECT_TRUE(part < 3 || MemorySize() == memory) << part;
+        memory = MemorySize();
+    }
+    const std::u16string inner = InnerText();
+    SetText(whole);
+    EXPECT_TRUE(inner == InnerText());
 }
 
 TEST_F(LongTextField, GivesAsMuchTextAsThereIsRoomFor) {

@@ -97,6 +97,11 @@ protected:
         return std::max(longest, text.size() - start);
     }
 
+    /// Of the memory that the system's control has its text in.
+    size_t MemorySize() const {
+        return LocalSize(reinterpret_cast<HLOCAL>(AskSystem(field, EM_GETHANDLE, 0, 0)));
+    }
+
     int LineCount() const { return static_cast<int>(SendMessageW(field, EM_GETLINECOUNT, 0, 0)); }
 
     void Select(int from, int to) const {
