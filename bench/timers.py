@@ -10,9 +10,11 @@ from desktop import WINE_RUN, Display, WinePrefix  # noqa: E402
 from user_settings import file_bytes, settings_text  # noqa: E402
 
 
-def times_of(timer, rounds, arguments=()):
-    """The rounds of milliseconds that a timer prints on a display and in a Wine prefix of its own,
-    without the first one, which warms up. Its arguments are the rounds and what is given here."""
+def times_of(timer, rounds, arguments=(), warm_up=True):
+    """The rounds of milliseconds that a timer prints on a display and in a Wine prefix of its own.
+    One more that comes first and warms up is left out. Its arguments are the rounds and what is
+    given here."""
+    left_out = 1 if warm_up else 0
     display = Display()
     try:
         prefix = WinePrefix(display)
@@ -22,11 +24,11 @@ def times_of(timer, rounds, arguments=()):
             (prefix.settings_folder() / "UserSettings_3.8.ini").write_bytes(
                 file_bytes(settings_text()))
             output = subprocess.run(
-                [str(WINE_RUN), str(timer), str(rounds + 1), *arguments],
+                [str(WINE_RUN), str(timer), str(rounds + left_out), *arguments],
                 env=prefix.environment, check=True, stdin=subprocess.DEVNULL,
                 stdout=subprocess.PIPE, text=True).stdout
         finally:
             prefix.close()
     finally:
         display.close()
-    return [[float(time) for time in line.split()] for line in output.splitlines()][1:]
+    return [[float(time) for time in line.split()] for line in output.splitlines()][left_out:]
