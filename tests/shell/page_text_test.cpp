@@ -105,6 +105,10 @@ TEST_F(PageTextTest, PartsNeitherALineEndNorASurrogatePair) {
         Take();
         EXPECT_EQ(Gather(pair), 2);
         EXPECT_EQ(Take(), pair);
+        // One that just fits is taken whole.
+        Gather(Letters(PageTextLeastRoom - 2));
+        EXPECT_EQ(Gather(pair + u"3"), 2);
+        EXPECT_TRUE(Take().ends_with(pair));
     }
     Gather(Letters(PageTextLeastRoom - 2));
     EXPECT_EQ(Gather(u"1\r"), 2) << "whose second character nobody knows yet";
