@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "prime_pages_windows/prime_pages_windows.h"
+#include "toolkit/long_text_field.h"
 
 namespace tallymere::testing_support {
 namespace {
@@ -225,6 +226,32 @@ TEST_F(PrimeFieldsTest, AVeryLongNumberIsInvalidAndNotCut) {
     Click(primeNumbersPage, PrimeNumbersStart);
     EXPECT_EQ(answer.boxes, 1);
     EXPECT_TRUE(NumberOf(primeNumbersPage) == number);
+}
+
+TEST_F(PrimeFieldsTest, TheLongestTextThatIsReadIsReadWhole) {
+    const std::u16string number = std::u16string(PrimeFieldCapacity - 2, u'0') + u"12";
+    Click(primeNumbersPage, PrimeNumbersTest);
+    EXPECT_EQ(Run(primeNumbersPage, number, u""), u"12 is not a prime number.\r\n");
+}
+
+// A field of many lines stands in for that of the interval: under Wine one of a single line takes
+// seconds for such a text.
+TEST_F(PrimeFieldsTest, AVeryLongIntervalIsInvalidAndNotCut) {
+    const std::u16string interval = std::u16string(PrimeFieldCapacity - 1, u'0') + u"12";
+    for (PrimePage* page : Pages) {
+        const MessageBoxAnswer answer;
+        page->controls[page->kind->interval] =
+            CreateLongTextField(page->window, {0, 0, 200, 60}, u"");
+        WriteNumber(*page, u"7");
+        WriteInterval(*page, interval);
+        Click(*page, page->kind->start);
+        EXPECT_EQ(page->run.states.phase, PageIdle);
+        EXPECT_EQ(answer.boxes, 1);
+        EXPECT_EQ(Output(*page), u"");
+        ChooseBase(*page, 16);
+        EXPECT_EQ(answer.boxes, 2);
+        EXPECT_TRUE(IntervalOf(*page) == interval);
+    }
 }
 
 TEST_F(PrimeFieldsTest, AnIntervalThatIsNoneStartsNothing) {

@@ -112,6 +112,31 @@ TEST_F(PrimeFormTest, BeginsWithItsChoices) {
     }
 }
 
+TEST_F(PrimeFormTest, CanBeResizedAndStandsInTheMiddle) {
+    hiddenOwnerWindow = CreateDialogWindow(nullptr, {100, 100}, u"", nullptr, 0, 0);
+    MakeAgain(LanguageEnglish);
+    for (const PrimePage* page : {&primeNumbersPage, &primeFactorsPage}) {
+        EXPECT_EQ(pageWindows[page->kind->index], page->window);
+        EXPECT_EQ(GetWindow(page->window, GW_OWNER), hiddenOwnerWindow);
+        const uint32_t wanted =
+            WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
+        EXPECT_EQ(WindowStyle(page->window) & wanted, wanted);
+        const LayoutRect place = PlaceInParent(page->window);
+        EXPECT_EQ(place.x, (GetSystemMetrics(SM_CXSCREEN) - place.width) / 2);
+        EXPECT_EQ(place.y, (GetSystemMetrics(SM_CYSCREEN) - place.height) / 2);
+    }
+    Destroy();
+    DestroyWindow(hiddenOwnerWindow);
+    hiddenOwnerWindow = nullptr;
+}
+
+TEST_F(PrimeFormTest, IsGoneWithItsWindow) {
+    Destroy();
+    for (const PrimePage* page : {&primeNumbersPage, &primeFactorsPage}) {
+        EXPECT_EQ(page->window, nullptr);
+    }
+}
+
 TEST_F(PrimeFormTest, FieldsAreOfOneLineOrOfMany) {
     EXPECT_TRUE(Style(primeNumbersPage, PrimeNumbersNumber) & ES_MULTILINE);
     EXPECT_TRUE(Style(primeNumbersPage, PrimeNumbersNumber) & WS_VSCROLL);
@@ -171,8 +196,11 @@ TEST_F(PrimeFormTest, AMinimisedPageIsNotLaidOut) {
         MoveWindow(output, 1, 2, 3, 4, FALSE);
         SendMessageW(page->window, WM_SIZE, SIZE_MINIMIZED, 0);
         EXPECT_EQ(PlaceInParent(output), (LayoutRect{1, 2, 3, 4}));
-        SendMessageW(page->window, WM_SIZE, SIZE_RESTORED, 0);
-        EXPECT_NE(PlaceInParent(output), (LayoutRect{1, 2, 3, 4}));
+        for (const WPARAM how : {SIZE_RESTORED, SIZE_MAXIMIZED}) {
+            MoveWindow(output, 1, 2, 3, 4, FALSE);
+            SendMessageW(page->window, WM_SIZE, how, 0);
+            EXPECT_NE(PlaceInParent(output), (LayoutRect{1, 2, 3, 4})) << how;
+        }
     }
 }
 
@@ -255,6 +283,9 @@ TEST_F(PrimeFormTest, TabGoesThroughThePrimeFactorsPageInTheOrderOfItsControls) 
 TEST_F(PrimeFormTest, CloseHidesThePage) {
     for (const PrimePage* page : {&primeNumbersPage, &primeFactorsPage}) {
         ShowWindow(page->window, SW_SHOW);
+        SendMessageW(page->window, WM_COMMAND, MAKEWPARAM(0, BN_SETFOCUS),
+                     reinterpret_cast<LPARAM>(Control(*page, page->kind->close)));
+        EXPECT_TRUE(IsWindowVisible(page->window)) << "a click alone closes it";
         Click(*page, page->kind->close);
         EXPECT_TRUE(IsWindow(page->window));
         EXPECT_FALSE(IsWindowVisible(page->window));

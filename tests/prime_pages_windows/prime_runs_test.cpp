@@ -1,5 +1,6 @@
 // Runs of both pages, and how they are stopped and closed.
 
+#include "prime_pages/factor_run.h"
 #include "prime_pages_windows/prime_pages_windows.h"
 
 namespace tallymere::testing_support {
@@ -44,6 +45,23 @@ TEST_F(PrimeRunsTest, DivisorsWithAndWithoutTheirNumber) {
     EXPECT_EQ(Run(primeFactorsPage, u"12", u""), u"D 12 = { 1, 2, 3, 4, 6, 12 }  [6]\r\n");
     Click(primeFactorsPage, PrimeFactorsFactors);
     EXPECT_EQ(Run(primeFactorsPage, u"12", u""), u"12 = 2^2 * 3\r\n");
+}
+
+TEST_F(PrimeRunsTest, TheListOfDivisorsHasItsRoomDuringTheRunAlone) {
+    const uint64_t* before = *CurrentScratchStack().top;
+    for (const bool divisors : {false, true}) {
+        Click(primeFactorsPage, divisors ? PrimeFactorsDivisors : PrimeFactorsFactors);
+        StartEndlessRun(primeFactorsPage);
+        EXPECT_EQ(*CurrentScratchStack().top - before, divisors ? FactorDivisorWords : 0);
+        Click(primeFactorsPage, PrimeFactorsStop);
+        Finish(primeFactorsPage);
+        EXPECT_EQ(*CurrentScratchStack().top, before);
+    }
+}
+
+TEST_F(PrimeRunsTest, ACodeOfTheArithmeticIsReportedAsThatOfThePage) {
+    EXPECT_EQ(primeNumbersPage.run.startTask->fallback, UiErrorPrimeNumberOverflow);
+    EXPECT_EQ(primeFactorsPage.run.startTask->fallback, UiErrorPrimeFactorOverflow);
 }
 
 TEST_F(PrimeRunsTest, PrimesOfAnInterval) {
@@ -183,6 +201,18 @@ TEST_F(PrimeRunsTest, StopEndsARunWithoutAWordAndKeepsWhatIsThere) {
     EXPECT_EQ(Output(primeNumbersPage).find(u"Number of"), std::u16string::npos);
     EXPECT_TRUE(Output(primeFactorsPage).starts_with(u"1 = Number has no prime factors!\r\n2 = 2"));
     EXPECT_EQ(answer.boxes, 0);
+}
+
+TEST_F(PrimeRunsTest, APageThatWasStoppedListensAgainAtOnce) {
+    for (PrimePage* page : Pages) {
+        StartEndlessRun(*page);
+        Click(*page, page->kind->stop);
+        LoopUntil([page] { return page->run.states.phase != StopShown; });
+        EXPECT_EQ(page->run.states.phase, PageIdle);
+        EXPECT_TRUE(IsEnabled(*page, page->kind->start));
+        EXPECT_TRUE(IsWindowEnabled(dialog));
+        Finish(*page);
+    }
 }
 
 TEST_F(PrimeRunsTest, ClosingAPageStopsItsRun) {
