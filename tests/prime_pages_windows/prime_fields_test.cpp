@@ -229,9 +229,11 @@ TEST_F(PrimeFieldsTest, AVeryLongNumberIsInvalidAndNotCut) {
 }
 
 TEST_F(PrimeFieldsTest, TheLongestTextThatIsReadIsReadWhole) {
+    const MessageBoxAnswer answer;
     const std::u16string number = std::u16string(PrimeFieldCapacity - 2, u'0') + u"12";
     Click(primeNumbersPage, PrimeNumbersTest);
     EXPECT_EQ(Run(primeNumbersPage, number, u""), u"12 is not a prime number.\r\n");
+    EXPECT_EQ(answer.boxes, 0);
 }
 
 // A field of many lines stands in for that of the interval: under Wine one of a single line takes

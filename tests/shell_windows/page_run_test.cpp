@@ -293,6 +293,7 @@ TEST_F(PageRunTest, ShowsStopAfterAWhileWhereThePageWantsIt) {
     EXPECT_TRUE(IsEnabled(other));
     EXPECT_EQ(seen.shownBusy, (std::vector<bool>{true, true, false}));
     LoopUntilIdle();
+    EXPECT_EQ(seen.shownBusy, (std::vector<bool>{true, true, false}));
     EXPECT_FALSE(KillTimer(page, StopTimer));
     EXPECT_FALSE(KillTimer(page, LateClickTimer));
 }
@@ -326,6 +327,14 @@ TEST_F(PageRunTest, NoRunBeginsWithinAnotherOne) {
     ClickStart();
     LoopUntilIdle();
     EXPECT_EQ(seen.steps, (std::vector<std::string>{"numbers", "work"}));
+}
+
+TEST_F(PageRunTest, LeavesTimersOfThePageToThePage) {
+    bool callDefault = true;
+    for (const WPARAM timer : {1, 99, 103, 1001}) {
+        EXPECT_FALSE(HandlePageRun(run, WM_TIMER, timer, 0, callDefault)) << timer;
+    }
+    EXPECT_TRUE(HandlePageRun(run, WM_TIMER, LeaveTimer, 0, callDefault));
 }
 
 TEST_F(PageRunTest, NewsOfNoRunEndNone) {
