@@ -367,18 +367,25 @@ if NATIVE:
             self.assertEqual(("tallymere-console: the output cannot be written\n", 1),
                              (done.stderr.decode(), done.returncode))
 
-        def test_a_terminal_shows_how_far_a_long_run_is(self):
+        def check_progress(self, arguments, expected):
+            """The run shows this on a terminal before it is stopped, and removes it then."""
             reader, terminal = os.openpty()
-            with subprocess.Popen(CONSOLE + self.LONG, stdout=subprocess.DEVNULL,
+            with subprocess.Popen(CONSOLE + arguments, stdout=subprocess.DEVNULL,
                                   stderr=terminal) as process:
                 os.close(terminal)
-                shown = self.read_until(reader, b"1 s, ")
+                shown = self.read_until(reader, b" s, ")
                 process.send_signal(signal.SIGINT)
                 self.assertEqual(130, process.wait(SECONDS))
                 shown += os.read(reader, 4096)
                 os.close(reader)
-            self.assertRegex(shown, rb"\r1 s, \d+ of 2147483647 numbers")
+            self.assertRegex(shown, expected)
             self.assertRegex(shown, rb"\r *\r$")
+
+        def test_a_terminal_shows_how_far_a_long_run_is(self):
+            self.check_progress(self.LONG, rb"\r\d+ s, \d+ of 2147483647 numbers")
+            # Nobody knows how far the next prime is.
+            self.check_progress(["primes", "--next", "--method", "probabilistic", str(10**1251)],
+                                rb"\r\d+ s, [1-9]\d* numbers *\r")
 
         def test_a_line_that_has_not_ended_is_not_written_over(self):
             reader, terminal = os.openpty()
