@@ -232,6 +232,16 @@ TEST(DivisorList, NeedsNoLimitForDivisorsWithTheSameNumberOfPrimeFactors) {
     EXPECT_EQ(LargestLayer({1}, MaxDivisorMultiplicity, 1), 3'432u);
 }
 
+TEST(DivisorListIsWellFormed, WantsNumbersThatDoNotFall) {
+    std::vector<uint64_t> words = {3, 0, 3, 0, 1, 1};
+    EXPECT_TRUE(DivisorListIsWellFormed({3, words.data()}));
+    words[3] = 2;
+    EXPECT_FALSE(DivisorListIsWellFormed({3, words.data()}));
+    EXPECT_TRUE(DivisorListIsWellFormed({-1, words.data()}));
+    EXPECT_FALSE(DivisorListIsWellFormed({-2, words.data()}));
+    EXPECT_FALSE(DivisorListIsWellFormed({MaxDivisors + 1, words.data()}));
+}
+
 TEST(InsertSortedDivisor, KeepsTheOrder) {
     Divisors divisors;
     for (const Wide value : {Wide{0, 7}, Wide{1, 0}, Wide{0, 3}, Wide{0, 9}, Wide{0, 1}}) {

@@ -89,6 +89,13 @@ TEST(FactorSearch, SplitsPowersOfPrimes) {
     }
 }
 
+TEST(FactorSearch, TakesSquaresFirst) {
+    for (const uint64_t root : {uint64_t{3}, uint64_t{15}, uint64_t{1'009 * 1'013},
+                                uint64_t{4'294'967'295}, ~uint64_t{0}}) {
+        EXPECT_EQ(FindDivisor(wide::Multiply(root, root)), (Wide{0, root}));
+    }
+}
+
 TEST(FactorSearch, SplitsProductsOfManySmallPrimes) {
     RandomSource random;
     for (int round = 0; round < TestRounds(500); round++) {

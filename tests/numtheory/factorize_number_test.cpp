@@ -170,6 +170,29 @@ TEST(FactorizeNumber, EndsWhenAStopIsRequested) {
     EXPECT_TRUE(Text(list) == "" || Text(list) == "2^2") << Text(list);
 }
 
+TEST(FactorListIsWellFormed, WantsAscendingPrimesWithExponents) {
+    const FactorList good = {.count = 2, .primes = {{2, 0}, {0, 1}}, .multiplicities = {1, 3}};
+    EXPECT_TRUE(FactorListIsWellFormed(good));
+    FactorList list = good;
+    list.multiplicities[1] = 0;
+    EXPECT_FALSE(FactorListIsWellFormed(list));
+    list = good;
+    list.primes[1][1] = 0;
+    EXPECT_FALSE(FactorListIsWellFormed(list));
+    list = good;
+    list.primes[0][1] = 1;
+    EXPECT_FALSE(FactorListIsWellFormed(list));
+    list = good;
+    list.primes[0][0] = 1;
+    EXPECT_FALSE(FactorListIsWellFormed(list));
+    for (const int64_t count : {int64_t{-2}, MaxDistinctPrimes + 1}) {
+        list.count = count;
+        EXPECT_FALSE(FactorListIsWellFormed(list));
+    }
+    list.count = -1;
+    EXPECT_TRUE(FactorListIsWellFormed(list));
+}
+
 TEST(AddFactor, SortsPrimesAndCountsEqualOnes) {
     FactorList list;
     list.count = 0;
