@@ -211,8 +211,8 @@ double MeanCurves(int bits, int otherBits, const CurvePlan& plan, int rounds) {
 // that a mean of so few numbers reaches its bound is below 10^-9: the tail of the negative binomial
 // distribution, for true means of up to 5.05 and 7.2.
 TEST(EllipticCurves, FindDivisorsWithFewCurves) {
-    EXPECT_LT(MeanCurves<uint64_t>(32, 32, CurvePlans()[2], 1'000), 6.0);
-    EXPECT_LT(MeanCurves<Wide>(36, 64, CurvePlans()[3], 2'000), 8.2);
+    EXPECT_LT(MeanCurves<uint64_t>(32, 32, CurvePlans()[2], 6'000), 5.5);
+    EXPECT_LT(MeanCurves<Wide>(36, 64, CurvePlans()[3], 4'000), 7.9);
 }
 
 TEST(EllipticCurves, FindNothingInAPrime) {
