@@ -287,6 +287,21 @@ TEST_F(CalculatorRunTest, ReturnInTheFormulaEvaluatesAndKeepsTheFocus) {
     EXPECT_EQ(GetFocus(), ControlOf(CalculatorFormula));
 }
 
+TEST_F(CalculatorRunTest, ReturnEvaluatesOnceWhileItIsHeld) {
+    constexpr LPARAM Repeated = LPARAM{KF_REPEAT} << 16 | 1;
+    SetFormula(u"7");
+    Press(ActionEvaluate);
+    FinishRun();
+    SetFormula(u"ans+ans");
+    for (const CalculatorControl control : {CalculatorFormula, CalculatorFocusSink}) {
+        SendMessageW(ControlOf(control), WM_CHAR, u'\r', Repeated);
+        EXPECT_EQ(Phase(), PageIdle);
+    }
+    SendMessageW(ControlOf(CalculatorFormula), WM_CHAR, u'\r', 1);
+    FinishRun();
+    EXPECT_EQ(Result(), u"14");
+}
+
 TEST_F(CalculatorRunTest, WhatIsTypedAfterAKeyGoesToTheFormula) {
     const HWND sink = ControlOf(CalculatorFocusSink);
     Press(static_cast<KeyAction>(ActionDigit0 + 4));

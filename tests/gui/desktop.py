@@ -99,10 +99,11 @@ class Display:
         self.log = open(FOLDER / "display.log", "ab")
         with self._turn():
             # Without -noreset the server begins anew whenever its last client leaves, and refuses
-            # the window manager if that comes just then.
+            # the window manager if that comes just then. With -r a key that a busy machine releases
+            # late does not repeat.
             self.server = subprocess.Popen(
                 ["setpriv", "--pdeathsig", "TERM", "Xvfb", "-displayfd", "1", "-screen", "0",
-                 SCREEN, "-wr", "-nolisten", "tcp", "-noreset"],
+                 SCREEN, "-wr", "-nolisten", "tcp", "-noreset", "-r"],
                 stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=self.log)
             number = self.server.stdout.readline().decode().strip()
         if not number:

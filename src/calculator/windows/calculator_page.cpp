@@ -70,6 +70,14 @@ void FormulaChanges() {
     }
 }
 
+// Return is pressed once, however long it is held: a formula such as ans+ans would be evaluated
+// again and again.
+void HandleReturn(LPARAM lParam) {
+    if ((HIWORD(lParam) & KF_REPEAT) == 0) {
+        PressEvaluate();
+    }
+}
+
 LRESULT FormulaHandler(HWND field, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
     if (message == WM_SETFOCUS) {
         calculator.formulaTouched = true;
@@ -77,7 +85,7 @@ LRESULT FormulaHandler(HWND field, UINT message, WPARAM wParam, LPARAM lParam, b
         callDefault = false;
         // As if the focus had gone to the key and come back.
         calculator.formulaTouched = true;
-        PressEvaluate();
+        HandleReturn(lParam);
         return 0;
     } else if (ChangesFieldText(message, wParam)) {
         FormulaChanges();
@@ -103,7 +111,7 @@ LRESULT FocusSinkHandler(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool&
         callDefault = false;
     } else if (message == WM_CHAR && wParam == FieldReturn) {
         callDefault = false;
-        PressEvaluate();
+        HandleReturn(lParam);
     } else if (message == WM_CHAR &&
                (ChangesFieldText(message, wParam) || wParam == FieldPasteKey)) {
         callDefault = false;
