@@ -68,7 +68,7 @@ void MeasureRun(const PrimePage& page) {
     longestMessage = 0;
     const double start = Milliseconds();
     const double processorStart = ProcessorMilliseconds();
-    SendMessageW(page.controls[page.form->start], BM_CLICK, 0, 0);
+    SendMessageW(page.controls[page.kind->start], BM_CLICK, 0, 0);
     while (page.run.states.phase != PageIdle) {
         HandleMessage();
     }
@@ -82,8 +82,8 @@ void Measure() {
     const PrimePage& page = wantsFactors ? primeFactorsPage : primeNumbersPage;
     ShowProgramWindow(page.window);
     HandleAllMessages();
-    SetWindowTextW(page.controls[page.form->number], L"1");
-    SetWindowTextW(page.controls[page.form->interval], ToWide(count.c_str()));
+    SetWindowTextW(page.controls[page.kind->number], L"1");
+    SetWindowTextW(page.controls[page.kind->interval], ToWide(count.c_str()));
     for (int i = 0; i < rounds; i++) {
         MeasureRun(page);
     }
