@@ -1,0 +1,92 @@
+#include "algebra/solution_set.h"
+
+#include <utility>
+
+#include "core/real_compare.h"
+
+namespace tallymere {
+
+namespace {
+
+bool TextEndsInTime(const char16_t* text) {
+    for (int64_t i = 0; i <= ExactTextCapacity; i++) {
+        if (text[i] == 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void SwapEntries(SolutionSet& solutions, int64_t a, int64_t b) {
+    std::swap(solutions.values[a], solutions.values[b]);
+    std::swap(solutions.exactTexts[a], solutions.exactTexts[b]);
+    std::swap(solutions.multiplicities[a], solutions.multiplicities[b]);
+}
+
+bool ComesBefore(const ComplexNumber* a, const ComplexNumber* b) {
+    if (ComplexIsReal(a) != ComplexIsReal(b)) {
+        return ComplexIsReal(a);
+    }
+    const int byRealPart = RealCompare(RealPart(a), RealPart(b));
+    if (byRealPart != 0 || ComplexIsReal(a)) {
+        return byRealPart < 0;
+    }
+    const int byMagnitude = RealCompare(ImaginaryPart(a), ImaginaryPart(b), true);
+    if (byMagnitude != 0) {
+        return byMagnitude < 0;
+    }
+    return RealSign(ImaginaryPart(a)) > RealSign(ImaginaryPart(b));
+}
+
+bool AreEqual(const ComplexNumber* a, const ComplexNumber* b) {
+    return RealCompare(RealPart(a), RealPart(b)) == 0 &&
+           RealCompare(ImaginaryPart(a), ImaginaryPart(b)) == 0;
+}
+
+}  // namespace
+
+bool SolutionSetIsWellFormed(const SolutionSet& solutions) {
+    if (solutions.count < -1 || solutions.count > MaxEquationDegree) {
+        return false;
+    }
+    for (int64_t i = 0; i < solutions.count; i++) {
+        if (!ComplexIsWellFormed(solutions.values[i]) || !TextEndsInTime(solutions.exactTexts[i]) ||
+            solutions.multiplicities[i] < 1) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void SortRoots(SolutionSet& solutions) {
+    for (int64_t end = solutions.count; end > 1; end--) {
+        for (int64_t i = 1; i < end; i++) {
+            if (ComesBefore(solutions.values[i], solutions.values[i - 1])) {
+                SwapEntries(solutions, i, i - 1);
+            }
+        }
+    }
+}
+
+void MergeEqualRoots(SolutionSet& solutions) {
+    int64_t kept = 0;
+    for (int64_t i = 1; i < solutions.count; i++) {
+        if (AreEqual(solutions.values[kept], solutions.values[i])) {
+            solutions.multiplicities[kept] += solutions.multiplicities[i];
+        } else {
+            kept++;
+            SwapEntries(solutions, kept, i);
+        }
+    }
+    if (solutions.count > 0) {
+        solutions.count = kept + 1;
+    }
+}
+
+void DropNonRealRoots(SolutionSet& solutions) {
+    while (solutions.count > 0 && !ComplexIsReal(solutions.values[solutions.count - 1])) {
+        solutions.count--;
+    }
+}
+
+}  // namespace tallymere
