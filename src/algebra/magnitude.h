@@ -1,0 +1,60 @@
+// Sizes of numbers, for bounds of errors and of distances: a double with an exponent that does not
+// run out.
+//
+// A result is within MagnitudeError of the exact one, relatively, for every operation; whoever
+// needs a bound puts MagnitudeMargin on it at the end, which covers thousands of operations.
+#pragma once
+
+#include <cstdint>
+
+#include "core/complex_number.h"
+
+namespace tallymere {
+
+inline constexpr double MagnitudeError = 1e-14;
+inline constexpr double MagnitudeMargin = 1e-9;
+
+/// mantissa * 10^exponent; the mantissa is 0 or lies in 1 to 10, and 0 has the exponent 0.
+struct Magnitude {
+    double mantissa = 0;
+    int64_t exponent = 0;
+};
+
+/// value * 10^exponent, for a finite value of 0 or more.
+Magnitude MakeMagnitude(double value, int64_t exponent = 0);
+
+/// |x| and |z| of finite numbers in the layout in force.
+Magnitude MagnitudeOf(const RealNumber* x);
+Magnitude MagnitudeOf(const ComplexNumber* z);
+
+Magnitude operator+(Magnitude a, Magnitude b);
+Magnitude operator*(Magnitude a, Magnitude b);
+
+/// The divisor must not be 0.
+Magnitude operator/(Magnitude a, Magnitude b);
+
+/// a - b, or 0 where b is larger.
+Magnitude Excess(Magnitude a, Magnitude b);
+
+/// The n-th root, n >= 1.
+Magnitude Root(Magnitude a, int64_t n);
+
+bool operator<(Magnitude a, Magnitude b);
+
+inline bool IsZero(Magnitude a) {
+    return a.mantissa == 0;
+}
+inline Magnitude Larger(Magnitude a, Magnitude b) {
+    return a < b ? b : a;
+}
+
+/// True when a, with the margin, is surely below b.
+bool IsSurelyBelow(Magnitude a, Magnitude b);
+
+/// The number as it is, with a sign, rounded to the layout in force.
+void RealFromMagnitude(RealNumber* dest, Magnitude a, uint64_t sign = 0);
+
+/// dest = value * 10^exponent, for a finite value.
+void RealFromDouble(RealNumber* dest, double value, int64_t exponent);
+
+}  // namespace tallymere

@@ -1,0 +1,163 @@
+#include "algebra/polynomial_roots.h"
+
+#include <algorithm>
+
+#include "algebra/exponent_scaling.h"
+#include "algebra/root_digits.h"
+#include "core/real_layout.h"
+
+namespace tallymere {
+
+namespace {
+
+// A thousand times the share of the working digits that an m-fold root keeps, m being the degree,
+// with something to spare.
+constexpr int64_t KeptShares[MaxEquationDegree + 1] = {1000, 950, 482, 320, 230, 184,
+                                                       130,  110, 95,  84,  76};
+
+constexpr int64_t MostDigitsByDegree[MaxEquationDegree + 1] = {2000, 2000, 2000, 2000, 2000, 1000,
+                                                               1000, 1000, 750,  750,  750};
+
+int64_t KnownDegree(int64_t degree) {
+    return std::clamp<int64_t>(degree, 0, MaxEquationDegree);
+}
+
+bool IsFinite(const RealNumber* x) {
+    return !RealIsSpecial(x) || RealIsZero(x);
+}
+
+bool AllAreFinite(const CoefficientList& list) {
+    return std::all_of(
+        list.coefficients, list.coefficients + list.degree + 1,
+        [](const ComplexNumber* z) { return IsFinite(RealPart(z)) && IsFinite(ImaginaryPart(z)); });
+}
+
+// The coefficients at the working digits, which are in force.
+Polynomial TakeCoefficients(ScratchScope& scope, const CoefficientList& list, RealLayout layout) {
+    Polynomial polynomial = TakePolynomial(scope, list.degree);
+    for (int64_t i = 0; i <= list.degree; i++) {
+        ConvertComplex(polynomial.coefficients[i], list.coefficients[i], layout);
+    }
+    return polynomial;
+}
+
+// Drops the coefficients that are exactly 0 from the constant upward: each is a root 0. Returns how
+// many.
+int64_t StripZeroRoots(Polynomial& polynomial) {
+    int64_t zeros = 0;
+    while (ComplexIsZero(polynomial.coefficients[zeros])) {
+        zeros++;
+    }
+    polynomial.degree -= zeros;
+    for (int64_t i = 0; i <= polynomial.degree; i++) {
+        polynomial.coefficients[i] = polynomial.coefficients[i + zeros];
+    }
+    return zeros;
+}
+
+// Puts a root into the next entries, as often as its multiplicity says, in the layout in force.
+void AddRoot(SolutionSet& solutions, const ComplexNumber* value, RealLayout layout, int64_t order,
+             int64_t multiplicity) {
+    for (int64_t i = 0; i < multiplicity; i++) {
+        ComplexNumber* dest = solutions.values[solutions.count];
+        ConvertComplex(dest, value, layout);
+        ScaleNumber(RealPart(dest), order);
+        ScaleNumber(ImaginaryPart(dest), order);
+        solutions.count++;
+    }
+}
+
+// The roots of a polynomial of degree 1 or more without a root 0; `layout` is that of the results.
+RootOutcome AddRoots(SolutionSet& solutions, Polynomial& polynomial, int64_t digits,
+                     RealLayout layout) {
+    int64_t order = 0;
+    if (!ScaleExponents(polynomial, &order)) {
+        return RootOutcome::NotConverged;
+    }
+    ScratchStackScope scope;
+    const CoefficientErrors errors = FindCoefficientErrors(polynomial);
+    RootClusters clusters{};
+    TakeClusters(scope, clusters);
+    ComplexNumber* values[MaxEquationDegree];
+    for (ComplexNumber*& value : values) {
+        value = TakeComplex(scope, digits);
+    }
+    // Whatever a step on the way notes is no failure of the result.
+    const CalcError noted = numberContext.calcError;
+    RootOutcome outcome = SeparateRoots(clusters, polynomial, errors);
+    if (outcome == RootOutcome::Found) {
+        outcome = RoundRoots(values, clusters, polynomial, errors, digits);
+    }
+    numberContext.calcError = noted;
+    const RealLayoutScope saved;
+    InstallRealLayout(layout);
+    for (int64_t i = 0; i < clusters.count && outcome == RootOutcome::Found; i++) {
+        AddRoot(solutions, values[i], LayoutForDigits(digits), order,
+                clusters.clusters[i].multiplicity);
+    }
+    return outcome;
+}
+
+// All roots, neither in order nor merged.
+RootOutcome FindRoots(SolutionSet& solutions, const CoefficientList& list, int64_t digits) {
+    const RealLayout layout = CurrentRealLayout();
+    if (list.degree < 0 || list.degree > MaxEquationDegree || digits < 1 ||
+        digits > layout.digits || RootWorkingDigits(list.degree, digits) > MaxDigits ||
+        ComplexIsZero(list.coefficients[list.degree])) {
+        return RootOutcome::Internal;
+    }
+    if (!AllAreFinite(list)) {
+        return RootOutcome::NotConverged;
+    }
+    const DigitsScope working(RootWorkingDigits(list.degree, digits));
+    ScratchStackScope scope;
+    Polynomial polynomial = TakeCoefficients(scope, list, layout);
+    const int64_t zeros = StripZeroRoots(polynomial);
+    if (polynomial.degree > 0) {
+        const RootOutcome outcome = AddRoots(solutions, polynomial, digits, layout);
+        if (outcome != RootOutcome::Found) {
+            return outcome;
+        }
+    }
+    const RealLayoutScope saved;
+    InstallRealLayout(layout);
+    for (int64_t i = 0; i < zeros; i++) {
+        ComplexSetZero(solutions.values[solutions.count++], 0);
+    }
+    return RootOutcome::Found;
+}
+
+}  // namespace
+
+int64_t RootWorkingDigits(int64_t degree, int64_t digits) {
+    const int64_t share = KeptShares[KnownDegree(degree)];
+    return (digits * 1000 + share - 1) / share;
+}
+
+int64_t MaxRootDigits(int64_t degree) {
+    return MostDigitsByDegree[KnownDegree(degree)];
+}
+
+RootOutcome SolvePolynomial(SolutionSet& solutions, const CoefficientList& list, int64_t digits,
+                            uint32_t flags) {
+    solutions.count = 0;
+    for (int64_t i = 0; i < MaxEquationDegree; i++) {
+        solutions.exactTexts[i][0] = 0;
+        solutions.multiplicities[i] = 1;
+    }
+    const RootOutcome outcome = FindRoots(solutions, list, digits);
+    if (outcome != RootOutcome::Found) {
+        solutions.count = -1;
+        return outcome;
+    }
+    SortRoots(solutions);
+    if ((flags & KeepEqualRoots) == 0) {
+        MergeEqualRoots(solutions);
+    }
+    if ((flags & KeepRealRootsOnly) != 0) {
+        DropNonRealRoots(solutions);
+    }
+    return outcome;
+}
+
+}  // namespace tallymere
