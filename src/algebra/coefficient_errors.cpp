@@ -1,15 +1,42 @@
 #include "algebra/coefficient_errors.h"
 
+#include <algorithm>
+
 #include "core/complex_arithmetic.h"
 
 namespace tallymere {
 
 namespace {
 
+// True when a finite number in the layout in force has a long run of zeros or nines before its last
+// digit.
+bool HasLongRun(const RealNumber* x) {
+    const int64_t digits = numberContext.precisionDigits;
+    const int64_t least = std::max(digits / LongRunPart, LongRunDigits);
+    int64_t run = 0;
+    uint64_t runDigit = 0;
+    int64_t digitsOfLimb = numberContext.topLimbDigits;
+    for (int64_t i = 0; i < numberContext.realLimbs; i++) {
+        for (int64_t k = digitsOfLimb - 1; k >= 0; k--) {
+            const uint64_t digit = RealLimbs(x)[i] / PowerOfTen(k) % 10;
+            if (digit != runDigit) {
+                if (run >= least && (runDigit == 0 || runDigit == 9)) {
+                    return true;
+                }
+                run = 0;
+                runDigit = digit;
+            }
+            run++;
+        }
+        digitsOfLimb = DigitsPerLimb;
+    }
+    return false;
+}
+
 // Of a part in the layout in force.
 Magnitude ErrorOfPart(const RealNumber* part) {
     const Limb last = RealLimbs(part)[numberContext.realLimbs - 1];
-    if (RealIsZero(part) || last % PowerOfTen(SpareDigits) == 0) {
+    if (RealIsZero(part) || last % PowerOfTen(SpareDigits) == 0 || HasLongRun(part)) {
         return {};
     }
     return MakeMagnitude(RoundedPartError, RealExponent(part) + 1 - numberContext.precisionDigits);

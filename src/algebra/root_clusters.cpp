@@ -121,7 +121,6 @@ RootOutcome FindFirstClusters(RootClusters& clusters, const Polynomial& polynomi
         cluster.radius = groups[i].radius;
         cluster.multiplicity = groups[i].count;
         cluster.isOneRoot = cluster.multiplicity == 1;
-        cluster.isRounded = false;
     }
     return clusters.count < 0 ? RootOutcome::Stopped : RootOutcome::Found;
 }
@@ -142,7 +141,6 @@ void ReplaceByGroups(RootClusters& clusters, int64_t k, const RootGroup* groups,
                          MagnitudeOf(cluster.center) * MakeMagnitude(1, 1 - cluster.layout.digits);
         cluster.multiplicity = groups[i].count;
         cluster.isOneRoot = cluster.multiplicity == 1;
-        cluster.isRounded = false;
     }
 }
 
@@ -205,7 +203,6 @@ RootOutcome LookCloser(RootClusters& clusters, int64_t k, const Polynomial& poly
         ExpandSizes(expansion.rounded, polynomial.degree, MagnitudeOf(cluster.center));
         if (IsOneRootWithin(expansion, cluster.multiplicity, true)) {
             cluster.isOneRoot = true;
-            cluster.isRounded = true;
             return RootOutcome::Found;
         }
     }

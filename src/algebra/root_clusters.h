@@ -27,7 +27,6 @@ struct RootCluster {
     Magnitude radius;       ///< of a disc around it that holds these roots and no other
     int64_t multiplicity;   ///< the number of these roots
     bool isOneRoot;         ///< they are known to be equal, or taken as such
-    bool isRounded;         ///< they are one root only within the errors of the coefficients
 };
 
 struct RootClusters {

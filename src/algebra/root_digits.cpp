@@ -18,6 +18,10 @@ namespace {
 // Digits beyond those that are asked for, so that one round nearly always suffices.
 constexpr int64_t ExtraDigits = 40;
 
+// The largest shift by errors of coefficients that counts for the middle between two results, in
+// tenths of the unit of the last digit.
+constexpr double LargestShift = 1e-2;
+
 constexpr NumberPart BothParts[] = {NumberPart::Real, NumberPart::Imaginary};
 
 // What is known of the parts of a root.
@@ -80,12 +84,9 @@ bool CouldBeMirrored(const RootRound& round, int64_t i, int64_t j, NumberPart pa
                         RadiusOf(ofA, part) + RadiusOf(ofB, part) + rounding);
 }
 
-// True when the part of root k, which could be `position`, surely is.
-bool IsExactly(const RootRound& round, int64_t k, NumberPart part, const RealNumber* position) {
+// True when the parts of all roots that could be `position` surely are.
+bool IsExactly(const RootRound& round, NumberPart part, const RealNumber* position) {
     const RootClusters& clusters = round.clusters;
-    if (clusters.clusters[k].isRounded && !RealIsZero(position)) {
-        return true;
-    }
     int64_t candidates = 0;
     for (int64_t i = 0; i < clusters.count; i++) {
         const RootCluster& cluster = clusters.clusters[i];
@@ -114,7 +115,7 @@ bool IsZeroPart(const RootRound& round, int64_t k, NumberPart part) {
         return true;
     }
     return CouldBeEqual(center, zero, RadiusOf(parts.radii, part)) &&
-           (round.isLast || IsExactly(round, k, part, zero));
+           (round.isLast || IsExactly(round, part, zero));
 }
 
 // The middle between two neighbouring results of rounding, as far as the layout has digits.
@@ -126,37 +127,41 @@ void SetMiddle(RealNumber* middle, const RealNumber* a, const RealNumber* b) {
 // Rounds the part of root k, which is not 0, to so many digits. False when that is not decided yet.
 bool RoundPart(RealNumber* rounded, const RootRound& round, int64_t k, NumberPart part,
                int64_t digits) {
-    ScratchStackScope scope;
     const RealNumber* center = PartOf(round.clusters.clusters[k].center, part);
-    const Magnitude radius = RadiusOf(round.parts[k].radii, part);
-    RealNumber* reach = RealAt(scope.Take(RealWords()));
-    RealNumber* low = RealAt(scope.Take(RealWords()));
-    RealNumber* high = RealAt(scope.Take(RealWords()));
-    // The operations here are rounded, by less than the margin.
-    RealFromMagnitude(
-        reach, radius * MakeMagnitude(1.1) +
-                   MagnitudeOf(center) * MakeMagnitude(2, 1 - numberContext.precisionDigits));
-    RealSetSign(reach, RealSign(center));
-    RealSub(low, center, reach);
-    RealAdd(high, center, reach);
     if (round.isLast) {
         RealRoundDigitsAny(rounded, center, digits);
         return true;
     }
-    if (RealIsZero(center) || !(radius < MakeMagnitude(1, RealExponent(center) - digits))) {
+    const Magnitude radius = RadiusOf(round.parts[k].radii, part);
+    const Magnitude tenthOfUnit = MakeMagnitude(1, RealExponent(center) - digits);
+    if (RealIsZero(center) || !(radius < tenthOfUnit)) {
         return false;
     }
-    RealNumber* lowRounded = RealAt(scope.Take(RealWords()));
-    RealNumber* middle = RealAt(scope.Take(RealWords()));
-    RealRoundDigits(lowRounded, low, digits);
+    // What could be the middle between two results for coefficients within their errors, is.
+    Magnitude shift = RadiusOf(round.parts[k].shifts, part);
+    if (!(shift < tenthOfUnit * MakeMagnitude(LargestShift))) {
+        shift = {};
+    }
+    ScratchStackScope scope;
+    RealNumber* reach = RealAt(scope.Take(RealWords()));
+    RealNumber* low = RealAt(scope.Take(RealWords()));
+    RealNumber* high = RealAt(scope.Take(RealWords()));
+    // The operations here are rounded, by less than the margins.
+    const Magnitude unit =
+        MakeMagnitude(2, RealExponent(center) + 2 - numberContext.precisionDigits);
+    RealFromMagnitude(reach, (radius + shift) * MakeMagnitude(1.1) + unit);
+    RealSetSign(reach, RealSign(center));
+    RealSub(low, center, reach);
+    RealAdd(high, center, reach);
+    RealRoundDigits(low, low, digits);
     RealRoundDigits(rounded, high, digits);
-    if (RealCompare(lowRounded, rounded) == 0) {
+    if (RealCompare(low, rounded) == 0) {
         return true;
     }
-    SetMiddle(middle, lowRounded, rounded);
-    // All between low and middle must round down, and all from it up.
-    return RealCompare(low, middle, true) <= 0 && RealCompare(middle, high, true) <= 0 &&
-           CouldBeEqual(center, middle, radius) && IsExactly(round, k, part, middle);
+    RealNumber* middle = reach;
+    SetMiddle(middle, low, rounded);
+    return CouldBeEqual(center, middle, radius + shift) &&
+           (!IsZero(shift) || IsExactly(round, part, middle));
 }
 
 bool IsFinished(const RootParts& parts) {

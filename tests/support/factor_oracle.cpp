@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <pari/pari.h>
 
+#include "support/pari_start_oracle.h"
+
 namespace tallymere::testing_support {
 
 namespace {
@@ -19,16 +21,6 @@ Integer FromPari(GEN n) {
     mpz_set_str(value, text, 10);
     pari_free(text);
     return value;
-}
-
-// PARI is started once, with its stack and without handlers of signals.
-void StartPari() {
-    static const bool started = [] {
-        pari_init_opts(16'000'000, 500'000, INIT_DFTm);
-        setrand(utoipos(1));
-        return true;
-    }();
-    static_cast<void>(started);
 }
 
 }  // namespace
