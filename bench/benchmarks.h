@@ -13,5 +13,6 @@ void AddFunctionBenchmarks();
 void AddFactorialBenchmarks();
 void AddExactBenchmarks();
 void AddPrimeBenchmarks();
+void AddRootBenchmarks();
 
 }  // namespace tallymere::bench

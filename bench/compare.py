@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Compares Tallymere's times with those of libmpdec, MPFR, GMP, PARI, GNU factor and primesieve;
-bench/compare builds and calls it.
+"""Compares Tallymere's times with those of libmpdec, MPFR, GMP, PARI, GNU factor, primesieve and
+mpsolve; bench/compare builds and calls it.
 
 usage: bench/compare [--markdown] [--rounds N] [--only WORK ...]
 
@@ -30,6 +30,9 @@ each of them took in three rounds. GNU factor is a program of its own that start
 number and is given two seconds. Lists of primes are made by the console, beside the program
 primesieve: both write the same primes as text into a pipe, and a time is the processor time of the
 whole process, start and end included.
+
+Roots of equations are measured beside PARI, and beside the program mpsolve, which starts anew for
+each equation. Where coefficients are rounded on purpose, others would see roots that differ.
 """
 
 import argparse
@@ -44,6 +47,7 @@ from pathlib import Path
 
 sys.dont_write_bytecode = True
 import prime_works  # noqa: E402
+import root_works  # noqa: E402
 from benchmark_program import (SECONDS_PER_MEASUREMENT, SECONDS_PER_REPETITION,  # noqa: E402
                                Program, compare_sides, fitting_repetitions, rounds_of)
 from comparison_table import Row, Table, print_heading, ratio_cells, show_time  # noqa: E402
@@ -253,7 +257,8 @@ def main():
     parser.add_argument("--markdown", action="store_true", help=argparse.SUPPRESS)
     parser.add_argument("--rounds", type=int, default=7, help=argparse.SUPPRESS)
     names = list(dict.fromkeys([work.name for work in WORKS] + list(FUNCTIONS) + list(EXACT)
-                               + list(FORMULAS) + [LIMB_PRODUCT, FACTORIAL] + prime_works.NAMES))
+                               + list(FORMULAS) + [LIMB_PRODUCT, FACTORIAL] + prime_works.NAMES
+                               + root_works.NAMES))
     parser.add_argument("--only", nargs="+", choices=names, default=names, help=argparse.SUPPRESS)
     options = parser.parse_args()
     if options.rounds < 1:
@@ -266,7 +271,7 @@ def main():
     markdown = options.markdown
     compiler, *libraries = program.output("--versions").splitlines()
     peers = [f"libmpdec {decimal.__libmpdec_version__} of Python {platform.python_version()}",
-             *libraries, *prime_works.versions()]
+             *libraries, *prime_works.versions(), *root_works.versions()]
     print(f"{processor()}; {compiler}; {'; '.join(peers)}; {options.rounds} rounds; times in ns.")
     rows = []
 
@@ -348,6 +353,7 @@ def main():
                 table.add([f"`{text}`" if markdown else text, f"{digits:,}", show_time(least)])
 
     rows += prime_works.print_tables(program, options.only, options.rounds, markdown)
+    rows += root_works.print_tables(program, options.only, options.rounds, markdown)
 
     verdicts = [verdict for row in rows for verdict in row.verdicts()]
     print(f"\n{verdicts.count(True)} of {len(verdicts)} targets met")

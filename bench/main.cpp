@@ -11,6 +11,7 @@
 #include "bench/measuring.h"
 #include "bench/number_times.h"
 #include "bench/pari_peer.h"
+#include "bench/root_equations.h"
 
 namespace tallymere::bench {
 
@@ -58,6 +59,9 @@ int main(int argc, char** argv) {
     if (option == "--number-times" && argc == 5) {
         return PrintNumberTimes(argv[2], argv[3], argv[4]);
     }
+    if (option == "--equation" && argc == 3) {
+        return PrintEquation(argv[2]);
+    }
     if (option == "--versions") {
         return PrintVersions();
     }
@@ -70,6 +74,7 @@ int main(int argc, char** argv) {
     AddFactorialBenchmarks();
     AddExactBenchmarks();
     AddPrimeBenchmarks();
+    AddRootBenchmarks();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 2;

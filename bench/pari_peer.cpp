@@ -35,6 +35,26 @@ int64_t PariFactor(Wide n) {
     return primes;
 }
 
+PariPolynomial::PariPolynomial(const char* text) {
+    PreparePari();
+    const pari_sp top = avma;
+    polynomial_ = gclone(gp_read_str(text));
+    set_avma(top);
+}
+
+PariPolynomial::~PariPolynomial() {
+    gunclone(static_cast<GEN>(polynomial_));
+}
+
+int64_t PariPolynomial::CountRoots(int64_t digits) const {
+    constexpr double BitsPerDigit = 3.3219281;
+    const pari_sp top = avma;
+    const long bits = static_cast<long>(static_cast<double>(digits) * BitsPerDigit) + 1;
+    const int64_t count = lg(roots(static_cast<GEN>(polynomial_), nbits2prec(bits))) - 1;
+    set_avma(top);
+    return count;
+}
+
 const char* PariVersion() {
     static char text[32];
     const uint64_t code = paricfg_version_code;

@@ -20,6 +20,22 @@ bool PariIsPrime(Wide n);
 /// Factors n, and returns how many distinct primes there are.
 int64_t PariFactor(Wide n);
 
+/// A polynomial in x that PARI keeps.
+class PariPolynomial {
+public:
+    /// From PARI's own notation, such as "x^2-2".
+    explicit PariPolynomial(const char* text);
+    ~PariPolynomial();
+    PariPolynomial(const PariPolynomial&) = delete;
+    PariPolynomial& operator=(const PariPolynomial&) = delete;
+
+    /// Finds all roots to so many digits, and returns how many there are.
+    int64_t CountRoots(int64_t digits) const;
+
+private:
+    void* polynomial_;
+};
+
 /// "2.15.2" or the like.
 const char* PariVersion();
 
