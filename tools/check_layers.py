@@ -25,7 +25,8 @@ STANDS_ON = {
     "values": ["functions", "exact"],
     "formula": ["values"],
     "numtheory": ["values"],
-    "algebra": ["values"],
+    # Square roots in lowest terms take the prime factors of a number.
+    "algebra": ["numtheory"],
     "layout": ["core"],
     "shell": ["formula", "layout"],
     "calculator": ["shell"],

@@ -55,8 +55,8 @@ class CheckLayersTest(unittest.TestCase):
 
     def test_finds_a_neighbour(self):
         self.assert_one_finding({
-            "src/algebra/roots.h": ['"numtheory/primes.h"'],
-            "src/numtheory/primes.h": [],
+            "src/functions/roots.h": ['"exact/big_uint.h"'],
+            "src/exact/big_uint.h": [],
         }, "neighbours")
 
     def test_finds_a_circle_in_one_folder(self):
