@@ -1,0 +1,49 @@
+// What the search for exact roots takes of CoreScratch at its longest numbers: always within its
+// bounds, and given back.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+
+#include "algebra/exact_equation_testing.h"
+#include "algebra/rational_roots.h"
+#include "core/scratch.h"
+
+namespace tallymere {
+namespace {
+
+using namespace testing_support;
+
+// Solves (x - 1) (x^2 - 2) times so many factors x at a precision.
+void Measure(int64_t zeros, int64_t digits, int64_t precision, int64_t expectedBytes) {
+    EquationScope scope(precision);
+    std::vector<std::string> coefficients = {"1", "-1", "-2", "2"};
+    Lines values = {"1.414e0 0", "1e0 0", "-1.414e0 0"};
+    coefficients.insert(coefficients.end(), static_cast<size_t>(zeros), "0");
+    values.insert(values.end(), static_cast<size_t>(zeros), "0 0");
+    const PolynomialBuffer polynomial(coefficients);
+    SolutionBuffer solutions(values);
+    const int64_t usual = coreScratch.highWaterWords;
+    coreScratch.highWaterWords = 0;
+    EXPECT_EQ(FindExactRoots(solutions, polynomial, digits), RootOutcome::Found);
+    EXPECT_EQ(solutions.Text(0), "sqrt(2)");
+    const int64_t bytes = coreScratch.highWaterWords * BytesPerWord;
+    EXPECT_LT(bytes, CoreScratchBytes);
+    EXPECT_EQ(numberContext.scratchTop, numberContext.scratchBase);
+    if (!CheckedScratch) {
+        EXPECT_EQ(bytes, expectedBytes);
+    }
+    std::printf("CoreScratch: FindExactRoots, degree %d, %d digits %16d bytes\n",
+                static_cast<int>(3 + zeros), static_cast<int>(digits), static_cast<int>(bytes));
+    coreScratch.highWaterWords = std::max(usual, coreScratch.highWaterWords);
+}
+
+// The most digits that the page asks for by degree, with the precision that it installs.
+TEST(ExactRootsMemory, StaysWithinCoreScratch) {
+    Measure(0, 2'000, 6'250, 26'600);
+    Measure(1, 2'000, 8'696, 26'680);
+    Measure(7, 750, 9'869, 17'608);
+}
+
+}  // namespace
+}  // namespace tallymere
