@@ -45,6 +45,9 @@ ControlKeyAction ActionOfArrow(const KeyStroke& stroke, const KeyReceiver& recei
 }  // namespace
 
 ControlKeyAction ActionOfKey(const KeyStroke& stroke, const KeyReceiver& receiver) {
+    if (receiver.wantsAllKeys) {
+        return KeyForward;
+    }
     switch (stroke.key) {
         case KeyTab:
             return ActionOfTab(stroke);

@@ -30,6 +30,7 @@ struct KeyReceiver {
     bool isPushButton = false;
     bool isRadioButton = false;
     bool wantsReturn = false;       ///< see WantsReturn
+    bool wantsAllKeys = false;      ///< it handles all keys itself, Tab too
     bool hasDefaultButton = false;  ///< its dialog has one
 };
 

@@ -52,10 +52,6 @@ void NoteFocus(HWND control) {
     ApplyLooks(LooksAfterFocus(WindowsTree{}, control, last, DefaultButton(root)));
 }
 
-void ShowFocusRectangle(HWND control) {
-    SendMessageW(control, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
-}
-
 // Clicks a button for the Return key. A click gives the button the focus, but Return must not, so
 // the focus goes back.
 void ClickDefaultButton(HWND control) {
@@ -94,6 +90,7 @@ ControlKeyAction ActionOfKeyMessage(HWND control, UINT message, WPARAM wParam, L
         {.isPushButton = IsPushButton(control),
          .isRadioButton = IsRadioButton(control),
          .wantsReturn = WantsReturn(control),
+         .wantsAllKeys = WantsAllKeys(control),
          .hasDefaultButton = DefaultButton(GetAncestor(control, GA_ROOT)) != nullptr});
 }
 

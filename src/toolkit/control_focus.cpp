@@ -58,6 +58,11 @@ bool WantsReturn(HWND control) {
                                          SendMessageW(comboBox, CB_GETDROPPEDSTATE, 0, 0) != 0});
 }
 
+bool WantsAllKeys(HWND control) {
+    const LRESULT wanted = SendMessageW(control, WM_GETDLGCODE, 0, 0);
+    return (wanted & (DLGC_WANTALLKEYS | DLGC_HASSETSEL)) == DLGC_WANTALLKEYS;
+}
+
 HWND WindowsTree::Parent(HWND window) const {
     return (WindowStyle(window) & WS_CHILD) != 0 ? GetParent(window) : nullptr;
 }
@@ -115,6 +120,10 @@ HWND FocusNextControl(HWND control, bool forward) {
     const auto target = TabTargetOf(windowsTree, control, DirectionOf(forward));
     TakeFocus(target);
     return target.window;
+}
+
+void ShowFocusRectangle(HWND control) {
+    SendMessageW(control, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
 }
 
 }  // namespace tallymere

@@ -26,6 +26,10 @@ bool IsRadioButton(HWND window);
 /// True when a control uses the Return key itself.
 bool WantsReturn(HWND control);
 
+/// True when a control, such as a grid, handles all keys itself, Tab too. An edit control does not,
+/// whatever it says: Tab leaves it.
+bool WantsAllKeys(HWND control);
+
 /// Real windows in the form that layout/window_tree.h and layout/default_look.h need. The root is a
 /// window that is no child.
 struct WindowsTree {
@@ -55,5 +59,8 @@ void FocusControl(HWND control);
 
 /// Does what the Tab key does in a control. Returns the window that has the focus then.
 HWND FocusNextControl(HWND control, bool forward);
+
+/// Shows the focus rectangle of a control, after a key has moved the focus there.
+void ShowFocusRectangle(HWND control);
 
 }  // namespace tallymere
