@@ -42,8 +42,8 @@ WINDOW_ROOMS = re.compile(r"toolkit|[a-z_]+_windows")
 # What scripts ask, beside the test program that each room with *_test.cpp has.
 SCRIPT_TARGETS = {
     "console": ["tallymere-console"],
-    "gui": ["tallymere", "test_pages", "window_probe", "form_tables", "stand_in_browser",
-            "tallymere-console"],
+    "gui": ["tallymere", "test_pages", "grid_page", "window_probe", "form_tables",
+            "stand_in_browser", "tallymere-console"],
 }
 PROGRAMS_AT_ONCE = 2
 # Each has a display and a Wine prefix of its own.

@@ -53,7 +53,7 @@ struct GridColumn {
 };
 
 struct GridTable {
-    GridList<GridColumn> columns;
+    GridList<GridColumn> columns = {};
     int32_t columnLimit = MaxGridColumns;  ///< lower in tests only
 };
 

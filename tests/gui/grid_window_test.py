@@ -1,0 +1,164 @@
+#!/usr/bin/env python3
+"""A grid under real keys and clicks, and pictures of it for the eye.
+
+The pictures lie in build/screenshots/, as grid-*.png.
+"""
+
+import subprocess
+import unittest
+
+from gui_case import GuiCase, to_pixels
+
+PAGE = "Grids"
+MENU_ITEM = 204
+GRID = "simplegridctl"
+# Of a new grid, in logical units.
+HEADER = 50
+WIDTH = 80
+HEIGHT = 21
+
+
+class GridWindowTest(GuiCase):
+    def open_page(self, dpi=96):
+        self.dpi = dpi
+        self.program = self.start_again(dpi=dpi)
+        self.choose_menu(self.program, MENU_ITEM)
+        self.program.wait_for_window(PAGE)
+
+    def page(self):
+        return self.program.find(title=PAGE)
+
+    def grids(self):
+        return [control for control in self.page().children
+                if control.class_name.lower() == GRID]
+
+    def editor(self, grid=0):
+        """The text that is being edited; None when nothing is."""
+        return next((control.text for control in self.grids()[grid].children if control.visible),
+                    None)
+
+    def notes(self):
+        """What the grids have told: code, column, row, text of the cell."""
+        output = next(control for control in self.page().children
+                      if control.class_name.lower() == "edit")
+        return [line.split(" ", 3) for line in output.text.split("\r\n")[:-1]]
+
+    def click_cell(self, column, row, grid=0):
+        """Clicks the middle of a cell of the upper grid that is not scrolled; 0 are the headers."""
+        left, top, _, _ = self.grids()[grid].client
+        x, = to_pixels([HEADER + WIDTH * column - WIDTH // 2 if column else HEADER // 2], self.dpi)
+        y, = to_pixels([HEIGHT * row + HEIGHT // 2], self.dpi)
+        self.display.click(left + x, top + y)
+
+    def wait_for_editor(self, text, grid=0):
+        self.program.wait_for(lambda: self.editor(grid) == text, f"the editor with {text!r}")
+
+    def focused(self):
+        control = self.page().focused_control()
+        return control and (control.class_name.lower(), control.text)
+
+    def wait_for_focus(self, expected):
+        self.program.wait_for(lambda: self.focused() == expected, expected)
+
+    def take(self, name):
+        """Takes it once the grid has painted itself: when two pictures are the same."""
+        before = None
+        while True:
+            path = self.display.picture(f"grid-{name}-{self.dpi}", self.page())
+            picture = path.read_bytes()
+            if picture == before:
+                return path
+            before = picture
+
+    def test_typing_fills_cells(self):
+        self.open_page()
+        self.click_cell(1, 1)
+        self.wait_for_editor("sqrt(2)/3")
+        self.display.press("Down")
+        self.wait_for_editor("a text that is longer than its cell")
+        self.display.press("Down")
+        self.wait_for_editor("")
+        self.display.type_text("12+x")
+        self.wait_for_editor("12+x")
+        self.display.press("Return")
+        self.program.wait_for(lambda: ["5", "0", "2", "12+x"] in self.notes(), "the new text")
+        # On the cell a character opens the editor anew, and is in it once.
+        self.display.type_text("7")
+        self.wait_for_editor("7")
+        self.display.press("Escape")
+        self.wait_for_editor(None)
+        self.display.press("Up")
+        self.wait_for_editor("a text that is longer than its cell")
+        self.display.press("Down")
+        self.wait_for_editor("12+x")
+        # Keys without a character leave the cell as it is.
+        self.display.press("Return", "Shift_L", "Control_L", "Alt_L", "Alt_L", "Escape", "ctrl+c")
+        self.display.press("Up", "Down")
+        self.wait_for_editor("12+x")
+
+    def test_right_and_left_walk_over_cells(self):
+        self.open_page()
+        self.click_cell(1, 1)
+        self.wait_for_editor("sqrt(2)/3")
+        self.display.press("Right")
+        self.wait_for_editor("-12345.678")
+        self.display.press("Left", "Home", "Left")
+        self.wait_for_editor("sqrt(2)/3")
+        self.display.press("Escape", "End")
+        self.program.wait_for(lambda: ["4", "25", "0", ""] in self.notes(), "the last column")
+        self.display.press("Escape", "Home")
+        self.wait_for_editor("sqrt(2)/3")
+
+    def test_tab_walks_through_the_page(self):
+        self.open_page()
+        self.click_cell(1, 1)
+        self.wait_for_editor("sqrt(2)/3")
+        self.display.press("End", "5", "Tab")
+        self.wait_for_focus((GRID, "Title of the grid"))
+        self.assertIn(["5", "0", "0", "sqrt(2)/35"], self.notes())
+        self.display.press("Tab")
+        self.wait_for_focus(("button", "Behind"))
+        self.display.press("shift+Tab", "shift+Tab")
+        self.wait_for_focus((GRID, ""))
+        self.display.press("shift+Tab")
+        self.wait_for_focus(("button", "Before"))
+
+    def test_another_control_ends_the_editor(self):
+        self.open_page()
+        self.click_cell(2, 3)
+        self.wait_for_editor("")
+        self.display.type_text("4")
+        self.wait_for_editor("4")
+        self.click(self.page().control("button", "Behind"))
+        self.wait_for_focus(("button", "Behind"))
+        self.assertIn(["5", "1", "2", "4"], self.notes())
+        self.assertIsNone(self.editor())
+
+    def test_pictures_at_all_resolutions(self):
+        files = []
+        for dpi in (96, 120, 144, 192):
+            with self.subTest(dpi=dpi):
+                self.open_page(dpi)
+                files.append(self.take("start"))
+                self.click_cell(2, 2)
+                self.wait_for_editor("right")
+                files.append(self.take("editor"))
+                self.display.press("Return")
+                self.wait_for_editor(None)
+                files.append(self.take("cursor"))
+                left, top, _, _ = self.grids()[0].client
+                edge, middle, end = to_pixels([HEADER + WIDTH, HEIGHT // 2, HEADER + 2 * WIDTH], dpi)
+                self.display.drag((left + edge, top + middle), (left + end, top + middle))
+                files.append(self.take("resized"))
+                self.display.press("Next", "Next", "End")
+                self.program.wait_for(lambda: self.notes()[-1][0] == "4", "the last column")
+                files.append(self.take("scrolled"))
+        for path in files:
+            told = subprocess.run(["identify", "-format", "%k", str(path)], check=True,
+                                  stdout=subprocess.PIPE, text=True).stdout
+            self.assertGreater(int(told), 20, path)
+        self.assertEqual(len(files), len({path.read_bytes() for path in files}))
+
+
+if __name__ == "__main__":
+    unittest.main()
