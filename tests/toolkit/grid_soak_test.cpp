@@ -142,24 +142,32 @@ protected:
 
 TEST_F(GridSoak, TwoThousandRandomActionsLeaveTheGridInOrder) {
     RandomSource random;
-    Press(VK_TAB);
-    UpdateWindow(grid);
-    const int64_t before = CountGdiObjects(GetCurrentProcess());
-    for (int i = 0; i < 2000 && !HasFatalFailure(); i++) {
-        SCOPED_TRACE(i);
-        ActAtRandom(random);
-        Check();
-        heardOfGrid.all.clear();
-        heardOfGrid.codes.clear();
-    }
-    DestroyWindow(grid);
-    MakeGrid(3, 4);
-    UpdateWindow(grid);
-    EXPECT_NEAR(CountGdiObjects(GetCurrentProcess()), before, 5);
+    // How much is left to draw with when a new grid has been painted. At first Windows keeps more
+    // and more for itself, such as the brushes of scroll bars.
+    const auto countWithNewGrid = [this] {
+        DestroyWindow(grid);
+        MakeGrid(3, 4);
+        UpdateWindow(grid);
+        return CountGdiObjects(GetCurrentProcess());
+    };
+    const auto act = [this, &random](int actions) {
+        for (int i = 0; i < actions && !HasFatalFailure(); i++) {
+            SCOPED_TRACE(i);
+            ActAtRandom(random);
+            Check();
+            heardOfGrid.all.clear();
+            heardOfGrid.codes.clear();
+        }
+    };
+    act(1000);
+    const int64_t before = countWithNewGrid();
+    act(2000);
+    EXPECT_NEAR(countWithNewGrid(), before, 5);
 }
 
-TEST_F(GridSoak, AHundredThousandEditsLeaveNothingBehind) {
-    constexpr int Edits = 100'000;
+// 100,000 of them take four minutes under Wine, and leave no more behind than these.
+TEST_F(GridSoak, ThousandsOfEditsLeaveNothingBehind) {
+    constexpr int Edits = 5000;
     const auto edit = [this](int from, int to) {
         for (int i = from; i < to; i++) {
             const std::wstring text = std::to_wstring(1'000'000 + i);
@@ -174,10 +182,11 @@ TEST_F(GridSoak, AHundredThousandEditsLeaveNothingBehind) {
     const int64_t bytes = HeapBytes();
     ASSERT_GT(bytes, 0);
     edit(1000, Edits);
-    EXPECT_EQ(Read((Edits - 1) % 3, (Edits - 1) / 3 % 4), u"1099999");
+    EXPECT_EQ(Read((Edits - 1) % 3, (Edits - 1) / 3 % 4), u"1004999");
     EXPECT_NEAR(CountGdiObjects(GetCurrentProcess()), objects, 5);
-    // A text that was lost with each edit would be 16 bytes times 99,000.
-    EXPECT_LT(HeapBytes() - bytes, 200'000);
+    // A text that was lost with each edit would be 16 bytes times 4,000.
+    printf("%lld bytes more after %d edits\n", HeapBytes() - bytes, Edits - 1000);
+    EXPECT_LT(HeapBytes() - bytes, 16'000);
     EXPECT_EQ(GetWindow(Editor(), GW_HWNDNEXT), nullptr);
 }
 
