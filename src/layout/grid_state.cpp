@@ -41,7 +41,8 @@ bool CanEditGridCell(const GridState& state, int32_t column, int32_t row) {
     const GridColumn* const found = FindGridColumn(state.table, column);
     const GridCell* const cell = FindGridCell(state.table, column, row);
     return cell != nullptr && row >= 1 && found->type == GridColumnText && state.isEditable &&
-           !state.isRowSelectActive && cell->isProtected == 0;
+           !state.isRowSelectActive && cell->isProtected == 0 &&
+           GridColumnWidth(state.table, column) > 0;
 }
 
 }  // namespace tallymere

@@ -35,7 +35,7 @@ bool GridStateIsConsistent(const GridState& state);
 /// Moves cursor and view back into the table, after rows were taken out.
 void ClampGridState(GridState& state);
 
-/// True when the user may edit a cell.
+/// True when the user may edit a cell. One that has no width cannot be seen and so not be edited.
 bool CanEditGridCell(const GridState& state, int32_t column, int32_t row);
 
 }  // namespace tallymere

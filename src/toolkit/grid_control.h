@@ -137,7 +137,9 @@ enum GridMessage : UINT {
     GridInsertRow = WM_USER + 51,
     /// wParam: row. Answer: the new count of rows, or -1 with GridErrorInvalidIndex.
     GridDeleteRow = WM_USER + 52,
-    /// wParam: column, lParam: flag.
+    /// wParam: column, lParam: flag. A hidden column has no width. When it had the cursor, that
+    /// goes
+    /// to the next column that is shown.
     GridHideColumn = WM_USER + 53,
 };
 

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <string_view>
 
+#include "layout/grid_cursor.h"
 #include "layout/grid_scrolling.h"
 #include "toolkit/environment.h"
 #include "toolkit/grid_editor.h"
@@ -159,6 +160,21 @@ LRESULT Clear(const GridCall& call) {
     return Repaint(call);
 }
 
+// A cursor that nobody sees would take keys.
+void LeaveHiddenColumn(const GridCall& call) {
+    const GridState& state = call.state;
+    if (GridColumnWidth(state.table, state.cursorColumn) > 0) {
+        return;
+    }
+    const int32_t right = NextGridColumn(state.table, state.cursorColumn, GridForward);
+    const int32_t column = right != state.cursorColumn
+                               ? right
+                               : NextGridColumn(state.table, state.cursorColumn, GridBackward);
+    if (column != state.cursorColumn) {
+        MoveGridCursor(call.grid, {column, state.cursorRow});
+    }
+}
+
 LRESULT HideColumn(const GridCall& call) {
     if (call.Place() == call.state.cursorColumn) {
         CommitGridEditor(call.grid);
@@ -168,6 +184,7 @@ LRESULT HideColumn(const GridCall& call) {
         return Fail(GridErrorInvalidIndex);
     }
     column->isHidden = call.lParam != 0 ? 1 : 0;
+    LeaveHiddenColumn(call);
     return Repaint(call);
 }
 

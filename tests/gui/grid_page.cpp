@@ -115,7 +115,12 @@ void WriteNotification(const GridNotification& notification) {
 
 LRESULT PageProc(HWND window, UINT message, WPARAM, LPARAM lParam, bool& callDefault) {
     if (message == WM_NOTIFY && output != nullptr) {
-        WriteNotification(*reinterpret_cast<const GridNotification*>(lParam));
+        const auto& notification = *reinterpret_cast<const GridNotification*>(lParam);
+        const HWND sender = notification.header.hwndFrom;
+        // Buttons tell of their painting too.
+        if (sender == largeGrid || sender == smallGrid) {
+            WriteNotification(notification);
+        }
     } else if (message == WM_CLOSE) {
         ShowWindow(window, SW_HIDE);
         callDefault = false;

@@ -246,6 +246,10 @@ TEST(GridState, WhatCanBeEdited) {
     EXPECT_TRUE(CanEditGridCell(state, 1, 2));
     grid.Column(2).type = 0;
     EXPECT_FALSE(CanEditGridCell(state, 2, 1));
+    grid.Column(3).isHidden = 1;
+    EXPECT_FALSE(CanEditGridCell(state, 3, 1));
+    grid.Column(3).isHidden = 0;
+    EXPECT_TRUE(CanEditGridCell(state, 3, 1));
     state.isEditable = false;
     EXPECT_FALSE(CanEditGridCell(state, 3, 1));
     state.isEditable = true;

@@ -122,6 +122,12 @@ TEST_F(InitApplicationTest, RegistersTheControlsOfTheSystem) {
     }
 }
 
+TEST_F(InitApplicationTest, RegistersTheGrid) {
+    Start();
+    WNDCLASSW windowClass = {};
+    EXPECT_TRUE(GetClassInfoW(programInstance, L"SimpleGridCtl", &windowClass));
+}
+
 TEST_F(InitApplicationTest, LetsTheArithmeticBeStoppedAndGivesThisThreadItsStack) {
     Start();
     EXPECT_EQ(numberContext.abortFlag, &cancelFlag);

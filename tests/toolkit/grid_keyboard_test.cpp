@@ -122,6 +122,19 @@ TEST_F(GridKeyboard, ACharacterReplacesTheText) {
     EXPECT_EQ(Read(1, 1), u"71");
 }
 
+TEST_F(GridKeyboard, AnEditorThatThePageClosesAtOnceIsNotToldAsOpen) {
+    heardOfGrid.react = [this](UINT code) {
+        if (code == GridFocusLost) {
+            Ask(GridSetEditable, 0);
+        }
+    };
+    Press('7');
+    heardOfGrid.react = nullptr;
+    EXPECT_FALSE(IsEditing());
+    EXPECT_EQ(std::count(heardOfGrid.codes.begin(), heardOfGrid.codes.end(), 4u), 0);
+    EXPECT_EQ(std::count(heardOfGrid.codes.begin(), heardOfGrid.codes.end(), 5u), 1);
+}
+
 TEST_F(GridKeyboard, ShiftIsInTheCharacter) {
     Press('A', VK_SHIFT);
     EXPECT_EQ(Edited(), "A");

@@ -357,6 +357,28 @@ TEST_F(GridMessages, SetTheCursor) {
     EXPECT_EQ(Cursor(), (GridPlace{2, 3}));
 }
 
+TEST_F(GridMessages, SettingTheCursorStoresWhatIsEdited) {
+    AskCell(GridSetCursorEdit, 1, 0, 0);
+    SetWindowTextW(Editor(), L"new");
+    Forget();
+    EXPECT_EQ(Ask(GridSetCursor, 1, 1), 0);
+    EXPECT_EQ(Read(0, 0), u"new");
+    EXPECT_EQ(GetFocus(), grid);
+    EXPECT_EQ(heardOfGrid.codes, (Codes{18, 5, 3}));
+}
+
+TEST_F(GridMessages, TheCursorStaysInATableThatThePageShortensMeanwhile) {
+    AskCell(GridSetCursorEdit, 1, 0, 0);
+    heardOfGrid.react = [this](UINT code) {
+        if (code == GridEditorClosed) {
+            Ask(GridDeleteRow, 3);
+        }
+    };
+    Ask(GridSetCursor, 1, 3);
+    EXPECT_EQ(Cursor(), (GridPlace{1, 2}));
+    EXPECT_TRUE(GridStateIsConsistent(State()));
+}
+
 TEST_F(GridMessages, SetTheCursorAndEdit) {
     Write(1, 2, u"text");
     EXPECT_EQ(AskCell(GridSetCursorEdit, 0, 1, 2), 0);
@@ -408,6 +430,26 @@ TEST_F(GridMessages, AnEditorClosesWhenItsCellMayNoLongerBeEdited) {
         EXPECT_EQ(GetFocus(), grid);
     }
     EXPECT_EQ(Read(0, 1), u"kept");
+}
+
+TEST_F(GridMessages, TheCursorLeavesAHiddenColumn) {
+    Ask(GridSetCursor, 1, 2);
+    Forget();
+    Ask(GridHideColumn, 0, 1);
+    EXPECT_EQ(Cursor(), (GridPlace{1, 2}));
+    Ask(GridHideColumn, 1, 1);
+    EXPECT_EQ(Cursor(), (GridPlace{2, 2}));
+    EXPECT_EQ(heardOfGrid.codes, Codes{3});
+    Ask(GridHideColumn, 0, 0);
+    Ask(GridHideColumn, 2, 1);
+    EXPECT_EQ(Cursor(), (GridPlace{0, 2}));
+    Ask(GridHideColumn, 0, 1);
+    EXPECT_EQ(Cursor(), (GridPlace{0, 2}));
+    SetFocus(grid);
+    Press('7');
+    EXPECT_EQ(Edited(), "not edited");
+    Ask(GridHideColumn, 2, 0);
+    EXPECT_EQ(Cursor(), (GridPlace{2, 2}));
 }
 
 TEST_F(GridMessages, SetHeights) {
@@ -528,6 +570,10 @@ TEST_F(GridMessages, WhatChangesTheGridIsPaintedAgain) {
     }
     ValidateRect(grid, nullptr);
     Write(0, 0, u"1");
+    EXPECT_TRUE(GetUpdateRect(grid, nullptr, FALSE));
+    Ask(GridRefresh);
+    EXPECT_FALSE(GetUpdateRect(grid, nullptr, FALSE));
+    Ask(GridSetDoubleBuffer, 0);
     EXPECT_TRUE(GetUpdateRect(grid, nullptr, FALSE));
     Ask(GridRefresh);
     EXPECT_FALSE(GetUpdateRect(grid, nullptr, FALSE));

@@ -1,6 +1,7 @@
 // How a grid looks, pixel by pixel.
 #include "toolkit/grid_painting.h"
 
+#include <algorithm>
 #include <chrono>
 #include <set>
 
@@ -236,8 +237,8 @@ struct NoHandlesLeft {
                 break;
             }
         }
-        // The paint itself needs some: a device context, a region.
-        for (int i = 0; i < 3 && !brushes.empty(); i++) {
+        // One is left, for the device context in memory. So the bitmap is what cannot be made.
+        if (!brushes.empty()) {
             DeleteObject(brushes.back());
             brushes.pop_back();
         }
@@ -250,7 +251,21 @@ struct NoHandlesLeft {
     std::vector<HBRUSH> brushes;
 };
 
+// A pixel of the window itself.
+COLORREF PixelOf(HWND window, int32_t x, int32_t y) {
+    const HDC dc = GetDC(window);
+    const COLORREF colour = GetPixel(dc, x, y);
+    ReleaseDC(window, dc);
+    return colour;
+}
+
 TEST_F(GridPainting, APaintWithoutBitmapIsDropped) {
+    constexpr COLORREF Mark = RGB(255, 0, 0);
+    UpdateWindow(grid);
+    EXPECT_EQ(PixelOf(grid, 390, 200), Grey);
+    const HDC dc = GetDC(grid);
+    SetPixel(dc, 390, 200, Mark);
+    ReleaseDC(grid, dc);
     Write(0, 0, u"1");
     {
         const NoHandlesLeft handles;
@@ -260,9 +275,29 @@ TEST_F(GridPainting, APaintWithoutBitmapIsDropped) {
         // Not asked for again: a grid that cannot be painted does not keep the program busy.
         EXPECT_FALSE(GetUpdateRect(grid, nullptr, FALSE));
     }
-    EXPECT_EQ(Read(0, 0), u"1");
+    EXPECT_EQ(PixelOf(grid, 390, 200), Mark);
     Ask(GridRefresh);
-    EXPECT_FALSE(GetUpdateRect(grid, nullptr, FALSE));
+    EXPECT_EQ(PixelOf(grid, 390, 200), Grey);
+    EXPECT_EQ(Read(0, 0), u"1");
+}
+
+TEST_F(GridPainting, WithAndWithoutDoubleBufferItLooksTheSame) {
+    Write(0, 0, u"1");
+    SetFocus(grid);
+    const auto look = [this] {
+        Ask(GridRefresh);
+        std::vector<COLORREF> pixels;
+        for (int32_t y = 0; y < 60; y++) {
+            for (int32_t x = 0; x < 120; x++) {
+                pixels.push_back(PixelOf(grid, x, y));
+            }
+        }
+        return pixels;
+    };
+    const std::vector<COLORREF> buffered = look();
+    EXPECT_EQ(std::count(buffered.begin(), buffered.end(), Marked) > 500, true);
+    Ask(GridSetDoubleBuffer, 0);
+    EXPECT_EQ(look(), buffered);
 }
 
 // Prints how long it takes, for whoever changes the painting.

@@ -8,6 +8,7 @@
 #include "shell/windows/settings_file.h"
 #include "shell/windows/user_locale.h"
 #include "toolkit/environment.h"
+#include "toolkit/grid_control.h"
 
 namespace tallymere {
 
@@ -63,6 +64,7 @@ void InitApplication(HINSTANCE instance) {
     FindScreenDpi();
     defaultGuiFont = MakeFont({u"Segoe UI", GuiFontHeight});
     CreateScratchStack();
+    RegisterGridClass();
     SettingsPath();
     LoadSettings();
     RepairSeparators(settings);
