@@ -168,6 +168,24 @@ TEST_F(GridSoak, TwoThousandRandomActionsLeaveTheGridInOrder) {
     EXPECT_NEAR(countWithNewGrid(), before, 5);
 }
 
+TEST_F(GridSoak, DestroyedGridsLeaveNothingBehind) {
+    const auto makeAndDestroy = [this](int count) {
+        for (int i = 0; i < count; i++) {
+            DestroyWindow(grid);
+            MakeGrid(3, 4);
+            SetWindowTextW(grid, L"title");
+            Edit(1, 1, L"text");
+            heardOfGrid.all.clear();
+            heardOfGrid.codes.clear();
+        }
+    };
+    makeAndDestroy(20);
+    const int64_t bytes = HeapBytes();
+    makeAndDestroy(100);
+    // A record that was lost with each grid would be more than 200 bytes.
+    EXPECT_LT(HeapBytes() - bytes, 5000);
+}
+
 // 100,000 of them take four minutes under Wine, and leave no more behind than these.
 TEST_F(GridSoak, ThousandsOfEditsLeaveNothingBehind) {
     constexpr int Edits = 3000;
