@@ -281,8 +281,9 @@ TEST_F(GridMouse, ScrollingStoresTheTextOfTheEditor) {
 }
 
 TEST_F(GridMouse, TheWheelScrollsLines) {
-    Turn(-120);
+    Turn(-60);
     EXPECT_EQ(State().topRow, 1);
+    EXPECT_EQ(Record().wheelTurned, 0);
     FillRows(20);
     Turn(-120);
     EXPECT_EQ(State().topRow, 2);
