@@ -17,7 +17,7 @@ constexpr uint64_t WholeFormulaPosition = 1;
 
 ConsoleAnswer FormulaErrorAnswer(const CalcEvaluation& evaluation) {
     char16_t message[UiErrorMessageCapacity + 1];
-    FormatFormulaError(message, UiErrorMessageCapacity, evaluation);
+    FormatFormulaError(message, UiErrorMessageCapacity, evaluation.error, evaluation.errorPosition);
     return {ErrorLine(evaluation.error, evaluation.errorPosition, message), true};
 }
 

@@ -8,7 +8,6 @@
 #include "core/scratch.h"
 #include "core/text_flags.h"
 #include "formula/formula_evaluation.h"
-#include "shell/text_format.h"
 #include "shell/ui_error.h"
 #include "shell/ui_message.h"
 #include "values/number_text.h"
@@ -49,7 +48,7 @@ CalcEvaluation EvaluateInReal(const char16_t* formula, const VariableRows& varia
 
 void RaiseFormulaError(const CalcEvaluation& evaluation) {
     char16_t text[UiErrorArgumentCapacity + 1];
-    FormatFormulaError(text, UiErrorArgumentCapacity, evaluation);
+    FormatFormulaError(text, UiErrorArgumentCapacity, evaluation.error, evaluation.errorPosition);
     SetUiError(UiErrorFormula, text);
 }
 
@@ -107,11 +106,6 @@ CalcEvaluation CalculateResult(const char16_t* formula) {
         KeepResult(value);
     }
     return evaluation;
-}
-
-void FormatFormulaError(char16_t* buffer, int64_t capacity, const CalcEvaluation& evaluation) {
-    FormatBounded(buffer, capacity, FormulaErrorText(evaluation.error),
-                  {static_cast<int32_t>(evaluation.errorPosition)});
 }
 
 }  // namespace tallymere

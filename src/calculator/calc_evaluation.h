@@ -33,7 +33,4 @@ CalcEvaluation EvaluateCalcFormula(const char16_t* formula, uint64_t* result);
 /// pending it does nothing. The thread needs a ScratchStack.
 CalcEvaluation CalculateResult(const char16_t* formula);
 
-/// Writes the text for an error of a formula into a buffer of capacity + 1 characters.
-void FormatFormulaError(char16_t* buffer, int64_t capacity, const CalcEvaluation& evaluation);
-
 }  // namespace tallymere

@@ -132,4 +132,8 @@ const char16_t* FormulaErrorText(FormulaError code) {
     return uiText.TextFormulaInternalFormulaErrorOccurred;
 }
 
+void FormatFormulaError(char16_t* buffer, int64_t capacity, FormulaError code, uint64_t position) {
+    FormatBounded(buffer, capacity, FormulaErrorText(code), {static_cast<int32_t>(position)});
+}
+
 }  // namespace tallymere

@@ -23,4 +23,8 @@ bool TakeUiErrorMessage(char16_t* buffer, int64_t capacity);
 /// characters from 1. Some texts have no "%d". An unknown code gives the text of an internal error.
 const char16_t* FormulaErrorText(FormulaError code);
 
+/// Writes the text for an error of a formula at a position, in characters from 1, into a buffer of
+/// capacity + 1 characters, and ends it with a 0. FormatBounded says what becomes of a longer one.
+void FormatFormulaError(char16_t* buffer, int64_t capacity, FormulaError code, uint64_t position);
+
 }  // namespace tallymere
