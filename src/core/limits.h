@@ -74,6 +74,9 @@ inline constexpr int64_t VariableNameCharacters = 10;
 inline constexpr int64_t ProductVariableCharacters = ProductResultCharacters;
 TALLYMERE_LIMIT int64_t VariableValueCharacters = ProductVariableCharacters;
 
+/// Characters of a coefficient that is evaluated: of a cell in a grid.
+inline constexpr int64_t CoefficientCharacters = 1'030;
+
 /// Characters of a path, of each argument of an error, and of a reported message.
 inline constexpr int64_t PathCapacity = 259;
 inline constexpr int64_t UiErrorArgumentCapacity = 260;

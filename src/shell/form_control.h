@@ -22,6 +22,8 @@ enum FormControlKind {
     FormFocusSink,       ///< a push button out of sight, without tab stop, to put the focus on
     FormField,           ///< an edit control of one line
     FormMultilineField,  ///< an edit control of many lines that scrolls
+    FormUnbrokenField,   ///< likewise, but long lines are not broken and it scrolls sideways too
+    FormGrid,            ///< a grid of text cells, empty at first
     FormList,            ///< an unsorted list that reports selections
     FormSlider,          ///< a slider; only x and width of its place count
     FormNumericUpDown,

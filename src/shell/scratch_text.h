@@ -5,9 +5,17 @@
 
 namespace tallymere {
 
-/// Room for a text of `characters` characters and its terminating 0.
+/// Words of a text of `characters` characters and its terminating 0.
+constexpr int64_t TextWords(int64_t characters) {
+    return characters / CharactersPerWord + 1;
+}
+
+/// Room for such a text, until the end of the scope or until the area is given back.
 inline char16_t* TakeText(ScratchScope& scope, int64_t characters) {
-    return reinterpret_cast<char16_t*>(scope.Take(characters / CharactersPerWord + 1));
+    return reinterpret_cast<char16_t*>(scope.Take(TextWords(characters)));
+}
+inline char16_t* TakeText(ScratchArea& area, int64_t characters) {
+    return reinterpret_cast<char16_t*>(ScratchTake(area, TextWords(characters)));
 }
 
 }  // namespace tallymere

@@ -2,6 +2,7 @@
 
 #include "layout/control_kinds.h"
 #include "toolkit/digit_count_control.h"
+#include "toolkit/grid_control.h"
 #include "toolkit/long_text_field.h"
 #include "toolkit/number_base_control.h"
 #include "toolkit/numeric_up_down.h"
@@ -58,6 +59,13 @@ HWND CreateFormControl(HWND parent, const FormControl& control) {
             return CreateEdit(parent, control.place, text, ES_AUTOHSCROLL, WS_EX_CLIENTEDGE);
         case FormMultilineField:
             return CreateLongTextField(parent, control.place, text);
+        case FormUnbrokenField:
+            return CreateEdit(
+                parent, control.place, text,
+                ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL | WS_VSCROLL | WS_HSCROLL,
+                WS_EX_CLIENTEDGE);
+        case FormGrid:
+            return CreateGrid(parent, control.place, 0, WS_EX_CLIENTEDGE);
         case FormList:
             return CreateControl(parent, ListBoxClass, control.place, text,
                                  WS_VSCROLL | WS_TABSTOP | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,

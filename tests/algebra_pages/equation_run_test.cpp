@@ -1,0 +1,169 @@
+#include "algebra_pages/equation_run.h"
+
+#include <string>
+#include <vector>
+
+#include "algebra/polynomial_roots.h"
+#include "algebra_pages/equation_lines.h"
+#include "core/limits.h"
+#include "core/stop_request.h"
+#include "support/page_run_testing.h"
+
+namespace tallymere {
+namespace {
+
+using namespace testing_support;
+
+struct Options {
+    EquationMode mode = EquationMode::Real;
+    bool exact = false;
+    int64_t digits = 10;
+};
+
+constexpr Options RealRoots = {};
+constexpr Options ComplexRoots = {.mode = EquationMode::Complex};
+constexpr Options ExactRealRoots = {.exact = true};
+constexpr Options ExactComplexRoots = {.mode = EquationMode::Complex, .exact = true};
+
+class EquationRun : public PageRunTest {
+protected:
+    // From the highest coefficient down, as in the grid.
+    static RunResult Solve(const std::vector<std::u16string>& coefficients,
+                           const Options& options = RealRoots) {
+        EquationRequest request = {.degree = static_cast<int64_t>(coefficients.size()) - 1,
+                                   .mode = options.mode,
+                                   .exact = options.exact,
+                                   .digits = options.digits,
+                                   .coefficients = {}};
+        for (int64_t i = 0; i <= request.degree; i++) {
+            request.coefficients[i] = coefficients[static_cast<size_t>(request.degree - i)].c_str();
+        }
+        const NumberSetupScope setup(EquationNumberSetup(request));
+        return ResultOf([&] {
+            ScratchStackScope scope;
+            SolutionSet solutions = TakeSolutionSet(CurrentScratchStack());
+            EquationWorker(solutions, request);
+            if (PendingUiError() == UiErrorNone) {
+                ShowEquationRoots(solutions, request.exact, true, KeepPiece);
+            }
+        });
+    }
+    static RunResult Fails(UiErrorCode code, const std::u16string& label = u"") {
+        return {u"", code, label};
+    }
+};
+
+TEST_F(EquationRun, FindsRealRoots) {
+    EXPECT_EQ(Solve({u"1", u"0", u"-1"}), Sends(u"x1 = -1   [1]\r\nx2 = 1   [1]\r\n"));
+    EXPECT_EQ(Solve({u"2", u"3"}), Sends(u"x1 = -1.5   [1]\r\n"));
+    EXPECT_EQ(Solve({u"1", u"-2", u"1"}), Sends(u"x1 = 1   [2]\r\n"));
+    EXPECT_EQ(Solve({u"1", u"0", u"-2"}),
+              Sends(u"x1 = -1.414213562   [1]\r\nx2 = 1.414213562   [1]\r\n"));
+}
+
+TEST_F(EquationRun, LeavesOutOtherRootsInRealMode) {
+    EXPECT_EQ(Solve({u"1", u"0", u"1"}), Sends(u"The equation has no real solutions."));
+    EXPECT_EQ(Solve({u"1", u"0", u"1"}, ExactRealRoots),
+              Sends(u"The equation has no real solutions."));
+    EXPECT_EQ(Solve({u"1", u"-1", u"1", u"-1"}), Sends(u"x1 = 1   [1]\r\n"));
+}
+
+TEST_F(EquationRun, FindsComplexRoots) {
+    EXPECT_EQ(Solve({u"1", u"0", u"1"}, ComplexRoots), Sends(u"x1 = -i   [1]\r\nx2 = i   [1]\r\n"));
+    EXPECT_EQ(Solve({u"i", u"2"}, ComplexRoots), Sends(u"x1 = 2i   [1]\r\n"));
+}
+
+TEST_F(EquationRun, FindsExactRoots) {
+    EXPECT_EQ(Solve({u"3", u"-1"}, ExactRealRoots),
+              Sends(u"x1 = 1/3 \u2248 0.3333333333   [1]\r\n"));
+    EXPECT_EQ(Solve({u"1", u"0", u"-2"}, ExactRealRoots),
+              Sends(u"x1 = -sqrt(2) \u2248 -1.414213562   [1]\r\n"
+                    u"x2 = sqrt(2) \u2248 1.414213562   [1]\r\n"));
+    EXPECT_EQ(Solve({u"1", u"0", u"0", u"0", u"-1"}, ExactComplexRoots),
+              Sends(u"x1 = -1   [1]\r\nx2 = 1   [1]\r\nx3 = -1*i   [1]\r\nx4 = 1*i   [1]\r\n"));
+    EXPECT_EQ(Solve({u"1", u"0", u"0", u"-2"}, ExactRealRoots),
+              Sends(u"x1 \u2248 1.25992105   [1]\r\n"));
+}
+
+TEST_F(EquationRun, TakesBlankCellsForZero) {
+    EXPECT_EQ(Solve({u"1", u"", u" \t"}), Sends(u"x1 = 0   [2]\r\n"));
+}
+
+TEST_F(EquationRun, NamesACoefficientThatIsNoFormula) {
+    EXPECT_EQ(Solve({u"1", u"2+", u"*"}), Fails(UiErrorCoefficient, u"a1"));
+    EXPECT_EQ(Solve({u"1", u"b", u"3"}), Fails(UiErrorCoefficient, u"a1"));
+    EXPECT_EQ(Solve({u"sin(", u"b", u"3"}), Fails(UiErrorCoefficient, u"a2"));
+    EXPECT_EQ(Solve(std::vector<std::u16string>(11, u"ln(0)")), Fails(UiErrorCoefficient, u"a10"));
+}
+
+TEST_F(EquationRun, SaysWhatIsWrongWithACoefficient) {
+    const EquationRequest request = {.degree = 1,
+                                     .mode = EquationMode::Real,
+                                     .exact = false,
+                                     .digits = 10,
+                                     .coefficients = {u"  2*x", u"1"}};
+    const NumberSetupScope setup(EquationNumberSetup(request));
+    ScratchStackScope scope;
+    SolutionSet solutions = TakeSolutionSet(CurrentScratchStack());
+    EquationWorker(solutions, request);
+    EXPECT_EQ(PendingUiError(), UiErrorCoefficient);
+    EXPECT_EQ(std::u16string(uiError.arg1), u"a0");
+    EXPECT_EQ(std::u16string(uiError.arg2),
+              u"The variable or function at character position 5 is not defined!");
+}
+
+TEST_F(EquationRun, WantsRealCoefficientsInRealMode) {
+    EXPECT_EQ(Solve({u"1", u"i"}), Fails(UiErrorCoefficientNotReal, u"a0"));
+    EXPECT_EQ(Solve({u"1+i", u"1"}), Fails(UiErrorCoefficientNotReal, u"a1"));
+    EXPECT_EQ(Solve({u"i*i", u"4"}), Sends(u"x1 = 4   [1]\r\n"));
+}
+
+TEST_F(EquationRun, WantsFractionsForExactRoots) {
+    for (const char16_t* text : {u"0.5", u"2^128", u"i", u"1+", u"x", u"1/0", u"sqrt(2)"}) {
+        EXPECT_EQ(Solve({u"1", text, u"3"}, ExactRealRoots),
+                  Fails(UiErrorCoefficientNotRational, u"a1"));
+    }
+}
+
+TEST_F(EquationRun, WantsAHighestCoefficient) {
+    for (const char16_t* text : {u"", u"0", u"1-1", u" "}) {
+        EXPECT_EQ(Solve({text, u"1"}), Fails(UiErrorHighestCoefficientZero, u"a1"));
+        EXPECT_EQ(Solve({text, u"1"}, ExactRealRoots), Fails(UiErrorHighestCoefficientZero, u"a1"));
+    }
+    // The rows below are not looked at.
+    EXPECT_EQ(Solve({u"0", u"*"}), Fails(UiErrorHighestCoefficientZero, u"a1"));
+}
+
+TEST_F(EquationRun, HasALongestCoefficient) {
+    const std::u16string longest(CoefficientCharacters, u'1');
+    EXPECT_EQ(Solve({u"1", longest + u"1"}), Fails(UiErrorCoefficientTooLong, u"a0"));
+    EXPECT_EQ(Solve({u"1", longest + u"1"}, ExactRealRoots),
+              Fails(UiErrorCoefficientTooLong, u"a0"));
+    EXPECT_EQ(Solve({longest, u"0"}), Sends(u"x1 = 0   [1]\r\n"));
+}
+
+TEST_F(EquationRun, EndsWithAStop) {
+    RequestStop();
+    EXPECT_EQ(Solve({u"1", u"2"}), Fails(UiErrorStopped));
+}
+
+TEST_F(EquationRun, IsSetUpForTheWorkingDigits) {
+    const EquationRequest request = {
+        .degree = 2, .mode = EquationMode::Real, .exact = false, .digits = 100, .coefficients = {}};
+    const NumberSetup setup = EquationNumberSetup(request);
+    EXPECT_EQ(setup.type, NumberTypeComplex);
+    EXPECT_EQ(setup.digits, 208);
+    EXPECT_EQ(setup.width.limbs, 2);
+    EXPECT_EQ(setup.width.digits, 38);
+    EXPECT_EQ(setup.window.low, -4);
+    EXPECT_EQ(setup.window.high, 10);
+    EquationRequest exact = request;
+    exact.exact = true;
+    exact.degree = 10;
+    exact.digits = 750;
+    EXPECT_EQ(EquationNumberSetup(exact).type, NumberTypeRational);
+    EXPECT_EQ(EquationNumberSetup(exact).digits, 9869);
+}
+
+}  // namespace
+}  // namespace tallymere
