@@ -14,6 +14,19 @@ namespace tallymere {
 
 namespace {
 
+// Ends a line that was left open, and writes the error that is pending. Returns whether there is
+// none.
+bool EndAnswer() {
+    if (!OutputIsAtLineStart()) {
+        GatherOutput("\n");
+    }
+    const UiErrorCode error = PendingUiError();
+    if (error != UiErrorNone && error != UiErrorStopped) {
+        GatherOutput(TakeErrorLine() + "\n");
+    }
+    return error == UiErrorNone;
+}
+
 // Answers one operand; returns whether it succeeded.
 bool AnswerByRun(std::string_view operand, LiveOutput& output,
                  const std::function<void(const char16_t* operand)>& answer) {
@@ -26,14 +39,10 @@ bool AnswerByRun(std::string_view operand, LiveOutput& output,
         answer(input.text.c_str());
         output.End();
     }
-    if (isBlank || !OutputIsAtLineStart()) {
+    if (isBlank) {
         GatherOutput("\n");
     }
-    const UiErrorCode error = PendingUiError();
-    if (error != UiErrorNone && error != UiErrorStopped) {
-        GatherOutput(TakeErrorLine() + "\n");
-    }
-    return error == UiErrorNone;
+    return EndAnswer();
 }
 
 }  // namespace
@@ -79,6 +88,16 @@ ExitStatus AnswerByRuns(const std::vector<std::string>& operands, const char* ki
     LiveOutput output(describeProgress);
     return AnswerOperands(operands, kind, [&](const std::string& operand) {
         return AnswerByRun(operand, output, answer);
+    });
+}
+
+ExitStatus AnswerByOneRun(std::string (*describeProgress)(), const std::function<void()>& answer) {
+    LiveOutput output(describeProgress);
+    return AnswerOperands({std::string()}, "", [&](const std::string&) {
+        output.Begin();
+        answer();
+        output.End();
+        return EndAnswer();
     });
 }
 

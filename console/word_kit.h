@@ -37,4 +37,7 @@ ExitStatus AnswerByRuns(const std::vector<std::string>& operands, const char* ki
                         std::string (*describeProgress)(),
                         const std::function<void(const char16_t* operand)>& answer);
 
+/// Runs `answer` once, likewise.
+ExitStatus AnswerByOneRun(std::string (*describeProgress)(), const std::function<void()>& answer);
+
 }  // namespace tallymere

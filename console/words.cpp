@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "console/equation_word.h"
 #include "console/factor_word.h"
 #include "console/primes_word.h"
 
@@ -11,6 +12,7 @@ namespace tallymere {
 namespace {
 
 constexpr Word Words[] = {
+    {"equation", "the roots of an equation", RunEquationWord},
     {"factor", "prime factors and divisors of numbers", RunFactorWord},
     {"primes", "prime numbers from a number on, or whether it is one", RunPrimesWord},
 };

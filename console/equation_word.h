@@ -1,0 +1,14 @@
+// The word equation: the roots of an equation.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "console/exit_status.h"
+
+namespace tallymere {
+
+/// Runs the word on the arguments behind it and returns the exit status.
+ExitStatus RunEquationWord(const std::vector<std::string>& arguments);
+
+}  // namespace tallymere
