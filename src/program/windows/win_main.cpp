@@ -1,5 +1,6 @@
 // The start of the program, and the order in which its windows are made.
 
+#include "algebra_pages/windows/equation_page.h"
 #include "calculator/windows/calculator_page.h"
 #include "calculator/windows/variables_window.h"
 #include "prime_pages/windows/prime_factors_page.h"
@@ -18,6 +19,7 @@ namespace {
 void CreateProgramWindows() {
     CreateMainWindow();
     CreateCalculatorPage();
+    CreateEquationPage();
     CreatePrimeNumbersPage();
     CreatePrimeFactorsPage();
     CreateOptionsWindow();

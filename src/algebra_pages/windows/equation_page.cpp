@@ -1,0 +1,250 @@
+#include "algebra_pages/windows/equation_page.h"
+
+#include <algorithm>
+#include <span>
+
+#include "algebra/polynomial_roots.h"
+#include "algebra_pages/equation_lines.h"
+#include "algebra_pages/equation_run.h"
+#include "shell/scratch_text.h"
+#include "shell/windows/form_windows.h"
+#include "shell/windows/program_windows.h"
+#include "toolkit/control_data.h"
+#include "toolkit/environment.h"
+#include "toolkit/field_state.h"
+#include "toolkit/grid_control.h"
+#include "toolkit/numeric_up_down.h"
+#include "toolkit/wide_text.h"
+
+namespace tallymere {
+
+EquationPage equationPage;
+
+namespace {
+
+// Written before a run. The thread of the run reads the request and writes the solutions, which the
+// UI thread reads afterwards.
+EquationRequest request;
+SolutionSet solutions;
+
+HWND ControlOf(EquationControl control) {
+    return equationPage.controls[control];
+}
+
+bool IsItemSelected(EquationControl list, int32_t item) {
+    return SendMessageW(ControlOf(list), CB_GETCURSEL, 0, 0) == item;
+}
+
+bool IsMultiplicityShown() {
+    return SendMessageW(ControlOf(EquationMultiplicity), BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+void LayOutPage() {
+    const LayoutSize pixels = ClientSize(equationPage.window);
+    const LayoutSize client = {FromScreenPixels(pixels.width), FromScreenPixels(pixels.height)};
+    for (int32_t i = 0; i < EquationControlCount; i++) {
+        const LayoutRect place = PlaceEquationControl(static_cast<EquationControl>(i), client);
+        if (place != EquationForm[i].place) {
+            PlaceControl(equationPage.controls[i], place);
+        }
+    }
+}
+
+// The grid: one column, and a row for each coefficient, from that of the highest power down.
+
+constexpr int32_t LabelColumnWidth = 40;
+constexpr int32_t CoefficientColumnWidth = 120;
+constexpr int32_t TopRow = -1;
+
+int32_t RowOfCoefficient(int64_t index) {
+    return equationPage.degree - static_cast<int32_t>(index);
+}
+
+void AddCoefficientOnTop(int32_t index) {
+    SendMessageW(ControlOf(EquationGrid), GridInsertRow, static_cast<WPARAM>(TopRow),
+                 reinterpret_cast<LPARAM>(LabelOfCoefficient(index).text));
+}
+
+void PrepareGrid() {
+    const HWND grid = ControlOf(EquationGrid);
+    GridColumnSpec column = {GridColumnText, nullptr, nullptr};
+    SendMessageW(grid, GridSetShowRowNumbers, FALSE, 0);
+    SendMessageW(grid, GridSetShowColumnLetters, FALSE, 0);
+    SendMessageW(grid, GridSetAllowResize, TRUE, 0);
+    SendMessageW(grid, GridSetHeaderColumnWidth, 0, LabelColumnWidth);
+    SendMessageW(grid, GridAddColumn, 0, reinterpret_cast<LPARAM>(&column));
+    SendMessageW(grid, GridSetColumnWidth, 0, CoefficientColumnWidth);
+    AddCoefficientOnTop(0);
+}
+
+// Rows come and go at the top, so each coefficient that stays keeps its text.
+void SetEquationDegree(int32_t degree) {
+    for (; equationPage.degree < degree; equationPage.degree++) {
+        AddCoefficientOnTop(equationPage.degree + 1);
+    }
+    for (; equationPage.degree > degree; equationPage.degree--) {
+        SendMessageW(ControlOf(EquationGrid), GridDeleteRow, 0, 0);
+    }
+    char16_t text[EquationTextCapacity + 1];
+    WriteEquationText(text, degree);
+    SetWindowTextW(ControlOf(EquationText), ToWide(text));
+    SetNumericRange(ControlOf(EquationPrecision), MinEquationDigits,
+                    static_cast<int32_t>(MaxRootDigits(degree)));
+}
+
+void DegreeChanged(HWND, int32_t degree) {
+    SetEquationDegree(degree);
+}
+
+void ClearPage() {
+    for (int32_t row = 0; row <= equationPage.degree; row++) {
+        GridCellSpec cell = {0, row, nullptr};
+        SendMessageW(ControlOf(EquationGrid), GridSetCellText, 0, reinterpret_cast<LPARAM>(&cell));
+    }
+    SetWindowTextW(ControlOf(EquationOutput), L"");
+}
+
+// The run.
+
+// The text of a cell, which stays for the run. A cell takes any length, so it is cut where it is
+// longer than can be read. Null without memory for it.
+const char16_t* TakeCellText(int32_t row) {
+    const HWND grid = ControlOf(EquationGrid);
+    const int64_t length = SendMessageW(grid, GridGetCellLength, 0, row);
+    const HeapText text(length);
+    if (!text.IsThere()) {
+        return nullptr;
+    }
+    GridCellSpec cell = {0, row, text.buffer.get()};
+    SendMessageW(grid, GridGetCellText, 0, reinterpret_cast<LPARAM>(&cell));
+    const int64_t kept = std::min(length, CoefficientCharacters + 1);
+    char16_t* taken = TakeText(CurrentScratchStack(), kept);
+    std::copy_n(text.buffer.get(), kept, taken);
+    taken[kept] = 0;
+    return taken;
+}
+
+// Reads what the working digits depend on.
+NumberSetup ReadEquationSetup() {
+    request = {.degree = equationPage.degree,
+               .mode = IsItemSelected(EquationModeList, ComplexModeItem) ? EquationMode::Complex
+                                                                         : EquationMode::Real,
+               .exact = IsItemSelected(EquationResultTypeList, ExactValueItem),
+               .digits = NumericPosition(ControlOf(EquationPrecision)),
+               .coefficients = {}};
+    return EquationNumberSetup(request);
+}
+
+void PrepareEquation() {
+    SetWindowTextW(ControlOf(EquationOutput), L"");
+    solutions = TakeSolutionSet(CurrentScratchStack());
+    for (int32_t i = 0; i <= request.degree; i++) {
+        request.coefficients[i] = TakeCellText(RowOfCoefficient(i));
+        if (request.coefficients[i] == nullptr) {
+            SetUiError(UiErrorInternal);
+            return;
+        }
+    }
+}
+
+void SolveEquation() {
+    EquationWorker(solutions, request);
+}
+
+void AppendToOutput(const char16_t* text) {
+    const HWND output = ControlOf(EquationOutput);
+    const auto end = static_cast<WPARAM>(GetWindowTextLengthW(output));
+    SendMessageW(output, EM_SETSEL, end, static_cast<LPARAM>(end));
+    SendMessageW(output, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text));
+}
+
+void FinishEquation(bool succeeded) {
+    if (succeeded) {
+        ShowEquationRoots(solutions, request.exact, IsMultiplicityShown(), AppendToOutput);
+    }
+}
+
+constexpr PageTask EquationTask = {ReadEquationSetup, PrepareEquation, SolveEquation,
+                                   FinishEquation, UiErrorCalculation};
+
+// The window.
+
+void FillList(EquationControl list, std::span<const UiTextEntry> items) {
+    for (const UiTextEntry item : items) {
+        SendMessageW(ControlOf(list), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(uiText.*item));
+    }
+    SendMessageW(ControlOf(list), CB_SETCURSEL, 0, 0);
+}
+
+void FillControls() {
+    FillList(EquationModeList, EquationModeItems);
+    FillList(EquationResultTypeList, EquationResultTypeItems);
+    SendMessageW(ControlOf(EquationMultiplicity), BM_SETCHECK, BST_CHECKED, 0);
+    PrepareGrid();
+    SetEquationDegree(InitialEquationDegree);
+    SetNumericPosition(ControlOf(EquationPrecision), DefaultDigits);
+    SetNumericRange(ControlOf(EquationDegreeField), 1, MaxEquationDegree);
+    SetNumericPosition(ControlOf(EquationDegreeField), InitialEquationDegree);
+    SetNumericChanged(ControlOf(EquationDegreeField), DegreeChanged);
+}
+
+void HandleCommand(HWND control, int32_t news) {
+    if (news != BN_CLICKED) {
+        return;
+    }
+    if (control == ControlOf(EquationClear)) {
+        ClearPage();
+    } else if (control == ControlOf(EquationClose)) {
+        SendMessageW(equationPage.window, WM_CLOSE, 0, 0);
+    }
+}
+
+LRESULT EquationPageProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
+    if (equationPage.window == nullptr ||
+        HandlePageRun(equationPage.run, message, wParam, lParam, callDefault)) {
+        return 0;
+    }
+    switch (message) {
+        case WM_SIZE:
+            if (wParam != SIZE_MINIMIZED) {
+                LayOutPage();
+            }
+            break;
+        case WM_COMMAND:
+            if (lParam != 0) {
+                HandleCommand(reinterpret_cast<HWND>(lParam), HIWORD(wParam));
+            }
+            break;
+        case WM_NCDESTROY:
+            equationPage.window = nullptr;
+            break;
+        default:
+            break;
+    }
+    return 0;
+}
+
+}  // namespace
+
+void CreateEquationPage() {
+    equationPage = {};
+    const HWND window = CreateDialogWindow(hiddenOwnerWindow, EquationPageSize,
+                                           uiText.TextAlgSolveAlgebraicEquations, EquationPageProc,
+                                           WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX |
+                                               WS_MAXIMIZEBOX | DialogClientSize | DialogCentred,
+                                           0);
+    CreateFormControls(window, EquationForm, EquationControlCount, equationPage.controls);
+    FillControls();
+    equationPage.window = window;
+    equationPage.run = {.page = window,
+                        .startTask = &EquationTask,
+                        .controls = {.startButton = ControlOf(EquationSolve),
+                                     .startCaption = &UiText::TextAlgSolve,
+                                     .disabled = &equationPage.controls[EquationClear],
+                                     .disabledCount = 1},
+                        .states = {.rules = {StopFromTheStart, LeavesLater}}};
+    LayOutPage();
+    pageWindows[PageAlgebraicEquations] = window;
+}
+
+}  // namespace tallymere
