@@ -99,7 +99,7 @@ class ExampleTest(unittest.TestCase):
             for example in some:
                 lines, errors, _ = run([example.word, "--language", language,
                                         *separator_options(language), *example.options,
-                                        example.formula])
+                                        *example.formula.split()])
                 answer = " ".join(" ".join(lines).split())
                 error = re.fullmatch(r"error \d+: (.*)", answer)
                 with self.subTest(language=language, options=example.options,

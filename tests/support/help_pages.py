@@ -1,9 +1,10 @@
 """Reads the help pages for their tests: a strict parser, the examples, the texts of the program.
 
 In the pages, <code class="formula"> is a formula and the next <samp> what the calculator shows for
-it, of class "message" if that is an error. <code class="number"> is a number for the word of
-tallymere-console that data-word on it or around it names; its lines of output stand in one. data-type and data-options on the formula or around it
-are options of tallymere-console; formulas inside data-session belong to one run, in their order.
+it, of class "message" if that is an error. <code class="number"> has the operands, with spaces
+between them, for the word of tallymere-console that data-word on it or around it names; its lines
+of output stand in one. data-type and data-options on the formula or around it are options of
+tallymere-console; formulas inside data-session belong to one run, in their order.
 data-text names the text of the program that an element quotes.
 """
 
