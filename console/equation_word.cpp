@@ -68,7 +68,7 @@ std::string Usage() {
 std::string CheckEquation(const EquationWord& word, int64_t coefficients) {
     const int64_t degree = coefficients - 1;
     if (degree < 1 || degree > MaxEquationDegree) {
-        return std::to_string(coefficients) + " coefficients are not allowed; allowed: 2 to " +
+        return std::string(degree < 1 ? "too few" : "too many") + " coefficients; allowed: 2 to " +
                std::to_string(MaxEquationDegree + 1) + ", for the degrees 1 to " +
                std::to_string(MaxEquationDegree);
     }

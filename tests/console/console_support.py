@@ -5,6 +5,7 @@ TALLYMERE_SEED replaces the seed of random formulas.
 """
 
 import os
+import select
 import subprocess
 import unittest
 from decimal import ROUND_HALF_UP, Context, Decimal
@@ -76,6 +77,16 @@ def run(arguments=(), text=b""):
 def start(arguments=()):
     return subprocess.Popen(CONSOLE + list(arguments), stdin=subprocess.PIPE,
                             stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+
+
+def read_until(reader, text):
+    """What comes from a file descriptor up to a text and a little behind it."""
+    found = b""
+    while text not in found:
+        if not select.select([reader], [], [], SECONDS)[0]:
+            raise AssertionError(f"{text!r} does not come behind {found!r}")
+        found += os.read(reader, 4096)
+    return found
 
 
 def keep_console_waiting():

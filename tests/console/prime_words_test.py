@@ -17,7 +17,7 @@ import unittest
 sys.dont_write_bytecode = True
 from console_support import MESSAGES as FORMULA_MESSAGES  # noqa: E402
 from console_support import (CONSOLE, NATIVE, SECONDS, SEED, ConsoleCase,  # noqa: E402
-                             keep_console_waiting, run, start)
+                             keep_console_waiting, read_until, run, start)
 
 MESSAGES = {
     "en": FORMULA_MESSAGES["en"] | {
@@ -333,13 +333,6 @@ if NATIVE:
     class StopTest(unittest.TestCase):
         LONG = ["primes", "--method", "probabilistic", "--interval", "2147483647", str(10**1200)]
 
-        def read_until(self, reader, text):
-            shown = b""
-            while text not in shown:
-                self.assertTrue(select.select([reader], [], [], SECONDS)[0])
-                shown += os.read(reader, 4096)
-            return shown
-
         def test_ctrl_c_keeps_what_was_printed(self):
             with start(["primes", "--interval", "2147483647", "1"]) as process:
                 self.assertEqual(b"Prime numbers from 1 to 2147483647:\n",
@@ -373,7 +366,7 @@ if NATIVE:
             with subprocess.Popen(CONSOLE + arguments, stdout=subprocess.DEVNULL,
                                   stderr=terminal) as process:
                 os.close(terminal)
-                shown = self.read_until(reader, b" s, ")
+                shown = read_until(reader, b" s, ")
                 process.send_signal(signal.SIGINT)
                 self.assertEqual(130, process.wait(SECONDS))
                 shown += os.read(reader, 4096)
@@ -392,7 +385,7 @@ if NATIVE:
             with subprocess.Popen(CONSOLE + self.LONG, stdout=terminal,
                                   stderr=terminal) as process:
                 os.close(terminal)
-                shown = self.read_until(reader, b"{ ")
+                shown = read_until(reader, b"{ ")
                 end = time.monotonic() + 1.5
                 while select.select([reader], [], [], max(end - time.monotonic(), 0))[0]:
                     shown += os.read(reader, 4096)
