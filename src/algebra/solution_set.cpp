@@ -1,5 +1,7 @@
 #include "algebra/solution_set.h"
 
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
 #include "core/real_compare.h"
@@ -43,6 +45,20 @@ bool AreEqual(const ComplexNumber* a, const ComplexNumber* b) {
            RealCompare(ImaginaryPart(a), ImaginaryPart(b)) == 0;
 }
 
+// The entry among the first `count` that is the same root as a later one; `count` if there is none.
+int64_t FindSameRoot(const SolutionSet& solutions, int64_t count, int64_t index) {
+    const std::u16string_view text = solutions.exactTexts[index];
+    for (int64_t i = count - 1; i >= 0; i--) {
+        if (!AreEqual(solutions.values[i], solutions.values[index])) {
+            break;
+        }
+        if (solutions.exactTexts[i] == text) {
+            return i;
+        }
+    }
+    return count;
+}
+
 }  // namespace
 
 bool SolutionSetIsWellFormed(const SolutionSet& solutions) {
@@ -69,18 +85,17 @@ void SortRoots(SolutionSet& solutions) {
 }
 
 void MergeEqualRoots(SolutionSet& solutions) {
-    int64_t kept = 0;
-    for (int64_t i = 1; i < solutions.count; i++) {
-        if (AreEqual(solutions.values[kept], solutions.values[i])) {
-            solutions.multiplicities[kept] += solutions.multiplicities[i];
+    int64_t count = 0;
+    for (int64_t i = 0; i < solutions.count; i++) {
+        const int64_t same = FindSameRoot(solutions, count, i);
+        if (same < count) {
+            solutions.multiplicities[same] += solutions.multiplicities[i];
         } else {
-            kept++;
-            SwapEntries(solutions, kept, i);
+            SwapEntries(solutions, count, i);
+            count++;
         }
     }
-    if (solutions.count > 0) {
-        solutions.count = kept + 1;
-    }
+    solutions.count = std::min(solutions.count, count);
 }
 
 void DropNonRealRoots(SolutionSet& solutions) {

@@ -55,8 +55,9 @@ bool SolutionSetIsWellFormed(const SolutionSet& solutions);
 /// magnitude of the imaginary part, and the negative imaginary part first.
 void SortRoots(SolutionSet& solutions);
 
-/// Makes one entry of neighbours with the same value, down to the last digit, and adds their
-/// multiplicities. The entries must be in order. The first text of each group stays.
+/// Makes one entry of neighbours with the same value, down to the last digit, and the same text,
+/// and adds their multiplicities: roots with different texts are different, even if they are too
+/// close to be told apart by their values. The entries must be in order.
 void MergeEqualRoots(SolutionSet& solutions);
 
 /// Drops the entries at the end whose imaginary part is not exactly 0. The entries must be in

@@ -97,11 +97,16 @@ TEST_F(ExactRoots, CoefficientsThatAreTooLargeLeaveTheValues) {
               Lines({" = -3.833233542e-20 0", " = 3.833233542e-20 0"}));
 }
 
-// Two roots that are one to the digits asked for become one, although their texts differ. The text
-// is that of the first slot.
-TEST_F(ExactRoots, RootsThatAreEqualToTheDigitsAreMerged) {
+TEST_F(ExactRoots, RootsWithDifferentTextsStayApartThoughTheirDigitsAreEqual) {
     EXPECT_EQ(Solve({"1000000000000", "-2000000000001", "1000000000001"}),
-              Lines({"1000000000001/1000000000000 = 1e0 0 [2]"}));
+              Lines({"1000000000001/1000000000000 = 1e0 0", "1 = 1e0 0"}));
+}
+
+// (x - 1)^2 (x - 1000001/1000000)^2.
+TEST_F(ExactRoots, MultipleRootsThatAreCloseAreMergedEach) {
+    EXPECT_EQ(Solve({"1000000000000", "-4000002000000", "6000006000001", "-4000006000002",
+                     "1000002000001"}),
+              Lines({"1 = 1e0 0 [2]", "1000001/1000000 = 1.000001e0 0 [2]"}));
 }
 
 TEST_F(ExactRoots, AFailureLeavesNoRoots) {

@@ -37,6 +37,9 @@ TEST(SolutionSet, MergesNeighboursThatAgreeToTheLastDigit) {
     const PrecisionScope scope(20);
     SolutionRoom room;
     Fill(room.Set(), {"1 0", "1 0", "1.0000000000000000001 0", "2 -1", "2 1", "2 1", "2 1"});
+    room.Set().exactTexts[1][0] = u'a';
+    room.Set().exactTexts[5][0] = u'e';
+    room.Set().exactTexts[6][0] = u'e';
     MergeEqualRoots(room.Set());
     EXPECT_EQ(room.Texts(), (Texts{"1e0 0 [3]", "1.0000000000000000001e0 0 [3]", "2e0 -1e0 [4]",
                                    "2e0 1e0 [18]"}));
@@ -49,6 +52,18 @@ TEST(SolutionSet, MergesNeighboursThatAgreeToTheLastDigit) {
             EXPECT_NE(room.Set().exactTexts[i], room.Set().exactTexts[j]);
         }
     }
+}
+
+TEST(SolutionSet, KeepsRootsApartWhoseTextsDiffer) {
+    const PrecisionScope scope(20);
+    SolutionRoom room;
+    Fill(room.Set(), {"1 0", "1 0", "1 0", "1 0"});
+    room.Set().exactTexts[2][0] = u'a';
+    room.Set().exactTexts[3][0] = u'b';
+    MergeEqualRoots(room.Set());
+    EXPECT_EQ(room.Texts(), (Texts{"1e0 0 [4]", "1e0 0 [6]"}));
+    EXPECT_EQ(room.Set().exactTexts[0][0], u'a');
+    EXPECT_EQ(room.Set().exactTexts[1][0], u'b');
 }
 
 TEST(SolutionSet, DropsRootsThatAreNotReal) {
