@@ -60,9 +60,13 @@ LRESULT HandleEdit(HWND edit, UINT message, WPARAM wParam, LPARAM, bool& callDef
 void CreateChildren(HWND control) {
     const LayoutSize size = ClientSize(control);
     const LayoutRect place = {0, 0, FromScreenPixels(size.width), FromScreenPixels(size.height)};
-    // The field uses Return itself. So Return does not click the dialog's default button.
-    const HWND edit =
-        CreateEdit(control, place, nullptr, ES_RIGHT | ES_WANTRETURN, WS_EX_CLIENTEDGE);
+    // The field uses Return itself. So Return does not click the dialog's default button. An edit
+    // control that does not scroll takes no character beyond its width, and the largest numbers of
+    // narrow fields could not be typed.
+    const HWND edit = CreateEdit(control, place, nullptr, ES_RIGHT | ES_WANTRETURN | ES_AUTOHSCROLL,
+                                 WS_EX_CLIENTEDGE);
+    // A narrow field has no room for the margins that its font asks for.
+    SendMessageW(edit, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
     const HWND spin =
         CreateControl(control, SpinClass, {}, nullptr,
                       UDS_SETBUDDYINT | UDS_ALIGNRIGHT | UDS_ARROWKEYS | UDS_NOTHOUSANDS);

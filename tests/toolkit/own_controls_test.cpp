@@ -88,6 +88,19 @@ TEST_F(NumericUpDown, ItsFieldFillsItAtAnyResolution) {
     }
 }
 
+TEST_F(NumericUpDown, ItsFieldTakesNumbersThatAreWiderThanItAndHasNoMargins) {
+    const HWND narrow = CreateNumericUpDown(dialog, {200, 20, 30, 19});
+    SetNumericRange(narrow, 0, 1'000'000);
+    const HWND field = NumericEdit(narrow);
+    EXPECT_EQ(SendMessageW(field, EM_GETMARGINS, 0, 0), 0);
+    SetWindowTextW(field, L"");
+    for (const char16_t c : std::u16string(u"123456")) {
+        TypeCharacter(field, c);
+    }
+    EXPECT_EQ(TextOf(field), "123456");
+    EXPECT_EQ(NumericPosition(narrow), 123'456);
+}
+
 TEST_F(NumericUpDown, ThePageIsNotToldOfWhatItSets) {
     SetNumericRange(numeric, 1, 10000);
     EXPECT_EQ(TextOf(edit), "1");
