@@ -9,7 +9,7 @@
 namespace tallymere {
 
 /// The client area as it is made.
-inline constexpr LayoutSize EquationPageSize = {600, 460};
+inline constexpr LayoutSize EquationPageSize = {600, 540};
 
 enum EquationControl : int32_t {
     EquationDegreeField,

@@ -43,10 +43,8 @@ void LayOutPage() {
     const LayoutSize pixels = ClientSize(equationPage.window);
     const LayoutSize client = {FromScreenPixels(pixels.width), FromScreenPixels(pixels.height)};
     for (int32_t i = 0; i < EquationControlCount; i++) {
-        const LayoutRect place = PlaceEquationControl(static_cast<EquationControl>(i), client);
-        if (place != EquationForm[i].place) {
-            PlaceControl(equationPage.controls[i], place);
-        }
+        const auto control = static_cast<EquationControl>(i);
+        PlaceControl(ControlOf(control), PlaceEquationControl(control, client));
     }
 }
 
