@@ -30,6 +30,8 @@ CLASSES = {
     "digit count": ("digitcountcontrol", None),
     "container": ("scicalccontainercontrol", None),
     "number base": ("numberbasecontrol", None),
+    "unbroken field": ("edit", None),
+    "grid": ("simplegridctl", None),
 }
 
 # Texts whose controls are as wide as Segoe UI needs. Under Wine another font stands in for it, and
@@ -44,6 +46,9 @@ WIDE_IN_STAND_IN = {
     "Number of divisors",
     "probabilistic (max. 1253 decimal digits)",
     "probabilistisch (max. 1253 Dezimalziff.)",
+    "Multiplicity",
+    "Vielfachheit",
+    "Genauigkeit",
 }
 # Labels that are lower than a line. Their letters have nothing down there.
 LOW_LABELS = {"Base", "Basis"}

@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 
+#include "algebra_pages/equation_form.h"
 #include "calculator/calculator_form.h"
 #include "calculator/calculator_sliders.h"
 #include "calculator/keypad.h"
@@ -56,6 +57,10 @@ const char* KindName(FormControlKind kind) {
             return "field";
         case FormMultilineField:
             return "multiline field";
+        case FormUnbrokenField:
+            return "unbroken field";
+        case FormGrid:
+            return "grid";
         case FormList:
             return "list";
         case FormSlider:
@@ -191,6 +196,25 @@ std::string KeysJson() {
 }
 
 // The rows of the controls that tests ask for.
+std::string EquationRowsJson() {
+    JsonList rows = JsonObject();
+    const auto add = [&rows](const char* name, EquationControl row) {
+        rows.Add(name, int32_t{row});
+    };
+    add("degree", EquationDegreeField);
+    add("mode", EquationModeList);
+    add("result type", EquationResultTypeList);
+    add("precision", EquationPrecision);
+    add("multiplicity", EquationMultiplicity);
+    add("text", EquationText);
+    add("grid", EquationGrid);
+    add("output", EquationOutput);
+    add("solve", EquationSolve);
+    add("clear", EquationClear);
+    add("close", EquationClose);
+    return rows.Text();
+}
+
 std::string PrimeFactorsRowsJson() {
     JsonList rows = JsonObject();
     const auto add = [&rows](const char* name, PrimeFactorsControl row) {
@@ -245,6 +269,8 @@ std::string LanguageJson(Language language) {
     tables.Add("calculator_container", FormJson(ContainerForm));
     tables.Add("variables_size", SizeJson(VariablesSize));
     tables.Add("variables", FormJson(VariablesForm));
+    tables.Add("equation_size", SizeJson(EquationPageSize));
+    tables.Add("equation", FormJson(EquationForm));
     tables.Add("prime_factors_size", SizeJson(PrimeFactorsSize));
     tables.Add("prime_factors", FormJson(PrimeFactorsForm));
     tables.Add("prime_numbers_size", SizeJson(PrimeNumbersSize));
@@ -268,6 +294,7 @@ int main() {
     languages.Add("keypads", KeypadsJson());
     languages.Add("container", ContainerJson());
     languages.Add("keys", KeysJson());
+    languages.Add("equation_rows", EquationRowsJson());
     languages.Add("prime_factors_rows", PrimeFactorsRowsJson());
     languages.Add("prime_numbers_rows", PrimeNumbersRowsJson());
     std::cout << languages.Text() << std::endl;

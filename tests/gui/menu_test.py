@@ -24,8 +24,8 @@ MENU = {
 }
 OPTIONS = 101
 EXIT = 102
-WITHOUT_PAGE = range(202, 205)
-PRIME_PAGES = (205, 206)
+WITHOUT_PAGE = (203, 204)
+WITH_PAGE = (CALCULATOR, 202, 205, 206)
 INFO = 302
 
 
@@ -48,7 +48,7 @@ class MenuTest(GuiCase):
     def test_items_without_a_page_are_grey(self):
         program = self.start_again()
         for _ in range(2):
-            self.check_items_of_pages(program, {CALCULATOR, *PRIME_PAGES})
+            self.check_items_of_pages(program, set(WITH_PAGE))
 
     def test_a_click_on_a_grey_item_leaves_the_menu_open(self):
         program = self.start_again()

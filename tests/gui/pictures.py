@@ -4,6 +4,7 @@ A window that is new gets its method here and a line in take_all.
 """
 
 from calculator_case import VARIABLES, CalculatorCase
+from equation_case import EquationCase
 from gui_case import MAIN_TITLE
 from prime_case import PRIME_FACTORS, PRIME_NUMBERS, PrimeCase
 from program import MENU_CLASS, MESSAGE_BOX_CLASS, middle
@@ -25,6 +26,7 @@ class Pictures(CalculatorCase):
             self.take_menu(program)
             self.take_options(program)
             self.take_about(program)
+            self.take_equations(program, dpi)
             self.take_primes(program)
             self.take_calculator(program)
         finally:
@@ -94,6 +96,33 @@ class Pictures(CalculatorCase):
         program.wait_for(lambda: self.variable_rows(program, variables.text) == ["var00"],
                          "a variable")
         self.take("variables", variables)
+
+    def take_equations(self, program, dpi):
+        """The page with exact roots, with an open list, and with the longest grid and numbers."""
+        hands = EquationCase()
+        hands.display, hands.program, hands.dpi = self.display, program, dpi
+        hands.forms, hands.texts = self.forms, self.texts
+        hands.open_page()
+        self.take("equations-start", hands.page().window)
+        hands.set_number("degree", 4)
+        hands.select("mode", 1)
+        hands.select("result type", 1)
+        hands.type_coefficients("2", "5", "1", "10", "-6")
+        hands.solve()
+        hands.wait_for_page(lambda page: page.output and hands.is_idle(page), "the roots")
+        self.take("equations-exact", hands.page().window)
+        hands.click(hands.page()["result type"])
+        rows = program.wait_for(lambda: program.find(LIST_CLASS), "the list to drop down")
+        self.take("equations-list", hands.page().window, rows)
+        self.display.press("Home", "Return")
+        program.wait_until_hidden(None, LIST_CLASS)
+        hands.set_number("degree", 10)
+        hands.set_number("precision", 200)
+        hands.type_coefficients("1", "sqrt(2)", "-3/7", "", "", "", "", "", "", "", "-1")
+        hands.solve()
+        hands.wait_for_page(lambda page: "x10" in page.output and hands.is_idle(page), "the roots")
+        self.take("equations-long", hands.page().window)
+        hands.close_page()
 
     def take_primes(self, program):
         """Both pages with a result."""

@@ -14,8 +14,9 @@ class PicturesTest(GuiCase):
         self.assertEqual(
             ["main-en-96", "menu-application-en-96", "menu-algebra-en-96", "menu-help-en-96",
              "options-en-96", "options-list-en-96", "options-refused-en-96",
-             "options-language-en-96", "about-en-96", "prime-numbers-en-96",
-             "prime-factors-en-96", "calculator-cplx-en-96",
+             "options-language-en-96", "about-en-96", "equations-start-en-96",
+             "equations-exact-en-96", "equations-list-en-96", "equations-long-en-96",
+             "prime-numbers-en-96", "prime-factors-en-96", "calculator-cplx-en-96",
              "calculator-rat-en-96", "calculator-uint-en-96", "calculator-real-en-96",
              "variables-en-96"],
             [path.stem for path in files])

@@ -4,6 +4,7 @@
 import unittest
 
 from gui_case import MAIN_TITLE, GuiCase, file_bytes, settings_text
+from program import DIALOG_CLASS
 
 
 class StartTest(GuiCase):
@@ -24,6 +25,16 @@ class StartTest(GuiCase):
                 self.assertIsNone(program.find(title=title))
                 self.close_program(program)
                 self.settings_path().unlink()
+
+    def test_windows_are_made_in_their_order(self):
+        """A window that was never shown stands in front of those of its owner that were made
+        before it."""
+        program = self.start_again()
+        self.assertEqual(["About Tallymere", "Options", MAIN_TITLE, "Calculator variables",
+                          "Prime factors and divisors", "Prime numbers",
+                          "Solve algebraic equations", "Scientific Calculator"],
+                         [window.text for window in program.probe.windows()
+                          if window.class_name == DIALOG_CLASS and window.text])
 
     def test_first_run_leaves_the_settings_as_they_are_at_first(self):
         program = self.start()
