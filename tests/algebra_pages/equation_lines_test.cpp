@@ -90,5 +90,23 @@ TEST_F(EquationLines, HaveRoomForTheLongestRoot) {
               Sends(u"x1 = " + exact + u" \u2248 " + value + u"   [10]\r\n"));
 }
 
+// No solver writes so long a text.
+TEST_F(EquationLines, EndWithAnEllipsisWhereTheyDoNotFit) {
+    const NumberSetupScope setup(NumberSetup{.type = NumberTypeComplex, .digits = 20});
+    ScratchStackScope scratch;
+    std::u16string exact(100'000, u'7');
+    SolutionSet solutions = {};
+    solutions.count = 1;
+    solutions.values[0] = ComplexAt(scratch.Take(ComplexWords()));
+    ComplexFromText(solutions.values[0], u"7", TextUntilZero, 0);
+    solutions.exactTexts[0] = exact.data();
+    const RunResult result =
+        ResultOf([&] { ShowEquationRoots(solutions, true, false, KeepPiece); });
+    EXPECT_EQ(result.error, UiErrorTextOverflow);
+    EXPECT_TRUE(result.text.starts_with(u"x1 = 777"));
+    EXPECT_TRUE(result.text.ends_with(u"7\u2026"));
+    EXPECT_LT(result.text.size(), exact.size());
+}
+
 }  // namespace
 }  // namespace tallymere

@@ -105,8 +105,10 @@ TEST_F(EquationRun, SaysWhatIsWrongWithACoefficient) {
     const NumberSetupScope setup(EquationNumberSetup(request));
     ScratchStackScope scope;
     SolutionSet solutions = TakeSolutionSet(CurrentScratchStack());
+    solutions.count = 7;
     EquationWorker(solutions, request);
     EXPECT_EQ(PendingUiError(), UiErrorCoefficient);
+    EXPECT_EQ(solutions.count, 0) << "those of another run";
     EXPECT_EQ(std::u16string(uiError.arg1), u"a0");
     EXPECT_EQ(std::u16string(uiError.arg2),
               u"The variable or function at character position 5 is not defined!");
