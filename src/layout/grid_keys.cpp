@@ -56,7 +56,7 @@ GridKeyEffect EffectOfTab(const GridKeyStroke& stroke) {
 }
 
 GridKeyEffect EffectOfOpeningKey(const GridState& state, const GridKeyStroke& stroke) {
-    if (IsSilentKey(stroke) || !CanEditGridCell(state, state.cursorColumn, state.cursorRow)) {
+    if (IsSilentKey(stroke) || !CanEditGridCursor(state)) {
         return Only(GridKeyAction::Nothing);
     }
     return Only(stroke.isAltBitSet ? GridKeyAction::EditText : GridKeyAction::Type);

@@ -45,4 +45,8 @@ bool CanEditGridCell(const GridState& state, int32_t column, int32_t row) {
            GridColumnWidth(state.table, column) > 0;
 }
 
+bool CanEditGridCursor(const GridState& state) {
+    return CanEditGridCell(state, state.cursorColumn, state.cursorRow);
+}
+
 }  // namespace tallymere

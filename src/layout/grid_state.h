@@ -38,4 +38,7 @@ void ClampGridState(GridState& state);
 /// True when the user may edit a cell. One that has no width cannot be seen and so not be edited.
 bool CanEditGridCell(const GridState& state, int32_t column, int32_t row);
 
+/// The same for the cell of the cursor.
+bool CanEditGridCursor(const GridState& state);
+
 }  // namespace tallymere

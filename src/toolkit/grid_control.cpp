@@ -20,23 +20,6 @@ namespace tallymere {
 
 namespace {
 
-// Counts the messages that are being handled, and frees a destroyed grid behind the last one.
-struct MessageScope {
-    explicit MessageScope(GridRecord& record) : grid(record) { grid.messageDepth++; }
-
-    ~MessageScope() {
-        grid.messageDepth--;
-        if (grid.isDestroyed && grid.messageDepth == 0) {
-            delete &grid;
-        }
-    }
-
-    MessageScope(const MessageScope&) = delete;
-    MessageScope& operator=(const MessageScope&) = delete;
-
-    GridRecord& grid;
-};
-
 void StoreTitle(GridRecord& grid, LPARAM text) {
     const auto* const title = reinterpret_cast<const char16_t*>(text);
     StoreGridText(grid.title, title != nullptr ? title : std::u16string_view());
@@ -68,12 +51,12 @@ bool CreateRecord(HWND window, const CREATESTRUCTW& creation) {
 
 // Leaves a record of an empty grid for the messages that are still being handled.
 void DestroyRecord(GridRecord& grid) {
-    DestroyGridEditor(grid);
+    grid.isDestroyed = true;
     RemovePropW(grid.window, ToWide(GridRecordProperty));
+    DestroyGridEditor(grid);
     FreeGridTable(grid.state.table);
     ClampGridState(grid.state);
     StoreGridText(grid.title, {});
-    grid.isDestroyed = true;
 }
 
 LRESULT SetFonts(GridRecord& grid, WPARAM wParam) {
@@ -104,7 +87,6 @@ void HandleFocus(GridRecord& grid, UINT message, WPARAM other) {
 void HandleCommand(GridRecord& grid, WPARAM wParam, LPARAM lParam) {
     if (HIWORD(wParam) == GridEditorDone && reinterpret_cast<HWND>(lParam) == grid.editWindow) {
         CommitGridEditor(grid);
-        SetFocus(grid.window);
     }
 }
 
@@ -199,7 +181,7 @@ LRESULT CALLBACK GridProc(HWND window, UINT message, WPARAM wParam, LPARAM lPara
     if (grid == nullptr) {
         return DefWindowProcW(window, message, wParam, lParam);
     }
-    const MessageScope scope(*grid);
+    const GridMessageScope scope(*grid);
     return HandleMessage(*grid, message, wParam, lParam);
 }
 

@@ -37,11 +37,13 @@ GridEditorFacts FactsOf(HWND editor) {
     return {static_cast<int32_t>(start), static_cast<int32_t>(end), GetWindowTextLengthW(editor)};
 }
 
-// Gives a key to the grid. The edit control may be gone then.
+// Gives a key to the grid, unless the page has moved the focus elsewhere when it was told of the
+// text. The edit control may be gone then.
 void PassKey(GridRecord& grid, WPARAM key, LPARAM flags) {
     CommitGridEditor(grid);
-    SetFocus(grid.window);
-    SendMessageW(grid.window, WM_KEYDOWN, key, flags);
+    if (GetFocus() == grid.window) {
+        SendMessageW(grid.window, WM_KEYDOWN, key, flags);
+    }
 }
 
 // True when the edit control itself handles the key.
@@ -78,39 +80,48 @@ bool HandleCharacter(const GridRecord& grid, HWND editor, WPARAM character) {
     return false;
 }
 
-LRESULT CALLBACK GridEditorProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT HandleEditorMessage(GridRecord& grid, HWND window, UINT message, WPARAM wParam,
+                            LPARAM lParam) {
     const WNDPROC savedProc = SavedProc(window);
+    switch (message) {
+        case WM_KEYDOWN:
+            if (!HandleKey(grid, window, wParam, lParam)) {
+                return 0;
+            }
+            break;
+        case WM_CHAR:
+            if (!HandleCharacter(grid, window, wParam)) {
+                return 0;
+            }
+            break;
+        case WM_MOUSEWHEEL:
+            CommitGridEditor(grid);
+            return SendMessageW(grid.window, message, wParam, lParam);
+        case WM_KILLFOCUS: {
+            const LRESULT result = CallWindowProcW(savedProc, window, message, wParam, lParam);
+            CommitGridEditor(grid);
+            return result;
+        }
+        case WM_GETOBJECT:
+            if (static_cast<LONG>(lParam) == static_cast<LONG>(OBJID_CLIENT)) {
+                return AnswerGridEditorObject(window, wParam);
+            }
+            break;
+        default:
+            break;
+    }
+    return CallWindowProcW(savedProc, window, message, wParam, lParam);
+}
+
+LRESULT CALLBACK GridEditorProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     GridRecord* const grid = GridRecordOf(GetParent(window));
+    if (grid != nullptr && message != WM_NCDESTROY) {
+        const GridMessageScope scope(*grid);
+        return HandleEditorMessage(*grid, window, message, wParam, lParam);
+    }
+    const WNDPROC savedProc = SavedProc(window);
     if (message == WM_NCDESTROY) {
         RemovePropW(window, ToWide(GridEditorProcProperty));
-    } else if (grid != nullptr) {
-        switch (message) {
-            case WM_KEYDOWN:
-                if (!HandleKey(*grid, window, wParam, lParam)) {
-                    return 0;
-                }
-                break;
-            case WM_CHAR:
-                if (!HandleCharacter(*grid, window, wParam)) {
-                    return 0;
-                }
-                break;
-            case WM_MOUSEWHEEL:
-                CommitGridEditor(*grid);
-                return SendMessageW(grid->window, message, wParam, lParam);
-            case WM_KILLFOCUS: {
-                const LRESULT result = CallWindowProcW(savedProc, window, message, wParam, lParam);
-                CommitGridEditor(*grid);
-                return result;
-            }
-            case WM_GETOBJECT:
-                if (static_cast<LONG>(lParam) == static_cast<LONG>(OBJID_CLIENT)) {
-                    return AnswerGridEditorObject(window, wParam);
-                }
-                break;
-            default:
-                break;
-        }
     }
     return CallWindowProcW(savedProc, window, message, wParam, lParam);
 }
@@ -148,22 +159,31 @@ bool CloseEditor(GridRecord& grid) {
     return wasOpen;
 }
 
+// Gives the focus of the edit control to the grid. A page that is told of it may do anything: open
+// the editor again, or destroy the grid, which leaves no window to look at.
 void HideEditor(GridRecord& grid) {
-    if (GetFocus() == grid.editWindow) {
+    const HWND editor = grid.editWindow;
+    if (editor != nullptr && GetFocus() == editor) {
         SetFocus(grid.window);
     }
-    ShowWindow(grid.editWindow, SW_HIDE);
+    if (!grid.isEditorOpen) {
+        ShowWindow(editor, SW_HIDE);
+    }
 }
 
 }  // namespace
 
 void OpenGridEditor(GridRecord& grid, std::u16string_view text) {
+    CommitGridEditor(grid);
+    if (!CanEditGridCursor(grid.state)) {
+        return;
+    }
+    // The page may change the cell while the editor opens.
     HeapText copy(static_cast<int64_t>(text.size()));
     if (!copy.IsThere()) {
         return;
     }
     text.copy(copy.buffer.get(), text.size());
-    CommitGridEditor(grid);
     if (grid.editWindow == nullptr) {
         CreateEditor(grid);
     }
@@ -197,19 +217,22 @@ void CommitGridEditor(GridRecord& grid) {
 }
 
 void CancelGridEditor(GridRecord& grid) {
-    CloseEditor(grid);
-    SetFocus(grid.window);
-    ShowWindow(grid.editWindow, SW_HIDE);
+    if (CloseEditor(grid)) {
+        HideEditor(grid);
+    }
 }
 
 void DestroyGridEditor(GridRecord& grid) {
     const HWND editor = grid.editWindow;
     CloseEditor(grid);
-    if (editor != nullptr) {
-        HideEditor(grid);
-        grid.editWindow = nullptr;
-        DestroyWindow(editor);
+    grid.editWindow = nullptr;
+    if (editor == nullptr) {
+        return;
     }
+    if (GetFocus() == editor && !grid.isDestroyed) {
+        SetFocus(grid.window);
+    }
+    DestroyWindow(editor);
 }
 
 void PlaceGridEditor(GridRecord& grid) {

@@ -19,14 +19,16 @@ inline constexpr WORD GridEditorDone = 777;
 inline constexpr const char16_t* GridEditorProcProperty = u"Wprc";
 
 /// Opens the editor on the cell of the cursor, with a text and the caret behind it, and gives it
-/// the focus. The cell must be one that can be edited.
+/// the focus. An open editor is committed first, so the text must not be that of a cell then. Does
+/// nothing on a cell that cannot be edited.
 void OpenGridEditor(GridRecord& grid, std::u16string_view text);
 
 /// Stores the text of an open editor in the cell and hides it. If it had the focus, the grid gets
 /// it.
 void CommitGridEditor(GridRecord& grid);
 
-/// Hides an open editor, gives the grid the focus and leaves the cell as it is.
+/// Hides an open editor and leaves the cell as it is. If the editor had the focus, the grid gets
+/// it.
 void CancelGridEditor(GridRecord& grid);
 
 /// Destroys the edit control, open or not.

@@ -49,6 +49,9 @@ struct TypedText {
 
 bool HandleGridKey(GridRecord& grid, WPARAM key, LPARAM flags) {
     NotifyGridParent(grid, GridKeyPressed, static_cast<uint32_t>(key));
+    if (grid.isDestroyed) {
+        return true;
+    }
     const GridKeyEffect effect = EffectOfGridKey(grid.state, StrokeOf(key, flags));
     switch (effect.action) {
         case GridKeyAction::Nothing:
@@ -80,11 +83,10 @@ bool HandleGridKey(GridRecord& grid, WPARAM key, LPARAM flags) {
 }
 
 void OpenGridEditorWithText(GridRecord& grid) {
+    CommitGridEditor(grid);
     const GridState& state = grid.state;
-    if (CanEditGridCell(state, state.cursorColumn, state.cursorRow)) {
-        OpenGridEditor(
-            grid, GridCellText(FindGridCell(state.table, state.cursorColumn, state.cursorRow)));
-    }
+    OpenGridEditor(grid,
+                   GridCellText(FindGridCell(state.table, state.cursorColumn, state.cursorRow)));
 }
 
 void OpenGridEditorByKey(GridRecord& grid, bool withText) {

@@ -200,7 +200,7 @@ bool HandleGridMessage(GridRecord& grid, UINT message, WPARAM wParam, LPARAM lPa
     }
     result = Answer({grid, grid.state, wParam, lParam}, static_cast<GridMessage>(message));
     // What the message changed may take the right to edit from the cell that is being edited.
-    if (!CanEditGridCell(grid.state, grid.state.cursorColumn, grid.state.cursorRow)) {
+    if (!CanEditGridCursor(grid.state)) {
         const DWORD error = GetLastError();
         CommitGridEditor(grid);
         SetLastError(error);

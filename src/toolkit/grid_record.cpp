@@ -32,11 +32,24 @@ GridTextExtent ExtentOf(const GridRecord& grid, int32_t row, std::u16string_view
 
 }  // namespace
 
+GridMessageScope::~GridMessageScope() {
+    grid.messageDepth--;
+    if (grid.isDestroyed && grid.messageDepth == 0) {
+        // A message that was under way may have put something into it.
+        FreeGridTable(grid.state.table);
+        StoreGridText(grid.title, {});
+        delete &grid;
+    }
+}
+
 GridRecord* GridRecordOf(HWND window) {
     return static_cast<GridRecord*>(GetPropW(window, ToWide(GridRecordProperty)));
 }
 
 void NotifyGridParent(GridRecord& grid, GridNotificationCode code, uint32_t key, HWND otherWindow) {
+    if (grid.isDestroyed) {
+        return;
+    }
     const GridColumn* const column = FindGridColumn(grid.state.table, grid.state.cursorColumn);
     GridNotification notification = {.header = {grid.window, static_cast<UINT_PTR>(grid.id), code},
                                      .column = grid.state.cursorColumn - 1,

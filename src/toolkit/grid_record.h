@@ -58,11 +58,23 @@ struct GridRecord {
     bool isDestroyed = false;
 };
 
+/// Counts the messages that are being handled, of the grid and of its editor, and frees a destroyed
+/// grid behind the last one. Whatever calls the page needs one around it.
+struct GridMessageScope {
+    explicit GridMessageScope(GridRecord& record) : grid(record) { grid.messageDepth++; }
+    ~GridMessageScope();
+
+    GridMessageScope(const GridMessageScope&) = delete;
+    GridMessageScope& operator=(const GridMessageScope&) = delete;
+
+    GridRecord& grid;
+};
+
 /// The record of a grid; null for any other window.
 GridRecord* GridRecordOf(HWND window);
 
-/// Tells the page of the grid. It may do anything then, so whoever calls it must not keep pointers
-/// into the table.
+/// Tells the page of the grid, unless that is destroyed. The page may do anything then, so whoever
+/// calls it must not keep pointers into the table.
 void NotifyGridParent(GridRecord& grid, GridNotificationCode code, uint32_t key = 0,
                       HWND otherWindow = nullptr);
 
