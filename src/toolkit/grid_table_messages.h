@@ -28,7 +28,8 @@ struct GridCall {
     }
     const GridCellSpec* Cell() const { return reinterpret_cast<const GridCellSpec*>(lParam); }
 
-    static constexpr int64_t Most = INT32_MAX - 1;
+    /// The largest index that counts, so that the place behind the one of Place() fits too.
+    static constexpr int64_t Most = INT32_MAX - 2;
 };
 
 /// Answers a message that cannot be carried out.

@@ -1,5 +1,6 @@
 // The messages of the grid.
 #include "toolkit/grid_page.h"
+#include "toolkit/grid_table_messages.h"
 
 namespace tallymere {
 namespace {
@@ -608,6 +609,13 @@ TEST_F(GridMessages, HeadersOfColumnsAlwaysHaveRoom) {
     AskText(GridSetColumnHeader, 1, u"1\n2\n3");
     EXPECT_GT(Ask(GridHeaderHeight), 45);
     EXPECT_EQ(Ask(GridRowHeight), 21);
+}
+
+TEST_F(GridMessages, TheLargestIndexHasAPlaceBehindIt) {
+    const GridCall call = {Record(), State(), static_cast<WPARAM>(INT32_MAX), 0};
+    EXPECT_LT(call.Place(), INT32_MAX);
+    EXPECT_EQ(ErrorOf(GridInsertRow, INT32_MAX), DWORD{GridErrorInvalidIndex});
+    EXPECT_EQ(Ask(GridRowCount), 4);
 }
 
 TEST_F(GridMessages, OtherNumbersMeanNothing) {
