@@ -64,8 +64,22 @@ void FreeGridTable(GridTable& table) {
 }
 
 GridTableOutcome ResetGridTable(GridTable& table, int32_t width) {
-    FreeGridTable(table);
-    return AppendColumn(table, GridColumnHeader, width, 1);
+    if (table.columns.count == 0) {
+        return AppendColumn(table, GridColumnHeader, width, 1);
+    }
+    for (int32_t column = 1; column < table.columns.count; column++) {
+        FreeCells(table.columns.items[column]);
+    }
+    table.columns.count = 1;
+    GridColumn& header = table.columns.items[0];
+    for (int32_t row = 0; row < header.cells.count; row++) {
+        std::free(header.cells.items[row].text);
+    }
+    header.cells.count = 1;
+    header.cells.items[0] = NewCell;
+    header.width = width;
+    header.isHidden = 0;
+    return GridTableOutcome::Done;
 }
 
 int32_t GridDataColumns(const GridTable& table) {
@@ -78,7 +92,7 @@ int32_t GridDataRows(const GridTable& table) {
 
 GridTableOutcome AddGridTableColumn(GridTable& table, int32_t type, std::u16string_view header,
                                     int32_t width) {
-    TALLYMERE_REQUIRE(width >= 0);
+    TALLYMERE_REQUIRE(width >= 0 && AllRows(table) >= 1);
     if (GridDataColumns(table) >= table.columnLimit) {
         return GridTableOutcome::TooManyColumns;
     }

@@ -66,15 +66,16 @@ bool GridTableIsConsistent(const GridTable& table);
 void FreeGridTable(GridTable& table);
 
 /// Makes a table of the header column and the header row alone. `width` of the header column is in
-/// pixels. Without memory the table has no column at all.
+/// pixels. A table that has a header column keeps the memory of that one, so it is always Done;
+/// without memory for a first one the table has no column at all.
 GridTableOutcome ResetGridTable(GridTable& table, int32_t width);
 
 /// Counts without the headers.
 int32_t GridDataColumns(const GridTable& table);
 int32_t GridDataRows(const GridTable& table);
 
-/// Adds a column of empty cells behind all others; `width` is in pixels. Unless it is Done, the
-/// table is as before.
+/// Adds a column of empty cells behind all others, of which the header column must be one; `width`
+/// is in pixels. Unless it is Done, the table is as before.
 GridTableOutcome AddGridTableColumn(GridTable& table, int32_t type, std::u16string_view header,
                                     int32_t width);
 

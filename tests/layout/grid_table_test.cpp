@@ -73,6 +73,25 @@ TEST(GridTable, BeginsWithTheHeaders) {
     EXPECT_EQ(table.columns.count, 0);
 }
 
+TEST(GridTable, AResetKeepsTheMemoryOfTheHeaderColumnAndSoCannotFail) {
+    TestGrid grid(20, 20);
+    grid.Write(0, 0, u"corner");
+    grid.Column(0).isHidden = 1;
+    grid.Cell(0, 0).alignment = GridAlignRight;
+    const GridColumn* const columns = grid.state.table.columns.items;
+    const GridCell* const cells = grid.Column(0).cells.items;
+    EXPECT_EQ(ResetGridTable(grid.state.table, 60), GridTableOutcome::Done);
+    EXPECT_EQ(grid.state.table.columns.items, columns);
+    EXPECT_EQ(grid.Column(0).cells.items, cells);
+    EXPECT_TRUE(GridTableIsConsistent(grid.state.table));
+    EXPECT_EQ(GridDataColumns(grid.state.table), 0);
+    EXPECT_EQ(GridDataRows(grid.state.table), 0);
+    EXPECT_EQ(grid.Column(0).type, GridColumnHeader);
+    EXPECT_EQ(GridColumnWidth(grid.state.table, 0), 60);
+    EXPECT_EQ(grid.Text(0, 0), u"");
+    EXPECT_EQ(grid.Cell(0, 0).alignment, GridAlignLeft);
+}
+
 TEST(GridTable, ANewCellIsEmptyAlignedByOneAndNotProtected) {
     TestGrid grid(1, 1);
     const GridCell& cell = grid.Cell(1, 1);
