@@ -87,7 +87,7 @@ LRESULT Answer(const GridCall& call, GridMessage message) {
         case GridAddColumn:
             return AddGridColumn(call);
         case GridAddRow:
-            return InsertGridRow(call, GridDataRows(state.table) + 1);
+            return AddGridRow(call);
         case GridSetEditable:
             return SetFlag(call, state.isEditable);
         case GridSetExtendLastColumn:

@@ -84,10 +84,21 @@ LRESULT AddGridColumn(const GridCall& call) {
     return count - 1;
 }
 
-LRESULT InsertGridRow(const GridCall& call, int32_t position) {
-    // The cell of an open editor may move.
+LRESULT AddGridRow(const GridCall& call) {
+    // The page may add or take out rows when it is told of the text, so they are counted after it.
     CommitGridEditor(call.grid);
-    if (position < 1 || position > GridDataRows(call.state.table) + 1) {
+    return InsertGridRow(call, GridDataRows(call.state.table) + 1);
+}
+
+LRESULT InsertGridRow(const GridCall& call, int32_t position) {
+    const auto canInsert = [&call, position] {
+        return position >= 1 && position <= GridDataRows(call.state.table) + 1;
+    };
+    // The cell of an open editor may move. The page may take out rows when it is told of the text.
+    if (canInsert()) {
+        CommitGridEditor(call.grid);
+    }
+    if (!canInsert()) {
         return FailGridCall(GridErrorInvalidIndex);
     }
     if (call.state.table.columns.count == 0 ||
@@ -99,9 +110,14 @@ LRESULT InsertGridRow(const GridCall& call, int32_t position) {
 }
 
 LRESULT DeleteGridRow(const GridCall& call) {
-    CommitGridEditor(call.grid);
     const int32_t row = call.Place();
-    if (row < 1 || row > GridDataRows(call.state.table)) {
+    const auto canDelete = [&call, row] {
+        return row >= 1 && row <= GridDataRows(call.state.table);
+    };
+    if (canDelete()) {
+        CommitGridEditor(call.grid);
+    }
+    if (!canDelete()) {
         return FailGridCall(GridErrorInvalidIndex);
     }
     DeleteGridTableRow(call.state.table, row);

@@ -57,6 +57,8 @@ LRESULT GetGridWidth(const GridCall& call);
 /// `column` is that of the table, so 0 is the header column.
 LRESULT SetGridWidth(const GridCall& call, int32_t column, int64_t units);
 
+LRESULT AddGridRow(const GridCall& call);
+
 /// `position` is where the new row will be in the table.
 LRESULT InsertGridRow(const GridCall& call, int32_t position);
 LRESULT DeleteGridRow(const GridCall& call);

@@ -618,6 +618,32 @@ TEST_F(GridMessages, TheLargestIndexHasAPlaceBehindIt) {
     EXPECT_EQ(Ask(GridRowCount), 4);
 }
 
+TEST_F(GridMessages, ANewRowComesBehindThoseOfThePage) {
+    AskCell(GridSetCursorEdit, 0, 1, 1);
+    heardOfGrid.react = [this](UINT code) {
+        if (code == GridEditorClosed) {
+            EXPECT_EQ(Ask(GridAddRow), 4);
+        }
+    };
+    EXPECT_EQ(Ask(GridAddRow), 5);
+    AskCell(GridSetCursorEdit, 0, 1, 1);
+    heardOfGrid.react = [this](UINT code) {
+        if (code == GridEditorClosed) {
+            EXPECT_EQ(Ask(GridDeleteRow, 5), 5);
+        }
+    };
+    EXPECT_EQ(Ask(GridAddRow), 5);
+}
+
+TEST_F(GridMessages, MessagesAboutRowsThatFailLeaveTheEditorOpen) {
+    AskCell(GridSetCursorEdit, 0, 1, 1);
+    for (const int32_t row : {-2, 4, INT32_MAX}) {
+        EXPECT_EQ(ErrorOf(GridInsertRow, row), DWORD{GridErrorInvalidIndex});
+        EXPECT_EQ(ErrorOf(GridDeleteRow, row), DWORD{GridErrorInvalidIndex});
+    }
+    EXPECT_TRUE(IsEditing());
+}
+
 TEST_F(GridMessages, OtherNumbersMeanNothing) {
     for (const UINT message : {1024u, 1037u, 1040u, 1061u, 1073u, 1074u, 1078u}) {
         EXPECT_EQ(Ask(message, 1, 1), 0) << message;
