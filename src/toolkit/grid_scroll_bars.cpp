@@ -61,7 +61,10 @@ void GoToFirstRow(GridRecord& grid) {
     state.topRow = 1;
     const int32_t column = NextGridColumn(state.table, state.leftColumn - 1, GridForward);
     MoveGridCursor(grid, {column >= 1 ? column : state.cursorColumn, 1});
-    OpenGridEditorByKey(grid, true);
+    // Rows may go while the user types into another control, which must keep the focus.
+    if (GetFocus() == grid.window) {
+        OpenGridEditorByKey(grid, true);
+    }
 }
 
 void ShowScrolled(GridRecord& grid) {
@@ -133,6 +136,8 @@ void RefreshGridScrollBars(GridRecord& grid) {
 }
 
 void ShowGridCursor(GridRecord& grid) {
+    // A bar that comes takes room from the cursor.
+    RefreshGridScrollBars(grid);
     KeepGridCursorInView(grid.state);
     ShowScrolled(grid);
 }
@@ -142,14 +147,25 @@ void HandleGridScroll(GridRecord& grid, UINT message, WPARAM wParam) {
     if (!StepOf(wParam, step)) {
         return;
     }
-    CommitGridEditor(grid);
     const int bar = message == WM_VSCROLL ? SB_VERT : SB_HORZ;
     const int32_t position = PositionOf(grid, bar, wParam);
-    const bool moved = bar == SB_VERT ? ScrollGridRows(grid.state, step, position)
-                                      : ScrollGridColumns(grid.state, step, position);
-    if (moved) {
-        ShowScrolled(grid);
+    const auto scroll = [bar, step, position](GridState& state) {
+        const GridState before = state;
+        if (bar == SB_VERT) {
+            ScrollGridRows(state, step, position);
+        } else {
+            ScrollGridColumns(state, step, position);
+        }
+        ClampGridView(state);
+        return state.topRow != before.topRow || state.leftColumn != before.leftColumn;
+    };
+    GridState tried = grid.state;
+    if (!scroll(tried)) {
+        return;
     }
+    CommitGridEditor(grid);
+    scroll(grid.state);
+    ShowScrolled(grid);
 }
 
 bool HandleGridWheel(GridRecord& grid, WPARAM wParam) {

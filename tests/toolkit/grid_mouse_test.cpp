@@ -1,4 +1,5 @@
 // Mouse, wheel and scroll bars of a grid.
+#include "layout/grid_geometry.h"
 #include "toolkit/grid_page.h"
 
 namespace tallymere {
@@ -224,6 +225,47 @@ TEST_F(GridMouse, WhenAllRowsFitAgainTheCursorGoesToTheFirst) {
     EXPECT_EQ(Read(2, 19), u"last");
     EXPECT_EQ(heardOfGrid.codes, (Codes{18, 5, 3, 6, 19, 4}));
     EXPECT_EQ(heardOfGrid.all[3].key, uint32_t{VK_SHIFT});
+}
+
+TEST_F(GridMouse, WhenAllRowsFitAgainAnotherControlKeepsTheFocus) {
+    FillRows(20);
+    Ask(GridSetCursor, 2, 19);
+    ASSERT_EQ(State().topRow, 8);
+    SetFocus(before);
+    Forget();
+    for (int32_t row = 20; row > 13; row--) {
+        Ask(GridDeleteRow, 0);
+    }
+    UpdateWindow(grid);
+    EXPECT_FALSE(HasBar(WS_VSCROLL));
+    EXPECT_EQ(Cursor(), (GridPlace{0, 0}));
+    EXPECT_EQ(GetFocus(), before);
+    EXPECT_FALSE(IsEditing());
+}
+
+TEST_F(GridMouse, TheCursorIsNotUnderABarThatComesWithIt) {
+    Ask(GridSetExtendLastColumn, 0);
+    for (int32_t row = 4; row < 13; row++) {
+        Ask(GridAddRow);
+    }
+    UpdateWindow(grid);
+    ASSERT_FALSE(HasBar(WS_VSCROLL) || HasBar(WS_HSCROLL));
+    // The columns become too wide, and so the bar covers the last row, which the cursor goes to.
+    Ask(GridSetColumnWidth, 0, 400);
+    Ask(GridSetCursor, 0, 12);
+    EXPECT_TRUE(HasBar(WS_HSCROLL));
+    EXPECT_LE(GridRowTop(State(), 13) + 21, State().clientHeight);
+}
+
+TEST_F(GridMouse, AScrollBarThatMovesNothingLeavesTheEditorOpen) {
+    FillRows(20);
+    ClickCell(1, 1);
+    Ask(WM_VSCROLL, SB_LINEUP);
+    Ask(WM_VSCROLL, SB_ENDSCROLL);
+    Ask(WM_HSCROLL, SB_LINERIGHT);
+    EXPECT_TRUE(IsEditing());
+    Ask(WM_VSCROLL, SB_LINEDOWN);
+    EXPECT_FALSE(IsEditing());
 }
 
 TEST_F(GridMouse, AViewThatIsNotScrolledKeepsTheCursor) {
