@@ -41,6 +41,13 @@ void UseFont(const GridPainter& painter, HFONT font) {
     SelectObject(painter.dc, font != nullptr ? font : GetStockObject(SYSTEM_FONT));
 }
 
+// The height of a text with line feeds in the font that is selected.
+LONG HeightOf(const GridPainter& painter, std::u16string_view text) {
+    TEXTMETRICW metrics = {};
+    GetTextMetricsW(painter.dc, &metrics);
+    return metrics.tmHeight * CountGridLines(text);
+}
+
 void WriteText(const GridPainter& painter, std::u16string_view text, const LayoutRect& place,
                UINT format) {
     if (text.empty()) {
@@ -52,7 +59,8 @@ void WriteText(const GridPainter& painter, std::u16string_view text, const Layou
                 static_cast<int>(text.size()), &rect, format | DT_NOPREFIX, nullptr);
 }
 
-// A raised face with text in its middle.
+// A raised face with text in its middle; one of several lines, without DT_SINGLELINE, shows its
+// first lines where there is no room for all.
 void PaintFace(const GridPainter& painter, const LayoutRect& place, std::u16string_view text,
                HFONT font, UINT format) {
     if (place.width == 0 || place.height == 0 || !IsDirty(painter, place)) {
@@ -62,6 +70,9 @@ void PaintFace(const GridPainter& painter, const LayoutRect& place, std::u16stri
     DrawEdge(painter.dc, &rect, EDGE_ETCHED, BF_RECT | BF_MIDDLE | BF_ADJUST);
     UseFont(painter, font);
     SetTextColor(painter.dc, painter.palette.headerText);
+    if ((format & DT_SINGLELINE) == 0) {
+        rect.top += std::max<LONG>((rect.bottom - rect.top - HeightOf(painter, text)) / 2, 0);
+    }
     WriteText(painter, text, {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top},
               DT_CENTER | format);
 }
@@ -76,9 +87,11 @@ void PaintTitle(const GridPainter& painter) {
 }
 
 void PaintHeader(const GridPainter& painter, int32_t column, int32_t row, const LayoutRect& place) {
-    char16_t text[16];
-    PaintFace(painter, place, ShownGridHeader(painter.grid, column, row, text),
-              painter.grid.headerFont, DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS);
+    char16_t buffer[16];
+    const std::u16string_view text = ShownGridHeader(painter.grid, column, row, buffer);
+    const bool hasLines = CountGridLines(text) > 1;
+    PaintFace(painter, place, text, painter.grid.headerFont,
+              hasLines ? 0 : DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS);
 }
 
 bool IsHighlighted(const GridRecord& grid, int32_t column, int32_t row) {

@@ -281,6 +281,32 @@ TEST_F(GridPainting, APaintWithoutBitmapIsDropped) {
     EXPECT_EQ(Read(0, 0), u"1");
 }
 
+TEST_F(GridPainting, AHeaderShowsAllItsLinesInTheMiddle) {
+    Ask(GridSetShowColumnLetters, 0);
+    const auto inkRows = [this] {
+        const auto height = static_cast<int32_t>(Ask(GridHeaderHeight));
+        std::set<int32_t> rows;
+        for (int32_t y = 2; y < height - 2; y++) {
+            if (!Ink({102, y, 148, y + 1}).empty()) {
+                rows.insert(y);
+            }
+        }
+        return rows;
+    };
+    AskText(GridSetColumnHeader, 1, u"8\n8\r\n8");
+    const auto height = static_cast<int32_t>(Ask(GridHeaderHeight));
+    ASSERT_GT(height, 45);
+    const std::set<int32_t> three = inkRows();
+    ASSERT_FALSE(three.empty());
+    EXPECT_NEAR(*three.begin() + *three.rbegin(), height, 8);
+    AskText(GridSetColumnHeader, 1, u"8");
+    const std::set<int32_t> one = inkRows();
+    EXPECT_EQ(three.size(), 3 * one.size());
+    Ask(GridSetHeaderHeight, 10);
+    AskText(GridSetHeaderFont, 0, nullptr);
+    EXPECT_FALSE(inkRows().empty());
+}
+
 TEST_F(GridPainting, WithAndWithoutDoubleBufferItLooksTheSame) {
     Write(0, 0, u"1");
     SetFocus(grid);
