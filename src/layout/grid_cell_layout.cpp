@@ -31,8 +31,7 @@ Margins EditorMargins(int32_t dpi) {
 }
 
 bool Raise(int32_t& length, int64_t wanted) {
-    constexpr int64_t Most = 1'000'000;
-    const auto enough = static_cast<int32_t>(std::min(wanted, Most));
+    const auto enough = static_cast<int32_t>(std::min<int64_t>(wanted, MaxGridHeight));
     if (length >= enough) {
         return false;
     }

@@ -22,9 +22,10 @@ bool GridStateIsConsistent(const GridState& state) {
     const int32_t columns = GridDataColumns(state.table);
     return GridTableIsConsistent(state.table) && state.clientWidth >= 0 &&
            state.clientHeight >= 0 && state.rowHeight >= 1 && state.headerHeight >= 0 &&
-           state.titleHeight >= 0 && IsPlace(state.topRow, rows) &&
-           IsPlace(state.leftColumn, columns) && IsPlace(state.cursorRow, rows) &&
-           IsPlace(state.cursorColumn, columns) &&
+           state.titleHeight >= 0 && state.rowHeight <= MaxGridHeight &&
+           state.headerHeight <= MaxGridHeight && state.titleHeight <= MaxGridHeight &&
+           IsPlace(state.topRow, rows) && IsPlace(state.leftColumn, columns) &&
+           IsPlace(state.cursorRow, rows) && IsPlace(state.cursorColumn, columns) &&
            (state.rowSelectMode != GridRowSelectOff || !state.isRowSelectActive);
 }
 

@@ -10,6 +10,10 @@ namespace tallymere {
 /// The height of rows and of the header row at first, in logical units.
 inline constexpr int32_t NewGridRowHeight = 21;
 
+/// The highest that a row, the header row and the title can be, in pixels: far more than any screen
+/// has, and sums of them fit 32 bits.
+inline constexpr int32_t MaxGridHeight = 1'000'000;
+
 /// All lengths are in pixels. Rows and columns count as in the table: 0 is a header.
 struct GridState {
     GridTable table = {};

@@ -61,7 +61,7 @@ LRESULT SetCursorEdit(const GridCall& call) {
 }
 
 LRESULT SetRowHeight(const GridCall& call) {
-    call.state.rowHeight = std::max(call.Number(), 1);
+    call.state.rowHeight = std::clamp(call.Number(), 1, MaxGridHeight);
     ShowGridCursor(call.grid);
     return RepaintForGridCall(call);
 }
@@ -146,7 +146,9 @@ LRESULT Answer(const GridCall& call, GridMessage message) {
         case GridSetGridLineColour:
             return SetColour(call, grid.colours.gridLine);
         case GridSetHeaderHeight:
-            state.headerHeight = call.Number() >= 0 ? call.Number() : state.headerHeight;
+            if (call.Number() >= 0) {
+                state.headerHeight = std::min(call.Number(), MaxGridHeight);
+            }
             return RepaintForGridCall(call);
         case GridSetHeaderFont:
             return SetFont(call, grid.headerFont);
@@ -175,7 +177,7 @@ LRESULT Answer(const GridCall& call, GridMessage message) {
         case GridSetTitleFont:
             return SetFont(call, grid.titleFont);
         case GridSetTitleHeight:
-            state.titleHeight = std::max(call.Number(), 0);
+            state.titleHeight = std::clamp(call.Number(), 0, MaxGridHeight);
             return RepaintForGridCall(call);
         case GridInsertRow:
             return InsertGridRow(call, call.Place() + 1);

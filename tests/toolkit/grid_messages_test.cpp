@@ -644,6 +644,18 @@ TEST_F(GridMessages, MessagesAboutRowsThatFailLeaveTheEditorOpen) {
     EXPECT_TRUE(IsEditing());
 }
 
+TEST_F(GridMessages, HeightsHaveAnEnd) {
+    AskCell(GridSetCursorEdit, 0, 1, 1);
+    for (const UINT message : {GridSetRowHeight, GridSetHeaderHeight, GridSetTitleHeight}) {
+        Ask(message, INT32_MAX);
+    }
+    EXPECT_EQ(Ask(GridRowHeight), 1'000'000);
+    EXPECT_EQ(Ask(GridHeaderHeight), 1'000'000);
+    EXPECT_EQ(State().titleHeight, 1'000'000);
+    UpdateWindow(grid);
+    EXPECT_TRUE(GridStateIsConsistent(State()));
+}
+
 TEST_F(GridMessages, OtherNumbersMeanNothing) {
     for (const UINT message : {1024u, 1037u, 1040u, 1061u, 1073u, 1074u, 1078u}) {
         EXPECT_EQ(Ask(message, 1, 1), 0) << message;
