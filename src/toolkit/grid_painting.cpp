@@ -5,6 +5,7 @@
 #include "layout/grid_cell_layout.h"
 #include "layout/grid_geometry.h"
 #include "toolkit/environment.h"
+#include "toolkit/field_state.h"
 #include "toolkit/grid_scroll_bars.h"
 #include "toolkit/wide_text.h"
 
@@ -211,6 +212,11 @@ void HandleGridPaint(GridRecord& grid) {
     PAINTSTRUCT paint = {};
     const HDC dc = BeginPaint(grid.window, &paint);
     UpdateGridSize(grid);
+    if (grid.isEditorOpen) {
+        // The style WS_CLIPCHILDREN would not keep a transparent window from being painted over.
+        const LayoutRect editor = PlaceInParent(grid.editWindow);
+        ExcludeClipRect(dc, editor.x, editor.y, editor.x + editor.width, editor.y + editor.height);
+    }
     if (!grid.isDoubleBuffered) {
         PaintGrid(grid, dc, paint.rcPaint);
     } else if (!IsRectEmpty(&paint.rcPaint)) {

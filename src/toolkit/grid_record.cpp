@@ -63,7 +63,8 @@ void NotifyGridParent(GridRecord& grid, GridNotificationCode code, uint32_t key,
 
 void RepaintGrid(GridRecord& grid) {
     PlaceGridEditor(grid);
-    InvalidateRect(grid.window, nullptr, TRUE);
+    // An open editor paints itself, and would flicker if it did so with every change.
+    RedrawWindow(grid.window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_NOCHILDREN);
 }
 
 void UpdateGridSize(GridRecord& grid) {

@@ -307,6 +307,24 @@ TEST_F(GridPainting, AHeaderShowsAllItsLinesInTheMiddle) {
     EXPECT_FALSE(inkRows().empty());
 }
 
+TEST_F(GridPainting, AnOpenEditorIsNotPaintedOverNorAgain) {
+    AskCell(GridSetCursorEdit, 1, 1, 1);
+    for (const int32_t isBuffered : {1, 0}) {
+        Ask(GridSetDoubleBuffer, isBuffered);
+        UpdateWindow(grid);
+        UpdateWindow(Editor());
+        const HDC dc = GetDC(Editor());
+        SetPixel(dc, 30, 10, MarkedText);
+        ReleaseDC(Editor(), dc);
+        Write(0, 0, u"1");
+        EXPECT_FALSE(GetUpdateRect(Editor(), nullptr, FALSE));
+        EXPECT_TRUE(GetUpdateRect(grid, nullptr, FALSE));
+        UpdateWindow(grid);
+        EXPECT_EQ(PixelOf(Editor(), 30, 10), MarkedText);
+        EXPECT_EQ(PixelOf(grid, 100, 50), Line);
+    }
+}
+
 TEST_F(GridPainting, WithAndWithoutDoubleBufferItLooksTheSame) {
     Write(0, 0, u"1");
     SetFocus(grid);
