@@ -35,13 +35,15 @@ void Resize(GridRecord& grid, int32_t x) {
 }
 
 void Click(GridRecord& grid, LayoutPoint mouse) {
+    // The cell that the user saw, even if the text of the editor widens its column.
+    const GridClick click = ClickInGrid(grid.state, mouse);
     SetFocus(grid.window);
     if (grid.isEditorOpen) {
         SendMessageW(grid.editWindow, WM_CHAR, GridKeyReturn, 1);
     }
-    // A page that was told of the text may have moved the focus, such as to a message.
-    const GridClick click = ClickInGrid(grid.state, mouse);
-    if (GetFocus() != grid.window || !click.movesCursor) {
+    // A page that hears of the text may move the focus, such as to a message, or take the cell out.
+    if (GetFocus() != grid.window || !click.movesCursor ||
+        FindGridCell(grid.state.table, click.place.column, click.place.row) == nullptr) {
         return;
     }
     if (click.selectsRow) {

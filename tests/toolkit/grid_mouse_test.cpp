@@ -61,6 +61,27 @@ TEST_F(GridMouse, AClickStoresWhatWasEdited) {
     EXPECT_EQ(Cursor(), (GridPlace{1, 1}));
 }
 
+TEST_F(GridMouse, AClickTakesTheCellThatTheUserSaw) {
+    Ask(GridSetAutoWiden, 1);
+    ClickCell(1, 1);
+    SetWindowTextW(Editor(), L"888888888888888888888888888888");
+    ClickCell(2, 2);
+    EXPECT_GT(Ask(GridGetColumnWidth, 0), 100);
+    EXPECT_EQ(Cursor(), (GridPlace{1, 1}));
+}
+
+TEST_F(GridMouse, AClickOnACellThatThePageTakesOutMovesNothing) {
+    ClickCell(1, 1);
+    heardOfGrid.react = [this](UINT code) {
+        if (code == GridEditorClosed) {
+            Ask(GridDeleteRow, 3);
+        }
+    };
+    ClickCell(2, 4);
+    EXPECT_EQ(Cursor(), (GridPlace{0, 0}));
+    EXPECT_FALSE(IsEditing());
+}
+
 TEST_F(GridMouse, APageThatTakesTheFocusKeepsIt) {
     ClickCell(1, 1);
     heardOfGrid.react = [this](UINT code) {
