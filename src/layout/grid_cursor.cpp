@@ -17,6 +17,14 @@ int32_t NextGridColumn(const GridTable& table, int32_t column, GridDirection dir
     return column;
 }
 
+int32_t ShownGridColumnAt(const GridTable& table, int32_t column) {
+    if (GridColumnWidth(table, column) > 0) {
+        return column;
+    }
+    const int32_t right = NextGridColumn(table, column, GridForward);
+    return right != column ? right : NextGridColumn(table, column, GridBackward);
+}
+
 GridPlace MovedGridCursor(const GridState& state, GridMove move) {
     GridPlace place = {state.cursorColumn, state.cursorRow};
     switch (move) {

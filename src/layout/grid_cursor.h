@@ -13,6 +13,10 @@ enum GridDirection : int32_t { GridForward = 1, GridBackward = -1 };
 /// when there is none.
 int32_t NextGridColumn(const GridTable& table, int32_t column, GridDirection direction);
 
+/// The column itself if it is wider than 0; else the next one to the right that is, or to the left;
+/// the column itself when there is none.
+int32_t ShownGridColumnAt(const GridTable& table, int32_t column);
+
 /// Where the cursor goes.
 enum class GridMove {
     RowUp,

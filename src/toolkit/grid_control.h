@@ -93,7 +93,8 @@ enum GridMessage : UINT {
     GridSetColumnHeader = WM_USER + 27,
     /// wParam: column, lParam: width in logical units; a negative one counts as 0.
     GridSetColumnWidth = WM_USER + 28,
-    /// wParam: column, lParam: row. Answer: 0, or -1 with GridErrorInvalidIndex.
+    /// wParam: column, lParam: row. For a hidden column the next one that is shown gets the cursor.
+    /// Answer: 0, or -1 with GridErrorInvalidIndex.
     GridSetCursor = WM_USER + 29,
     /// wParam: flag. At first 1: the grid is painted in memory first.
     GridSetDoubleBuffer = WM_USER + 30,
@@ -137,9 +138,8 @@ enum GridMessage : UINT {
     GridInsertRow = WM_USER + 51,
     /// wParam: row. Answer: the new count of rows, or -1 with GridErrorInvalidIndex.
     GridDeleteRow = WM_USER + 52,
-    /// wParam: column, lParam: flag. A hidden column has no width. When it had the cursor, that
-    /// goes
-    /// to the next column that is shown.
+    /// wParam: column, lParam: flag. A hidden column has no width. When it had the cursor,
+    /// that goes to the next column that is shown.
     GridHideColumn = WM_USER + 53,
 };
 

@@ -44,7 +44,10 @@ LRESULT SetCursorOn(const GridCall& call, int64_t column, int64_t row) {
     if (!HasCell(call.state, column, row)) {
         return FailGridCall(GridErrorInvalidIndex);
     }
-    MoveGridCursor(call.grid, {static_cast<int32_t>(column) + 1, static_cast<int32_t>(row) + 1});
+    // A cursor that nobody sees would take keys.
+    MoveGridCursor(call.grid,
+                   {ShownGridColumnAt(call.state.table, static_cast<int32_t>(column) + 1),
+                    static_cast<int32_t>(row) + 1});
     return 0;
 }
 

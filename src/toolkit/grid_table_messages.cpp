@@ -34,13 +34,7 @@ LRESULT GetText(std::u16string_view text, char16_t* buffer) {
 // A cursor that nobody sees would take keys.
 void LeaveHiddenColumn(const GridCall& call) {
     const GridState& state = call.state;
-    if (GridColumnWidth(state.table, state.cursorColumn) > 0) {
-        return;
-    }
-    const int32_t right = NextGridColumn(state.table, state.cursorColumn, GridForward);
-    const int32_t column = right != state.cursorColumn
-                               ? right
-                               : NextGridColumn(state.table, state.cursorColumn, GridBackward);
+    const int32_t column = ShownGridColumnAt(state.table, state.cursorColumn);
     if (column != state.cursorColumn) {
         MoveGridCursor(call.grid, {column, state.cursorRow});
     }

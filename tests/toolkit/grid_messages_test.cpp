@@ -656,6 +656,18 @@ TEST_F(GridMessages, HeightsHaveAnEnd) {
     EXPECT_TRUE(GridStateIsConsistent(State()));
 }
 
+TEST_F(GridMessages, TheCursorGoesBesideAHiddenColumn) {
+    Ask(GridHideColumn, 1, 1);
+    EXPECT_EQ(Ask(GridSetCursor, 1, 2), 0);
+    EXPECT_EQ(Cursor(), (GridPlace{2, 2}));
+    Ask(GridHideColumn, 2, 1);
+    EXPECT_EQ(Ask(GridSetCursor, 2, 1), 0);
+    EXPECT_EQ(Cursor(), (GridPlace{0, 1}));
+    Ask(GridHideColumn, 0, 1);
+    EXPECT_EQ(Ask(GridSetCursor, 1, 0), 0);
+    EXPECT_EQ(Cursor(), (GridPlace{1, 0}));
+}
+
 TEST_F(GridMessages, OtherNumbersMeanNothing) {
     for (const UINT message : {1024u, 1037u, 1040u, 1061u, 1073u, 1074u, 1078u}) {
         EXPECT_EQ(Ask(message, 1, 1), 0) << message;
