@@ -31,6 +31,9 @@ int64_t GridColumnLeft(const GridState& state, int32_t column) {
     for (int32_t i = state.leftColumn; i < column; i++) {
         left += GridColumnWidth(state.table, i);
     }
+    for (int32_t i = column; i < state.leftColumn; i++) {
+        left -= GridColumnWidth(state.table, i);
+    }
     return left;
 }
 

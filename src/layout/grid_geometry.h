@@ -14,7 +14,8 @@ namespace tallymere {
 /// The upper edge of a row; 0 is the header row. Rows above the view have one above the window.
 int64_t GridRowTop(const GridState& state, int32_t row);
 
-/// The left edge of a column from `leftColumn` on, or of the header column, 0.
+/// The left edge of a column; that of the header column is 0. Columns before `leftColumn` have one
+/// left of the right edge of the header column.
 int64_t GridColumnLeft(const GridState& state, int32_t column);
 
 /// The last column that is wider than 0; 0 when there is none.

@@ -44,6 +44,20 @@ BSTR NameOf(const GridRecord& grid, const GridPlace& place) {
     return name;
 }
 
+bool IsIn(const GridRange& range, int32_t index) {
+    return index >= range.first && index <= range.last;
+}
+
+// What keeps a cell from being seen: its column is hidden, or the view is elsewhere.
+LONG SightOf(const GridState& state, const GridPlace& place) {
+    if (GridColumnWidth(state.table, place.column) == 0) {
+        return STATE_SYSTEM_INVISIBLE;
+    }
+    const bool isInView =
+        IsIn(VisibleGridRows(state), place.row) && IsIn(VisibleGridColumns(state), place.column);
+    return isInView ? 0 : STATE_SYSTEM_INVISIBLE | STATE_SYSTEM_OFFSCREEN;
+}
+
 BSTR TextFor(std::u16string_view text) {
     return SysAllocStringLen(ToWide(text.data()), static_cast<UINT>(text.size()));
 }
@@ -168,6 +182,7 @@ struct GridAccessible final : IAccessible {
         if (!CanEditGridCell(cells, asked.place.column, asked.place.row)) {
             state->lVal |= STATE_SYSTEM_READONLY;
         }
+        state->lVal |= SightOf(cells, asked.place);
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE get_accHelp(VARIANT, BSTR* text) override { return NoText(text); }

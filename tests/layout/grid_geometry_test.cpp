@@ -47,6 +47,7 @@ TEST(GridGeometry, ColumnsStandBesideTheHeaderColumn) {
     grid.state.leftColumn = 2;
     EXPECT_EQ(GridColumnLeft(grid.state, 0), 0);
     EXPECT_EQ(GridColumnLeft(grid.state, 3), 80);
+    EXPECT_EQ(GridColumnLeft(grid.state, 1), 0);
     grid.Column(2).isHidden = 1;
     EXPECT_EQ(GridColumnLeft(grid.state, 3), 50);
 }

@@ -182,6 +182,32 @@ TEST_F(GridAccessibility, CellsAreFoundOnTheScreen) {
     EXPECT_EQ(width, rect.right - rect.left);
 }
 
+TEST_F(GridAccessibility, CellsOutsideOfTheViewSayThatAndWhereTheyAre) {
+    IAccessible* object = Object(grid);
+    constexpr LONG Outside = STATE_SYSTEM_INVISIBLE | STATE_SYSTEM_OFFSCREEN;
+    const auto sight = [this, object](LONG child) { return State(object, child) & Outside; };
+    EXPECT_EQ(sight(1), 0);
+    testing_support::GridTest::State().topRow = 2;
+    EXPECT_EQ(sight(2), Outside);
+    EXPECT_EQ(sight(5), 0);
+    testing_support::GridTest::State().leftColumn = 2;
+    EXPECT_EQ(sight(4), Outside);
+    EXPECT_EQ(sight(5), 0);
+    LONG left = 0;
+    LONG top = 0;
+    LONG width = 0;
+    LONG height = 0;
+    EXPECT_EQ(object->accLocation(&left, &top, &width, &height, Child(1)), S_OK);
+    POINT corner = {0, 0};
+    ClientToScreen(grid, &corner);
+    EXPECT_EQ(left, corner.x);
+    EXPECT_EQ(top, corner.y);
+    Ask(GridHideColumn, 2, 1);
+    EXPECT_EQ(sight(6), STATE_SYSTEM_INVISIBLE);
+    SetControlSize(grid, 60, 50);
+    EXPECT_EQ(sight(11), Outside);
+}
+
 TEST_F(GridAccessibility, AnEmptyGridHasNoCells) {
     Ask(GridClear);
     SetFocus(grid);
