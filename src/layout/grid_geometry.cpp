@@ -79,37 +79,35 @@ GridRange VisibleGridColumns(const GridState& state) {
     return range;
 }
 
-GridHit RowAtY(const GridState& state, int32_t y) {
+int32_t RowAtY(const GridState& state, int32_t y) {
     const int64_t top = GridRowTop(state, state.topRow);
     if (y < state.titleHeight) {
-        return {-1, false};
+        return -1;
     }
     if (y < top) {
-        return {0, false};
+        return 0;
     }
     const int64_t row = state.topRow + (y - top) / state.rowHeight;
-    return row <= GridDataRows(state.table) ? GridHit{static_cast<int32_t>(row), false}
-                                            : GridHit{-1, true};
+    return row <= GridDataRows(state.table) ? static_cast<int32_t>(row) : -1;
 }
 
-GridHit ColumnAtX(const GridState& state, int32_t x) {
+int32_t ColumnAtX(const GridState& state, int32_t x) {
     if (x < 0) {
-        return {-1, false};
+        return -1;
     }
     int64_t right = GridColumnWidth(state.table, 0);
     if (x < right) {
-        return {0, false};
+        return 0;
     }
     const int32_t columns = GridDataColumns(state.table);
     for (int32_t column = state.leftColumn; column <= columns; column++) {
         right += GridColumnWidth(state.table, column);
         if (x < right) {
-            return {column, false};
+            return column;
         }
     }
     const int32_t rightmost = RightmostGridColumn(state.table);
-    return state.extendsLastColumn && rightmost >= state.leftColumn ? GridHit{rightmost, false}
-                                                                    : GridHit{-1, true};
+    return state.extendsLastColumn && rightmost >= state.leftColumn ? rightmost : -1;
 }
 
 }  // namespace tallymere

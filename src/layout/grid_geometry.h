@@ -38,16 +38,10 @@ struct GridRange {
 GridRange VisibleGridRows(const GridState& state);
 GridRange VisibleGridColumns(const GridState& state);
 
-/// A row or column at a place; -1 for none.
-struct GridHit {
-    int32_t index;
-    bool isBeyond;  ///< the place lies behind the last one
-};
+/// The row at a height: 0 in the header row; -1 for none, above it or below the last row.
+int32_t RowAtY(const GridState& state, int32_t y);
 
-/// The row at a height: 0 in the header row, none above it.
-GridHit RowAtY(const GridState& state, int32_t y);
-
-/// The column at a place: 0 in the header column.
-GridHit ColumnAtX(const GridState& state, int32_t x);
+/// The column at a place: 0 in the header column; -1 for none, left of it or right of the last one.
+int32_t ColumnAtX(const GridState& state, int32_t x);
 
 }  // namespace tallymere

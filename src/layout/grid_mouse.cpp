@@ -8,7 +8,7 @@
 namespace tallymere {
 
 int32_t ResizedGridColumn(const GridState& state, LayoutPoint mouse) {
-    if (!state.allowsResize || mouse.x < 0 || RowAtY(state, mouse.y).index != 0) {
+    if (!state.allowsResize || mouse.x < 0 || RowAtY(state, mouse.y) != 0) {
         return -1;
     }
     const int32_t rightmost = RightmostGridColumn(state.table);
@@ -44,8 +44,8 @@ int32_t DraggedGridWidth(int32_t widthAtStart, int32_t xAtStart, int32_t x) {
 }
 
 GridClick ClickInGrid(const GridState& state, LayoutPoint mouse) {
-    const int32_t row = RowAtY(state, mouse.y).index;
-    const int32_t column = ColumnAtX(state, mouse.x).index;
+    const int32_t row = RowAtY(state, mouse.y);
+    const int32_t column = ColumnAtX(state, mouse.x);
     if (row >= 1 && column == 0 && state.rowSelectMode != GridRowSelectOff) {
         return {.movesCursor = true, .selectsRow = true, .place = {state.cursorColumn, row}};
     }

@@ -235,8 +235,8 @@ struct GridAccessible final : IAccessible {
         }
         POINT point = {x, y};
         ScreenToClient(window, &point);
-        const int32_t column = ColumnAtX(grid->state, point.x).index;
-        const int32_t row = RowAtY(grid->state, point.y).index;
+        const int32_t column = ColumnAtX(grid->state, point.x);
+        const int32_t row = RowAtY(grid->state, point.y);
         child->vt = VT_I4;
         child->lVal = !IsEditor() && column >= 1 && row >= 1 ? ChildOf(grid->state, column, row)
                                                              : CHILDID_SELF;
