@@ -65,8 +65,8 @@ enum GridMessage : UINT {
     GridHeaderHeight = WM_USER + 12,
     /// lParam: GridCellSpec. Copies the text into its buffer. Answer: its length, or -1.
     GridGetCellText = WM_USER + 14,
-    /// wParam: column, lParam: row. Answer: the length of the text; 0 for a cell that is not there
-    /// or whose column is not of the type GridColumnText.
+    /// wParam: column, -1 for the header column; lParam: row. Answer: the length of the text; 0 for
+    /// a cell that is not there or in a column whose text is only read.
     GridGetCellLength = WM_USER + 15,
     /// Answer: count of rows without the header row.
     GridRowCount = WM_USER + 17,

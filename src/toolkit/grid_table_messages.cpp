@@ -174,9 +174,8 @@ LRESULT GetGridCellLength(const GridCall& call) {
     if (column == nullptr || (column->type != GridColumnText && column->type != GridColumnHeader)) {
         return 0;
     }
-    const GridCell* const cell = call.Place() >= 1 && row >= 0
-                                     ? FindGridCell(call.state.table, call.Place(), row + 1)
-                                     : nullptr;
+    const GridCell* const cell =
+        row >= 0 ? FindGridCell(call.state.table, call.Place(), row + 1) : nullptr;
     return static_cast<LRESULT>(GridCellText(cell).size());
 }
 

@@ -236,9 +236,11 @@ TEST_F(GridMessages, TellCells) {
     SetLastError(0);
     EXPECT_EQ(AskCell(GridGetCellText, 0, 0, 0), -1);
     EXPECT_EQ(GetLastError(), 13u);
-    for (const auto& [column, row] : {std::pair{3, 0}, {0, 4}, {-1, 0}, {0, -1}}) {
+    for (const auto& [column, row] :
+         {std::pair{3, 0}, {0, 4}, {-1, 4}, {-2, 0}, {0, -1}, {-1, -1}}) {
         EXPECT_EQ(Ask(GridGetCellLength, column, row), 0);
     }
+    EXPECT_EQ(Ask(GridGetCellLength, -1, 0), 3);
 }
 
 TEST_F(GridMessages, AColumnThatIsOnlyReadHasTextsButNoLengths) {
