@@ -36,8 +36,9 @@ struct GridCellSpec {
     char16_t* text;
 };
 
-/// The messages. A flag is 0 or 1. Where no answer is told it is 0, or -1 for a bad index. Texts
-/// are copied, and null is an empty text. Buffers must have room for the text and a 0.
+/// The messages. A flag is 0 or 1. Where no answer is named it is 0, or -1 for a bad index. Texts
+/// are copied, and null is an empty text. Buffers must have room for the text and a 0. A column or
+/// row for which there is no memory is not added: -1 with GridErrorNoMemory.
 enum GridMessage : UINT {
     /// lParam: GridColumnSpec. Adds a column of empty cells. Answer: its index; -1 with
     /// GridErrorTooManyColumns when the letters of columns are used up.
@@ -145,6 +146,7 @@ enum GridMessage : UINT {
 
 /// What a failed message leaves in GetLastError.
 enum GridError : DWORD {
+    GridErrorNoMemory = ERROR_NOT_ENOUGH_MEMORY,
     GridErrorInvalidCell = 13,     ///< no GridCellSpec, a negative index, or no such header
     GridErrorTooManyColumns = 14,  ///< see MaxGridColumns in layout/grid_table.h
     GridErrorInvalidIndex = 1413,  ///< no such column or row

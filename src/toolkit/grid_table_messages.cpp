@@ -68,9 +68,10 @@ LRESULT AddGridColumn(const GridCall& call) {
     if (spec == nullptr) {
         return FailGridCall(GridErrorInvalidCell);
     }
-    if (AddGridTableColumn(call.state.table, spec->type, {}, ToScreenPixels(NewGridColumnWidth)) !=
-        GridTableOutcome::Done) {
-        return FailGridCall(GridErrorTooManyColumns);
+    const GridTableOutcome outcome =
+        AddGridTableColumn(call.state.table, spec->type, {}, ToScreenPixels(NewGridColumnWidth));
+    if (outcome != GridTableOutcome::Done) {
+        return FailGridCall(GridErrorOf(outcome));
     }
     const int32_t count = GridDataColumns(call.state.table);
     StoreGridCell(call.grid, count, 0,
@@ -86,7 +87,9 @@ LRESULT AddGridRow(const GridCall& call) {
 
 LRESULT InsertGridRow(const GridCall& call, int32_t position) {
     const auto canInsert = [&call, position] {
-        return position >= 1 && position <= GridDataRows(call.state.table) + 1;
+        // A grid that the page has destroyed has no column at all.
+        return !call.grid.isDestroyed && position >= 1 &&
+               position <= GridDataRows(call.state.table) + 1;
     };
     // The cell of an open editor may move. The page may take out rows when it is told of the text.
     if (canInsert()) {
@@ -95,9 +98,9 @@ LRESULT InsertGridRow(const GridCall& call, int32_t position) {
     if (!canInsert()) {
         return FailGridCall(GridErrorInvalidIndex);
     }
-    if (call.state.table.columns.count == 0 ||
-        InsertGridTableRow(call.state.table, position, {}) != GridTableOutcome::Done) {
-        return FailGridCall(GridErrorTooManyColumns);
+    const GridTableOutcome outcome = InsertGridTableRow(call.state.table, position, {});
+    if (outcome != GridTableOutcome::Done) {
+        return FailGridCall(GridErrorOf(outcome));
     }
     StoreGridCell(call.grid, 0, position, call.Text());
     return position - 1;

@@ -38,6 +38,11 @@ inline LRESULT FailGridCall(GridError error) {
     return -1;
 }
 
+/// Why a column or row is not added; `outcome` is not Done.
+constexpr GridError GridErrorOf(GridTableOutcome outcome) {
+    return outcome == GridTableOutcome::NoMemory ? GridErrorNoMemory : GridErrorTooManyColumns;
+}
+
 /// Answers a message that has changed what the grid shows.
 inline LRESULT RepaintForGridCall(const GridCall& call) {
     RepaintGrid(call.grid);

@@ -670,6 +670,11 @@ TEST_F(GridMessages, TheCursorGoesBesideAHiddenColumn) {
     EXPECT_EQ(Cursor(), (GridPlace{1, 0}));
 }
 
+TEST_F(GridMessages, MissingMemoryHasAnErrorOfItsOwn) {
+    EXPECT_EQ(GridErrorOf(GridTableOutcome::NoMemory), 8u);
+    EXPECT_EQ(GridErrorOf(GridTableOutcome::TooManyColumns), 14u);
+}
+
 TEST_F(GridMessages, OtherNumbersMeanNothing) {
     for (const UINT message : {1024u, 1037u, 1040u, 1061u, 1073u, 1074u, 1078u}) {
         EXPECT_EQ(Ask(message, 1, 1), 0) << message;
