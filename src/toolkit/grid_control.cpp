@@ -126,9 +126,6 @@ LRESULT HandleMessage(GridRecord& grid, UINT message, WPARAM wParam, LPARAM lPar
         case WM_SETTEXT:
             StoreTitle(grid, lParam);
             break;
-        case WM_SYSCOLORCHANGE:
-            RepaintGrid(grid);
-            break;
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
             HandleFocus(grid, message, wParam);

@@ -563,8 +563,7 @@ TEST_F(GridMessages, WhatChangesTheGridIsPaintedAgain) {
                              GridAddRow,
                              GridHideColumn,
                              WM_SETTEXT,
-                             WM_SETFONT,
-                             WM_SYSCOLORCHANGE};
+                             WM_SETFONT};
     for (const UINT message : messages) {
         ValidateRect(grid, nullptr);
         EXPECT_FALSE(GetUpdateRect(grid, nullptr, FALSE));
