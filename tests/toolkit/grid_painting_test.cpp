@@ -328,7 +328,13 @@ TEST_F(GridPainting, AnOpenEditorIsNotPaintedOverNorAgain) {
 TEST_F(GridPainting, WithAndWithoutDoubleBufferItLooksTheSame) {
     Write(0, 0, u"1");
     SetFocus(grid);
+    constexpr COLORREF Unpainted = RGB(200, 0, 200);
     const auto look = [this] {
+        const HDC dc = GetDC(grid);
+        const RECT all = {0, 0, 400, 300};
+        SetDCBrushColor(dc, Unpainted);
+        FillRect(dc, &all, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+        ReleaseDC(grid, dc);
         Ask(GridRefresh);
         std::vector<COLORREF> pixels;
         for (int32_t y = 0; y < 60; y++) {
@@ -339,7 +345,8 @@ TEST_F(GridPainting, WithAndWithoutDoubleBufferItLooksTheSame) {
         return pixels;
     };
     const std::vector<COLORREF> buffered = look();
-    EXPECT_EQ(std::count(buffered.begin(), buffered.end(), Marked) > 500, true);
+    EXPECT_GT(std::count(buffered.begin(), buffered.end(), Marked), 500);
+    EXPECT_EQ(std::count(buffered.begin(), buffered.end(), Unpainted), 0);
     Ask(GridSetDoubleBuffer, 0);
     EXPECT_EQ(look(), buffered);
 }

@@ -40,8 +40,7 @@ protected:
         if (record.isEditorOpen) {
             ASSERT_TRUE(IsWindow(record.editWindow));
             ASSERT_NE(WindowStyle(record.editWindow) & WS_VISIBLE, 0u);
-            ASSERT_TRUE(
-                CanEditGridCell(record.state, record.state.cursorColumn, record.state.cursorRow));
+            ASSERT_TRUE(CanEditGridCursor(record.state));
         } else if (record.editWindow != nullptr) {
             ASSERT_EQ(WindowStyle(record.editWindow) & WS_VISIBLE, 0u);
             ASSERT_NE(GetFocus(), record.editWindow);
@@ -105,8 +104,7 @@ protected:
                 SetControlSize(grid, number(0, 480), number(0, 360));
                 break;
             case 14:
-                Ask(WM_VSCROLL + static_cast<UINT>(number(0, 0)),
-                    MAKEWPARAM(number(0, 8), number(0, 30)));
+                Ask(WM_VSCROLL, MAKEWPARAM(number(0, 8), number(0, 30)));
                 break;
             case 15:
                 Ask(WM_HSCROLL, MAKEWPARAM(number(0, 8), number(0, 12)));
