@@ -16,7 +16,7 @@ bool IsIn(uint32_t key, GridKey first, GridKey last) {
     return key >= first && key <= last;
 }
 
-// Shift, Control and Alt, also told apart by their sides.
+// Shift, Control and Alt, also where the code names their side.
 bool IsHeldKey(uint32_t key) {
     return key == GridKeyShift || key == GridKeyControl || key == GridKeyAlt ||
            IsIn(key, GridKeyLeftShift, GridKeyRightAlt);

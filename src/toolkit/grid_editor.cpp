@@ -37,7 +37,7 @@ GridEditorFacts FactsOf(HWND editor) {
     return {static_cast<int32_t>(start), static_cast<int32_t>(end), GetWindowTextLengthW(editor)};
 }
 
-// Gives a key to the grid, unless the page has moved the focus elsewhere when it was told of the
+// Gives a key to the grid, unless the page has moved the focus elsewhere when it heard of the
 // text. The edit control may be gone then.
 void PassKey(GridRecord& grid, WPARAM key, LPARAM flags) {
     CommitGridEditor(grid);
@@ -159,7 +159,7 @@ bool CloseEditor(GridRecord& grid) {
     return wasOpen;
 }
 
-// Gives the focus of the edit control to the grid. A page that is told of it may do anything: open
+// Gives the focus of the edit control to the grid. A page that hears of it may do anything: open
 // the editor again, or destroy the grid, which leaves no window to look at.
 void HideEditor(GridRecord& grid) {
     const HWND editor = grid.editWindow;
@@ -196,7 +196,7 @@ void OpenGridEditor(GridRecord& grid, std::u16string_view text) {
     ShowWindow(grid.editWindow, SW_SHOWNA);
     SetFocus(grid.editWindow);
     if (!grid.isEditorOpen) {
-        return;  // The page has closed it when it was told of the focus.
+        return;  // The page has closed it when it heard of the focus.
     }
     CentreLine(grid);
     const int length = GetWindowTextLengthW(grid.editWindow);

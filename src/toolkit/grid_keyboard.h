@@ -5,7 +5,8 @@
 
 namespace tallymere {
 
-/// Handles WM_KEYDOWN, after the page was told. False when the system must still handle the key.
+/// Handles WM_KEYDOWN, after the page has heard of it. False when the system must still handle the
+/// key.
 bool HandleGridKey(GridRecord& grid, WPARAM key, LPARAM flags);
 
 /// Opens the editor on the cell of the cursor with its text, if the cell can be edited.

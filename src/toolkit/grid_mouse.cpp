@@ -18,7 +18,7 @@ void StartResizing(GridRecord& grid, int32_t column, int32_t x) {
     CommitGridEditor(grid);
     const GridColumn* const found = FindGridColumn(grid.state.table, column);
     if (found == nullptr) {
-        return;  // The page has cleared the grid when it was told of the text.
+        return;  // The page has cleared the grid when it heard of the text.
     }
     grid.resizing = {
         .isActive = true, .column = column, .widthAtStart = found->width, .xAtStart = x};

@@ -108,7 +108,7 @@ void MoveGridCursor(GridRecord& grid, const GridPlace& place) {
         DestroyGridEditor(grid);
         state.cursorColumn = place.column;
         state.cursorRow = place.row;
-        // The page may have taken rows out when it was told of the text.
+        // The page may have taken rows out when it heard of the text.
         ClampGridState(state);
         NotifyGridParent(grid, GridCursorMoved);
         TellGridFocus(grid);

@@ -108,9 +108,9 @@ int32_t PositionOf(const GridRecord& grid, int bar, WPARAM wParam) {
     SCROLLINFO info = {};
     info.cbSize = sizeof info;
     info.fMask = SIF_TRACKPOS;
-    const int32_t told = HIWORD(wParam);
-    if (!GetScrollInfo(grid.window, bar, &info) || (info.nTrackPos & 0xFFFF) != told) {
-        return told;
+    const int32_t lowBits = HIWORD(wParam);
+    if (!GetScrollInfo(grid.window, bar, &info) || (info.nTrackPos & 0xFFFF) != lowBits) {
+        return lowBits;
     }
     return info.nTrackPos;
 }

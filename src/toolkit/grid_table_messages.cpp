@@ -80,7 +80,7 @@ LRESULT AddGridColumn(const GridCall& call) {
 }
 
 LRESULT AddGridRow(const GridCall& call) {
-    // The page may add or take out rows when it is told of the text, so they are counted after it.
+    // The page may add or take out rows when it hears of the text, so they are counted after it.
     CommitGridEditor(call.grid);
     return InsertGridRow(call, GridDataRows(call.state.table) + 1);
 }
@@ -91,7 +91,7 @@ LRESULT InsertGridRow(const GridCall& call, int32_t position) {
         return !call.grid.isDestroyed && position >= 1 &&
                position <= GridDataRows(call.state.table) + 1;
     };
-    // The cell of an open editor may move. The page may take out rows when it is told of the text.
+    // The cell of an open editor may move. The page may take out rows when it hears of the text.
     if (canInsert()) {
         CommitGridEditor(call.grid);
     }

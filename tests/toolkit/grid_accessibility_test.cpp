@@ -267,7 +267,7 @@ std::vector<LONG> ChildrenOf(DWORD event, HWND grid) {
     return children;
 }
 
-TEST_F(GridAccessibility, MovesAndNewTextsAreTold) {
+TEST_F(GridAccessibility, MovesAndNewTextsAreHeard) {
     events.clear();
     const HWINEVENTHOOK hook =
         SetWinEventHook(EVENT_OBJECT_FOCUS, EVENT_OBJECT_VALUECHANGE, nullptr, NoteEvent,

@@ -41,7 +41,7 @@ protected:
     }
 };
 
-TEST_F(GridKeyboard, FocusIsToldWithTheOtherWindow) {
+TEST_F(GridKeyboard, ThePageHearsOfTheFocusWithTheOtherWindow) {
     SetFocus(before);
     SetFocus(grid);
     ASSERT_EQ(heardOfGrid.codes, (Codes{19, 18}));
@@ -94,7 +94,7 @@ TEST_F(GridKeyboard, AMoveOpensTheEditorWithTheTextOfTheCell) {
     EXPECT_EQ(Caret(), 5);
 }
 
-TEST_F(GridKeyboard, KeysThatDoNothingAreTold) {
+TEST_F(GridKeyboard, ThePageHearsOfKeysThatDoNothing) {
     for (const int key :
          {VK_RETURN, VK_MENU, VK_PAUSE, VK_CAPITAL, VK_INSERT, VK_LWIN, VK_RWIN, VK_APPS, VK_F1,
           VK_F2, VK_F24, VK_NUMLOCK, VK_SHIFT, VK_CONTROL, VK_ESCAPE}) {
@@ -127,7 +127,7 @@ TEST_F(GridKeyboard, ACharacterReplacesTheText) {
     EXPECT_EQ(Read(1, 1), u"71");
 }
 
-TEST_F(GridKeyboard, AnEditorThatThePageClosesAtOnceIsNotToldAsOpen) {
+TEST_F(GridKeyboard, AnEditorThatThePageClosesAtOnceIsNotHeardAsOpen) {
     heardOfGrid.react = [this](UINT code) {
         if (code == GridFocusLost) {
             Ask(GridSetEditable, 0);

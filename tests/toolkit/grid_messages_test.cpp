@@ -691,12 +691,12 @@ TEST_F(GridMessages, TheWindowTextIsTheTitle) {
     EXPECT_EQ(Record().title, nullptr);
 }
 
-TEST_F(GridMessages, APageMayDestroyTheGridWhenItIsTold) {
+TEST_F(GridMessages, APageMayDestroyTheGridWhenItHearsOfSomething) {
     for (const UINT code : {6u, 3u, 4u, 5u, 18u, 19u}) {
         MakeGrid(3, 3);
         SetFocus(grid);
-        heardOfGrid.react = [this, code](UINT told) {
-            if (told == code) {
+        heardOfGrid.react = [this, code](UINT heard) {
+            if (heard == code) {
                 DestroyWindow(grid);
             }
         };
@@ -714,11 +714,11 @@ TEST_F(GridMessages, APageMayDestroyTheGridWhenItIsTold) {
     }
 }
 
-TEST_F(GridMessages, APageMayClearTheGridWhenItIsTold) {
+TEST_F(GridMessages, APageMayClearTheGridWhenItHearsOfSomething) {
     for (const UINT code : {6u, 3u, 4u, 5u, 18u, 19u}) {
         MakeGrid(3, 3);
-        heardOfGrid.react = [this, code](UINT told) {
-            if (told == code) {
+        heardOfGrid.react = [this, code](UINT heard) {
+            if (heard == code) {
                 Ask(GridClear);
             }
         };
