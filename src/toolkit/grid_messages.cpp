@@ -98,9 +98,9 @@ LRESULT Answer(const GridCall& call, GridMessage message) {
         case GridColumnCount:
             return GridDataColumns(state.table);
         case GridGetColumnHeader:
-            return GetGridHeader(call, call.Place(), 0);
+            return GetGridHeader(call, call.TableIndex(), 0);
         case GridGetColumnHeaderLength:
-            return GetGridHeaderLength(call, call.Place(), 0);
+            return GetGridHeaderLength(call, call.TableIndex(), 0);
         case GridGetColumnType:
             return GetGridColumnType(call);
         case GridGetColumnWidth:
@@ -118,9 +118,9 @@ LRESULT Answer(const GridCall& call, GridMessage message) {
         case GridRowCount:
             return GridDataRows(state.table);
         case GridGetRowHeader:
-            return GetGridHeader(call, 0, call.Place());
+            return GetGridHeader(call, 0, call.TableIndex());
         case GridGetRowHeaderLength:
-            return GetGridHeaderLength(call, 0, call.Place());
+            return GetGridHeaderLength(call, 0, call.TableIndex());
         case GridRowHeight:
             return state.rowHeight;
         case GridRefresh:
@@ -136,10 +136,10 @@ LRESULT Answer(const GridCall& call, GridMessage message) {
         case GridSetShowColumnLetters:
             return SetFlag(call, grid.showsColumnLetters);
         case GridSetColumnHeader:
-            return SetGridHeader(call, call.Place(), 0);
+            return SetGridHeader(call, call.TableIndex(), 0);
         case GridSetColumnWidth:
-            return call.Place() >= 1 ? SetGridWidth(call, call.Place(), call.lParam)
-                                     : FailGridCall(GridErrorInvalidIndex);
+            return call.TableIndex() >= 1 ? SetGridWidth(call, call.TableIndex(), call.lParam)
+                                          : FailGridCall(GridErrorInvalidIndex);
         case GridSetCursor:
             return SetCursorOn(call, call.Number(), call.lParam);
         case GridSetDoubleBuffer:
@@ -168,7 +168,7 @@ LRESULT Answer(const GridCall& call, GridMessage message) {
         case GridSetProtectedBackground:
             return SetColour(call, grid.colours.protectedBackground);
         case GridSetRowHeader:
-            return SetGridHeader(call, 0, call.Place());
+            return SetGridHeader(call, 0, call.TableIndex());
         case GridSetHeaderColumnWidth:
             return SetGridWidth(call, 0, call.lParam);
         case GridSetRowHeight:
@@ -183,7 +183,7 @@ LRESULT Answer(const GridCall& call, GridMessage message) {
             state.titleHeight = std::clamp(call.Number(), 0, MaxGridHeight);
             return RepaintForGridCall(call);
         case GridInsertRow:
-            return InsertGridRow(call, call.Place() + 1);
+            return InsertGridRow(call, call.TableIndex() + 1);
         case GridDeleteRow:
             return DeleteGridRow(call);
         case GridHideColumn:

@@ -107,7 +107,7 @@ LRESULT InsertGridRow(const GridCall& call, int32_t position) {
 }
 
 LRESULT DeleteGridRow(const GridCall& call) {
-    const int32_t row = call.Place();
+    const int32_t row = call.TableIndex();
     const auto canDelete = [&call, row] {
         return row >= 1 && row <= GridDataRows(call.state.table);
     };
@@ -129,11 +129,11 @@ LRESULT DeleteGridRow(const GridCall& call) {
 }
 
 LRESULT HideGridColumn(const GridCall& call) {
-    if (call.Place() == call.state.cursorColumn) {
+    if (call.TableIndex() == call.state.cursorColumn) {
         CommitGridEditor(call.grid);
     }
-    GridColumn* const column = FindGridColumn(call.state.table, call.Place());
-    if (column == nullptr || call.Place() < 1) {
+    GridColumn* const column = FindGridColumn(call.state.table, call.TableIndex());
+    if (column == nullptr || call.TableIndex() < 1) {
         return FailGridCall(GridErrorInvalidIndex);
     }
     column->isHidden = call.lParam != 0 ? 1 : 0;
@@ -142,8 +142,8 @@ LRESULT HideGridColumn(const GridCall& call) {
 }
 
 LRESULT GetGridWidth(const GridCall& call) {
-    return call.Place() >= 1 && FindGridColumn(call.state.table, call.Place()) != nullptr
-               ? GridColumnWidth(call.state.table, call.Place())
+    return call.TableIndex() >= 1 && FindGridColumn(call.state.table, call.TableIndex()) != nullptr
+               ? GridColumnWidth(call.state.table, call.TableIndex())
                : FailGridCall(GridErrorInvalidIndex);
 }
 
@@ -159,9 +159,9 @@ LRESULT SetGridWidth(const GridCall& call, int32_t place, int64_t units) {
 }
 
 LRESULT GetGridColumnType(const GridCall& call) {
-    const GridColumn* const column = FindGridColumn(call.state.table, call.Place());
-    return column != nullptr && call.Place() >= 1 ? column->type
-                                                  : FailGridCall(GridErrorInvalidIndex);
+    const GridColumn* const column = FindGridColumn(call.state.table, call.TableIndex());
+    return column != nullptr && call.TableIndex() >= 1 ? column->type
+                                                       : FailGridCall(GridErrorInvalidIndex);
 }
 
 LRESULT GetGridCellText(const GridCall& call) {
@@ -172,13 +172,13 @@ LRESULT GetGridCellText(const GridCall& call) {
 
 // Columns that are only read have no length here, though their text can be asked for.
 LRESULT GetGridCellLength(const GridCall& call) {
-    const GridColumn* const column = FindGridColumn(call.state.table, call.Place());
+    const GridColumn* const column = FindGridColumn(call.state.table, call.TableIndex());
     const int32_t row = static_cast<int32_t>(std::clamp<int64_t>(call.lParam, -1, GridCall::Most));
     if (column == nullptr || (column->type != GridColumnText && column->type != GridColumnHeader)) {
         return 0;
     }
     const GridCell* const cell =
-        row >= 0 ? FindGridCell(call.state.table, call.Place(), row + 1) : nullptr;
+        row >= 0 ? FindGridCell(call.state.table, call.TableIndex(), row + 1) : nullptr;
     return static_cast<LRESULT>(GridCellText(cell).size());
 }
 

@@ -20,15 +20,17 @@ struct GridCall {
     /// A number or flag in wParam.
     int32_t Number() const { return static_cast<int32_t>(wParam); }
     bool Flag() const { return wParam != 0; }
-    /// Columns and rows of messages count from 0, in the table from 1.
-    int32_t Place() const { return static_cast<int32_t>(std::min<int64_t>(Number(), Most) + 1); }
+    /// The column or row in wParam as the table counts it: messages count from 0, the table from 1.
+    int32_t TableIndex() const {
+        return static_cast<int32_t>(std::min<int64_t>(Number(), Most) + 1);
+    }
     std::u16string_view Text() const {
         const auto* text = reinterpret_cast<const char16_t*>(lParam);
         return text != nullptr ? text : std::u16string_view();
     }
     const GridCellSpec* Cell() const { return reinterpret_cast<const GridCellSpec*>(lParam); }
 
-    /// The largest index that counts, so that the place behind the one of Place() fits too.
+    /// The largest index that counts, so that the row behind the one of TableIndex() fits too.
     static constexpr int64_t Most = INT32_MAX - 2;
 };
 
@@ -49,7 +51,7 @@ inline LRESULT RepaintForGridCall(const GridCall& call) {
     return 0;
 }
 
-/// The headers: of a column with row 0, of a row with column 0. Places are those of the table.
+/// The headers: of a column with row 0, of a row with column 0. Both count as in the table.
 LRESULT GetGridHeader(const GridCall& call, int32_t column, int32_t row);
 LRESULT GetGridHeaderLength(const GridCall& call, int32_t column, int32_t row);
 LRESULT SetGridHeader(const GridCall& call, int32_t column, int32_t row);

@@ -612,9 +612,9 @@ TEST_F(GridMessages, HeadersOfColumnsAlwaysHaveRoom) {
     EXPECT_EQ(Ask(GridRowHeight), 21);
 }
 
-TEST_F(GridMessages, TheLargestIndexHasAPlaceBehindIt) {
+TEST_F(GridMessages, TheLargestIndexHasARowBehindIt) {
     const GridCall call = {Record(), State(), static_cast<WPARAM>(INT32_MAX), 0};
-    EXPECT_LT(call.Place(), INT32_MAX);
+    EXPECT_LT(call.TableIndex(), INT32_MAX);
     EXPECT_EQ(ErrorOf(GridInsertRow, INT32_MAX), DWORD{GridErrorInvalidIndex});
     EXPECT_EQ(Ask(GridRowCount), 4);
 }
