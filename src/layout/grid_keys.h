@@ -27,7 +27,6 @@ enum GridKey : uint32_t {
     GridKeyRight = 0x27,
     GridKeyDown = 0x28,
     GridKeyInsert = 0x2D,
-    GridKeyDelete = 0x2E,
     GridKeyLeftWindows = 0x5B,
     GridKeyRightWindows = 0x5C,
     GridKeyMenu = 0x5D,

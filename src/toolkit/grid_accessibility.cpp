@@ -214,7 +214,7 @@ struct GridAccessible final : IAccessible {
         } else {
             const LayoutRect place =
                 GridCellPlace(asked.grid->state, asked.place.column, asked.place.row);
-            rect = {place.x, place.y, place.x + place.width, place.y + place.height};
+            rect = RectOf(place);
             MapWindowPoints(window, HWND_DESKTOP, reinterpret_cast<POINT*>(&rect), 2);
         }
         *left = rect.left;

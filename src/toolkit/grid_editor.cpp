@@ -6,15 +6,13 @@
 #include "toolkit/environment.h"
 #include "toolkit/field_state.h"
 #include "toolkit/grid_accessibility.h"
+#include "toolkit/standard_controls.h"
 #include "toolkit/text_measure.h"
 #include "toolkit/wide_text.h"
 
 namespace tallymere {
 
 namespace {
-
-// The longest text that an edit control takes, in characters.
-constexpr WPARAM EditorTextLimit = 0x7FFFFFFE;
 
 WNDPROC SavedProc(HWND editor) {
     return reinterpret_cast<WNDPROC>(GetPropW(editor, ToWide(GridEditorProcProperty)));
@@ -141,14 +139,14 @@ void CreateEditor(GridRecord& grid) {
     }
     SetWindowLongPtrW(editor, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(GridEditorProc));
     SendMessageW(editor, WM_SETFONT, reinterpret_cast<WPARAM>(grid.cellFont), FALSE);
-    SendMessageW(editor, EM_SETLIMITTEXT, EditorTextLimit, 0);
+    SendMessageW(editor, EM_SETLIMITTEXT, EditTextLimit, 0);
     grid.editWindow = editor;
 }
 
 void CentreLine(GridRecord& grid) {
     const int32_t lineHeight = TextMeasure(grid.editWindow, grid.cellFont).LineHeight();
     const LayoutRect place = GridEditorTextPlace(ClientSize(grid.editWindow), lineHeight);
-    const RECT rect = {place.x, place.y, place.x + place.width, place.y + place.height};
+    const RECT rect = RectOf(place);
     SendMessageW(grid.editWindow, EM_SETRECT, 0, reinterpret_cast<LPARAM>(&rect));
 }
 

@@ -28,10 +28,6 @@ struct GridPainter {
     GridPalette palette;
 };
 
-RECT RectOf(const LayoutRect& place) {
-    return {place.x, place.y, place.x + place.width, place.y + place.height};
-}
-
 bool IsDirty(const GridPainter& painter, const LayoutRect& place) {
     const RECT rect = RectOf(place);
     RECT common;

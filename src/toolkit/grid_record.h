@@ -88,6 +88,11 @@ void UpdateGridSize(GridRecord& grid);
 /// when there is no such cell.
 bool StoreGridCell(GridRecord& grid, int32_t column, int32_t row, std::u16string_view text);
 
+/// A place as Windows writes it.
+constexpr RECT RectOf(const LayoutRect& place) {
+    return {place.x, place.y, place.x + place.width, place.y + place.height};
+}
+
 /// What a header cell shows: the letters of the column or the number of the row, or its own text.
 /// `text` must have room for 16 characters, in which the result may lie.
 std::u16string_view ShownGridHeader(const GridRecord& grid, int32_t column, int32_t row,

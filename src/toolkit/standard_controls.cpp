@@ -15,9 +15,6 @@ constexpr const char16_t* StaticClass = u"static";
 constexpr const char16_t* TrackbarClass = u"msctls_trackbar32";
 constexpr const char16_t* OldGroupBoxClass = u"cwl_WinXpGroupBox";
 
-// The longest text that an edit control takes, in characters.
-constexpr WPARAM EditTextLimit = 0x7FFFFFFE;
-
 void AddTabStop(HWND window) {
     SetWindowLongPtrW(window, GWL_STYLE, GetWindowLongPtrW(window, GWL_STYLE) | WS_TABSTOP);
 }

@@ -13,6 +13,9 @@
 
 namespace tallymere {
 
+/// The longest text that an edit control takes, in characters.
+inline constexpr WPARAM EditTextLimit = 0x7FFFFFFE;
+
 /// Makes a control of the class `className`. Only WS_CHILD and WS_VISIBLE are added to `style`.
 /// `handler` may be null.
 HWND CreateControl(HWND parent, const char16_t* className, const LayoutRect& place,

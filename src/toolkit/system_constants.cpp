@@ -20,7 +20,7 @@ static_assert(GridKeyPageUp == VK_PRIOR && GridKeyPageDown == VK_NEXT);
 static_assert(GridKeyEnd == VK_END && GridKeyHome == VK_HOME);
 static_assert(GridKeyLeft == VK_LEFT && GridKeyUp == VK_UP);
 static_assert(GridKeyRight == VK_RIGHT && GridKeyDown == VK_DOWN);
-static_assert(GridKeyInsert == VK_INSERT && GridKeyDelete == VK_DELETE);
+static_assert(GridKeyInsert == VK_INSERT);
 static_assert(GridKeyLeftWindows == VK_LWIN && GridKeyRightWindows == VK_RWIN);
 static_assert(GridKeyMenu == VK_APPS && GridKeyF1 == VK_F1 && GridKeyF24 == VK_F24);
 static_assert(GridKeyNumLock == VK_NUMLOCK && GridKeyScrollLock == VK_SCROLL);
