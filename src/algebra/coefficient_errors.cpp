@@ -8,48 +8,37 @@ namespace tallymere {
 
 namespace {
 
-// True when a finite number in the layout in force has a long run of zeros or nines before its last
-// digit.
-bool HasLongRun(const RealNumber* x) {
-    const int64_t digits = numberContext.precisionDigits;
-    const int64_t least = std::max(digits / LongRunPart, LongRunDigits);
-    int64_t run = 0;
-    uint64_t runDigit = 0;
-    int64_t digitsOfLimb = numberContext.topLimbDigits;
-    for (int64_t i = 0; i < numberContext.realLimbs; i++) {
-        for (int64_t k = digitsOfLimb - 1; k >= 0; k--) {
-            const uint64_t digit = RealLimbs(x)[i] / PowerOfTen(k) % 10;
-            if (digit != runDigit) {
-                if (run >= least && (runDigit == 0 || runDigit == 9)) {
-                    return true;
-                }
-                run = 0;
-                runDigit = digit;
-            }
-            run++;
+// True when digits of a finite number in the layout in force are not 0 behind the first so many.
+bool GoesOnBehind(const RealNumber* x, int64_t digits) {
+    int64_t behind = numberContext.precisionDigits - digits;
+    for (int64_t i = numberContext.realLimbs - 1; i >= 0 && behind > 0; i--) {
+        const int64_t ofLimb = std::min(behind, DigitsPerLimb);
+        const Limb limb = RealLimbs(x)[i];
+        if (ofLimb < DigitsPerLimb ? limb % PowerOfTen(ofLimb) != 0 : limb != 0) {
+            return true;
         }
-        digitsOfLimb = DigitsPerLimb;
+        behind -= ofLimb;
     }
     return false;
 }
 
 // Of a part in the layout in force.
-Magnitude ErrorOfPart(const RealNumber* part) {
-    const Limb last = RealLimbs(part)[numberContext.realLimbs - 1];
-    if (RealIsZero(part) || last % PowerOfTen(SpareDigits) == 0 || HasLongRun(part)) {
+Magnitude ErrorOfPart(const RealNumber* part, int64_t knownDigits) {
+    if (RealIsZero(part) || !GoesOnBehind(part, knownDigits)) {
         return {};
     }
-    return MakeMagnitude(RoundedPartError, RealExponent(part) + 1 - numberContext.precisionDigits);
+    return MakeMagnitude(1, RealExponent(part) + 1 - knownDigits);
 }
 
 }  // namespace
 
-CoefficientErrors FindCoefficientErrors(const Polynomial& polynomial) {
+CoefficientErrors FindCoefficientErrors(const Polynomial& polynomial, int64_t knownDigits) {
     const DigitsScope digits(polynomial.layout.digits);
     CoefficientErrors errors{};
+    errors.knownDigits = knownDigits;
     for (int64_t i = 0; i <= polynomial.degree; i++) {
-        errors.real[i] = ErrorOfPart(RealPart(polynomial.coefficients[i]));
-        errors.imaginary[i] = ErrorOfPart(ImaginaryPart(polynomial.coefficients[i]));
+        errors.real[i] = ErrorOfPart(RealPart(polynomial.coefficients[i]), knownDigits);
+        errors.imaginary[i] = ErrorOfPart(ImaginaryPart(polynomial.coefficients[i]), knownDigits);
         errors.any = errors.any || !IsZero(errors.real[i]) || !IsZero(errors.imaginary[i]);
     }
     return errors;

@@ -15,9 +15,10 @@ namespace {
 
 RootOutcome SolveNumerically(SolutionSet& solutions, const ExactPolynomial& list, int64_t digits) {
     ScratchStackScope scratch;
-    // Integers stay exact as decimal numbers, if these have the digits for them.
+    // Integers stay exact as decimal numbers, since these have the digits for them.
     ExactPolynomial integers = TakeExactPolynomial(scratch, list.degree);
-    const ExactPolynomial& source = ClearDenominators(integers, list) ? integers : list;
+    const bool areIntegers = ClearDenominators(integers, list);
+    const ExactPolynomial& source = areIntegers ? integers : list;
     CoefficientList numbers = {list.degree, {}};
     for (int64_t i = 0; i <= list.degree; i++) {
         ComplexNumber* number = ComplexAt(scratch.Take(ComplexWords()));
@@ -25,7 +26,8 @@ RootOutcome SolveNumerically(SolutionSet& solutions, const ExactPolynomial& list
                                  numberContext.uintLimbs);
         numbers.coefficients[i] = number;
     }
-    return SolvePolynomial(solutions, numbers, digits, KeepEqualRoots);
+    const uint32_t flags = areIntegers ? KeepEqualRoots | ExactCoefficients : KeepEqualRoots;
+    return SolvePolynomial(solutions, numbers, digits, flags);
 }
 
 RootOutcome SolveExactly(SolutionSet& solutions, const ExactPolynomial& list, int64_t digits) {

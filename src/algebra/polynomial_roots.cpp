@@ -15,6 +15,10 @@ namespace {
 constexpr int64_t KeptShares[MaxEquationDegree + 1] = {1000, 950, 482, 320, 230, 184,
                                                        130,  110, 95,  84,  76};
 
+// What a formula may cancel without harm, of the extra digits.
+constexpr int64_t CancelledDigits = 20;
+static_assert(CancelledDigits < ExtraCoefficientDigits);
+
 constexpr int64_t MostDigitsByDegree[MaxEquationDegree + 1] = {2000, 2000, 2000, 2000, 2000, 1000,
                                                                1000, 1000, 750,  750,  750};
 
@@ -32,11 +36,10 @@ bool AllAreFinite(const CoefficientList& list) {
         [](const ComplexNumber* z) { return IsFinite(RealPart(z)) && IsFinite(ImaginaryPart(z)); });
 }
 
-// The coefficients at the working digits, which are in force.
-Polynomial TakeCoefficients(ScratchScope& scope, const CoefficientList& list, RealLayout layout) {
+Polynomial TakeCoefficients(ScratchScope& scope, const CoefficientList& list) {
     Polynomial polynomial = TakePolynomial(scope, list.degree);
     for (int64_t i = 0; i <= list.degree; i++) {
-        ConvertComplex(polynomial.coefficients[i], list.coefficients[i], layout);
+        ComplexCopy(polynomial.coefficients[i], list.coefficients[i]);
     }
     return polynomial;
 }
@@ -67,15 +70,16 @@ void AddRoot(SolutionSet& solutions, const ComplexNumber* value, RealLayout layo
     }
 }
 
-// The roots of a polynomial of degree 1 or more without a root 0; `layout` is that of the results.
+// The roots of a polynomial of degree 1 or more without a root 0, whose rounded coefficients are
+// right in so many digits.
 RootOutcome AddRoots(SolutionSet& solutions, Polynomial& polynomial, int64_t digits,
-                     RealLayout layout) {
+                     int64_t knownDigits) {
     int64_t order = 0;
     if (!ScaleExponents(polynomial, &order)) {
         return RootOutcome::NotConverged;
     }
     ScratchStackScope scope;
-    const CoefficientErrors errors = FindCoefficientErrors(polynomial);
+    const CoefficientErrors errors = FindCoefficientErrors(polynomial, knownDigits);
     RootClusters clusters{};
     TakeClusters(scope, clusters);
     ComplexNumber* values[MaxEquationDegree];
@@ -89,8 +93,6 @@ RootOutcome AddRoots(SolutionSet& solutions, Polynomial& polynomial, int64_t dig
         outcome = RoundRoots(values, clusters, polynomial, errors, digits);
     }
     numberContext.calcError = noted;
-    const RealLayoutScope saved;
-    InstallRealLayout(layout);
     for (int64_t i = 0; i < clusters.count && outcome == RootOutcome::Found; i++) {
         AddRoot(solutions, values[i], LayoutForDigits(digits), order,
                 clusters.clusters[i].multiplicity);
@@ -99,28 +101,28 @@ RootOutcome AddRoots(SolutionSet& solutions, Polynomial& polynomial, int64_t dig
 }
 
 // All roots, neither in order nor merged.
-RootOutcome FindRoots(SolutionSet& solutions, const CoefficientList& list, int64_t digits) {
-    const RealLayout layout = CurrentRealLayout();
+RootOutcome FindRoots(SolutionSet& solutions, const CoefficientList& list, int64_t digits,
+                      uint32_t flags) {
+    const int64_t digitsInForce = numberContext.precisionDigits;
     if (list.degree < 0 || list.degree > MaxEquationDegree || digits < 1 ||
-        digits > layout.digits || RootWorkingDigits(list.degree, digits) > MaxDigits ||
+        digits > digitsInForce || RootWorkingDigits(list.degree, digits) > MaxDigits ||
         ComplexIsZero(list.coefficients[list.degree])) {
         return RootOutcome::Internal;
     }
     if (!AllAreFinite(list)) {
         return RootOutcome::NotConverged;
     }
-    const DigitsScope working(RootWorkingDigits(list.degree, digits));
+    const int64_t knownDigits =
+        (flags & ExactCoefficients) != 0 ? digitsInForce : RootKnownDigits(list.degree, digits);
     ScratchStackScope scope;
-    Polynomial polynomial = TakeCoefficients(scope, list, layout);
+    Polynomial polynomial = TakeCoefficients(scope, list);
     const int64_t zeros = StripZeroRoots(polynomial);
     if (polynomial.degree > 0) {
-        const RootOutcome outcome = AddRoots(solutions, polynomial, digits, layout);
+        const RootOutcome outcome = AddRoots(solutions, polynomial, digits, knownDigits);
         if (outcome != RootOutcome::Found) {
             return outcome;
         }
     }
-    const RealLayoutScope saved;
-    InstallRealLayout(layout);
     for (int64_t i = 0; i < zeros; i++) {
         ComplexSetZero(solutions.values[solutions.count++], 0);
     }
@@ -134,6 +136,14 @@ int64_t RootWorkingDigits(int64_t degree, int64_t digits) {
     return (digits * 1000 + share - 1) / share;
 }
 
+int64_t RootInputDigits(int64_t degree, int64_t digits) {
+    return RootWorkingDigits(degree, digits) + ExtraCoefficientDigits;
+}
+
+int64_t RootKnownDigits(int64_t degree, int64_t digits) {
+    return RootInputDigits(degree, digits) - CancelledDigits;
+}
+
 int64_t MaxRootDigits(int64_t degree) {
     return MostDigitsByDegree[KnownDegree(degree)];
 }
@@ -145,7 +155,7 @@ RootOutcome SolvePolynomial(SolutionSet& solutions, const CoefficientList& list,
         solutions.exactTexts[i][0] = 0;
         solutions.multiplicities[i] = 1;
     }
-    const RootOutcome outcome = FindRoots(solutions, list, digits);
+    const RootOutcome outcome = FindRoots(solutions, list, digits, flags);
     if (outcome != RootOutcome::Found) {
         solutions.count = -1;
         return outcome;

@@ -7,10 +7,20 @@
 
 namespace tallymere {
 
-/// The digits that coefficients are read and taken with when roots are asked for to so many digits,
-/// 1 or more: enough for an m-fold root to keep its digits, although the error of a coefficient
+/// The digits that coefficients must have when roots are asked for to so many digits, 1 or more:
+/// enough for an m-fold root to keep its digits, although the error of a coefficient
 /// moves it by the m-th root of that error. A degree above 10 counts as 10.
 int64_t RootWorkingDigits(int64_t degree, int64_t digits);
+
+/// The digits that coefficients are to be read with: these more than the working digits. They tell
+/// numbers that end before from rounded ones; see FindCoefficientErrors. MaxDigits at most, where
+/// the digits of the roots are at most MaxRootDigits.
+int64_t RootInputDigits(int64_t degree, int64_t digits);
+inline constexpr int64_t ExtraCoefficientDigits = 40;
+
+/// The digits up to which a rounded part of a coefficient is taken as right: a formula may cancel
+/// the others.
+int64_t RootKnownDigits(int64_t degree, int64_t digits);
 
 /// The most digits that roots can be asked for to: 2000 up to degree 4, 1000 up to degree 7, 750
 /// above. Their working digits are at most MaxDigits.
@@ -20,6 +30,10 @@ int64_t MaxRootDigits(int64_t degree);
 /// digits, at least 1, half away from zero, with empty exact texts; see SortRoots. Unless
 /// KeepEqualRoots is set, MergeEqualRoots makes one entry of equal roots. With KeepRealRootsOnly
 /// only real roots stay.
+///
+/// The coefficients are taken as they are, with all digits in force, which should be
+/// RootInputDigits. A part that goes on behind the first RootKnownDigits of them is taken as a
+/// rounded number, and any other as exact; with ExactCoefficients all are.
 ///
 /// Internal for more digits than are in force, for working digits above MaxDigits, for a degree
 /// outside 0 to MaxEquationDegree and for a highest coefficient of 0. Except after Found, the count

@@ -10,8 +10,8 @@ namespace tallymere {
 
 namespace {
 
-// With so many digits more than the coefficients have, their errors outweigh those of an expansion
-// by far, and with so many less it is the other way round.
+// With so many digits more than the coefficients are known to, their errors outweigh those of an
+// expansion by far, and with so many less it is the other way round.
 constexpr int64_t DigitsAroundErrors = 20;
 
 // The expansion of the polynomial around a centre, in the layout of the centre.
@@ -170,16 +170,16 @@ RootOutcome PartCluster(RootClusters& clusters, int64_t k, const Expansion& expa
     return count < 0 ? RootOutcome::Stopped : RootOutcome::Found;
 }
 
-int64_t DigitsToSeeErrors(const Polynomial& polynomial) {
-    return std::min(polynomial.layout.digits + DigitsAroundErrors, MostRootDigits);
+int64_t DigitsToSeeErrors(const CoefficientErrors& errors) {
+    return std::min(errors.knownDigits + DigitsAroundErrors, MostRootDigits);
 }
 
 // The digits of the next look after one with so many. In between, errors of coefficients would be
 // taken for distances of roots.
-int64_t NextDigits(int64_t digits, const Polynomial& polynomial, const CoefficientErrors& errors) {
+int64_t NextDigits(int64_t digits, const CoefficientErrors& errors) {
     const int64_t next = std::min(2 * digits, MostRootDigits);
-    const int64_t enough = DigitsToSeeErrors(polynomial);
-    const bool isBetween = next < enough && next > polynomial.layout.digits - DigitsAroundErrors;
+    const int64_t enough = DigitsToSeeErrors(errors);
+    const bool isBetween = next < enough && next > errors.knownDigits - DigitsAroundErrors;
     return errors.any && isBetween ? enough : next;
 }
 
@@ -197,7 +197,7 @@ RootOutcome LookCloser(RootClusters& clusters, int64_t k, const Polynomial& poly
         return RootOutcome::Stopped;
     }
     TightenBy(cluster, expansion);
-    const bool seesRounded = errors.any && digits >= DigitsToSeeErrors(polynomial);
+    const bool seesRounded = errors.any && digits >= DigitsToSeeErrors(errors);
     if (seesRounded) {
         TakeErrorSizes(expansion.rounded, errors, polynomial.degree);
         ExpandSizes(expansion.rounded, polynomial.degree, MagnitudeOf(cluster.center));
@@ -264,7 +264,7 @@ RootOutcome SeparateRoots(RootClusters& clusters, const Polynomial& polynomial,
         if (all || digits == MostRootDigits) {
             break;
         }
-        digits = NextDigits(digits, polynomial, errors);
+        digits = NextDigits(digits, errors);
         for (int64_t k = 0; k < count && outcome == RootOutcome::Found; k++) {
             if (!settled[k]) {
                 outcome = LookCloser(clusters, k, polynomial, errors, digits);

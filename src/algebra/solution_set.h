@@ -36,6 +36,7 @@ struct SolutionSet {
 enum EquationFlags : uint32_t {
     KeepEqualRoots = 1,     ///< equal roots keep their entries, each of multiplicity 1
     KeepRealRootsOnly = 2,  ///< roots that are not real are left out
+    ExactCoefficients = 4,  ///< no coefficient is taken as a rounded number
 };
 
 /// How a solver ends.

@@ -109,7 +109,7 @@ void RaiseOutcome(RootOutcome outcome) {
 
 NumberSetup EquationNumberSetup(const EquationRequest& request) {
     return {.type = request.exact ? NumberTypeRational : NumberTypeComplex,
-            .digits = RootWorkingDigits(request.degree, request.digits),
+            .digits = RootInputDigits(request.degree, request.digits),
             .width = UintWidthForLimbs(ExactLimbs)};
 }
 

@@ -31,7 +31,7 @@ struct EquationRequest {
     const char16_t* coefficients[MaxEquationDegree + 1];
 };
 
-/// What a run is calculated with: the working digits of the degree, and 2 limbs.
+/// What a run is calculated with: RootInputDigits of the degree, and 2 limbs.
 NumberSetup EquationNumberSetup(const EquationRequest& request);
 
 /// The name of the coefficient that belongs to a power of x, such as "a2".

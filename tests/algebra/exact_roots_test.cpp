@@ -25,8 +25,7 @@ protected:
     // The lines for so many digits, at the precision of the page.
     static Lines Solve(const std::vector<std::string>& coefficients, uint32_t flags = 0,
                        int64_t digits = 10) {
-        EquationScope scope(
-            RootWorkingDigits(static_cast<int64_t>(coefficients.size()) - 1, digits));
+        EquationScope scope(RootInputDigits(static_cast<int64_t>(coefficients.size()) - 1, digits));
         const PolynomialBuffer polynomial(coefficients);
         const std::string before = polynomial.Text();
         SolutionBuffer solutions;

@@ -25,15 +25,15 @@ Texts Sorted(Texts texts) {
     return texts;
 }
 
-// Our roots of the polynomial with its coefficients rounded to the working digits.
+// Our roots of the polynomial with its coefficients rounded to the digits that they are read with.
 Texts OurRoots(const std::string& polynomial, int64_t degree, int64_t digits) {
-    return Sorted(RootsOf(CoefficientsByPari(polynomial, RootWorkingDigits(degree, digits)), digits,
+    return Sorted(RootsOf(CoefficientsByPari(polynomial, RootInputDigits(degree, digits)), digits,
                           KeepEqualRoots));
 }
 
 // Both must have the same roots of the rounded polynomial. PARI works with so many digits more.
 void Compare(const std::string& polynomial, int64_t degree, int64_t digits, int64_t more = 100) {
-    const Texts coefficients = CoefficientsByPari(polynomial, RootWorkingDigits(degree, digits));
+    const Texts coefficients = CoefficientsByPari(polynomial, RootInputDigits(degree, digits));
     EXPECT_EQ(Sorted(RootsOf(coefficients, digits, KeepEqualRoots)),
               RootsByPari(PolynomialText(coefficients), digits, digits + more))
         << polynomial.substr(0, 1'000) << " at " << digits << " digits";

@@ -21,7 +21,8 @@ TEST_F(PolynomialRoots, AreInOrderWithExactZeros) {
     // (x^2 + 1) (x - 1)
     EXPECT_EQ(RootsOf({"-1", "1", "-1", "1"}, 10), (Texts{"1e0 0", "0 -1e0", "0 1e0"}));
     // (x^2 - 2 x + 2) (x^2 - 2 x + 5) (x + 7)
-    EXPECT_EQ(RootsOf({"70", "-88", "53", "-12", "3", "1"}, 5).size(), 5u);
+    EXPECT_EQ(RootsOf({"70", "-88", "63", "-17", "3", "1"}, 5),
+              (Texts{"-7e0 0", "1e0 -1e0", "1e0 1e0", "1e0 -2e0", "1e0 2e0"}));
     EXPECT_EQ(RootsOf({"10", "-14", "11", "-4", "1"}, 5),
               (Texts{"1e0 -1e0", "1e0 1e0", "1e0 -2e0", "1e0 2e0"}));
 }
@@ -53,19 +54,57 @@ TEST_F(PolynomialRoots, HaveMultiplicities) {
 
 TEST_F(PolynomialRoots, OfRoundedCoefficientsKeepTheirMultiplicities) {
     // (x - 1/3)^2, (x - 1/3)^3 and (x - i/3)^2
-    EXPECT_EQ(RootsOf({"0.11111111111", "-0.66666666667", "1"}, 5), (Texts{"3.3333e-1 0 [2]"}));
-    EXPECT_EQ(RootsOf({"-0.037037037037037037037037037037037", "0.33333333333333333333333333333333",
-                       "-1", "1"},
-                      10),
+    const std::string ninth = "0." + std::string(51, '1');
+    const std::string twoThirds = "-0." + std::string(50, '6') + "7";
+    EXPECT_EQ(RootsOf({ninth, twoThirds, "1"}, 5), (Texts{"3.3333e-1 0 [2]"}));
+    std::string part27th = "-0.0";
+    for (int i = 0; i < 24; i++) {
+        part27th += "370";
+    }
+    EXPECT_EQ(RootsOf({part27th, "0." + std::string(72, '3'), "-1", "1"}, 10),
               (Texts{"3.333333333e-1 0 [3]"}));
-    EXPECT_EQ(RootsOf({"-0.11111111111", "0 -0.66666666667", "1"}, 5), (Texts{"0 3.3333e-1 [2]"}));
-    // Full coefficients that are no square: the roots stay apart.
+    EXPECT_EQ(RootsOf({"-" + ninth, "0 " + twoThirds, "1"}, 5), (Texts{"0 3.3333e-1 [2]"}));
+    // The last of 20 digits are not right.
+    EXPECT_EQ(RootsOf({"0." + std::string(33, '1') + "473829104728391047", twoThirds, "1"}, 5),
+              (Texts{"3.3333e-1 0 [2]"}));
+    EXPECT_EQ(RootsOf({"0." + std::string(30, '1') + "473829104728391047", twoThirds, "1"}, 5),
+              (Texts{"3.3333e-1 -6.0226e-16", "3.3333e-1 6.0226e-16"}));
+}
+
+// Numbers that end before are what they are, however many digits they have.
+TEST_F(PolynomialRoots, OfExactCoefficientsStayApart) {
     EXPECT_EQ(RootsOf({"0.9999999999", "-2", "1"}, 5), (Texts{"9.9999e-1 0", "1e0 0"}));
+    EXPECT_EQ(RootsOf({"15241383937", "-246912", "1"}, 5),
+              (Texts{"1.2346e5 -1e0", "1.2346e5 1e0"}));
+    EXPECT_EQ(RootsOf({"15241383937", "-246912", "1"}, 5, KeepRealRootsOnly), Texts{});
+    EXPECT_EQ(RootsOf({"152415787526596567802", "-24691357802", "1"}, 10),
+              (Texts{"1.23456789e10 -1e0", "1.23456789e10 1e0"}));
+    EXPECT_EQ(RootsOf({"-123456 -123457", "1 1"}, 5), (Texts{"1.2346e5 5e-1"}));
+    EXPECT_EQ(RootsOf({"-1.2345678901 -1.2345678902", "1 1"}, 10), (Texts{"1.23456789e0 5e-11"}));
+    EXPECT_EQ(RootsOf({"0.11111111111", "-0.66666666667", "1"}, 6),
+              (Texts{"3.33332e-1 0", "3.33335e-1 0"}));
+}
+
+// Neither of the numbers lies in the middle between two results.
+TEST_F(PolynomialRoots, OfExactCoefficientsAreNoTies) {
+    EXPECT_EQ(RootsOf({"1.2345499999", "-2.2345499999", "1"}, 5), (Texts{"1e0 0", "1.2345e0 0"}));
+    EXPECT_EQ(RootsOf({"1.23456789049999999999", "-2.23456789049999999999", "1"}, 10),
+              (Texts{"1e0 0", "1.23456789e0 0"}));
+}
+
+TEST_F(PolynomialRoots, AreOfExactCoefficientsWhereTheCallerSaysSo) {
+    // The discriminant is -8, of numbers of 37 digits.
+    const Texts coefficients{"2", "-4938271560493827156", "3048315750647767350038103997500381043"};
+    EXPECT_EQ(RootsOf(coefficients, 5), (Texts{"8.1e-19 0 [2]"}));
+    EXPECT_EQ(RootsOf(coefficients, 5, ExactCoefficients),
+              (Texts{"8.1e-19 -4.6393e-37", "8.1e-19 4.6393e-37"}));
 }
 
 TEST_F(PolynomialRoots, OfOtherRealPartsThanZeroByRounding) {
     // (3 x^2 + 1) (x - 1/7): a2 and a0 are rounded, and the roots on the imaginary axis stay there.
-    EXPECT_EQ(RootsOf({"-0.1428571428571429", "1", "-0.4285714285714286", "3"}, 5),
+    const std::string seventh = "0.14285714285714285714285714285714285714285714285714285714";
+    const std::string threeSevenths = "0.42857142857142857142857142857142857142857142857142857143";
+    EXPECT_EQ(RootsOf({"-" + seventh, "1", "-" + threeSevenths, "3"}, 5),
               (Texts{"1.4286e-1 0", "0 -5.7735e-1", "0 5.7735e-1"}));
 }
 
@@ -113,12 +152,14 @@ TEST_F(PolynomialRoots, AreFoundWithTheDigitsOfTheTable) {
         EXPECT_EQ(RootWorkingDigits(degree, 10), working[degree]) << degree;
     }
     EXPECT_EQ(RootWorkingDigits(2, 100), 208);
+    EXPECT_EQ(RootInputDigits(2, 100), 248);
+    EXPECT_EQ(RootKnownDigits(2, 100), 228);
     EXPECT_EQ(RootWorkingDigits(10, 750), 9'869);
     EXPECT_EQ(RootWorkingDigits(11, 750), 9'869);
     const int64_t most[] = {2000, 2000, 2000, 2000, 1000, 1000, 1000, 750, 750, 750};
     for (int64_t degree = 1; degree <= MaxEquationDegree; degree++) {
         EXPECT_EQ(MaxRootDigits(degree), most[degree - 1]) << degree;
-        EXPECT_LE(RootWorkingDigits(degree, MaxRootDigits(degree)), MaxDigits);
+        EXPECT_LE(RootInputDigits(degree, MaxRootDigits(degree)), MaxDigits);
     }
 }
 

@@ -109,8 +109,8 @@ TEST_F(RootSteps, EnclosuresKeepSmallPartsApart) {
     ComplexBuffer center("1e-90 1");
     RootCluster cluster{center, CurrentRealLayout(), MakeMagnitude(1e-20), 1, true};
     RootEnclosure enclosure{};
-    ASSERT_TRUE(EncloseRoot(enclosure, cluster, polynomial, FindCoefficientErrors(polynomial),
-                            {false, false}));
+    ASSERT_TRUE(EncloseRoot(enclosure, cluster, polynomial,
+                            FindCoefficientErrors(polynomial, SweepDigits), {false, false}));
     EXPECT_TRUE(enclosure.proven);
     EXPECT_LT(enclosure.radii.real.exponent, -90 - 30);
     EXPECT_LT(enclosure.radii.imaginary.exponent, -30);
@@ -118,31 +118,41 @@ TEST_F(RootSteps, EnclosuresKeepSmallPartsApart) {
     // A disc without a root proves nothing.
     ComplexBuffer elsewhere("0.5 1");
     RootCluster empty{elsewhere, CurrentRealLayout(), MakeMagnitude(1e-3), 1, true};
-    ASSERT_TRUE(EncloseRoot(enclosure, empty, polynomial, FindCoefficientErrors(polynomial),
-                            {false, false}));
+    ASSERT_TRUE(EncloseRoot(enclosure, empty, polynomial,
+                            FindCoefficientErrors(polynomial, SweepDigits), {false, false}));
     EXPECT_FALSE(enclosure.proven);
 }
 
-TEST_F(RootSteps, CoefficientsThatFillTheirDigitsHaveErrors) {
+TEST_F(RootSteps, CoefficientsThatGoOnHaveErrors) {
     const std::string third(38, '3');
     const Polynomial polynomial =
         Make({"0." + third, "0.5 -0." + third, "1.0000000000000000000000000000000000001",
-              "0.99999999999999999999999999999999999998", "0." + std::string(38, '9')});
-    const CoefficientErrors errors = FindCoefficientErrors(polynomial);
+              "12345678901234567890", "123456789012345678901"});
+    const CoefficientErrors errors = FindCoefficientErrors(polynomial, 20);
     EXPECT_TRUE(errors.any);
-    EXPECT_EQ(errors.real[0].exponent, -38);
+    EXPECT_EQ(errors.knownDigits, 20);
+    EXPECT_EQ(errors.real[0].exponent, -20);
+    EXPECT_EQ(errors.real[0].mantissa, 1);
     EXPECT_TRUE(IsZero(errors.imaginary[0]));
     EXPECT_TRUE(IsZero(errors.real[1]));
-    EXPECT_EQ(errors.imaginary[1].exponent, -38);
-    EXPECT_TRUE(IsZero(errors.real[2]));
+    EXPECT_EQ(errors.imaginary[1].exponent, -20);
+    EXPECT_EQ(errors.real[2].exponent, -19);
     EXPECT_TRUE(IsZero(errors.real[3]));
-    EXPECT_FALSE(IsZero(errors.real[4]));
-    EXPECT_FALSE(FindCoefficientErrors(Make({"1", "2.5", "3"})).any);
+    EXPECT_EQ(errors.real[4].exponent, 1);
+    // The digit that tells lies at either side of the end of a limb.
+    for (int64_t known = 1; known < 40; known++) {
+        const CoefficientErrors last = FindCoefficientErrors(polynomial, known);
+        EXPECT_EQ(IsZero(last.real[2]), known >= 38) << known;
+        EXPECT_EQ(IsZero(last.real[3]), known >= 19) << known;
+        EXPECT_EQ(IsZero(last.real[4]), known >= 21) << known;
+    }
+    EXPECT_FALSE(FindCoefficientErrors(Make({"1", "2.5", "3"}), 2).any);
+    EXPECT_TRUE(FindCoefficientErrors(Make({"1", "2.5", "3"}), 1).any);
 }
 
 TEST_F(RootSteps, HearAStopEach) {
     const Polynomial polynomial = Make({"1", "-2", "3"});
-    const CoefficientErrors errors = FindCoefficientErrors(polynomial);
+    const CoefficientErrors errors = FindCoefficientErrors(polynomial, SweepDigits);
     RootFrame frame{polynomial, {}, 2};
     ComplexBuffer first("1 1");
     ComplexBuffer second("1 -1");

@@ -73,6 +73,57 @@ TEST_F(EquationRun, FindsComplexRoots) {
     EXPECT_EQ(Solve({u"i", u"2"}, ComplexRoots), Sends(u"x1 = 2i   [1]\r\n"));
 }
 
+// Numbers that end are taken as they are, and others as what they are the rounded values of.
+TEST_F(EquationRun, TellsExactCoefficientsFromRoundedOnes) {
+    const Options complex5 = {.mode = EquationMode::Complex, .digits = 5};
+    const Options real5 = {.digits = 5};
+    EXPECT_EQ(Solve({u"1", u"-246912", u"15241383937"}, complex5),
+              Sends(u"x1 = 123460-i   [1]\r\nx2 = 123460+i   [1]\r\n"));
+    EXPECT_EQ(Solve({u"1", u"-246912", u"15241383937"}, real5),
+              Sends(u"The equation has no real solutions."));
+    EXPECT_EQ(Solve({u"1", u"-24691357802", u"152415787526596567802"}, ComplexRoots),
+              Sends(u"x1 = 1.23456789e+10-i   [1]\r\nx2 = 1.23456789e+10+i   [1]\r\n"));
+    EXPECT_EQ(Solve({u"1+i", u"-(123456+123457*i)"}, complex5),
+              Sends(u"x1 = 123460+0.5i   [1]\r\n"));
+    EXPECT_EQ(Solve({u"1+i", u"-(1.2345678901+1.2345678902*i)"}, ComplexRoots),
+              Sends(u"x1 = 1.23456789+(5e-11)i   [1]\r\n"));
+    EXPECT_EQ(Solve({u"1", u"-2.2345499999", u"1.2345499999"}, real5),
+              Sends(u"x1 = 1   [1]\r\nx2 = 1.2345   [1]\r\n"));
+    EXPECT_EQ(Solve({u"1", u"-2.23456789049999999999", u"1.23456789049999999999"}),
+              Sends(u"x1 = 1   [1]\r\nx2 = 1.23456789   [1]\r\n"));
+    EXPECT_EQ(Solve({u"1", u"-2/1.00001", u"1/1.00001^2"}, real5),
+              Sends(u"x1 = 0.99999   [2]\r\n"));
+    EXPECT_EQ(Solve({u"1", u"-5/1.00001", u"10/1.00001^2", u"-10/1.00001^3", u"5/1.00001^4",
+                     u"-1/1.00001^5"},
+                    ComplexRoots),
+              Sends(u"x1 = 0.9999900001   [5]\r\n"));
+    EXPECT_EQ(Solve({u"1", u"-3/1.0000001", u"3/1.0000001^2", u"-1/1.0000001^3"}, ComplexRoots),
+              Sends(u"x1 = 0.9999999   [3]\r\n"));
+    EXPECT_EQ(Solve({u"1", u"-412/3871", u"42436/14984641"}),
+              Sends(u"x1 = 0.0532162232   [2]\r\n"));
+    EXPECT_EQ(Solve({u"1", u"52/23-38/23*sqrt(2)", u"1398/529-988/529*sqrt(2)"},
+                    {.mode = EquationMode::Complex, .digits = 14}),
+              Sends(u"x1 = 0.037828595003861   [2]\r\n"));
+}
+
+TEST_F(EquationRun, TakesFractionsExactlyForExactRoots) {
+    const std::u16string largest = u"3048315750647767350038103997500381042";
+    EXPECT_EQ(Solve({u"1", u"30483157500381042", u"-493827156", u"2"},
+                    {.mode = EquationMode::Complex, .exact = true, .digits = 5}),
+              Sends(u"x1 \u2248 -3.0483e+16   [1]\r\n"
+                    u"x2 \u2248 8.1e-9-(4.1754e-21)i   [1]\r\n"
+                    u"x3 \u2248 8.1e-9+(4.1754e-21)i   [1]\r\n"));
+    EXPECT_EQ(
+        Solve({u"1", u"30483157500381042", u"-493827156", u"2"}, {.exact = true, .digits = 5}),
+        Sends(u"x1 \u2248 -3.0483e+16   [1]\r\n"));
+    EXPECT_EQ(Solve({u"1", largest, u"-4938271560493827156", u"2"}, ExactComplexRoots),
+              Sends(u"x1 \u2248 -3.048315751e+36   [1]\r\n"
+                    u"x2 \u2248 8.100000073e-19-(4.175394926e-46)i   [1]\r\n"
+                    u"x3 \u2248 8.100000073e-19+(4.175394926e-46)i   [1]\r\n"));
+    EXPECT_EQ(Solve({u"1", largest, u"-4938271560493827156", u"2"}, ExactRealRoots),
+              Sends(u"x1 \u2248 -3.048315751e+36   [1]\r\n"));
+}
+
 TEST_F(EquationRun, FindsExactRoots) {
     EXPECT_EQ(Solve({u"3", u"-1"}, ExactRealRoots),
               Sends(u"x1 = 1/3 \u2248 0.3333333333   [1]\r\n"));
@@ -154,7 +205,7 @@ TEST_F(EquationRun, IsSetUpForTheWorkingDigits) {
         .degree = 2, .mode = EquationMode::Real, .exact = false, .digits = 100, .coefficients = {}};
     const NumberSetup setup = EquationNumberSetup(request);
     EXPECT_EQ(setup.type, NumberTypeComplex);
-    EXPECT_EQ(setup.digits, 208);
+    EXPECT_EQ(setup.digits, 248);
     EXPECT_EQ(setup.width.limbs, 2);
     EXPECT_EQ(setup.width.digits, 38);
     EXPECT_EQ(setup.window.low, -4);
@@ -164,7 +215,7 @@ TEST_F(EquationRun, IsSetUpForTheWorkingDigits) {
     exact.degree = 10;
     exact.digits = 750;
     EXPECT_EQ(EquationNumberSetup(exact).type, NumberTypeRational);
-    EXPECT_EQ(EquationNumberSetup(exact).digits, 9869);
+    EXPECT_EQ(EquationNumberSetup(exact).digits, 9909);
 }
 
 }  // namespace

@@ -41,7 +41,7 @@ std::vector<std::string> RootsBy(PolynomialSolver solver,
                                  const std::vector<std::string>& coefficients, int64_t digits,
                                  uint32_t flags) {
     const auto degree = static_cast<int64_t>(coefficients.size()) - 1;
-    const PrecisionScope scope(RootWorkingDigits(degree, digits));
+    const PrecisionScope scope(RootInputDigits(degree, digits));
     std::vector<ComplexBuffer> values;
     for (const std::string& text : coefficients) {
         values.emplace_back(text.find(' ') == std::string::npos ? text + " 0" : text);

@@ -35,7 +35,7 @@ private:
 };
 
 /// The roots, as Texts, of the polynomial with these coefficients, the constant first: each a text
-/// such as "-1" or "3 -0.5". They are read at the working digits, which must suffice. A single
+/// such as "-1" or "3 -0.5". They are read with RootInputDigits, which must suffice. A single
 /// text names the code that was noted, or the outcome where it is not Found: "Stopped".
 std::vector<std::string> RootsOf(const std::vector<std::string>& coefficients, int64_t digits,
                                  uint32_t flags = 0);
