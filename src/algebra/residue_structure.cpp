@@ -1,34 +1,36 @@
 #include "algebra/residue_structure.h"
 
+#include <algorithm>
+
 #include "core/wide_arithmetic.h"
 
 namespace tallymere {
 
 namespace {
 
-// 2^63 - 25, the largest prime below 2^63. It leaves 3 modulo 4, so -1 has no square root modulo
-// it, and the numbers x + iy are a field.
-constexpr uint64_t Prime = 9'223'372'036'854'775'783u;
-static_assert(Prime % 4 == 3);
+// The largest primes below 2^63 that leave 3 modulo 4. -1 has no square root modulo one of them, so
+// the numbers x + iy are a field.
+constexpr uint64_t Primes[] = {9'223'372'036'854'775'783u, 9'223'372'036'854'775'643u,
+                               9'223'372'036'854'775'507u};
 
-uint64_t Add(uint64_t a, uint64_t b) {
+uint64_t Add(uint64_t a, uint64_t b, uint64_t prime) {
     const uint64_t sum = a + b;
-    return sum >= Prime ? sum - Prime : sum;
+    return sum >= prime ? sum - prime : sum;
 }
-uint64_t Subtract(uint64_t a, uint64_t b) {
-    return a >= b ? a - b : a + (Prime - b);
+uint64_t Subtract(uint64_t a, uint64_t b, uint64_t prime) {
+    return a >= b ? a - b : a + (prime - b);
 }
-uint64_t Multiply(uint64_t a, uint64_t b) {
+uint64_t Multiply(uint64_t a, uint64_t b, uint64_t prime) {
     const Wide product = wide::Multiply(a, b);
-    return product.low - wide::Divide(product, Prime) * Prime;
+    return product.low - wide::Divide(product, prime) * prime;
 }
-uint64_t Power(uint64_t base, uint64_t exponent) {
+uint64_t Power(uint64_t base, uint64_t exponent, uint64_t prime) {
     uint64_t power = 1;
     for (; exponent != 0; exponent >>= 1) {
         if ((exponent & 1) != 0) {
-            power = Multiply(power, base);
+            power = Multiply(power, base, prime);
         }
-        base = Multiply(base, base);
+        base = Multiply(base, base, prime);
     }
     return power;
 }
@@ -42,40 +44,42 @@ struct Residue {
 bool IsZero(Residue a) {
     return a.x == 0 && a.y == 0;
 }
-Residue Add(Residue a, Residue b) {
-    return {Add(a.x, b.x), Add(a.y, b.y)};
+Residue Add(Residue a, Residue b, uint64_t prime) {
+    return {Add(a.x, b.x, prime), Add(a.y, b.y, prime)};
 }
-Residue Subtract(Residue a, Residue b) {
-    return {Subtract(a.x, b.x), Subtract(a.y, b.y)};
+Residue Subtract(Residue a, Residue b, uint64_t prime) {
+    return {Subtract(a.x, b.x, prime), Subtract(a.y, b.y, prime)};
 }
-Residue Multiply(Residue a, Residue b) {
-    return {Subtract(Multiply(a.x, b.x), Multiply(a.y, b.y)),
-            Add(Multiply(a.x, b.y), Multiply(a.y, b.x))};
+Residue Multiply(Residue a, Residue b, uint64_t prime) {
+    return {Subtract(Multiply(a.x, b.x, prime), Multiply(a.y, b.y, prime), prime),
+            Add(Multiply(a.x, b.y, prime), Multiply(a.y, b.x, prime), prime)};
 }
-Residue Inverse(Residue a) {
-    const uint64_t norm = Add(Multiply(a.x, a.x), Multiply(a.y, a.y));
-    const uint64_t inverse = Power(norm, Prime - 2);
-    return {Multiply(a.x, inverse), Multiply(Subtract(0, a.y), inverse)};
+Residue Inverse(Residue a, uint64_t prime) {
+    const uint64_t norm = Add(Multiply(a.x, a.x, prime), Multiply(a.y, a.y, prime), prime);
+    const uint64_t inverse = Power(norm, prime - 2, prime);
+    return {Multiply(a.x, inverse, prime), Multiply(Subtract(0, a.y, prime), inverse, prime)};
 }
 
 // The residue of a finite number in the layout in force.
-uint64_t ResidueOf(const RealNumber* number) {
+uint64_t ResidueOf(const RealNumber* number, uint64_t prime) {
     if (RealIsZero(number)) {
         return 0;
     }
     uint64_t mantissa = 0;
     for (int64_t i = 0; i < numberContext.realLimbs; i++) {
-        const uint64_t base = PowerOfTen(DigitsPerLimb) % Prime;
-        mantissa = Add(Multiply(mantissa, base), RealLimbs(number)[i] % Prime);
+        const uint64_t base = PowerOfTen(DigitsPerLimb) % prime;
+        mantissa = Add(Multiply(mantissa, base, prime), RealLimbs(number)[i] % prime, prime);
     }
     const int64_t order = RealExponent(number) - numberContext.precisionDigits + 1;
-    const auto period = static_cast<int64_t>(Prime - 1);
+    const auto period = static_cast<int64_t>(prime - 1);
     const int64_t exponent = order % period + (order < 0 ? period : 0);
-    const uint64_t value = Multiply(mantissa, Power(10, static_cast<uint64_t>(exponent)));
-    return RealSign(number) != 0 ? Subtract(0, value) : value;
+    const uint64_t value =
+        Multiply(mantissa, Power(10, static_cast<uint64_t>(exponent), prime), prime);
+    return RealSign(number) != 0 ? Subtract(0, value, prime) : value;
 }
 
 struct ResiduePolynomial {
+    uint64_t prime;
     int64_t degree;  // -1 for the polynomial 0
     Residue coefficients[MaxEquationDegree + 1];
 };
@@ -86,35 +90,36 @@ void Trim(ResiduePolynomial& a) {
     }
 }
 
-ResiduePolynomial ResiduesOf(const Polynomial& polynomial) {
+ResiduePolynomial ResiduesOf(const Polynomial& polynomial, uint64_t prime) {
     const DigitsScope digits(polynomial.layout.digits);
-    ResiduePolynomial residues{polynomial.degree, {}};
+    ResiduePolynomial residues{prime, polynomial.degree, {}};
     for (int64_t i = 0; i <= polynomial.degree; i++) {
         const ComplexNumber* coefficient = polynomial.coefficients[i];
-        residues.coefficients[i] = {ResidueOf(RealPart(coefficient)),
-                                    ResidueOf(ImaginaryPart(coefficient))};
+        residues.coefficients[i] = {ResidueOf(RealPart(coefficient), prime),
+                                    ResidueOf(ImaginaryPart(coefficient), prime)};
     }
     return residues;
 }
 
 ResiduePolynomial DerivativeOf(const ResiduePolynomial& a) {
-    ResiduePolynomial derivative{a.degree - 1, {}};
+    ResiduePolynomial derivative{a.prime, a.degree - 1, {}};
     for (int64_t i = 1; i <= a.degree; i++) {
         const Residue factor{static_cast<uint64_t>(i), 0};
-        derivative.coefficients[i - 1] = Multiply(a.coefficients[i], factor);
+        derivative.coefficients[i - 1] = Multiply(a.coefficients[i], factor, a.prime);
     }
     return derivative;
 }
 
 // a becomes the remainder of a by b, which is not 0.
 void TakeRemainder(ResiduePolynomial& a, const ResiduePolynomial& b) {
-    const Residue inverse = Inverse(b.coefficients[b.degree]);
+    const Residue inverse = Inverse(b.coefficients[b.degree], b.prime);
     for (; a.degree >= b.degree; Trim(a)) {
-        const Residue factor = Multiply(a.coefficients[a.degree], inverse);
+        const Residue factor = Multiply(a.coefficients[a.degree], inverse, a.prime);
         const int64_t shift = a.degree - b.degree;
         for (int64_t i = 0; i <= b.degree; i++) {
             Residue& coefficient = a.coefficients[i + shift];
-            coefficient = Subtract(coefficient, Multiply(factor, b.coefficients[i]));
+            coefficient =
+                Subtract(coefficient, Multiply(factor, b.coefficients[i], a.prime), a.prime);
         }
     }
 }
@@ -136,7 +141,8 @@ int64_t DegreeOfCommonDivisor(ResiduePolynomial a, ResiduePolynomial b) {
 void Expand(ResiduePolynomial& a, Residue center) {
     for (int64_t j = 0; j < a.degree; j++) {
         for (int64_t i = a.degree - 1; i >= j; i--) {
-            a.coefficients[i] = Add(a.coefficients[i], Multiply(a.coefficients[i + 1], center));
+            const Residue product = Multiply(a.coefficients[i + 1], center, a.prime);
+            a.coefficients[i] = Add(a.coefficients[i], product, a.prime);
         }
     }
 }
@@ -145,24 +151,18 @@ void Expand(ResiduePolynomial& a, Residue center) {
 void TurnRight(ResiduePolynomial& a) {
     Residue power{1, 0};
     for (int64_t i = 0; i <= a.degree; i++) {
-        a.coefficients[i] = Multiply(a.coefficients[i], power);
-        power = Multiply(power, {0, 1});
+        a.coefficients[i] = Multiply(a.coefficients[i], power, a.prime);
+        power = Multiply(power, {0, 1}, a.prime);
     }
 }
 
-}  // namespace
-
-int64_t CountDistinctRoots(const Polynomial& polynomial) {
-    const ResiduePolynomial residues = ResiduesOf(polynomial);
-    return polynomial.degree - DegreeOfCommonDivisor(residues, DerivativeOf(residues));
+int64_t DegreeOfRepeatedPart(const ResiduePolynomial& residues) {
+    return DegreeOfCommonDivisor(residues, DerivativeOf(residues));
 }
 
 // On the line, which becomes the real axis, P is A + iB with real coefficients. A root and its
 // mirror image are roots of both.
-int64_t CountMirroredRoots(const Polynomial& polynomial, NumberPart part,
-                           const RealNumber* position) {
-    ResiduePolynomial residues = ResiduesOf(polynomial);
-    const uint64_t center = ResidueOf(position);
+int64_t DegreeOfMirroredPart(ResiduePolynomial& residues, NumberPart part, uint64_t center) {
     Expand(residues, part == NumberPart::Real ? Residue{center, 0} : Residue{0, center});
     if (part == NumberPart::Real) {
         TurnRight(residues);
@@ -174,6 +174,36 @@ int64_t CountMirroredRoots(const Polynomial& polynomial, NumberPart part,
         imaginary.coefficients[i] = {residues.coefficients[i].y, 0};
     }
     return DegreeOfCommonDivisor(real, imaginary);
+}
+
+// The least degree over the primes that do not divide the highest coefficient; 0 where all do.
+template <typename FindDegree>
+int64_t LeastDegree(const Polynomial& polynomial, FindDegree findDegree) {
+    int64_t least = -1;
+    for (const uint64_t prime : Primes) {
+        ResiduePolynomial residues = ResiduesOf(polynomial, prime);
+        if (IsZero(residues.coefficients[residues.degree])) {
+            continue;
+        }
+        const int64_t degree = findDegree(residues);
+        least = least < 0 ? degree : std::min(least, degree);
+    }
+    return std::max<int64_t>(least, 0);
+}
+
+}  // namespace
+
+int64_t CountDistinctRoots(const Polynomial& polynomial) {
+    return polynomial.degree - LeastDegree(polynomial, [](const ResiduePolynomial& residues) {
+               return DegreeOfRepeatedPart(residues);
+           });
+}
+
+int64_t CountMirroredRoots(const Polynomial& polynomial, NumberPart part,
+                           const RealNumber* position) {
+    return LeastDegree(polynomial, [&](ResiduePolynomial& residues) {
+        return DegreeOfMirroredPart(residues, part, ResidueOf(position, residues.prime));
+    });
 }
 
 }  // namespace tallymere

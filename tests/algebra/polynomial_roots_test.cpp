@@ -92,6 +92,23 @@ TEST_F(PolynomialRoots, OfExactCoefficientsAreNoTies) {
               (Texts{"1e0 0", "1.23456789e0 0"}));
 }
 
+// 9223372036854775783 is a prime that residues are taken by.
+TEST_F(PolynomialRoots, StayApartWhereAPrimeDividesTheDifference) {
+    EXPECT_EQ(
+        RootsOf({"1.000000000000000000000000000000000000000009223372036854775783", "-2", "1"}, 30),
+        (Texts{"1e0 -3.03700049997604968833548535513e-21",
+               "1e0 3.03700049997604968833548535513e-21"}));
+    EXPECT_EQ(
+        RootsOf({"0.999999999999999999999999999999999999999990776627963145224217", "-2", "1"}, 30),
+        (Texts{"9.999999999999999999969629995e-1 0", "1.0000000000000000000030370005e0 0"}));
+    // A real part of half of the prime times 10^-60.
+    EXPECT_EQ(RootsOf({"1", "-9223372036854775783e-60", "1"}, 10),
+              (Texts{"4.611686018e-42 -1e0", "4.611686018e-42 1e0"}));
+    // Below the middle between two results.
+    EXPECT_EQ(RootsOf({"2", "-0.246909999999999999990776627963145224217", "1"}, 5),
+              (Texts{"1.2345e-1 -1.4088e0", "1.2345e-1 1.4088e0"}));
+}
+
 TEST_F(PolynomialRoots, AreOfExactCoefficientsWhereTheCallerSaysSo) {
     // The discriminant is -8, of numbers of 37 digits.
     const Texts coefficients{"2", "-4938271560493827156", "3048315750647767350038103997500381043"};

@@ -46,6 +46,37 @@ TEST(ResidueStructure, CountsDifferentRoots) {
     EXPECT_EQ(Exact({"1e-1200", "3e-900", "3e-600", "2e-300"}).Distinct(), 3);
 }
 
+// The primes themselves, and differences that they divide.
+constexpr const char* Primes[] = {"9223372036854775783", "9223372036854775643",
+                                  "9223372036854775507"};
+
+TEST(ResidueStructure, IsNotDeceivedByAPrime) {
+    for (const std::string prime : Primes) {
+        // (x - 1)^2 + prime 10^-38, and highest coefficients that the prime divides.
+        EXPECT_EQ(Exact({"1.0000000000000000000" + prime, "-2", "1"}).Distinct(), 2);
+        EXPECT_EQ(Exact({prime, "-" + prime, prime}).Distinct(), 2);
+        EXPECT_EQ(Exact({"1", "2", prime}).Distinct(), 2);
+        EXPECT_EQ(Exact({"1", "2", "0 " + prime}).Distinct(), 2);
+        // Real parts of prime 10^-60, and of 0.123455 + prime 10^-60.
+        const Exact pair({"1", "-" + prime + "e-60", "1"});
+        EXPECT_EQ(pair.Mirrored(NumberPart::Real, "0"), 0);
+        EXPECT_EQ(Exact({"2", "-0.24691000000000000000" + prime, "1"})
+                      .Mirrored(NumberPart::Real, "0.123455"),
+                  0);
+    }
+    EXPECT_EQ(
+        Exact({"9223372036854775783", "-18446744073709551566", "9223372036854775783"}).Distinct(),
+        1);
+}
+
+// All three primes divide the highest coefficient: nothing is known.
+TEST(ResidueStructure, CountsAllRootsAsDifferentWhereNoPrimeTells) {
+    const std::string product = "784637716923335053709813138355762477414617808059033783783";
+    const std::string twice = "1569275433846670107419626276711524954829235616118067567566";
+    EXPECT_EQ(Exact({product, "-" + twice, product}).Distinct(), 2);
+    EXPECT_EQ(Exact({product, "0", product}).Mirrored(NumberPart::Imaginary, "0"), 0);
+}
+
 TEST(ResidueStructure, CountsMirroredRoots) {
     // (x^2 + 1)(x - 1)
     const Exact circle({"-1", "1", "-1", "1"});
