@@ -35,6 +35,13 @@ int64_t MaxRootDigits(int64_t degree);
 /// RootInputDigits. A part that goes on behind the first RootKnownDigits of them is taken as a
 /// rounded number, and any other as exact; with ExactCoefficients all are.
 ///
+/// A part that is below about 10^-1,000,000 of the other part of the same root may be taken as 0:
+/// the box of the root is not made smaller without an end.
+///
+/// NotConverged for a coefficient that is no finite number. Also where a coefficient is above
+/// 10^ScaledExponents (exponent_scaling.h) when x is scaled so that the highest and the lowest
+/// coefficient are of about the same size, near 1.
+///
 /// Internal for more digits than are in force, for working digits above MaxDigits, for a degree
 /// outside 0 to MaxEquationDegree and for a highest coefficient of 0. Except after Found, the count
 /// is -1. The layout in force and the error noted in the context are as before.

@@ -6,8 +6,9 @@ namespace tallymere {
 
 namespace {
 
-// Contractions of one box. Each makes a part smaller that is far below the other one.
-constexpr int64_t MaxContractions = 3'000;
+// Contractions of one box. Each brings the bound of a part that is far below the other one down by
+// some 37 digits, as far as 10^-1,000,000 of the other one.
+constexpr int64_t MaxContractions = 30'000;
 
 // Roundings count as a whole unit of the last place, with room for those of sizes.
 constexpr double RoundingUnits = 1.5;

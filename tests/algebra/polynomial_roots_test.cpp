@@ -128,6 +128,9 @@ TEST_F(PolynomialRoots, OfOtherRealPartsThanZeroByRounding) {
 TEST_F(PolynomialRoots, AreRightInSmallParts) {
     EXPECT_EQ(RootsOf({"1", "-2e-300", "1"}, 10), (Texts{"1e-300 -1e0", "1e-300 1e0"}));
     EXPECT_EQ(RootsOf({"1", "-2e-20000", "1"}, 10), (Texts{"1e-20000 -1e0", "1e-20000 1e0"}));
+    EXPECT_EQ(RootsOf({"1", "2e-200000", "1"}, 10), (Texts{"-1e-200000 -1e0", "-1e-200000 1e0"}));
+    EXPECT_EQ(RootsOf({"1", "2e-1000000", "1"}, 10),
+              (Texts{"-1e-1000000 -1e0", "-1e-1000000 1e0"}));
     EXPECT_EQ(RootsOf({"1.00000000000000000001", "-2", "1"}, 10),
               (Texts{"1e0 -1e-10", "1e0 1e-10"}));
 }
@@ -210,6 +213,9 @@ TEST_F(PolynomialRoots, OfCoefficientsWithoutAValueAreNone) {
     EXPECT_EQ(RootsOf({"1", "inf", "1"}, 10), Texts{"NotConverged"});
     EXPECT_EQ(RootsOf({"1", "0 nan", "1"}, 10), Texts{"NotConverged"});
     EXPECT_EQ(RootsOf({"1", "1e1000000000000000000", "1"}, 10), Texts{"NotConverged"});
+    EXPECT_EQ(RootsOf({"1", "1e36028797018963968", "1"}, 10),
+              (Texts{"-1e36028797018963968 0", "-1e-36028797018963968 0"}));
+    EXPECT_EQ(RootsOf({"1", "1e36028797018963984", "1"}, 10), Texts{"NotConverged"});
 }
 
 TEST_F(PolynomialRoots, BeyondTheRangeAreNoted) {
