@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <chrono>
+#include <thread>
+
+#include "core/scratch.h"
 #include "core/stop_request.h"
 #include "support/equation_testing.h"
 
@@ -25,6 +30,15 @@ TEST_F(PolynomialRoots, AreInOrderWithExactZeros) {
               (Texts{"-7e0 0", "1e0 -1e0", "1e0 1e0", "1e0 -2e0", "1e0 2e0"}));
     EXPECT_EQ(RootsOf({"10", "-14", "11", "-4", "1"}, 5),
               (Texts{"1e0 -1e0", "1e0 1e0", "1e0 -2e0", "1e0 2e0"}));
+}
+
+TEST_F(PolynomialRoots, AreInOrderWithoutTheirConjugates) {
+    // (x - 1 - 2i)(x - 1 + i)(x - 3)(x + i)(x - 2 i)
+    EXPECT_EQ(RootsOf({"-18 -6", "15 17", "-15 -14", "10 9", "-5 -2", "1"}, 5),
+              (Texts{"3e0 0", "0 -1e0", "0 2e0", "1e0 -1e0", "1e0 2e0"}));
+    // (x + 1 - i)(x + 1 - 3i)(x + 1 + 2i)
+    EXPECT_EQ(RootsOf({"6 -8", "8 -4", "3 -2", "1"}, 5),
+              (Texts{"-1e0 1e0", "-1e0 -2e0", "-1e0 3e0"}));
 }
 
 TEST_F(PolynomialRoots, OfALinearEquation) {
@@ -241,6 +255,83 @@ TEST_F(PolynomialRoots, LeaveTheContextAsItWas) {
               (Texts{"-5e-1 -2.8867513459481288225e-1", "-5e-1 2.8867513459481288225e-1"}));
     EXPECT_EQ(room.Set().exactTexts[0][0], 0);
     EXPECT_EQ(room.Set().exactTexts[9][0], 0);
+}
+
+// What a run must leave as it was.
+struct ContextState {
+    int64_t digits = numberContext.precisionDigits;
+    int64_t limbs = numberContext.realLimbs;
+    int64_t topLimbDigits = numberContext.topLimbDigits;
+    uint64_t* scratchTop = numberContext.scratchTop;
+    uint64_t* stackTop = *CurrentScratchStack().top;
+    bool operator==(const ContextState&) const = default;
+};
+
+TEST_F(PolynomialRoots, LeaveTheContextAsItWasWithoutAResult) {
+    const PrecisionScope scope(60);
+    const ComplexBuffer one("1 0");
+    const ComplexBuffer three("3 0");
+    const ComplexBuffer zero("0 0");
+    const ComplexBuffer infinite("inf 0");
+    const ComplexBuffer large("1e1000000000000000000 0");
+    const struct {
+        CoefficientList list;
+        RootOutcome outcome;
+        bool stops;
+    } cases[] = {
+        {{2, {one, three, one}}, RootOutcome::Stopped, true},
+        {{2, {one, three, zero}}, RootOutcome::Internal, false},
+        {{2, {one, infinite, one}}, RootOutcome::NotConverged, false},
+        {{2, {one, large, one}}, RootOutcome::NotConverged, false},
+    };
+    for (const auto& failing : cases) {
+        for (const CalcError noted : {CalcErrorNone, CalcErrorSyntax}) {
+            SolutionRoom room;
+            const ContextState before;
+            numberContext.calcError = noted;
+            if (failing.stops) {
+                RequestStop();
+            }
+            EXPECT_EQ(SolvePolynomial(room.Set(), failing.list, 10, 0), failing.outcome);
+            ClearStopRequest();
+            EXPECT_EQ(TakeCode(), noted);
+            EXPECT_EQ(room.Set().count, -1);
+            EXPECT_TRUE(ContextState() == before);
+        }
+    }
+}
+
+// Each run takes some time, and another one follows until the request comes.
+TEST_F(PolynomialRoots, StopInTheMidst) {
+    const PrecisionScope scope(RootInputDigits(10, 750));
+    const ComplexBuffer one("1 0");
+    const ComplexBuffer zero("0 0");
+    const ComplexBuffer a0("-2 0");
+    const ComplexBuffer a1("4e2000 0");
+    const ComplexBuffer a2("-2e4000 0");
+    // x^10 - 2 (10^2000 x - 1)^2: two roots are very near to each other.
+    const CoefficientList list{10, {a0, a1, a2, zero, zero, zero, zero, zero, zero, zero, one}};
+    SolutionRoom room;
+    const ContextState before;
+    std::atomic<bool> runs = false;
+    std::thread stopping([&runs] {
+        while (!runs) {
+            std::this_thread::yield();
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        RequestStop();
+    });
+    RootOutcome outcome = RootOutcome::Found;
+    runs = true;
+    while (outcome == RootOutcome::Found) {
+        outcome = SolvePolynomial(room.Set(), list, 750, 0);
+    }
+    stopping.join();
+    ClearStopRequest();
+    EXPECT_EQ(outcome, RootOutcome::Stopped);
+    EXPECT_EQ(room.Set().count, -1);
+    EXPECT_EQ(TakeCode(), CalcErrorNone);
+    EXPECT_TRUE(ContextState() == before);
 }
 
 TEST_F(PolynomialRoots, StopWhenTheyAreAskedTo) {
