@@ -65,6 +65,35 @@ std::string RandomNumber(RandomSource& random) {
     }
 }
 
+// The largest number of so many digits, for 1 to 18.
+int64_t LargestOfDigits(int64_t digits) {
+    int64_t number = 9;
+    for (int64_t i = 1; i < digits; i++) {
+        number = 10 * number + 9;
+    }
+    return number;
+}
+
+// A fraction with a numerator and a denominator of up to 9 digits, or a number as above.
+std::string RandomFraction(RandomSource& random) {
+    if (random.Below(2) == 0) {
+        return RandomNumber(random);
+    }
+    const int64_t numerator = LargestOfDigits(random.Between(1, 9));
+    const int64_t denominator = LargestOfDigits(random.Between(1, 9));
+    return std::to_string(random.Between(-numerator, numerator)) + "/" +
+           std::to_string(random.Between(1, denominator));
+}
+
+// A positive integer of so many digits, 1 or more.
+std::string RandomDigitsText(RandomSource& random, int64_t digits) {
+    std::string text = std::to_string(random.Between(1, 9));
+    while (static_cast<int64_t>(text.size()) < digits) {
+        text += std::to_string(random.Between(0, 9));
+    }
+    return text;
+}
+
 std::string RandomCoefficient(RandomSource& random, bool isComplex) {
     const std::string real = RandomNumber(random);
     return isComplex ? "(" + real + "+I*(" + RandomNumber(random) + "))" : "(" + real + ")";
@@ -122,19 +151,53 @@ TEST_F(PolynomialRootsOracle, OfProductsKeepTheirMultiplicities) {
         while (degree < wanted) {
             const int64_t power = std::min<int64_t>(
                 random_.Below(2) == 0 ? 1 : random_.Between(2, 5), wanted - degree);
-            const std::string number = RandomNumber(random_);
+            const std::string number = RandomFraction(random_);
             if (!isComplex && 2 * power <= wanted - degree && random_.Below(3) == 0) {
-                const std::string other = RandomNumber(random_);
+                const std::string other = RandomFraction(random_);
                 text += "*((x-(" + number + "))^2+(" + other + ")^2)^" + std::to_string(power);
                 degree += 2 * power;
             } else {
                 const std::string imaginary =
-                    isComplex && random_.Below(4) != 0 ? RandomNumber(random_) : "0";
+                    isComplex && random_.Below(4) != 0 ? RandomFraction(random_) : "0";
                 text += "*(x-(" + number + ")-I*(" + imaginary + "))^" + std::to_string(power);
                 degree += power;
             }
         }
         CompareFactors(text, degree, RandomDigits(random_));
+    }
+}
+
+// Exact coefficients, some of which have all working digits or a few more, with two roots that
+// nearly are one, or a part that nearly is 0 or the middle between two results.
+TEST_F(PolynomialRootsOracle, OfExactCoefficientsWithAllDigits) {
+    const int rounds = TestRounds(60);
+    for (int i = 0; i < rounds; i++) {
+        const int64_t degree = random_.Between(2, MaxEquationDegree);
+        const int64_t digits = RandomDigits(random_);
+        const int64_t working = RootWorkingDigits(degree, digits);
+        const std::string center = RandomDigitsText(random_, working / 2 - random_.Between(0, 2));
+        const std::string scale = "*10^" + std::to_string(random_.Between(-working, 10));
+        const std::string sign = random_.Below(2) == 0 ? "+" : "-";
+        const std::string apart = std::to_string(random_.Between(1, 9));
+        std::string text = "((x-" + center + scale + ")^2" + sign + apart + "*(1" + scale + ")^2)";
+        for (int64_t k = 2; k < degree; k++) {
+            text += "*(x-(" + std::to_string(random_.Between(-9, 9)) + scale + "))";
+        }
+        Compare(text, degree, digits, working + 100);
+    }
+    for (int i = 0; i < rounds; i++) {
+        const int64_t digits = RandomDigits(random_);
+        const int64_t working = RootWorkingDigits(1, digits);
+        const std::string number = RandomDigitsText(random_, working + random_.Between(0, 3));
+        Compare("(1+I)*x-(" + number + "+I*(" + number + "+" +
+                    std::to_string(random_.Between(-1, 1)) + "))",
+                1, digits);
+        const std::string middle =
+            RandomDigitsText(random_, digits) +
+            (random_.Below(2) == 0 ? "4" + std::string(30, '9') : "5" + std::string(29, '0') + "1");
+        const std::string near = middle.substr(0, static_cast<size_t>(working + 3));
+        Compare("(x-" + near + ")*(x-1)", 2, digits);
+        Compare("(x-" + near + ")^2+1", 2, digits);
     }
 }
 
