@@ -20,7 +20,10 @@ namespace tallymere {
 ///
 /// The outcomes are those of SolvePolynomial, and TextOverflow. Except after Found, the count is
 /// -1. CalcError is as SolvePolynomial leaves it. The stop request is heard as SolvePolynomial and
-/// SplitSquareFactor hear it. The coefficients as decimal numbers lie on the ScratchStack.
+/// SplitSquareFactor hear it.
+///
+/// No coefficient is rounded: as decimal numbers, cleared of the denominators, they lie on the
+/// ScratchStack.
 RootOutcome SolveExactEquation(SolutionSet& solutions, const ExactPolynomial& list, int64_t digits,
                                uint32_t flags);
 

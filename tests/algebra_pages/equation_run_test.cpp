@@ -116,6 +116,13 @@ TEST_F(EquationRun, TakesFractionsExactlyForExactRoots) {
     EXPECT_EQ(
         Solve({u"1", u"30483157500381042", u"-493827156", u"2"}, {.exact = true, .digits = 5}),
         Sends(u"x1 \u2248 -3.0483e+16   [1]\r\n"));
+    // Denominators that no rational number clears.
+    EXPECT_EQ(Solve({u"1/170141183460469231731687303715884105727",
+                     u"3048315750647767350038103997500381043", u"-4938271560493827156", u"2"},
+                    {.mode = EquationMode::Complex, .exact = true, .digits = 5}),
+              Sends(u"x1 \u2248 -5.1864e+74   [1]\r\n"
+                    u"x2 \u2248 8.1e-19-(4.6393e-37)i   [1]\r\n"
+                    u"x3 \u2248 8.1e-19+(4.6393e-37)i   [1]\r\n"));
     EXPECT_EQ(Solve({u"1", largest, u"-4938271560493827156", u"2"}, ExactComplexRoots),
               Sends(u"x1 \u2248 -3.048315751e+36   [1]\r\n"
                     u"x2 \u2248 8.100000073e-19-(4.175394926e-46)i   [1]\r\n"
