@@ -29,8 +29,9 @@ Each coefficient is a formula; an empty one is 0.
                                 degree 4 and {least} above degree 7 ({digits})
   --no-multiplicity             without the multiplicities of the roots
 {options of every word}
-Options end at the first coefficient. What fails is answered by a line of its
-own, "error CODE: MESSAGE".
+Options end at the first coefficient; one such as -x2 that looks like an option
+stands behind "--". What fails is answered by a line of its own, "error CODE:
+MESSAGE".
 
 Exit status: 0 when the equation was solved, 1 when it failed or output broke,
 2 for bad options, 130 after Ctrl+C.
@@ -111,6 +112,7 @@ void AnswerEquation(const EquationWord& word, const std::vector<std::string>& op
     EquationWorker(solutions, request);
     if (!RunShouldEnd()) {
         ShowEquationRoots(solutions, word.exact, word.multiplicity, SendToOutput);
+        TakeCalcError(UiErrorCalculation);
     }
 }
 

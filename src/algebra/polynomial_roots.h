@@ -42,9 +42,13 @@ int64_t MaxRootDigits(int64_t degree);
 /// 10^ScaledExponents (exponent_scaling.h) when x is scaled so that the highest and the lowest
 /// coefficient are of about the same size, near 1.
 ///
+/// Stopped when the stop request was raised. A root beyond the range of exponents is infinite, and
+/// CalcErrorOverflow is noted.
+///
 /// Internal for more digits than are in force, for working digits above MaxDigits, for a degree
 /// outside 0 to MaxEquationDegree and for a highest coefficient of 0. Except after Found, the count
-/// is -1. The layout in force and the error noted in the context are as before.
+/// is -1. The layout in force is as before, and no other code is noted. Memory is taken
+/// from the ScratchStack.
 RootOutcome SolvePolynomial(SolutionSet& solutions, const CoefficientList& list, int64_t digits,
                             uint32_t flags);
 

@@ -42,7 +42,7 @@ enum EquationFlags : uint32_t {
 /// How a solver ends.
 enum class RootOutcome {
     Found,
-    NotConverged,  ///< the iteration came to no end
+    NotConverged,  ///< coefficients that are no finite numbers, or too far apart in size
     Stopped,       ///< the stop request ended it
     Internal,      ///< the request was one that no caller should make
     TextOverflow,  ///< an exact text was too long and has been cut

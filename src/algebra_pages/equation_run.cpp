@@ -45,6 +45,7 @@ bool ReadCoefficient(uint64_t* value, const EquationRequest& request, int64_t in
     RaiseUnreadCell(ReadCoefficientCell(value, request.coefficients[index]), label.text,
                     request.exact);
     if (RunShouldEnd()) {
+        SetUiError(UiErrorStopped);
         return false;
     }
     if (!request.exact && request.mode == EquationMode::Real && !ComplexIsReal(ComplexAt(value))) {
@@ -129,13 +130,12 @@ SolutionSet TakeSolutionSet(ScratchArea& area) {
 }
 
 void EquationWorker(SolutionSet& solutions, const EquationRequest& request) {
-    solutions.count = 0;
+    solutions.count = -1;
     ScratchStackScope scope;
     uint64_t* values[MaxEquationDegree + 1] = {};
     if (ReadCoefficients(scope, values, request)) {
         RaiseOutcome(FindRoots(solutions, values, request));
     }
-    TakeCalcError(UiErrorCalculation);
 }
 
 }  // namespace tallymere

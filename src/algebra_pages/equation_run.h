@@ -45,10 +45,11 @@ SolutionSet TakeSolutionSet(ScratchArea& area);
 
 /// Reads the coefficients, from that of the highest power on, and finds the roots.
 /// EquationNumberSetup is in force, and the thread has a ScratchStack. What fails is pending as a
-/// UiError, and there are no roots then: UiErrorCoefficientTooLong, UiErrorCoefficient,
-/// UiErrorCoefficientNotReal and UiErrorCoefficientNotRational with the label of the coefficient,
-/// UiErrorHighestCoefficientZero, UiErrorNotConverged, UiErrorTextOverflow, UiErrorInternal,
-/// UiErrorCalculation, and UiErrorStopped after a stop.
+/// UiError, and the count of roots is -1 then: UiErrorCoefficientTooLong, UiErrorCoefficient,
+/// UiErrorCoefficientNotReal, UiErrorCoefficientNotRational and UiErrorHighestCoefficientZero with
+/// the label of the coefficient; UiErrorNotConverged, UiErrorTextOverflow, UiErrorInternal, and
+/// UiErrorStopped after a stop. A root beyond the range of numbers is infinite and leaves
+/// CalcErrorOverflow noted: it is shown before that is told.
 void EquationWorker(SolutionSet& solutions, const EquationRequest& request);
 
 }  // namespace tallymere

@@ -166,7 +166,7 @@ TEST_F(EquationRun, SaysWhatIsWrongWithACoefficient) {
     solutions.count = 7;
     EquationWorker(solutions, request);
     EXPECT_EQ(PendingUiError(), UiErrorCoefficient);
-    EXPECT_EQ(solutions.count, 0) << "those of another run";
+    EXPECT_EQ(solutions.count, -1) << "those of another run";
     EXPECT_EQ(std::u16string(uiError.arg1), u"a0");
     EXPECT_EQ(std::u16string(uiError.arg2),
               u"The variable or function at character position 5 is not defined!");
@@ -203,11 +203,58 @@ TEST_F(EquationRun, HasALongestCoefficient) {
 }
 
 TEST_F(EquationRun, EndsWithAStop) {
-    RequestStop();
-    EXPECT_EQ(Solve({u"1", u"2"}), Fails(UiErrorStopped));
+    for (const char16_t* highest : {u"1", u""}) {
+        RequestStop();
+        EXPECT_EQ(Solve({highest, u"2"}), Fails(UiErrorStopped));
+    }
 }
 
-TEST_F(EquationRun, IsSetUpForTheWorkingDigits) {
+TEST_F(EquationRun, LeavesNoRootsWhenItFails) {
+    struct Coefficients {
+        const char16_t* middle;
+        const char16_t* highest;
+    };
+    for (const Coefficients& wrong : {Coefficients{u"1", u""}, Coefficients{u"*", u"1"},
+                                      Coefficients{u"1e1000000000000000000", u"1"}}) {
+        const EquationRequest request = {.degree = 2,
+                                         .mode = EquationMode::Real,
+                                         .exact = false,
+                                         .digits = 10,
+                                         .coefficients = {u"1", wrong.middle, wrong.highest}};
+        const NumberSetupScope setup(EquationNumberSetup(request));
+        ScratchStackScope scope;
+        SolutionSet solutions = TakeSolutionSet(CurrentScratchStack());
+        EquationWorker(solutions, request);
+        EXPECT_NE(PendingUiError(), UiErrorNone);
+        EXPECT_EQ(solutions.count, -1);
+        ClearErrors();
+    }
+}
+
+TEST_F(EquationRun, FailsWhereCoefficientsAreTooFarApart) {
+    EXPECT_EQ(Solve({u"1", u"1e1000000000000000000", u"1"}), Fails(UiErrorNotConverged));
+}
+
+// The page takes the code when the root is shown.
+TEST_F(EquationRun, ShowsARootBeyondTheRangeAndNotesIt) {
+    EquationRequest request = {
+        .degree = 1,
+        .mode = EquationMode::Real,
+        .exact = false,
+        .digits = 10,
+        .coefficients = {u"-1e4000000000000000000", u"1e-4000000000000000000"}};
+    const NumberSetupScope setup(EquationNumberSetup(request));
+    ScratchStackScope scope;
+    SolutionSet solutions = TakeSolutionSet(CurrentScratchStack());
+    EquationWorker(solutions, request);
+    EXPECT_EQ(PendingUiError(), UiErrorNone);
+    EXPECT_EQ(numberContext.calcError, CalcErrorOverflow);
+    ShowEquationRoots(solutions, false, false, KeepPiece);
+    EXPECT_EQ(keptText, u"x1 = \u221e\r\n");
+    numberContext.calcError = CalcErrorNone;
+}
+
+TEST_F(EquationRun, IsSetUpForTheDigitsOfTheCoefficients) {
     const EquationRequest request = {
         .degree = 2, .mode = EquationMode::Real, .exact = false, .digits = 100, .coefficients = {}};
     const NumberSetup setup = EquationNumberSetup(request);

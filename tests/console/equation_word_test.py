@@ -25,6 +25,8 @@ MESSAGES = {
     2003: 'The coefficient "{}" has to be real!',
     2005: 'The coefficient "{}" is not a rational number in numerator denominator representation '
           "or overflow in numerator or denominator!",
+    1001: "Error in mathematical calculation!",
+    2001: "Iteration method has not converged!",
     2006: 'Coefficient "{}" has to many characters!',
 }
 NO_REAL_ROOTS = "The equation has no real solutions."
@@ -155,6 +157,12 @@ class CoefficientTest(ConsoleCase):
                 ([], ["1", "1" * 1031], error_line(2006, "a0"))):
             with self.subTest(options=options, operands=operands):
                 self.check(["equation", *options, *operands], b"", [line], status=1)
+
+    def test_what_has_no_root_in_range(self):
+        self.check(["equation", "1", "1e1000000000000000000", "1"], b"", [error_line(2001)],
+                   status=1)
+        self.check(["equation", "1e-4000000000000000000", "-1e4000000000000000000"], b"",
+                   ["x1 = ∞   [1]", error_line(1001)], status=1)
 
     def test_bytes_that_are_no_text(self):
         if NATIVE:

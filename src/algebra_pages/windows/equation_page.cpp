@@ -122,7 +122,7 @@ const char16_t* TakeCellText(int32_t row) {
     return taken;
 }
 
-// Reads what the working digits depend on.
+// Reads all but the coefficients.
 NumberSetup ReadEquationSetup() {
     request = {.degree = equationPage.degree,
                .mode = IsItemSelected(EquationModeList, ComplexModeItem) ? EquationMode::Complex
