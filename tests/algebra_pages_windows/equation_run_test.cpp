@@ -319,14 +319,11 @@ TEST_F(EquationRunTest, ACellThatIsTooLongTakesNoRoom) {
     ExpectMessage(coefficients, "Coefficient \"a10\" has to many characters!");
 }
 
-// No equation is known that fails in this way, so the work is another one.
 TEST_F(EquationRunTest, TellsThatTheIterationHasNotConverged) {
     for (const auto& expected : MessagesOfLanguages) {
         MakeAgain(expected.language);
-        PageTask task = *equationPage.run.startTask;
-        task.work = [] { SetUiError(UiErrorNotConverged); };
-        equationPage.run.startTask = &task;
-        ExpectMessage({u"1", u"2"}, expected.notConverged, expected.caption);
+        ExpectMessage({u"1", u"1e1000000000000000000", u"1"}, expected.notConverged,
+                      expected.caption);
     }
 }
 
@@ -338,8 +335,12 @@ TEST_F(EquationRunTest, WithoutAThreadItTellsAnInternalError) {
     EXPECT_EQ(Solve(), u"x1 = -2   [1]\r\n");
 }
 
-TEST_F(EquationRunTest, ACodeOfTheArithmeticIsReportedAsThatOfThePage) {
-    EXPECT_EQ(equationPage.run.startTask->fallback, UiErrorCalculation);
+TEST_F(EquationRunTest, ARootBeyondTheRangeIsShownBeforeItsErrorIsTold) {
+    const MessageBoxAnswer answer;
+    EXPECT_EQ(Solve({u"1e-4000000000000000000", u"-1e4000000000000000000"}),
+              u"x1 = \u221e   [1]\r\n");
+    EXPECT_EQ(answer.boxes, 1);
+    EXPECT_EQ(answer.text, "Error in mathematical calculation!");
 }
 
 // 1/7 and sqrt(2) to 2000 digits: whole periods, and a square that is 2 to all of them.
