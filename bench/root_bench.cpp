@@ -110,7 +110,7 @@ std::string CoefficientText(const EquationWork& work, const Integers& equation, 
 void RootsOurs(benchmark::State& state, const EquationWork& work, int64_t digits) {
     const Integers equation = work.make();
     const auto degree = static_cast<int64_t>(equation.size()) - 1;
-    SetRealPrecision(RootWorkingDigits(degree, digits));
+    SetRealPrecision(RootInputDigits(degree, digits));
     const auto room = [] { return Words(static_cast<size_t>(ComplexWords())); };
     std::vector<Words> coefficients(equation.size(), room());
     std::vector<Words> values(MaxEquationDegree, room());
