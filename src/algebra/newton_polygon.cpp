@@ -7,7 +7,7 @@ namespace tallymere {
 
 namespace {
 
-// The angle of the first start value; no multiple of it is near a multiple of a right angle.
+// The angle of the first start value, so that none lies on the real axis.
 constexpr double FirstAngle = 0.7;
 
 // A decimal logarithm in two parts, so that exponents of any size leave the fraction its digits.

@@ -59,16 +59,6 @@ Polynomial TakeDerivative(ScratchScope& scope, const Polynomial& polynomial, int
     return derivative;
 }
 
-bool IsRealPolynomial(const Polynomial& polynomial) {
-    const DigitsScope digits(polynomial.layout.digits);
-    for (int64_t i = 0; i <= polynomial.degree; i++) {
-        if (!ComplexIsReal(polynomial.coefficients[i])) {
-            return false;
-        }
-    }
-    return true;
-}
-
 bool EvaluatePolynomial(ComplexNumber* value, ComplexNumber* slope, const Polynomial& polynomial,
                         const ComplexNumber* z) {
     ComplexCopy(value, polynomial.coefficients[polynomial.degree]);

@@ -45,9 +45,6 @@ Polynomial CopyPolynomial(ScratchScope& scope, const Polynomial& polynomial);
 /// is rounded twice at most.
 Polynomial TakeDerivative(ScratchScope& scope, const Polynomial& polynomial, int64_t order);
 
-/// True when no coefficient has an imaginary part.
-bool IsRealPolynomial(const Polynomial& polynomial);
-
 /// Writes P(z) and, where `slope` is not null, P'(z); all in the layout in force and apart. Method:
 /// Horner. False when a stop was requested, which is polled at each coefficient.
 bool EvaluatePolynomial(ComplexNumber* value, ComplexNumber* slope, const Polynomial& polynomial,

@@ -1,4 +1,4 @@
-// What is exactly true of the roots of a polynomial, without looking at any of them: how many
+// What whole numbers tell of the roots of a polynomial, without looking at any of them: how many
 // different ones there are, and how many lie mirror-wise to a line.
 //
 // Both are degrees of greatest common divisors. They are taken modulo three primes of 63 bits, each

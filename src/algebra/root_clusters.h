@@ -4,8 +4,8 @@
 // Approximations at few digits are parted into groups (root_groups.h). A group of several roots is
 // looked at through a glass: the polynomial is expanded around its centre at more and more digits,
 // and in that variable the same is done again, at few digits. The number of different roots, which
-// is known exactly (residue_structure.h), says when there is nothing left to part. A group that is
-// one root within the errors of the coefficients (coefficient_errors.h) is taken as one.
+// is known beforehand (residue_structure.h), says when there is nothing left to part. A group that
+// is one root within the errors of the coefficients (coefficient_errors.h) is taken as one.
 #pragma once
 
 #include "algebra/coefficient_errors.h"

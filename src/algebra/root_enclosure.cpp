@@ -87,7 +87,7 @@ bool TakeValue(PartSizes& sizes, const RootCluster& cluster, const Polynomial& p
 }
 
 // Replaces `radii` by those of Krawczyk's operator, and `inverse` by 1 / f'(c), about. False when
-// f'(c) is 0.
+// f'(c) is 0, and after a stop.
 bool Contract(PartRadii& radii, ComplexNumber* inverse, const Surroundings& around) {
     ScratchStackScope scope;
     ComplexNumber* slope = TakeComplex(scope);

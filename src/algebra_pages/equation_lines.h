@@ -10,8 +10,8 @@ namespace tallymere {
 /// Takes the next characters of a text, which ends with a 0 and is there during the call alone.
 using TakeLine = void (*)(const char16_t* line);
 
-/// Hands over one line for each root, or the one that says that there is none. Lines end with
-/// "\r\n", but not that last one. `exactWanted` says that exact values were asked for, so that an
+/// Hands over one line for each root, which ends with "\r\n", or without any the sentence that
+/// there is none, which does not. `exactWanted` says that exact values were asked for, so that an
 /// equals sign stands before those alone. EquationNumberSetup of the run is in force. A line that
 /// does not fit ends with an ellipsis and raises UiErrorTextOverflow.
 void ShowEquationRoots(const SolutionSet& solutions, bool exactWanted, bool showMultiplicity,

@@ -106,7 +106,7 @@ class EquationCase(GuiCase):
             window.enabled for window in self.program.probe.windows() if window.visible)
 
     def solve(self):
-        """Clicks Solve and gives the page at the end of the run."""
+        """Clicks Solve."""
         self.click(self.page()["solve"])
 
     def wait_until_idle(self):
