@@ -49,7 +49,7 @@ SolutionSet TakeSolutionSet(ScratchArea& area);
 /// UiErrorCoefficientNotReal, UiErrorCoefficientNotRational and UiErrorHighestCoefficientZero with
 /// the label of the coefficient; UiErrorNotConverged, UiErrorTextOverflow, UiErrorInternal, and
 /// UiErrorStopped after a stop. A root beyond the range of numbers is infinite and leaves
-/// CalcErrorOverflow noted: it is shown before that is told.
+/// CalcErrorOverflow noted: it is shown before that is reported.
 void EquationWorker(SolutionSet& solutions, const EquationRequest& request);
 
 }  // namespace tallymere
