@@ -2,7 +2,6 @@
 #include <string>
 #include <thread>
 
-#include "core/contract.h"
 #include "shell/page_text.h"
 #include "shell_windows/page_run_testing.h"
 
