@@ -22,4 +22,9 @@ LayoutSize ClientSize(HWND window) {
     return {rect.right, rect.bottom};
 }
 
+LayoutSize LogicalClientSize(HWND window) {
+    const LayoutSize pixels = ClientSize(window);
+    return {FromScreenPixels(pixels.width), FromScreenPixels(pixels.height)};
+}
+
 }  // namespace tallymere

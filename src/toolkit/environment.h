@@ -45,4 +45,7 @@ LayoutRect PlaceInParent(HWND window);
 /// The size of a window's client area in pixels.
 LayoutSize ClientSize(HWND window);
 
+/// The same in logical units.
+LayoutSize LogicalClientSize(HWND window);
+
 }  // namespace tallymere

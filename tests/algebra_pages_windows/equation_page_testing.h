@@ -5,54 +5,17 @@
 #include <vector>
 
 #include "algebra_pages/windows/equation_page.h"
-#include "core/scratch.h"
-#include "shell/languages.h"
-#include "shell/separators.h"
-#include "shell/settings.h"
-#include "shell/windows/program_windows.h"
-#include "shell_windows/message_boxes.h"
+#include "shell_windows/page_window_testing.h"
 #include "toolkit/grid_control.h"
 #include "toolkit/grid_record.h"
 #include "toolkit/numeric_up_down.h"
-#include "toolkit/test_dialog.h"
 
 namespace tallymere::testing_support {
 
-/// Makes the page, hidden, in English, with the separators "." and ",".
-class EquationPageTest : public ToolkitTest {
+class EquationPageTest : public PageWindowTest {
 protected:
-    EquationPageTest() {
-        CreateScratchStack();
-        settings = Settings{};
-        ApplySeparators(DecimalPoint, ThousandsComma);
-        ClearErrors();
-        Make();
-    }
-    ~EquationPageTest() override {
-        EXPECT_EQ(equationPage.run.states.phase, PageIdle);
-        EXPECT_EQ(*CurrentScratchStack().top, CurrentScratchStack().base);
-        EXPECT_EQ(PendingUiError(), UiErrorNone);
-        EXPECT_FALSE(StopRequested());
-        EXPECT_TRUE(IsWindowEnabled(dialog));
-        Destroy();
-        settings = Settings{};
-        InstallLanguage(LanguageEnglish);
-        DestroyScratchStack();
-    }
-
-    static void Make(Language language = LanguageEnglish) {
-        InstallLanguage(language);
-        CreateEquationPage();
-    }
-    static void MakeAgain(Language language, int32_t dpi = LogicalDpi) {
-        Destroy();
-        screenDpi = dpi;
-        Make(language);
-    }
-    static void Destroy() {
-        DestroyWindow(pageWindows[PageAlgebraicEquations]);
-        pageWindows[PageAlgebraicEquations] = nullptr;
-    }
+    EquationPageTest()
+        : PageWindowTest({{PageAlgebraicEquations, CreateEquationPage, &equationPage.run}}) {}
 
     static HWND Control(EquationControl control) { return equationPage.controls[control]; }
     static std::u16string Text(EquationControl control) { return WholeText(Control(control)); }
@@ -139,17 +102,7 @@ protected:
 
     static PagePhase Phase() { return equationPage.run.states.phase; }
 
-    /// The message loop, until the condition holds.
-    template <typename Condition>
-    static void LoopUntil(Condition condition) {
-        MSG message;
-        while (!condition() && GetMessageW(&message, nullptr, 0, 0) > 0) {
-            DispatchMessageW(&message);
-        }
-    }
-    static void Finish() {
-        LoopUntil([] { return Phase() == PageIdle; });
-    }
+    static void Finish() { PageWindowTest::Finish(equationPage.run); }
 
     /// Clicks Solve and returns the output at the end of the run.
     static std::u16string Solve() {

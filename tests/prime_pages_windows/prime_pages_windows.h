@@ -3,60 +3,19 @@
 
 #include <string>
 
-#include "core/scratch.h"
 #include "prime_pages/windows/prime_factors_page.h"
 #include "prime_pages/windows/prime_numbers_page.h"
-#include "shell/languages.h"
-#include "shell/separators.h"
-#include "shell/settings.h"
-#include "shell/windows/program_windows.h"
-#include "shell_windows/message_boxes.h"
+#include "shell_windows/page_window_testing.h"
 #include "toolkit/digit_count_control.h"
 #include "toolkit/number_base_control.h"
-#include "toolkit/test_dialog.h"
 
 namespace tallymere::testing_support {
 
-/// Makes both pages, hidden, in English, with the separators "." and "," and without grouping.
-class PrimePagesTest : public ToolkitTest {
+class PrimePagesTest : public PageWindowTest {
 protected:
-    PrimePagesTest() {
-        CreateScratchStack();
-        settings = Settings{};
-        ApplySeparators(DecimalPoint, ThousandsComma);
-        ClearErrors();
-        Make();
-    }
-    ~PrimePagesTest() override {
-        for (const PrimePage* page : {&primeNumbersPage, &primeFactorsPage}) {
-            EXPECT_EQ(page->run.states.phase, PageIdle);
-        }
-        EXPECT_EQ(*CurrentScratchStack().top, CurrentScratchStack().base);
-        EXPECT_EQ(PendingUiError(), UiErrorNone);
-        EXPECT_FALSE(StopRequested());
-        EXPECT_TRUE(IsWindowEnabled(dialog));
-        Destroy();
-        settings = Settings{};
-        InstallLanguage(LanguageEnglish);
-        DestroyScratchStack();
-    }
-
-    static void Make(Language language = LanguageEnglish) {
-        InstallLanguage(language);
-        CreatePrimeNumbersPage();
-        CreatePrimeFactorsPage();
-    }
-    static void MakeAgain(Language language, int32_t dpi = LogicalDpi) {
-        Destroy();
-        screenDpi = dpi;
-        Make(language);
-    }
-    static void Destroy() {
-        for (const PageIndex index : {PagePrimeNumbers, PagePrimeFactors}) {
-            DestroyWindow(pageWindows[index]);
-            pageWindows[index] = nullptr;
-        }
-    }
+    PrimePagesTest()
+        : PageWindowTest({{PagePrimeNumbers, CreatePrimeNumbersPage, &primeNumbersPage.run},
+                          {PagePrimeFactors, CreatePrimeFactorsPage, &primeFactorsPage.run}}) {}
 
     static HWND Control(const PrimePage& page, int32_t control) { return page.controls[control]; }
     static std::u16string Text(const PrimePage& page, int32_t control) {
@@ -94,17 +53,7 @@ protected:
                      reinterpret_cast<LPARAM>(NumberBaseList(control)));
     }
 
-    /// The message loop, until the condition holds.
-    template <typename Condition>
-    static void LoopUntil(Condition condition) {
-        MSG message;
-        while (!condition() && GetMessageW(&message, nullptr, 0, 0) > 0) {
-            DispatchMessageW(&message);
-        }
-    }
-    static void Finish(const PrimePage& page) {
-        LoopUntil([&page] { return page.run.states.phase == PageIdle; });
-    }
+    static void Finish(const PrimePage& page) { PageWindowTest::Finish(page.run); }
 
     /// Runs a page and returns its output.
     static std::u16string Run(const PrimePage& page, const std::u16string& number,

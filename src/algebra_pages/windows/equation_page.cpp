@@ -9,8 +9,6 @@
 #include "shell/scratch_text.h"
 #include "shell/windows/form_windows.h"
 #include "shell/windows/program_windows.h"
-#include "toolkit/control_data.h"
-#include "toolkit/environment.h"
 #include "toolkit/field_state.h"
 #include "toolkit/grid_control.h"
 #include "toolkit/numeric_up_down.h"
@@ -40,12 +38,10 @@ bool IsMultiplicityShown() {
 }
 
 void LayOutPage() {
-    const LayoutSize pixels = ClientSize(equationPage.window);
-    const LayoutSize client = {FromScreenPixels(pixels.width), FromScreenPixels(pixels.height)};
-    for (int32_t i = 0; i < EquationControlCount; i++) {
-        const auto control = static_cast<EquationControl>(i);
-        PlaceControl(ControlOf(control), PlaceEquationControl(control, client));
-    }
+    PlaceFormControls(
+        equationPage.window, equationPage.controls, [](int32_t control, LayoutSize client) {
+            return PlaceEquationControl(static_cast<EquationControl>(control), client);
+        });
 }
 
 // The grid: one column, and a row for each coefficient, from that of the highest power down.
@@ -226,11 +222,8 @@ LRESULT EquationPageProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool&
 
 void CreateEquationPage() {
     equationPage = {};
-    const HWND window = CreateDialogWindow(hiddenOwnerWindow, EquationPageSize,
-                                           uiText.TextAlgSolveAlgebraicEquations, EquationPageProc,
-                                           WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX |
-                                               WS_MAXIMIZEBOX | DialogClientSize | DialogCentred,
-                                           0);
+    const HWND window =
+        CreatePageWindow(EquationPageSize, uiText.TextAlgSolveAlgebraicEquations, EquationPageProc);
     CreateFormControls(window, EquationForm, EquationControlCount, equationPage.controls);
     FillControls();
     equationPage.window = window;

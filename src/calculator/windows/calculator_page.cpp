@@ -31,10 +31,9 @@ FieldHeights FieldPixels() {
 }
 
 void LayOutPage() {
-    const LayoutSize client = ClientSize(calculatorWindows.page);
     const FieldHeights heights = FieldPixels();
     const CalculatorLayout layout =
-        LayOutCalculator({FromScreenPixels(client.width), FromScreenPixels(client.height)},
+        LayOutCalculator(LogicalClientSize(calculatorWindows.page),
                          {FromScreenPixels(heights.formula), FromScreenPixels(heights.result)});
     PlaceControl(ControlOf(CalculatorFormula), layout.formula);
     PlaceControl(ControlOf(CalculatorSplitter), layout.splitter);
@@ -185,11 +184,8 @@ void CreateWindows() {
     const NumberSetupScope scope;
     PrepareCalculatorDisplay();
     StartCalculator(settings);
-    calculatorWindows.page = CreateDialogWindow(
-        hiddenOwnerWindow, CalculatorSize, uiText.TextCalcScientificCalculator, CalculatorPageProc,
-        WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX | DialogClientSize |
-            DialogCentred,
-        0);
+    calculatorWindows.page =
+        CreatePageWindow(CalculatorSize, uiText.TextCalcScientificCalculator, CalculatorPageProc);
     CreateFields();
     CreateCalculatorContainer();
     PrepareCalculatorRun();

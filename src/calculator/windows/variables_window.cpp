@@ -10,9 +10,7 @@
 #include "shell/windows/form_windows.h"
 #include "shell/windows/program_windows.h"
 #include "shell/windows/window_text.h"
-#include "toolkit/control_data.h"
 #include "toolkit/dialog_window.h"
-#include "toolkit/environment.h"
 #include "toolkit/wide_text.h"
 
 namespace tallymere {
@@ -170,11 +168,9 @@ void HandleCommand(HWND control, int32_t news) {
 }
 
 void LayOutVariables() {
-    const LayoutSize pixels = ClientSize(variablesWindow);
-    const LayoutSize client = {FromScreenPixels(pixels.width), FromScreenPixels(pixels.height)};
-    for (int32_t i = 0; i < VariablesControlCount; i++) {
-        PlaceControl(controls[i], PlaceVariablesControl(static_cast<VariablesControl>(i), client));
-    }
+    PlaceFormControls(variablesWindow, controls, [](int32_t control, LayoutSize client) {
+        return PlaceVariablesControl(static_cast<VariablesControl>(control), client);
+    });
 }
 
 LRESULT VariablesWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam,

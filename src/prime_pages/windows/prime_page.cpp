@@ -5,10 +5,8 @@
 #include "core/contract.h"
 #include "shell/settings.h"
 #include "shell/windows/error_report.h"
-#include "shell/windows/form_windows.h"
 #include "shell/windows/program_windows.h"
 #include "shell/windows/window_text.h"
-#include "toolkit/control_data.h"
 #include "toolkit/digit_count_control.h"
 #include "toolkit/environment.h"
 #include "toolkit/field_state.h"
@@ -20,11 +18,8 @@ namespace tallymere {
 namespace {
 
 void LayOutPage(const PrimePage& page) {
-    const LayoutSize pixels = ClientSize(page.window);
-    const LayoutSize client = {FromScreenPixels(pixels.width), FromScreenPixels(pixels.height)};
-    for (int32_t i = 0; i < page.kind->count; i++) {
-        PlaceControl(page.controls[i], page.kind->place(i, client));
-    }
+    PlaceFormControls(page.window, {page.controls, static_cast<size_t>(page.kind->count)},
+                      page.kind->place);
 }
 
 // A control of a group that is larger than what it shows would cover the frame of the group. What
@@ -104,11 +99,7 @@ void CreatePrimePage(PrimePage& page, const PrimePageKind& kind, WindowHandler h
     TALLYMERE_REQUIRE(kind.count <= MaxPrimeControls);
     page = {};
     page.kind = &kind;
-    const HWND window =
-        CreateDialogWindow(hiddenOwnerWindow, kind.size, uiText.*kind.title, handler,
-                           WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX |
-                               DialogClientSize | DialogCentred,
-                           0);
+    const HWND window = CreatePageWindow(kind.size, uiText.*kind.title, handler);
     CreateFormControls(window, kind.form, kind.count, page.controls);
     LeaveFrameFree(page.controls[kind.digits]);
     LeaveFrameFree(page.controls[kind.base]);

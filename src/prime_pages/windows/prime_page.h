@@ -6,10 +6,9 @@
 
 #include "core/scratch.h"
 #include "prime_pages/prime_fields.h"
-#include "shell/form_control.h"
 #include "shell/main_menu.h"
+#include "shell/windows/form_windows.h"
 #include "shell/windows/page_run.h"
-#include "toolkit/dialog_window.h"
 #include "toolkit/win32.h"
 
 namespace tallymere {
@@ -35,7 +34,7 @@ struct PrimePageKind {
     int32_t start;
     int32_t stop;
     int32_t close;
-    LayoutRect (*place)(int32_t control, LayoutSize client);
+    FormPlacer place;
     bool (*isDisabledDuringRun)(int32_t control);
 };
 

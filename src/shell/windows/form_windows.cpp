@@ -1,7 +1,10 @@
 #include "shell/windows/form_windows.h"
 
 #include "layout/control_kinds.h"
+#include "shell/windows/program_windows.h"
+#include "toolkit/control_data.h"
 #include "toolkit/digit_count_control.h"
+#include "toolkit/environment.h"
 #include "toolkit/grid_control.h"
 #include "toolkit/long_text_field.h"
 #include "toolkit/number_base_control.h"
@@ -87,10 +90,24 @@ HWND CreateFormControl(HWND parent, const FormControl& control) {
 
 }  // namespace
 
+HWND CreatePageWindow(LayoutSize size, const char16_t* title, WindowHandler handler) {
+    return CreateDialogWindow(hiddenOwnerWindow, size, title, handler,
+                              WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX |
+                                  DialogClientSize | DialogCentred,
+                              0);
+}
+
 void CreateFormControls(HWND window, const FormControl* form, int32_t count, HWND* controls) {
     for (int32_t i = 0; i < count; i++) {
         const HWND parent = form[i].parent == FormWindow ? window : controls[form[i].parent];
         controls[i] = CreateFormControl(parent, form[i]);
+    }
+}
+
+void PlaceFormControls(HWND window, std::span<const HWND> controls, FormPlacer place) {
+    const LayoutSize client = LogicalClientSize(window);
+    for (size_t i = 0; i < controls.size(); i++) {
+        PlaceControl(controls[i], place(static_cast<int32_t>(i), client));
     }
 }
 
