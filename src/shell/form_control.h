@@ -30,6 +30,7 @@ enum FormControlKind {
     FormSplitter,    ///< `style` is a SplitterOrientation
     FormDigitCount,  ///< `style` is DigitCountLabelAbove or 0; its text is that of the label
     FormNumberBase,  ///< `style` is of NumberBaseStyle; its text is that of the label
+    FormNumberType,  ///< NumberTypeRows, real at first; only x of its place counts
 };
 
 /// The parent of a control that lies directly in the window.

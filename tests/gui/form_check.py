@@ -30,6 +30,7 @@ CLASSES = {
     "digit count": ("digitcountcontrol", None),
     "container": ("scicalccontainercontrol", None),
     "number base": ("numberbasecontrol", None),
+    "number type": ("numbertypecontrol", None),
     "unbroken field": ("edit", None),
     "grid": ("simplegridctl", None),
 }

@@ -73,6 +73,8 @@ const char* KindName(FormControlKind kind) {
             return "digit count";
         case FormNumberBase:
             return "number base";
+        case FormNumberType:
+            return "number type";
     }
     return "";
 }

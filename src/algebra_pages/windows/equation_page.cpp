@@ -1,15 +1,13 @@
 #include "algebra_pages/windows/equation_page.h"
 
-#include <algorithm>
 #include <span>
 
 #include "algebra/polynomial_roots.h"
 #include "algebra_pages/equation_lines.h"
 #include "algebra_pages/equation_run.h"
-#include "shell/scratch_text.h"
+#include "algebra_pages/windows/coefficient_grid.h"
 #include "shell/windows/form_windows.h"
 #include "shell/windows/program_windows.h"
-#include "toolkit/field_state.h"
 #include "toolkit/grid_control.h"
 #include "toolkit/numeric_up_down.h"
 #include "toolkit/wide_text.h"
@@ -61,13 +59,8 @@ void AddCoefficientOnTop(int32_t index) {
 
 void PrepareGrid() {
     const HWND grid = ControlOf(EquationGrid);
-    GridColumnSpec column = {GridColumnText, nullptr, nullptr};
-    SendMessageW(grid, GridSetShowRowNumbers, FALSE, 0);
-    SendMessageW(grid, GridSetShowColumnLetters, FALSE, 0);
-    SendMessageW(grid, GridSetAllowResize, TRUE, 0);
-    SendMessageW(grid, GridSetHeaderColumnWidth, 0, LabelColumnWidth);
-    SendMessageW(grid, GridAddColumn, 0, reinterpret_cast<LPARAM>(&column));
-    SendMessageW(grid, GridSetColumnWidth, 0, CoefficientColumnWidth);
+    BeginCoefficientGrid(grid, LabelColumnWidth);
+    AddCoefficientColumn(grid, nullptr, CoefficientColumnWidth);
     AddCoefficientOnTop(0);
 }
 
@@ -92,31 +85,12 @@ void DegreeChanged(HWND, int32_t degree) {
 
 void ClearPage() {
     for (int32_t row = 0; row <= equationPage.degree; row++) {
-        GridCellSpec cell = {0, row, nullptr};
-        SendMessageW(ControlOf(EquationGrid), GridSetCellText, 0, reinterpret_cast<LPARAM>(&cell));
+        WriteCoefficient(ControlOf(EquationGrid), 0, row, nullptr);
     }
     SetWindowTextW(ControlOf(EquationOutput), L"");
 }
 
 // The run.
-
-// The text of a cell, which stays for the run. A cell takes any length, so it is cut where it is
-// longer than can be read. Null without memory for it.
-const char16_t* TakeCellText(int32_t row) {
-    const HWND grid = ControlOf(EquationGrid);
-    const int64_t length = SendMessageW(grid, GridGetCellLength, 0, row);
-    const HeapText text(length);
-    if (!text.IsThere()) {
-        return nullptr;
-    }
-    GridCellSpec cell = {0, row, text.buffer.get()};
-    SendMessageW(grid, GridGetCellText, 0, reinterpret_cast<LPARAM>(&cell));
-    const int64_t kept = std::min(length, CoefficientCharacters + 1);
-    char16_t* taken = TakeText(CurrentScratchStack(), kept);
-    std::copy_n(text.buffer.get(), kept, taken);
-    taken[kept] = 0;
-    return taken;
-}
 
 // Reads all but the coefficients.
 NumberSetup ReadEquationSetup() {
@@ -133,7 +107,8 @@ void PrepareEquation() {
     SetWindowTextW(ControlOf(EquationOutput), L"");
     solutions = TakeSolutionSet(CurrentScratchStack());
     for (int32_t i = 0; i <= request.degree; i++) {
-        request.coefficients[i] = TakeCellText(RowOfCoefficient(i));
+        request.coefficients[i] =
+            TakeCoefficientText(ControlOf(EquationGrid), 0, RowOfCoefficient(i));
         if (request.coefficients[i] == nullptr) {
             SetUiError(UiErrorInternal);
             return;

@@ -1,6 +1,7 @@
 #include "shell/windows/form_windows.h"
 
 #include "layout/control_kinds.h"
+#include "shell/number_type_rows.h"
 #include "shell/windows/program_windows.h"
 #include "toolkit/control_data.h"
 #include "toolkit/digit_count_control.h"
@@ -8,6 +9,7 @@
 #include "toolkit/grid_control.h"
 #include "toolkit/long_text_field.h"
 #include "toolkit/number_base_control.h"
+#include "toolkit/number_type_control.h"
 #include "toolkit/numeric_up_down.h"
 #include "toolkit/splitter_control.h"
 #include "toolkit/standard_controls.h"
@@ -29,6 +31,12 @@ HWND CreateNumberBase(HWND parent, const FormControl& control) {
     const HWND window =
         CreateNumberBaseControl(parent, control.place.x, control.place.y, control.style);
     SetNumberBaseLabel(window, FormText(control));
+    return window;
+}
+
+HWND CreateNumberType(HWND parent, const FormControl& control) {
+    const HWND window = CreateNumberTypeControl(parent, control.place.x, NumberTypeRows());
+    SelectNumberType(window, NumberTypeReal);
     return window;
 }
 
@@ -84,6 +92,8 @@ HWND CreateFormControl(HWND parent, const FormControl& control) {
             return CreateDigitCount(parent, control);
         case FormNumberBase:
             return CreateNumberBase(parent, control);
+        case FormNumberType:
+            return CreateNumberType(parent, control);
     }
     return nullptr;
 }
