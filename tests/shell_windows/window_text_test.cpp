@@ -1,4 +1,4 @@
-// The text of a window in scratch memory, up to a length.
+// The text of a window in scratch memory, up to a length, and text that is added to a field.
 #include "shell/windows/window_text.h"
 
 #include <string>
@@ -36,6 +36,14 @@ TEST_F(WindowText, EndsInAnEllipsisWhereItIsCut) {
         EXPECT_TRUE(isCut);
         EXPECT_EQ(std::u16string(TakeWindowText(scope, field, Capacity, nullptr)), u"1234\u2026");
     }
+}
+
+TEST_F(WindowText, IsAddedBehindWhatIsThereWhereverTheCaretIs) {
+    const HWND field = CreateEdit(dialog, {0, 0, 60, 20}, u"", ES_MULTILINE, 0);
+    AppendWindowText(field, u"first\r\n");
+    SendMessageW(field, EM_SETSEL, 0, 3);
+    AppendWindowText(field, u"second");
+    EXPECT_EQ(testing_support::WholeText(field), u"first\r\nsecond");
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/limits.h"
-#include "shell/scratch_text.h"
+#include "shell/ui_error.h"
 #include "toolkit/field_state.h"
 #include "toolkit/grid_control.h"
 
@@ -64,19 +64,19 @@ void WriteCoefficient(HWND grid, int32_t column, int32_t row, const char16_t* te
     SendMessageW(grid, GridSetCellText, 0, reinterpret_cast<LPARAM>(&cell));
 }
 
-const char16_t* TakeCoefficientText(HWND grid, int32_t column, int32_t row) {
+void ReadCoefficientText(HWND grid, int32_t column, int32_t row, char16_t* buffer) {
+    buffer[0] = 0;
     const int64_t length = SendMessageW(grid, GridGetCellLength, static_cast<WPARAM>(column), row);
     const HeapText text(length);
     if (!text.IsThere()) {
-        return nullptr;
+        SetUiError(UiErrorInternal);
+        return;
     }
     GridCellSpec cell = {column, row, text.buffer.get()};
     SendMessageW(grid, GridGetCellText, 0, reinterpret_cast<LPARAM>(&cell));
     const int64_t kept = std::min(length, CoefficientCharacters + 1);
-    char16_t* taken = TakeText(CurrentScratchStack(), kept);
-    std::copy_n(text.buffer.get(), kept, taken);
-    taken[kept] = 0;
-    return taken;
+    std::copy_n(text.buffer.get(), kept, buffer);
+    buffer[kept] = 0;
 }
 
 }  // namespace tallymere

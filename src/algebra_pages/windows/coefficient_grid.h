@@ -32,8 +32,8 @@ void SetCoefficientRows(HWND grid, int32_t count, void (*writeName)(char16_t* na
 /// Writes a text into a cell; null is an empty one.
 void WriteCoefficient(HWND grid, int32_t column, int32_t row, const char16_t* text);
 
-/// The text of a cell, which stays on the ScratchStack. A cell takes any length, so it is cut
-/// behind CoefficientCharacters + 1 characters. Null without memory for it.
-const char16_t* TakeCoefficientText(HWND grid, int32_t column, int32_t row);
+/// Copies the text of a cell and a 0 into a buffer of CoefficientCharacters + 2 characters. A
+/// longer one is cut. Without memory for it raises UiErrorInternal, and the text is empty.
+void ReadCoefficientText(HWND grid, int32_t column, int32_t row, char16_t* buffer);
 
 }  // namespace tallymere

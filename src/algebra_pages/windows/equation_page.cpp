@@ -6,8 +6,11 @@
 #include "algebra_pages/equation_lines.h"
 #include "algebra_pages/equation_run.h"
 #include "algebra_pages/windows/coefficient_grid.h"
+#include "core/limits.h"
+#include "shell/scratch_text.h"
 #include "shell/windows/form_windows.h"
 #include "shell/windows/program_windows.h"
+#include "shell/windows/window_text.h"
 #include "toolkit/grid_control.h"
 #include "toolkit/numeric_up_down.h"
 #include "toolkit/wide_text.h"
@@ -107,12 +110,9 @@ void PrepareEquation() {
     SetWindowTextW(ControlOf(EquationOutput), L"");
     solutions = TakeSolutionSet(CurrentScratchStack());
     for (int32_t i = 0; i <= request.degree; i++) {
-        request.coefficients[i] =
-            TakeCoefficientText(ControlOf(EquationGrid), 0, RowOfCoefficient(i));
-        if (request.coefficients[i] == nullptr) {
-            SetUiError(UiErrorInternal);
-            return;
-        }
+        char16_t* text = TakeText(CurrentScratchStack(), CoefficientCharacters + 1);
+        ReadCoefficientText(ControlOf(EquationGrid), 0, RowOfCoefficient(i), text);
+        request.coefficients[i] = text;
     }
 }
 
@@ -121,10 +121,7 @@ void SolveEquation() {
 }
 
 void AppendToOutput(const char16_t* text) {
-    const HWND output = ControlOf(EquationOutput);
-    const auto end = static_cast<WPARAM>(GetWindowTextLengthW(output));
-    SendMessageW(output, EM_SETSEL, end, static_cast<LPARAM>(end));
-    SendMessageW(output, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text));
+    AppendWindowText(ControlOf(EquationOutput), text);
 }
 
 void FinishEquation(bool succeeded) {

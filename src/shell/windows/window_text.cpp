@@ -18,4 +18,10 @@ const char16_t* TakeWindowText(ScratchScope& scope, HWND window, int64_t capacit
     return text;
 }
 
+void AppendWindowText(HWND field, const char16_t* text) {
+    const auto end = static_cast<WPARAM>(GetWindowTextLengthW(field));
+    SendMessageW(field, EM_SETSEL, end, static_cast<LPARAM>(end));
+    SendMessageW(field, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text));
+}
+
 }  // namespace tallymere
