@@ -25,8 +25,7 @@ Each coefficient is a formula; an empty one is 0.
 {--mode}real roots of real coefficients, or all roots
                                 ({mode})
   --exact                       exact values, from fractions as coefficients
-  --digits N                    digits of the roots, {fewest} to {most}, or to {less} above
-                                degree 4 and {least} above degree 7 ({digits})
+  --digits N                    digits of the roots, {fewest} to {most} ({digits}){fewer}
   --no-multiplicity             without the multiplicities of the roots
 {options of every word}
 Options end at the first coefficient; one such as -x2 that looks like an option
@@ -51,6 +50,19 @@ struct EquationWord {
     int64_t digits = DefaultDigits;
 };
 
+// A line for each degree above which --digits goes less far.
+std::string UsageOfFewerDigits() {
+    const std::string line = ",\n" + std::string(UsageColumn, ' ');
+    std::string lines;
+    for (int64_t degree = 2; degree <= MaxEquationDegree; degree++) {
+        if (MaxRootDigits(degree) != MaxRootDigits(degree - 1)) {
+            lines += line + "to " + std::to_string(MaxRootDigits(degree)) + " above degree " +
+                     std::to_string(degree - 1);
+        }
+    }
+    return lines;
+}
+
 std::string Usage() {
     return FillInUsage(
         UsageForm,
@@ -58,9 +70,8 @@ std::string Usage() {
          {"{--mode}", UsageOfChoices("--mode", ModeChoices())},
          {"{mode}", SpellingOf(ModeChoices(), static_cast<int32_t>(EquationWord().mode))},
          {"{fewest}", std::to_string(MinEquationDigits)},
-         {"{most}", std::to_string(MaxRootDigits(4))},
-         {"{less}", std::to_string(MaxRootDigits(7))},
-         {"{least}", std::to_string(MaxRootDigits(MaxEquationDegree))},
+         {"{most}", std::to_string(MaxRootDigits(1))},
+         {"{fewer}", UsageOfFewerDigits()},
          {"{digits}", std::to_string(DefaultDigits)},
          {"{options of every word}", WordOptionUsage()}});
 }

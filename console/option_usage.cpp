@@ -17,7 +17,6 @@ std::string FillInUsage(std::string_view text, std::initializer_list<UsageValue>
 }
 
 std::string UsageOfChoices(std::string_view option, const std::vector<Choice>& choices) {
-    constexpr size_t column = 32;
     std::string text = "  " + std::string(option);
     char before = ' ';
     for (const Choice& choice : choices) {
@@ -25,10 +24,10 @@ std::string UsageOfChoices(std::string_view option, const std::vector<Choice>& c
         text += choice.spelling;
         before = '|';
     }
-    if (text.size() < column) {
-        return text.append(column - text.size(), ' ');
+    if (text.size() < UsageColumn) {
+        return text.append(UsageColumn - text.size(), ' ');
     }
-    return text + "\n" + std::string(column, ' ');
+    return text + "\n" + std::string(UsageColumn, ' ');
 }
 
 std::string SpellingOf(const std::vector<Choice>& choices, int32_t value) {

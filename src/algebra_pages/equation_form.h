@@ -58,6 +58,10 @@ inline constexpr FormControl EquationForm[] = {
 };
 static_assert(std::size(EquationForm) == EquationControlCount);
 
+/// The columns of the grid, in logical units.
+inline constexpr int32_t EquationLabelsWidth = 40;
+inline constexpr int32_t EquationCoefficientsWidth = 120;  ///< before it reaches to the edge
+
 /// Distances, in logical units.
 inline constexpr int32_t EquationRightMargin = 10;  ///< to the right of grid, text and output
 inline constexpr int32_t EquationOutputTop = 166;   ///< of the output, in a low window

@@ -59,7 +59,7 @@ void DestroyRecord(GridRecord& grid) {
     StoreGridText(grid.title, {});
 }
 
-LRESULT SetFonts(GridRecord& grid, WPARAM wParam) {
+void SetFonts(GridRecord& grid, WPARAM wParam) {
     const auto font = reinterpret_cast<HFONT>(wParam);
     grid.cellFont = font;
     grid.headerFont = font;
@@ -68,7 +68,6 @@ LRESULT SetFonts(GridRecord& grid, WPARAM wParam) {
         SendMessageW(grid.editWindow, WM_SETFONT, wParam, TRUE);
     }
     RepaintGrid(grid);
-    return 0;
 }
 
 void HandleFocus(GridRecord& grid, UINT message, WPARAM other) {
@@ -90,10 +89,77 @@ void HandleCommand(GridRecord& grid, WPARAM wParam, LPARAM lParam) {
     }
 }
 
+// What the system asks for or tells in order to show the grid. True when it has been dealt with.
+bool HandleLook(GridRecord& grid, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    switch (message) {
+        case WM_PAINT:
+            HandleGridPaint(grid);
+            return true;
+        case WM_PRINTCLIENT: {
+            const RECT all = {0, 0, grid.state.clientWidth, grid.state.clientHeight};
+            PaintGrid(grid, reinterpret_cast<HDC>(wParam), all);
+            return true;
+        }
+        case WM_ERASEBKGND:
+            // Painting fills the whole window.
+            result = TRUE;
+            return true;
+        case WM_SIZE:
+            if (!grid.skipsSize) {
+                RefreshGridScrollBars(grid);
+                RepaintGrid(grid);
+            }
+            return true;
+        case WM_SETFONT:
+            SetFonts(grid, wParam);
+            return true;
+        case WM_GETFONT:
+            result = reinterpret_cast<LRESULT>(grid.cellFont);
+            return true;
+        case WM_SETTEXT:
+            StoreTitle(grid, lParam);
+            return false;
+        case WM_SETCURSOR:
+            result = LOWORD(lParam) == HTCLIENT && reinterpret_cast<HWND>(wParam) == grid.window &&
+                     ShowGridResizeCursor(grid);
+            return result != 0;
+        default:
+            return false;
+    }
+}
+
+// What the user does with keys and mouse. True when it has been dealt with.
+bool HandleInput(GridRecord& grid, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_SETFOCUS:
+        case WM_KILLFOCUS:
+            HandleFocus(grid, message, wParam);
+            return true;
+        case WM_KEYDOWN:
+            return HandleGridKey(grid, wParam, lParam);
+        case WM_LBUTTONDOWN:
+        case WM_MOUSEMOVE:
+        case WM_LBUTTONUP:
+        case WM_CAPTURECHANGED:
+            HandleGridMouse(grid, message, lParam);
+            return true;
+        case WM_MOUSEWHEEL:
+            return HandleGridWheel(grid, wParam);
+        case WM_VSCROLL:
+        case WM_HSCROLL:
+            HandleGridScroll(grid, message, wParam);
+            return true;
+        default:
+            return false;
+    }
+}
+
 LRESULT HandleMessage(GridRecord& grid, UINT message, WPARAM wParam, LPARAM lParam) {
     LRESULT result = 0;
     UpdateGridSize(grid);
-    if (HandleGridMessage(grid, message, wParam, lParam, result)) {
+    if (HandleGridMessage(grid, message, wParam, lParam, result) ||
+        HandleLook(grid, message, wParam, lParam, result) ||
+        HandleInput(grid, message, wParam, lParam)) {
         return result;
     }
     switch (message) {
@@ -102,62 +168,8 @@ LRESULT HandleMessage(GridRecord& grid, UINT message, WPARAM wParam, LPARAM lPar
             return 0;
         case WM_GETDLGCODE:
             return DLGC_WANTALLKEYS;
-        case WM_PAINT:
-            HandleGridPaint(grid);
-            return 0;
-        case WM_PRINTCLIENT: {
-            const RECT all = {0, 0, grid.state.clientWidth, grid.state.clientHeight};
-            PaintGrid(grid, reinterpret_cast<HDC>(wParam), all);
-            return 0;
-        }
-        case WM_ERASEBKGND:
-            // Painting fills the whole window.
-            return TRUE;
-        case WM_SIZE:
-            if (!grid.skipsSize) {
-                RefreshGridScrollBars(grid);
-                RepaintGrid(grid);
-            }
-            return 0;
-        case WM_SETFONT:
-            return SetFonts(grid, wParam);
-        case WM_GETFONT:
-            return reinterpret_cast<LRESULT>(grid.cellFont);
-        case WM_SETTEXT:
-            StoreTitle(grid, lParam);
-            break;
-        case WM_SETFOCUS:
-        case WM_KILLFOCUS:
-            HandleFocus(grid, message, wParam);
-            return 0;
-        case WM_KEYDOWN:
-            if (HandleGridKey(grid, wParam, lParam)) {
-                return 0;
-            }
-            break;
         case WM_COMMAND:
             HandleCommand(grid, wParam, lParam);
-            return 0;
-        case WM_LBUTTONDOWN:
-        case WM_MOUSEMOVE:
-        case WM_LBUTTONUP:
-        case WM_CAPTURECHANGED:
-            HandleGridMouse(grid, message, lParam);
-            return 0;
-        case WM_SETCURSOR:
-            if (LOWORD(lParam) == HTCLIENT && reinterpret_cast<HWND>(wParam) == grid.window &&
-                ShowGridResizeCursor(grid)) {
-                return TRUE;
-            }
-            break;
-        case WM_MOUSEWHEEL:
-            if (HandleGridWheel(grid, wParam)) {
-                return 0;
-            }
-            break;
-        case WM_VSCROLL:
-        case WM_HSCROLL:
-            HandleGridScroll(grid, message, wParam);
             return 0;
         case WM_GETOBJECT:
             if (static_cast<LONG>(lParam) == static_cast<LONG>(OBJID_CLIENT)) {

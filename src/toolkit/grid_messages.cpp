@@ -1,6 +1,7 @@
 #include "toolkit/grid_messages.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "toolkit/environment.h"
 #include "toolkit/grid_editor.h"
@@ -12,18 +13,27 @@ namespace tallymere {
 
 namespace {
 
-LRESULT SetFlag(const GridCall& call, bool& flag) {
-    flag = call.Flag();
+template <bool GridState::*flag>
+LRESULT SetFlag(const GridCall& call) {
+    call.state.*flag = call.Flag();
     return RepaintForGridCall(call);
 }
 
-LRESULT SetColour(const GridCall& call, COLORREF& colour) {
-    colour = static_cast<COLORREF>(call.wParam);
+template <bool GridRecord::*flag>
+LRESULT SetFlag(const GridCall& call) {
+    call.grid.*flag = call.Flag();
     return RepaintForGridCall(call);
 }
 
-LRESULT SetFont(const GridCall& call, HFONT& font) {
-    font = reinterpret_cast<HFONT>(call.wParam);
+template <COLORREF GridColours::*colour>
+LRESULT SetColour(const GridCall& call) {
+    call.grid.colours.*colour = static_cast<COLORREF>(call.wParam);
+    return RepaintForGridCall(call);
+}
+
+template <HFONT GridRecord::*font>
+LRESULT SetFont(const GridCall& call) {
+    call.grid.*font = reinterpret_cast<HFONT>(call.wParam);
     return RepaintForGridCall(call);
 }
 
@@ -83,127 +93,111 @@ LRESULT Refresh(const GridCall& call) {
     return 0;
 }
 
-LRESULT Answer(const GridCall& call, GridMessage message) {
-    GridRecord& grid = call.grid;
-    GridState& state = call.state;
-    switch (message) {
-        case GridAddColumn:
-            return AddGridColumn(call);
-        case GridAddRow:
-            return AddGridRow(call);
-        case GridSetEditable:
-            return SetFlag(call, state.isEditable);
-        case GridSetExtendLastColumn:
-            return SetFlag(call, state.extendsLastColumn);
-        case GridColumnCount:
-            return GridDataColumns(state.table);
-        case GridGetColumnHeader:
-            return GetGridHeader(call, call.TableIndex(), 0);
-        case GridGetColumnHeaderLength:
-            return GetGridHeaderLength(call, call.TableIndex(), 0);
-        case GridGetColumnType:
-            return GetGridColumnType(call);
-        case GridGetColumnWidth:
-            return GetGridWidth(call);
-        case GridCursorColumn:
-            return state.cursorColumn - 1;
-        case GridCursorRow:
-            return state.cursorRow - 1;
-        case GridHeaderHeight:
-            return state.headerHeight;
-        case GridGetCellText:
-            return GetGridCellText(call);
-        case GridGetCellLength:
-            return GetGridCellLength(call);
-        case GridRowCount:
-            return GridDataRows(state.table);
-        case GridGetRowHeader:
-            return GetGridHeader(call, 0, call.TableIndex());
-        case GridGetRowHeaderLength:
-            return GetGridHeaderLength(call, 0, call.TableIndex());
-        case GridRowHeight:
-            return state.rowHeight;
-        case GridRefresh:
-            return Refresh(call);
-        case GridClear:
-            return Clear(call);
-        case GridSetCursorEdit:
-            return SetCursorEdit(call);
-        case GridSetAllowResize:
-            return SetFlag(call, state.allowsResize);
-        case GridSetAutoWiden:
-            return SetFlag(call, grid.autoWidens);
-        case GridSetShowColumnLetters:
-            return SetFlag(call, grid.showsColumnLetters);
-        case GridSetColumnHeader:
-            return SetGridHeader(call, call.TableIndex(), 0);
-        case GridSetColumnWidth:
-            return call.TableIndex() >= 1 ? SetGridWidth(call, call.TableIndex(), call.lParam)
-                                          : FailGridCall(GridErrorInvalidIndex);
-        case GridSetCursor:
-            return SetCursorOn(call, call.Number(), call.lParam);
-        case GridSetDoubleBuffer:
-            return SetFlag(call, grid.isDoubleBuffered);
-        case GridSetSingleLine:
-            return SetFlag(call, grid.hasSingleLines);
-        case GridSetGridLineColour:
-            return SetColour(call, grid.colours.gridLine);
-        case GridSetHeaderHeight:
-            if (call.Number() >= 0) {
-                state.headerHeight = std::min(call.Number(), MaxGridHeight);
-            }
-            return RepaintForGridCall(call);
-        case GridSetHeaderFont:
-            return SetFont(call, grid.headerFont);
-        case GridSetHighlightBackground:
-            return SetColour(call, grid.colours.highlightBackground);
-        case GridSetHighlightText:
-            return SetColour(call, grid.colours.highlightText);
-        case GridSetCellText:
-            return SetGridCellText(call);
-        case GridSetCellAlignment:
-            return AlignGridCell(call);
-        case GridSetCellProtected:
-            return ProtectGridCell(call);
-        case GridSetProtectedBackground:
-            return SetColour(call, grid.colours.protectedBackground);
-        case GridSetRowHeader:
-            return SetGridHeader(call, 0, call.TableIndex());
-        case GridSetHeaderColumnWidth:
-            return SetGridWidth(call, 0, call.lParam);
-        case GridSetRowHeight:
-            return SetRowHeight(call);
-        case GridSetShowRowNumbers:
-            return SetFlag(call, grid.showsRowNumbers);
-        case GridSetRowSelect:
-            return SetRowSelect(call);
-        case GridSetTitleFont:
-            return SetFont(call, grid.titleFont);
-        case GridSetTitleHeight:
-            state.titleHeight = std::clamp(call.Number(), 0, MaxGridHeight);
-            return RepaintForGridCall(call);
-        case GridInsertRow:
-            return InsertGridRow(call, call.TableIndex() + 1);
-        case GridDeleteRow:
-            return DeleteGridRow(call);
-        case GridHideColumn:
-            return HideGridColumn(call);
-    }
-    return 0;
+LRESULT SetWidth(const GridCall& call) {
+    return call.TableIndex() >= 1 ? SetGridWidth(call, call.TableIndex(), call.lParam)
+                                  : FailGridCall(GridErrorInvalidIndex);
 }
 
-bool IsGridMessage(UINT message) {
-    return message >= GridAddColumn && message <= GridHideColumn;
+LRESULT SetHeaderHeight(const GridCall& call) {
+    if (call.Number() >= 0) {
+        call.state.headerHeight = std::min(call.Number(), MaxGridHeight);
+    }
+    return RepaintForGridCall(call);
+}
+
+LRESULT SetTitleHeight(const GridCall& call) {
+    call.state.titleHeight = std::clamp(call.Number(), 0, MaxGridHeight);
+    return RepaintForGridCall(call);
+}
+
+// What answers a message.
+struct GridAnswer {
+    GridMessage message;
+    LRESULT (*answer)(const GridCall& call);
+};
+
+constexpr GridAnswer Answers[] = {
+    {GridAddColumn, AddGridColumn},
+    {GridAddRow, AddGridRow},
+    {GridSetEditable, SetFlag<&GridState::isEditable>},
+    {GridSetExtendLastColumn, SetFlag<&GridState::extendsLastColumn>},
+    {GridColumnCount,
+     [](const GridCall& call) -> LRESULT { return GridDataColumns(call.state.table); }},
+    {GridGetColumnHeader,
+     [](const GridCall& call) { return GetGridHeader(call, call.TableIndex(), 0); }},
+    {GridGetColumnHeaderLength,
+     [](const GridCall& call) { return GetGridHeaderLength(call, call.TableIndex(), 0); }},
+    {GridGetColumnType, GetGridColumnType},
+    {GridGetColumnWidth, GetGridWidth},
+    {GridCursorColumn, [](const GridCall& call) -> LRESULT { return call.state.cursorColumn - 1; }},
+    {GridCursorRow, [](const GridCall& call) -> LRESULT { return call.state.cursorRow - 1; }},
+    {GridHeaderHeight, [](const GridCall& call) -> LRESULT { return call.state.headerHeight; }},
+    {GridGetCellText, GetGridCellText},
+    {GridGetCellLength, GetGridCellLength},
+    {GridRowCount, [](const GridCall& call) -> LRESULT { return GridDataRows(call.state.table); }},
+    {GridGetRowHeader,
+     [](const GridCall& call) { return GetGridHeader(call, 0, call.TableIndex()); }},
+    {GridGetRowHeaderLength,
+     [](const GridCall& call) { return GetGridHeaderLength(call, 0, call.TableIndex()); }},
+    {GridRowHeight, [](const GridCall& call) -> LRESULT { return call.state.rowHeight; }},
+    {GridRefresh, Refresh},
+    {GridClear, Clear},
+    {GridSetCursorEdit, SetCursorEdit},
+    {GridSetAllowResize, SetFlag<&GridState::allowsResize>},
+    {GridSetAutoWiden, SetFlag<&GridRecord::autoWidens>},
+    {GridSetShowColumnLetters, SetFlag<&GridRecord::showsColumnLetters>},
+    {GridSetColumnHeader,
+     [](const GridCall& call) { return SetGridHeader(call, call.TableIndex(), 0); }},
+    {GridSetColumnWidth, SetWidth},
+    {GridSetCursor,
+     [](const GridCall& call) { return SetCursorOn(call, call.Number(), call.lParam); }},
+    {GridSetDoubleBuffer, SetFlag<&GridRecord::isDoubleBuffered>},
+    {GridSetSingleLine, SetFlag<&GridRecord::hasSingleLines>},
+    {GridSetGridLineColour, SetColour<&GridColours::gridLine>},
+    {GridSetHeaderHeight, SetHeaderHeight},
+    {GridSetHeaderFont, SetFont<&GridRecord::headerFont>},
+    {GridSetHighlightBackground, SetColour<&GridColours::highlightBackground>},
+    {GridSetHighlightText, SetColour<&GridColours::highlightText>},
+    {GridSetCellText, SetGridCellText},
+    {GridSetCellAlignment, AlignGridCell},
+    {GridSetCellProtected, ProtectGridCell},
+    {GridSetProtectedBackground, SetColour<&GridColours::protectedBackground>},
+    {GridSetRowHeader,
+     [](const GridCall& call) { return SetGridHeader(call, 0, call.TableIndex()); }},
+    {GridSetHeaderColumnWidth,
+     [](const GridCall& call) { return SetGridWidth(call, 0, call.lParam); }},
+    {GridSetRowHeight, SetRowHeight},
+    {GridSetShowRowNumbers, SetFlag<&GridRecord::showsRowNumbers>},
+    {GridSetRowSelect, SetRowSelect},
+    {GridSetTitleFont, SetFont<&GridRecord::titleFont>},
+    {GridSetTitleHeight, SetTitleHeight},
+    {GridInsertRow,
+     [](const GridCall& call) { return InsertGridRow(call, call.TableIndex() + 1); }},
+    {GridDeleteRow, DeleteGridRow},
+    {GridHideColumn, HideGridColumn},
+};
+static_assert(std::is_sorted(std::begin(Answers), std::end(Answers),
+                             [](const GridAnswer& a, const GridAnswer& b) {
+                                 return a.message < b.message;
+                             }));
+
+// Null for a message of Windows.
+const GridAnswer* FindAnswer(UINT message) {
+    const auto* const found = std::lower_bound(
+        std::begin(Answers), std::end(Answers), message,
+        [](const GridAnswer& answer, UINT wanted) { return answer.message < wanted; });
+    return found != std::end(Answers) && found->message == message ? found : nullptr;
 }
 
 }  // namespace
 
 bool HandleGridMessage(GridRecord& grid, UINT message, WPARAM wParam, LPARAM lParam,
                        LRESULT& result) {
-    if (!IsGridMessage(message)) {
+    const GridAnswer* const found = FindAnswer(message);
+    if (found == nullptr) {
         return false;
     }
-    result = Answer({grid, grid.state, wParam, lParam}, static_cast<GridMessage>(message));
+    result = found->answer({grid, grid.state, wParam, lParam});
     // What the message changed may take the right to edit from the cell that is being edited.
     if (!CanEditGridCursor(grid.state)) {
         const DWORD error = GetLastError();

@@ -197,6 +197,11 @@ class OptionTest(ConsoleCase):
                                         *operands])
                 self.assertEqual((degree, 0), (len(lines), status))
 
+    def test_help_names_the_digits_of_every_degree(self):
+        usage = " ".join(" ".join(run(["equation", "--help"])[0]).split())
+        self.assertIn("--digits N digits of the roots, 5 to 2000 (10), to 1000 above degree 4, "
+                      "to 750 above degree 7 --no-multiplicity", usage)
+
     def test_modes(self):
         self.check_refused(["--mode", "rat", "1", "1"],
                            '--mode: "rat" is not allowed; allowed: real, complex')

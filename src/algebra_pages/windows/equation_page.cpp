@@ -47,8 +47,6 @@ void LayOutPage() {
 
 // The grid: one column, and a row for each coefficient, from that of the highest power down.
 
-constexpr int32_t LabelColumnWidth = 40;
-constexpr int32_t CoefficientColumnWidth = 120;
 constexpr int32_t TopRow = -1;
 
 int32_t RowOfCoefficient(int64_t index) {
@@ -62,8 +60,8 @@ void AddCoefficientOnTop(int32_t index) {
 
 void PrepareGrid() {
     const HWND grid = ControlOf(EquationGrid);
-    BeginCoefficientGrid(grid, LabelColumnWidth);
-    AddCoefficientColumn(grid, nullptr, CoefficientColumnWidth);
+    BeginCoefficientGrid(grid, EquationLabelsWidth);
+    AddCoefficientColumn(grid, nullptr, EquationCoefficientsWidth);
     AddCoefficientOnTop(0);
 }
 
