@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <type_traits>
 
+#include "layout/grid_memory.h"
+
 namespace tallymere {
 
 /// The first room of a list, and by how much it grows.
@@ -34,8 +36,8 @@ template <typename Item>
         return true;
     }
     const int32_t capacity = list.capacity + GridListStep;
-    auto* const items =
-        static_cast<Item*>(std::realloc(list.items, static_cast<size_t>(capacity) * sizeof(Item)));
+    auto* const items = static_cast<Item*>(
+        allocateForGrid(list.items, static_cast<size_t>(capacity) * sizeof(Item)));
     if (items == nullptr) {
         return false;
     }

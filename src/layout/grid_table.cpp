@@ -145,7 +145,8 @@ void StoreGridText(char16_t*& owned, std::u16string_view text) {
     char16_t* copy = nullptr;
     constexpr size_t MaxLength = std::numeric_limits<size_t>::max() / sizeof(char16_t) - 1;
     if (!text.empty() && text.size() <= MaxLength) {
-        copy = static_cast<char16_t*>(std::malloc((text.size() + 1) * sizeof(char16_t)));
+        copy =
+            static_cast<char16_t*>(allocateForGrid(nullptr, (text.size() + 1) * sizeof(char16_t)));
     }
     if (copy != nullptr) {
         *std::copy(text.begin(), text.end(), copy) = 0;

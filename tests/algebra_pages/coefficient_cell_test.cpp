@@ -93,6 +93,27 @@ TEST_F(CoefficientCell, HasALongestLength) {
     EXPECT_EQ(Read(u" " + longest + u"3").outcome, CellOutcome::TooLong);
 }
 
+// The arithmetic notes what failed; the reading alone tells it.
+TEST_F(CoefficientCell, NotesNoCodeOfTheArithmetic) {
+    for (const auto& [text, type] : {std::pair(u"1/0", NumberTypeComplex),
+                                     {u"ln(0)", NumberTypeComplex},
+                                     {u"1e9000000000000000000", NumberTypeComplex},
+                                     {u"10^10^20", NumberTypeComplex},
+                                     {u"1/0", NumberTypeRational},
+                                     {u"2^128", NumberTypeRational},
+                                     {u"0.5", NumberTypeRational},
+                                     {u"2*x", NumberTypeComplex},
+                                     {u"(", NumberTypeComplex}}) {
+        SCOPED_TRACE(testing::PrintToString(std::u16string(text)));
+        EXPECT_EQ(Read(text, type).outcome, CellOutcome::Failed);
+        EXPECT_EQ(numberContext.calcError, CalcErrorNone);
+    }
+    RequestStop();
+    EXPECT_EQ(Read(u"2^0.5").outcome, CellOutcome::Stopped);
+    EXPECT_EQ(numberContext.calcError, CalcErrorNone);
+    EXPECT_EQ(PendingUiError(), UiErrorNone);
+}
+
 TEST_F(CoefficientCell, EndsWithAStop) {
     RequestStop();
     EXPECT_EQ(Read(u"1+1").outcome, CellOutcome::Stopped);

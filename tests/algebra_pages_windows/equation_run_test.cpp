@@ -2,6 +2,7 @@
 
 #include "algebra_pages_windows/equation_page_testing.h"
 #include "core/limits.h"
+#include "layout/grid_memory_testing.h"
 #include "shell/windows/calc_thread.h"
 
 namespace tallymere::testing_support {
@@ -201,6 +202,7 @@ TEST_F(EquationRunTest, ClosingThePageStopsItsRun) {
     const MessageBoxAnswer answer;
     for (const bool byButton : {true, false}) {
         ShowWindow(equationPage.window, SW_SHOW);
+        SetActiveWindow(equationPage.window);
         StartEndlessRun();
         if (byButton) {
             Click(EquationClose);
@@ -208,9 +210,13 @@ TEST_F(EquationRunTest, ClosingThePageStopsItsRun) {
             SendMessageW(equationPage.window, WM_CLOSE, 0, 0);
         }
         EXPECT_FALSE(IsWindowVisible(equationPage.window));
+        EXPECT_EQ(PendingUiError(), UiErrorStopped);
+        EXPECT_TRUE(StopRequested());
+        EXPECT_EQ(GetActiveWindow(), mainWindow) << "also while it is shut out";
+        EXPECT_FALSE(IsWindowEnabled(mainWindow));
         Finish();
         EXPECT_EQ(Output(), u"");
-        EXPECT_TRUE(IsWindowEnabled(dialog));
+        EXPECT_TRUE(IsWindowEnabled(mainWindow));
     }
     EXPECT_EQ(answer.boxes, 0);
 }
@@ -311,6 +317,23 @@ TEST_F(EquationRunTest, TheLongestCellThatIsReadIsReadWhole) {
     const MessageBoxAnswer answer;
     EXPECT_EQ(Solve({u"1", longest}), u"x1 = -7   [1]\r\n");
     EXPECT_EQ(answer.boxes, 0);
+}
+
+// Only the labels of the new rows are missing then.
+TEST_F(EquationRunTest, RowsNeedNoMemoryOfTheirOwn) {
+    WriteEquation({u"1", u"-3"});
+    {
+        const GridMemory none(0);
+        ChooseDegree(10);
+    }
+    EXPECT_EQ(Rows(), 11);
+    EXPECT_EQ(RowHeader(0), u"");
+    EXPECT_EQ(RowHeader(10), u"a0");
+    EXPECT_EQ(Cell(10), u"-3");
+    WriteCell(0, u"2");
+    WriteCell(9, u"0");
+    WriteCell(10, u"-2048");
+    EXPECT_EQ(Solve(), u"x1 = -2   [1]\r\nx2 = 2   [1]\r\n");
 }
 
 // All of them together have more characters than a run has room for.

@@ -22,8 +22,8 @@ struct TestedPage {
     const PageRun* run;
 };
 
-/// Makes pages, hidden, in English, with the separators "." and ",". At the end of a test their
-/// runs must be over and leave nothing behind.
+/// Makes pages, hidden, in English, with the separators "." and ",". The dialog is the main window.
+/// At the end of a test their runs must be over and leave nothing behind.
 class PageWindowTest : public ToolkitTest {
 protected:
     explicit PageWindowTest(std::initializer_list<TestedPage> tested) {
@@ -32,6 +32,7 @@ protected:
         settings = Settings{};
         ApplySeparators(DecimalPoint, ThousandsComma);
         ClearErrors();
+        mainWindow = dialog;
         Make();
     }
     ~PageWindowTest() override {
@@ -43,6 +44,7 @@ protected:
         EXPECT_FALSE(StopRequested());
         EXPECT_TRUE(IsWindowEnabled(dialog));
         Destroy();
+        mainWindow = nullptr;
         settings = Settings{};
         InstallLanguage(LanguageEnglish);
         DestroyScratchStack();

@@ -1,4 +1,5 @@
 // The messages of the grid.
+#include "layout/grid_memory_testing.h"
 #include "toolkit/grid_page.h"
 #include "toolkit/grid_table_messages.h"
 
@@ -6,6 +7,7 @@ namespace tallymere {
 namespace {
 
 using testing_support::Codes;
+using testing_support::GridMemory;
 using testing_support::heardOfGrid;
 using testing_support::TextOf;
 
@@ -672,6 +674,41 @@ TEST_F(GridMessages, TheCursorGoesBesideAHiddenColumn) {
 TEST_F(GridMessages, MissingMemoryHasAnErrorOfItsOwn) {
     EXPECT_EQ(GridErrorOf(GridTableOutcome::NoMemory), 8u);
     EXPECT_EQ(GridErrorOf(GridTableOutcome::TooManyColumns), 14u);
+    while (Ask(GridRowCount) < 15) {
+        AskText(GridAddRow, 0, u"row");
+    }
+    const GridColumnSpec spec = {GridColumnText, u"head", nullptr};
+    {
+        const GridMemory none(0);
+        EXPECT_EQ(ErrorOf(GridAddRow), 8u);
+        EXPECT_EQ(ErrorOf(GridInsertRow, -1), 8u);
+        EXPECT_EQ(ErrorOf(GridAddColumn, 0, reinterpret_cast<LPARAM>(&spec)), 8u);
+    }
+    EXPECT_EQ(Ask(GridRowCount), 15);
+    EXPECT_EQ(Ask(GridColumnCount), 3);
+    EXPECT_EQ(Ask(GridAddRow), 15);
+}
+
+TEST_F(GridMessages, ATextWithoutMemoryIsEmpty) {
+    Write(1, 1, u"old");
+    AskCell(GridSetCursorEdit, 0, 1, 1);
+    SetWindowTextW(Editor(), L"typed");
+    const GridMemory none(0);
+    EXPECT_EQ(Write(0, 0, u"new"), 0);
+    EXPECT_EQ(Read(0, 0), u"");
+    SetFocus(before);
+    EXPECT_EQ(Read(1, 1), u"");
+    EXPECT_EQ(heardOfGrid.codes.back(), 5u);
+}
+
+TEST_F(GridMessages, AGridWithoutMemoryIsNotMade) {
+    for (int64_t blocks = 0; blocks < 2; blocks++) {
+        const GridMemory memory(blocks);
+        EXPECT_EQ(CreateWindowExW(0, ToWide(GridClass), nullptr, WS_CHILD, 0, 0, 10, 10, page,
+                                  nullptr, programInstance, nullptr),
+                  nullptr)
+            << blocks;
+    }
 }
 
 TEST_F(GridMessages, OtherNumbersMeanNothing) {

@@ -3,8 +3,6 @@
 #include <algorithm>
 
 #include "core/limits.h"
-#include "shell/ui_error.h"
-#include "toolkit/field_state.h"
 #include "toolkit/grid_control.h"
 
 namespace tallymere {
@@ -65,18 +63,14 @@ void WriteCoefficient(HWND grid, int32_t column, int32_t row, const char16_t* te
 }
 
 void ReadCoefficientText(HWND grid, int32_t column, int32_t row, char16_t* buffer) {
-    buffer[0] = 0;
     const int64_t length = SendMessageW(grid, GridGetCellLength, static_cast<WPARAM>(column), row);
-    const HeapText text(length);
-    if (!text.IsThere()) {
-        SetUiError(UiErrorInternal);
-        return;
-    }
-    GridCellSpec cell = {column, row, text.buffer.get()};
-    SendMessageW(grid, GridGetCellText, 0, reinterpret_cast<LPARAM>(&cell));
     const int64_t kept = std::min(length, CoefficientCharacters + 1);
-    std::copy_n(text.buffer.get(), kept, buffer);
+    std::fill_n(buffer, kept, u' ');
     buffer[kept] = 0;
+    if (kept == length) {
+        GridCellSpec cell = {column, row, buffer};
+        SendMessageW(grid, GridGetCellText, 0, reinterpret_cast<LPARAM>(&cell));
+    }
 }
 
 }  // namespace tallymere

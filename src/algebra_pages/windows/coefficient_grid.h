@@ -32,8 +32,9 @@ void SetCoefficientRows(HWND grid, int32_t count, void (*writeName)(char16_t* na
 /// Writes a text into a cell; null is an empty one.
 void WriteCoefficient(HWND grid, int32_t column, int32_t row, const char16_t* text);
 
-/// Copies the text of a cell and a 0 into a buffer of CoefficientCharacters + 2 characters. A
-/// longer one is cut. Without memory for it raises UiErrorInternal, and the text is empty.
+/// Copies the text of a cell that can be edited, and a 0, into a buffer of CoefficientCharacters +
+/// 2 characters. One of more than CoefficientCharacters is not read, whatever it says, so as many
+/// spaces and one take its place.
 void ReadCoefficientText(HWND grid, int32_t column, int32_t row, char16_t* buffer);
 
 }  // namespace tallymere

@@ -53,6 +53,10 @@ int32_t RowOfCoefficient(int64_t index) {
     return equationPage.degree - static_cast<int32_t>(index);
 }
 
+// With its first row a column gets room for as many as there are coefficients, so no row is ever
+// refused.
+static_assert(1 + MaxEquationDegree + 1 <= GridListStep);
+
 void AddCoefficientOnTop(int32_t index) {
     SendMessageW(ControlOf(EquationGrid), GridInsertRow, static_cast<WPARAM>(TopRow),
                  reinterpret_cast<LPARAM>(LabelOfCoefficient(index).text));
