@@ -16,7 +16,6 @@
 
 #include "prime_pages/windows/prime_factors_page.h"
 #include "prime_pages/windows/prime_numbers_page.h"
-#include "shell/windows/main_window.h"
 #include "shell/windows/program_run.h"
 #include "shell/windows/program_windows.h"
 #include "toolkit/wide_text.h"
@@ -91,13 +90,18 @@ void Measure() {
     ExitProcess(0);
 }
 
-void CreateWindows() {
-    CreateMainWindow();
-    CreatePrimeNumbersPage();
-    CreatePrimeFactorsPage();
-    // When the program handles messages.
+constexpr ProgramWindow Windows[] = {
+    {&pageWindows[PagePrimeNumbers], CreatePrimeNumbersPage},
+    {&pageWindows[PagePrimeFactors], CreatePrimeFactorsPage},
+};
+
+// When the program handles messages.
+void StartMeasuring() {
     SetTimer(nullptr, 0, 0, [](HWND, UINT, UINT_PTR timer, DWORD) {
         KillTimer(nullptr, timer);
+        for (const ProgramWindow& row : Windows) {
+            MadeWindow(*row.window);
+        }
         Measure();
     });
 }
@@ -115,5 +119,6 @@ int main(int count, char** arguments) {
     tallymere::rounds = std::atoi(arguments[1]);
     tallymere::wantsFactors = page == "factors";
     tallymere::count.assign(numbers.begin(), numbers.end());
-    return tallymere::RunProgram(GetModuleHandleW(nullptr), tallymere::CreateWindows);
+    tallymere::StartMeasuring();
+    return tallymere::RunProgram(GetModuleHandleW(nullptr), tallymere::Windows);
 }

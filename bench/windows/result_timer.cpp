@@ -16,7 +16,6 @@
 #include "calculator/windows/calculator_run.h"
 #include "calculator/windows/variables_window.h"
 #include "shell/ui_error.h"
-#include "shell/windows/main_window.h"
 #include "shell/windows/program_run.h"
 #include "shell/windows/program_windows.h"
 #include "toolkit/wide_text.h"
@@ -115,13 +114,18 @@ void Measure() {
     ExitProcess(0);
 }
 
-void CreateWindows() {
-    CreateMainWindow();
-    CreateCalculatorPage();
-    CreateVariablesWindow();
-    // When the program handles messages.
+constexpr ProgramWindow Windows[] = {
+    {&pageWindows[PageCalculator], CreateCalculatorPage},
+    {&variablesWindow, CreateVariablesWindow},
+};
+
+// When the program handles messages.
+void StartMeasuring() {
     SetTimer(nullptr, 0, 0, [](HWND, UINT, UINT_PTR timer, DWORD) {
         KillTimer(nullptr, timer);
+        for (const ProgramWindow& row : Windows) {
+            MadeWindow(*row.window);
+        }
         Measure();
     });
 }
@@ -132,5 +136,6 @@ void CreateWindows() {
 
 int main(int count, char** arguments) {
     tallymere::rounds = count > 1 ? std::atoi(arguments[1]) : 1;
-    return tallymere::RunProgram(GetModuleHandleW(nullptr), tallymere::CreateWindows);
+    tallymere::StartMeasuring();
+    return tallymere::RunProgram(GetModuleHandleW(nullptr), tallymere::Windows);
 }

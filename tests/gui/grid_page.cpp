@@ -8,7 +8,6 @@
 #include <string>
 
 #include "shell/windows/about_window.h"
-#include "shell/windows/main_window.h"
 #include "shell/windows/options_window.h"
 #include "shell/windows/program_run.h"
 #include "shell/windows/program_windows.h"
@@ -128,8 +127,7 @@ LRESULT PageProc(HWND window, UINT message, WPARAM, LPARAM lParam, bool& callDef
     return 0;
 }
 
-void CreateWindows() {
-    CreateMainWindow();
+void CreateGridPage() {
     page = CreateDialogWindow(nullptr, {620, 500}, u"Grids", PageProc,
                               WS_SYSMENU | WS_MINIMIZEBOX | DialogClientSize, 0);
     CreateButton(page, {10, 10, 100, 25}, u"Before");
@@ -141,14 +139,18 @@ void CreateWindows() {
     output = CreateEdit(page, {420, 255, 190, 170}, u"", ES_MULTILINE | ES_AUTOVSCROLL | WS_VSCROLL,
                         WS_EX_CLIENTEDGE);
     pageWindows[PagePolynomialCalculation] = page;
-    CreateOptionsWindow();
-    CreateAboutWindow();
 }
+
+constexpr ProgramWindow Windows[] = {
+    {&pageWindows[PagePolynomialCalculation], CreateGridPage},
+    {&optionsWindow, CreateOptionsWindow},
+    {&aboutWindow, CreateAboutWindow},
+};
 
 }  // namespace
 
 }  // namespace tallymere
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int) {
-    return tallymere::RunProgram(instance, tallymere::CreateWindows);
+    return tallymere::RunProgram(instance, tallymere::Windows);
 }

@@ -20,7 +20,6 @@
 #include "functions/roots.h"
 #include "shell/text_format.h"
 #include "shell/windows/about_window.h"
-#include "shell/windows/main_window.h"
 #include "shell/windows/options_window.h"
 #include "shell/windows/page_run.h"
 #include "shell/windows/program_run.h"
@@ -61,7 +60,7 @@ TestPage factorials;
 RealNumber* rootsFrom;
 RealNumber* rootsSum;
 
-HWND CreateTestPage(TestPage& page, const char16_t* title, WindowHandler handler, DWORD style,
+void CreateTestPage(TestPage& page, const char16_t* title, WindowHandler handler, DWORD style,
                     const char16_t* otherCaption, const PageTask& task, PageLeaveRule leave) {
     page.window = CreateDialogWindow(hiddenOwnerWindow, {600, 300}, title, handler,
                                      WS_SYSMENU | style | DialogClientSize, 0);
@@ -77,7 +76,6 @@ HWND CreateTestPage(TestPage& page, const char16_t* title, WindowHandler handler
                              .disabledCount = 1,
                              .output = page.output},
                 .states = {.rules = {StopFromTheStart, leave}}};
-    return page.window;
 }
 
 RealNumber* TakeReal(ScratchArea& area) {
@@ -221,22 +219,29 @@ LRESULT FactorialsProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& c
     return 0;
 }
 
-void CreateWindows() {
-    CreateMainWindow();
-    pageWindows[PageAlgebraicEquations] =
-        CreateTestPage(roots, u"Roots", RootsProc, WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX,
-                       u"Fail", RootsTask, LeavesLater);
-    CreateOptionsWindow();
-    CreateAboutWindow();
-    pageWindows[PageLinearSystems] =
-        CreateTestPage(factorials, u"Factorials", FactorialsProc, WS_MINIMIZEBOX, u"Clear",
-                       FactorialsTask, LeavesAtOnce);
+void CreateRootsPage() {
+    CreateTestPage(roots, u"Roots", RootsProc, WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX,
+                   u"Fail", RootsTask, LeavesLater);
+    pageWindows[PageAlgebraicEquations] = roots.window;
 }
+
+void CreateFactorialsPage() {
+    CreateTestPage(factorials, u"Factorials", FactorialsProc, WS_MINIMIZEBOX, u"Clear",
+                   FactorialsTask, LeavesAtOnce);
+    pageWindows[PageLinearSystems] = factorials.window;
+}
+
+constexpr ProgramWindow Windows[] = {
+    {&pageWindows[PageAlgebraicEquations], CreateRootsPage},
+    {&optionsWindow, CreateOptionsWindow},
+    {&aboutWindow, CreateAboutWindow},
+    {&pageWindows[PageLinearSystems], CreateFactorialsPage},
+};
 
 }  // namespace
 
 }  // namespace tallymere
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int) {
-    return tallymere::RunProgram(instance, tallymere::CreateWindows);
+    return tallymere::RunProgram(instance, tallymere::Windows);
 }

@@ -3,6 +3,7 @@
 #include "calculator/calculator_layout.h"
 #include "calculator/calculator_settings.h"
 #include "calculator/field_editing.h"
+#include "calculator/variable_settings.h"
 #include "calculator/windows/calculator_container.h"
 #include "calculator/windows/calculator_controls.h"
 #include "calculator/windows/calculator_display.h"
@@ -184,6 +185,8 @@ void CreateWindows() {
     const NumberSetupScope scope;
     PrepareCalculatorDisplay();
     StartCalculator(settings);
+    // Not with their window: a formula may be evaluated before that is made.
+    LoadVariables(settings);
     calculatorWindows.page =
         CreatePageWindow(CalculatorSize, uiText.TextCalcScientificCalculator, CalculatorPageProc);
     CreateFields();

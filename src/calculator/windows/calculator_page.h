@@ -4,7 +4,8 @@
 namespace tallymere {
 
 /// Makes the page, hidden, as pageWindows[PageCalculator], puts the settings of the calculator in
-/// force and reports an error that is pending from the start of the program.
+/// force, takes the variables of the settings over, and reports an error that is pending from the
+/// start of the program.
 void CreateCalculatorPage();
 
 }  // namespace tallymere

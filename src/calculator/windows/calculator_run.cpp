@@ -13,6 +13,7 @@
 #include "shell/scratch_text.h"
 #include "shell/windows/error_report.h"
 #include "shell/windows/program_windows.h"
+#include "shell/windows/window_making.h"
 #include "shell/windows/window_text.h"
 #include "toolkit/control_data.h"
 #include "toolkit/environment.h"
@@ -108,7 +109,9 @@ void SetCalcBusy(bool busy) {
 }
 
 void CloseVariablesWindow() {
-    SendMessageW(variablesWindow, WM_CLOSE, 0, 0);
+    if (variablesWindow != nullptr) {
+        SendMessageW(variablesWindow, WM_CLOSE, 0, 0);
+    }
 }
 
 void EmptyResult() {
@@ -117,12 +120,13 @@ void EmptyResult() {
 }
 
 void ShowVariablesWindow() {
+    const HWND window = MadeWindow(variablesWindow);
     const LayoutPoint place =
         PlaceVariablesBeside(PlaceInParent(calculatorWindows.page), screenDpi);
-    SetWindowPos(variablesWindow, nullptr, place.x, place.y, 0, 0,
+    SetWindowPos(window, nullptr, place.x, place.y, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-    ShowWindow(variablesWindow, SW_SHOWNORMAL);
-    BringWindowToTop(variablesWindow);
+    ShowWindow(window, SW_SHOWNORMAL);
+    BringWindowToTop(window);
 }
 
 // What needs the numbers of the calculator.

@@ -1,7 +1,6 @@
 #include "calculator/windows/variables_window.h"
 
 #include "calculator/calculator_state.h"
-#include "calculator/variable_settings.h"
 #include "calculator/variables_dialog.h"
 #include "calculator/variables_form.h"
 #include "calculator/windows/calculator_controls.h"
@@ -212,7 +211,6 @@ LRESULT VariablesWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lPa
 }  // namespace
 
 void CreateVariablesWindow() {
-    LoadVariables(settings);
     variablesWindow = CreateDialogWindow(
         calculatorWindows.page, VariablesSize, uiText.TextVarCalculatorVariables,
         VariablesWindowProc,

@@ -8,6 +8,7 @@
 #include "shell/windows/help.h"
 #include "shell/windows/page_run.h"
 #include "shell/windows/program_windows.h"
+#include "shell/windows/window_making.h"
 #include "toolkit/dialog_window.h"
 #include "toolkit/environment.h"
 #include "toolkit/modal_loop.h"
@@ -48,11 +49,11 @@ void BuildMainMenu(HWND window) {
     SetMenu(window, bar);
 }
 
-// The menu is there before the pages, so its items are looked at each time that it drops down.
+// The windows of a page come and go, so the items are looked at each time that the menu drops down.
 void EnableMenuItems(HMENU dropDown) {
     bool hasPage[PageCount];
     for (int32_t page = 0; page < PageCount; page++) {
-        hasPage[page] = pageWindows[page] != nullptr;
+        hasPage[page] = HasProgramWindow(pageWindows[page]);
     }
     for (const MenuItem& item : MainMenu) {
         EnableMenuItem(dropDown, static_cast<UINT>(item.id),
@@ -93,19 +94,19 @@ void RunMenuCommand(MenuCommand command) {
         case MenuDoesNothing:
             break;
         case MenuShowsOptions:
-            ShowProgramWindow(optionsWindow);
+            ShowProgramWindow(MadeWindow(optionsWindow));
             break;
         case MenuClosesProgram:
             SendMessageW(mainWindow, WM_CLOSE, 0, 0);
             break;
         case MenuShowsPage:
-            ShowProgramWindow(pageWindows[command.page]);
+            ShowProgramWindow(MadeWindow(pageWindows[command.page]));
             break;
         case MenuOpensHelp:
             ShowHelp();
             break;
         case MenuRunsAbout:
-            RunModal(aboutWindow);
+            RunModal(MadeWindow(aboutWindow));
             break;
     }
 }
@@ -176,8 +177,10 @@ void CreateMainWindow() {
 
 void OpenMainWindow() {
     ShowWindow(mainWindow, SW_SHOWNORMAL);
+    // Painted before anything else is made.
+    UpdateWindow(mainWindow);
     if (settings.showWelcomeHint) {
-        RunModal(aboutWindow);
+        RunModal(MadeWindow(aboutWindow));
         ChangeSetting(settings, &Settings::showWelcomeHint, false);
     }
 }

@@ -27,6 +27,9 @@ bool StartSystemTimer(HWND page, PageTimer timer, int32_t milliseconds) {
 const PageRun* runUnderWay = nullptr;
 void (*afterRun)() = nullptr;
 
+// The page that has disabled all other windows, null for none.
+HWND busyPage = nullptr;
+
 // All windows but one, for EnumThreadWindows.
 struct OtherWindows {
     HWND page;
@@ -47,6 +50,7 @@ BOOL CALLBACK EnableOtherWindow(HWND window, LPARAM parameter) {
 }
 
 void EnableOtherWindows(HWND page, bool enable) {
+    busyPage = enable ? nullptr : page;
     OtherWindows others = {page, enable};
     EnumThreadWindows(GetCurrentThreadId(), EnableOtherWindow, reinterpret_cast<LPARAM>(&others));
 }
@@ -297,6 +301,16 @@ void StopPageRun(const PageRun& run) {
         // The code comes first: what the run still finds until it hears the request is not shown.
         SetUiError(UiErrorStopped);
         RequestStop();
+    }
+}
+
+bool IsRunUnderWay() {
+    return runUnderWay != nullptr;
+}
+
+void ShutOutOfBusyPage(HWND window) {
+    if (busyPage != nullptr) {
+        EnableWindow(window, FALSE);
     }
 }
 

@@ -113,6 +113,13 @@ void StopPageRun(const PageRun& run);
 /// waiting is forgotten.
 void StopRunThen(void (*then)());
 
+/// Whether a page calculates, so that number setup and errors are those of its run.
+bool IsRunUnderWay();
+
+/// For a new window, which comes while a page may be busy: disables it like all others. It is
+/// enabled with them when that page is left.
+void ShutOutOfBusyPage(HWND window);
+
 /// Starts a timer of a page, and returns whether there is one. Tests put a function in its place
 /// that starts none.
 using TimerStarter = bool (*)(HWND page, PageTimer timer, int32_t milliseconds);

@@ -22,9 +22,10 @@ int RunMessageLoop() {
 
 }  // namespace
 
-int RunProgram(HINSTANCE instance, void (*createWindows)()) {
+int RunProgram(HINSTANCE instance, std::span<const ProgramWindow> windows) {
     InitApplication(instance);
-    createWindows();
+    CreateMainWindow();
+    BeginMakingWindows(windows);
     OpenMainWindow();
     const int status = RunMessageLoop();
     SaveSettings();

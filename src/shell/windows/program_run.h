@@ -1,13 +1,16 @@
 // The program from its first step to its last, around whatever windows it has.
 #pragma once
 
+#include <span>
+
+#include "shell/windows/window_making.h"
 #include "toolkit/win32.h"
 
 namespace tallymere {
 
-/// Sets everything up, lets `createWindows` make all windows, shows the main window and handles
-/// messages until that is closed; then saves the settings. `instance` is the module that WinMain
-/// was given, the result is what WinMain returns.
-int RunProgram(HINSTANCE instance, void (*createWindows)());
+/// Sets everything up, shows the main window and handles messages until that is closed; then saves
+/// the settings. The other windows are made meanwhile, see BeginMakingWindows. `instance` is the
+/// module that WinMain was given, the result is what WinMain returns.
+int RunProgram(HINSTANCE instance, std::span<const ProgramWindow> windows);
 
 }  // namespace tallymere
