@@ -9,10 +9,14 @@
 
 namespace tallymere::testing_support {
 
+/// The id of a button that no message box has.
+inline constexpr WORD NoButton = 0;
+
 /// Presses a button of every message box of this thread as soon as it is there, and tells what the
 /// last one said.
 class MessageBoxAnswer {
 public:
+    /// With NoButton the box stays, and the test has to close it.
     explicit MessageBoxAnswer(WORD button = IDOK) {
         button_ = button;
         caption = text = "";
@@ -30,6 +34,7 @@ public:
     static inline std::string caption;
     static inline std::string text;
     static inline HWND owner;
+    static inline HWND box;  ///< itself
     static inline int32_t buttons;
     static inline bool hasIcon;
 
@@ -44,8 +49,9 @@ private:
     static constexpr int TextControl = 0xFFFF;
 
     static LRESULT CALLBACK Answer(int code, WPARAM wParam, LPARAM lParam) {
-        const auto box = reinterpret_cast<HWND>(wParam);
-        if (code == HCBT_ACTIVATE && GetDlgItem(box, TextControl) != nullptr) {
+        const auto active = reinterpret_cast<HWND>(wParam);
+        if (code == HCBT_ACTIVATE && GetDlgItem(active, TextControl) != nullptr) {
+            box = active;
             boxes++;
             caption = TextOf(box);
             text = TextOf(GetDlgItem(box, TextControl));
