@@ -278,6 +278,7 @@ TEST_F(WindowMaking, GoesOnBehindTheMessageBoxOfAWindow) {
     WhenAllAreMade([] { PostMessageW(MessageBoxAnswer::box, WM_COMMAND, IDOK, 0); });
     LoopUntil("factors are made");
     EXPECT_EQ(answer.boxes, 1);
+    LoopForAWhile();
     EXPECT_EQ(steps, (Steps{"numbers", "factors", "about", "options", "factors are made"}));
 }
 
