@@ -14,7 +14,7 @@ bool OpensPair(char16_t c) {
 }  // namespace
 
 int64_t GatherPageText(PageTextBuffer& gathered, std::u16string_view text) {
-    const auto room = static_cast<size_t>(gathered.room - gathered.length);
+    const auto room = static_cast<size_t>(PageTextRoom(gathered.shown) - gathered.length);
     size_t count = std::min(text.size(), room);
     if (count < text.size() && count > 0 && OpensPair(text[count - 1])) {
         count--;
@@ -29,7 +29,7 @@ void TakePageText(PageTextBuffer& taken, PageTextBuffer& gathered, int64_t shown
     taken.length = gathered.length;
     gathered.text[0] = 0;
     gathered.length = 0;
-    gathered.room = PageTextRoom(shown);
+    gathered.shown = shown;
 }
 
 }  // namespace tallymere

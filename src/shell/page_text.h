@@ -29,10 +29,11 @@ constexpr int64_t PageTextRoom(int64_t shown) {
     return std::clamp(shown / PageTextShare, PageTextLeastRoom, PageTextCapacity);
 }
 
-/// 0 <= length <= room, PageTextLeastRoom <= room <= PageTextCapacity, and text[length] is 0.
+/// 0 <= length <= PageTextRoom(shown), and text[length] is 0. Zeros throughout at first, so that
+/// the buffers of the program need no room in its file and no memory until a page writes into them.
 struct PageTextBuffer {
     int64_t length = 0;
-    int64_t room = PageTextLeastRoom;
+    int64_t shown = 0;  ///< characters of the output at the last TakePageText
     char16_t text[PageTextCapacity + 1] = {};
 };
 

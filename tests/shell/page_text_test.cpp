@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <memory>
 #include <string>
 
@@ -28,6 +30,12 @@ protected:
     const std::unique_ptr<PageTextBuffer> gathered = std::make_unique<PageTextBuffer>();
     const std::unique_ptr<PageTextBuffer> taken = std::make_unique<PageTextBuffer>();
 };
+
+TEST_F(PageTextTest, AtFirstItIsAllZeros) {
+    const auto* bytes = reinterpret_cast<const unsigned char*>(gathered.get());
+    EXPECT_EQ(std::count(bytes, bytes + sizeof(PageTextBuffer), 0),
+              static_cast<std::ptrdiff_t>(sizeof(PageTextBuffer)));
+}
 
 TEST_F(PageTextTest, GathersOneBehindTheOther) {
     EXPECT_EQ(TextIn(*gathered), u"");
