@@ -81,7 +81,7 @@ inline constexpr MenuItem MainMenu[] = {
 MenuCommand CommandOfMenu(int64_t id, int64_t sender);
 
 /// Whether a user can choose the item. An item that shows a page is grey while that page is
-/// missing; `hasPage` says for each page whether it has a window.
+/// missing; `hasPage` says for each page whether the program has it.
 bool IsMenuItemEnabled(const MenuItem& item, const bool (&hasPage)[PageCount]);
 
 }  // namespace tallymere

@@ -150,7 +150,7 @@ class CalculatorCase(OptionsCase):
         """Starts the program with those settings and opens the page from the menu."""
         self.write_settings(settings_text() if settings is None else settings)
         self.program = self.start(language, dpi, speaks)
-        self.program.wait_for_window(MAIN_TITLE)
+        self.wait_for_all_windows(self.program)
         return self.open_calculator()
 
     def open_calculator(self):

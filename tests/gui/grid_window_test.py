@@ -19,6 +19,9 @@ HEIGHT = 21
 
 
 class GridWindowTest(GuiCase):
+    def last_window(self):
+        return "About Tallymere"
+
     def open_page(self, dpi=96):
         self.dpi = dpi
         self.program = self.start_again(dpi=dpi)

@@ -121,11 +121,26 @@ class GuiCase(unittest.TestCase):
         return program
 
     def start_again(self, language="en", dpi=96, program_file=PROGRAM):
-        """Starts the program for somebody who has met About before; its main window is there."""
+        """Starts the program for somebody who has met About before; all of its windows are there."""
         self.write_settings(settings_text())
         program = self.start(language, dpi, program_file=program_file)
-        program.wait_for_window(MAIN_TITLE)
+        self.wait_for_all_windows(program)
         return program
+
+    def last_window(self):
+        """The title of the window that the program makes last."""
+        return self.texts["TextVarCalculatorVariables"]
+
+    def wait_for_all_windows(self, program):
+        """Waits for the main window and for what is made behind it, hidden."""
+        program.wait_for_window(MAIN_TITLE)
+        self.wait_until_made(program)
+
+    def wait_until_made(self, program):
+        """Waits until the program has made all of its windows."""
+        program.wait_for(
+            lambda: self.last_window() in [window.text for window in program.probe.windows()],
+            "all windows to be made")
 
     def settings_path(self):
         return desktop().prefix.settings_folder() / "UserSettings_3.8.ini"

@@ -36,6 +36,9 @@ class PagesCase(OptionsCase):
         self.program = super().start_again(language, dpi)
         return self.program
 
+    def last_window(self):
+        return self.FACTORIALS
+
     def dialogs(self):
         """All windows of the program, hidden ones too, by their titles."""
         return {window.text: window for window in self.program.probe.windows()

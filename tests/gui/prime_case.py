@@ -59,7 +59,7 @@ class PrimeCase(GuiCase):
         self.write_settings(settings_text(grouping=(0, 0, grouping), decimal=decimal,
                                           thousands=thousands))
         self.program = self.start(language, dpi)
-        self.program.wait_for_window(MAIN_TITLE)
+        self.wait_for_all_windows(self.program)
         return self.program
 
     def title(self, item):

@@ -3,8 +3,12 @@
 
 import unittest
 
+from calculator_case import calculator_settings
 from gui_case import MAIN_TITLE, GuiCase, file_bytes, settings_text
 from program import DIALOG_CLASS
+
+PAGES = {201: "Scientific Calculator", 202: "Solve algebraic equations", 205: "Prime numbers",
+         206: "Prime factors and divisors"}
 
 
 class StartTest(GuiCase):
@@ -35,6 +39,48 @@ class StartTest(GuiCase):
                           "Solve algebraic equations", "Scientific Calculator"],
                          [window.text for window in program.probe.windows()
                           if window.class_name == DIALOG_CLASS and window.text])
+
+    def test_windows_are_made_behind_the_greeting(self):
+        program = self.start()
+        about = program.wait_for_window("About Tallymere")
+        self.wait_until_made(program)
+        self.assertEqual({MAIN_TITLE, "About Tallymere"}, program.visible_windows())
+        main = program.find(title=MAIN_TITLE)
+        self.assertFalse(main.enabled)
+        self.assertEqual([2, 6, 2], [len(item["items"]) for item in program.menu(main)])
+        self.click(about.control("button", "OK"))
+        program.wait_until_hidden("About Tallymere")
+        for item, title in PAGES.items():
+            self.choose_menu_by_mouse(program, item)
+            program.wait_for_window(title)
+            self.display.press("alt+F4")
+            program.wait_until_hidden(title)
+        self.close_program(program)
+
+    def test_page_that_is_asked_for_at_once(self):
+        for item, title in PAGES.items():
+            with self.subTest(title):
+                self.write_settings(settings_text())
+                program = self.start()
+                self.choose_menu(program, item)
+                program.wait_for_window(title)
+                self.wait_until_made(program)
+                self.assertEqual({MAIN_TITLE, title}, program.visible_windows())
+                titles = [window.text for window in program.probe.windows()
+                          if window.class_name == DIALOG_CLASS and window.text]
+                self.assertEqual(len(set(titles)), len(titles), "a window was made twice")
+                self.assertLessEqual(set(PAGES.values()), set(titles))
+
+    def test_program_that_is_closed_at_once_keeps_its_settings(self):
+        text = calculator_settings(precision=12, variables=[("rate", "1.5"), ("x", "2*rate")])
+        for _ in range(3):
+            self.write_settings(text)
+            program = self.start()
+            program.wait_for_window(MAIN_TITLE)
+            self.display.press("alt+F4")
+            self.assertEqual(0, program.wait_until_ended())
+            self.assertEqual([], program.probe.processes())
+            self.assertEqual(file_bytes(text), self.settings_bytes())
 
     def test_first_run_leaves_the_settings_as_they_are_at_first(self):
         program = self.start()

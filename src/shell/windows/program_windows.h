@@ -1,5 +1,6 @@
 // The windows of the program. All of them are made at the start, hidden, and live as long as the
-// process: who closes one only hides it.
+// process: who closes one only hides it. Those below mainWindow are null until they are made; who
+// needs one takes it through MadeWindow of window_making.h.
 #pragma once
 
 #include "shell/main_menu.h"
@@ -13,7 +14,7 @@ extern HWND hiddenOwnerWindow;
 /// The menu window, the handle of the whole program.
 extern HWND mainWindow;
 
-/// One window for each item of the Algebra menu; null for a page that was not made.
+/// One window for each item of the Algebra menu; null for a page that the program does not have.
 extern HWND pageWindows[PageCount];
 
 extern HWND optionsWindow;
