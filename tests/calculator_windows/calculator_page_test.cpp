@@ -6,6 +6,7 @@
 #include "calculator/calculator_sliders.h"
 #include "calculator/windows/calculator_display.h"
 #include "calculator_windows/calculator_windows.h"
+#include "shell/windows/window_making.h"
 #include "shell_windows/message_boxes.h"
 #include "support/number_types.h"
 #include "toolkit/digit_count_control.h"
@@ -103,6 +104,28 @@ TEST_F(CalculatorPageTest, IsMadeHidden) {
     CreateCalculatorPage();
     EXPECT_FALSE(IsWindowVisible(calculatorWindows.page));
     CreateVariablesWindow();
+}
+
+TEST_F(CalculatorPageTest, KnowsTheVariablesBeforeTheirWindowIsMade) {
+    DestroyWindow(calculatorWindows.page);
+    variablesWindow = nullptr;
+    settings = Settings{};
+    settings.variableCount = 1;
+    settings.variables[0] = {u"rate", u"1.5"};
+    CreateCalculatorPage();
+    ASSERT_EQ(variableTable.count, 1);
+    EXPECT_EQ(std::u16string(variableTable.variables[0].name), u"rate");
+    ShowProgramWindow(calculatorWindows.page);
+    SendMessageW(calculatorWindows.page, WM_CLOSE, 0, 0);
+    EXPECT_FALSE(IsWindowVisible(calculatorWindows.page)) << "without the variables, too";
+
+    ShowProgramWindow(calculatorWindows.page);
+    static constexpr ProgramWindow Windows[] = {{&variablesWindow, CreateVariablesWindow}};
+    BeginMakingWindows(Windows);
+    Press(ActionShowVariables);
+    BeginMakingWindows({});
+    EXPECT_TRUE(IsWindowVisible(variablesWindow)) << "made for the key";
+    EXPECT_EQ(VariableNames(), u"rate ");
 }
 
 TEST_F(CalculatorPageTest, BothFieldsBreakLongLinesAtAnyCharacter) {
