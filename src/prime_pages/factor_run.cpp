@@ -128,6 +128,7 @@ void FactorWorker(const FactorRequest& request, SendText send) {
         BigUintAddSmall(number, number, 1);
     }
     TakeCalcError(UiErrorPrimeFactorOverflow);
+    RaiseStop();
 }
 
 }  // namespace tallymere

@@ -146,6 +146,7 @@ void PrimeWorker(const PrimeRequest& request, SendText send) {
             break;
     }
     TakeCalcError(UiErrorPrimeNumberOverflow);
+    RaiseStop();
 }
 
 }  // namespace tallymere

@@ -61,9 +61,15 @@ void TakeCalcError(UiErrorCode fallback) {
     }
 }
 
-void TakeStopRequest() {
+void RaiseStop() {
     if (StopRequested()) {
         SetUiError(UiErrorStopped);
+    }
+}
+
+void TakeStopRequest() {
+    if (StopRequested()) {
+        RaiseStop();
         ClearStopRequest();
     }
 }

@@ -80,6 +80,10 @@ void SetUiError(UiErrorCode code, const char16_t* arg1 = nullptr, const char16_t
 /// that is pending stays. calcError is cleared in any case.
 void TakeCalcError(UiErrorCode fallback);
 
+/// The end of a worker: if a stop is asked for, raises UiErrorStopped, unless an error is pending.
+/// The request stays.
+void RaiseStop();
+
 /// The end of a run: if a stop is asked for, raises UiErrorStopped, unless an error is pending, and
 /// takes the request back. So one request silences one run.
 void TakeStopRequest();

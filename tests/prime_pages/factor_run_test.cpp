@@ -129,7 +129,7 @@ TEST_F(FactorRunEnds, WithAPieceThatDoesNotFit) {
     EXPECT_TRUE(result.text.ends_with(u"x\u2026")) << "no line of 2";
 }
 
-// A stop ends the text behind a line of factors, and behind a divisor.
+// A stop ends the text behind a line of factors, and behind a divisor. It is pending from then on.
 class FactorRunStops : public FactorRunTest {
 protected:
     static RunResult Stops(const std::u16string& text) { return {text, UiErrorStopped, u""}; }

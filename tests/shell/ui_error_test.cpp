@@ -134,6 +134,19 @@ TEST_F(UiErrorState, APendingErrorStaysAndTheCalcErrorIsClearedAllTheSame) {
     }
 }
 
+TEST_F(UiErrorState, TheEndOfAWorkerRaisesAStopAndLeavesTheRequest) {
+    RaiseStop();
+    EXPECT_EQ(PendingUiError(), UiErrorNone);
+    RequestStop();
+    RaiseStop();
+    EXPECT_EQ(PendingUiError(), UiErrorStopped);
+    EXPECT_TRUE(StopRequested());
+    ClearPendingErrors();
+    SetUiError(UiErrorDivisionByZero);
+    RaiseStop();
+    EXPECT_EQ(PendingUiError(), UiErrorDivisionByZero);
+}
+
 TEST_F(UiErrorState, TheEndOfARunTakesAStopOnceAndInSilence) {
     TakeStopRequest();
     EXPECT_EQ(PendingUiError(), UiErrorNone);

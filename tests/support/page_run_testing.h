@@ -24,7 +24,7 @@ inline bool HasKept(const char16_t* text) {
     return keptText.find(text) != keptText.npos;
 }
 
-/// What a run sends, and the error that is pending when it has ended as runs of a page do.
+/// What a run sends, and the error that is pending when it has ended.
 struct RunResult {
     std::u16string text;
     UiErrorCode error;
@@ -87,7 +87,6 @@ protected:
     static RunResult ResultOf(Run run) {
         keptText.clear();
         run();
-        TakeStopRequest();
         RunResult result = {keptText, UiErrorNone, u""};
         result.error = TakeError(&result.argument);
         if (result.argument == u"?") {
