@@ -1,6 +1,7 @@
 """The test runner counts what programs print, and never takes silence for success."""
 
 import io
+import json
 import re
 import shutil
 import subprocess
@@ -156,6 +157,13 @@ class RoomTest(unittest.TestCase):
             run_tests.main(["--quick"])
         sources.assert_called_once()
         self.assertEqual(run_tests.QUICK_BUILDS, run.call_args[0][0])
+
+    def test_the_builds_make_the_programs_that_measure_windows(self):
+        presets = {preset["name"]: preset.get("cacheVariables", {}) for preset in json.loads(
+            (ROOT / "CMakePresets.json").read_text())["configurePresets"]}
+        built = [preset for preset, kind in run_tests.TEST_BUILDS if kind == "Windows"]
+        self.assertEqual(["ON"], [presets[name].get("TALLYMERE_BENCH") for name in built])
+        self.assertEqual("OFF", presets["desktop"].get("TALLYMERE_BENCH"))
 
     def test_bad_arguments(self):
         for arguments in (["nowhere"], ["--fast"], ["core", "a", "b"], ["--quick", "core"],
