@@ -9,6 +9,7 @@
 #include "toolkit/clipboard_text.h"
 #include "toolkit/control_data.h"
 #include "toolkit/control_focus.h"
+#include "toolkit/long_text_painting.h"
 #include "toolkit/standard_controls.h"
 #include "toolkit/text_undo.h"
 #include "toolkit/wide_text.h"
@@ -266,6 +267,8 @@ LRESULT HandleLong(HWND field, UINT message, WPARAM wParam, LPARAM lParam, bool&
             return HandleCharacter(field, wParam, lParam, callDefault);
         case WM_KEYDOWN:
             return HandleKey(field, wParam, lParam, callDefault);
+        case WM_PAINT:
+            return PaintLongText(field, wParam);
         case WM_SIZE:
             if (!TakeSizeLater(field)) {
                 TakeSize(field);

@@ -1,0 +1,22 @@
+// The painting of a field with a long text, where the system is too slow for it.
+//
+// The control of Wine walks through all lines of its text several times for each row that it
+// paints: half a second for seven rows of a million lines, and seconds for a tall field. So, where
+// the system has taken long once, the rows in view are painted here, from the text where it lies.
+#pragma once
+
+#include "toolkit/win32.h"
+
+namespace tallymere {
+
+/// When the system took longer to paint a field, in milliseconds, its rows are painted here from
+/// then on. Tests lower it.
+extern double longestSystemPainting;
+
+/// Handles WM_PAINT of an edit control that may have soft breaks. `wParam` is 0, or a device
+/// context to paint on instead. What rows from here could show in another way than the system's own
+/// is left to the system: a selection, characters that need more than to be put side by side, lines
+/// that the control has wrapped itself, a field that cannot be used.
+LRESULT PaintLongText(HWND field, WPARAM wParam);
+
+}  // namespace tallymere

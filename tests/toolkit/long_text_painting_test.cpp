@@ -1,0 +1,191 @@
+#include "toolkit/long_text_painting.h"
+
+#include <string>
+
+#include "shell_windows/picture.h"
+#include "toolkit/long_text_testing.h"
+
+namespace tallymere {
+namespace {
+
+using testing_support::AskSystem;
+using testing_support::LongTextField;
+using testing_support::Picture;
+
+// How often the system's control was asked to paint.
+int32_t systemPaintings = 0;
+WNDPROC systemProcedure = nullptr;
+
+LRESULT CALLBACK CountPaintings(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    systemPaintings += message == WM_PAINT;
+    return CallWindowProcW(systemProcedure, window, message, wParam, lParam);
+}
+
+std::u16string Lines(int32_t count) {
+    std::u16string text;
+    for (int32_t i = 0; i < count; i++) {
+        const std::string number = std::to_string(10'007 * (i + 1));
+        text.append(number.begin(), number.end());
+        text += u" = 2^3 * 10007\r\n";
+    }
+    return text;
+}
+
+const std::u16string& LongText() {
+    static const std::u16string text = Lines(3'000);
+    return text;
+}
+
+// A field that the system is slow with, as soon as it has painted it once.
+class LongTextPainting : public LongTextField {
+protected:
+    LongTextPainting() {
+        ShowWindow(parent, SW_SHOWNORMAL);
+        const auto counting = reinterpret_cast<LONG_PTR>(&CountPaintings);
+        systemProcedure =
+            reinterpret_cast<WNDPROC>(SetClassLongPtrW(field, GCLP_WNDPROC, counting));
+        longestSystemPainting = -1;
+    }
+    ~LongTextPainting() override {
+        SetClassLongPtrW(field, GCLP_WNDPROC, reinterpret_cast<LONG_PTR>(systemProcedure));
+        longestSystemPainting = longestBefore_;
+    }
+
+    void Paint(const Picture& picture) const {
+        SendMessageW(field, WM_PAINT, reinterpret_cast<WPARAM>(picture.dc), 0);
+    }
+
+    // Puts the text into the field, and has the system paint it once.
+    void Show(const std::u16string& text) {
+        SetText(text);
+        Paint(Picture(220, 120));
+        systemPaintings = 0;
+    }
+
+    // Whether the field paints its rows itself, and as the system does.
+    void ExpectOwnRows() const {
+        const Picture own(220, 120);
+        systemPaintings = 0;
+        Paint(own);
+        EXPECT_EQ(systemPaintings, 0);
+        EXPECT_TRUE(own.HasInk());
+        const Picture expected(220, 120);
+        AskSystem(field, WM_PAINT, reinterpret_cast<WPARAM>(expected.dc), 0);
+        EXPECT_TRUE(own.IsLike(expected));
+    }
+    void ExpectRowsOfTheSystem() const {
+        systemPaintings = 0;
+        Paint(Picture(220, 120));
+        EXPECT_EQ(systemPaintings, 1);
+    }
+    void ScrollTo(int line) const {
+        SendMessageW(field, EM_LINESCROLL, 0,
+                     line - SendMessageW(field, EM_GETFIRSTVISIBLELINE, 0, 0));
+    }
+
+private:
+    const double longestBefore_ = longestSystemPainting;
+};
+
+TEST_F(LongTextPainting, ShowsTheRowsThatTheSystemWouldShow) {
+    Show(LongText());
+    for (const int line : {0, 1, 1'500, 2'993, 3'000}) {
+        ScrollTo(line);
+        ExpectOwnRows();
+    }
+    SetFocus(field);
+    ExpectOwnRows();
+}
+
+TEST_F(LongTextPainting, ShowsLinesWithSoftBreaks) {
+    Show(testing_support::Digits(70'000));
+    ExpectOwnRows();
+    ScrollTo(2'000);
+    ExpectOwnRows();
+}
+
+TEST_F(LongTextPainting, ShowsTheEndOfTheText) {
+    for (const char16_t* end :
+         {u"", u"\r\n", u"last", u"1\r\n\r\n\r\n\u00E4\u00D6\u00DF = \u00A7"}) {
+        Show(LongText() + end);
+        ScrollTo(LineCount());
+        ExpectOwnRows();
+    }
+}
+
+TEST_F(LongTextPainting, IsTheSystemsUntilThatWasSlow) {
+    longestSystemPainting = 1e9;
+    Show(LongText());
+    ExpectRowsOfTheSystem();
+    ExpectRowsOfTheSystem();
+    longestSystemPainting = -1;
+    ExpectRowsOfTheSystem();
+    ExpectOwnRows();
+}
+
+TEST_F(LongTextPainting, IsTheSystemsForAnotherField) {
+    Show(LongText());
+    ExpectOwnRows();
+    const HWND other = CreateLongTextField(parent, {0, 120, 200, 100}, LongText().c_str());
+    systemPaintings = 0;
+    SendMessageW(other, WM_PAINT, reinterpret_cast<WPARAM>(Picture(220, 120).dc), 0);
+    EXPECT_EQ(systemPaintings, 1);
+}
+
+TEST_F(LongTextPainting, IsTheSystemsAgainForAShorterText) {
+    Show(LongText());
+    ExpectOwnRows();
+    Show(Lines(1'000));
+    ExpectRowsOfTheSystem();
+    SetText(LongText());
+    ExpectRowsOfTheSystem();
+    ExpectOwnRows();
+}
+
+TEST_F(LongTextPainting, LeavesWhatLooksOtherwiseToTheSystem) {
+    Show(LongText());
+    Select(3, 5);
+    ExpectRowsOfTheSystem();
+    Select(3, 3);
+    ExpectOwnRows();
+    EnableWindow(field, FALSE);
+    ExpectRowsOfTheSystem();
+    EnableWindow(field, TRUE);
+    SendMessageW(field, EM_SETREADONLY, TRUE, 0);
+    ExpectRowsOfTheSystem();
+}
+
+TEST_F(LongTextPainting, LeavesCharactersThatAreNotPutSideBySideToTheSystem) {
+    for (const char16_t* odd : {u"1\t2", u"\u0301", u"\u05D0\u05D1", u"\U0001D7D8"}) {
+        Show(odd + (u"\r\n" + LongText()));
+        ScrollTo(0);
+        ExpectRowsOfTheSystem();
+        ScrollTo(1);
+        ExpectOwnRows();
+    }
+}
+
+// A line that is short enough for the control to wrap.
+TEST_F(LongTextPainting, LeavesLinesThatTheControlHasWrappedToTheSystem) {
+    const std::u16string wrapped = testing_support::Digits(100) + u"\r\n";
+    Show(wrapped + LongText() + wrapped);
+    for (const int line : {0, 1, LineCount()}) {
+        ScrollTo(line);
+        ExpectRowsOfTheSystem();
+    }
+    ScrollTo(1'500);
+    ExpectOwnRows();
+    Show(LongText() + wrapped + u"\r\n");
+    ScrollTo(LineCount());
+    ExpectRowsOfTheSystem();
+}
+
+TEST_F(LongTextPainting, PaintsWhatHasToBePaintedAnew) {
+    Show(LongText());
+    RedrawWindow(field, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+    EXPECT_EQ(systemPaintings, 0);
+    EXPECT_FALSE(GetUpdateRect(field, nullptr, FALSE)) << "it would be painted for ever";
+}
+
+}  // namespace
+}  // namespace tallymere
