@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/complex_arithmetic.h"
+#include "core/contract.h"
 
 namespace tallymere {
 
@@ -23,22 +24,23 @@ bool GoesOnBehind(const RealNumber* x, int64_t digits) {
 }
 
 // Of a part in the layout in force.
-Magnitude ErrorOfPart(const RealNumber* part, int64_t knownDigits) {
-    if (RealIsZero(part) || !GoesOnBehind(part, knownDigits)) {
+Magnitude ErrorOfPart(const RealNumber* part, CoefficientDigits counts) {
+    if (RealIsZero(part) || !GoesOnBehind(part, counts.exact)) {
         return {};
     }
-    return MakeMagnitude(1, RealExponent(part) + 1 - knownDigits);
+    return MakeMagnitude(1, RealExponent(part) + 1 - counts.known);
 }
 
 }  // namespace
 
-CoefficientErrors FindCoefficientErrors(const Polynomial& polynomial, int64_t knownDigits) {
+CoefficientErrors FindCoefficientErrors(const Polynomial& polynomial, CoefficientDigits counts) {
+    TALLYMERE_REQUIRE(counts.known >= 1 && counts.known <= counts.exact);
     const DigitsScope digits(polynomial.layout.digits);
     CoefficientErrors errors{};
-    errors.knownDigits = knownDigits;
+    errors.knownDigits = counts.known;
     for (int64_t i = 0; i <= polynomial.degree; i++) {
-        errors.real[i] = ErrorOfPart(RealPart(polynomial.coefficients[i]), knownDigits);
-        errors.imaginary[i] = ErrorOfPart(ImaginaryPart(polynomial.coefficients[i]), knownDigits);
+        errors.real[i] = ErrorOfPart(RealPart(polynomial.coefficients[i]), counts);
+        errors.imaginary[i] = ErrorOfPart(ImaginaryPart(polynomial.coefficients[i]), counts);
         errors.any = errors.any || !IsZero(errors.real[i]) || !IsZero(errors.imaginary[i]);
     }
     return errors;

@@ -1,14 +1,20 @@
 // Which coefficients are taken as rounded, and what their errors may move.
 //
-// Coefficients have more digits than they need. A part that ends before is exact. One that goes on
-// behind the digits that are needed, such as 0.33...3, is the rounded value of a number that nobody
-// sees. Roots that would be one root, and a part of a root that would be 0, for some other
-// polynomial within these errors are taken as such.
+// Coefficients have some hundred digits more than they need. A part that ends before is exact,
+// such as a decimal number as it was typed. One that goes on through all of them, such as 0.33...3,
+// is the rounded value of a number that nobody sees. Roots that would be one root, and a part of a
+// root that would be 0, for some other polynomial within these errors are taken as such.
 #pragma once
 
 #include "algebra/polynomial.h"
 
 namespace tallymere {
+
+/// What numbers of digits tell of the parts of coefficients.
+struct CoefficientDigits {
+    int64_t exact;  ///< a part with more digits than so many is a rounded one
+    int64_t known;  ///< a rounded part counts as right up to so many, 1 or more, `exact` at most
+};
 
 /// How far the parts of each coefficient may be off.
 struct CoefficientErrors {
@@ -18,9 +24,9 @@ struct CoefficientErrors {
     Magnitude imaginary[MaxEquationDegree + 1];
 };
 
-/// A part is a rounded one when not all of its digits behind the first `knownDigits`, 1 or more,
-/// are 0. Where it has no more than these, it is exact.
-CoefficientErrors FindCoefficientErrors(const Polynomial& polynomial, int64_t knownDigits);
+/// A part is a rounded one when not all of its digits behind the first `counts.exact` are 0. In a
+/// layout of no more digits than these, it is exact.
+CoefficientErrors FindCoefficientErrors(const Polynomial& polynomial, CoefficientDigits counts);
 
 /// The sizes of the errors of whole coefficients.
 void TakeErrorSizes(Magnitude* sizes, const CoefficientErrors& errors, int64_t degree);

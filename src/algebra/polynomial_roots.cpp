@@ -4,6 +4,7 @@
 
 #include "algebra/exponent_scaling.h"
 #include "algebra/root_digits.h"
+#include "core/limits.h"
 #include "core/real_layout.h"
 
 namespace tallymere {
@@ -16,8 +17,12 @@ constexpr int64_t KeptShares[MaxEquationDegree + 1] = {1000, 950, 482, 320, 230,
                                                        130,  110, 95,  84,  76};
 
 // What a formula may cancel without harm, of the extra digits.
-constexpr int64_t CancelledDigits = 20;
+constexpr int64_t CancelledDigits = 50;
 static_assert(CancelledDigits < ExtraCoefficientDigits);
+
+// The digits of a rounded coefficient that count as right, beyond the working digits. More of them
+// would cost time where roots are multiple, and change none.
+constexpr int64_t ExtraKnownDigits = 20;
 
 constexpr int64_t MostDigitsByDegree[MaxEquationDegree + 1] = {2000, 2000, 2000, 2000, 2000, 1000,
                                                                1000, 1000, 750,  750,  750};
@@ -70,16 +75,15 @@ void AddRoot(SolutionSet& solutions, const ComplexNumber* value, RealLayout layo
     }
 }
 
-// The roots of a polynomial of degree 1 or more without a root 0, whose rounded coefficients are
-// right in so many digits.
+// The roots of a polynomial of degree 1 or more without a root 0.
 RootOutcome AddRoots(SolutionSet& solutions, Polynomial& polynomial, int64_t digits,
-                     int64_t knownDigits) {
+                     CoefficientDigits coefficientDigits) {
     int64_t order = 0;
     if (!ScaleExponents(polynomial, &order)) {
         return RootOutcome::NotConverged;
     }
     ScratchStackScope scope;
-    const CoefficientErrors errors = FindCoefficientErrors(polynomial, knownDigits);
+    const CoefficientErrors errors = FindCoefficientErrors(polynomial, coefficientDigits);
     RootClusters clusters{};
     TakeClusters(scope, clusters);
     ComplexNumber* values[MaxEquationDegree];
@@ -112,13 +116,14 @@ RootOutcome FindRoots(SolutionSet& solutions, const CoefficientList& list, int64
     if (!AllAreFinite(list)) {
         return RootOutcome::NotConverged;
     }
-    const int64_t knownDigits =
-        (flags & ExactCoefficients) != 0 ? digitsInForce : RootKnownDigits(list.degree, digits);
+    const CoefficientDigits coefficientDigits =
+        (flags & ExactCoefficients) != 0 ? CoefficientDigits{digitsInForce, digitsInForce}
+                                         : RootCoefficientDigits(list.degree, digits);
     ScratchStackScope scope;
     Polynomial polynomial = TakeCoefficients(scope, list);
     const int64_t zeros = StripZeroRoots(polynomial);
     if (polynomial.degree > 0) {
-        const RootOutcome outcome = AddRoots(solutions, polynomial, digits, knownDigits);
+        const RootOutcome outcome = AddRoots(solutions, polynomial, digits, coefficientDigits);
         if (outcome != RootOutcome::Found) {
             return outcome;
         }
@@ -137,11 +142,12 @@ int64_t RootWorkingDigits(int64_t degree, int64_t digits) {
 }
 
 int64_t RootInputDigits(int64_t degree, int64_t digits) {
-    return RootWorkingDigits(degree, digits) + ExtraCoefficientDigits;
+    return std::min(RootWorkingDigits(degree, digits) + ExtraCoefficientDigits, MaxDigits);
 }
 
-int64_t RootKnownDigits(int64_t degree, int64_t digits) {
-    return RootInputDigits(degree, digits) - CancelledDigits;
+CoefficientDigits RootCoefficientDigits(int64_t degree, int64_t digits) {
+    const int64_t exact = RootInputDigits(degree, digits) - CancelledDigits;
+    return {exact, std::min(RootWorkingDigits(degree, digits) + ExtraKnownDigits, exact)};
 }
 
 int64_t MaxRootDigits(int64_t degree) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "algebra/coefficient_errors.h"
 #include "algebra/solution_set.h"
 
 namespace tallymere {
@@ -12,15 +13,15 @@ namespace tallymere {
 /// moves it by the m-th root of that error. A degree above 10 counts as 10.
 int64_t RootWorkingDigits(int64_t degree, int64_t digits);
 
-/// The digits that coefficients are to be read with: these more than the working digits. They tell
-/// numbers that end before from rounded ones; see FindCoefficientErrors. MaxDigits at most, where
-/// the digits of the roots are at most MaxRootDigits.
+/// The digits that coefficients are to be read with: these more than the working digits, but
+/// MaxDigits at most. They tell numbers that end before, such as long integers and their products,
+/// from rounded ones.
 int64_t RootInputDigits(int64_t degree, int64_t digits);
-inline constexpr int64_t ExtraCoefficientDigits = 40;
+inline constexpr int64_t ExtraCoefficientDigits = 350;
 
-/// The digits up to which a rounded part of a coefficient is taken as right: a formula may cancel
-/// the others.
-int64_t RootKnownDigits(int64_t degree, int64_t digits);
+/// Which parts of coefficients count as rounded, and up to which digit these count as right: a
+/// formula may cancel some of the last digits, which it then fills with others.
+CoefficientDigits RootCoefficientDigits(int64_t degree, int64_t digits);
 
 /// The most digits that roots can be asked for to: 2000 up to degree 4, 1000 up to degree 7, 750
 /// above. Their working digits are at most MaxDigits.
@@ -32,8 +33,8 @@ int64_t MaxRootDigits(int64_t degree);
 /// only real roots stay.
 ///
 /// The coefficients are taken as they are, with all digits in force, which should be
-/// RootInputDigits. A part that goes on behind the first RootKnownDigits of them is taken as a
-/// rounded number, and any other as exact; with ExactCoefficients all are.
+/// RootInputDigits. Parts with more than the exact digits of RootCoefficientDigits are taken as
+/// rounded numbers, and all others as exact; with ExactCoefficients all are exact.
 ///
 /// A part that is below about 10^-1,000,000 of the other part of the same root may be taken as 0:
 /// the box of the root is not made smaller without an end.

@@ -66,23 +66,47 @@ TEST_F(PolynomialRoots, HaveMultiplicities) {
               (Texts{"-1e0 0 [10]"}));
 }
 
-TEST_F(PolynomialRoots, OfRoundedCoefficientsKeepTheirMultiplicities) {
-    // (x - 1/3)^2, (x - 1/3)^3 and (x - i/3)^2
-    const std::string ninth = "0." + std::string(51, '1');
-    const std::string twoThirds = "-0." + std::string(50, '6') + "7";
-    EXPECT_EQ(RootsOf({ninth, twoThirds, "1"}, 5), (Texts{"3.3333e-1 0 [2]"}));
-    std::string part27th = "-0.0";
-    for (int i = 0; i < 24; i++) {
-        part27th += "370";
+// A decimal number with as many digits behind the point as the coefficients of an equation of that
+// degree are read with: those of `begin`, and others that come again and again.
+std::string Repeating(const std::string& begin, const std::string& period, int64_t degree,
+                      int64_t digits) {
+    std::string text = begin;
+    const size_t length =
+        begin.find('.') + 1 + static_cast<size_t>(RootInputDigits(degree, digits));
+    while (text.size() < length) {
+        text += period;
     }
-    EXPECT_EQ(RootsOf({part27th, "0." + std::string(72, '3'), "-1", "1"}, 10),
-              (Texts{"3.333333333e-1 0 [3]"}));
-    EXPECT_EQ(RootsOf({"-" + ninth, "0 " + twoThirds, "1"}, 5), (Texts{"0 3.3333e-1 [2]"}));
-    // The last of 20 digits are not right.
-    EXPECT_EQ(RootsOf({"0." + std::string(33, '1') + "473829104728391047", twoThirds, "1"}, 5),
-              (Texts{"3.3333e-1 0 [2]"}));
-    EXPECT_EQ(RootsOf({"0." + std::string(30, '1') + "473829104728391047", twoThirds, "1"}, 5),
+    return text.substr(0, length);
+}
+
+TEST_F(PolynomialRoots, OfRoundedCoefficientsKeepTheirMultiplicities) {
+    // (x - 1/3)^2, (x - i/3)^2 and (x - 1/3)^3
+    const std::string ninth = Repeating("0.", "1", 2, 5);
+    const std::string minusTwoThirds = Repeating("-0.", "6", 2, 5);
+    EXPECT_EQ(RootsOf({ninth, minusTwoThirds, "1"}, 5), (Texts{"3.3333e-1 0 [2]"}));
+    EXPECT_EQ(RootsOf({"-" + ninth, "0 " + minusTwoThirds, "1"}, 5), (Texts{"0 3.3333e-1 [2]"}));
+    EXPECT_EQ(
+        RootsOf({Repeating("-0.0", "370", 3, 10), Repeating("0.", "3", 3, 10), "-1", "1"}, 10),
+        (Texts{"3.333333333e-1 0 [3]"}));
+}
+
+TEST_F(PolynomialRoots, OfRoundedCoefficientsDependOnThirtyOneDigits) {
+    const std::string minusTwoThirds = Repeating("-0.", "6", 2, 5);
+    const auto rightTo = [](size_t ones) {
+        return Repeating("0." + std::string(ones, '1'), "473829104728391047", 2, 5);
+    };
+    EXPECT_EQ(RootsOf({rightTo(33), minusTwoThirds, "1"}, 5), (Texts{"3.3333e-1 0 [2]"}));
+    EXPECT_EQ(RootsOf({rightTo(30), minusTwoThirds, "1"}, 5),
               (Texts{"3.3333e-1 -6.0226e-16", "3.3333e-1 6.0226e-16"}));
+}
+
+// What goes on for 312 digits counts as rounded, although a formula lost the 49 digits behind.
+TEST_F(PolynomialRoots, OfRoundedCoefficientsMayLackTheirLastDigits) {
+    const auto roots = [](size_t digits) {
+        return RootsOf({"0." + std::string(digits, '1'), "-0." + std::string(digits, '6'), "1"}, 5);
+    };
+    EXPECT_EQ(roots(312), (Texts{"3.3333e-1 0 [2]"}));
+    EXPECT_EQ(roots(311), (Texts{"3.3333e-1 -1.0541e-156", "3.3333e-1 1.0541e-156"}));
 }
 
 // Numbers that end before are what they are, however many digits they have.
@@ -95,6 +119,12 @@ TEST_F(PolynomialRoots, OfExactCoefficientsStayApart) {
               (Texts{"1.23456789e10 -1e0", "1.23456789e10 1e0"}));
     EXPECT_EQ(RootsOf({"-123456 -123457", "1 1"}, 5), (Texts{"1.2346e5 5e-1"}));
     EXPECT_EQ(RootsOf({"-1.2345678901 -1.2345678902", "1 1"}, 10), (Texts{"1.23456789e0 5e-11"}));
+    // 1234567890123457^2 + 1, which has 31 digits, and (10^150 + 7)^2 + 1.
+    EXPECT_EQ(RootsOf({"1524157875323884196006701630850", "-2469135780246914", "1"}, 5),
+              (Texts{"1.2346e15 -1e0", "1.2346e15 1e0"}));
+    const std::string zeros(148, '0');
+    EXPECT_EQ(RootsOf({"1" + zeros + "14" + zeros + "50", "-2" + zeros + "14", "1"}, 5),
+              (Texts{"1e150 -1e0", "1e150 1e0"}));
     EXPECT_EQ(RootsOf({"0.11111111111", "-0.66666666667", "1"}, 6),
               (Texts{"3.33332e-1 0", "3.33335e-1 0"}));
 }
@@ -124,17 +154,17 @@ TEST_F(PolynomialRoots, StayApartWhereAPrimeDividesTheDifference) {
 }
 
 TEST_F(PolynomialRoots, AreOfExactCoefficientsWhereTheCallerSaysSo) {
-    // The discriminant is -8, of numbers of 37 digits.
-    const Texts coefficients{"2", "-4938271560493827156", "3048315750647767350038103997500381043"};
-    EXPECT_EQ(RootsOf(coefficients, 5), (Texts{"8.1e-19 0 [2]"}));
+    // 1/9 and -2/3 to all digits: the discriminant is (8/9) 10^-361.
+    const Texts coefficients{Repeating("0.", "1", 2, 5), Repeating("-0.", "6", 2, 5), "1"};
+    EXPECT_EQ(RootsOf(coefficients, 5), (Texts{"3.3333e-1 0 [2]"}));
     EXPECT_EQ(RootsOf(coefficients, 5, ExactCoefficients),
-              (Texts{"8.1e-19 -4.6393e-37", "8.1e-19 4.6393e-37"}));
+              (Texts{"3.3333e-1 -1.0541e-181", "3.3333e-1 1.0541e-181"}));
 }
 
 TEST_F(PolynomialRoots, OfOtherRealPartsThanZeroByRounding) {
     // (3 x^2 + 1) (x - 1/7): a2 and a0 are rounded, and the roots on the imaginary axis stay there.
-    const std::string seventh = "0.14285714285714285714285714285714285714285714285714285714";
-    const std::string threeSevenths = "0.42857142857142857142857142857142857142857142857142857143";
+    const std::string seventh = Repeating("0.", "142857", 3, 5);
+    const std::string threeSevenths = Repeating("0.", "428571", 3, 5);
     EXPECT_EQ(RootsOf({"-" + seventh, "1", "-" + threeSevenths, "3"}, 5),
               (Texts{"1.4286e-1 0", "0 -5.7735e-1", "0 5.7735e-1"}));
 }
@@ -186,8 +216,12 @@ TEST_F(PolynomialRoots, AreFoundWithTheDigitsOfTheTable) {
         EXPECT_EQ(RootWorkingDigits(degree, 10), working[degree]) << degree;
     }
     EXPECT_EQ(RootWorkingDigits(2, 100), 208);
-    EXPECT_EQ(RootInputDigits(2, 100), 248);
-    EXPECT_EQ(RootKnownDigits(2, 100), 228);
+    EXPECT_EQ(RootInputDigits(2, 100), 558);
+    EXPECT_EQ(RootCoefficientDigits(2, 100).exact, 508);
+    EXPECT_EQ(RootCoefficientDigits(2, 100).known, 228);
+    EXPECT_EQ(RootInputDigits(10, 750), MaxDigits);
+    EXPECT_EQ(RootCoefficientDigits(10, 750).exact, 9'950);
+    EXPECT_EQ(RootCoefficientDigits(10, 750).known, 9'889);
     EXPECT_EQ(RootWorkingDigits(10, 750), 9'869);
     EXPECT_EQ(RootWorkingDigits(11, 750), 9'869);
     const int64_t most[] = {2000, 2000, 2000, 2000, 1000, 1000, 1000, 750, 750, 750};

@@ -110,7 +110,8 @@ TEST_F(RootSteps, EnclosuresKeepSmallPartsApart) {
     RootCluster cluster{center, CurrentRealLayout(), MakeMagnitude(1e-20), 1, true};
     RootEnclosure enclosure{};
     ASSERT_TRUE(EncloseRoot(enclosure, cluster, polynomial,
-                            FindCoefficientErrors(polynomial, SweepDigits), {false, false}));
+                            FindCoefficientErrors(polynomial, {SweepDigits, SweepDigits}),
+                            {false, false}));
     EXPECT_TRUE(enclosure.proven);
     EXPECT_LT(enclosure.radii.real.exponent, -90 - 30);
     EXPECT_LT(enclosure.radii.imaginary.exponent, -30);
@@ -119,7 +120,8 @@ TEST_F(RootSteps, EnclosuresKeepSmallPartsApart) {
     ComplexBuffer elsewhere("0.5 1");
     RootCluster empty{elsewhere, CurrentRealLayout(), MakeMagnitude(1e-3), 1, true};
     ASSERT_TRUE(EncloseRoot(enclosure, empty, polynomial,
-                            FindCoefficientErrors(polynomial, SweepDigits), {false, false}));
+                            FindCoefficientErrors(polynomial, {SweepDigits, SweepDigits}),
+                            {false, false}));
     EXPECT_FALSE(enclosure.proven);
 }
 
@@ -128,7 +130,7 @@ TEST_F(RootSteps, CoefficientsThatGoOnHaveErrors) {
     const Polynomial polynomial =
         Make({"0." + third, "0.5 -0." + third, "1.0000000000000000000000000000000000001",
               "12345678901234567890", "123456789012345678901"});
-    const CoefficientErrors errors = FindCoefficientErrors(polynomial, 20);
+    const CoefficientErrors errors = FindCoefficientErrors(polynomial, {20, 20});
     EXPECT_TRUE(errors.any);
     EXPECT_EQ(errors.knownDigits, 20);
     EXPECT_EQ(errors.real[0].exponent, -20);
@@ -139,20 +141,26 @@ TEST_F(RootSteps, CoefficientsThatGoOnHaveErrors) {
     EXPECT_EQ(errors.real[2].exponent, -19);
     EXPECT_TRUE(IsZero(errors.real[3]));
     EXPECT_EQ(errors.real[4].exponent, 1);
+    // Fewer digits may be known than make a part exact.
+    const CoefficientErrors rough = FindCoefficientErrors(polynomial, {20, 5});
+    EXPECT_EQ(rough.knownDigits, 5);
+    EXPECT_EQ(rough.real[0].exponent, -5);
+    EXPECT_TRUE(IsZero(rough.real[3]));
+    EXPECT_EQ(rough.real[4].exponent, 16);
     // The digit that tells lies at either side of the end of a limb.
     for (int64_t known = 1; known < 40; known++) {
-        const CoefficientErrors last = FindCoefficientErrors(polynomial, known);
+        const CoefficientErrors last = FindCoefficientErrors(polynomial, {known, known});
         EXPECT_EQ(IsZero(last.real[2]), known >= 38) << known;
         EXPECT_EQ(IsZero(last.real[3]), known >= 19) << known;
         EXPECT_EQ(IsZero(last.real[4]), known >= 21) << known;
     }
-    EXPECT_FALSE(FindCoefficientErrors(Make({"1", "2.5", "3"}), 2).any);
-    EXPECT_TRUE(FindCoefficientErrors(Make({"1", "2.5", "3"}), 1).any);
+    EXPECT_FALSE(FindCoefficientErrors(Make({"1", "2.5", "3"}), {2, 2}).any);
+    EXPECT_TRUE(FindCoefficientErrors(Make({"1", "2.5", "3"}), {1, 1}).any);
 }
 
 TEST_F(RootSteps, HearAStopEach) {
     const Polynomial polynomial = Make({"1", "-2", "3"});
-    const CoefficientErrors errors = FindCoefficientErrors(polynomial, SweepDigits);
+    const CoefficientErrors errors = FindCoefficientErrors(polynomial, {SweepDigits, SweepDigits});
     RootFrame frame{polynomial, {}, 2};
     ComplexBuffer first("1 1");
     ComplexBuffer second("1 -1");

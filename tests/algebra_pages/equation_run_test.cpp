@@ -83,6 +83,8 @@ TEST_F(EquationRun, TellsExactCoefficientsFromRoundedOnes) {
               Sends(u"The equation has no real solutions."));
     EXPECT_EQ(Solve({u"1", u"-24691357802", u"152415787526596567802"}, ComplexRoots),
               Sends(u"x1 = 1.23456789e+10-i   [1]\r\nx2 = 1.23456789e+10+i   [1]\r\n"));
+    EXPECT_EQ(Solve({u"1", u"-2*1234567890123456.7", u"1234567890123456.7^2+1"}, complex5),
+              Sends(u"x1 = 1.2346e+15-i   [1]\r\nx2 = 1.2346e+15+i   [1]\r\n"));
     EXPECT_EQ(Solve({u"1+i", u"-(123456+123457*i)"}, complex5),
               Sends(u"x1 = 123460+0.5i   [1]\r\n"));
     EXPECT_EQ(Solve({u"1+i", u"-(1.2345678901+1.2345678902*i)"}, ComplexRoots),
@@ -99,6 +101,9 @@ TEST_F(EquationRun, TellsExactCoefficientsFromRoundedOnes) {
               Sends(u"x1 = 0.9999900001   [5]\r\n"));
     EXPECT_EQ(Solve({u"1", u"-3/1.0000001", u"3/1.0000001^2", u"-1/1.0000001^3"}, ComplexRoots),
               Sends(u"x1 = 0.9999999   [3]\r\n"));
+    // What is left of 1/3 when 40 digits cancel is still a rounded number.
+    EXPECT_EQ(Solve({u"1", u"-2*((1e40+1/3)-1e40)", u"((1e40+1/3)-1e40)^2"}, real5),
+              Sends(u"x1 = 0.33333   [2]\r\n"));
     EXPECT_EQ(Solve({u"1", u"-412/3871", u"42436/14984641"}),
               Sends(u"x1 = 0.0532162232   [2]\r\n"));
     EXPECT_EQ(Solve({u"1", u"52/23-38/23*sqrt(2)", u"1398/529-988/529*sqrt(2)"},
@@ -259,7 +264,7 @@ TEST_F(EquationRun, IsSetUpForTheDigitsOfTheCoefficients) {
         .degree = 2, .mode = EquationMode::Real, .exact = false, .digits = 100, .coefficients = {}};
     const NumberSetup setup = EquationNumberSetup(request);
     EXPECT_EQ(setup.type, NumberTypeComplex);
-    EXPECT_EQ(setup.digits, 248);
+    EXPECT_EQ(setup.digits, 558);
     EXPECT_EQ(setup.width.limbs, 2);
     EXPECT_EQ(setup.width.digits, 38);
     EXPECT_EQ(setup.window.low, -4);
@@ -269,7 +274,7 @@ TEST_F(EquationRun, IsSetUpForTheDigitsOfTheCoefficients) {
     exact.degree = 10;
     exact.digits = 750;
     EXPECT_EQ(EquationNumberSetup(exact).type, NumberTypeRational);
-    EXPECT_EQ(EquationNumberSetup(exact).digits, 9909);
+    EXPECT_EQ(EquationNumberSetup(exact).digits, 10'000);
 }
 
 }  // namespace
