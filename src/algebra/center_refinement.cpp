@@ -1,7 +1,7 @@
-#include <algorithm>
+#include "algebra/center_refinement.h"
 
-#include "algebra/root_clusters.h"
 #include "core/complex_arithmetic.h"
+#include "core/contract.h"
 
 namespace tallymere {
 
@@ -22,19 +22,20 @@ bool IsLastStep(const RealNumber* part, const RealNumber* step) {
            RealExponent(step) < RealExponent(part) - settled;
 }
 
-// Steps from `z`, at the layout in force, until both parts have settled.
-bool TakeSteps(ComplexNumber* z, const Polynomial& derivative) {
+// Steps from `z`, in the layout in force, until both parts have settled. False when a stop was
+// requested.
+bool IterateNewton(ComplexNumber* z, const Polynomial& polynomial) {
     ScratchStackScope scope;
     ComplexNumber* value = TakeComplex(scope);
-    ComplexNumber* slope = TakeComplex(scope);
+    ComplexNumber* derivative = TakeComplex(scope);
     for (int64_t i = 0; i < MaxStepsOfLevel; i++) {
-        if (!EvaluatePolynomial(value, slope, derivative, z)) {
+        if (!EvaluatePolynomial(value, derivative, polynomial, z)) {
             return false;
         }
-        if (ComplexIsZero(value) || ComplexIsZero(slope)) {
+        if (ComplexIsZero(value) || ComplexIsZero(derivative)) {
             return true;
         }
-        ComplexDiv(value, value, slope);
+        ComplexDiv(value, value, derivative);
         ComplexSub(z, z, value);
         if (IsLastStep(RealPart(z), RealPart(value)) &&
             IsLastStep(ImaginaryPart(z), ImaginaryPart(value))) {
@@ -56,12 +57,12 @@ bool RefineAtLevel(RootCluster& cluster, const Polynomial& polynomial, int64_t d
     }
     const DigitsScope level(digits);
     ScratchStackScope scope;
-    const Polynomial derivative = TakeDerivative(scope, polynomial, cluster.multiplicity - 1);
+    const Polynomial derivative = MakeDerivative(scope, polynomial, cluster.multiplicity - 1);
     ComplexNumber* z = TakeComplex(scope);
     ComplexNumber* before = TakeComplex(scope);
     ConvertComplex(before, cluster.center, cluster.layout);
     ComplexCopy(z, before);
-    if (!TakeSteps(z, derivative)) {
+    if (!IterateNewton(z, derivative)) {
         return false;
     }
     ComplexCopy(cluster.center, z);
@@ -75,6 +76,8 @@ bool RefineAtLevel(RootCluster& cluster, const Polynomial& polynomial, int64_t d
 }  // namespace
 
 bool RefineCenter(RootCluster& cluster, const Polynomial& polynomial, int64_t digits) {
+    TALLYMERE_REQUIRE(digits >= 1 && digits <= MostRootDigits);
+    TALLYMERE_REQUIRE(ClusterIsWellFormed(cluster, polynomial));
     return RefineAtLevel(cluster, polynomial, digits);
 }
 

@@ -46,25 +46,23 @@ CoefficientErrors FindCoefficientErrors(const Polynomial& polynomial, Coefficien
     return errors;
 }
 
-void TakeErrorSizes(Magnitude* sizes, const CoefficientErrors& errors, int64_t degree) {
+void FindErrorSizes(Magnitude* sizes, const CoefficientErrors& errors, int64_t degree) {
     for (int64_t i = 0; i <= degree; i++) {
         sizes[i] = errors.real[i] + errors.imaginary[i];
     }
 }
 
-PartShifts FindPartShifts(const CoefficientErrors& errors, int64_t degree, int64_t order,
-                          const ComplexNumber* z, const ComplexNumber* inverse) {
+PartSizes FindPartShifts(const CoefficientErrors& errors, int64_t degree, int64_t order,
+                         const ComplexNumber* z, const ComplexNumber* inverse) {
+    TALLYMERE_REQUIRE(degree <= MaxEquationDegree && order >= 0 && order <= degree);
     ScratchStackScope scope;
     // An error e of coefficient i moves the root by e * effect: the binomial coefficient of i over
     // `order`, z^(i - order) and `inverse`.
     ComplexNumber* effect = TakeComplex(scope);
     ComplexCopy(effect, inverse);
-    PartShifts shifts{};
+    PartSizes shifts{};
     for (int64_t i = order; i <= degree; i++) {
-        const Magnitude x = MagnitudeOf(RealPart(effect));
-        const Magnitude y = MagnitudeOf(ImaginaryPart(effect));
-        shifts.real = shifts.real + errors.real[i] * x + errors.imaginary[i] * y;
-        shifts.imaginary = shifts.imaginary + errors.real[i] * y + errors.imaginary[i] * x;
+        shifts = shifts + PartSizes{errors.real[i], errors.imaginary[i]} * PartSizesOf(effect);
         ComplexMul(effect, effect, z);
         ComplexMulUint(effect, effect, static_cast<uint64_t>(i + 1));
         ComplexDivUint(effect, effect, static_cast<uint64_t>(i + 1 - order));

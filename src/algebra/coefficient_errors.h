@@ -28,17 +28,13 @@ struct CoefficientErrors {
 /// layout of no more digits than these, it is exact.
 CoefficientErrors FindCoefficientErrors(const Polynomial& polynomial, CoefficientDigits counts);
 
-/// The sizes of the errors of whole coefficients.
-void TakeErrorSizes(Magnitude* sizes, const CoefficientErrors& errors, int64_t degree);
+/// sizes[0 .. degree] = how far whole coefficients may be off.
+void FindErrorSizes(Magnitude* sizes, const CoefficientErrors& errors, int64_t degree);
 
 /// How far such errors may move the parts of the root z, with 1 / f'(z) in `inverse`, where f is
-/// the derivative of the polynomial, of order `order`, divided by the factorial of it. z and
-/// `inverse` are in the layout in force.
-struct PartShifts {
-    Magnitude real;
-    Magnitude imaginary;
-};
-PartShifts FindPartShifts(const CoefficientErrors& errors, int64_t degree, int64_t order,
-                          const ComplexNumber* z, const ComplexNumber* inverse);
+/// the derivative of the polynomial, of order `order`, 0 to the degree, divided by the factorial of
+/// it. z and `inverse` are in the layout in force.
+PartSizes FindPartShifts(const CoefficientErrors& errors, int64_t degree, int64_t order,
+                         const ComplexNumber* z, const ComplexNumber* inverse);
 
 }  // namespace tallymere

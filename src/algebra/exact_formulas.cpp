@@ -29,14 +29,26 @@ RootOutcome PutBothRoots(SolutionSet& solutions, int64_t slot1, const ExactRoot&
     return first != RootOutcome::Found ? first : second;
 }
 
-// dest = a1^2 - 4 a2 a0.
-void SetDiscriminant(RationalNumber* dest, const ExactPolynomial& list) {
-    CoreScratchScope scratch;
-    RationalNumber* product = TakeRational(scratch);
+// x = p +- sqrt(d) / (2 a2), or p +- sqrt(-d) / (2 a2) i, solves an equation of degree 2.
+struct QuadraticTerms {
+    RationalNumber* p;             // -a1 / (2 a2)
+    RationalNumber* d;             // a1^2 - 4 a2 a0
+    RationalNumber* twiceHighest;  // 2 a2
+};
+
+QuadraticTerms MakeTerms(ScratchScope& scratch, const ExactPolynomial& list) {
+    const QuadraticTerms terms = {TakeRational(scratch), TakeRational(scratch),
+                                  TakeRational(scratch)};
+    CoreScratchScope inner;
+    RationalNumber* product = TakeRational(inner);
     RationalMulDiv(product, list.coefficients[2], list.coefficients[0], false);
     RationalMulSmall(product, product, 4);
-    RationalMulDiv(dest, list.coefficients[1], list.coefficients[1], false);
-    RationalAddSub(dest, dest, product, true);
+    RationalMulDiv(terms.d, list.coefficients[1], list.coefficients[1], false);
+    RationalAddSub(terms.d, terms.d, product, true);
+    RationalMulSmall(terms.twiceHighest, list.coefficients[2], 2);
+    RationalMulDiv(terms.p, list.coefficients[1], terms.twiceHighest, true);
+    RationalNegate(terms.p);
+    return terms;
 }
 
 // factor * sqrt(radicand) = sqrt(|d|), where no square but 1 divides the integer `radicand`. False
@@ -57,12 +69,45 @@ bool SplitSquareRoot(RationalNumber* factor, uint64_t* radicand, const RationalN
     return true;
 }
 
+// Two different roots, as SolveExactQuadratic has them. What does not fit is noted, and nothing is
+// put into the slots then.
+RootOutcome PutDifferentRoots(SolutionSet& solutions, int64_t slot1, int64_t slot2,
+                              const QuadraticTerms& terms, const SilentCodesScope& codes,
+                              int64_t digits) {
+    CoreScratchScope scratch;
+    RationalNumber* q = TakeRational(scratch);
+    RationalNumber* other = TakeRational(scratch);
+    uint64_t* r = scratch.Take(numberContext.uintLimbs);
+    if (!SplitSquareRoot(q, r, terms.d)) {
+        return RootOutcome::Stopped;
+    }
+    RationalMulDiv(q, q, terms.twiceHighest, true);
+    const bool imaginary = RationalSign(terms.d) != 0;
+    const bool areFractions = BigUintEqualsSmall(r, 1) && !imaginary;
+    if (areFractions) {
+        RationalAddSub(other, terms.p, q, true);
+        RationalAddSub(q, terms.p, q, false);
+    } else {
+        RationalCopy(other, q);
+        RationalNegate(other);
+    }
+    if (!codes.NoneNoted()) {
+        return RootOutcome::Found;
+    }
+    return areFractions
+               ? PutBothRoots(solutions, slot1, FractionRoot(q), slot2, FractionRoot(other), digits)
+               : PutBothRoots(solutions, slot1, {terms.p, q, r, imaginary}, slot2,
+                              {terms.p, other, r, imaginary}, digits);
+}
+
 }  // namespace
 
 RootOutcome SolveExactLinear(SolutionSet& solutions, const ExactPolynomial& list, int64_t slot,
                              int64_t digits) {
     TALLYMERE_REQUIRE(numberContext.uintLimbs == FactorLimbs);
     TALLYMERE_REQUIRE(ExactPolynomialIsWellFormed(list) && list.degree == 1);
+    TALLYMERE_REQUIRE(slot >= 0 && slot < solutions.count);
+    TALLYMERE_REQUIRE(digits >= 1 && digits <= numberContext.precisionDigits);
     const SilentCodesScope codes;
     CoreScratchScope scratch;
     RationalNumber* root = TakeRational(scratch);
@@ -79,48 +124,22 @@ RootOutcome SolveExactQuadratic(SolutionSet& solutions, const ExactPolynomial& l
                                 int64_t slot2, int64_t digits) {
     TALLYMERE_REQUIRE(numberContext.uintLimbs == FactorLimbs);
     TALLYMERE_REQUIRE(ExactPolynomialIsWellFormed(list) && list.degree == 2);
+    TALLYMERE_REQUIRE(slot1 >= 0 && slot1 < solutions.count);
+    TALLYMERE_REQUIRE(slot2 >= 0 && slot2 < solutions.count && slot2 != slot1);
+    TALLYMERE_REQUIRE(digits >= 1 && digits <= numberContext.precisionDigits);
     const SilentCodesScope codes;
     CoreScratchScope scratch;
-    RationalNumber* d = TakeRational(scratch);
-    RationalNumber* twiceLeading = TakeRational(scratch);
-    RationalNumber* p = TakeRational(scratch);
-    RationalNumber* q = TakeRational(scratch);
-    uint64_t* r = scratch.Take(numberContext.uintLimbs);
-
-    SetDiscriminant(d, list);
-    RationalMulSmall(twiceLeading, list.coefficients[2], 2);
-    RationalMulDiv(p, list.coefficients[1], twiceLeading, true);
-    RationalNegate(p);
+    const QuadraticTerms terms = MakeTerms(scratch, list);
     EmptyText(solutions, slot1);
     EmptyText(solutions, slot2);
     if (!codes.NoneNoted()) {
         return RootOutcome::Found;
     }
-    if (RationalIsZero(d)) {
-        return PutBothRoots(solutions, slot1, FractionRoot(p), slot2, FractionRoot(p), digits);
+    if (RationalIsZero(terms.d)) {
+        const ExactRoot root = FractionRoot(terms.p);
+        return PutBothRoots(solutions, slot1, root, slot2, root, digits);
     }
-    if (!SplitSquareRoot(q, r, d)) {
-        return RootOutcome::Stopped;
-    }
-    RationalMulDiv(q, q, twiceLeading, true);
-
-    RationalNumber* root1 = TakeRational(scratch);
-    RationalNumber* root2 = TakeRational(scratch);
-    const bool imaginary = RationalSign(d) != 0;
-    if (BigUintEqualsSmall(r, 1) && !imaginary) {
-        RationalAddSub(root1, p, q, false);
-        RationalAddSub(root2, p, q, true);
-        return codes.NoneNoted() ? PutBothRoots(solutions, slot1, FractionRoot(root1), slot2,
-                                                FractionRoot(root2), digits)
-                                 : RootOutcome::Found;
-    }
-    if (!codes.NoneNoted()) {
-        return RootOutcome::Found;
-    }
-    RationalCopy(root2, q);
-    RationalNegate(root2);
-    return PutBothRoots(solutions, slot1, {p, q, r, imaginary}, slot2, {p, root2, r, imaginary},
-                        digits);
+    return PutDifferentRoots(solutions, slot1, slot2, terms, codes, digits);
 }
 
 }  // namespace tallymere

@@ -9,6 +9,7 @@
 #include "core/real_add.h"
 #include "core/real_multiply.h"
 #include "core/scratch.h"
+#include "exact/big_uint.h"
 #include "functions/roots.h"
 #include "values/exact_conversions.h"
 
@@ -23,8 +24,8 @@ constexpr int64_t FractionGuardDigits = 45;
 
 // And so many more than twice the digits tell it of p + q sqrt(r), which is never the middle. It is
 // the root of an equation with integers as coefficients. There the polynomial is at least 1 / v^2
-// at a fraction u / v, and its slope at most 2^705: these are 425 digits. What is lost where p and
-// q sqrt(r) cancel is at most 270 digits.
+// at a fraction u / v, and its derivative at most 2^705: these are 425 digits. What is lost where p
+// and q sqrt(r) cancel is at most 270 digits.
 constexpr int64_t SurdGuardDigits = 720;
 
 int64_t WorkingDigits(const ExactRoot& root, int64_t digits) {
@@ -35,8 +36,21 @@ int64_t WorkingDigits(const ExactRoot& root, int64_t digits) {
 
 }  // namespace
 
+bool ExactRootIsWellFormed(const ExactRoot& root) {
+    if (!RationalIsWellFormed(root.p)) {
+        return false;
+    }
+    if (root.q == nullptr) {
+        return true;
+    }
+    const bool hasRadicand = !BigUintIsZero(root.r) && !BigUintEqualsSmall(root.r, 1);
+    return RationalIsWellFormed(root.q) && !RationalIsZero(root.q) &&
+           (hasRadicand || (root.imaginary && BigUintEqualsSmall(root.r, 1)));
+}
+
 void ExactRootToComplex(ComplexNumber* dest, const ExactRoot& root, int64_t digits) {
     TALLYMERE_REQUIRE(digits >= 1 && digits <= numberContext.precisionDigits);
+    TALLYMERE_REQUIRE(ExactRootIsWellFormed(root));
     const int64_t working = WorkingDigits(root, digits);
     RealLayoutScope layout;
     InstallRealLayout(LayoutForDigits(working));

@@ -17,19 +17,23 @@ struct ExactRoot {
     bool imaginary;
 };
 
+/// True when all that the root has is well-formed, and neither q nor r is one of those that it
+/// cannot have; square factors are not looked for.
+bool ExactRootIsWellFormed(const ExactRoot& root);
+
 /// The root that is this fraction.
 inline ExactRoot FractionRoot(const RationalNumber* p) {
     return {p, nullptr, nullptr, false};
 }
 
 /// dest = the root, both parts rounded once to so many digits, 1 to the precision in force. A part
-/// that is zero is +0. The width in force is at most 2 limbs. Above 4,600 digits a root with a
-/// square root may be rounded to the wrong side if it is very near to the middle between two
-/// numbers.
+/// that is zero is +0. A root that is very near to the middle between two numbers may be rounded to
+/// the wrong side if the width in force is above FactorLimbs (numtheory/factorize_number.h), and
+/// above 4,600 digits if it has a square root.
 void ExactRootToComplex(ComplexNumber* dest, const ExactRoot& root, int64_t digits);
 
-/// Puts text and value of the root into the slot, the value as ExactRootToComplex gives it.
-/// Returns Found, or TextOverflow when the text had to be cut.
+/// Puts text and value of the root into the slot, one of those in use, the value as
+/// ExactRootToComplex gives it. Returns Found, or TextOverflow when the text had to be cut.
 RootOutcome PutExactRoot(SolutionSet& solutions, int64_t slot, const ExactRoot& root,
                          int64_t digits);
 

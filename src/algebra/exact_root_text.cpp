@@ -14,16 +14,11 @@ namespace tallymere {
 
 namespace {
 
-constexpr char16_t Ellipsis = u'\u2026';
 constexpr std::u16string_view RootBegin = u"sqrt(";
 constexpr std::u16string_view RootEnd = u")";
 
 // What stands beside the numbers: a "*" twice, a square root and an imaginary unit.
 constexpr int64_t OtherCharacters = 3 + static_cast<int64_t>(RootBegin.size() + RootEnd.size());
-
-void WriteText(TextWriter& text, std::u16string_view characters) {
-    WriteChars(text, characters.data(), static_cast<int64_t>(characters.size()));
-}
 
 void WriteRational(TextWriter& text, const RationalNumber* q, uint32_t flags) {
     text.position += RationalToText(text.buffer + text.position, text.capacity - text.position, q,
@@ -44,9 +39,9 @@ void WriteTerm(TextWriter& text, const ExactRoot& root) {
         } else {
             WriteChar(text, u'*');
         }
-        WriteText(text, RootBegin);
+        WriteChars(text, RootBegin);
         BigUintWrite(text, root.r, 0);
-        WriteText(text, RootEnd);
+        WriteChars(text, RootEnd);
     }
     if (root.imaginary) {
         WriteChar(text, u'*');
@@ -57,8 +52,7 @@ void WriteTerm(TextWriter& text, const ExactRoot& root) {
 }  // namespace
 
 bool WriteExactRoot(char16_t* text, const ExactRoot& root) {
-    TALLYMERE_REQUIRE(root.q == nullptr || !RationalIsZero(root.q));
-    TALLYMERE_REQUIRE(root.q == nullptr || root.imaginary || !BigUintEqualsSmall(root.r, 1));
+    TALLYMERE_REQUIRE(ExactRootIsWellFormed(root));
     CoreScratchScope scratch;
     const int64_t capacity =
         2 * RationalToText(nullptr, 0, root.p, 0) + BigUintTextLength(0) + OtherCharacters;

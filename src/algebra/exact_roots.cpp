@@ -101,17 +101,7 @@ RootOutcome SolveExactEquation(SolutionSet& solutions, const ExactPolynomial& li
     if (outcome == RootOutcome::Found && StopRequested()) {
         outcome = RootOutcome::Stopped;
     }
-    if (outcome != RootOutcome::Found) {
-        solutions.count = -1;
-        return outcome;
-    }
-    SortRoots(solutions);
-    if ((flags & KeepEqualRoots) == 0) {
-        MergeEqualRoots(solutions);
-    }
-    if ((flags & KeepRealRootsOnly) != 0) {
-        DropNonRealRoots(solutions);
-    }
+    FinishSolutions(solutions, outcome, flags);
     return outcome;
 }
 

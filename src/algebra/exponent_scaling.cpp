@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/contract.h"
+
 namespace tallymere {
 
 namespace {
@@ -32,6 +34,8 @@ bool ShiftExponent(int64_t* result, bool* above, int64_t exponent, int64_t i, in
 
 bool ScaleExponents(Polynomial& polynomial, int64_t* order) {
     const DigitsScope digits(polynomial.layout.digits);
+    TALLYMERE_REQUIRE(PolynomialIsWellFormed(polynomial) && polynomial.degree >= 1);
+    TALLYMERE_REQUIRE(!ComplexIsZero(polynomial.coefficients[0]));
     const int64_t n = polynomial.degree;
     const int64_t highest = ExponentOf(polynomial.coefficients[n]);
     *order = (ExponentOf(polynomial.coefficients[0]) - highest) / n;

@@ -6,10 +6,11 @@
 
 namespace tallymere {
 
-/// Multiplies x by a power of ten, and the polynomial by another one: the exponents of the highest
-/// and the lowest coefficient, which must not be 0, become less than the degree. Returns false when
-/// a coefficient is then above 10^ScaledExponents; one below 10^-ScaledExponents becomes 0. The
-/// roots of the polynomial that was are those of the new one times 10^*order.
+/// Multiplies x by a power of ten, and the polynomial, of degree 1 or more, by another one: the
+/// exponents of the highest and the lowest coefficient, which must not be 0, become less than the
+/// degree. Returns false when a coefficient is then above 10^ScaledExponents; one below
+/// 10^-ScaledExponents becomes 0. The roots of the polynomial that was are those of the new one
+/// times 10^*order.
 bool ScaleExponents(Polynomial& polynomial, int64_t* order);
 inline constexpr int64_t ScaledExponents = int64_t{1} << 55;
 

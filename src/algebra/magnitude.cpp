@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "core/contract.h"
 #include "core/real_integer.h"
 
 namespace tallymere {
@@ -24,6 +25,7 @@ double TenToMinus(int64_t k) {
 }  // namespace
 
 Magnitude MakeMagnitude(double value, int64_t exponent) {
+    TALLYMERE_REQUIRE(value >= 0 && std::isfinite(value));
     if (value == 0) {
         return {};
     }
@@ -39,6 +41,7 @@ Magnitude MakeMagnitude(double value, int64_t exponent) {
 }
 
 Magnitude MagnitudeOf(const RealNumber* x) {
+    TALLYMERE_REQUIRE(!RealIsSpecial(x) || RealIsZero(x));
     if (RealIsSpecial(x)) {
         return {};
     }
@@ -101,6 +104,23 @@ bool operator<(Magnitude a, Magnitude b) {
 
 bool IsSurelyBelow(Magnitude a, Magnitude b) {
     return a * MakeMagnitude(1 + MagnitudeMargin) < b;
+}
+
+PartSizes PartSizesOf(const ComplexNumber* z) {
+    return {MagnitudeOf(RealPart(z)), MagnitudeOf(ImaginaryPart(z))};
+}
+
+PartSizes operator+(PartSizes a, PartSizes b) {
+    return {a.real + b.real, a.imaginary + b.imaginary};
+}
+
+PartSizes operator*(PartSizes a, Magnitude factor) {
+    return {a.real * factor, a.imaginary * factor};
+}
+
+PartSizes operator*(PartSizes a, PartSizes b) {
+    return {a.real * b.real + a.imaginary * b.imaginary,
+            a.real * b.imaginary + a.imaginary * b.real};
 }
 
 void RealFromMagnitude(RealNumber* dest, Magnitude a, uint64_t sign) {

@@ -51,6 +51,21 @@ inline Magnitude Larger(Magnitude a, Magnitude b) {
 /// True when a, with the margin, is surely below b.
 bool IsSurelyBelow(Magnitude a, Magnitude b);
 
+/// Sizes of the real and the imaginary part of a number, or bounds of them.
+struct PartSizes {
+    Magnitude real;
+    Magnitude imaginary;
+};
+
+/// The sizes of the parts of a finite number in the layout in force.
+PartSizes PartSizesOf(const ComplexNumber* z);
+
+PartSizes operator+(PartSizes a, PartSizes b);
+PartSizes operator*(PartSizes a, Magnitude factor);
+
+/// What the parts of the product of two numbers can be at most.
+PartSizes operator*(PartSizes a, PartSizes b);
+
 /// The number as it is, with a sign, rounded to the layout in force.
 void RealFromMagnitude(RealNumber* dest, Magnitude a, uint64_t sign = 0);
 

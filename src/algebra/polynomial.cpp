@@ -1,6 +1,7 @@
 #include "algebra/polynomial.h"
 
 #include "core/complex_arithmetic.h"
+#include "core/contract.h"
 #include "core/real_layout.h"
 #include "core/real_rounding.h"
 #include "core/stop_request.h"
@@ -20,6 +21,14 @@ uint64_t Binomial(int64_t n, int64_t k) {
 
 }  // namespace
 
+bool RealIsFinite(const RealNumber* x) {
+    return !RealIsSpecial(x) || RealIsZero(x);
+}
+
+bool ComplexIsFinite(const ComplexNumber* z) {
+    return RealIsFinite(RealPart(z)) && RealIsFinite(ImaginaryPart(z));
+}
+
 ComplexNumber* TakeComplex(ScratchScope& scope, int64_t digits) {
     return ComplexAt(scope.Take(2 * (LayoutForDigits(digits).limbs + 1)));
 }
@@ -34,7 +43,22 @@ void ConvertComplex(ComplexNumber* dest, const ComplexNumber* src, RealLayout so
     RealRound(ImaginaryPart(dest), RealConvertLayout(ImaginaryPart(dest), imaginary, source));
 }
 
+bool PolynomialIsWellFormed(const Polynomial& polynomial) {
+    const DigitsScope digits(polynomial.layout.digits);
+    if (polynomial.degree < 0 || polynomial.degree > MaxEquationDegree) {
+        return false;
+    }
+    for (int64_t i = 0; i <= polynomial.degree; i++) {
+        const ComplexNumber* coefficient = polynomial.coefficients[i];
+        if (!ComplexIsWellFormed(coefficient) || !ComplexIsFinite(coefficient)) {
+            return false;
+        }
+    }
+    return !ComplexIsZero(polynomial.coefficients[polynomial.degree]);
+}
+
 Polynomial TakePolynomial(ScratchScope& scope, int64_t degree) {
+    TALLYMERE_REQUIRE(degree >= 0 && degree <= MaxEquationDegree);
     Polynomial polynomial{degree, CurrentRealLayout(), {}};
     for (int64_t i = 0; i <= degree; i++) {
         polynomial.coefficients[i] = TakeComplex(scope);
@@ -43,10 +67,10 @@ Polynomial TakePolynomial(ScratchScope& scope, int64_t degree) {
 }
 
 Polynomial CopyPolynomial(ScratchScope& scope, const Polynomial& polynomial) {
-    return TakeDerivative(scope, polynomial, 0);
+    return MakeDerivative(scope, polynomial, 0);
 }
 
-Polynomial TakeDerivative(ScratchScope& scope, const Polynomial& polynomial, int64_t order) {
+Polynomial MakeDerivative(ScratchScope& scope, const Polynomial& polynomial, int64_t order) {
     TALLYMERE_REQUIRE(order >= 0 && order <= polynomial.degree);
     Polynomial derivative = TakePolynomial(scope, polynomial.degree - order);
     for (int64_t i = 0; i <= derivative.degree; i++) {
@@ -59,19 +83,19 @@ Polynomial TakeDerivative(ScratchScope& scope, const Polynomial& polynomial, int
     return derivative;
 }
 
-bool EvaluatePolynomial(ComplexNumber* value, ComplexNumber* slope, const Polynomial& polynomial,
-                        const ComplexNumber* z) {
+bool EvaluatePolynomial(ComplexNumber* value, ComplexNumber* derivative,
+                        const Polynomial& polynomial, const ComplexNumber* z) {
     ComplexCopy(value, polynomial.coefficients[polynomial.degree]);
-    if (slope != nullptr) {
-        ComplexSetZero(slope, 0);
+    if (derivative != nullptr) {
+        ComplexSetZero(derivative, 0);
     }
     for (int64_t i = polynomial.degree - 1; i >= 0; i--) {
         if (StopRequested()) {
             return false;
         }
-        if (slope != nullptr) {
-            ComplexMul(slope, slope, z);
-            ComplexAdd(slope, slope, value);
+        if (derivative != nullptr) {
+            ComplexMul(derivative, derivative, z);
+            ComplexAdd(derivative, derivative, value);
         }
         ComplexMul(value, value, z);
         ComplexAdd(value, value, polynomial.coefficients[i]);
@@ -87,7 +111,7 @@ Magnitude EvaluateSizes(const Magnitude* sizes, int64_t degree, Magnitude z) {
     return sum;
 }
 
-void TakeSizes(Magnitude* sizes, const Polynomial& polynomial) {
+void FindSizes(Magnitude* sizes, const Polynomial& polynomial) {
     const DigitsScope digits(polynomial.layout.digits);
     for (int64_t i = 0; i <= polynomial.degree; i++) {
         sizes[i] = MagnitudeOf(polynomial.coefficients[i]);

@@ -19,6 +19,10 @@ private:
     RealLayoutScope saved_;
 };
 
+/// True when the number, or both parts of one in the layout in force, is neither infinite nor NaN.
+bool RealIsFinite(const RealNumber* x);
+bool ComplexIsFinite(const ComplexNumber* z);
+
 /// Takes a number of so many digits, or of the layout in force.
 ComplexNumber* TakeComplex(ScratchScope& scope, int64_t digits);
 ComplexNumber* TakeComplex(ScratchScope& scope);
@@ -34,6 +38,10 @@ struct Polynomial {
     ComplexNumber* coefficients[MaxEquationDegree + 1];  ///< index 0 the constant
 };
 
+/// True when the degree is in its range, the coefficients up to it are well-formed and finite, and
+/// the highest of them is not 0.
+bool PolynomialIsWellFormed(const Polynomial& polynomial);
+
 /// A polynomial of that degree in the layout in force, without values.
 Polynomial TakePolynomial(ScratchScope& scope, int64_t degree);
 
@@ -43,18 +51,18 @@ Polynomial CopyPolynomial(ScratchScope& scope, const Polynomial& polynomial);
 /// The derivative of that order, 0 to the degree, divided by the factorial of the order, in the
 /// layout in force: coefficient i is that of i + order times the binomial coefficient. Every part
 /// is rounded twice at most.
-Polynomial TakeDerivative(ScratchScope& scope, const Polynomial& polynomial, int64_t order);
+Polynomial MakeDerivative(ScratchScope& scope, const Polynomial& polynomial, int64_t order);
 
-/// Writes P(z) and, where `slope` is not null, P'(z); all in the layout in force and apart. Method:
-/// Horner. False when a stop was requested, which is polled at each coefficient.
-bool EvaluatePolynomial(ComplexNumber* value, ComplexNumber* slope, const Polynomial& polynomial,
-                        const ComplexNumber* z);
+/// Writes P(z) and, where `derivative` is not null, P'(z); all in the layout in force and apart.
+/// Method: Horner. False when a stop was requested, which is polled at each coefficient.
+bool EvaluatePolynomial(ComplexNumber* value, ComplexNumber* derivative,
+                        const Polynomial& polynomial, const ComplexNumber* z);
 
 /// The sum of sizes[i] * |z|^i.
 Magnitude EvaluateSizes(const Magnitude* sizes, int64_t degree, Magnitude z);
 
 /// The sizes of all coefficients, in the polynomial's layout.
-void TakeSizes(Magnitude* sizes, const Polynomial& polynomial);
+void FindSizes(Magnitude* sizes, const Polynomial& polynomial);
 
 /// Replaces a polynomial in the layout in force by its expansion around z: the coefficients of
 /// P(z + x). Method: repeated division by Horner's scheme. False when a stop was requested, which

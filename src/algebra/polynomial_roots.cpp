@@ -4,6 +4,7 @@
 
 #include "algebra/exponent_scaling.h"
 #include "algebra/root_digits.h"
+#include "core/contract.h"
 #include "core/limits.h"
 #include "core/real_layout.h"
 
@@ -27,21 +28,18 @@ constexpr int64_t ExtraKnownDigits = 20;
 constexpr int64_t MostDigitsByDegree[MaxEquationDegree + 1] = {2000, 2000, 2000, 2000, 2000, 1000,
                                                                1000, 1000, 750,  750,  750};
 
-int64_t KnownDegree(int64_t degree) {
-    return std::clamp<int64_t>(degree, 0, MaxEquationDegree);
-}
-
-bool IsFinite(const RealNumber* x) {
-    return !RealIsSpecial(x) || RealIsZero(x);
+// What a list of another degree has is never looked at.
+bool CoefficientsAreWellFormed(const CoefficientList& list) {
+    return list.degree < 0 || list.degree > MaxEquationDegree ||
+           std::all_of(list.coefficients, list.coefficients + list.degree + 1,
+                       [](const ComplexNumber* z) { return ComplexIsWellFormed(z); });
 }
 
 bool AllAreFinite(const CoefficientList& list) {
-    return std::all_of(
-        list.coefficients, list.coefficients + list.degree + 1,
-        [](const ComplexNumber* z) { return IsFinite(RealPart(z)) && IsFinite(ImaginaryPart(z)); });
+    return std::all_of(list.coefficients, list.coefficients + list.degree + 1, ComplexIsFinite);
 }
 
-Polynomial TakeCoefficients(ScratchScope& scope, const CoefficientList& list) {
+Polynomial CopyCoefficients(ScratchScope& scope, const CoefficientList& list) {
     Polynomial polynomial = TakePolynomial(scope, list.degree);
     for (int64_t i = 0; i <= list.degree; i++) {
         ComplexCopy(polynomial.coefficients[i], list.coefficients[i]);
@@ -120,7 +118,7 @@ RootOutcome FindRoots(SolutionSet& solutions, const CoefficientList& list, int64
         (flags & ExactCoefficients) != 0 ? CoefficientDigits{digitsInForce, digitsInForce}
                                          : RootCoefficientDigits(list.degree, digits);
     ScratchStackScope scope;
-    Polynomial polynomial = TakeCoefficients(scope, list);
+    Polynomial polynomial = CopyCoefficients(scope, list);
     const int64_t zeros = StripZeroRoots(polynomial);
     if (polynomial.degree > 0) {
         const RootOutcome outcome = AddRoots(solutions, polynomial, digits, coefficientDigits);
@@ -137,7 +135,8 @@ RootOutcome FindRoots(SolutionSet& solutions, const CoefficientList& list, int64
 }  // namespace
 
 int64_t RootWorkingDigits(int64_t degree, int64_t digits) {
-    const int64_t share = KeptShares[KnownDegree(degree)];
+    TALLYMERE_REQUIRE(degree >= 0 && digits >= 1);
+    const int64_t share = KeptShares[std::min(degree, MaxEquationDegree)];
     return (digits * 1000 + share - 1) / share;
 }
 
@@ -151,28 +150,20 @@ CoefficientDigits RootCoefficientDigits(int64_t degree, int64_t digits) {
 }
 
 int64_t MaxRootDigits(int64_t degree) {
-    return MostDigitsByDegree[KnownDegree(degree)];
+    TALLYMERE_REQUIRE(degree >= 0);
+    return MostDigitsByDegree[std::min(degree, MaxEquationDegree)];
 }
 
 RootOutcome SolvePolynomial(SolutionSet& solutions, const CoefficientList& list, int64_t digits,
                             uint32_t flags) {
+    TALLYMERE_REQUIRE(CoefficientsAreWellFormed(list));
     solutions.count = 0;
     for (int64_t i = 0; i < MaxEquationDegree; i++) {
         solutions.exactTexts[i][0] = 0;
         solutions.multiplicities[i] = 1;
     }
     const RootOutcome outcome = FindRoots(solutions, list, digits, flags);
-    if (outcome != RootOutcome::Found) {
-        solutions.count = -1;
-        return outcome;
-    }
-    SortRoots(solutions);
-    if ((flags & KeepEqualRoots) == 0) {
-        MergeEqualRoots(solutions);
-    }
-    if ((flags & KeepRealRootsOnly) != 0) {
-        DropNonRealRoots(solutions);
-    }
+    FinishSolutions(solutions, outcome, flags);
     return outcome;
 }
 

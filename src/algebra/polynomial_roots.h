@@ -9,8 +9,9 @@
 namespace tallymere {
 
 /// The digits that coefficients must have when roots are asked for to so many digits, 1 or more:
-/// enough for an m-fold root to keep its digits, although the error of a coefficient
-/// moves it by the m-th root of that error. A degree above 10 counts as 10.
+/// enough for an m-fold root to keep its digits, although the error of a coefficient moves it by
+/// the m-th root of that error. Here and below the degree is 0 or more, and one above
+/// MaxEquationDegree counts as that.
 int64_t RootWorkingDigits(int64_t degree, int64_t digits);
 
 /// The digits that coefficients are to be read with: these more than the working digits, but

@@ -1,5 +1,6 @@
 #include "algebra/rational_roots.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "algebra/exact_formulas.h"
@@ -64,7 +65,7 @@ bool DeflateByValue(ExactPolynomial& quotient, RationalNumber* root,
 
 // Exchanges the value in the slot for that of a later real one, if that is nearer to the root.
 // Values that differ in their last digits alone lead to the same fraction.
-void TakeNearestValue(SolutionSet& solutions, int64_t slot, const RationalNumber* root) {
+void SwapInNearestValue(SolutionSet& solutions, int64_t slot, const RationalNumber* root) {
     CoreScratchScope scratch;
     RealNumber* exact = TakeReal(scratch);
     RealNumber* least = TakeReal(scratch);
@@ -83,12 +84,19 @@ void TakeNearestValue(SolutionSet& solutions, int64_t slot, const RationalNumber
     }
 }
 
+bool AllTextsAreEmpty(const SolutionSet& solutions) {
+    return std::all_of(solutions.exactTexts, solutions.exactTexts + solutions.count,
+                       [](const char16_t* text) { return text[0] == 0; });
+}
+
 }  // namespace
 
 RootOutcome FindExactRoots(SolutionSet& solutions, const ExactPolynomial& list, int64_t digits) {
     TALLYMERE_REQUIRE(numberContext.uintLimbs == FactorLimbs);
     TALLYMERE_REQUIRE(digits >= MinExactDigits && digits <= numberContext.precisionDigits);
+    TALLYMERE_REQUIRE(ExactPolynomialIsWellFormed(list));
     TALLYMERE_REQUIRE(SolutionSetIsWellFormed(solutions) && solutions.count <= list.degree);
+    TALLYMERE_REQUIRE(AllTextsAreEmpty(solutions));
     CoreScratchScope scratch;
     ExactPolynomial rest = TakeExactPolynomial(scratch, list.degree);
     ExactPolynomial quotient = TakeExactPolynomial(scratch, list.degree);
@@ -103,7 +111,7 @@ RootOutcome FindExactRoots(SolutionSet& solutions, const ExactPolynomial& list, 
         if (ComplexIsReal(value) &&
             DeflateByValue(quotient, root, rest, RealPart(value), digits - ExactRoundingGap)) {
             std::swap(rest, quotient);
-            TakeNearestValue(solutions, slot, root);
+            SwapInNearestValue(solutions, slot, root);
             const RootOutcome outcome = PutExactRoot(solutions, slot, FractionRoot(root), digits);
             if (outcome != RootOutcome::Found) {
                 return outcome;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/contract.h"
 #include "core/wide_arithmetic.h"
 
 namespace tallymere {
@@ -111,7 +112,7 @@ ResiduePolynomial DerivativeOf(const ResiduePolynomial& a) {
 }
 
 // a becomes the remainder of a by b, which is not 0.
-void TakeRemainder(ResiduePolynomial& a, const ResiduePolynomial& b) {
+void ReduceBy(ResiduePolynomial& a, const ResiduePolynomial& b) {
     const Residue inverse = Inverse(b.coefficients[b.degree], b.prime);
     for (; a.degree >= b.degree; Trim(a)) {
         const Residue factor = Multiply(a.coefficients[a.degree], inverse, a.prime);
@@ -129,7 +130,7 @@ int64_t DegreeOfCommonDivisor(ResiduePolynomial a, ResiduePolynomial b) {
     Trim(a);
     Trim(b);
     while (b.degree >= 0) {
-        TakeRemainder(a, b);
+        ReduceBy(a, b);
         const ResiduePolynomial rest = a;
         a = b;
         b = rest;
@@ -194,6 +195,7 @@ int64_t LeastDegree(const Polynomial& polynomial, FindDegree findDegree) {
 }  // namespace
 
 int64_t CountDistinctRoots(const Polynomial& polynomial) {
+    TALLYMERE_REQUIRE(PolynomialIsWellFormed(polynomial) && polynomial.degree >= 1);
     return polynomial.degree - LeastDegree(polynomial, [](const ResiduePolynomial& residues) {
                return DegreeOfRepeatedPart(residues);
            });
@@ -201,6 +203,8 @@ int64_t CountDistinctRoots(const Polynomial& polynomial) {
 
 int64_t CountMirroredRoots(const Polynomial& polynomial, NumberPart part,
                            const RealNumber* position) {
+    TALLYMERE_REQUIRE(PolynomialIsWellFormed(polynomial));
+    TALLYMERE_REQUIRE(RealIsWellFormed(position) && RealIsFinite(position));
     return LeastDegree(polynomial, [&](ResiduePolynomial& residues) {
         return DegreeOfMirroredPart(residues, part, ResidueOf(position, residues.prime));
     });

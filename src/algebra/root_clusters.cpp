@@ -2,9 +2,11 @@
 
 #include <algorithm>
 
+#include "algebra/center_refinement.h"
 #include "algebra/newton_polygon.h"
 #include "algebra/residue_structure.h"
 #include "core/complex_arithmetic.h"
+#include "core/contract.h"
 
 namespace tallymere {
 
@@ -18,35 +20,40 @@ constexpr int64_t DigitsAroundErrors = 20;
 struct Expansion {
     Polynomial polynomial;
     Magnitude sizes[MaxEquationDegree + 1];
-    Magnitude errors[MaxEquationDegree + 1];   // of the expansion itself
-    Magnitude rounded[MaxEquationDegree + 1];  // what the coefficients' errors make
+    Magnitude roundingErrors[MaxEquationDegree + 1];     // of the expansion itself
+    Magnitude coefficientErrors[MaxEquationDegree + 1];  // those of the polynomial, expanded
 };
 
-bool TakeExpansion(ScratchScope& scope, Expansion& expansion, const RootCluster& cluster,
-                   const Polynomial& polynomial) {
+// Which errors of an expansion count.
+enum class CountedErrors { OfRounding, All };
+
+Magnitude ErrorOf(const Expansion& expansion, int64_t i, CountedErrors counted) {
+    const Magnitude rounding = expansion.roundingErrors[i];
+    return counted == CountedErrors::All ? rounding + expansion.coefficientErrors[i] : rounding;
+}
+
+// Everything but the errors of the coefficients. False when a stop was requested.
+bool ExpandAtCenter(ScratchScope& scope, Expansion& expansion, const RootCluster& cluster,
+                    const Polynomial& polynomial) {
     const int64_t degree = polynomial.degree;
     expansion.polynomial = CopyPolynomial(scope, polynomial);
-    TakeSizes(expansion.errors, expansion.polynomial);
+    FindSizes(expansion.roundingErrors, expansion.polynomial);
     if (!ExpandAround(expansion.polynomial, cluster.center)) {
         return false;
     }
-    TakeSizes(expansion.sizes, expansion.polynomial);
-    ExpandSizes(expansion.errors, degree, MagnitudeOf(cluster.center));
+    FindSizes(expansion.sizes, expansion.polynomial);
+    ExpandSizes(expansion.roundingErrors, degree, MagnitudeOf(cluster.center));
     const Magnitude unit = MakeMagnitude(ExpansionError, 1 - numberContext.precisionDigits);
     for (int64_t i = 0; i <= degree; i++) {
-        expansion.errors[i] = expansion.errors[i] * unit;
+        expansion.roundingErrors[i] = expansion.roundingErrors[i] * unit;
     }
     return true;
 }
 
 // True when the lower coefficients could all be 0.
-bool IsOneRootWithin(const Expansion& expansion, int64_t multiplicity, bool withRounded) {
+bool IsOneRootWithin(const Expansion& expansion, int64_t multiplicity, CountedErrors counted) {
     for (int64_t j = 0; j < multiplicity; j++) {
-        Magnitude error = expansion.errors[j];
-        if (withRounded) {
-            error = error + expansion.rounded[j];
-        }
-        if (error < expansion.sizes[j]) {
+        if (ErrorOf(expansion, j, counted) < expansion.sizes[j]) {
             return false;
         }
     }
@@ -57,115 +64,112 @@ void TightenBy(RootCluster& cluster, const Expansion& expansion) {
     const int64_t m = cluster.multiplicity;
     Magnitude sizes[MaxEquationDegree + 1];
     for (int64_t i = 0; i <= expansion.polynomial.degree; i++) {
-        sizes[i] = expansion.sizes[i] + expansion.errors[i];
+        sizes[i] = expansion.sizes[i] + expansion.roundingErrors[i];
     }
     Magnitude radius;
-    const Magnitude outweighing = Excess(expansion.sizes[m], expansion.errors[m]);
+    const Magnitude outweighing = Excess(expansion.sizes[m], expansion.roundingErrors[m]);
     if (FindPelletRadius(&radius, sizes, outweighing, expansion.polynomial.degree, m) &&
         radius < cluster.radius) {
         cluster.radius = radius;
     }
 }
 
-// A frame for the smallest roots of a polynomial whose coefficients have these errors, in the
+// The search for the smallest roots of a polynomial whose coefficients have these errors, in the
 // layout in force.
-RootFrame TakeFrame(ScratchScope& scope, const Polynomial& polynomial, const Magnitude* errors,
-                    int64_t count) {
-    RootFrame frame{CopyPolynomial(scope, polynomial), {}, count};
-    TakeSizes(frame.errors, frame.polynomial);
+RootProblem MakeProblem(ScratchScope& scope, const Polynomial& polynomial, const Magnitude* errors,
+                        int64_t count) {
+    RootProblem problem{CopyPolynomial(scope, polynomial), {}, count};
+    FindSizes(problem.errors, problem.polynomial);
     const Magnitude unit = MakeMagnitude(ExpansionError, 1 - numberContext.precisionDigits);
     for (int64_t i = 0; i <= polynomial.degree; i++) {
-        frame.errors[i] = frame.errors[i] * unit + errors[i];
+        problem.errors[i] = problem.errors[i] * unit + errors[i];
     }
-    return frame;
+    return problem;
 }
 
-// Groups of the roots of a frame; the result is that of GroupRoots.
-int64_t SolveFrame(RootGroup* groups, const RootFrame& frame) {
+// Discs of the roots of a problem; the result is that of FindDiscs.
+int64_t SolveProblem(RootDisc* discs, const RootProblem& problem) {
     ScratchStackScope scope;
     ComplexNumber* roots[MaxEquationDegree];
     Magnitude sizes[MaxEquationDegree + 1];
-    for (int64_t i = 0; i < frame.count; i++) {
+    for (int64_t i = 0; i < problem.count; i++) {
         roots[i] = TakeComplex(scope);
     }
-    TakeSizes(sizes, frame.polynomial);
-    for (int64_t i = 0; i <= frame.count; i++) {
+    FindSizes(sizes, problem.polynomial);
+    for (int64_t i = 0; i <= problem.count; i++) {
         // What could be 0 is as large as it could be.
-        sizes[i] = sizes[i] < frame.errors[i] ? frame.errors[i] : sizes[i];
+        sizes[i] = sizes[i] < problem.errors[i] ? problem.errors[i] : sizes[i];
     }
-    ChooseStarts(roots, sizes, frame.count);
-    return IterateRoots(roots, frame) ? GroupRoots(groups, roots, frame) : -1;
+    ChooseStarts(roots, sizes, problem.count);
+    return IterateRoots(roots, problem) ? FindDiscs(discs, roots, problem) : -1;
 }
 
-void TakeGroups(ScratchScope& scope, RootGroup* groups, int64_t count) {
+void TakeDiscs(ScratchScope& scope, RootDisc* discs, int64_t count) {
     for (int64_t i = 0; i < count; i++) {
-        groups[i] = {TakeComplex(scope), {}, 0};
+        discs[i] = {TakeComplex(scope), {}, 0};
     }
 }
 
-// The first groups, from all coefficients.
+// The first clusters, from the polynomial as it is.
 RootOutcome FindFirstClusters(RootClusters& clusters, const Polynomial& polynomial,
                               const CoefficientErrors& errors) {
     const DigitsScope digits(SweepDigits);
     ScratchStackScope scope;
     Magnitude sizes[MaxEquationDegree + 1];
-    TakeErrorSizes(sizes, errors, polynomial.degree);
-    const RootFrame frame = TakeFrame(scope, polynomial, sizes, polynomial.degree);
-    RootGroup groups[MaxEquationDegree];
-    TakeGroups(scope, groups, polynomial.degree);
-    clusters.count = SolveFrame(groups, frame);
+    FindErrorSizes(sizes, errors, polynomial.degree);
+    const RootProblem problem = MakeProblem(scope, polynomial, sizes, polynomial.degree);
+    RootDisc discs[MaxEquationDegree];
+    TakeDiscs(scope, discs, polynomial.degree);
+    clusters.count = SolveProblem(discs, problem);
     for (int64_t i = 0; i < clusters.count; i++) {
         RootCluster& cluster = clusters.clusters[i];
-        ComplexCopy(cluster.center, groups[i].center);
+        ComplexCopy(cluster.center, discs[i].center);
         cluster.layout = CurrentRealLayout();
-        cluster.radius = groups[i].radius;
-        cluster.multiplicity = groups[i].count;
+        cluster.radius = discs[i].radius;
+        cluster.multiplicity = discs[i].count;
         cluster.isOneRoot = cluster.multiplicity == 1;
     }
     return clusters.count < 0 ? RootOutcome::Stopped : RootOutcome::Found;
 }
 
-// Puts the groups around the centre of cluster k in its place.
-void ReplaceByGroups(RootClusters& clusters, int64_t k, const RootGroup* groups, int64_t count) {
+// Puts the discs around the centre of cluster k in its place.
+void ReplaceByDiscs(RootClusters& clusters, int64_t k, const RootDisc* discs, int64_t count) {
     ScratchStackScope scope;
     ComplexNumber* center = TakeComplex(scope);
     ComplexNumber* offset = TakeComplex(scope);
     ComplexCopy(center, clusters.clusters[k].center);
-    const RealLayout groupLayout = LayoutForDigits(SweepDigits);
+    const RealLayout sweepLayout = LayoutForDigits(SweepDigits);
     for (int64_t i = 0; i < count; i++) {
         RootCluster& cluster = clusters.clusters[i == 0 ? k : clusters.count++];
-        ConvertComplex(offset, groups[i].center, groupLayout);
+        ConvertComplex(offset, discs[i].center, sweepLayout);
         ComplexAdd(cluster.center, center, offset);
         cluster.layout = CurrentRealLayout();
-        cluster.radius = groups[i].radius +
+        cluster.radius = discs[i].radius +
                          MagnitudeOf(cluster.center) * MakeMagnitude(1, 1 - cluster.layout.digits);
-        cluster.multiplicity = groups[i].count;
+        cluster.multiplicity = discs[i].count;
         cluster.isOneRoot = cluster.multiplicity == 1;
     }
 }
 
 // Parts the roots of cluster k by its expansion, where that is possible.
 RootOutcome PartCluster(RootClusters& clusters, int64_t k, const Expansion& expansion,
-                        bool withRounded) {
+                        CountedErrors counted) {
     ScratchStackScope scope;
-    RootGroup groups[MaxEquationDegree];
+    RootDisc discs[MaxEquationDegree];
     const int64_t multiplicity = clusters.clusters[k].multiplicity;
     int64_t count = 0;
     {
         const DigitsScope digits(SweepDigits);
-        TakeGroups(scope, groups, multiplicity);
+        TakeDiscs(scope, discs, multiplicity);
         Magnitude errors[MaxEquationDegree + 1];
         for (int64_t i = 0; i <= expansion.polynomial.degree; i++) {
-            errors[i] = expansion.errors[i];
-            if (withRounded) {
-                errors[i] = errors[i] + expansion.rounded[i];
-            }
+            errors[i] = ErrorOf(expansion, i, counted);
         }
-        const RootFrame frame = TakeFrame(scope, expansion.polynomial, errors, multiplicity);
-        count = SolveFrame(groups, frame);
+        const RootProblem problem = MakeProblem(scope, expansion.polynomial, errors, multiplicity);
+        count = SolveProblem(discs, problem);
     }
     if (count > 1) {
-        ReplaceByGroups(clusters, k, groups, count);
+        ReplaceByDiscs(clusters, k, discs, count);
     }
     return count < 0 ? RootOutcome::Stopped : RootOutcome::Found;
 }
@@ -183,9 +187,9 @@ int64_t NextDigits(int64_t digits, const CoefficientErrors& errors) {
     return errors.any && isBetween ? enough : next;
 }
 
-// Looks at cluster k with so many digits.
-RootOutcome LookCloser(RootClusters& clusters, int64_t k, const Polynomial& polynomial,
-                       const CoefficientErrors& errors, int64_t digits) {
+// Looks at cluster k with so many digits: it becomes known as one root, or is parted, or neither.
+RootOutcome ExamineCluster(RootClusters& clusters, int64_t k, const Polynomial& polynomial,
+                           const CoefficientErrors& errors, int64_t digits) {
     RootCluster& cluster = clusters.clusters[k];
     if (!RefineCenter(cluster, polynomial, digits)) {
         return RootOutcome::Stopped;
@@ -193,28 +197,31 @@ RootOutcome LookCloser(RootClusters& clusters, int64_t k, const Polynomial& poly
     const DigitsScope scopeOfDigits(digits);
     ScratchStackScope scope;
     Expansion expansion{};
-    if (!TakeExpansion(scope, expansion, cluster, polynomial)) {
+    if (!ExpandAtCenter(scope, expansion, cluster, polynomial)) {
         return RootOutcome::Stopped;
     }
     TightenBy(cluster, expansion);
-    const bool seesRounded = errors.any && digits >= DigitsToSeeErrors(errors);
-    if (seesRounded) {
-        TakeErrorSizes(expansion.rounded, errors, polynomial.degree);
-        ExpandSizes(expansion.rounded, polynomial.degree, MagnitudeOf(cluster.center));
-        if (IsOneRootWithin(expansion, cluster.multiplicity, true)) {
+    const bool seesErrors = errors.any && digits >= DigitsToSeeErrors(errors);
+    if (seesErrors) {
+        FindErrorSizes(expansion.coefficientErrors, errors, polynomial.degree);
+        ExpandSizes(expansion.coefficientErrors, polynomial.degree, MagnitudeOf(cluster.center));
+        if (IsOneRootWithin(expansion, cluster.multiplicity, CountedErrors::All)) {
             cluster.isOneRoot = true;
             return RootOutcome::Found;
         }
     }
-    if (cluster.isOneRoot || IsOneRootWithin(expansion, cluster.multiplicity, false)) {
+    if (cluster.isOneRoot ||
+        IsOneRootWithin(expansion, cluster.multiplicity, CountedErrors::OfRounding)) {
         return RootOutcome::Found;
     }
-    const int64_t count = clusters.count;
-    RootOutcome outcome = PartCluster(clusters, k, expansion, seesRounded);
-    if (outcome == RootOutcome::Found && seesRounded && clusters.count == count) {
-        outcome = PartCluster(clusters, k, expansion, false);
+    if (seesErrors) {
+        const int64_t count = clusters.count;
+        const RootOutcome outcome = PartCluster(clusters, k, expansion, CountedErrors::All);
+        if (outcome != RootOutcome::Found || clusters.count != count) {
+            return outcome;
+        }
     }
-    return outcome;
+    return PartCluster(clusters, k, expansion, CountedErrors::OfRounding);
 }
 
 bool MeetsAnother(const RootClusters& clusters, int64_t k) {
@@ -242,6 +249,12 @@ bool IsSettled(const RootClusters& clusters, int64_t k, int64_t distinctRoots) {
 
 }  // namespace
 
+bool ClusterIsWellFormed(const RootCluster& cluster, const Polynomial& polynomial) {
+    const DigitsScope digits(cluster.layout.digits);
+    return cluster.multiplicity >= 1 && cluster.multiplicity <= polynomial.degree &&
+           ComplexIsWellFormed(cluster.center);
+}
+
 void TakeClusters(ScratchScope& scope, RootClusters& clusters) {
     clusters.count = 0;
     for (RootCluster& cluster : clusters.clusters) {
@@ -251,6 +264,8 @@ void TakeClusters(ScratchScope& scope, RootClusters& clusters) {
 
 RootOutcome SeparateRoots(RootClusters& clusters, const Polynomial& polynomial,
                           const CoefficientErrors& errors) {
+    TALLYMERE_REQUIRE(PolynomialIsWellFormed(polynomial) && polynomial.degree >= 1);
+    TALLYMERE_REQUIRE(!ComplexIsZero(polynomial.coefficients[0]));
     const int64_t distinctRoots = CountDistinctRoots(polynomial);
     RootOutcome outcome = FindFirstClusters(clusters, polynomial, errors);
     for (int64_t digits = SweepDigits; outcome == RootOutcome::Found;) {
@@ -267,7 +282,7 @@ RootOutcome SeparateRoots(RootClusters& clusters, const Polynomial& polynomial,
         digits = NextDigits(digits, errors);
         for (int64_t k = 0; k < count && outcome == RootOutcome::Found; k++) {
             if (!settled[k]) {
-                outcome = LookCloser(clusters, k, polynomial, errors, digits);
+                outcome = ExamineCluster(clusters, k, polynomial, errors, digits);
             }
         }
     }
@@ -278,10 +293,11 @@ RootOutcome SeparateRoots(RootClusters& clusters, const Polynomial& polynomial,
 }
 
 bool TightenDisc(RootCluster& cluster, const Polynomial& polynomial) {
+    TALLYMERE_REQUIRE(ClusterIsWellFormed(cluster, polynomial));
     const DigitsScope digits(cluster.layout.digits);
     ScratchStackScope scope;
     Expansion expansion{};
-    if (!TakeExpansion(scope, expansion, cluster, polynomial)) {
+    if (!ExpandAtCenter(scope, expansion, cluster, polynomial)) {
         return false;
     }
     TightenBy(cluster, expansion);

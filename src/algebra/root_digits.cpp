@@ -2,9 +2,11 @@
 
 #include <algorithm>
 
+#include "algebra/center_refinement.h"
 #include "algebra/residue_structure.h"
 #include "algebra/root_enclosure.h"
 #include "core/complex_arithmetic.h"
+#include "core/contract.h"
 #include "core/real_add.h"
 #include "core/real_compare.h"
 #include "core/real_divide.h"
@@ -15,7 +17,7 @@ namespace tallymere {
 
 namespace {
 
-// Digits beyond those that are asked for, so that one round nearly always suffices.
+// Digits beyond those that are asked for, so that one level nearly always suffices.
 constexpr int64_t ExtraDigits = 40;
 
 // The largest shift by errors of coefficients that counts for the middle between two results, in
@@ -26,18 +28,18 @@ constexpr NumberPart BothParts[] = {NumberPart::Real, NumberPart::Imaginary};
 
 // What is known of the parts of a root.
 struct RootParts {
-    PartRadii radii;
-    PartRadii shifts;
+    PartSizes radii;
+    PartSizes shifts;
     bool isZero[2];
     bool isWritten[2];
 };
 
-// All roots, whose centres are in the layout in force.
-struct RootRound {
+// All roots at one level of digits: their centres are in the layout in force.
+struct RootsAtLevel {
     const RootClusters& clusters;
     const Polynomial& polynomial;
     RootParts* parts;
-    bool isLast;
+    bool isLast;  // no more digits are to come
 };
 
 int64_t IndexOf(NumberPart part) {
@@ -49,8 +51,8 @@ RealNumber* PartOf(ComplexNumber* z, NumberPart part) {
 NumberPart OtherPart(NumberPart part) {
     return part == NumberPart::Real ? NumberPart::Imaginary : NumberPart::Real;
 }
-Magnitude RadiusOf(const PartRadii& radii, NumberPart part) {
-    return part == NumberPart::Real ? radii.real : radii.imaginary;
+Magnitude SizeOf(const PartSizes& sizes, NumberPart part) {
+    return part == NumberPart::Real ? sizes.real : sizes.imaginary;
 }
 
 // True when a - b could be 0: it is not surely more than `reach`.
@@ -62,17 +64,17 @@ bool CouldBeEqual(const RealNumber* a, const RealNumber* b, Magnitude reach) {
 }
 
 // True when the mirror image of root i at the line could be root j.
-bool CouldBeMirrored(const RootRound& round, int64_t i, int64_t j, NumberPart part,
+bool CouldBeMirrored(const RootsAtLevel& roots, int64_t i, int64_t j, NumberPart part,
                      const RealNumber* position) {
     ScratchStackScope scope;
     RealNumber* image = RealAt(scope.Take(RealWords()));
-    ComplexNumber* a = round.clusters.clusters[i].center;
-    ComplexNumber* b = round.clusters.clusters[j].center;
-    const PartRadii& ofA = round.parts[i].radii;
-    const PartRadii& ofB = round.parts[j].radii;
+    ComplexNumber* a = roots.clusters.clusters[i].center;
+    ComplexNumber* b = roots.clusters.clusters[j].center;
+    const PartSizes& ofA = roots.parts[i].radii;
+    const PartSizes& ofB = roots.parts[j].radii;
     const NumberPart other = OtherPart(part);
     if (!CouldBeEqual(PartOf(a, other), PartOf(b, other),
-                      RadiusOf(ofA, other) + RadiusOf(ofB, other))) {
+                      SizeOf(ofA, other) + SizeOf(ofB, other))) {
         return false;
     }
     // The image of part a is twice the position, less a.
@@ -80,42 +82,41 @@ bool CouldBeMirrored(const RootRound& round, int64_t i, int64_t j, NumberPart pa
                                MakeMagnitude(4, 1 - numberContext.precisionDigits);
     RealAdd(image, position, position);
     RealSub(image, image, PartOf(a, part));
-    return CouldBeEqual(image, PartOf(b, part),
-                        RadiusOf(ofA, part) + RadiusOf(ofB, part) + rounding);
+    return CouldBeEqual(image, PartOf(b, part), SizeOf(ofA, part) + SizeOf(ofB, part) + rounding);
 }
 
 // True when the parts of all roots that could be `position` surely are.
-bool IsExactly(const RootRound& round, NumberPart part, const RealNumber* position) {
-    const RootClusters& clusters = round.clusters;
+bool IsExactly(const RootsAtLevel& roots, NumberPart part, const RealNumber* position) {
+    const RootClusters& clusters = roots.clusters;
     int64_t candidates = 0;
     for (int64_t i = 0; i < clusters.count; i++) {
         const RootCluster& cluster = clusters.clusters[i];
         if (CouldBeEqual(PartOf(cluster.center, part), position,
-                         RadiusOf(round.parts[i].radii, part))) {
+                         SizeOf(roots.parts[i].radii, part))) {
             candidates += cluster.multiplicity;
         }
         for (int64_t j = 0; j < i; j++) {
-            if (CouldBeMirrored(round, i, j, part, position)) {
+            if (CouldBeMirrored(roots, i, j, part, position)) {
                 candidates += 2 * std::min(cluster.multiplicity, clusters.clusters[j].multiplicity);
             }
         }
     }
-    return candidates <= CountMirroredRoots(round.polynomial, part, position);
+    return candidates <= CountMirroredRoots(roots.polynomial, part, position);
 }
 
 // True when the part of root k is 0, or would be for coefficients within their errors.
-bool IsZeroPart(const RootRound& round, int64_t k, NumberPart part) {
+bool IsZeroPart(const RootsAtLevel& roots, int64_t k, NumberPart part) {
     ScratchStackScope scope;
     RealNumber* zero = RealAt(scope.Take(RealWords()));
     RealSetZero(zero, 0);
-    const RealNumber* center = PartOf(round.clusters.clusters[k].center, part);
-    const RootParts& parts = round.parts[k];
-    const Magnitude shift = RadiusOf(parts.shifts, part);
-    if (!IsZero(shift) && !(shift + RadiusOf(parts.radii, part) < MagnitudeOf(center))) {
+    const RealNumber* center = PartOf(roots.clusters.clusters[k].center, part);
+    const RootParts& parts = roots.parts[k];
+    const Magnitude shift = SizeOf(parts.shifts, part);
+    if (!IsZero(shift) && !(shift + SizeOf(parts.radii, part) < MagnitudeOf(center))) {
         return true;
     }
-    return CouldBeEqual(center, zero, RadiusOf(parts.radii, part)) &&
-           (round.isLast || IsExactly(round, part, zero));
+    return CouldBeEqual(center, zero, SizeOf(parts.radii, part)) &&
+           (roots.isLast || IsExactly(roots, part, zero));
 }
 
 // The middle between two neighbouring results of rounding, as far as the layout has digits.
@@ -124,44 +125,50 @@ void SetMiddle(RealNumber* middle, const RealNumber* a, const RealNumber* b) {
     RealRound(middle, RealDivUint(middle, middle, 2));
 }
 
-// Rounds the part of root k, which is not 0, to so many digits. False when that is not decided yet.
-bool RoundPart(RealNumber* rounded, const RootRound& round, int64_t k, NumberPart part,
+// low and high = the ends of the numbers within `reach` of x, each rounded to so many digits; high
+// is the one away from 0.
+void RoundEnds(RealNumber* low, RealNumber* high, const RealNumber* x, Magnitude reach,
                int64_t digits) {
-    const RealNumber* center = PartOf(round.clusters.clusters[k].center, part);
-    if (round.isLast) {
+    ScratchStackScope scope;
+    RealNumber* distance = RealAt(scope.Take(RealWords()));
+    // The operations here are rounded, by less than the margins.
+    const Magnitude unit = MakeMagnitude(2, RealExponent(x) + 2 - numberContext.precisionDigits);
+    RealFromMagnitude(distance, reach * MakeMagnitude(1.1) + unit);
+    RealSetSign(distance, RealSign(x));
+    RealSub(low, x, distance);
+    RealAdd(high, x, distance);
+    RealRoundDigits(low, low, digits);
+    RealRoundDigits(high, high, digits);
+}
+
+// Rounds the part of root k, which is not 0, to so many digits. False when that is not decided yet.
+bool RoundPart(RealNumber* rounded, const RootsAtLevel& roots, int64_t k, NumberPart part,
+               int64_t digits) {
+    const RealNumber* center = PartOf(roots.clusters.clusters[k].center, part);
+    if (roots.isLast) {
         RealRoundDigitsAny(rounded, center, digits);
         return true;
     }
-    const Magnitude radius = RadiusOf(round.parts[k].radii, part);
+    const Magnitude radius = SizeOf(roots.parts[k].radii, part);
     const Magnitude tenthOfUnit = MakeMagnitude(1, RealExponent(center) - digits);
     if (RealIsZero(center) || !(radius < tenthOfUnit)) {
         return false;
     }
     // What could be the middle between two results for coefficients within their errors, is.
-    Magnitude shift = RadiusOf(round.parts[k].shifts, part);
+    Magnitude shift = SizeOf(roots.parts[k].shifts, part);
     if (!(shift < tenthOfUnit * MakeMagnitude(LargestShift))) {
         shift = {};
     }
     ScratchStackScope scope;
-    RealNumber* reach = RealAt(scope.Take(RealWords()));
     RealNumber* low = RealAt(scope.Take(RealWords()));
-    RealNumber* high = RealAt(scope.Take(RealWords()));
-    // The operations here are rounded, by less than the margins.
-    const Magnitude unit =
-        MakeMagnitude(2, RealExponent(center) + 2 - numberContext.precisionDigits);
-    RealFromMagnitude(reach, (radius + shift) * MakeMagnitude(1.1) + unit);
-    RealSetSign(reach, RealSign(center));
-    RealSub(low, center, reach);
-    RealAdd(high, center, reach);
-    RealRoundDigits(low, low, digits);
-    RealRoundDigits(rounded, high, digits);
+    RoundEnds(low, rounded, center, radius + shift, digits);
     if (RealCompare(low, rounded) == 0) {
         return true;
     }
-    RealNumber* middle = reach;
+    RealNumber* middle = RealAt(scope.Take(RealWords()));
     SetMiddle(middle, low, rounded);
     return CouldBeEqual(center, middle, radius + shift) &&
-           (!IsZero(shift) || IsExactly(round, part, middle));
+           (!IsZero(shift) || IsExactly(roots, part, middle));
 }
 
 bool IsFinished(const RootParts& parts) {
@@ -169,8 +176,8 @@ bool IsFinished(const RootParts& parts) {
 }
 
 // Decides what can be decided of root k, and writes it.
-void WriteParts(ComplexNumber* value, const RootRound& round, int64_t k, int64_t digits) {
-    RootParts& parts = round.parts[k];
+void WriteParts(ComplexNumber* value, const RootsAtLevel& roots, int64_t k, int64_t digits) {
+    RootParts& parts = roots.parts[k];
     const RealLayout layout = CurrentRealLayout();
     const RealLayout resultLayout = LayoutForDigits(digits);
     ScratchStackScope scope;
@@ -180,10 +187,10 @@ void WriteParts(ComplexNumber* value, const RootRound& round, int64_t k, int64_t
         if (parts.isWritten[index]) {
             continue;
         }
-        parts.isZero[index] = parts.isZero[index] || IsZeroPart(round, k, part);
+        parts.isZero[index] = parts.isZero[index] || IsZeroPart(roots, k, part);
         if (parts.isZero[index]) {
             RealSetZero(rounded, 0);
-        } else if (!RoundPart(rounded, round, k, part, digits)) {
+        } else if (!RoundPart(rounded, roots, k, part, digits)) {
             continue;
         }
         const RealLayoutScope saved;
@@ -213,10 +220,11 @@ void FindZeroParts(RootClusters& clusters, const Polynomial& polynomial, RootPar
         const Magnitude radius = clusters.clusters[k].radius;
         parts[k] = {{radius, radius}, {}, {}, {}};
     }
-    const RootRound round{clusters, polynomial, parts, false};
+    const RootsAtLevel roots{
+        .clusters = clusters, .polynomial = polynomial, .parts = parts, .isLast = false};
     for (int64_t k = 0; k < clusters.count; k++) {
         for (const NumberPart part : BothParts) {
-            parts[k].isZero[IndexOf(part)] = IsZeroPart(round, k, part);
+            parts[k].isZero[IndexOf(part)] = IsZeroPart(roots, k, part);
         }
     }
     for (int64_t k = 0; k < clusters.count; k++) {
@@ -231,9 +239,9 @@ void FindZeroParts(RootClusters& clusters, const Polynomial& polynomial, RootPar
     }
 }
 
-// Brings root k nearer. False when a stop was requested.
-bool Approach(RootCluster& cluster, RootParts& parts, const Polynomial& polynomial,
-              const CoefficientErrors& errors, int64_t digits) {
+// Brings the centre nearer to its root, and encloses the root. False when a stop was requested.
+bool RefineRoot(RootCluster& cluster, RootParts& parts, const Polynomial& polynomial,
+                const CoefficientErrors& errors, int64_t digits) {
     RootEnclosure enclosure{};
     const ZeroParts zeros = {parts.isZero[0], parts.isZero[1]};
     if (!RefineCenter(cluster, polynomial, digits) ||
@@ -249,11 +257,20 @@ bool Approach(RootCluster& cluster, RootParts& parts, const Polynomial& polynomi
     return true;
 }
 
+bool AllAreSeparated(const RootClusters& clusters, const Polynomial& polynomial) {
+    return std::all_of(clusters.clusters, clusters.clusters + clusters.count,
+                       [&](const RootCluster& cluster) {
+                           return cluster.isOneRoot && ClusterIsWellFormed(cluster, polynomial);
+                       });
+}
+
 }  // namespace
 
 RootOutcome RoundRoots(ComplexNumber* const* values, RootClusters& clusters,
                        const Polynomial& polynomial, const CoefficientErrors& errors,
                        int64_t digits) {
+    TALLYMERE_REQUIRE(digits >= 1 && digits <= MostRootDigits);
+    TALLYMERE_REQUIRE(clusters.count >= 1 && AllAreSeparated(clusters, polynomial));
     RootParts parts[MaxEquationDegree] = {};
     int64_t level = SweepDigits;
     for (int64_t k = 0; k < clusters.count; k++) {
@@ -267,14 +284,17 @@ RootOutcome RoundRoots(ComplexNumber* const* values, RootClusters& clusters,
             RootCluster& cluster = clusters.clusters[k];
             if (IsFinished(parts[k])) {
                 WidenCenter(cluster);
-            } else if (!Approach(cluster, parts[k], polynomial, errors, level)) {
+            } else if (!RefineRoot(cluster, parts[k], polynomial, errors, level)) {
                 return RootOutcome::Stopped;
             }
         }
-        const RootRound round{clusters, polynomial, parts, level == MostRootDigits};
+        const RootsAtLevel roots{.clusters = clusters,
+                                 .polynomial = polynomial,
+                                 .parts = parts,
+                                 .isLast = level == MostRootDigits};
         bool finished = true;
         for (int64_t k = 0; k < clusters.count; k++) {
-            WriteParts(values[k], round, k, digits);
+            WriteParts(values[k], roots, k, digits);
             finished = finished && IsFinished(parts[k]);
         }
         if (finished) {

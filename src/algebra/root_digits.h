@@ -11,7 +11,7 @@
 namespace tallymere {
 
 /// Writes the root of each cluster of SeparateRoots to `values`, one for each cluster, numbers of
-/// `digits` digits in the layout of so many. Found or Stopped.
+/// `digits` digits, 1 to MostRootDigits, in the layout of so many. Found or Stopped.
 RootOutcome RoundRoots(ComplexNumber* const* values, RootClusters& clusters,
                        const Polynomial& polynomial, const CoefficientErrors& errors,
                        int64_t digits);

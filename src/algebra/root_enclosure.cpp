@@ -1,6 +1,8 @@
 #include "algebra/root_enclosure.h"
 
 #include "core/complex_arithmetic.h"
+#include "core/contract.h"
+#include "core/stop_request.h"
 
 namespace tallymere {
 
@@ -13,125 +15,116 @@ constexpr int64_t MaxContractions = 30'000;
 // Roundings count as a whole unit of the last place, with room for those of sizes.
 constexpr double RoundingUnits = 1.5;
 
-struct PartSizes {
-    Magnitude real;
-    Magnitude imaginary;
-};
-
-PartSizes SizesOf(const ComplexNumber* z) {
-    return {MagnitudeOf(RealPart(z)), MagnitudeOf(ImaginaryPart(z))};
-}
-
 Magnitude UnitOfLayout() {
     return MakeMagnitude(RoundingUnits, 1 - numberContext.precisionDigits);
 }
 
 // value = P(z) for any z' within `reach` of z: `radii` become bounds of the error of each part.
 // Coefficients may be off by two units. False when a stop was requested.
-bool EvaluateBox(ComplexNumber* value, PartRadii& radii, const Polynomial& polynomial,
-                 const ComplexNumber* z, const PartRadii& reach) {
+bool EvaluateBox(ComplexNumber* value, PartSizes& radii, const Polynomial& polynomial,
+                 const ComplexNumber* z, PartSizes reach) {
     const Magnitude unit = UnitOfLayout();
-    const Magnitude ofCoefficient = unit + unit;
-    const PartSizes at = SizesOf(z);
+    const Magnitude twoUnits = unit + unit;
+    const PartSizes at = PartSizesOf(z);
     ComplexCopy(value, polynomial.coefficients[polynomial.degree]);
-    PartSizes s = SizesOf(value);
-    radii = {s.real * ofCoefficient, s.imaginary * ofCoefficient};
+    PartSizes sizes = PartSizesOf(value);
+    radii = sizes * twoUnits;
     for (int64_t i = polynomial.degree - 1; i >= 0; i--) {
         if (StopRequested()) {
             return false;
         }
-        // The four products, with what radii and roundings add to them.
-        const Magnitude fromReal = radii.real * (at.real + reach.real) + s.real * reach.real;
-        const Magnitude fromImaginary =
-            radii.imaginary * (at.imaginary + reach.imaginary) + s.imaginary * reach.imaginary;
-        const Magnitude crossReal =
-            radii.real * (at.imaginary + reach.imaginary) + s.real * reach.imaginary;
-        const Magnitude crossImaginary =
-            radii.imaginary * (at.real + reach.real) + s.imaginary * reach.real;
-        // Each product and their sum are rounded; the sum is no larger than the products.
-        const Magnitude realTerms = s.real * at.real + s.imaginary * at.imaginary;
-        const Magnitude imaginaryTerms = s.real * at.imaginary + s.imaginary * at.real;
-        radii.real = fromReal + fromImaginary + (realTerms + realTerms) * unit;
-        radii.imaginary = crossReal + crossImaginary + (imaginaryTerms + imaginaryTerms) * unit;
+        // What radius and reach add to the product. Each of its four products and their sums are
+        // rounded; a sum is no larger than the products.
+        const PartSizes ofProduct = radii * (at + reach) + sizes * reach + sizes * at * twoUnits;
         ComplexMul(value, value, z);
         ComplexAdd(value, value, polynomial.coefficients[i]);
-        s = SizesOf(value);
-        const PartSizes added = SizesOf(polynomial.coefficients[i]);
-        radii.real = radii.real + added.real * ofCoefficient + s.real * unit;
-        radii.imaginary = radii.imaginary + added.imaginary * ofCoefficient + s.imaginary * unit;
+        sizes = PartSizesOf(value);
+        radii = ofProduct + PartSizesOf(polynomial.coefficients[i]) * twoUnits + sizes * unit;
     }
     return true;
 }
 
-// f and f' around the centre. f is the derivative of the polynomial of order m - 1.
+// f and f' around the centre. f is the derivative of the polynomial of order m - 1, divided by the
+// factorial of that order.
 struct Surroundings {
-    PartSizes value;   // the most that |f(c)| can be, part by part
-    Polynomial slope;  // f' at SweepDigits, as all that follows
+    PartSizes value;  // the most that |f(c)| can be, part by part
+    // At SweepDigits, as all that follows.
+    Polynomial derivative;
     ComplexNumber* center;
-    PartRadii centerError;
+    PartSizes centerSizes;
+    PartSizes centerError;
 };
 
-bool TakeValue(PartSizes& sizes, const RootCluster& cluster, const Polynomial& polynomial) {
+// sizes = the most that the parts of f(c) can be. False when a stop was requested.
+bool BoundValue(PartSizes& sizes, const RootCluster& cluster, const Polynomial& polynomial) {
     const DigitsScope digits(cluster.layout.digits);
     ScratchStackScope scope;
-    const Polynomial derivative = TakeDerivative(scope, polynomial, cluster.multiplicity - 1);
+    const Polynomial f = MakeDerivative(scope, polynomial, cluster.multiplicity - 1);
     ComplexNumber* value = TakeComplex(scope);
-    PartRadii radii{};
-    if (!EvaluateBox(value, radii, derivative, cluster.center, {})) {
+    PartSizes radii{};
+    if (!EvaluateBox(value, radii, f, cluster.center, {})) {
         return false;
     }
-    sizes = SizesOf(value);
-    sizes.real = sizes.real + radii.real;
-    sizes.imaginary = sizes.imaginary + radii.imaginary;
+    sizes = PartSizesOf(value) + radii;
     return true;
 }
 
-// Replaces `radii` by those of Krawczyk's operator, and `inverse` by 1 / f'(c), about. False when
-// f'(c) is 0, and after a stop.
-bool Contract(PartRadii& radii, ComplexNumber* inverse, const Surroundings& around) {
-    ScratchStackScope scope;
-    ComplexNumber* slope = TakeComplex(scope);
-    ComplexNumber* rest = TakeComplex(scope);
-    const PartRadii reach = {radii.real + around.centerError.real,
-                             radii.imaginary + around.centerError.imaginary};
-    PartRadii slopeRadii{};
-    if (!EvaluateBox(slope, slopeRadii, around.slope, around.center, reach) ||
-        ComplexIsZero(slope)) {
-        return false;
+// All but the value, with SweepDigits in force.
+void SetSurroundings(ScratchScope& scope, Surroundings& around, const RootCluster& cluster,
+                     const Polynomial& polynomial) {
+    around.derivative = MakeDerivative(scope, polynomial, cluster.multiplicity);
+    for (int64_t i = 0; i <= around.derivative.degree; i++) {
+        ComplexNumber* coefficient = around.derivative.coefficients[i];
+        ComplexMulUint(coefficient, coefficient, static_cast<uint64_t>(cluster.multiplicity));
     }
-    ComplexReciprocal(inverse, slope);
-    const PartSizes y = SizesOf(inverse);
-    const PartSizes g = SizesOf(slope);
-    ComplexMul(rest, inverse, slope);
-    const PartSizes product = SizesOf(rest);
+    around.center = TakeComplex(scope);
+    ConvertComplex(around.center, cluster.center, cluster.layout);
+    around.centerSizes = PartSizesOf(around.center);
+    around.centerError = around.centerSizes * UnitOfLayout();
+}
+
+// distance = 1 - product.
+void SetDistanceFromOne(ComplexNumber* distance, const ComplexNumber* product) {
+    ScratchStackScope scope;
     ComplexNumber* one = TakeComplex(scope);
     RealSetOne(RealPart(one));
     ComplexClearImaginaryPart(one);
-    ComplexSub(rest, one, rest);
-    const Magnitude unit = UnitOfLayout();
-    const PartSizes distance = SizesOf(rest);
+    ComplexSub(distance, one, product);
+}
+
+// Replaces `radii` by those of Krawczyk's operator, and `inverse`, y, by 1 / f'(c), about. False
+// when f'(c) is 0, and after a stop.
+bool Contract(PartSizes& radii, ComplexNumber* inverse, const Surroundings& around) {
+    ScratchStackScope scope;
+    ComplexNumber* derivative = TakeComplex(scope);
+    ComplexNumber* product = TakeComplex(scope);
+    PartSizes derivativeRadii{};
+    if (!EvaluateBox(derivative, derivativeRadii, around.derivative, around.center,
+                     radii + around.centerError) ||
+        ComplexIsZero(derivative)) {
+        return false;
+    }
+    ComplexReciprocal(inverse, derivative);
+    const PartSizes y = PartSizesOf(inverse);
+    ComplexMul(product, inverse, derivative);
+    const PartSizes ofProduct = PartSizesOf(product);
+    const PartSizes roundings =
+        (y * PartSizesOf(derivative) + ofProduct + ofProduct) * UnitOfLayout();
+    SetDistanceFromOne(product, product);
     // 1 - y f'(X).
-    const Magnitude real =
-        distance.real + y.real * slopeRadii.real + y.imaginary * slopeRadii.imaginary +
-        (y.real * g.real + y.imaginary * g.imaginary + product.real + product.real) * unit;
-    const Magnitude imaginary =
-        distance.imaginary + y.real * slopeRadii.imaginary + y.imaginary * slopeRadii.real +
-        (y.real * g.imaginary + y.imaginary * g.real + product.imaginary + product.imaginary) *
-            unit;
-    const Magnitude margin = MakeMagnitude(1 + MagnitudeMargin);
-    const PartSizes& f = around.value;
-    const PartRadii before = radii;
-    radii.real = (y.real * f.real + y.imaginary * f.imaginary + real * before.real +
-                  imaginary * before.imaginary) *
-                 margin;
-    radii.imaginary = (y.real * f.imaginary + y.imaginary * f.real + real * before.imaginary +
-                       imaginary * before.real) *
-                      margin;
+    const PartSizes rest = PartSizesOf(product) + y * derivativeRadii + roundings;
+    radii = (y * around.value + rest * radii) * MakeMagnitude(1 + MagnitudeMargin);
     return true;
 }
 
-bool IsInside(const PartRadii& a, const PartRadii& b) {
+bool IsInside(PartSizes a, PartSizes b) {
     return a.real < b.real && a.imaginary < b.imaginary;
+}
+
+// The smaller one of both, part by part.
+PartSizes Smaller(PartSizes a, PartSizes b) {
+    return {a.real < b.real ? a.real : b.real,
+            a.imaginary < b.imaginary ? a.imaginary : b.imaginary};
 }
 
 // True when one part can still become smaller: it did, to half at least, and it is not below the
@@ -140,31 +133,14 @@ bool IsWorthMore(Magnitude after, Magnitude before, Magnitude center, int64_t di
     return after * MakeMagnitude(2) < before && !(after < center * MakeMagnitude(1, -digits));
 }
 
-}  // namespace
-
-bool EncloseRoot(RootEnclosure& enclosure, const RootCluster& cluster, const Polynomial& polynomial,
-                 const CoefficientErrors& errors, ZeroParts zeros) {
-    enclosure = {false, {cluster.radius, cluster.radius}, {}};
-    const int64_t m = cluster.multiplicity;
-    Surroundings around{};
-    if (!TakeValue(around.value, cluster, polynomial)) {
-        return false;
-    }
-    const DigitsScope digits(SweepDigits);
-    ScratchStackScope scope;
-    around.slope = TakeDerivative(scope, polynomial, m);
-    for (int64_t i = 0; i <= around.slope.degree; i++) {
-        ComplexNumber* coefficient = around.slope.coefficients[i];
-        ComplexMulUint(coefficient, coefficient, static_cast<uint64_t>(m));
-    }
-    around.center = TakeComplex(scope);
-    ConvertComplex(around.center, cluster.center, cluster.layout);
-    const PartSizes c = SizesOf(around.center);
-    around.centerError = {c.real * UnitOfLayout(), c.imaginary * UnitOfLayout()};
-    ComplexNumber* inverse = TakeComplex(scope);
-    PartRadii radii = enclosure.radii;
+// Makes the box of the enclosure smaller, as often as that helps; it is proven when it did once.
+// False after a stop.
+bool ShrinkBox(RootEnclosure& enclosure, ComplexNumber* inverse, const Surroundings& around,
+               int64_t digitsOfCenter, ZeroParts zeros) {
+    const PartSizes& center = around.centerSizes;
     for (int64_t i = 0; i < MaxContractions; i++) {
-        const PartRadii before = radii;
+        const PartSizes before = enclosure.radii;
+        PartSizes radii = before;
         if (!Contract(radii, inverse, around)) {
             return !StopRequested();
         }
@@ -173,22 +149,39 @@ bool EncloseRoot(RootEnclosure& enclosure, const RootCluster& cluster, const Pol
         }
         enclosure.proven = true;
         // Both boxes hold the root.
-        radii.real = before.real < radii.real ? before.real : radii.real;
-        radii.imaginary = before.imaginary < radii.imaginary ? before.imaginary : radii.imaginary;
+        radii = Smaller(radii, before);
         enclosure.radii = radii;
-        const int64_t digitsOfCenter = cluster.layout.digits;
         const bool more =
-            (!zeros.real && IsWorthMore(radii.real, before.real, c.real, digitsOfCenter)) ||
+            (!zeros.real && IsWorthMore(radii.real, before.real, center.real, digitsOfCenter)) ||
             (!zeros.imaginary &&
-             IsWorthMore(radii.imaginary, before.imaginary, c.imaginary, digitsOfCenter));
+             IsWorthMore(radii.imaginary, before.imaginary, center.imaginary, digitsOfCenter));
         if (!more) {
-            break;
+            return true;
         }
     }
-    if (errors.any) {
-        const PartShifts shifts =
-            FindPartShifts(errors, polynomial.degree, m - 1, around.center, inverse);
-        enclosure.shifts = {shifts.real, shifts.imaginary};
+    return true;
+}
+
+}  // namespace
+
+bool EncloseRoot(RootEnclosure& enclosure, const RootCluster& cluster, const Polynomial& polynomial,
+                 const CoefficientErrors& errors, ZeroParts zeros) {
+    TALLYMERE_REQUIRE(ClusterIsWellFormed(cluster, polynomial) && cluster.isOneRoot);
+    enclosure = {false, {cluster.radius, cluster.radius}, {}};
+    Surroundings around{};
+    if (!BoundValue(around.value, cluster, polynomial)) {
+        return false;
+    }
+    const DigitsScope digits(SweepDigits);
+    ScratchStackScope scope;
+    SetSurroundings(scope, around, cluster, polynomial);
+    ComplexNumber* inverse = TakeComplex(scope);
+    if (!ShrinkBox(enclosure, inverse, around, cluster.layout.digits, zeros)) {
+        return false;
+    }
+    if (enclosure.proven && errors.any) {
+        enclosure.shifts = FindPartShifts(errors, polynomial.degree, cluster.multiplicity - 1,
+                                          around.center, inverse);
     }
     return true;
 }

@@ -10,17 +10,11 @@
 
 namespace tallymere {
 
-/// How far the parts of a root may lie from those of the centre of its cluster.
-struct PartRadii {
-    Magnitude real;
-    Magnitude imaginary;
-};
-
 /// What EncloseRoot found.
 struct RootEnclosure {
-    bool proven;  ///< the radii are those of a box that holds the root; else those of the disc
-    PartRadii radii;
-    PartRadii shifts;  ///< how far the errors of the coefficients may move the root
+    bool proven;       ///< the radii are those of a box that holds the root; else those of the disc
+    PartSizes radii;   ///< how far the parts of the root may lie from those of the centre
+    PartSizes shifts;  ///< how far the errors of the coefficients may move the root
 };
 
 /// Which parts of a root are known to be 0.
@@ -29,9 +23,9 @@ struct ZeroParts {
     bool imaginary;
 };
 
-/// Encloses the root of a cluster that is one root, from its disc, so closely as the digits of the
-/// centre allow; the radius of a part that is known to be 0 need not be small. False when a stop
-/// was requested.
+/// Encloses the root of a cluster, whose roots are equal or taken as such, from its disc, so
+/// closely as the digits of the centre allow; the radius of a part that is known to be 0 need not
+/// be small. False when a stop was requested.
 bool EncloseRoot(RootEnclosure& enclosure, const RootCluster& cluster, const Polynomial& polynomial,
                  const CoefficientErrors& errors, ZeroParts zeros);
 

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "core/contract.h"
 #include "core/real_compare.h"
 
 namespace tallymere {
@@ -38,6 +39,15 @@ bool ComesBefore(const ComplexNumber* a, const ComplexNumber* b) {
         return byMagnitude < 0;
     }
     return RealSign(ImaginaryPart(a)) > RealSign(ImaginaryPart(b));
+}
+
+bool RootsAreInOrder(const SolutionSet& solutions) {
+    for (int64_t i = 1; i < solutions.count; i++) {
+        if (ComesBefore(solutions.values[i], solutions.values[i - 1])) {
+            return false;
+        }
+    }
+    return true;
 }
 
 bool AreEqual(const ComplexNumber* a, const ComplexNumber* b) {
@@ -75,6 +85,7 @@ bool SolutionSetIsWellFormed(const SolutionSet& solutions) {
 }
 
 void SortRoots(SolutionSet& solutions) {
+    TALLYMERE_REQUIRE(SolutionSetIsWellFormed(solutions));
     for (int64_t end = solutions.count; end > 1; end--) {
         for (int64_t i = 1; i < end; i++) {
             if (ComesBefore(solutions.values[i], solutions.values[i - 1])) {
@@ -85,6 +96,7 @@ void SortRoots(SolutionSet& solutions) {
 }
 
 void MergeEqualRoots(SolutionSet& solutions) {
+    TALLYMERE_REQUIRE(SolutionSetIsWellFormed(solutions) && RootsAreInOrder(solutions));
     int64_t count = 0;
     for (int64_t i = 0; i < solutions.count; i++) {
         const int64_t same = FindSameRoot(solutions, count, i);
@@ -99,8 +111,23 @@ void MergeEqualRoots(SolutionSet& solutions) {
 }
 
 void DropNonRealRoots(SolutionSet& solutions) {
+    TALLYMERE_REQUIRE(SolutionSetIsWellFormed(solutions) && RootsAreInOrder(solutions));
     while (solutions.count > 0 && !ComplexIsReal(solutions.values[solutions.count - 1])) {
         solutions.count--;
+    }
+}
+
+void FinishSolutions(SolutionSet& solutions, RootOutcome outcome, uint32_t flags) {
+    if (outcome != RootOutcome::Found) {
+        solutions.count = -1;
+        return;
+    }
+    SortRoots(solutions);
+    if ((flags & KeepEqualRoots) == 0) {
+        MergeEqualRoots(solutions);
+    }
+    if ((flags & KeepRealRootsOnly) != 0) {
+        DropNonRealRoots(solutions);
     }
 }
 

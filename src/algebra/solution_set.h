@@ -65,4 +65,8 @@ void MergeEqualRoots(SolutionSet& solutions);
 /// order.
 void DropNonRealRoots(SolutionSet& solutions);
 
+/// What every solver ends with: the count becomes -1, unless the outcome is Found; then the entries
+/// are brought into order, and merged and left out as the flags say.
+void FinishSolutions(SolutionSet& solutions, RootOutcome outcome, uint32_t flags);
+
 }  // namespace tallymere

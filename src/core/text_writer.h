@@ -2,8 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 namespace tallymere {
+
+/// The last character of a text that did not fit and was cut.
+inline constexpr char16_t Ellipsis = u'\u2026';
 
 /// position <= capacity while all fits; position == capacity + 1 marks an overflow, after which
 /// nothing more is written. The capacity does not count the 0 that ends a text: where one is asked
@@ -27,8 +31,11 @@ inline bool WriterOverflowed(const TextWriter& writer) {
 /// Appends one character.
 void WriteChar(TextWriter& writer, char16_t c);
 
-/// Appends `count` characters, all or nothing.
+/// Appends `count` characters, or those of a view, all or nothing.
 void WriteChars(TextWriter& writer, const char16_t* text, int64_t count);
+inline void WriteChars(TextWriter& writer, std::u16string_view text) {
+    WriteChars(writer, text.data(), static_cast<int64_t>(text.size()));
+}
 
 /// Appends `count` times the same character, all or nothing.
 void WriteRepeated(TextWriter& writer, char16_t c, int64_t count);

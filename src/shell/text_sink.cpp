@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "core/text_writer.h"
+
 namespace tallymere {
 
 void SinkChar(TextSink& sink, char16_t c) {

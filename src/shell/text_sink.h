@@ -6,9 +6,6 @@
 
 namespace tallymere {
 
-/// The last character of a text that did not fit.
-inline constexpr char16_t Ellipsis = u'\u2026';
-
 /// Characters beyond the capacity are counted and not stored. So count > capacity means an
 /// overflow. A sink of capacity 0 only counts; its text may be null.
 struct TextSink {

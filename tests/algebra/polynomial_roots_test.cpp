@@ -237,24 +237,24 @@ TEST_F(PolynomialRoots, RefuseWhatNobodyShouldAskFor) {
     const PrecisionScope scope(20);
     const ComplexBuffer one("1 0");
     CoefficientList list{2, {one, one, one}};
-    SolutionRoom room;
-    EXPECT_EQ(SolvePolynomial(room.Set(), list, 21, 0), RootOutcome::Internal);
-    EXPECT_EQ(room.Set().count, -1);
-    EXPECT_EQ(SolvePolynomial(room.Set(), list, 0, 0), RootOutcome::Internal);
-    EXPECT_EQ(SolvePolynomial(room.Set(), list, 20, 0), RootOutcome::Found);
+    SolutionBuffer solutions;
+    EXPECT_EQ(SolvePolynomial(solutions.Set(), list, 21, 0), RootOutcome::Internal);
+    EXPECT_EQ(solutions.Set().count, -1);
+    EXPECT_EQ(SolvePolynomial(solutions.Set(), list, 0, 0), RootOutcome::Internal);
+    EXPECT_EQ(SolvePolynomial(solutions.Set(), list, 20, 0), RootOutcome::Found);
     list.degree = 11;
-    EXPECT_EQ(SolvePolynomial(room.Set(), list, 10, 0), RootOutcome::Internal);
+    EXPECT_EQ(SolvePolynomial(solutions.Set(), list, 10, 0), RootOutcome::Internal);
     list.degree = -1;
-    EXPECT_EQ(SolvePolynomial(room.Set(), list, 10, 0), RootOutcome::Internal);
+    EXPECT_EQ(SolvePolynomial(solutions.Set(), list, 10, 0), RootOutcome::Internal);
 }
 
 TEST_F(PolynomialRoots, RefuseMoreWorkingDigitsThanThereAre) {
     const PrecisionScope scope(5'000);
     const ComplexBuffer one("1 0");
     const CoefficientList list{2, {one, one, one}};
-    SolutionRoom room;
-    EXPECT_EQ(SolvePolynomial(room.Set(), list, 4'821, 0), RootOutcome::Internal);
-    EXPECT_EQ(SolvePolynomial(room.Set(), list, 4'820, 0), RootOutcome::Found);
+    SolutionBuffer solutions;
+    EXPECT_EQ(SolvePolynomial(solutions.Set(), list, 4'821, 0), RootOutcome::Internal);
+    EXPECT_EQ(SolvePolynomial(solutions.Set(), list, 4'820, 0), RootOutcome::Found);
 }
 
 TEST_F(PolynomialRoots, OfCoefficientsWithoutAValueAreNone) {
@@ -277,18 +277,18 @@ TEST_F(PolynomialRoots, LeaveTheContextAsItWas) {
     const ComplexBuffer one("1 0");
     const ComplexBuffer three("3 0");
     const CoefficientList list{2, {one, three, three}};
-    SolutionRoom room;
+    SolutionBuffer solutions;
     for (const CalcError noted : {CalcErrorNone, CalcErrorSyntax}) {
         numberContext.calcError = noted;
-        EXPECT_EQ(SolvePolynomial(room.Set(), list, 20, 0), RootOutcome::Found);
+        EXPECT_EQ(SolvePolynomial(solutions.Set(), list, 20, 0), RootOutcome::Found);
         EXPECT_EQ(TakeCode(), noted);
         EXPECT_EQ(numberContext.precisionDigits, 60);
     }
     // Written in the layout that was in force, with empty texts.
-    EXPECT_EQ(room.Texts(),
+    EXPECT_EQ(solutions.Texts(),
               (Texts{"-5e-1 -2.8867513459481288225e-1", "-5e-1 2.8867513459481288225e-1"}));
-    EXPECT_EQ(room.Set().exactTexts[0][0], 0);
-    EXPECT_EQ(room.Set().exactTexts[9][0], 0);
+    EXPECT_EQ(solutions.Set().exactTexts[0][0], 0);
+    EXPECT_EQ(solutions.Set().exactTexts[9][0], 0);
 }
 
 // What a run must leave as it was.
@@ -320,16 +320,16 @@ TEST_F(PolynomialRoots, LeaveTheContextAsItWasWithoutAResult) {
     };
     for (const auto& failing : cases) {
         for (const CalcError noted : {CalcErrorNone, CalcErrorSyntax}) {
-            SolutionRoom room;
+            SolutionBuffer solutions;
             const ContextState before;
             numberContext.calcError = noted;
             if (failing.stops) {
                 RequestStop();
             }
-            EXPECT_EQ(SolvePolynomial(room.Set(), failing.list, 10, 0), failing.outcome);
+            EXPECT_EQ(SolvePolynomial(solutions.Set(), failing.list, 10, 0), failing.outcome);
             ClearStopRequest();
             EXPECT_EQ(TakeCode(), noted);
-            EXPECT_EQ(room.Set().count, -1);
+            EXPECT_EQ(solutions.Set().count, -1);
             EXPECT_TRUE(ContextState() == before);
         }
     }
@@ -362,20 +362,20 @@ TEST_F(PolynomialRoots, StopInTheMidst) {
     const ComplexBuffer a2("-2e100 0");
     // x^10 - 2 (10^50 x - 1)^2: two roots are very near to each other.
     const CoefficientList list{10, {a0, a1, a2, zero, zero, zero, zero, zero, zero, zero, one}};
-    SolutionRoom room;
+    SolutionBuffer solutions;
     const ContextState before;
     const auto begin = std::chrono::steady_clock::now();
-    ASSERT_EQ(SolvePolynomial(room.Set(), list, Digits, 0), RootOutcome::Found);
+    ASSERT_EQ(SolvePolynomial(solutions.Set(), list, Digits, 0), RootOutcome::Found);
     const auto whole = std::chrono::steady_clock::now() - begin;
     for (int eighths = 1; eighths < 8; eighths++) {
         // A run that is faster than the first one may end before its stop.
         constexpr int Attempts = 20;
         RootOutcome outcome = RootOutcome::Found;
         for (int i = 0; i < Attempts && outcome == RootOutcome::Found; i++) {
-            outcome = SolveWithStop(room.Set(), list, Digits, whole * eighths / 8);
+            outcome = SolveWithStop(solutions.Set(), list, Digits, whole * eighths / 8);
         }
         EXPECT_EQ(outcome, RootOutcome::Stopped) << eighths;
-        EXPECT_EQ(room.Set().count, -1);
+        EXPECT_EQ(solutions.Set().count, -1);
         EXPECT_EQ(TakeCode(), CalcErrorNone);
         EXPECT_TRUE(ContextState() == before);
     }

@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "algebra/center_refinement.h"
 #include "algebra/exponent_scaling.h"
 #include "algebra/newton_polygon.h"
 #include "algebra/root_enclosure.h"
@@ -161,12 +162,12 @@ TEST_F(RootSteps, CoefficientsThatGoOnHaveErrors) {
 TEST_F(RootSteps, HearAStopEach) {
     const Polynomial polynomial = Make({"1", "-2", "3"});
     const CoefficientErrors errors = FindCoefficientErrors(polynomial, {SweepDigits, SweepDigits});
-    RootFrame frame{polynomial, {}, 2};
+    RootProblem problem{polynomial, {}, 2};
     ComplexBuffer first("1 1");
     ComplexBuffer second("1 -1");
     ComplexNumber* roots[] = {first, second};
     ComplexBuffer centers[2];
-    RootGroup groups[] = {{centers[0], {}, 0}, {centers[1], {}, 0}};
+    RootDisc discs[] = {{centers[0], {}, 0}, {centers[1], {}, 0}};
     std::vector<uint64_t> room(2'000);
     ComplexCopy(ComplexAt(room.data()), first);
     RootCluster cluster{ComplexAt(room.data()), CurrentRealLayout(), MakeMagnitude(1), 1, true};
@@ -177,8 +178,8 @@ TEST_F(RootSteps, HearAStopEach) {
             RequestStop();
         }
         EXPECT_EQ(EvaluatePolynomial(value, nullptr, polynomial, first), !stops);
-        EXPECT_EQ(IterateRoots(roots, frame), !stops);
-        EXPECT_EQ(GroupRoots(groups, roots, frame) < 0, stops);
+        EXPECT_EQ(IterateRoots(roots, problem), !stops);
+        EXPECT_EQ(FindDiscs(discs, roots, problem) < 0, stops);
         EXPECT_EQ(RefineCenter(cluster, polynomial, SweepDigits), !stops);
         EXPECT_EQ(EncloseRoot(enclosure, cluster, polynomial, errors, {false, false}), !stops);
         EXPECT_EQ(TightenDisc(cluster, polynomial), !stops);

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "shell/text_sink.h"
+#include "core/text_writer.h"
 #include "shell/ui_error.h"
 
 namespace tallymere {

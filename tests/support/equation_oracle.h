@@ -18,7 +18,7 @@ std::vector<std::string> CoefficientsByPari(const std::string& polynomial, int64
 std::string PolynomialText(const std::vector<std::string>& coefficients);
 
 /// The roots, each as often as its multiplicity says, both parts rounded to so many digits, in the
-/// form of SolutionRoom::Texts and in the order of texts. PARI works with `working` digits, and
+/// form of SolutionBuffer::Texts and in the order of texts. PARI works with `working` digits, and
 /// what is smaller than 10^(20 - working) beside the other part is 0.
 std::vector<std::string> RootsByPari(const std::string& polynomial, int64_t digits,
                                      int64_t working);

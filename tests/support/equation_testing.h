@@ -18,15 +18,33 @@ public:
     ScratchStackOwner& operator=(const ScratchStackOwner&) = delete;
 };
 
-/// Room for the roots of one equation, in the layout in force at its making.
-class SolutionRoom {
+/// The roots of one equation with memory for MaxEquationDegree of them, in the layout in force at
+/// its making. The test fails where a text is written beyond its end.
+class SolutionBuffer {
 public:
-    SolutionRoom();
-    SolutionSet& Set() { return set_; }
+    /// No roots, and junk for texts.
+    SolutionBuffer();
+    /// Roots with these values, in the form of ComplexBuffer, and without texts.
+    explicit SolutionBuffer(const std::vector<std::string>& values);
+    ~SolutionBuffer();
+    SolutionBuffer(const SolutionBuffer&) = delete;
+    SolutionBuffer& operator=(const SolutionBuffer&) = delete;
 
-    /// "-1e0 0" for each entry, with " [2]" behind it where the multiplicity is not 1. Fails the
+    operator SolutionSet&() { return set_; }
+    SolutionSet& Set() { return set_; }
+    int64_t Count() const { return set_.count; }
+    int64_t Multiplicity(int64_t i) const { return set_.multiplicities[i]; }
+    const ComplexNumber* Value(int64_t i) const { return set_.values[i]; }
+
+    /// The exact text, as plain text.
+    std::string Text(int64_t i) const;
+
+    /// "-1e0 0" for each root, with " [2]" behind it where the multiplicity is not 1. Fails the
     /// test on a malformed record.
     std::vector<std::string> Texts() const;
+
+    /// The same with the exact text in front: "-1 = -1e0 0".
+    std::vector<std::string> Lines() const;
 
 private:
     std::vector<ComplexBuffer> values_;

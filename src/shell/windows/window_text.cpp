@@ -1,6 +1,6 @@
 #include "shell/windows/window_text.h"
 
-#include "shell/text_sink.h"
+#include "core/text_writer.h"
 #include "toolkit/wide_text.h"
 
 namespace tallymere {

@@ -1,9 +1,10 @@
-#include "algebra/root_groups.h"
+#include "algebra/root_discs.h"
 
 #include <bit>
 #include <utility>
 
 #include "core/complex_arithmetic.h"
+#include "core/contract.h"
 
 namespace tallymere {
 
@@ -13,8 +14,8 @@ namespace {
 // each of them would equal it, since 1/3 + 1/9 + ... is one half.
 constexpr double RadiusFactor = 3.01;
 
-// Approximations that are looked at together.
-struct Draft {
+// Approximations that may be those of one disc.
+struct Candidate {
     uint32_t members;  // bits
     bool tested;
     bool proven;
@@ -24,55 +25,55 @@ int64_t CountMembers(uint32_t members) {
     return std::popcount(members);
 }
 
-void SetMean(RootGroup& group, ComplexNumber* const* roots, uint32_t members) {
-    ComplexSetZero(group.center, 0);
+void SetMean(RootDisc& disc, ComplexNumber* const* roots, uint32_t members) {
+    ComplexSetZero(disc.center, 0);
     for (int64_t i = 0; i < MaxEquationDegree; i++) {
         if ((members >> i & 1) != 0) {
-            ComplexAdd(group.center, group.center, roots[i]);
+            ComplexAdd(disc.center, disc.center, roots[i]);
         }
     }
-    group.count = CountMembers(members);
-    ComplexDivUint(group.center, group.center, static_cast<uint64_t>(group.count));
+    disc.count = CountMembers(members);
+    ComplexDivUint(disc.center, disc.center, static_cast<uint64_t>(disc.count));
 }
 
-// Looks for a disc around the group's centre. False when a stop was requested.
-bool TestGroup(RootGroup& group, bool* proven, const RootFrame& frame) {
+// Looks for a radius around the centre of a disc. False when a stop was requested.
+bool ProveDisc(RootDisc& disc, bool* proven, const RootProblem& problem) {
     ScratchStackScope scope;
-    const int64_t degree = frame.polynomial.degree;
-    Polynomial expansion = CopyPolynomial(scope, frame.polynomial);
-    if (!ExpandAround(expansion, group.center)) {
+    const int64_t degree = problem.polynomial.degree;
+    Polynomial expansion = CopyPolynomial(scope, problem.polynomial);
+    if (!ExpandAround(expansion, disc.center)) {
         return false;
     }
     Magnitude errors[MaxEquationDegree + 1];
     Magnitude sizes[MaxEquationDegree + 1];
     for (int64_t i = 0; i <= degree; i++) {
-        errors[i] = frame.errors[i];
+        errors[i] = problem.errors[i];
     }
-    ExpandSizes(errors, degree, MagnitudeOf(group.center));
-    TakeSizes(sizes, expansion);
-    const Magnitude outweighing = Excess(sizes[group.count], errors[group.count]);
+    ExpandSizes(errors, degree, MagnitudeOf(disc.center));
+    FindSizes(sizes, expansion);
+    const Magnitude outweighing = Excess(sizes[disc.count], errors[disc.count]);
     for (int64_t i = 0; i <= degree; i++) {
         sizes[i] = sizes[i] + errors[i];
     }
-    *proven = FindPelletRadius(&group.radius, sizes, outweighing, degree, group.count);
+    *proven = FindPelletRadius(&disc.radius, sizes, outweighing, degree, disc.count);
     return true;
 }
 
-Magnitude DistanceOf(const RootGroup& a, const RootGroup& b) {
+Magnitude DistanceOf(const RootDisc& a, const RootDisc& b) {
     ScratchStackScope scope;
     ComplexNumber* difference = TakeComplex(scope);
     ComplexSub(difference, a.center, b.center);
     return MagnitudeOf(difference);
 }
 
-int64_t NearestGroup(const RootGroup* groups, int64_t count, int64_t k) {
+int64_t FindNearest(const RootDisc* discs, int64_t count, int64_t k) {
     int64_t nearest = -1;
     Magnitude least;
     for (int64_t i = 0; i < count; i++) {
         if (i == k) {
             continue;
         }
-        const Magnitude distance = DistanceOf(groups[i], groups[k]);
+        const Magnitude distance = DistanceOf(discs[i], discs[k]);
         if (nearest < 0 || distance < least) {
             nearest = i;
             least = distance;
@@ -81,15 +82,14 @@ int64_t NearestGroup(const RootGroup* groups, int64_t count, int64_t k) {
     return nearest;
 }
 
-// The first group that has no disc of its own, or -1.
-int64_t FindUnproven(const RootGroup* groups, const Draft* drafts, int64_t count) {
+// The first disc that is not proven, or meets another one; or -1.
+int64_t FindUnproven(const RootDisc* discs, const Candidate* candidates, int64_t count) {
     for (int64_t i = 0; i < count; i++) {
-        if (!drafts[i].proven) {
+        if (!candidates[i].proven) {
             return i;
         }
         for (int64_t j = 0; j < i; j++) {
-            if (!IsSurelyBelow(groups[i].radius + groups[j].radius,
-                               DistanceOf(groups[i], groups[j]))) {
+            if (!IsSurelyBelow(discs[i].radius + discs[j].radius, DistanceOf(discs[i], discs[j]))) {
                 return i;
             }
         }
@@ -101,6 +101,7 @@ int64_t FindUnproven(const RootGroup* groups, const Draft* drafts, int64_t count
 
 bool FindPelletRadius(Magnitude* radius, const Magnitude* sizes, Magnitude outweighing,
                       int64_t degree, int64_t count) {
+    TALLYMERE_REQUIRE(count >= 0 && count <= degree && degree <= MaxEquationDegree);
     if (IsZero(outweighing)) {
         return false;
     }
@@ -123,39 +124,41 @@ bool FindPelletRadius(Magnitude* radius, const Magnitude* sizes, Magnitude outwe
     return IsSurelyBelow(others, term);
 }
 
-int64_t GroupRoots(RootGroup* groups, ComplexNumber* const* roots, const RootFrame& frame) {
-    Draft drafts[MaxEquationDegree];
-    int64_t count = frame.count;
+int64_t FindDiscs(RootDisc* discs, ComplexNumber* const* roots, const RootProblem& problem) {
+    TALLYMERE_REQUIRE(ProblemIsWellFormed(problem));
+    Candidate candidates[MaxEquationDegree];
+    int64_t count = problem.count;
     for (int64_t i = 0; i < count; i++) {
-        drafts[i] = {uint32_t{1} << i, false, false};
+        candidates[i] = {uint32_t{1} << i, false, false};
     }
     for (;;) {
         for (int64_t i = 0; i < count; i++) {
-            if (drafts[i].tested) {
+            if (candidates[i].tested) {
                 continue;
             }
-            SetMean(groups[i], roots, drafts[i].members);
-            if (!TestGroup(groups[i], &drafts[i].proven, frame)) {
+            SetMean(discs[i], roots, candidates[i].members);
+            if (!ProveDisc(discs[i], &candidates[i].proven, problem)) {
                 return -1;
             }
-            drafts[i].tested = true;
+            candidates[i].tested = true;
         }
-        const int64_t unproven = FindUnproven(groups, drafts, count);
+        const int64_t unproven = FindUnproven(discs, candidates, count);
         if (unproven < 0) {
             return count;
         }
         if (count == 1) {
-            groups[0].radius = {};
+            discs[0].radius = {};
             return 1;
         }
-        const int64_t nearest = NearestGroup(groups, count, unproven);
-        drafts[nearest] = {drafts[nearest].members | drafts[unproven].members, false, false};
+        const int64_t nearest = FindNearest(discs, count, unproven);
+        candidates[nearest] = {candidates[nearest].members | candidates[unproven].members, false,
+                               false};
         count--;
-        std::swap(groups[unproven], groups[count]);
-        drafts[unproven] = drafts[count];
+        std::swap(discs[unproven], discs[count]);
+        candidates[unproven] = candidates[count];
         if (nearest == count) {
-            // The united group was the last one and lies in the free place now.
-            drafts[unproven].tested = false;
+            // The united one was the last one and lies in the free place now.
+            candidates[unproven].tested = false;
         }
     }
 }
