@@ -16,7 +16,8 @@ namespace tallymere {
 /// Each root that is a fraction has its exact text. If what is left when these are divided out has
 /// degree 2, its roots have a text as well (exact_root_text.h). All other roots have their value
 /// alone, and so has a root for which a number on the way does not fit the width. Values beside a
-/// text are rounded from the exact root.
+/// text are rounded from the exact root. Real roots whose values are equal stand in the order of
+/// their texts' meaning; where only one of them has a text, the order is left open.
 ///
 /// The outcomes are those of SolvePolynomial, and TextOverflow. Except after Found, the count is
 /// -1. CalcError is as SolvePolynomial leaves it. The stop request is heard as SolvePolynomial and

@@ -98,7 +98,29 @@ TEST_F(ExactRoots, CoefficientsThatAreTooLargeLeaveTheValues) {
 
 TEST_F(ExactRoots, RootsWithDifferentTextsStayApartThoughTheirDigitsAreEqual) {
     EXPECT_EQ(Solve({"1000000000000", "-2000000000001", "1000000000001"}),
-              Lines({"1000000000001/1000000000000 = 1e0 0", "1 = 1e0 0"}));
+              Lines({"1 = 1e0 0", "1000000000001/1000000000000 = 1e0 0"}));
+}
+
+// The digits do not tell which of them is the smaller one.
+TEST_F(ExactRoots, RootsWithEqualDigitsAreInOrderToo) {
+    // x^2 - 2 10^12 x + 10^24 - 2, and its negative.
+    const std::string first = "1000000000000-sqrt(2) = 1e12 0";
+    const std::string second = "1000000000000+sqrt(2) = 1e12 0";
+    EXPECT_EQ(Solve({"1", "-2000000000000", "999999999999999999999998"}), Lines({first, second}));
+    EXPECT_EQ(Solve({"-1", "2000000000000", "-999999999999999999999998"}), Lines({first, second}));
+    // The same times x - 10^12.
+    EXPECT_EQ(Solve({"1", "-3000000000000", "2999999999999999999999998",
+                     "-999999999999999999999998000000000000"}),
+              Lines({first, "1000000000000 = 1e12 0", second}));
+    // Fractions, one of them a double root.
+    EXPECT_EQ(
+        Solve({"1", "-3000000000003", "3000000000008999999999999",
+               "-1000000000008999999999998999999999997", "2999999999999999999999997000000000000"}),
+        Lines({"3 = 3e0 0", "999999999999 = 1e12 0", "1000000000000 = 1e12 0",
+               "1000000000001 = 1e12 0"}));
+    EXPECT_EQ(Solve({"1", "-3000000000001", "3000000000002000000000000",
+                     "-1000000000001000000000000000000000000"}),
+              Lines({"1000000000000 = 1e12 0 [2]", "1000000000001 = 1e12 0"}));
 }
 
 // (x - 1)^2 (x - 1000001/1000000)^2.
