@@ -1,0 +1,109 @@
+#include "algebra_pages/csv_text.h"
+
+#include <algorithm>
+
+#include "core/contract.h"
+#include "shell/text_sink.h"
+
+namespace tallymere {
+
+namespace {
+
+constexpr uint8_t Separator = ';';
+constexpr uint8_t LineFeed = '\n';
+constexpr uint8_t CarriageReturn = '\r';
+
+// Of the first line only the separators count: what the columns are called means nothing.
+void ReadFirstLine(CsvReader& reader, uint8_t byte) {
+    if (byte == LineFeed) {
+        if (reader.separators < MinEquationCount || reader.separators > MaxEquationCount) {
+            reader.progress = CsvProgress::WrongCount;
+            return;
+        }
+        reader.progress = CsvProgress::Cells;
+        reader.receiver.takeCount(reader.receiver.context, static_cast<int32_t>(reader.separators));
+        return;
+    }
+    reader.separators += byte == Separator ? 1 : 0;
+    reader.firstLineBytes++;
+    if (reader.firstLineBytes > CsvFirstLineBytes) {
+        reader.progress = CsvProgress::WrongCount;
+    }
+}
+
+// Cells behind the right side go to the columns that the grid does not show. They show up there
+// when a user raises the count of equations. None of them takes the place of the right side.
+void HandOverCell(CsvReader& reader) {
+    const auto count = static_cast<int32_t>(reader.separators);
+    if (reader.column <= count || reader.column < RightSideColumn) {
+        reader.cell[reader.length] = 0;
+        reader.receiver.takeCell(reader.receiver.context, reader.row,
+                                 GridColumnOfSystem(reader.column, count), reader.cell);
+    }
+    reader.length = 0;
+}
+
+void ReadCellByte(CsvReader& reader, uint8_t byte) {
+    switch (byte) {
+        case CarriageReturn:
+            return;
+        case Separator:
+            HandOverCell(reader);
+            reader.column = std::min(reader.column + 1, SystemColumnCount);
+            return;
+        case LineFeed:
+            HandOverCell(reader);
+            reader.column = 0;
+            reader.row++;
+            if (reader.row == reader.separators) {
+                reader.progress = CsvProgress::Complete;
+            }
+            return;
+        default:
+            break;
+    }
+    if (reader.length < CoefficientCharacters) {
+        reader.cell[reader.length] = byte;
+        reader.length++;
+    } else {
+        reader.cell[CoefficientCharacters - 1] = Ellipsis;
+    }
+}
+
+}  // namespace
+
+CsvProgress ReadCsvBytes(CsvReader& reader, const uint8_t* bytes, int64_t count) {
+    TALLYMERE_REQUIRE(count >= 0);
+    for (int64_t i = 0; i < count; i++) {
+        switch (reader.progress) {
+            case CsvProgress::FirstLine:
+                ReadFirstLine(reader, bytes[i]);
+                break;
+            case CsvProgress::Cells:
+                ReadCellByte(reader, bytes[i]);
+                break;
+            case CsvProgress::Complete:
+            case CsvProgress::WrongCount:
+                return reader.progress;
+        }
+    }
+    return reader.progress;
+}
+
+int64_t WriteCsvCell(uint8_t* bytes, std::u16string_view text, bool endsLine) {
+    constexpr char16_t FirstOther = 128;
+    int64_t written = 0;
+    for (const char16_t c : text) {
+        bytes[written] = c < FirstOther ? static_cast<uint8_t>(c) : uint8_t{'?'};
+        written++;
+    }
+    if (endsLine) {
+        bytes[written] = CarriageReturn;
+        bytes[written + 1] = LineFeed;
+        return written + 2;
+    }
+    bytes[written] = Separator;
+    return written + 1;
+}
+
+}  // namespace tallymere
