@@ -1,0 +1,88 @@
+// Systems of n linear equations in n unknowns, over any number type that divides.
+//
+// SolveLinearSystem eliminates with partial pivoting and substitutes back. Two of its rules decide
+// what a user sees, and both are kept as they are:
+// - A pivot is looked for in its own column alone. Where a column has none, the next column goes on
+//   with the next row, so a row with a zero on the diagonal may keep entries to the right of it.
+//   Such a row is judged by itself: unless nothing is left of it, it counts as a contradiction,
+//   even where some choice of the parameters would satisfy it. The rows (0 1 0 | 1), (0 0 0 | 0),
+//   (0 0 0 | 0) are unsolvable, although x2 = 1 satisfies them.
+// - What is below 10^-digits is 0, whatever the size of the coefficients. So a system with large
+//   coefficients may need more digits than those asked for, and one with small ones may seem to
+//   have fewer equations.
+#pragma once
+
+#include <cstdint>
+
+#include "core/real_number.h"
+#include "core/scratch.h"
+
+namespace tallymere {
+
+/// How many unknowns a system may have, and a parameter for each of them.
+inline constexpr int64_t MinUnknowns = 2;
+inline constexpr int64_t MaxUnknowns = 25;
+
+/// `count` rows of count + 1 values of the number type in force, one behind the other in memory.
+/// The last value of a row is the right side.
+struct LinearSystem {
+    int64_t count;  ///< MinUnknowns to MaxUnknowns
+    uint64_t* rows[MaxUnknowns];
+    int64_t valueWords;
+};
+
+/// The unknowns, each an array of count + 1 values. Value 0 is the constant, value k the
+/// coefficient of parameter k, from 1 to parameterCount. The parameter that belongs to the unknown
+/// of the highest index is the first.
+struct LinearSolution {
+    int64_t count;
+    int64_t parameterCount;
+    uint64_t* unknowns[MaxUnknowns];
+    int64_t valueWords;
+};
+
+enum class LinearOutcome {
+    Solved,
+    Unsolvable,  ///< a contradiction; the unknowns mean nothing
+    Failed,      ///< a CalcError is noted; the unknowns mean nothing
+    Stopped,     ///< a stop is asked for; likewise
+};
+
+/// Takes the memory of a system, or of a solution, for the number type and the layout in force.
+/// Values of a system are 0. 2 * 25 * 26 values are taken at most.
+LinearSystem TakeLinearSystem(ScratchArea& area, int64_t count);
+LinearSolution TakeLinearSolution(ScratchArea& area, int64_t count);
+
+/// The value in a row, and that of an unknown.
+inline uint64_t* SystemValue(const LinearSystem& system, int64_t row, int64_t column) {
+    return system.rows[row] + column * system.valueWords;
+}
+inline uint64_t* SolutionValue(const LinearSolution& solution, int64_t unknown, int64_t index) {
+    return solution.unknowns[unknown] + index * solution.valueWords;
+}
+
+/// The digits that a layout needs beyond those asked for, so that values which differ by rounding
+/// errors alone are taken for equal. See SolveLinearSystem.
+inline constexpr int64_t RoundingNoiseDigits = 19;
+
+/// Finds the unknowns. The system is overwritten, and its rows may change places. `digits`, from 1
+/// on, counts for types that round: it says what is taken for 0, and what the unknowns are rounded
+/// to. Fractions are exact.
+///
+/// Every step rounds to the precision in force. Where this is 2 * RoundingNoiseDigits above
+/// `digits` or more, a difference in the last RoundingNoiseDigits digits is taken for a rounding
+/// error: it does not make one candidate larger than another, does not bring a value below
+/// 10^-digits, and does not decide how a tie is rounded. The result is then the one of these steps
+/// in exact arithmetic, rounded once, unless the elimination lost more digits than there are to
+/// spare. Its condition decides that, and no bound is promised here; algebra_pages/system_run.h
+/// tells it by a second run with more digits.
+///
+/// Codes: those of the operations, CalcErrorOverflow among them. uint has no quotients, so that
+/// CalcErrorUnknownType comes with the first one. A code that was noted before is cleared.
+LinearOutcome SolveLinearSystem(LinearSystem& system, LinearSolution& solution, int64_t digits);
+
+/// A value whose magnitude is below epsilon becomes 0; in cplx each part by itself. Exact types
+/// keep their values.
+void SnapToZero(uint64_t* value, const RealNumber* epsilon);
+
+}  // namespace tallymere
