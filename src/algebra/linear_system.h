@@ -14,7 +14,6 @@
 
 #include <cstdint>
 
-#include "core/real_number.h"
 #include "core/scratch.h"
 
 namespace tallymere {
@@ -80,9 +79,5 @@ inline constexpr int64_t RoundingNoiseDigits = 19;
 /// Codes: those of the operations, CalcErrorOverflow among them. uint has no quotients, so that
 /// CalcErrorUnknownType comes with the first one. A code that was noted before is cleared.
 LinearOutcome SolveLinearSystem(LinearSystem& system, LinearSolution& solution, int64_t digits);
-
-/// A value whose magnitude is below epsilon becomes 0; in cplx each part by itself. Exact types
-/// keep their values.
-void SnapToZero(uint64_t* value, const RealNumber* epsilon);
 
 }  // namespace tallymere

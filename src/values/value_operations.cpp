@@ -4,11 +4,14 @@
 
 #include "core/complex_arithmetic.h"
 #include "core/number_context.h"
+#include "core/real_add.h"
 #include "core/real_compare.h"
 #include "core/real_divide.h"
 #include "core/real_integer.h"
+#include "core/real_multiply.h"
 #include "core/real_rounding.h"
 #include "exact/big_uint.h"
+#include "exact/big_uint_multiply.h"
 #include "exact/rational_arithmetic.h"
 #include "functions/complex_modulus.h"
 #include "functions/stored_constants.h"
@@ -42,6 +45,12 @@ bool BigUintToSigned(int64_t* out, const uint64_t* a) {
     const bool fits = BigUintFitsSigned(a);
     *out = fits ? static_cast<int64_t>(a[0]) : 0;
     return fits;
+}
+
+void SnapRealToZero(RealNumber* x, const RealNumber* epsilon) {
+    if (RealCompare(x, epsilon, true) < 0) {
+        RealSetZero(x, 0);
+    }
 }
 
 }  // namespace
@@ -120,6 +129,55 @@ bool ValueIsZero(const uint64_t* a) {
     return false;
 }
 
+bool ValuesAreExact() {
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+        case NumberTypeComplex:
+            return false;
+        case NumberTypeUint:
+        case NumberTypeRational:
+            return true;
+        case NumberTypeNone:
+            break;
+    }
+    SetCalcError(CalcErrorUnknownType);
+    return false;
+}
+
+bool ValueHasTwoParts(const uint64_t* a) {
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+        case NumberTypeUint:
+            return false;
+        case NumberTypeComplex:
+            return !RealIsZero(RealPart(ComplexAt(a))) && !ComplexIsReal(ComplexAt(a));
+        case NumberTypeRational:
+            return !RationalIsInteger(RationalAt(a));
+        case NumberTypeNone:
+            break;
+    }
+    SetCalcError(CalcErrorUnknownType);
+    return false;
+}
+
+void SnapToZero(uint64_t* a, const RealNumber* epsilon) {
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            SnapRealToZero(RealAt(a), epsilon);
+            return;
+        case NumberTypeComplex:
+            SnapRealToZero(RealPart(ComplexAt(a)), epsilon);
+            SnapRealToZero(ImaginaryPart(ComplexAt(a)), epsilon);
+            return;
+        case NumberTypeUint:
+        case NumberTypeRational:
+            return;
+        case NumberTypeNone:
+            break;
+    }
+    SetCalcError(CalcErrorUnknownType);
+}
+
 void ValueAbs(uint64_t* dest, const uint64_t* source) {
     switch (numberContext.numberType) {
         case NumberTypeReal:
@@ -154,6 +212,84 @@ void ValueNegate(uint64_t* dest, const uint64_t* source) {
         case NumberTypeRational:
             RationalCopy(RationalAt(dest), RationalAt(source));
             RationalNegate(RationalAt(dest));
+            return;
+        case NumberTypeUint:
+        case NumberTypeNone:
+            break;
+    }
+    ValueSetUnavailable(dest);
+}
+
+void ValueAdd(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            RealAdd(RealAt(dest), RealAt(a), RealAt(b));
+            return;
+        case NumberTypeComplex:
+            ComplexAdd(ComplexAt(dest), ComplexAt(a), ComplexAt(b));
+            return;
+        case NumberTypeRational:
+            RationalAddSub(RationalAt(dest), RationalAt(a), RationalAt(b), false);
+            return;
+        case NumberTypeUint:
+            BigUintAdd(dest, a, b);
+            return;
+        case NumberTypeNone:
+            break;
+    }
+    ValueSetUnavailable(dest);
+}
+
+void ValueSubtract(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            RealSub(RealAt(dest), RealAt(a), RealAt(b));
+            return;
+        case NumberTypeComplex:
+            ComplexSub(ComplexAt(dest), ComplexAt(a), ComplexAt(b));
+            return;
+        case NumberTypeRational:
+            RationalAddSub(RationalAt(dest), RationalAt(a), RationalAt(b), true);
+            return;
+        case NumberTypeUint:
+            BigUintSub(dest, a, b);
+            return;
+        case NumberTypeNone:
+            break;
+    }
+    ValueSetUnavailable(dest);
+}
+
+void ValueMultiply(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            RealMul(RealAt(dest), RealAt(a), RealAt(b));
+            return;
+        case NumberTypeComplex:
+            ComplexMul(ComplexAt(dest), ComplexAt(a), ComplexAt(b));
+            return;
+        case NumberTypeRational:
+            RationalMulDiv(RationalAt(dest), RationalAt(a), RationalAt(b), false);
+            return;
+        case NumberTypeUint:
+            BigUintMul(dest, a, b);
+            return;
+        case NumberTypeNone:
+            break;
+    }
+    ValueSetUnavailable(dest);
+}
+
+void ValueDivide(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            RealDiv(RealAt(dest), RealAt(a), RealAt(b));
+            return;
+        case NumberTypeComplex:
+            ComplexDiv(ComplexAt(dest), ComplexAt(a), ComplexAt(b));
+            return;
+        case NumberTypeRational:
+            RationalMulDiv(RationalAt(dest), RationalAt(a), RationalAt(b), true);
             return;
         case NumberTypeUint:
         case NumberTypeNone:

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 
+#include "core/real_number.h"
 #include "values/number_text.h"
 
 namespace tallymere {
@@ -32,11 +33,32 @@ int ValueCompareSmall(const uint64_t* a, int64_t k);
 /// True for zero; in cplx when both parts are zero. False for any other type.
 bool ValueIsZero(const uint64_t* a);
 
+/// True for the types without rounding, uint and rat. False for any other type, which notes
+/// CalcErrorUnknownType where it is none.
+bool ValuesAreExact();
+
+/// True when the text of a value is a sum or a quotient, and so needs parentheses as a factor: in
+/// cplx when neither part is zero, in rat when the denominator is not 1. False for any other type.
+bool ValueHasTwoParts(const uint64_t* a);
+
+/// a = 0 where |a| < epsilon; in cplx part by part. Exact types keep their values.
+void SnapToZero(uint64_t* a, const RealNumber* epsilon);
+
 /// dest = |source|, in cplx the modulus.
 void ValueAbs(uint64_t* dest, const uint64_t* source);
 
 /// dest = -source; in cplx both parts. A zero changes its sign too. uint does not have it.
 void ValueNegate(uint64_t* dest, const uint64_t* source);
+
+/// dest = a + b, a - b, a * b; rounded, part by part in cplx, and exact in rat and uint. What does
+/// not fit there is 0 and CalcErrorOverflow.
+void ValueAdd(uint64_t* dest, const uint64_t* a, const uint64_t* b);
+void ValueSubtract(uint64_t* dest, const uint64_t* a, const uint64_t* b);
+void ValueMultiply(uint64_t* dest, const uint64_t* a, const uint64_t* b);
+
+/// dest = a / b, rounded, as RealDiv and ComplexDiv; in rat exact. uint does not have it: a
+/// quotient is no integer.
+void ValueDivide(uint64_t* dest, const uint64_t* a, const uint64_t* b);
 
 /// dest = source / k, rounded; in rat exact. 0/0 is 0 in rat. uint does not have it.
 void ValueDivideSmall(uint64_t* dest, const uint64_t* source, uint64_t k);
