@@ -23,6 +23,7 @@ struct SystemRequest {
     int32_t count;    ///< of equations, MinEquationCount to MaxEquationCount
     NumberType type;  ///< rat, real or cplx
     int64_t digits;   ///< MinSystemDigits to MaxSystemDigits; fractions are exact
+    bool grouped;     ///< with thousands separators, see Settings::groupEquations
     /// Writes the text of a cell and a 0 behind it: row 0 to count - 1, column 0 to count - 1, and
     /// column count for the right side. There is room for CoefficientCharacters + 1 characters and
     /// the 0; a longer text is cut there. A cell may be read more than once.
@@ -30,27 +31,27 @@ struct SystemRequest {
     void* context;
 };
 
-/// Takes the next characters of the result, which end with a 0 and are there during the call alone.
+/// Takes the text of the result, which ends with a 0 and is there during the call alone.
 using TakeSystemText = void (*)(void* context, const char16_t* text);
 
 /// What a request is calculated with at first: so many digits that the rounding errors of the steps
 /// stay behind those asked for.
 NumberSetup SystemNumberSetup(const SystemRequest& request);
 
-/// Reads the coefficients, row by row, and hands over one line for each unknown, which ends with
-/// "\r\n", and what is to be said of parameters; or one line that says that there is no solution.
-/// Runs under number setups of its own, and needs a ScratchStack.
+/// Reads the coefficients, row by row, and hands over the result as one text: a line for each
+/// unknown and what is to be said of parameters, or one line that there is no solution. Lines end
+/// with "\r\n". Runs under number setups of its own, and needs a ScratchStack.
 ///
-/// What fails is pending as a UiError. Nothing is handed over then, but after UiErrorTextOverflow,
-/// which a line raises that is too long. UiErrorEquationCoefficientTooLong and
-/// UiErrorEquationCoefficient come with the equation, the column and the text of the formula's
-/// error; UiErrorCalculation, UiErrorInternal for a wrong count, and UiErrorStopped after a stop.
+/// What fails is pending as a UiError. Nothing is handed over then, but with UiErrorTextOverflow: a
+/// line was too long. UiErrorEquationCoefficientTooLong and UiErrorEquationCoefficient come with
+/// the equation, the column and, the latter, the text of the formula's error. UiErrorCalculation,
+/// UiErrorInternal for a wrong count, UiErrorStopped after a stop.
 ///
-/// Real and complex systems are solved with the digits of SystemNumberSetup and again with more,
-/// until two runs agree in all that is shown, so the digits are right also for systems of bad
-/// condition. algebra/linear_system.h says what is taken for 0. Where no two runs agree, the last
-/// one is shown. An error of the first run is the error of the request; a later run that fails
-/// where the first did not leaves the result as it was.
+/// Real and complex systems are solved with the digits of SystemNumberSetup, and then with more,
+/// until two runs show the same text, which is then right to the last digit, also for systems of
+/// bad condition. algebra/linear_system.h says what is taken for 0. Where no two runs agree, the
+/// text of the last one is handed over. An error of the first run is that of the request; a later
+/// run that fails where the first did not changes nothing.
 void RunSystem(const SystemRequest& request, TakeSystemText take, void* takeContext);
 
 }  // namespace tallymere

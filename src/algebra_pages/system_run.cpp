@@ -1,0 +1,222 @@
+#include "algebra_pages/system_run.h"
+
+#include <iterator>
+#include <string_view>
+#include <utility>
+
+#include "algebra/linear_solution_text.h"
+#include "algebra/linear_system.h"
+#include "algebra/silent_codes.h"
+#include "algebra_pages/coefficient_cell.h"
+#include "core/text_flags.h"
+#include "shell/scratch_text.h"
+#include "shell/text_format.h"
+#include "shell/ui_error.h"
+#include "shell/ui_message.h"
+#include "shell/ui_text.h"
+#include "values/value_operations.h"
+
+namespace tallymere {
+
+static_assert(MinEquationCount == MinUnknowns && MaxEquationCount == MaxUnknowns);
+
+namespace {
+
+// The digits that the runs behind the first one have beyond those of SystemNumberSetup. With the
+// last ones every number that a cell has room for is read with all its digits.
+constexpr int64_t ExtraDigits[] = {38, 114, 266, 570, 1178};
+static_assert(ExtraDigits[std::size(ExtraDigits) - 1] > CoefficientCharacters);
+
+// Characters of the sentence about parameters, in every language.
+constexpr int64_t SentenceCharacters = 200;
+
+enum class RunEnding {
+    Shown,
+    CellNotRead,    // see RunText
+    NotCalculated,  // a CalcError is noted
+    Stopped,
+};
+
+// What one run leaves behind: all of its lines, or the cell that it could not read.
+struct RunText {
+    TextSink text;
+    bool lineWasCut;
+    CellReading reading;
+    int32_t row;
+    int32_t column;
+};
+
+RunText TakeRunText(ScratchScope& scope, int32_t count) {
+    const int64_t capacity = count * SystemLineCharacters + SentenceCharacters;
+    return {{0, capacity, TakeText(scope, capacity)}, false, {}, 0, 0};
+}
+
+std::u16string_view TextOf(const RunText& run) {
+    return {run.text.text, static_cast<size_t>(run.text.count)};
+}
+
+void RaiseUnreadCell(const RunText& run, int32_t count) {
+    const SystemColumnName name = NameOfSystemColumn(GridColumnOfSystem(run.column, count));
+    char16_t equation[4];
+    FormatBounded(equation, std::size(equation) - 1, u"%d", {run.row + 1});
+    if (run.reading.outcome == CellOutcome::TooLong) {
+        SetUiError(UiErrorEquationCoefficientTooLong, equation, name.text);
+        return;
+    }
+    char16_t text[UiErrorArgumentCapacity + 1];
+    FormatFormulaError(text, UiErrorArgumentCapacity, run.reading.error, run.reading.errorPosition);
+    SetUiError(UiErrorEquationCoefficient, equation, name.text, text);
+}
+
+void RaiseEnding(const RunText& run, RunEnding ending, int32_t count) {
+    switch (ending) {
+        case RunEnding::Shown:
+            return;
+        case RunEnding::CellNotRead:
+            RaiseUnreadCell(run, count);
+            return;
+        case RunEnding::NotCalculated:
+            TakeCalcError(UiErrorCalculation);
+            return;
+        case RunEnding::Stopped:
+            SetUiError(UiErrorStopped);
+            return;
+    }
+}
+
+RunEnding ReadSystem(RunText& run, const LinearSystem& system, const SystemRequest& request) {
+    ScratchStackScope scope;
+    char16_t* text = TakeText(scope, CoefficientCharacters + 1);
+    for (run.row = 0; run.row < request.count; run.row++) {
+        for (run.column = 0; run.column <= request.count; run.column++) {
+            request.readCell(request.context, run.row, run.column, text);
+            run.reading = ReadCoefficientCell(SystemValue(system, run.row, run.column), text);
+            if (run.reading.outcome == CellOutcome::Stopped || StopRequested()) {
+                return RunEnding::Stopped;
+            }
+            if (run.reading.outcome != CellOutcome::Read) {
+                return RunEnding::CellNotRead;
+            }
+        }
+    }
+    return RunEnding::Shown;
+}
+
+// The line of an unknown, from index 0.
+void WriteUnknown(RunText& run, const LinearSolution& solution, int64_t index, uint32_t flags) {
+    ScratchStackScope scope;
+    const int64_t capacity = UnknownTextCapacity(solution, flags);
+    TextWriter unknown = {0, capacity, TakeText(scope, capacity)};
+    PrintUnknown(unknown, solution, index, flags);
+    WriteChar(unknown, u'\0');
+    TextSink line = {0, SystemLineCharacters, TakeText(scope, SystemLineCharacters)};
+    FormatIntoSink(line, u"x%d = ", {static_cast<int32_t>(index + 1)});
+    SinkText(line, unknown.buffer);
+    SinkText(line, u"\r\n");
+    EndSinkText(line);
+    run.lineWasCut = run.lineWasCut || SinkOverflowed(line);
+    SinkText(run.text, line.text);
+}
+
+void WriteParameters(RunText& run, const LinearSolution& solution) {
+    if (solution.parameterCount == 0) {
+        return;
+    }
+    char16_t names[ParameterListCharacters + 1];
+    TextWriter list = {0, ParameterListCharacters, names};
+    ListParameters(list, solution);
+    names[list.position] = 0;
+    FormatIntoSink(run.text,
+                   solution.parameterCount == 1 ? uiText.TextLinParameterVariableFreelySelectable
+                                                : uiText.TextLinParameterVariablesAreFreely,
+                   {names});
+}
+
+void WriteSolution(RunText& run, const LinearSolution& solution, uint32_t flags) {
+    for (int64_t i = 0; i < solution.count; i++) {
+        WriteUnknown(run, solution, i, flags);
+    }
+    WriteParameters(run, solution);
+}
+
+// Reads and solves the system with the number setup in force.
+RunEnding SolveOnce(RunText& run, const SystemRequest& request) {
+    run.text.count = 0;
+    run.lineWasCut = false;
+    ScratchStackScope scope;
+    LinearSystem system = TakeLinearSystem(CurrentScratchStack(), request.count);
+    const RunEnding reading = ReadSystem(run, system, request);
+    if (reading != RunEnding::Shown) {
+        return reading;
+    }
+    LinearSolution solution = TakeLinearSolution(CurrentScratchStack(), request.count);
+    switch (SolveLinearSystem(system, solution, request.digits)) {
+        case LinearOutcome::Failed:
+            return RunEnding::NotCalculated;
+        case LinearOutcome::Stopped:
+            return RunEnding::Stopped;
+        case LinearOutcome::Unsolvable:
+            SinkText(run.text, uiText.TextLinEquationSystemUnsolvable);
+            break;
+        case LinearOutcome::Solved:
+            WriteSolution(run, solution, request.grouped ? uint32_t{TextGroup} : 0);
+            break;
+    }
+    EndSinkText(run.text);
+    return RunEnding::Shown;
+}
+
+// Solves the system with more and more digits until the text of two runs is the same. `shown` has
+// the text of the first run, and then that of the last one that succeeded. False after a stop.
+bool SolveUntilDigitsAgree(RunText& shown, RunText& next, const SystemRequest& request) {
+    NumberSetup setup = SystemNumberSetup(request);
+    const int64_t digits = setup.digits;
+    for (const int64_t extra : ExtraDigits) {
+        setup.digits = digits + extra;
+        const NumberSetupScope numbers(setup);
+        const SilentCodesScope silence;
+        const RunEnding ending = SolveOnce(next, request);
+        if (ending != RunEnding::Shown) {
+            return ending != RunEnding::Stopped;
+        }
+        std::swap(shown, next);
+        if (TextOf(shown) == TextOf(next)) {
+            return true;
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
+NumberSetup SystemNumberSetup(const SystemRequest& request) {
+    return {.type = request.type,
+            .digits = request.count / 4 + 2 + request.digits,
+            .width = SystemWidth};
+}
+
+void RunSystem(const SystemRequest& request, TakeSystemText take, void* takeContext) {
+    if (request.count < MinEquationCount || request.count > MaxEquationCount) {
+        SetUiError(UiErrorInternal);
+        return;
+    }
+    const NumberSetupScope numbers(SystemNumberSetup(request));
+    ScratchStackScope scope;
+    RunText shown = TakeRunText(scope, request.count);
+    RunText next = TakeRunText(scope, request.count);
+    const RunEnding ending = SolveOnce(shown, request);
+    if (ending != RunEnding::Shown) {
+        RaiseEnding(shown, ending, request.count);
+        return;
+    }
+    if (!ValuesAreExact() && !SolveUntilDigitsAgree(shown, next, request)) {
+        SetUiError(UiErrorStopped);
+        return;
+    }
+    take(takeContext, shown.text.text);
+    if (shown.lineWasCut) {
+        SetUiError(UiErrorTextOverflow);
+    }
+}
+
+}  // namespace tallymere
