@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,14 @@ extern const char* const EndOfInputKeys;
 /// Waits for bytes of standard input and stores up to `size` of them, size >= 3. Returns how many:
 /// 0 at the end of the input, -1 when it cannot be read.
 int64_t ReadInput(char* bytes, size_t size);
+
+struct OpenedFile {
+    std::FILE* file;  ///< the caller closes it; null when it cannot be opened
+    bool isMissing;   ///< there is none, or no such folder
+};
+
+/// Opens a file, whose path is in UTF-8, to read its bytes.
+OpenedFile OpenFileForReading(const std::string& path);
 
 /// Lets Ctrl+C call HandleInterrupt.
 void CatchInterrupts();

@@ -37,6 +37,11 @@ int64_t ReadInput(char* bytes, size_t size) {
     return count;
 }
 
+OpenedFile OpenFileForReading(const std::string& path) {
+    std::FILE* file = std::fopen(path.c_str(), "rb");
+    return {file, file == nullptr && (errno == ENOENT || errno == ENOTDIR)};
+}
+
 void CatchInterrupts() {
     struct sigaction action = {};
     action.sa_handler = [](int) { HandleInterrupt(); };

@@ -1,5 +1,7 @@
 #include "console/platform.h"
 
+#include <cerrno>
+
 #include <fcntl.h>
 #include <io.h>
 
@@ -111,6 +113,14 @@ int64_t ReadInput(char* bytes, size_t size) {
         return count;
     }
     return GetLastError() == ERROR_BROKEN_PIPE ? 0 : -1;
+}
+
+OpenedFile OpenFileForReading(const std::string& path) {
+    const int length = MultiByteToWideChar(CP_UTF8, 0, path.c_str(), -1, nullptr, 0);
+    std::wstring widePath(static_cast<size_t>(length), L'\0');
+    MultiByteToWideChar(CP_UTF8, 0, path.c_str(), -1, widePath.data(), length);
+    std::FILE* file = _wfopen(widePath.c_str(), L"rb");
+    return {file, file == nullptr && errno == ENOENT};
 }
 
 void CatchInterrupts() {
