@@ -1,0 +1,297 @@
+// Systems of linear equations against the same steps in exact fractions: every character that the
+// page shows.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "reference/linear_system_oracle.h"
+#include "support/page_run_testing.h"
+#include "support/random_source.h"
+#include "support/system_testing.h"
+
+namespace tallymere {
+namespace {
+
+using namespace testing_support;
+using namespace reference;
+
+// A number as text of a cell and as what it means.
+struct Cell {
+    std::string text;
+    ExactNumber value;
+};
+using Cells = std::vector<std::vector<Cell>>;
+
+std::string Shortened(const std::string& line) {
+    const auto most = static_cast<size_t>(SystemLineCharacters);
+    return line.size() <= most ? line + "\n" : line.substr(0, most - 1) + "…";
+}
+
+std::string ExpectedText(const Cells& cells, NumberType type, int64_t digits) {
+    ExactSystem rows;
+    for (const std::vector<Cell>& row : cells) {
+        std::vector<ExactNumber>& values = rows.emplace_back();
+        for (const Cell& cell : row) {
+            values.push_back(cell.value);
+        }
+    }
+    const int64_t shownDigits = type == NumberTypeRational ? 0 : digits;
+    const ExactSolution solution = TwinSolveLinearSystem(std::move(rows), shownDigits);
+    if (!solution.isSolvable) {
+        return "Equation system is unsolvable!\n";
+    }
+    std::string text;
+    bool isCut = false;
+    for (size_t i = 0; i < solution.unknowns.size(); i++) {
+        // The line end of two characters counts, and goes first.
+        const std::string line =
+            "x" + std::to_string(i + 1) + " = " + TwinUnknownText(solution, i, shownDigits);
+        const bool fits = line.size() + 2 <= static_cast<size_t>(SystemLineCharacters);
+        isCut = isCut || !fits;
+        text += fits ? line + "\n" : Shortened(line + "##");
+    }
+    const std::string names = TwinParameterList(solution.parameters);
+    if (solution.parameters == 1) {
+        text += "\nThe parameter variable " + names + " is freely selectable.\n";
+    } else if (solution.parameters > 1) {
+        text += "\nThe parameter variables " + names + " are freely selectable.\n";
+    }
+    return text + (isCut ? "error 9002" : "");
+}
+
+SystemTexts TextsOf(const Cells& cells) {
+    SystemTexts texts;
+    for (const std::vector<Cell>& row : cells) {
+        std::vector<std::string>& line = texts.emplace_back();
+        for (const Cell& cell : row) {
+            line.push_back(cell.text);
+        }
+    }
+    return texts;
+}
+
+class SystemRunOracle : public PageRunTest {
+protected:
+    // Returns what was expected.
+    static std::string Check(const Cells& cells, NumberType type, int64_t digits) {
+        std::string trace = std::to_string(digits) + " digits:";
+        for (const std::vector<Cell>& row : cells) {
+            for (const Cell& cell : row) {
+                trace += (&cell == row.data() ? "\n" : ";") + cell.text;
+            }
+        }
+        SCOPED_TRACE(trace.substr(0, 3000));
+        const std::string expected = ExpectedText(cells, type, digits);
+        EXPECT_EQ(ShownSystem(TextsOf(cells), type, digits), expected);
+        return expected;
+    }
+
+    Cell Whole(int64_t most) {
+        const int64_t value = random_.Between(-most, most);
+        return {std::to_string(value), {mpq_class(value), 0}};
+    }
+    Cell Fraction(int64_t most) {
+        const int64_t numerator = random_.Between(-most, most);
+        const int64_t denominator = random_.Between(1, most);
+        mpq_class value(numerator, denominator);
+        value.canonicalize();
+        return {std::to_string(numerator) + "/" + std::to_string(denominator), {value, 0}};
+    }
+    Cell Complex(int64_t most) {
+        const Cell re = Fraction(most);
+        const Cell im = random_.Below(4) == 0 ? Cell{"0", {}} : Fraction(most);
+        return {re.text + "+(" + im.text + ")*i", {re.value.re, im.value.re}};
+    }
+    Cell Decimal(int64_t digits, int64_t scale) {
+        std::string mantissa = std::to_string(random_.Between(1, 9));
+        for (int64_t i = 1; i < digits; i++) {
+            mantissa += static_cast<char>('0' + random_.Below(10));
+        }
+        const int64_t exponent = random_.Between(-scale, scale);
+        mpz_class power;
+        mpz_ui_pow_ui(power.get_mpz_t(), 10, static_cast<unsigned long>(std::abs(exponent)));
+        mpq_class value = exponent < 0 ? mpq_class(mpz_class(mantissa), power)
+                                       : mpq_class(mpz_class(mpz_class(mantissa) * power));
+        value.canonicalize();
+        return {mantissa + "e" + std::to_string(exponent), {value, 0}};
+    }
+
+    template <typename MakeCell>
+    static Cells Filled(int64_t count, MakeCell make) {
+        Cells cells(static_cast<size_t>(count));
+        for (std::vector<Cell>& row : cells) {
+            for (int64_t column = 0; column <= count; column++) {
+                row.push_back(make());
+            }
+        }
+        return cells;
+    }
+
+    // A number as a cell.
+    static Cell CellOf(const ExactNumber& value) {
+        return {value.im == 0 ? value.re.get_str()
+                              : value.re.get_str() + "+(" + value.im.get_str() + ")*i",
+                value};
+    }
+
+    // Sums of `rank` rows, so that the other unknowns are parameters or the system is
+    // contradictory, as told by the order of its rows.
+    template <typename MakeCell>
+    Cells Deficient(int64_t count, int64_t rank, MakeCell make) {
+        const Cells base = Filled(count, make);
+        Cells cells(static_cast<size_t>(count));
+        for (std::vector<Cell>& row : cells) {
+            std::vector<ExactNumber> sum(static_cast<size_t>(count) + 1);
+            for (int64_t i = 0; i < rank; i++) {
+                const mpq_class factor = mpq_class(random_.Between(-2, 2));
+                for (size_t j = 0; j < sum.size(); j++) {
+                    const ExactNumber& term = base[static_cast<size_t>(i)][j].value;
+                    sum[j] = {sum[j].re + factor * term.re, sum[j].im + factor * term.im};
+                }
+            }
+            for (const ExactNumber& value : sum) {
+                row.push_back(CellOf(value));
+            }
+        }
+        return cells;
+    }
+
+    int64_t AnyDigits() {
+        constexpr int64_t Choices[] = {5, 6, 10, 10, 17, 38, 100};
+        return Choices[random_.Below(std::size(Choices))];
+    }
+    // Small ones most of the time.
+    int64_t AnyCount() {
+        return random_.Below(4) == 0 ? random_.Between(8, 25) : random_.Between(2, 7);
+    }
+
+    RandomSource random_;
+};
+
+TEST_F(SystemRunOracle, SolvesRegularSystems) {
+    for (int round = 0; round < TestRounds(150); round++) {
+        Check(Filled(AnyCount(), [&] { return Whole(9); }), NumberTypeReal, AnyDigits());
+        Check(Filled(AnyCount(), [&] { return Fraction(9); }), NumberTypeReal, AnyDigits());
+        Check(Filled(AnyCount(), [&] { return Complex(9); }), NumberTypeComplex, AnyDigits());
+        Check(Filled(AnyCount(), [&] { return Whole(99); }), NumberTypeRational, 10);
+    }
+}
+
+TEST_F(SystemRunOracle, SolvesTheLargestSystems) {
+    for (int round = 0; round < TestRounds(5); round++) {
+        Check(Filled(25, [&] { return Decimal(30, 0); }), NumberTypeReal, 1000);
+        Check(Filled(25, [&] { return Complex(9); }), NumberTypeComplex, 100);
+        Check(Filled(25, [&] { return Whole(9); }), NumberTypeRational, 10);
+    }
+    Check(Filled(25, [&] { return Complex(2); }), NumberTypeComplex, 1000);
+}
+
+TEST_F(SystemRunOracle, SolvesBadlyScaledSystems) {
+    for (int round = 0; round < TestRounds(100); round++) {
+        const int64_t scale = random_.Between(1, 25);
+        Check(Filled(random_.Between(2, 6), [&] { return Decimal(8, scale); }), NumberTypeReal,
+              AnyDigits());
+    }
+}
+
+// Numbers with far more digits than are worked with at first.
+TEST_F(SystemRunOracle, ReadsAllDigitsOfACell) {
+    for (int round = 0; round < TestRounds(30); round++) {
+        const int64_t digits = random_.Between(20, 40);
+        Check(Filled(random_.Between(2, 4), [&] { return Decimal(digits, 3); }), NumberTypeReal, 5);
+    }
+}
+
+TEST_F(SystemRunOracle, NamesParameters) {
+    int withParameters = 0;
+    for (int round = 0; round < TestRounds(150); round++) {
+        const int64_t count = AnyCount();
+        const int64_t rank = random_.Between(0, count - 1);
+        const auto hasParameters = [&](const std::string& text) {
+            return text.find("freely") != text.npos ? 1 : 0;
+        };
+        withParameters += hasParameters(
+            Check(Deficient(count, rank, [&] { return Whole(9); }), NumberTypeReal, AnyDigits()));
+        withParameters += hasParameters(Check(Deficient(count, rank, [&] { return Fraction(9); }),
+                                              NumberTypeReal, AnyDigits()));
+        withParameters += hasParameters(Check(Deficient(count, rank, [&] { return Complex(3); }),
+                                              NumberTypeComplex, AnyDigits()));
+        withParameters += hasParameters(
+            Check(Deficient(count, rank, [&] { return Fraction(3); }), NumberTypeRational, 10));
+    }
+    EXPECT_GT(withParameters, TestRounds(150));
+}
+
+// Each number of parameters from 1 to 25.
+TEST_F(SystemRunOracle, NamesAsManyParametersAsThereAre) {
+    for (int64_t rank = 0; rank < 25; rank++) {
+        const std::string text =
+            Check(Deficient(25, rank, [&] { return Whole(5); }), NumberTypeReal, 10);
+        EXPECT_NE(text.find(rank == 24 ? "variable r is" : "variables r, s"), text.npos);
+    }
+}
+
+TEST_F(SystemRunOracle, FindsContradictions) {
+    for (int round = 0; round < TestRounds(60); round++) {
+        const int64_t count = AnyCount();
+        Cells cells = Deficient(count, count - 1, [&] { return Whole(9); });
+        const size_t row = random_.Below(static_cast<uint64_t>(count));
+        cells[row].back() = CellOf({cells[row].back().value.re + 1, 0});
+        Check(cells, NumberTypeReal, AnyDigits());
+        Check(cells, NumberTypeRational, 10);
+    }
+}
+
+// Zeros on the diagonal and everywhere else.
+TEST_F(SystemRunOracle, AgreesOnSparseSystems) {
+    for (int round = 0; round < TestRounds(400); round++) {
+        const int64_t count = random_.Between(2, 5);
+        const auto make = [&] { return random_.Below(3) == 0 ? Whole(2) : Cell{"", {}}; };
+        Check(Filled(count, make), NumberTypeReal, 10);
+        Check(Filled(count, make), NumberTypeRational, 10);
+    }
+}
+
+// Their condition grows by a factor of 30 with each unknown, and pivots below 10^-digits are 0.
+TEST_F(SystemRunOracle, SolvesHilbertSystems) {
+    for (const int64_t count : {2, 3, 5, 8, 12, 25}) {
+        Cells cells(static_cast<size_t>(count));
+        for (int64_t i = 0; i < count; i++) {
+            for (int64_t j = 0; j < count; j++) {
+                cells[static_cast<size_t>(i)].push_back(
+                    {"1/" + std::to_string(i + j + 1), {mpq_class(1, i + j + 1), 0}});
+            }
+            cells[static_cast<size_t>(i)].push_back({"1", {1, 0}});
+        }
+        for (const int64_t digits : {5, 10, 20, 50, 200}) {
+            Check(cells, NumberTypeReal, digits);
+        }
+        Check(cells, NumberTypeRational, 10);
+    }
+}
+
+// Unknowns that lie exactly between two numbers of so many digits.
+TEST_F(SystemRunOracle, RoundsTiesAwayFromZero) {
+    for (int round = 0; round < TestRounds(100); round++) {
+        const int64_t count = random_.Between(2, 6);
+        Cells cells = Filled(count, [&] { return Fraction(9); });
+        std::vector<mpq_class> unknowns;
+        for (int64_t i = 0; i < count; i++) {
+            mpq_class tie(random_.Between(10'000, 99'999) * 10 + 5, 100'000);
+            tie.canonicalize();
+            unknowns.push_back(tie);
+        }
+        for (std::vector<Cell>& row : cells) {
+            mpq_class sum = 0;
+            for (size_t j = 0; j < unknowns.size(); j++) {
+                sum += row[j].value.re * unknowns[j];
+            }
+            row.back() = CellOf({sum, 0});
+        }
+        Check(cells, NumberTypeReal, 5);
+    }
+}
+
+}  // namespace
+}  // namespace tallymere
