@@ -253,6 +253,73 @@ TEST_F(SystemRunOracle, AgreesOnSparseSystems) {
     }
 }
 
+// Two candidates for a pivot have the same magnitude but for rounding errors, and the order of the
+// rows decides: behind the first of the two the last row becomes zeros, and behind the second one
+// it does not.
+TEST_F(SystemRunOracle, KeepsTheOrderOfEqualCandidates) {
+    const auto any = [&] {
+        mpq_class value(random_.Between(-9, 9), random_.Between(1, 9));
+        value.canonicalize();
+        return value;
+    };
+    int unsolvable = 0;
+    int solvable = 0;
+    for (int round = 0; round < TestRounds(200); round++) {
+        const mpq_class ratio = any();
+        const std::vector<mpq_class> first = {30, any(), any(), any(), any()};
+        std::vector<std::vector<mpq_class>> rows(4, std::vector<mpq_class>(5));
+        rows[0] = first;
+        const mpq_class a = any() + 10;
+        rows[1] = {0, a, a * ratio, any(), any()};
+        rows[2] = {0, -a, -a * ratio, any(), any()};
+        const size_t chosen = 1 + random_.Below(2);
+        for (size_t j = 0; j < 5; j++) {
+            rows[3][j] = rows[chosen][j] / 3;
+        }
+        Cells cells(4);
+        for (size_t i = 0; i < 4; i++) {
+            const mpq_class factor = i == 0 ? mpq_class(0) : any();
+            for (size_t j = 0; j < 5; j++) {
+                cells[i].push_back(CellOf({rows[i][j] + factor * first[j], 0}));
+            }
+        }
+        const bool isUnsolvable =
+            Check(cells, NumberTypeReal, 10).find("unsolvable") != std::string::npos;
+        (isUnsolvable ? unsolvable : solvable)++;
+    }
+    EXPECT_GT(unsolvable, 0);
+    EXPECT_GT(solvable, 0);
+}
+
+// Values that are the least one that is not taken for 0, or nearly so, but for rounding errors.
+TEST_F(SystemRunOracle, KeepsWhatIsExactlyTheLeast) {
+    for (int round = 0; round < TestRounds(1000); round++) {
+        const int64_t count = random_.Between(2, 4);
+        Cells cells = Filled(count, [&] { return Fraction(7); });
+        for (std::vector<Cell>& row : cells) {
+            mpq_class sum = 0;
+            for (size_t j = 0; j < row.size() - 1; j++) {
+                sum += row[j].value.re / 100'000;
+            }
+            row.back() = CellOf({sum, 0});
+        }
+        Check(cells, NumberTypeReal, 5);
+    }
+}
+
+TEST_F(SystemRunOracle, AgreesOnWhatIsTooSmall) {
+    for (int round = 0; round < TestRounds(400); round++) {
+        const auto make = [&] { return random_.Below(3) == 0 ? Decimal(1, 8) : Cell{"", {}}; };
+        Check(Filled(random_.Between(2, 4), make), NumberTypeReal, 5);
+        const auto makeComplex = [&] {
+            const Cell re = make();
+            const Cell im = make();
+            return CellOf({re.value.re, im.value.re});
+        };
+        Check(Filled(random_.Between(2, 4), makeComplex), NumberTypeComplex, 5);
+    }
+}
+
 // Their condition grows by a factor of 30 with each unknown, and pivots below 10^-digits are 0.
 TEST_F(SystemRunOracle, SolvesHilbertSystems) {
     for (const int64_t count : {2, 3, 5, 8, 12, 25}) {
