@@ -223,6 +223,10 @@ LinearOutcome SolveLinearSystem(LinearSystem& system, LinearSolution& solution, 
     TALLYMERE_REQUIRE(system.count == solution.count && digits >= 1);
     TALLYMERE_REQUIRE(system.valueWords == ValueWords());
     numberContext.calcError = CalcErrorNone;
+    // Without a number type there is not even a place for a value.
+    if (SizeOfNumber() == 0) {
+        return LinearOutcome::Failed;
+    }
     ScratchStackScope scope;
     const auto take = [&] { return scope.Take(system.valueWords); };
     const LinearOutcome outcome = Solve({system, solution, digits, RealAt(scope.Take(RealWords())),
