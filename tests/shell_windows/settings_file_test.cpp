@@ -8,27 +8,13 @@
 #include "calculator/variable_table.h"
 #include "shell/settings_testing.h"
 #include "shell/ui_error.h"
+#include "shell_windows/file_folder.h"
 #include "shell_windows/settings_folder.h"
 #include "support/random_source.h"
 #include "toolkit/win32.h"
 
 namespace tallymere::testing_support {
 namespace {
-
-// A handle that keeps others from the file, as far as `sharing` says.
-class HeldFile {
-public:
-    HeldFile(const fs::path& path, DWORD access, DWORD sharing)
-        : handle_(CreateFileW(path.c_str(), access, sharing, nullptr, OPEN_EXISTING, 0, nullptr)) {
-        EXPECT_NE(handle_, INVALID_HANDLE_VALUE);
-    }
-    ~HeldFile() { CloseHandle(handle_); }
-    HeldFile(const HeldFile&) = delete;
-    HeldFile& operator=(const HeldFile&) = delete;
-
-private:
-    HANDLE handle_;
-};
 
 class SettingsFile : public SettingsFolderTest {
 protected:

@@ -1,0 +1,78 @@
+// A folder of its own for each test of files, and the bytes in it.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "shell/beside_path.h"
+#include "toolkit/wide_text.h"
+#include "toolkit/win32.h"
+
+namespace tallymere::testing_support {
+
+namespace fs = std::filesystem;
+
+class FileFolderTest : public ::testing::Test {
+protected:
+    FileFolderTest() {
+        fs::remove_all(folder);
+        fs::create_directory(folder);
+    }
+    ~FileFolderTest() override { fs::remove_all(folder); }
+
+    static void Put(const fs::path& path, const std::string& bytes) {
+        std::ofstream(path, std::ios::binary) << bytes;
+    }
+    static std::string Content(const fs::path& path) {
+        std::ifstream stream(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    }
+    /// The path as the program has it.
+    static const char16_t* PathOf(const fs::path& path) { return FromWide(path.c_str()); }
+
+    /// Those of the folder of the test, which has a file of that name and nothing else.
+    static void ExpectAlone(const fs::path& path) {
+        for (const auto& entry : fs::directory_iterator(path.parent_path())) {
+            EXPECT_EQ(entry.path(), path);
+        }
+    }
+
+    const fs::path folder = FindFolder();
+    const fs::path file = folder / "old.csv";
+    const fs::path beside = folder / ToWide(BesideName);
+
+private:
+    // The process is part of the name: test programs may run at the same time. One that a death
+    // test starts has the folder of the one that started it.
+    static fs::path FindFolder() {
+        constexpr const wchar_t* Variable = L"TALLYMERE_TEST_FOLDER";
+        wchar_t name[MAX_PATH];
+        if (GetEnvironmentVariableW(Variable, name, MAX_PATH) == 0) {
+            const std::wstring ours = L"tallymere test " + std::to_wstring(GetCurrentProcessId());
+            SetEnvironmentVariableW(Variable, ours.c_str());
+            return fs::temp_directory_path() / ours;
+        }
+        return fs::temp_directory_path() / name;
+    }
+};
+
+/// Keeps others from a file, as far as `sharing` does not let them.
+class HeldFile {
+public:
+    HeldFile(const fs::path& path, DWORD access, DWORD sharing)
+        : handle_(CreateFileW(path.c_str(), access, sharing, nullptr, OPEN_EXISTING, 0, nullptr)) {
+        EXPECT_NE(handle_, INVALID_HANDLE_VALUE);
+    }
+    ~HeldFile() { CloseHandle(handle_); }
+    HeldFile(const HeldFile&) = delete;
+    HeldFile& operator=(const HeldFile&) = delete;
+
+private:
+    HANDLE handle_;
+};
+
+}  // namespace tallymere::testing_support
