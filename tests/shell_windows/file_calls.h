@@ -1,5 +1,8 @@
-// Calls of the system that write files, each of which a test can make fail, or end the process.
+// Calls of the system that read and write files, each of which a test can make fail, or end the
+// process.
 #pragma once
+
+#include <cstdint>
 
 #include "toolkit/win32.h"
 
@@ -8,6 +11,7 @@ namespace tallymere::testing_support {
 /// The functions that the code under test finds where it looks for those of the system.
 extern "C" {
 extern void* __imp_CreateFileW;
+extern void* __imp_ReadFile;
 extern void* __imp_WriteFile;
 extern void* __imp_FlushFileBuffers;
 extern void* __imp_CloseHandle;
@@ -30,7 +34,9 @@ public:
         number_ = number;
         end_ = end;
         count = 0;
+        bytesRead = 0;
         create_ = Replace(__imp_CreateFileW, Create);
+        read_ = Replace(__imp_ReadFile, Read);
         write_ = Replace(__imp_WriteFile, Write);
         flush_ = Replace(__imp_FlushFileBuffers, Flush);
         close_ = Replace(__imp_CloseHandle, Close);
@@ -38,6 +44,7 @@ public:
     }
     ~FileCalls() {
         Replace(__imp_CreateFileW, create_);
+        Replace(__imp_ReadFile, read_);
         Replace(__imp_WriteFile, write_);
         Replace(__imp_FlushFileBuffers, flush_);
         Replace(__imp_CloseHandle, close_);
@@ -47,6 +54,7 @@ public:
     FileCalls& operator=(const FileCalls&) = delete;
 
     static inline int count;  ///< of calls so far
+    static inline uint64_t bytesRead;
 
 private:
     // Puts another function where calls find one, and returns the one that was there.
@@ -89,6 +97,14 @@ private:
         }
         return create_(name, access, sharing, security, disposition, flags, like);
     }
+    static BOOL WINAPI Read(HANDLE file, LPVOID bytes, DWORD size, DWORD* read,
+                            OVERLAPPED* overlapped) {
+        return EndOf([=] {
+            const BOOL done = read_(file, bytes, size, read, overlapped);
+            bytesRead += *read;
+            return done;
+        });
+    }
     static BOOL WINAPI Write(HANDLE file, LPCVOID bytes, DWORD size, DWORD* written,
                              OVERLAPPED* overlapped) {
         if (end_ == FileCallEnd::WritesHalf) {
@@ -110,6 +126,7 @@ private:
     static inline int number_;
     static inline FileCallEnd end_;
     static inline decltype(&CreateFileW) create_;
+    static inline decltype(&ReadFile) read_;
     static inline decltype(&WriteFile) write_;
     static inline decltype(&FlushFileBuffers) flush_;
     static inline decltype(&CloseHandle) close_;

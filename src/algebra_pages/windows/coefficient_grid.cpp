@@ -62,6 +62,17 @@ void WriteCoefficient(HWND grid, int32_t column, int32_t row, const char16_t* te
     SendMessageW(grid, GridSetCellText, 0, reinterpret_cast<LPARAM>(&cell));
 }
 
+HeapText CopyCoefficientText(HWND grid, int32_t column, int32_t row) {
+    const int64_t length = SendMessageW(grid, GridGetCellLength, static_cast<WPARAM>(column), row);
+    HeapText text(length);
+    if (text.IsThere()) {
+        GridCellSpec cell = {column, row, text.buffer.get()};
+        SendMessageW(grid, GridGetCellText, 0, reinterpret_cast<LPARAM>(&cell));
+        text.length = length;
+    }
+    return text;
+}
+
 void ReadCoefficientText(HWND grid, int32_t column, int32_t row, char16_t* buffer) {
     const int64_t length = SendMessageW(grid, GridGetCellLength, static_cast<WPARAM>(column), row);
     const int64_t kept = std::min(length, CoefficientCharacters + 1);

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "toolkit/field_state.h"
 #include "toolkit/win32.h"
 
 namespace tallymere {
@@ -31,6 +32,9 @@ void SetCoefficientRows(HWND grid, int32_t count, void (*writeName)(char16_t* na
 
 /// Writes a text into a cell; null is an empty one.
 void WriteCoefficient(HWND grid, int32_t column, int32_t row, const char16_t* text);
+
+/// The whole text of a cell. It is not there without memory.
+HeapText CopyCoefficientText(HWND grid, int32_t column, int32_t row);
 
 /// Copies the text of a cell that can be edited, and a 0, into a buffer of CoefficientCharacters +
 /// 2 characters. One of more than CoefficientCharacters is not read, whatever it says, so as many
