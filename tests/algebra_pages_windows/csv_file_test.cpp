@@ -51,7 +51,7 @@ protected:
 };
 
 TEST_F(CsvFileTest, ReadsASystem) {
-    Put(file, OldBytes);
+    PutBytes(file, OldBytes);
     Read(file);
     EXPECT_EQ(PendingUiError(), UiErrorNone);
     EXPECT_EQ(count, 2);
@@ -63,7 +63,7 @@ TEST_F(CsvFileTest, ReadsASystem) {
 TEST_F(CsvFileTest, ReadsAFileOfManyBlocks) {
     std::string bytes = OldBytes.substr(0, 9);
     bytes += std::string(300'000, 'x') + ";2;" + std::string(300'000, ' ') + "\n4;5;6\n";
-    Put(file, bytes);
+    PutBytes(file, bytes);
     Read(file);
     EXPECT_EQ((cells[{0, 0}]).size(), 1030u);
     EXPECT_EQ((cells[{0, 1}]), u"2");
@@ -82,7 +82,7 @@ TEST_F(CsvFileTest, SaysThatAFileIsMissing) {
 TEST_F(CsvFileTest, SaysThatAFileCannotBeRead) {
     Read(folder);
     ExpectError(UiErrorFileAccess, folder);
-    Put(file, OldBytes);
+    PutBytes(file, OldBytes);
     {
         const HeldFile held(file, GENERIC_READ, 0);
         Read(file);
@@ -101,7 +101,7 @@ TEST_F(CsvFileTest, SaysThatAFileCannotBeRead) {
 
 TEST_F(CsvFileTest, RefusesAWrongCount) {
     for (const std::string bytes : {"a1;b\r\n1;2\r\n", "no table at all\n"}) {
-        Put(file, bytes);
+        PutBytes(file, bytes);
         Read(file);
         ExpectError(UiErrorEquationCount, "25");
         EXPECT_EQ(count, 0);
@@ -111,7 +111,7 @@ TEST_F(CsvFileTest, RefusesAWrongCount) {
 
 // The file is sparse: all of its bytes are 0, and none takes room on the disk.
 TEST_F(CsvFileTest, RefusesTwoGigabytesOfNothingAtOnce) {
-    Put(file, "");
+    PutBytes(file, "");
     fs::resize_file(file, uintmax_t{1} << 31);
     const FileCalls calls;
     Read(file);
@@ -120,7 +120,7 @@ TEST_F(CsvFileTest, RefusesTwoGigabytesOfNothingAtOnce) {
 }
 
 TEST_F(CsvFileTest, ReadsNoFurtherThanTheLastRow) {
-    Put(file, OldBytes);
+    PutBytes(file, OldBytes);
     fs::resize_file(file, uintmax_t{1} << 31);
     const FileCalls calls;
     Read(file);
@@ -130,7 +130,7 @@ TEST_F(CsvFileTest, ReadsNoFurtherThanTheLastRow) {
 }
 
 TEST_F(CsvFileTest, TellsAFailureAndKeepsTheCellsBefore) {
-    Put(file, OldBytes.substr(0, 18) + std::string(65'536, '1') + ";5;6\r\n");
+    PutBytes(file, OldBytes.substr(0, 18) + std::string(65'536, '1') + ";5;6\r\n");
     {
         // Open, read, read.
         const FileCalls calls(3);
@@ -145,10 +145,10 @@ TEST_F(CsvFileTest, TellsAFailureAndKeepsTheCellsBefore) {
 TEST_F(CsvFileTest, WritesASystem) {
     WriteCsvFile(PathOf(file), 2, CellText);
     EXPECT_EQ(PendingUiError(), UiErrorNone);
-    EXPECT_EQ(Content(file), NewBytes);
+    EXPECT_EQ(ContentOf(file), NewBytes);
     ExpectAlone(file);
     WriteCsvFile(PathOf(file), 25, CellText);
-    const std::string content = Content(file);
+    const std::string content = ContentOf(file);
     EXPECT_EQ(content.substr(0, 6), "a1;a2;");
     EXPECT_NE(content.find(";a25;b\r\n0|0;"), std::string::npos);
     EXPECT_TRUE(content.ends_with(";24|24;24|25\r\n"));
@@ -158,19 +158,19 @@ TEST_F(CsvFileTest, TakesNamesOfAnyLetters) {
     const fs::path name = folder / u"\u03C0 \u4E2D \U0001D11E.csv";
     WriteCsvFile(PathOf(name), 2, CellText);
     EXPECT_EQ(PendingUiError(), UiErrorNone);
-    EXPECT_EQ(Content(name), NewBytes);
+    EXPECT_EQ(ContentOf(name), NewBytes);
     Read(name);
     EXPECT_EQ(cells.size(), 6u);
 }
 
 TEST_F(CsvFileTest, SaysThatAFileCannotBeWritten) {
-    Put(file, OldBytes);
+    PutBytes(file, OldBytes);
     {
         const HeldFile held(file, GENERIC_READ, FILE_SHARE_READ);
         WriteCsvFile(PathOf(file), 2, CellText);
         ExpectError(UiErrorFileAccess, file);
     }
-    EXPECT_EQ(Content(file), OldBytes);
+    EXPECT_EQ(ContentOf(file), OldBytes);
     ExpectAlone(file);
     WriteCsvFile(PathOf(folder), 2, CellText);
     ExpectError(UiErrorFileAccess, folder);
@@ -179,7 +179,7 @@ TEST_F(CsvFileTest, SaysThatAFileCannotBeWritten) {
 }
 
 TEST_F(CsvFileTest, WithoutMemoryTheOldFileStays) {
-    Put(file, OldBytes);
+    PutBytes(file, OldBytes);
     WriteCsvFile(PathOf(file), 2, [](int32_t row, int32_t column) {
         HeapText text = CellText(row, column);
         if (row == 1) {
@@ -188,7 +188,7 @@ TEST_F(CsvFileTest, WithoutMemoryTheOldFileStays) {
         return text;
     });
     EXPECT_EQ(PendingUiError(), UiErrorInternal);
-    EXPECT_EQ(Content(file), OldBytes);
+    EXPECT_EQ(ContentOf(file), OldBytes);
     ExpectAlone(file);
 }
 
@@ -203,13 +203,13 @@ TEST_F(CsvFileTest, AFailureAtAnyStepLeavesTheOldFile) {
     }
     for (int number = 1; number <= WriteCalls; number++) {
         SCOPED_TRACE(number);
-        Put(file, OldBytes);
+        PutBytes(file, OldBytes);
         {
             const FileCalls calls(number);
             WriteCsvFile(PathOf(file), 2, CellText);
         }
         ExpectError(UiErrorFileAccess, file);
-        EXPECT_EQ(Content(file), OldBytes);
+        EXPECT_EQ(ContentOf(file), OldBytes);
         ExpectAlone(file);
     }
 }
@@ -217,19 +217,19 @@ TEST_F(CsvFileTest, AFailureAtAnyStepLeavesTheOldFile) {
 TEST_F(CsvFileTest, AnEndAtAnyStepLeavesTheOldFile) {
     for (int number = 1; number <= WriteCalls; number++) {
         SCOPED_TRACE(number);
-        Put(file, OldBytes);
+        PutBytes(file, OldBytes);
         EXPECT_EXIT(
             {
                 const FileCalls calls(number, FileCallEnd::EndsProcess);
                 WriteCsvFile(PathOf(file), 2, CellText);
             },
             ::testing::ExitedWithCode(FileCalls::Exit), "");
-        EXPECT_EQ(Content(file), OldBytes);
+        EXPECT_EQ(ContentOf(file), OldBytes);
         EXPECT_EQ(fs::exists(beside), number > 1);
     }
     WriteCsvFile(PathOf(file), 2, CellText);
     EXPECT_EQ(PendingUiError(), UiErrorNone);
-    EXPECT_EQ(Content(file), NewBytes);
+    EXPECT_EQ(ContentOf(file), NewBytes);
     ExpectAlone(file);
 }
 

@@ -16,39 +16,41 @@ namespace tallymere::testing_support {
 
 namespace fs = std::filesystem;
 
-class FileFolderTest : public ::testing::Test {
-protected:
-    FileFolderTest() {
-        fs::remove_all(folder);
-        fs::create_directory(folder);
+inline void PutBytes(const fs::path& path, const std::string& bytes) {
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+inline std::string ContentOf(const fs::path& path) {
+    std::ifstream stream(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+/// The path as the program has it.
+inline const char16_t* PathOf(const fs::path& path) {
+    return FromWide(path.c_str());
+}
+/// Its folder has that file and no other.
+inline void ExpectAlone(const fs::path& path) {
+    for (const auto& entry : fs::directory_iterator(path.parent_path())) {
+        EXPECT_EQ(entry.path(), path);
     }
-    ~FileFolderTest() override { fs::remove_all(folder); }
+}
 
-    static void Put(const fs::path& path, const std::string& bytes) {
-        std::ofstream(path, std::ios::binary) << bytes;
+/// An empty folder, which goes with all that is in it.
+class FolderOfTest {
+public:
+    FolderOfTest() {
+        fs::remove_all(path);
+        fs::create_directory(path);
     }
-    static std::string Content(const fs::path& path) {
-        std::ifstream stream(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-    }
-    /// The path as the program has it.
-    static const char16_t* PathOf(const fs::path& path) { return FromWide(path.c_str()); }
+    ~FolderOfTest() { fs::remove_all(path); }
+    FolderOfTest(const FolderOfTest&) = delete;
+    FolderOfTest& operator=(const FolderOfTest&) = delete;
 
-    /// Those of the folder of the test, which has a file of that name and nothing else.
-    static void ExpectAlone(const fs::path& path) {
-        for (const auto& entry : fs::directory_iterator(path.parent_path())) {
-            EXPECT_EQ(entry.path(), path);
-        }
-    }
-
-    const fs::path folder = FindFolder();
-    const fs::path file = folder / "old.csv";
-    const fs::path beside = folder / ToWide(BesideName);
+    const fs::path path = FindPath();
 
 private:
     // The process is part of the name: test programs may run at the same time. One that a death
     // test starts has the folder of the one that started it.
-    static fs::path FindFolder() {
+    static fs::path FindPath() {
         constexpr const wchar_t* Variable = L"TALLYMERE_TEST_FOLDER";
         wchar_t name[MAX_PATH];
         if (GetEnvironmentVariableW(Variable, name, MAX_PATH) == 0) {
@@ -58,6 +60,16 @@ private:
         }
         return fs::temp_directory_path() / name;
     }
+};
+
+class FileFolderTest : public ::testing::Test {
+private:
+    const FolderOfTest folder_;
+
+protected:
+    const fs::path& folder = folder_.path;
+    const fs::path file = folder / "old.csv";
+    const fs::path beside = folder / ToWide(BesideName);
 };
 
 /// Keeps others from a file, as far as `sharing` does not let them.

@@ -12,7 +12,7 @@ const std::string NewBytes = "what is there now";
 
 class FileReplacementTest : public FileFolderTest {
 protected:
-    FileReplacementTest() { Put(file, OldBytes); }
+    FileReplacementTest() { PutBytes(file, OldBytes); }
 
     // In two pieces.
     static bool Replace(const fs::path& path) {
@@ -28,18 +28,18 @@ TEST_F(FileReplacementTest, PutsTheNewContentInPlaceOfTheOld) {
     {
         FileReplacement replacement(PathOf(file));
         EXPECT_TRUE(replacement.Write(NewBytes.data(), static_cast<uint32_t>(NewBytes.size())));
-        EXPECT_EQ(Content(file), OldBytes);
+        EXPECT_EQ(ContentOf(file), OldBytes);
         EXPECT_TRUE(fs::exists(beside));
         EXPECT_TRUE(replacement.Finish());
     }
-    EXPECT_EQ(Content(file), NewBytes);
+    EXPECT_EQ(ContentOf(file), NewBytes);
     ExpectAlone(file);
 }
 
 TEST_F(FileReplacementTest, MakesAFileThatIsNotThere) {
     fs::remove(file);
     EXPECT_TRUE(Replace(file));
-    EXPECT_EQ(Content(file), NewBytes);
+    EXPECT_EQ(ContentOf(file), NewBytes);
     ExpectAlone(file);
 }
 
@@ -48,14 +48,14 @@ TEST_F(FileReplacementTest, WithoutAFinishNothingIsLeft) {
         FileReplacement replacement(PathOf(file));
         EXPECT_TRUE(replacement.Write(NewBytes.data(), 4));
     }
-    EXPECT_EQ(Content(file), OldBytes);
+    EXPECT_EQ(ContentOf(file), OldBytes);
     ExpectAlone(file);
 }
 
 TEST_F(FileReplacementTest, TakesWhatAnEndedProgramLeft) {
-    Put(beside, "a file that nobody finished, longer than the new one");
+    PutBytes(beside, "a file that nobody finished, longer than the new one");
     EXPECT_TRUE(Replace(file));
-    EXPECT_EQ(Content(file), NewBytes);
+    EXPECT_EQ(ContentOf(file), NewBytes);
     ExpectAlone(file);
 }
 
@@ -76,7 +76,7 @@ TEST_F(FileReplacementTest, FailsWithAFileThatAnotherProgramHolds) {
         const HeldFile held(file, GENERIC_READ, sharing);
         EXPECT_FALSE(Replace(file));
     }
-    EXPECT_EQ(Content(file), OldBytes);
+    EXPECT_EQ(ContentOf(file), OldBytes);
     ExpectAlone(file);
 }
 
@@ -84,7 +84,7 @@ TEST_F(FileReplacementTest, FailsWithAFileThatIsOnlyRead) {
     SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY);
     EXPECT_FALSE(Replace(file));
     SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
-    EXPECT_EQ(Content(file), OldBytes);
+    EXPECT_EQ(ContentOf(file), OldBytes);
     ExpectAlone(file);
 }
 
@@ -111,7 +111,7 @@ TEST_F(FileReplacementTest, TakesTheLongestPathThereIs) {
     path += L"\\f";
     ASSERT_EQ(path.size(), PathCapacity);
     EXPECT_TRUE(Replace(path));
-    EXPECT_EQ(Content(path), NewBytes);
+    EXPECT_EQ(ContentOf(path), NewBytes);
     ExpectAlone(path);
 }
 
@@ -124,14 +124,14 @@ TEST_F(FileReplacementTest, AnyCallThatFailsLeavesTheOldFile) {
     }
     for (int number = 1; number <= Calls; number++) {
         SCOPED_TRACE(number);
-        Put(file, OldBytes);
+        PutBytes(file, OldBytes);
         bool replaced = true;
         {
             const FileCalls calls(number);
             replaced = Replace(file);
         }
         EXPECT_FALSE(replaced);
-        EXPECT_EQ(Content(file), OldBytes);
+        EXPECT_EQ(ContentOf(file), OldBytes);
         ExpectAlone(file);
     }
 }
@@ -144,7 +144,7 @@ TEST_F(FileReplacementTest, AWriteThatIsNotWholeIsAFailure) {
             replaced = Replace(file);
         }
         EXPECT_FALSE(replaced);
-        EXPECT_EQ(Content(file), OldBytes);
+        EXPECT_EQ(ContentOf(file), OldBytes);
         ExpectAlone(file);
     }
 }
@@ -152,12 +152,12 @@ TEST_F(FileReplacementTest, AWriteThatIsNotWholeIsAFailure) {
 TEST_F(FileReplacementTest, ACallThatFailsLateLeavesOneWholeFile) {
     for (int number = 2; number <= 6; number++) {
         SCOPED_TRACE(number);
-        Put(file, OldBytes);
+        PutBytes(file, OldBytes);
         {
             const FileCalls calls(number, FileCallEnd::FailsAsDone);
             Replace(file);
         }
-        EXPECT_EQ(Content(file), number == 6 ? NewBytes : OldBytes);
+        EXPECT_EQ(ContentOf(file), number == 6 ? NewBytes : OldBytes);
         ExpectAlone(file);
     }
 }
@@ -165,17 +165,17 @@ TEST_F(FileReplacementTest, ACallThatFailsLateLeavesOneWholeFile) {
 TEST_F(FileReplacementTest, AnEndOfTheProcessLeavesTheOldFile) {
     for (int number = 1; number <= 6; number++) {
         SCOPED_TRACE(number);
-        Put(file, OldBytes);
+        PutBytes(file, OldBytes);
         EXPECT_EXIT(
             {
                 const FileCalls calls(number, FileCallEnd::EndsProcess);
                 Replace(file);
             },
             ::testing::ExitedWithCode(FileCalls::Exit), "");
-        EXPECT_EQ(Content(file), OldBytes);
+        EXPECT_EQ(ContentOf(file), OldBytes);
         EXPECT_EQ(fs::exists(beside), number > 1);
         EXPECT_TRUE(Replace(file)) << "what is left is not in the way";
-        EXPECT_EQ(Content(file), NewBytes);
+        EXPECT_EQ(ContentOf(file), NewBytes);
         ExpectAlone(file);
     }
 }

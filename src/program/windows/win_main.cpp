@@ -1,6 +1,7 @@
 // The start of the program, and the windows that it has.
 
 #include "algebra_pages/windows/equation_page.h"
+#include "algebra_pages/windows/system_page.h"
 #include "calculator/windows/calculator_page.h"
 #include "calculator/windows/variables_window.h"
 #include "prime_pages/windows/prime_factors_page.h"
@@ -23,6 +24,7 @@ constexpr ProgramWindow ProgramWindows[] = {
     {&pageWindows[PagePrimeFactors], CreatePrimeFactorsPage},
     {&optionsWindow, CreateOptionsWindow},
     {&aboutWindow, CreateAboutWindow},
+    {&pageWindows[PageLinearSystems], CreateSystemPage},
     {&variablesWindow, CreateVariablesWindow},
 };
 

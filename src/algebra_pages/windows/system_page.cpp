@@ -1,0 +1,232 @@
+#include "algebra_pages/windows/system_page.h"
+
+#include "algebra_pages/system_columns.h"
+#include "algebra_pages/system_run.h"
+#include "algebra_pages/windows/coefficient_grid.h"
+#include "algebra_pages/windows/csv_dialogs.h"
+#include "algebra_pages/windows/csv_file.h"
+#include "algebra_pages/windows/number_choice.h"
+#include "shell/settings.h"
+#include "shell/text_format.h"
+#include "shell/windows/error_report.h"
+#include "shell/windows/form_windows.h"
+#include "shell/windows/program_windows.h"
+#include "shell/windows/wait_cursor.h"
+#include "shell/windows/window_text.h"
+#include "toolkit/numeric_up_down.h"
+#include "toolkit/wide_text.h"
+
+namespace tallymere {
+
+SystemPage systemPage;
+
+namespace {
+
+SystemRequest request;
+
+HWND ControlOf(SystemControl control) {
+    return systemPage.controls[control];
+}
+
+void LayOutPage() {
+    PlaceFormControls(systemPage.window, systemPage.controls,
+                      [](int32_t control, LayoutSize client) {
+                          return PlaceSystemControl(static_cast<SystemControl>(control), client);
+                      });
+}
+
+// The grid.
+
+void PrepareGrid() {
+    const HWND grid = ControlOf(SystemGrid);
+    BeginCoefficientGrid(grid, SystemLabelWidth);
+    for (int32_t column = 0; column < SystemColumnCount; column++) {
+        AddCoefficientColumn(grid, NameOfSystemColumn(column).text, SystemColumnWidth);
+    }
+    // It keeps the column of the right sides from reaching to the edge of the grid.
+    AddFillerColumn(grid);
+}
+
+void WriteRowName(char16_t* name, int32_t row) {
+    FormatBounded(name, RowNameCapacity, u"%d", {row + 1});
+}
+
+void SetEquationCount(int32_t count) {
+    const HWND grid = ControlOf(SystemGrid);
+    systemPage.count = count;
+    ShowCoefficientColumns(grid, 0, count, true);
+    ShowCoefficientColumns(grid, count, RightSideColumn, false);
+    SetCoefficientRows(grid, count, WriteRowName);
+}
+
+void CountChanged(HWND, int32_t count) {
+    SetEquationCount(count);
+}
+
+// Also the columns that are hidden.
+void ClearPage() {
+    for (int32_t row = 0; row < systemPage.count; row++) {
+        for (int32_t column = 0; column < SystemColumnCount; column++) {
+            WriteCoefficient(ControlOf(SystemGrid), column, row, nullptr);
+        }
+    }
+    SetWindowTextW(ControlOf(SystemOutput), L"");
+}
+
+// The number type and the precision.
+
+NumberChoiceControls ChoiceControls() {
+    return {.type = ControlOf(SystemType),
+            .precision = ControlOf(SystemPrecision),
+            .precisionLabel = ControlOf(SystemPrecisionLabel)};
+}
+
+void TypeChosen(HWND, int32_t type) {
+    EnablePrecision(ChoiceControls(), type);
+}
+
+// The run.
+
+void ReadCell(void*, int32_t row, int32_t column, char16_t* text) {
+    ReadCoefficientText(ControlOf(SystemGrid), GridColumnOfSystem(column, systemPage.count), row,
+                        text);
+}
+
+NumberSetup ReadSystemSetup() {
+    const NumberChoice choice = ReadNumberChoice(ChoiceControls());
+    request = {.count = systemPage.count,
+               .type = choice.type,
+               .digits = choice.digits,
+               .grouped = settings.groupEquations,
+               .readCell = ReadCell,
+               .context = nullptr};
+    return SystemNumberSetup(request);
+}
+
+void PrepareSystem() {
+    SetWindowTextW(ControlOf(SystemOutput), L"");
+}
+
+void AppendToOutput(void*, const char16_t* text) {
+    AppendWindowText(ControlOf(SystemOutput), text);
+}
+
+void SolveSystem() {
+    const WaitCursorScope wait;
+    RunSystem(request, AppendToOutput, nullptr);
+}
+
+constexpr PageTask SystemTask = {ReadSystemSetup, PrepareSystem, SolveSystem, [](bool) {},
+                                 UiErrorCalculation};
+
+// Files.
+
+void TakeCount(void*, int32_t count) {
+    ClearPage();
+    SetNumericPosition(ControlOf(SystemCount), count);
+    SyncNumericUpDown(ControlOf(SystemCount), true, true);
+}
+
+void TakeCell(void*, int32_t row, int32_t column, const char16_t* text) {
+    WriteCoefficient(ControlOf(SystemGrid), column, row, text);
+}
+
+void LoadFile() {
+    ClearErrors();
+    char16_t name[PathCapacity + 1];
+    if (!AskForCsvToOpen(systemPage.window, systemPage.dialogs, name)) {
+        return;
+    }
+    {
+        const WaitCursorScope wait;
+        ReadCsvFile(name, {.context = nullptr, .takeCount = TakeCount, .takeCell = TakeCell});
+    }
+    ReportUiError();
+}
+
+HeapText TextOfCell(int32_t row, int32_t column) {
+    return CopyCoefficientText(ControlOf(SystemGrid), column, row);
+}
+
+void SaveFile() {
+    ClearErrors();
+    if (!AskForCsvToSave(systemPage.window, systemPage.dialogs)) {
+        return;
+    }
+    {
+        const WaitCursorScope wait;
+        WriteCsvFile(systemPage.dialogs.savedName, systemPage.count, TextOfCell);
+    }
+    ReportUiError();
+}
+
+// The window.
+
+void FillControls() {
+    PrepareGrid();
+    SetNumericRange(ControlOf(SystemCount), MinEquationCount, MaxEquationCount);
+    SetNumericPosition(ControlOf(SystemCount), MinEquationCount);
+    SetEquationCount(MinEquationCount);
+    SetNumericChanged(ControlOf(SystemCount), CountChanged);
+    BeginNumberChoice(ChoiceControls(), TypeChosen);
+}
+
+void HandleCommand(HWND control, int32_t news) {
+    if (news != BN_CLICKED) {
+        return;
+    }
+    if (control == ControlOf(SystemClear)) {
+        ClearPage();
+    } else if (control == ControlOf(SystemLoad)) {
+        LoadFile();
+    } else if (control == ControlOf(SystemSaveAs)) {
+        SaveFile();
+    } else if (control == ControlOf(SystemClose)) {
+        SendMessageW(systemPage.window, WM_CLOSE, 0, 0);
+    }
+}
+
+LRESULT SystemPageProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
+    if (systemPage.window == nullptr ||
+        HandlePageRun(systemPage.run, message, wParam, lParam, callDefault)) {
+        return 0;
+    }
+    switch (message) {
+        case WM_SIZE:
+            if (wParam != SIZE_MINIMIZED) {
+                LayOutPage();
+            }
+            break;
+        case WM_COMMAND:
+            if (lParam != 0) {
+                HandleCommand(reinterpret_cast<HWND>(lParam), HIWORD(wParam));
+            }
+            break;
+        case WM_NCDESTROY:
+            systemPage.window = nullptr;
+            break;
+        default:
+            break;
+    }
+    return 0;
+}
+
+}  // namespace
+
+void CreateSystemPage() {
+    systemPage = {};
+    const HWND window =
+        CreatePageWindow(SystemPageSize, uiText.TextLinSystemsLinearEquations, SystemPageProc);
+    CreateFormControls(window, SystemForm, SystemControlCount, systemPage.controls);
+    FillControls();
+    systemPage.window = window;
+    systemPage.run = {
+        .page = window,
+        .startTask = &SystemTask,
+        .controls = {.startButton = ControlOf(SystemSolve), .startCaption = &UiText::TextAlgSolve},
+        .states = {.rules = {StopNever, LeavesAtOnce}}};
+    LayOutPage();
+    pageWindows[PageLinearSystems] = window;
+}
+
+}  // namespace tallymere

@@ -1,0 +1,26 @@
+// The page of systems of linear equations.
+#pragma once
+
+#include <cstdint>
+
+#include "algebra_pages/csv_name.h"
+#include "algebra_pages/system_form.h"
+#include "shell/windows/page_run.h"
+#include "toolkit/win32.h"
+
+namespace tallymere {
+
+struct SystemPage {
+    HWND window = nullptr;                   ///< null before the page is complete
+    HWND controls[SystemControlCount] = {};  ///< named by SystemControl
+    int32_t count = 0;                       ///< of equations that the grid has rows for
+    CsvDialogs dialogs;
+    PageRun run;
+};
+
+extern SystemPage systemPage;
+
+/// Makes the page, hidden, as pageWindows[PageLinearSystems].
+void CreateSystemPage();
+
+}  // namespace tallymere
