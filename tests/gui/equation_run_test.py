@@ -4,8 +4,9 @@ stopped."""
 
 import unittest
 
-from equation_case import ENDLESS, EQUATIONS, LABELS_WIDTH, ROW_HEIGHT, EquationCase
-from gui_case import MAIN_TITLE, desktop
+from coefficient_case import LABELS_WIDTH, ROW_HEIGHT
+from equation_case import ENDLESS, EquationCase
+from gui_case import MAIN_TITLE
 
 # x^2 - 2, and what is answered for x^2 + 1, by language.
 ROOTS = "x1 = -1.414213562   [1]\r\nx2 = 1.414213562   [1]\r\n"
@@ -15,16 +16,11 @@ NO_ROOTS = "TextAlgEquationNoRealSolutions"
 
 
 class EquationRunTest(EquationCase):
-    def localized(self, numbers):
-        """With the decimal separator of the language that is spoken."""
-        return numbers.replace(".", ",") if self.texts is desktop().forms["de"]["texts"] else numbers
-
     def test_by_mouse_in_both_languages(self):
         for language in ("en", "de"):
             with self.subTest(language):
                 self.start_with(language)
-                self.choose_menu_by_mouse(self.program, EQUATIONS)
-                self.program.wait_for_window(self.title)
+                self.open_page_by_mouse()
                 # The last coefficient is still in its editor when Solve is clicked.
                 self.type_coefficients("1", "", "-2")
                 self.solve()

@@ -1,0 +1,130 @@
+"""What tests of the pages with a grid of coefficients share: the page, its controls, its grid."""
+
+from dataclasses import dataclass
+
+from gui_case import MAIN_TITLE, GuiCase, desktop, settings_text, to_pixels
+from program import MESSAGE_BOX_CLASS, Window
+
+# Of the grids as they are made, in logical units.
+LABELS_WIDTH = 40
+COLUMN_WIDTH = 80
+ROW_HEIGHT = 21
+
+
+@dataclass
+class CoefficientPage:
+    """The page as it was when the program was asked; its controls by their names in
+    form_tables."""
+    form: str
+    window: Window
+
+    def __getitem__(self, name):
+        return self.window.children[desktop().forms[f"{self.form}_rows"][name]]
+
+    @property
+    def output(self):
+        return self["output"].text
+
+    @property
+    def editor(self):
+        """The text that is being edited in the grid; None when nothing is."""
+        return next((control.text for control in self["grid"].children
+                     if control.visible and control.class_name.lower() == "edit"), None)
+
+    def child(self, name, class_name):
+        """The control of a class in a control that is made of several."""
+        child, = [control for control in self[name].children
+                  if control.class_name.lower() == class_name]
+        return child
+
+    def field(self, name):
+        """The edit control of a numeric one."""
+        return self.child(name, "edit")
+
+    def chosen(self, name):
+        """The list of a number type."""
+        return self.child(name, "combobox")
+
+
+class CoefficientCase(GuiCase):
+    """A page says in `item`, `form` and `title_text` what it is."""
+
+    def start_with(self, language="en", dpi=96, grouping=0, thousands="(automatic)"):
+        """Starts the program for somebody who has met About before."""
+        self.dpi = dpi
+        decimal = "(automatic)" if thousands == "(automatic)" else "point"
+        self.write_settings(settings_text(grouping=(0, grouping, 0), decimal=decimal,
+                                          thousands=thousands))
+        self.program = self.start(language, dpi)
+        self.program.wait_for_window(MAIN_TITLE)
+        return self.program
+
+    @property
+    def title(self):
+        return self.texts[self.title_text]
+
+    def localized(self, numbers):
+        """With the decimal separator of the language that is spoken."""
+        return numbers.replace(".", ",") if self.texts is desktop().forms["de"]["texts"] else numbers
+
+    def open_page(self):
+        """Chooses the menu item of the page by the keyboard."""
+        self.choose_menu(self.program, self.item)
+        self.program.wait_for_window(self.title)
+        return self.page()
+
+    def open_page_by_mouse(self):
+        self.choose_menu_by_mouse(self.program, self.item)
+        self.program.wait_for_window(self.title)
+        return self.page()
+
+    def close_page(self):
+        """Closes the page by its button: behind a message the keyboard may be elsewhere."""
+        self.click(self.page()["close"])
+        self.program.wait_until_hidden(self.title)
+
+    def page(self):
+        """The page, on the screen or not."""
+        window, = [window for window in self.program.probe.windows() if window.text == self.title]
+        return CoefficientPage(self.form, window)
+
+    def wait_for_page(self, condition, what):
+        return self.program.wait_for_where(self.page, condition, what)
+
+    def wait_for_editor(self, text):
+        self.wait_for_page(lambda page: page.editor == text, f"the editor with {text!r}")
+
+    def click_cell(self, row, column=0):
+        """Clicks a cell that is in view; 0, 0 is the first one behind the headers. Gives the text
+        that is in it."""
+        left, top, _, _ = self.page()["grid"].client
+        x, y = to_pixels([LABELS_WIDTH + COLUMN_WIDTH * column + 30,
+                          ROW_HEIGHT * (row + 1) + ROW_HEIGHT // 2], self.dpi)
+        self.display.click(left + x, top + y)
+        return self.wait_for_page(lambda page: page.editor is not None, "an editor").editor
+
+    def retype(self, text, *keys):
+        """Replaces what is in the editor, to which the keys lead; the text stays in it."""
+        self.display.press(*keys, "Home", "shift+End", "Delete")
+        if text:
+            self.display.type_text(text)
+        self.wait_for_editor(text)
+
+    def set_number(self, name, number):
+        """Types into a numeric control and presses Return."""
+        self.click(self.page().field(name))
+        self.display.press("Home", "shift+End", *str(number), "Return")
+        self.wait_for_page(lambda page: page.field(name).text == str(number), f"{name} {number}")
+
+    def choose_type(self, row):
+        """Chooses a number type, 0 for rational, by the mouse on the list and the keyboard in
+        it."""
+        self.click(self.page().chosen("type"))
+        self.display.press("Home", *["Down"] * row, "Return")
+        self.wait_for_page(lambda page: page.chosen("type").row == row, f"number type {row}")
+
+    def wait_for_output(self, output):
+        return self.wait_for_page(lambda page: page.output == output, f"the output {output!r}")
+
+    def assert_no_message(self):
+        self.assertIsNone(self.program.find(MESSAGE_BOX_CLASS))
