@@ -59,7 +59,9 @@ GridKeyEffect EffectOfOpeningKey(const GridState& state, const GridKeyStroke& st
     if (IsSilentKey(stroke) || !CanEditGridCursor(state)) {
         return Only(GridKeyAction::Nothing);
     }
-    return Only(stroke.isAltBitSet ? GridKeyAction::EditText : GridKeyAction::Type);
+    // With Control the bit belongs to AltGr, which writes characters.
+    const bool isAltGr = stroke.isFromKeyboard && stroke.control;
+    return Only(stroke.isAltBitSet && !isAltGr ? GridKeyAction::EditText : GridKeyAction::Type);
 }
 
 }  // namespace
@@ -90,6 +92,15 @@ GridKeyEffect EffectOfGridKey(const GridState& state, const GridKeyStroke& strok
             return IsIdleKey(stroke.key) ? Only(GridKeyAction::Nothing)
                                          : EffectOfOpeningKey(state, stroke);
     }
+}
+
+bool OpensGridEditor(const GridKeyStroke& stroke, bool hasCharacters) {
+    return hasCharacters || !stroke.isFromKeyboard || stroke.key == GridKeyDelete ||
+           stroke.key == GridKeyBackspace;
+}
+
+bool OpensGridEditor(char16_t character, bool control, bool alt) {
+    return IsGridText(character) && (alt || !control);
 }
 
 GridEditorAction EffectOfGridEditorKey(const GridState& state, uint32_t key, bool control,

@@ -10,6 +10,7 @@ namespace tallymere {
 
 /// Keys that mean something to a grid. The values are the system's codes.
 enum GridKey : uint32_t {
+    GridKeyBackspace = 0x08,
     GridKeyTab = 0x09,
     GridKeyReturn = 0x0D,
     GridKeyShift = 0x10,
@@ -27,6 +28,7 @@ enum GridKey : uint32_t {
     GridKeyRight = 0x27,
     GridKeyDown = 0x28,
     GridKeyInsert = 0x2D,
+    GridKeyDelete = 0x2E,
     GridKeyLeftWindows = 0x5B,
     GridKeyRightWindows = 0x5C,
     GridKeyMenu = 0x5D,
@@ -56,7 +58,7 @@ enum class GridKeyAction {
     Move,          ///< the cursor moves, and the editor opens
     LeaveForward,  ///< the focus goes to the next control
     LeaveBackward,
-    Type,      ///< the editor opens with the character of the key
+    Type,      ///< the editor opens with the characters of the key, see OpensGridEditor
     EditText,  ///< the editor opens with the text of the cell
 };
 
@@ -74,6 +76,15 @@ struct GridKeyEffect {
 /// and other keys without a character do nothing, nor does Escape, nor a key with Control alone:
 /// the editor would open empty, and whatever ends it would clear the cell.
 GridKeyEffect EffectOfGridKey(const GridState& state, const GridKeyStroke& stroke);
+
+/// Whether a key whose effect is Type opens the editor; `hasCharacters` says that it has typed
+/// text. Without text Delete and Backspace alone open it from the keyboard, and each key that a
+/// program sends. A dead key does not: its character comes with the next key.
+bool OpensGridEditor(const GridKeyStroke& stroke, bool hasCharacters);
+
+/// Whether a character that comes to a grid without a key of its own, such as from an input method,
+/// opens the editor. One with Control alone is a command, such as Control with the space bar.
+bool OpensGridEditor(char16_t character, bool control, bool alt);
 
 /// The edit control inside a cell when a key goes down.
 struct GridEditorFacts {

@@ -137,6 +137,9 @@ bool HandleInput(GridRecord& grid, UINT message, WPARAM wParam, LPARAM lParam) {
             return true;
         case WM_KEYDOWN:
             return HandleGridKey(grid, wParam, lParam);
+        case WM_CHAR:
+            HandleGridCharacter(grid, wParam, lParam);
+            return true;
         case WM_LBUTTONDOWN:
         case WM_MOUSEMOVE:
         case WM_LBUTTONUP:

@@ -9,6 +9,10 @@ namespace tallymere {
 /// key.
 bool HandleGridKey(GridRecord& grid, WPARAM key, LPARAM flags);
 
+/// Handles WM_CHAR. An open editor gets the character: it was meant for it, or comes behind one
+/// that has opened it.
+void HandleGridCharacter(GridRecord& grid, WPARAM character, LPARAM flags);
+
 /// Opens the editor on the cell of the cursor with its text, if the cell can be edited.
 void OpenGridEditorWithText(GridRecord& grid);
 

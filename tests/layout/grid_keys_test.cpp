@@ -105,6 +105,35 @@ TEST_F(GridKeys, TheAltBitKeepsTheTextOfTheCell) {
               GridKeyAction::EditText);
 }
 
+TEST_F(GridKeys, AltGrIsNotTheAltBit) {
+    EXPECT_EQ(
+        Press(
+            {.key = 'Q', .control = true, .alt = true, .isAltBitSet = true, .isFromKeyboard = true})
+            .action,
+        GridKeyAction::Type);
+    // The grid sends itself the key whatever the user holds.
+    EXPECT_EQ(Press({.key = 0x10, .control = true, .isAltBitSet = true}).action,
+              GridKeyAction::EditText);
+}
+
+TEST_F(GridKeys, WithoutCharactersOnlyKeysThatClearOpenTheEditor) {
+    for (uint32_t key = 1; key < 255; key++) {
+        EXPECT_TRUE(OpensGridEditor({.key = key, .isFromKeyboard = true}, true)) << key;
+        EXPECT_EQ(OpensGridEditor({.key = key, .isFromKeyboard = true}, false),
+                  key == 0x08 || key == 0x2E)
+            << key;
+        EXPECT_TRUE(OpensGridEditor({.key = key}, false)) << key;
+    }
+}
+
+TEST_F(GridKeys, ACharacterOfItsOwnOpensTheEditorUnlessControlIsHeld) {
+    EXPECT_TRUE(OpensGridEditor(u'\u4E8C', false, false));
+    EXPECT_TRUE(OpensGridEditor(u'@', true, true));
+    EXPECT_FALSE(OpensGridEditor(u' ', true, false));
+    EXPECT_FALSE(OpensGridEditor(u'\r', false, false));
+    EXPECT_FALSE(OpensGridEditor(u'\x7F', false, false));
+}
+
 TEST_F(GridKeys, ACellThatCannotBeEditedOpensNoEditor) {
     grid.Cell(2, 2).isProtected = 1;
     EXPECT_EQ(ActionOf('1'), GridKeyAction::Nothing);

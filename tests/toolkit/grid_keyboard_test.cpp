@@ -13,6 +13,7 @@ using testing_support::heardOfGrid;
 using testing_support::PressKey;
 using testing_support::TextOf;
 using testing_support::TypeCharacter;
+using testing_support::WholeText;
 
 class GridKeyboard : public testing_support::GridTest {
 protected:
@@ -160,6 +161,85 @@ TEST_F(GridKeyboard, DeleteOpensTheEditorEmpty) {
 TEST_F(GridKeyboard, AKeyWithControlOpensNothing) {
     Press('C', VK_CONTROL);
     EXPECT_EQ(Edited(), "not edited");
+}
+
+TEST_F(GridKeyboard, ADeadKeyWaitsForTheKeyBehindIt) {
+    PressTranslated(VK_OEM_6, u"\u00B4", WM_DEADCHAR);
+    EXPECT_FALSE(IsEditing());
+    EXPECT_EQ(Read(1, 1), u"text");
+    PressTranslated('E', u"\u00E9");
+    EXPECT_EQ(WholeText(Editor()), u"\u00E9");
+    Press(VK_ESCAPE);
+    // With a key that it does not go with, both characters come.
+    PressTranslated(VK_OEM_6, u"^", WM_DEADCHAR);
+    PressTranslated('2', u"^2");
+    EXPECT_EQ(Edited(), "^2");
+    EXPECT_EQ(Caret(), 2);
+}
+
+// Programs that type for the user have no keys for what they type.
+TEST_F(GridKeyboard, ACharacterThatIsNoKeyIsTyped) {
+    PressTranslated(VK_PACKET, u"\u221A");
+    EXPECT_EQ(WholeText(Editor()), u"\u221A");
+    PressTranslated(VK_PACKET, u"2");
+    EXPECT_EQ(WholeText(Editor()), u"\u221A2");
+}
+
+TEST_F(GridKeyboard, AltGrWritesCharacters) {
+    BYTE keys[256] = {};
+    keys[VK_CONTROL] = keys[VK_MENU] = 0x80;
+    SetKeyboardState(keys);
+    constexpr LPARAM WithAlt = 1 | 1 << 29;
+    PressTranslated('F', u"", WM_CHAR, WithAlt);
+    EXPECT_FALSE(IsEditing()) << "that key has no character with AltGr";
+    PressTranslated('Q', u"@", WM_CHAR, WithAlt);
+    std::fill_n(keys, 256, BYTE{0});
+    SetKeyboardState(keys);
+    EXPECT_EQ(Edited(), "@");
+}
+
+TEST_F(GridKeyboard, CharactersOfAnInputMethodAreTyped) {
+    Press(VK_PROCESSKEY);
+    EXPECT_FALSE(IsEditing());
+    // They come to the window in which the composing began.
+    for (const char16_t character : {u'\u4E8C', u'\u4E09'}) {
+        TypeCharacter(grid, character);
+    }
+    EXPECT_TRUE(IsEditing());
+    EXPECT_EQ(WholeText(Editor()), u"\u4E8C\u4E09");
+    Press(VK_ESCAPE);
+    for (const char16_t character : {u'\r', u'\b', u'\x1B', u'\x7F'}) {
+        TypeCharacter(grid, character);
+        EXPECT_FALSE(IsEditing()) << int{character};
+    }
+    AskCell(GridSetCellProtected, 1, 1, 1);
+    TypeCharacter(grid, u'7');
+    EXPECT_FALSE(IsEditing());
+}
+
+TEST_F(GridKeyboard, KeysWithoutACharacterLeaveTheCellAsItIs) {
+    for (const int key : {VK_CLEAR, VK_SELECT, VK_HELP, VK_SLEEP, VK_PACKET, VK_PROCESSKEY}) {
+        PressTranslated(key, u"");
+        EXPECT_FALSE(IsEditing()) << key;
+    }
+    // Control with the space bar has one, which is no text.
+    BYTE keys[256] = {};
+    keys[VK_CONTROL] = 0x80;
+    SetKeyboardState(keys);
+    PressTranslated(VK_SPACE, u" ");
+    keys[VK_CONTROL] = 0;
+    SetKeyboardState(keys);
+    EXPECT_FALSE(IsEditing());
+    EXPECT_EQ(Read(1, 1), u"text");
+}
+
+TEST_F(GridKeyboard, TheEndOfTheProgramIsNotTakenForACharacter) {
+    PostQuitMessage(7);
+    Press(VK_DELETE);
+    EXPECT_EQ(Edited(), "");
+    MSG message;
+    EXPECT_EQ(GetMessageW(&message, nullptr, 0, 0), 0);
+    EXPECT_EQ(message.wParam, 7u);
 }
 
 TEST_F(GridKeyboard, TheAltBitKeepsTheText) {

@@ -118,14 +118,24 @@ protected:
     }
     std::string Edited() { return IsEditing() ? TextOf(Editor()) : "not edited"; }
 
-    /// Sends a key to whatever has the focus, as the message loop would, while another is held. The
-    /// character comes behind it, to the window that had the focus.
+    /// Sends a key to whatever has the focus, as the message loop would, while another is held.
     void Press(int key, int heldKey = 0) { PressKey(GetFocus(), key, heldKey); }
-    void PressCharacter(int key, char16_t character) {
+
+    /// The same with what TranslateMessage makes of the key, which waits behind it for the window
+    /// that had the focus. `flags` are those of the key.
+    void PressTranslated(int key, const std::u16string& characters, UINT message = WM_CHAR,
+                         LPARAM flags = 1) {
         const HWND focused = GetFocus();
-        SendMessageW(focused, WM_KEYDOWN, static_cast<WPARAM>(key), 1);
-        TypeCharacter(focused, character);
+        for (const char16_t character : characters) {
+            PostMessageW(focused, message, character, 1);
+        }
+        SendMessageW(focused, WM_KEYDOWN, static_cast<WPARAM>(key), flags);
+        MSG left;
+        while (PeekMessageW(&left, nullptr, WM_CHAR, WM_DEADCHAR, PM_REMOVE)) {
+            DispatchMessageW(&left);
+        }
     }
+    void PressCharacter(int key, char16_t character) { PressTranslated(key, {character}); }
 
     void Click(int32_t x, int32_t y) {
         SendMessageW(grid, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
