@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "console/utf8.h"
-#include "shell/text_sink.h"
+#include "core/text_writer.h"
 
 namespace tallymere {
 

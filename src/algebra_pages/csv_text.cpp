@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/contract.h"
-#include "shell/text_sink.h"
+#include "core/text_writer.h"
 
 namespace tallymere {
 
