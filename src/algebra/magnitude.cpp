@@ -110,19 +110,6 @@ PartSizes PartSizesOf(const ComplexNumber* z) {
     return {MagnitudeOf(RealPart(z)), MagnitudeOf(ImaginaryPart(z))};
 }
 
-PartSizes operator+(PartSizes a, PartSizes b) {
-    return {a.real + b.real, a.imaginary + b.imaginary};
-}
-
-PartSizes operator*(PartSizes a, Magnitude factor) {
-    return {a.real * factor, a.imaginary * factor};
-}
-
-PartSizes operator*(PartSizes a, PartSizes b) {
-    return {a.real * b.real + a.imaginary * b.imaginary,
-            a.real * b.imaginary + a.imaginary * b.real};
-}
-
 void RealFromMagnitude(RealNumber* dest, Magnitude a, uint64_t sign) {
     if (IsZero(a)) {
         RealSetZero(dest, 0);

@@ -60,11 +60,18 @@ struct PartSizes {
 /// The sizes of the parts of a finite number in the layout in force.
 PartSizes PartSizesOf(const ComplexNumber* z);
 
-PartSizes operator+(PartSizes a, PartSizes b);
-PartSizes operator*(PartSizes a, Magnitude factor);
+inline PartSizes operator+(PartSizes a, PartSizes b) {
+    return {a.real + b.real, a.imaginary + b.imaginary};
+}
+inline PartSizes operator*(PartSizes a, Magnitude factor) {
+    return {a.real * factor, a.imaginary * factor};
+}
 
 /// What the parts of the product of two numbers can be at most.
-PartSizes operator*(PartSizes a, PartSizes b);
+inline PartSizes operator*(PartSizes a, PartSizes b) {
+    return {a.real * b.real + a.imaginary * b.imaginary,
+            a.real * b.imaginary + a.imaginary * b.real};
+}
 
 /// The number as it is, with a sign, rounded to the layout in force.
 void RealFromMagnitude(RealNumber* dest, Magnitude a, uint64_t sign = 0);

@@ -66,12 +66,19 @@ uint64_t ResidueOf(const RealNumber* number, uint64_t prime) {
     if (RealIsZero(number)) {
         return 0;
     }
+    // Exact coefficients end long before the layout does.
+    int64_t limbs = numberContext.realLimbs;
+    while (RealLimbs(number)[limbs - 1] == 0) {
+        limbs--;
+    }
+    const uint64_t base = PowerOfTen(DigitsPerLimb) % prime;
     uint64_t mantissa = 0;
-    for (int64_t i = 0; i < numberContext.realLimbs; i++) {
-        const uint64_t base = PowerOfTen(DigitsPerLimb) % prime;
+    for (int64_t i = 0; i < limbs; i++) {
         mantissa = Add(Multiply(mantissa, base, prime), RealLimbs(number)[i] % prime, prime);
     }
-    const int64_t order = RealExponent(number) - numberContext.precisionDigits + 1;
+    const int64_t digits =
+        numberContext.precisionDigits - (numberContext.realLimbs - limbs) * DigitsPerLimb;
+    const int64_t order = RealExponent(number) - digits + 1;
     const auto period = static_cast<int64_t>(prime - 1);
     const int64_t exponent = order % period + (order < 0 ? period : 0);
     const uint64_t value =
