@@ -36,4 +36,17 @@ struct TestGrid {
     GridState state;
 };
 
+/// A grid of 4 columns and 10 rows of 20 pixels, a header row of 30 and a title of 40.
+struct SmallGrid : TestGrid {
+    SmallGrid() : TestGrid(4, 10) {
+        state.rowHeight = 20;
+        state.headerHeight = 30;
+        state.titleHeight = 40;
+        state.clientWidth = 160;
+        state.clientHeight = 155;
+        state.extendsLastColumn = false;
+        Column(2).width = 30;
+    }
+};
+
 }  // namespace tallymere::testing_support
