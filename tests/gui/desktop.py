@@ -90,6 +90,13 @@ class Pixels:
             found.update(zip(line[::3], line[1::3], line[2::3]))
         return found
 
+    def part(self, rect):
+        """The pixels of a part of it, told by its place on the screen, as they are compared."""
+        left, top, full_width, _ = self.rect
+        x, y, width, height = rect
+        starts = [3 * (row * full_width + x - left) for row in range(y - top, y - top + height)]
+        return [self.pixels[start:start + 3 * width] for start in starts]
+
 
 class Display:
     """A virtual display with a window manager, and the hand at its keyboard and mouse."""
