@@ -14,5 +14,6 @@ void AddFactorialBenchmarks();
 void AddExactBenchmarks();
 void AddPrimeBenchmarks();
 void AddRootBenchmarks();
+void AddSystemBenchmarks();
 
 }  // namespace tallymere::bench

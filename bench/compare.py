@@ -33,6 +33,9 @@ whole process, start and end included.
 
 Roots of equations are measured beside PARI, and beside the program mpsolve, which starts anew for
 each equation. Where coefficients are rounded on purpose, others would see roots that differ.
+
+Systems of linear equations are measured beside PARI. Ours begins with the texts of the cells, ends
+with the text of the result, and solves twice.
 """
 
 import argparse
@@ -48,6 +51,7 @@ from pathlib import Path
 sys.dont_write_bytecode = True
 import prime_works  # noqa: E402
 import root_works  # noqa: E402
+import system_works  # noqa: E402
 from benchmark_program import (SECONDS_PER_MEASUREMENT, SECONDS_PER_REPETITION,  # noqa: E402
                                Program, compare_sides, fitting_repetitions, rounds_of)
 from comparison_table import Row, Table, print_heading, ratio_cells, show_time  # noqa: E402
@@ -258,7 +262,7 @@ def main():
     parser.add_argument("--rounds", type=int, default=7, help=argparse.SUPPRESS)
     names = list(dict.fromkeys([work.name for work in WORKS] + list(FUNCTIONS) + list(EXACT)
                                + list(FORMULAS) + [LIMB_PRODUCT, FACTORIAL] + prime_works.NAMES
-                               + root_works.NAMES))
+                               + root_works.NAMES + system_works.NAMES))
     parser.add_argument("--only", nargs="+", choices=names, default=names, help=argparse.SUPPRESS)
     options = parser.parse_args()
     if options.rounds < 1:
@@ -354,6 +358,7 @@ def main():
 
     rows += prime_works.print_tables(program, options.only, options.rounds, markdown)
     rows += root_works.print_tables(program, options.only, options.rounds, markdown)
+    rows += system_works.print_tables(program, options.only, options.rounds, markdown)
 
     verdicts = [verdict for row in rows for verdict in row.verdicts()]
     print(f"\n{verdicts.count(True)} of {len(verdicts)} targets met")

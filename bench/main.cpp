@@ -75,6 +75,7 @@ int main(int argc, char** argv) {
     AddExactBenchmarks();
     AddPrimeBenchmarks();
     AddRootBenchmarks();
+    AddSystemBenchmarks();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 2;

@@ -6,6 +6,15 @@
 
 namespace tallymere::bench {
 
+namespace {
+
+long BitsForDigits(int64_t digits) {
+    constexpr double BitsPerDigit = 3.3219281;
+    return static_cast<long>(static_cast<double>(digits) * BitsPerDigit) + 1;
+}
+
+}  // namespace
+
 void PreparePari() {
     static const bool started = [] {
         pari_init_opts(size_t{64} << 20, 500'000, INIT_DFTm);
@@ -47,10 +56,33 @@ PariPolynomial::~PariPolynomial() {
 }
 
 int64_t PariPolynomial::CountRoots(int64_t digits) const {
-    constexpr double BitsPerDigit = 3.3219281;
     const pari_sp top = avma;
-    const long bits = static_cast<long>(static_cast<double>(digits) * BitsPerDigit) + 1;
+    const long bits = BitsForDigits(digits);
     const int64_t count = lg(roots(static_cast<GEN>(polynomial_), nbits2prec(bits))) - 1;
+    set_avma(top);
+    return count;
+}
+
+PariSystem::PariSystem(const char* matrix, const char* rightSide, int64_t digits) {
+    PreparePari();
+    const pari_sp top = avma;
+    const auto read = [digits](const char* text) {
+        GEN value = gp_read_str(text);
+        return gclone(digits == 0 ? value : gprec_w(value, nbits2prec(BitsForDigits(digits))));
+    };
+    matrix_ = read(matrix);
+    rightSide_ = read(rightSide);
+    set_avma(top);
+}
+
+PariSystem::~PariSystem() {
+    gunclone(static_cast<GEN>(matrix_));
+    gunclone(static_cast<GEN>(rightSide_));
+}
+
+int64_t PariSystem::CountUnknowns() const {
+    const pari_sp top = avma;
+    const int64_t count = nbrows(gauss(static_cast<GEN>(matrix_), static_cast<GEN>(rightSide_)));
     set_avma(top);
     return count;
 }

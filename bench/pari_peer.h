@@ -36,6 +36,24 @@ private:
     void* polynomial_;
 };
 
+/// A system of linear equations that PARI keeps.
+class PariSystem {
+public:
+    /// From PARI's own notation of a matrix and a column, such as "[1,2;3,4]" and "[5;6]". Numbers
+    /// have so many digits, or are exact for 0.
+    PariSystem(const char* matrix, const char* rightSide, int64_t digits);
+    ~PariSystem();
+    PariSystem(const PariSystem&) = delete;
+    PariSystem& operator=(const PariSystem&) = delete;
+
+    /// Finds the unknowns, and returns how many there are.
+    int64_t CountUnknowns() const;
+
+private:
+    void* matrix_;
+    void* rightSide_;
+};
+
 /// "2.15.2" or the like.
 const char* PariVersion();
 
