@@ -187,6 +187,14 @@ TEST_F(SystemRun, KeepsAResultWhereALaterRunFails) {
               "x1 = 1\nx2 = 1\n");
 }
 
+TEST_F(SystemRun, KeepsAResultWhereALaterRunCannotBeCalculated) {
+    EXPECT_EQ(
+        ShownSystem({{"1e-3000000000000000000", "0", "1+1e3000000000000000000*(10^15+1-10^15)"},
+                     {"0", "1", "1"}},
+                    NumberTypeReal),
+        "x1 = 1e+3000000000000000000\nx2 = 1\n");
+}
+
 // A cell that has another value in each run: all of its digits never suffice.
 TEST_F(SystemRun, ShowsTheLastRunWhereNoTwoAgree) {
     std::string cell = "0";
