@@ -34,7 +34,8 @@ enum SystemControl : int32_t {
 inline constexpr FormControl SystemForm[] = {
     {FormWindow, FormStatic, {10, 10, 150, 20}, &UiText::TextLinEquationCount},
     {FormWindow, FormNumericUpDown, {10, 30, 40, 20}, nullptr},
-    {FormWindow, FormStatic, {140, 10, 70, 20}, &UiText::TextLinNumberType},
+    // Reaches beyond its list, since some fonts need more for its text.
+    {FormWindow, FormStatic, {140, 10, 95, 20}, &UiText::TextLinNumberType},
     {FormWindow, FormNumberType, {140, 29, 70, 23}, nullptr},
     {FormWindow, FormStatic, {240, 10, 100, 20}, &UiText::TextCalcPrecision},
     {FormWindow, FormNumericUpDown, {240, 30, 55, 20}, nullptr},

@@ -18,7 +18,7 @@ TEST(SystemForm, HasItsControlsInPlace) {
     EXPECT_EQ(SystemForm[SystemCountLabel].place, (LayoutRect{10, 10, 150, 20}));
     EXPECT_EQ(SystemForm[SystemCount].place, (LayoutRect{10, 30, 40, 20}));
     EXPECT_EQ(SystemForm[SystemCount].kind, FormNumericUpDown);
-    EXPECT_EQ(SystemForm[SystemTypeLabel].place, (LayoutRect{140, 10, 70, 20}));
+    EXPECT_EQ(SystemForm[SystemTypeLabel].place, (LayoutRect{140, 10, 95, 20}));
     EXPECT_EQ(SystemForm[SystemType].place, (LayoutRect{140, 29, 70, 23}));
     EXPECT_EQ(SystemForm[SystemType].kind, FormNumberType);
     EXPECT_EQ(SystemForm[SystemPrecisionLabel].place, (LayoutRect{240, 10, 100, 20}));

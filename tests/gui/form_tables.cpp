@@ -6,6 +6,7 @@
 #include <string>
 
 #include "algebra_pages/equation_form.h"
+#include "algebra_pages/system_form.h"
 #include "calculator/calculator_form.h"
 #include "calculator/calculator_sliders.h"
 #include "calculator/keypad.h"
@@ -217,6 +218,26 @@ std::string EquationRowsJson() {
     return rows.Text();
 }
 
+std::string SystemRowsJson() {
+    JsonList rows = JsonObject();
+    const auto add = [&rows](const char* name, SystemControl row) {
+        rows.Add(name, int32_t{row});
+    };
+    add("count", SystemCount);
+    add("type", SystemType);
+    add("precision label", SystemPrecisionLabel);
+    add("precision", SystemPrecision);
+    add("hint", SystemHint);
+    add("grid", SystemGrid);
+    add("output", SystemOutput);
+    add("solve", SystemSolve);
+    add("clear", SystemClear);
+    add("load", SystemLoad);
+    add("save as", SystemSaveAs);
+    add("close", SystemClose);
+    return rows.Text();
+}
+
 std::string PrimeFactorsRowsJson() {
     JsonList rows = JsonObject();
     const auto add = [&rows](const char* name, PrimeFactorsControl row) {
@@ -273,6 +294,8 @@ std::string LanguageJson(Language language) {
     tables.Add("variables", FormJson(VariablesForm));
     tables.Add("equation_size", SizeJson(EquationPageSize));
     tables.Add("equation", FormJson(EquationForm));
+    tables.Add("system_size", SizeJson(SystemPageSize));
+    tables.Add("system", FormJson(SystemForm));
     tables.Add("prime_factors_size", SizeJson(PrimeFactorsSize));
     tables.Add("prime_factors", FormJson(PrimeFactorsForm));
     tables.Add("prime_numbers_size", SizeJson(PrimeNumbersSize));
@@ -297,6 +320,7 @@ int main() {
     languages.Add("container", ContainerJson());
     languages.Add("keys", KeysJson());
     languages.Add("equation_rows", EquationRowsJson());
+    languages.Add("system_rows", SystemRowsJson());
     languages.Add("prime_factors_rows", PrimeFactorsRowsJson());
     languages.Add("prime_numbers_rows", PrimeNumbersRowsJson());
     std::cout << languages.Text() << std::endl;

@@ -43,7 +43,6 @@ void PrepareGrid() {
     for (int32_t column = 0; column < SystemColumnCount; column++) {
         AddCoefficientColumn(grid, NameOfSystemColumn(column).text, SystemColumnWidth);
     }
-    // It keeps the column of the right sides from reaching to the edge of the grid.
     AddFillerColumn(grid);
 }
 
