@@ -14,7 +14,8 @@ bool OpensPair(char16_t c) {
 }  // namespace
 
 int64_t GatherPageText(PageTextBuffer& gathered, std::u16string_view text) {
-    const auto room = static_cast<size_t>(PageTextRoom(gathered.shown) - gathered.length);
+    const auto room =
+        static_cast<size_t>(PageTextRoom(gathered.shown, gathered.last) - gathered.length);
     size_t count = std::min(text.size(), room);
     if (count < text.size() && count > 0 && OpensPair(text[count - 1])) {
         count--;
@@ -24,12 +25,14 @@ int64_t GatherPageText(PageTextBuffer& gathered, std::u16string_view text) {
     return static_cast<int64_t>(count);
 }
 
-void TakePageText(PageTextBuffer& taken, PageTextBuffer& gathered, int64_t shown) {
+void TakePageText(PageTextBuffer& taken, PageTextBuffer& gathered, int64_t shown,
+                  PageTextCost last) {
     std::copy_n(gathered.text, gathered.length + 1, taken.text);
     taken.length = gathered.length;
     gathered.text[0] = 0;
     gathered.length = 0;
     gathered.shown = shown;
+    gathered.last = last;
 }
 
 }  // namespace tallymere

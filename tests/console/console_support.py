@@ -5,8 +5,10 @@ TALLYMERE_SEED replaces the seed of random formulas.
 """
 
 import os
+import re
 import select
 import subprocess
+import sys
 import unittest
 from decimal import ROUND_HALF_UP, Context, Decimal
 
@@ -58,20 +60,62 @@ TOO_LONG = {"en": "<Number is too long for fixed-point notation>",
             "de": "<Zahl ist zu lang für die Festkomma-Notation>"}
 
 
+# Of the last run.
+last_errors = ""
+
+
+class FailureWithErrors(AssertionError):
+    """A failure that shows what the last run wrote on standard error."""
+
+    def __init__(self, *parts):
+        super().__init__(*parts)
+        self.errors = last_errors
+
+    def __str__(self):
+        return f"{super().__str__()}\nstandard error of the last run: {self.errors!r}"
+
+
 def error_line(code, position, language="en", argument=None):
     message = MESSAGES[language][code].format(position if argument is None else argument)
     return f"error {code} {position}: {message}"
 
 
-def run(arguments=(), text=b""):
-    """(lines of standard output, standard error, exit status)."""
-    done = subprocess.run(CONSOLE + list(arguments), input=text, timeout=SECONDS, check=False,
+def emulator_failed(output, errors, status):
+    """True where an emulator did not get as far as the console, by what a run of it wrote.
+
+    Then it complains itself, such as "wine client error:0: recvmsg: Connection reset by peer", or
+    nothing at all is written. The console never ends with 1 or 2 in silence. What an emulator tells
+    of a crash is a failure of the console.
+    """
+    if re.search(rb"^wine: Unhandled ", errors, re.MULTILINE):
+        return False
+    if not output and not errors:
+        return status in (1, 2)
+    return bool(re.search(rb"^wine(server|-run| client error)?:", errors, re.MULTILINE))
+
+
+def run_once(arguments, text):
+    return subprocess.run(CONSOLE + list(arguments), input=text, timeout=SECONDS, check=False,
                           stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+
+
+def run(arguments=(), text=b""):
+    """(lines of standard output, standard error, exit status).
+
+    Where an emulator failed to start the console, it is started once more.
+    """
+    global last_errors
+    done = run_once(arguments, text)
+    if not NATIVE and emulator_failed(done.stdout, done.stderr, done.returncode):
+        print(f"started {list(arguments)} once more, since {CONSOLE[0]} failed with status "
+              f"{done.returncode}: {done.stderr!r}", file=sys.stderr, flush=True)
+        done = run_once(arguments, text)
     output = done.stdout.decode("utf-8")
+    last_errors = done.stderr.decode("utf-8")
     lines = output.split("\n")
     if lines.pop() != "":
-        raise AssertionError(f"the output does not end in a line feed: {output!r}")
-    return lines, done.stderr.decode("utf-8"), done.returncode
+        raise FailureWithErrors(f"the output does not end in a line feed: {output!r}")
+    return lines, last_errors, done.returncode
 
 
 def start(arguments=()):
@@ -124,6 +168,7 @@ def shown(value, digits):
 
 class ConsoleCase(unittest.TestCase):
     maxDiff = 2000
+    failureException = FailureWithErrors
 
     def check(self, arguments, text, expected, status=0):
         """Runs with a text on standard input; the answers, nothing on standard error, the status."""

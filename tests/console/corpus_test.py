@@ -11,7 +11,7 @@ from pathlib import Path
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
 from answer_corpus import TYPES, corpus  # noqa: E402
-from console_support import MESSAGES, keep_console_waiting, run  # noqa: E402
+from console_support import MESSAGES, ConsoleCase, keep_console_waiting, run  # noqa: E402
 
 # Only Ctrl+C leads to it.
 ABORTED = 10210
@@ -28,7 +28,7 @@ def error_codes(lines):
             if match]
 
 
-class CorpusTest(unittest.TestCase):
+class CorpusTest(ConsoleCase):
     def answers(self, number_type, names, step=1):
         """The answers of every so many of a type's runs that have one of these names."""
         chosen = [asked for asked in corpus()

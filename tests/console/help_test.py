@@ -11,7 +11,7 @@ from pathlib import Path
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
-from console_support import keep_console_waiting, run  # noqa: E402
+from console_support import ConsoleCase, keep_console_waiting, run  # noqa: E402
 from help_pages import (FOLDER, LANGUAGES, TYPES, constants, examples,  # noqa: E402
                         functions, main_of, page_paths, separator_options, signatures, words)
 
@@ -42,7 +42,7 @@ def has_value(answer):
     return not answer[1]
 
 
-class NumberBaseTest(unittest.TestCase):
+class NumberBaseTest(ConsoleCase):
     """The pages name every base and how numbers of it are written."""
 
     def test_pages_name_every_base_and_its_prefix(self):
@@ -60,7 +60,7 @@ class NumberBaseTest(unittest.TestCase):
                     self.assertIn(prefix, page)
 
 
-class ExampleTest(unittest.TestCase):
+class ExampleTest(ConsoleCase):
     def check(self, language, options, some):
         answers = ask(language, options, [example.formula for example in some])
         self.assertEqual(len(some), len(answers))
@@ -118,7 +118,7 @@ class ExampleTest(unittest.TestCase):
             self.assertTrue(called & in_another_unit, word)
 
 
-class FunctionTypeTest(unittest.TestCase):
+class FunctionTypeTest(ConsoleCase):
     """The types that functions_en.html names are those that know the function."""
 
     @classmethod

@@ -8,7 +8,7 @@ import sys
 import unittest
 
 sys.dont_write_bytecode = True
-from console_support import keep_console_waiting, run  # noqa: E402
+from console_support import ConsoleCase, keep_console_waiting, run  # noqa: E402
 
 SHARED = {"--group": "group digits in results",
           "--decimal": "decimal separator (point)",
@@ -20,7 +20,7 @@ def setUpModule():
     keep_console_waiting()
 
 
-class WordTest(unittest.TestCase):
+class WordTest(ConsoleCase):
     @classmethod
     def setUpClass(cls):
         lines = run(["--help"])[0]

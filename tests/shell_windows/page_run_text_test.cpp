@@ -19,7 +19,7 @@ void SendUntilStopped() {
 
 TEST_F(PageRunTest, TextOfAnyLengthArrivesWholeAndInOrder) {
     const std::u16string text = LongOutput();
-    ASSERT_GT(text.size(), 2 * PageTextLeastRoom + 0u);
+    ASSERT_GT(text.size(), 2 * PageTextFirstRoom + 0u);
     SetWindowTextW(output, L"");
     task.work = SendLongOutput;
     ClickStart();

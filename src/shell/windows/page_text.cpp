@@ -1,5 +1,7 @@
 #include "shell/windows/page_text.h"
 
+#include <chrono>
+
 #include "shell/page_text.h"
 #include "shell/ui_error.h"
 #include "shell/windows/calc_thread.h"
@@ -24,8 +26,9 @@ PageTextBuffer taken;
 HWND textPage = nullptr;
 bool isOutputFull = false;
 
-// Characters of this run that the page took.
+// Characters of this run that the page took, and what the last text of them took.
 int64_t shown = 0;
+PageTextCost lastCost;
 
 class GatheredScope {
 public:
@@ -56,7 +59,7 @@ int64_t Gather(std::u16string_view text, bool mayWait, bool& isThereRoom) {
 bool Take(bool begins) {
     const GatheredScope scope;
     shown = begins ? 0 : shown + gathered.length;
-    TakePageText(taken, gathered, shown);
+    TakePageText(taken, gathered, shown, lastCost);
     const bool didWait = waitsForRoom;
     waitsForRoom = false;
     WakeConditionVariable(&roomIsMade);
@@ -66,6 +69,7 @@ bool Take(bool begins) {
 }  // namespace
 
 void BeginPageText(HWND page) {
+    lastCost = {};
     Take(true);
     textPage = page;
     isOutputFull = false;
@@ -87,7 +91,11 @@ void SendPageText(const char16_t* text) {
 bool ShowPageText(HWND output) {
     const bool didWait = Take(false);
     if (output != nullptr && taken.length > 0 && !isOutputFull) {
+        using Clock = std::chrono::steady_clock;
+        const Clock::time_point start = Clock::now();
         isOutputFull = !AppendPageText(output, taken.text);
+        const std::chrono::duration<double, std::milli> passed = Clock::now() - start;
+        lastCost = {taken.length, passed.count()};
     }
     return didWait;
 }
