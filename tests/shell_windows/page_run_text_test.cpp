@@ -1,6 +1,7 @@
 // The text of a run on its way from its thread to the output of the page.
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "shell/page_text.h"
 #include "shell_windows/page_run_testing.h"
@@ -99,6 +100,63 @@ TEST_F(PageRunTest, EndsWithAnErrorWhenTheOutputCannotTakeTheText) {
     EXPECT_LE(text.size(), 100'000u);
     EXPECT_TRUE(text.starts_with(u"0123456789012345678901234567890123456789\r\n"));
     EXPECT_FALSE(text.ends_with(u"last")) << "there is a hole in the text";
+}
+
+// The output shows each character that its limit allows, and the user is told of the first beyond.
+TEST_F(PageRunTest, TheLastCharacterThatTheOutputTakesIsNoError) {
+    static std::u16string text;
+    text = LongOutput().substr(0, 4'000);
+    for (const int32_t missing : {0, 1}) {
+        SetWindowTextW(output, L"");
+        SendMessageW(output, EM_SETLIMITTEXT, text.size() - static_cast<size_t>(missing), 0);
+        const MessageBoxAnswer answer;
+        task.work = [] { SendPageText(text.c_str()); };
+        ClickStart();
+        LoopUntilIdle();
+        EXPECT_EQ(answer.boxes, missing);
+        EXPECT_EQ(answer.text, missing == 0 ? "" : "String buffer overflow!");
+        EXPECT_EQ(seen.succeeded, missing == 0);
+        EXPECT_TRUE(WholeText(output) == (missing == 0 ? text : u""));
+    }
+}
+
+// The lengths of the texts that the system's control got, and how long it takes for each.
+std::vector<size_t> gotLengths;
+DWORD slowness = 0;
+WNDPROC systemProcedure = nullptr;
+
+LRESULT CALLBACK TakeSlowly(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == EM_REPLACESEL) {
+        gotLengths.push_back(wcslen(reinterpret_cast<const wchar_t*>(lParam)));
+        Sleep(slowness);
+    }
+    return CallWindowProcW(systemProcedure, window, message, wParam, lParam);
+}
+
+TEST_F(PageRunTest, ASlowOutputGetsShorterTexts) {
+    static std::u16string text;
+    text.clear();
+    while (text.size() < 5 * PageTextFirstRoom / 2) {
+        text += u"0123456789\r\n";
+    }
+    gotLengths.clear();
+    slowness = 3 * static_cast<DWORD>(PageTextMilliseconds);
+    const auto slow = reinterpret_cast<LONG_PTR>(&TakeSlowly);
+    systemProcedure = reinterpret_cast<WNDPROC>(SetClassLongPtrW(output, GCLP_WNDPROC, slow));
+    SetWindowTextW(output, L"");
+    task.work = [] { SendPageText(text.c_str()); };
+    ClickStart();
+    LoopUntilIdle();
+    SetClassLongPtrW(output, GCLP_WNDPROC, reinterpret_cast<LONG_PTR>(systemProcedure));
+    EXPECT_TRUE(WholeText(output) == text);
+    ASSERT_GT(gotLengths.size(), 2u);
+    // What was gathered while the first text was shown has the room of before. A text begins with
+    // what the control has of a line.
+    constexpr size_t Line = 12;
+    EXPECT_LE(gotLengths[1], PageTextFirstRoom + Line);
+    for (size_t i = 2; i < gotLengths.size(); i++) {
+        EXPECT_LE(gotLengths[i], PageTextFirstRoom / 3 + Line);
+    }
 }
 
 TEST_F(PageRunTest, ForgetsTheTextWhereThereIsNoOutput) {
