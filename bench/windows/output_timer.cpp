@@ -4,8 +4,9 @@
 //   output_timer ROUNDS PAGE FIRST COUNT
 //   output_timer ROUNDS PAGE FIRST COUNT LINES SIZE
 //
-// PAGE is primes or factors: the primes among COUNT numbers from FIRST on, or the factors of these
-// numbers. It is the program with both pages, but clicks its own buttons.
+// PAGE is primes, probable or factors: the primes among COUNT numbers from FIRST on by the exact or
+// by the probabilistic method, or the factors of these numbers. It is the program with both pages,
+// but clicks its own buttons.
 //
 // Prints a line for each round: milliseconds from Start to the end, of processor time that the
 // thread of the windows took for it, and of processor time that it took for the longest message.
@@ -24,6 +25,7 @@
 #include <thread>
 
 #include "core/stop_request.h"
+#include "prime_pages/prime_numbers_form.h"
 #include "prime_pages/windows/prime_factors_page.h"
 #include "prime_pages/windows/prime_numbers_page.h"
 #include "shell/windows/program_run.h"
@@ -38,6 +40,7 @@ namespace {
 
 int rounds = 0;
 bool wantsFactors = false;
+bool wantsProbable = false;
 std::u16string first;
 std::u16string count;
 
@@ -153,6 +156,9 @@ void Measure() {
         ShowWindow(page.window, SW_SHOWMAXIMIZED);
     }
     HandleAllMessages();
+    if (wantsProbable) {
+        SendMessageW(Control(PrimeNumbersProbabilistic), BM_CLICK, 0, 0);
+    }
     SetWindowTextW(Control(page.kind->number), ToWide(first.c_str()));
     SetWindowTextW(Control(page.kind->interval), ToWide(count.c_str()));
     for (int i = 0; i < rounds; i++) {
@@ -196,6 +202,7 @@ int main(int argumentCount, char** arguments) {
     const std::string interval = arguments[4];
     tallymere::rounds = std::atoi(arguments[1]);
     tallymere::wantsFactors = page == "factors";
+    tallymere::wantsProbable = page == "probable";
     tallymere::first.assign(number.begin(), number.end());
     tallymere::count.assign(interval.begin(), interval.end());
     if (argumentCount == 7) {
