@@ -99,11 +99,14 @@ std::u16string_view TakeRow(std::u16string_view& rest) {
     return row;
 }
 
-// Whether the characters are put side by side in every font, from left to right.
+// Whether the characters are put side by side in every font, from left to right. The narrow space
+// may part groups of digits.
 bool IsPlain(std::u16string_view row) {
     constexpr char16_t LastLatin = 0x17F;
-    return std::ranges::all_of(
-        row, [](char16_t c) { return (c >= u' ' && c < 0x7F) || (c > 0x9F && c <= LastLatin); });
+    constexpr char16_t NarrowSpace = 0x202F;
+    return std::ranges::all_of(row, [](char16_t c) {
+        return (c >= u' ' && c < 0x7F) || (c > 0x9F && c <= LastLatin) || c == NarrowSpace;
+    });
 }
 
 // Whether each row in view is one line of the text, with plain characters alone. `text` begins with

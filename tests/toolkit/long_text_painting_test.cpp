@@ -105,8 +105,8 @@ TEST_F(LongTextPainting, ShowsLinesWithSoftBreaks) {
 }
 
 TEST_F(LongTextPainting, ShowsTheEndOfTheText) {
-    for (const char16_t* end :
-         {u"", u"\r\n", u"last", u"1\r\n\r\n\r\n\u00E4\u00D6\u00DF = \u00A7"}) {
+    for (const char16_t* end : {u"", u"\r\n", u"last", u"1\r\n\r\n\r\n\u00E4\u00D6\u00DF = \u00A7",
+                                u"1\u202F234\u202F567 = 1'127 * 1.129"}) {
         Show(LongText() + end);
         ScrollTo(LineCount());
         ExpectOwnRows();
