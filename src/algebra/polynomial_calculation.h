@@ -1,0 +1,60 @@
+// One calculation with polynomials, of which every digit is right.
+//
+// The plain way of algebra/polynomial_arithmetic.h loses digits where terms cancel, and rounds the
+// result of every step. So it decides about outcomes and codes alone: the digits come from a second
+// pass at more digits, with bounds of its errors. A result is the true one for the coefficients as
+// they are given, rounded once, half away from zero.
+//
+// What is 0:
+// - a part that is proven to be 0. Coefficients are decimal fractions, so what their sums and
+//   products leave cannot be arbitrarily small;
+// - a part that the plain way makes exactly 0, if what is left of it is below 10^-(digits + 2) of
+//   the sum of the sizes of its terms, so that the rounding of the coefficients may have made it:
+//   (sqrt(2)*x + 1) * (-2*x + sqrt(2)) has no term in x.
+#pragma once
+
+#include <cstdint>
+
+#include "algebra/polynomial_arithmetic.h"
+
+namespace tallymere {
+
+/// How many operands there are; a quotient and a power take the fewest.
+inline constexpr int32_t MinPolynomials = 2;
+inline constexpr int32_t MaxPolynomials = 12;
+
+enum class PolyOperator : int32_t { Plus, Minus, Times, Divide, Power };
+
+struct PolyCalculation {
+    PolyOperator operation;
+    int64_t digits;  ///< of the result, at least 1 and below those of the layout
+    int32_t count;   ///< of the operands that were taken
+    PolyNumbers operands[MaxPolynomials];
+    PolyNumbers result;     ///< or the quotient
+    PolyNumbers remainder;  ///< of PolyOperator::Divide
+    uint64_t exponent;      ///< of PolyOperator::Power, once its second operand was taken
+};
+
+/// A calculation without operands, with memory for `operands` of them, MinPolynomials to
+/// MaxPolynomials, from the scope.
+PolyCalculation TakePolyCalculation(ScratchScope& scope, PolyOperator operation, int32_t operands,
+                                    int64_t digits);
+
+/// Where the values of the next operand are to be written.
+PolyNumbers& NextOperand(PolyCalculation& calculation);
+
+/// Takes the operand that was written, and applies the operator to it and to what there is.
+/// Quotients and powers take two operands, and the result is there with the second one. What is not
+/// Done ends the calculation.
+PolyOutcome TakeOperand(PolyCalculation& calculation);
+
+/// Makes the digits of the result right, once all operands are taken. Done or Stopped.
+///
+/// Every digit is right where MaxPrecisionDigits digits suffice to tell a part from 0 and from the
+/// middle between two results. With coefficients of up to 300 digits they do in every product of
+/// two, and in a power of 20 in which the sizes of the terms differ by no more than that. Beyond, a
+/// part is 0 where it is below 10^-9,900 of the sum of the sizes of its terms, and a result that is
+/// closer than that to the middle between two may be the farther one.
+PolyOutcome RefinePolynomials(PolyCalculation& calculation);
+
+}  // namespace tallymere

@@ -1,0 +1,65 @@
+// What the polynomials' page calculates: sums, products, quotients and powers of polynomials whose
+// coefficients are formulas. The page and the console run it.
+#pragma once
+
+#include <cstdint>
+
+#include "algebra/polynomial_calculation.h"
+#include "algebra_pages/polynomial_lines.h"
+#include "algebra_pages/result_store.h"
+#include "core/number_setup.h"
+
+namespace tallymere {
+
+/// The lowest "Max. degree", and the one that the page begins with.
+inline constexpr int32_t MinPolyMaxDegree = 1;
+inline constexpr int32_t InitialPolyMaxDegree = 2;
+
+/// The digits of the result, in real and cplx.
+inline constexpr int32_t MinPolyDigits = 5;
+inline constexpr int32_t MaxPolyDigits = 1000;
+
+/// Digits that coefficients have beyond those of the result.
+inline constexpr int64_t PolyGuardDigits = 3;
+
+/// Decimal digits and limbs of numerators and denominators.
+inline constexpr UintWidth PolyWidth = {500, 26};
+
+struct PolynomialRequest {
+    PolyOperator operation;
+    int32_t count;      ///< of polynomials: MinPolynomials to MaxPolynomials
+    int32_t maxDegree;  ///< coefficients above are 0, whatever their cells say: 0 to MaxPolyDegree
+    NumberType type;    ///< rat, real or cplx
+    int64_t digits;     ///< MinPolyDigits to MaxPolyDigits; fractions are exact
+    uint32_t printFlags;  ///< TextGroup for group separators in the result, else 0
+    /// Writes the text of a cell and a 0 behind it: polynomial 0 to count - 1, power 0 to
+    /// maxDegree. There is room for CoefficientCharacters + 1 characters and the 0; a longer text
+    /// is cut there.
+    void (*readCell)(void* context, int32_t polynomial, int32_t power, char16_t* text);
+    void* context;
+};
+
+/// True when a calculation takes so many polynomials: a quotient and a power take two, the others
+/// as many as there are.
+constexpr bool TakesPolynomials(PolyOperator operation, int32_t count) {
+    const bool takesTwo = operation == PolyOperator::Divide || operation == PolyOperator::Power;
+    return count >= MinPolynomials && count <= (takesTwo ? MinPolynomials : MaxPolynomials);
+}
+
+/// What a request is calculated with.
+NumberSetup PolynomialNumberSetup(const PolynomialRequest& request);
+
+/// Empties the store, reads the polynomials from the first one on, each from its highest power
+/// down, calculates, hands the result over as PrintPolyResult does and keeps its texts. Clears what
+/// was pending before. Runs under a number setup of its own, and needs a ScratchStack. True when
+/// the result may be taken into the grid; otherwise an error is pending.
+///
+/// Errors: UiErrorPolynomialCoefficientTooLong and UiErrorPolynomialCoefficient with coefficient,
+/// polynomial and the text of the formula's error; UiErrorPolynomialDegree with MaxPolyDegree;
+/// UiErrorPolynomialNotInteger with "P1(x)" and MaxPolyExponent; UiErrorDivisionByZero;
+/// UiErrorCalculation, also for digits beyond what the program calculates with;
+/// UiErrorTextOverflow; and UiErrorStopped after a stop.
+bool RunPolynomials(const PolynomialRequest& request, ResultStore& store, TakePolyText take,
+                    void* takeContext);
+
+}  // namespace tallymere
