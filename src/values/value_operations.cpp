@@ -144,6 +144,22 @@ bool ValuesAreExact() {
     return false;
 }
 
+int64_t ValueRealParts() {
+    switch (numberContext.numberType) {
+        case NumberTypeReal:
+            return 1;
+        case NumberTypeComplex:
+            return 2;
+        case NumberTypeUint:
+        case NumberTypeRational:
+            return 0;
+        case NumberTypeNone:
+            break;
+    }
+    SetCalcError(CalcErrorUnknownType);
+    return 0;
+}
+
 bool ValueHasTwoParts(const uint64_t* a) {
     switch (numberContext.numberType) {
         case NumberTypeReal:

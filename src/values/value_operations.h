@@ -37,6 +37,10 @@ bool ValueIsZero(const uint64_t* a);
 /// CalcErrorUnknownType where it is none.
 bool ValuesAreExact();
 
+/// How many real numbers a value consists of, one behind the other: 1 in real, 2 in cplx, 0 in the
+/// exact types. 0 for any other type, too, which notes CalcErrorUnknownType.
+int64_t ValueRealParts();
+
 /// True when the text of a value is a sum or a quotient, and so needs parentheses as a factor: in
 /// cplx when neither part is zero, in rat when the denominator is not 1. False for any other type.
 bool ValueHasTwoParts(const uint64_t* a);

@@ -48,6 +48,20 @@ TEST(SizeOfNumber, DependsOnTheNumberType) {
     EXPECT_EQ(TakeCode(), CalcErrorUnknownType);
 }
 
+TEST(RealParts, AreCountedByType) {
+    const auto partsAs = [](NumberType type) {
+        FieldScope<NumberType> chosen(numberContext.numberType, type);
+        return ValueRealParts();
+    };
+    EXPECT_EQ(partsAs(NumberTypeReal), 1);
+    EXPECT_EQ(partsAs(NumberTypeComplex), 2);
+    EXPECT_EQ(partsAs(NumberTypeUint), 0);
+    EXPECT_EQ(partsAs(NumberTypeRational), 0);
+    EXPECT_EQ(TakeCode(), CalcErrorNone);
+    EXPECT_EQ(partsAs(NumberTypeNone), 0);
+    EXPECT_EQ(TakeCode(), CalcErrorUnknownType);
+}
+
 TEST_F(RealValues, AreCopiedWhole) {
     const RealBuffer x("-1.2345678901234567891e-77");
     RealBuffer dest;
