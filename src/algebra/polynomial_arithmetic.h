@@ -54,6 +54,9 @@ void AddPolynomials(PolyNumbers& result, const PolyNumbers& a, const PolyNumbers
 PolyOutcome MultiplyPolynomials(PolyNumbers& result, const PolyNumbers& a, const PolyNumbers& b,
                                 int64_t digits);
 
+/// result = result * b, likewise; result and b are apart.
+PolyOutcome MultiplyPolynomialBy(PolyNumbers& result, const PolyNumbers& b, int64_t digits);
+
 /// a = quotient * b + remainder, with a remainder of a lower degree than b; both are rounded to
 /// `digits`. DivisionByZero makes the quotient 0 and the remainder a. A quotient that is an
 /// operand, or the remainder, is left as it is, and so is the remainder: then the result is Done.

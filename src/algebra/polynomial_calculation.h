@@ -24,6 +24,9 @@ inline constexpr int32_t MinPolynomials = 2;
 inline constexpr int32_t MaxPolynomials = 12;
 
 enum class PolyOperator : int32_t { Plus, Minus, Times, Divide, Power };
+inline constexpr PolyOperator PolyOperators[] = {PolyOperator::Plus, PolyOperator::Minus,
+                                                 PolyOperator::Times, PolyOperator::Divide,
+                                                 PolyOperator::Power};
 
 struct PolyCalculation {
     PolyOperator operation;

@@ -1,0 +1,54 @@
+#include "algebra/polynomial_calculation.h"
+
+namespace tallymere {
+
+PolyCalculation TakePolyCalculation(ScratchScope& scope, PolyOperator operation, int32_t operands,
+                                    int64_t digits) {
+    TALLYMERE_REQUIRE(operands >= MinPolynomials && operands <= MaxPolynomials);
+    PolyCalculation calculation = {.operation = operation,
+                                   .digits = digits,
+                                   .count = 0,
+                                   .operands = {},
+                                   .result = AllocPolynomial(scope),
+                                   .remainder = AllocPolynomial(scope),
+                                   .exponent = 0};
+    for (int32_t k = 0; k < operands; k++) {
+        calculation.operands[k] = AllocPolynomial(scope);
+    }
+    return calculation;
+}
+
+PolyNumbers& NextOperand(PolyCalculation& calculation) {
+    return calculation.operands[calculation.count];
+}
+
+PolyOutcome TakeOperand(PolyCalculation& calculation) {
+    const PolyNumbers& operand = NextOperand(calculation);
+    calculation.count++;
+    if (calculation.count == 1) {
+        CopyPolynomial(calculation.result, operand);
+        return PolyOutcome::Done;
+    }
+    PolyNumbers& result = calculation.result;
+    const PolyNumbers& first = calculation.operands[0];
+    switch (calculation.operation) {
+        case PolyOperator::Plus:
+        case PolyOperator::Minus:
+            AddPolynomials(result, result, operand, calculation.operation == PolyOperator::Minus,
+                           calculation.digits);
+            return PolyOutcome::Done;
+        case PolyOperator::Times:
+            return MultiplyPolynomialBy(result, operand, calculation.digits);
+        case PolyOperator::Divide:
+            return DividePolynomials(result, calculation.remainder, first, operand,
+                                     calculation.digits);
+        case PolyOperator::Power:
+            break;
+    }
+    const PolyOutcome outcome = ReadPolyExponent(&calculation.exponent, operand);
+    return outcome == PolyOutcome::Done
+               ? RaisePolynomial(result, first, calculation.exponent, calculation.digits)
+               : outcome;
+}
+
+}  // namespace tallymere
