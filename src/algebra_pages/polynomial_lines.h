@@ -11,6 +11,10 @@ namespace tallymere {
 /// Takes the next characters of a result, which end with a 0 and are there during the call alone.
 using TakePolyText = void (*)(void* context, const char16_t* text);
 
+/// How an operator is written. A difference has the plain minus sign, unlike the button that asks
+/// for it.
+char16_t SignOfOperator(PolyOperator operation);
+
 /// Characters of a line beside the number that it shows.
 inline constexpr int64_t PolyLineCharacters = 200;
 
