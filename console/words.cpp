@@ -5,6 +5,7 @@
 
 #include "console/equation_word.h"
 #include "console/factor_word.h"
+#include "console/polynomial_word.h"
 #include "console/primes_word.h"
 #include "console/system_word.h"
 
@@ -15,6 +16,7 @@ namespace {
 constexpr Word Words[] = {
     {"equation", "the roots of an equation", RunEquationWord},
     {"factor", "prime factors and divisors of numbers", RunFactorWord},
+    {"polynomial", "sums, products, quotients and powers of polynomials", RunPolynomialWord},
     {"primes", "prime numbers from a number on, or whether it is one", RunPrimesWord},
     {"system", "the unknowns of a system of linear equations", RunSystemWord},
 };
