@@ -198,7 +198,7 @@ void CheckMany(NumberType type, int64_t digits, int rounds) {
             CheckOne(random, figures, operation, digits);
         }
         EXPECT_GT(figures.parts, 0);
-        if (rounds >= 500) {
+        if (rounds >= 200) {
             std::printf(
                 "operator %d: of %lld parts the plain way has %lld wrong; %lld zeros kept\n",
                 static_cast<int>(operation), static_cast<long long>(figures.parts),
@@ -209,15 +209,15 @@ void CheckMany(NumberType type, int64_t digits, int rounds) {
 }
 
 TEST(PolynomialCalculationOracle, HasTheRealDigits) {
-    CheckMany(NumberTypeReal, 10, Rounds(1500));
+    CheckMany(NumberTypeReal, 10, Rounds(400));
 }
 
 TEST(PolynomialCalculationOracle, HasTheComplexDigits) {
-    CheckMany(NumberTypeComplex, 10, Rounds(700));
+    CheckMany(NumberTypeComplex, 10, Rounds(200));
 }
 
 TEST(PolynomialCalculationOracle, HasTheFractions) {
-    CheckMany(NumberTypeRational, 10, Rounds(500));
+    CheckMany(NumberTypeRational, 10, Rounds(200));
 }
 
 TEST(PolynomialCalculationOracle, HasTheDigitsOfEveryPrecision) {
