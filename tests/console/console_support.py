@@ -148,15 +148,18 @@ def keep_console_waiting():
         unittest.addModuleCleanup(keeper.communicate)
 
 
-def shown(value, digits):
-    """A Decimal as the calculator shows it in automatic notation, after rounding to `digits`."""
+def shown(value, digits, high=None):
+    """A Decimal as the calculator shows it in automatic notation, after rounding to `digits`.
+
+    Exponents of `high`, or without it `digits`, and more are written as such.
+    """
     value = Context(prec=digits, rounding=ROUND_HALF_UP).plus(value)
     if value == 0:
         return "0"
     exponent = value.adjusted()
     mantissa = "".join(map(str, value.as_tuple().digits)).rstrip("0")
     sign = "-" if value < 0 else ""
-    if exponent <= -4 or exponent >= digits:
+    if exponent <= -4 or exponent >= (digits if high is None else high):
         fraction = "." + mantissa[1:] if len(mantissa) > 1 else ""
         return f"{sign}{mantissa[0]}{fraction}e{exponent:+d}"
     if exponent < 0:

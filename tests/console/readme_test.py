@@ -14,12 +14,17 @@ def examples():
     """(arguments, expected output) for each command that README.md shows with its output."""
     found = []
     is_output = False
+    blanks = 0
     for line in (ROOT / "README.md").read_text(encoding="utf-8").splitlines():
         if line.startswith(PROMPT):
             found.append((shlex.split(line[len(PROMPT):]), []))
             is_output = True
+            blanks = 0
         elif is_output and line.startswith("    "):
-            found[-1][1].append(line.strip())
+            found[-1][1].extend([""] * blanks + [line.strip()])
+            blanks = 0
+        elif is_output and not line:
+            blanks += 1
         else:
             is_output = False
     return found
