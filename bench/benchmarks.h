@@ -15,5 +15,6 @@ void AddExactBenchmarks();
 void AddPrimeBenchmarks();
 void AddRootBenchmarks();
 void AddSystemBenchmarks();
+void AddPolynomialBenchmarks();
 
 }  // namespace tallymere::bench

@@ -76,6 +76,7 @@ int main(int argc, char** argv) {
     AddPrimeBenchmarks();
     AddRootBenchmarks();
     AddSystemBenchmarks();
+    AddPolynomialBenchmarks();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 2;

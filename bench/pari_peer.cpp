@@ -51,6 +51,42 @@ PariPolynomial::PariPolynomial(const char* text) {
     set_avma(top);
 }
 
+PariPolynomial::PariPolynomial(const char* text, int64_t digits) {
+    PreparePari();
+    const pari_sp top = avma;
+    char wanted[32];
+    std::snprintf(wanted, sizeof(wanted), "%lld", static_cast<long long>(digits));
+    sd_realprecision(wanted, d_SILENT);
+    polynomial_ = gclone(gp_read_str(text));
+    set_avma(top);
+}
+
+int64_t PariPolynomial::CountProduct(const PariPolynomial& other) const {
+    const pari_sp top = avma;
+    const int64_t count =
+        lg(gmul(static_cast<GEN>(polynomial_), static_cast<GEN>(other.polynomial_))) - 2;
+    set_avma(top);
+    return count;
+}
+
+int64_t PariPolynomial::CountQuotientAndRemainder(const PariPolynomial& divisor) const {
+    const pari_sp top = avma;
+    GEN rest = nullptr;
+    const GEN quotient =
+        poldivrem(static_cast<GEN>(polynomial_), static_cast<GEN>(divisor.polynomial_), &rest);
+    const int64_t count = lg(quotient) + lg(rest) - 4;
+    set_avma(top);
+    return count;
+}
+
+int64_t PariPolynomial::CountPower(int64_t exponent) const {
+    const pari_sp top = avma;
+    const int64_t count =
+        lg(gpowgs(static_cast<GEN>(polynomial_), static_cast<long>(exponent))) - 2;
+    set_avma(top);
+    return count;
+}
+
 PariPolynomial::~PariPolynomial() {
     gunclone(static_cast<GEN>(polynomial_));
 }

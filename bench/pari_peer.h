@@ -29,6 +29,14 @@ public:
     PariPolynomial(const PariPolynomial&) = delete;
     PariPolynomial& operator=(const PariPolynomial&) = delete;
 
+    /// And with so many digits of its coefficients.
+    PariPolynomial(const char* text, int64_t digits);
+
+    /// Calculate, and return how many coefficients the result has.
+    int64_t CountProduct(const PariPolynomial& other) const;
+    int64_t CountQuotientAndRemainder(const PariPolynomial& divisor) const;
+    int64_t CountPower(int64_t exponent) const;
+
     /// Finds all roots to so many digits, and returns how many there are.
     int64_t CountRoots(int64_t digits) const;
 

@@ -53,11 +53,18 @@ PolyOutcome TakeOperand(PolyCalculation& calculation);
 
 /// Makes the digits of the result right, once all operands are taken. Done or Stopped.
 ///
-/// Every digit is right where MaxPrecisionDigits digits suffice to tell a part from 0 and from the
-/// middle between two results. With coefficients of up to 300 digits they do in every product of
-/// two, and in a power of 20 in which the sizes of the terms differ by no more than that. Beyond, a
-/// part is 0 where it is below 10^-9,900 of the sum of the sizes of its terms, and a result that is
-/// closer than that to the middle between two may be the farther one.
+/// Each pass has a bound of its errors, and passes get more digits until every part is known. A
+/// part that is 0, or in the middle between two results, takes as many as prove that: n times the
+/// digits of the longest coefficient, and the decimal orders from the largest to the least, with n
+/// the number of factors, in a quotient one more than its coefficients, in cplx twice as many and
+/// one. MaxPrecisionDigits are the most: they suffice for 9 factors of 1,000 digits, and for all
+/// products and powers of 480. Where they do not, a part is 0 if it is below 10^-9,990 of the sum
+/// of the sizes of its terms, and one that is as close as that to a middle may be rounded to either
+/// side.
+///
+/// Operands that are not finite, or have exponents beyond MaxBoundedExponent
+/// (algebra/polynomial_bounds.h), leave the result of the plain way. Where a code is noted already,
+/// and for exact types, nothing is done.
 PolyOutcome RefinePolynomials(PolyCalculation& calculation);
 
 }  // namespace tallymere
