@@ -5,6 +5,7 @@ console_support.py tells of the environment, help_pages.py of the marks in the p
 
 import re
 import sys
+import tempfile
 import unittest
 from collections import defaultdict
 from pathlib import Path
@@ -13,7 +14,8 @@ sys.dont_write_bytecode = True
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
 from console_support import ConsoleCase, keep_console_waiting, run  # noqa: E402
 from help_pages import (FOLDER, LANGUAGES, TYPES, constants, examples,  # noqa: E402
-                        functions, main_of, page_paths, separator_options, signatures, words)
+                        file_of_system, functions, main_of, page_paths, separator_options,
+                        signatures, words)
 
 # A call that has a value in every type that knows the function, where 1 for each argument has none.
 CALLS = {"atanh": "atanh(0)", "logx": "logx(2; 2)", "sqrtc": "sqrtc(1; 0)",
@@ -91,15 +93,25 @@ class ExampleTest(ConsoleCase):
                 self.assertEqual(1, len({example.options for example in some}))
                 self.check(language, some[0].options, some)
 
+    @staticmethod
+    def ask_word(language, example):
+        """The lines that a word answers, and what it says on standard error."""
+        options = ["--language", language, *separator_options(language), *example.options]
+        if example.word != "system":
+            return run([example.word, *options, *example.formula.split()])[:2]
+        with tempfile.TemporaryDirectory() as folder:
+            file = Path(folder) / "system.csv"
+            file.write_text(file_of_system(example.formula), encoding="utf-8")
+            return run([example.word, *options, str(file)])[:2]
+
     def test_words_answer_what_is_shown(self):
         for language in LANGUAGES:
             some = [example for path in page_paths(language) for example in examples(path)
                     if example.word is not None]
             self.assertGreater(len(some), 10)
+            self.assertIn("system", {example.word for example in some})
             for example in some:
-                lines, errors, _ = run([example.word, "--language", language,
-                                        *separator_options(language), *example.options,
-                                        *example.formula.split()])
+                lines, errors = self.ask_word(language, example)
                 answer = " ".join(" ".join(lines).split())
                 error = re.fullmatch(r"error \d+: (.*)", answer)
                 with self.subTest(language=language, options=example.options,

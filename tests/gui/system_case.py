@@ -2,11 +2,15 @@
 
 import shutil
 
-from coefficient_case import CoefficientCase
-from gui_case import desktop
+from coefficient_case import COLUMN_WIDTH, LABELS_WIDTH, ROW_HEIGHT, CoefficientCase
+from gui_case import desktop, to_pixels
 from program import MESSAGE_BOX_CLASS
 
 FILE_DIALOG_CLASS = MESSAGE_BOX_CLASS  # the class of all dialogs of the system
+
+
+def is_in(place, rect):
+    return all(0 <= place[side] - rect[side] < rect[side + 2] for side in (0, 1))
 
 
 class SystemCase(CoefficientCase):
@@ -83,6 +87,16 @@ class SystemCase(CoefficientCase):
         self.type_name(name)
         self.wait_for_end_of_dialogs()
 
-    def row_of_cells(self, row, count):
-        """The texts of the first visible cells of a row, which are clicked one after the other."""
-        return [self.click_cell(row, column) for column in range(count)]
+    def expect_cells(self, *rows):
+        """The first visible cells have these texts. Each of them is clicked, so that its editor
+        shows the text."""
+        left, top, _, _ = self.page()["grid"].client
+        for row, texts in enumerate(rows):
+            for column, text in enumerate(texts):
+                x, y = to_pixels([LABELS_WIDTH + COLUMN_WIDTH * column + 30,
+                                  ROW_HEIGHT * (row + 1) + ROW_HEIGHT // 2], self.dpi)
+                self.display.click(left + x, top + y)
+                self.wait_for_page(
+                    lambda page, place=(left + x, top + y), text=text: any(
+                        editor.visible and editor.text == text and is_in(place, editor.rect)
+                        for editor in page["grid"].children), f"{text!r} in {row}, {column}")

@@ -16,9 +16,6 @@ class SystemFilesTest(SystemCase):
         self.start_with(language)
         self.open_page_by_mouse()
 
-    def cells(self):
-        return [self.row_of_cells(row, 3) for row in range(2)]
-
     def paste_name(self, name):
         """Puts a name into the dialog of the system that no hand would type."""
         self.file_dialog()
@@ -35,7 +32,7 @@ class SystemFilesTest(SystemCase):
                 self.assertIn(self.texts["TextLinCSVFiles"],
                               [control.text for control in dialog.walk()])
                 self.wait_for_end_of_dialogs()
-                self.assertEqual(ROWS, self.cells())
+                self.expect_cells(*ROWS)
                 self.click(self.page()["save as"])
                 dialog = self.type_name(f"taken-{language}")
                 self.assertIn(self.texts["TextLinCSVFiles"],
@@ -53,7 +50,7 @@ class SystemFilesTest(SystemCase):
             self.file_dialog()
             self.display.press("Escape")
             self.wait_for_end_of_dialogs()
-        self.assertEqual(ROWS, self.cells())
+        self.expect_cells(*ROWS)
         self.assertEqual(["given.csv"], [path.name for path in self.folder.iterdir()])
 
     def test_a_file_that_is_there_is_replaced_on_demand(self):
@@ -98,7 +95,7 @@ class SystemFilesTest(SystemCase):
             self.click(self.page()["load"])
             self.paste_name(name)
             self.wait_for_end_of_dialogs()
-            self.assertEqual(ROWS, self.cells())
+            self.expect_cells(*ROWS)
 
     def test_a_file_that_is_refused_leaves_the_page_as_it_is(self):
         for language in ("en", "de"):
@@ -114,7 +111,7 @@ class SystemFilesTest(SystemCase):
                     self.program, title,
                     self.texts["TextErrNumberEquationVariablesBetween"].replace("%s", "25"))
                 self.leave_message(self.program, title)
-                self.assertEqual(ROWS, self.cells())
+                self.expect_cells(*ROWS)
 
     def test_a_hundred_megabytes_and_two_gigabytes(self):
         self.start_on_page()
@@ -123,7 +120,7 @@ class SystemFilesTest(SystemCase):
         self.put("long.csv", b"a1;a2;b\n" + rows)
         self.assertGreater((self.folder / "long.csv").stat().st_size, 99_000_000)
         self.load("long.csv")
-        self.assertEqual([["1", "1", "2"], ["7", "7", "7"]], self.cells())
+        self.expect_cells(["1", "1", "2"], ["7", "7", "7"])
         with open(self.folder / "zeros.csv", "wb") as file:
             file.truncate(2 << 30)
         before = self.program.probe.counts(process)
@@ -135,7 +132,7 @@ class SystemFilesTest(SystemCase):
         self.leave_message(self.program, title)
         after = self.program.probe.counts(process)
         self.assertLess(after["committed"] - before["committed"], 16 << 20)
-        self.assertEqual([["1", "1", "2"], ["7", "7", "7"]], self.cells())
+        self.expect_cells(["1", "1", "2"], ["7", "7", "7"])
 
     def test_the_largest_system(self):
         self.start_on_page()

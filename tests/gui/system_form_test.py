@@ -64,7 +64,7 @@ class SystemFormTest(SystemCase):
         self.wait_for_output("x1 = 1\r\nx2 = 1\r\n")
         self.close_page()
         self.assertEqual("x1 = 1\r\nx2 = 1\r\n", self.open_page().output)
-        self.assertEqual(["1", "-1", "0"], self.row_of_cells(1, 3))
+        self.expect_cells(["1", "1", "2"], ["1", "-1", "0"])
 
 
 if __name__ == "__main__":

@@ -3,7 +3,8 @@
 In the pages, <code class="formula"> is a formula and the next <samp> what the calculator shows for
 it, of class "message" if that is an error. <code class="number"> has the operands, with spaces
 between them, for the word of tallymere-console that data-word on it or around it names; its lines
-of output stand in one. data-type and data-options on the formula or around it are options of
+of output stand in one. For a word that reads a file it has the lines of the file, with <br> between
+them; where they are a system without the names of its columns, the test puts those before them. data-type and data-options on the formula or around it are options of
 tallymere-console; formulas inside data-session belong to one run, in their order.
 data-text names the text of the program that an element quotes.
 """
@@ -172,6 +173,19 @@ def words(element):
     return " ".join(element.text().split())
 
 
+def typed(element):
+    """The text of an element, with a line end for each <br>."""
+    return "".join(child if isinstance(child, str) else
+                   "\n" if child.tag == "br" else typed(child) for child in element.children)
+
+
+def file_of_system(rows):
+    """A CSV file with these rows of a system, and with the names of its columns."""
+    count = rows.partition("\n")[0].count(";")
+    names = ";".join([f"a{index}" for index in range(1, count + 1)] + ["b"])
+    return f"{names}\n{rows}\n"
+
+
 def is_formula(element):
     return element.tag == "code" and element.attributes.get("class") == "formula"
 
@@ -212,7 +226,7 @@ def make_example(formula, result):
     session = formula
     while session is not None and "data-session" not in session.attributes:
         session = session.parent
-    return Example(formula.text(), words(result), result.attributes.get("class") == "message",
+    return Example(typed(formula), words(result), result.attributes.get("class") == "message",
                    tuple(options), session,
                    formula.nearest("data-word") if is_number(formula) else None)
 
