@@ -83,9 +83,10 @@ def error_line(code, position, language="en", argument=None):
 def emulator_failed(output, errors, status):
     """True where an emulator did not get as far as the console, by what a run of it wrote.
 
-    Then it complains itself, such as "wine client error:0: recvmsg: Connection reset by peer", or
-    nothing at all is written. The console never ends with 1 or 2 in silence. What an emulator tells
-    of a crash is a failure of the console.
+    A server of Wine that ends takes the programs along that start just then. Most of them end with
+    1 and nothing written, some with "wine client error:0: recvmsg: Connection reset by peer". The
+    console never ends with 1 or 2 in silence. What an emulator tells of a crash is a failure of the
+    console.
     """
     if re.search(rb"^wine: Unhandled ", errors, re.MULTILINE):
         return False
