@@ -20,7 +20,7 @@ inline constexpr int64_t PageTextCapacity = 1'048'576;
 /// The text that is taken at a time is at most this part of the one that is shown already, and at
 /// least the other one.
 inline constexpr int64_t PageTextShare = 100;
-inline constexpr int64_t PageTextLeastShare = 1'000;
+inline constexpr int64_t PageTextLeastShare = 500;
 
 /// A text that took an output longer than this is followed by a shorter one.
 inline constexpr double PageTextMilliseconds = 150;

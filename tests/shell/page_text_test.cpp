@@ -100,11 +100,12 @@ TEST_F(PageTextTest, TheRoomIsAShareOfWhatIsShownWithinBounds) {
 }
 
 TEST_F(PageTextTest, ThereIsRoomForWhatAnOutputTakesInTime) {
-    constexpr int64_t Shown = 5'000'000;
+    constexpr int64_t Shown = 4'000'000;
     constexpr int64_t Share = Shown / PageTextShare;
     EXPECT_EQ(PageTextRoom(Shown, {20'000, 2 * PageTextMilliseconds}), 10'000);
     EXPECT_EQ(PageTextRoom(Shown, {20'000, PageTextMilliseconds}), 20'000);
-    EXPECT_EQ(PageTextRoom(Shown, {20'000, PageTextMilliseconds / 2}), 40'000) << "it grows again";
+    EXPECT_EQ(PageTextRoom(Shown, {20'000, PageTextMilliseconds * 2 / 3}), 30'000)
+        << "it grows again";
     EXPECT_EQ(PageTextRoom(Shown, {20'000, PageTextMilliseconds / 4}), Share);
     EXPECT_EQ(PageTextRoom(Shown, {PageTextCapacity, PageTextMilliseconds}), Share);
     EXPECT_EQ(PageTextRoom(0, {20'000, 2 * PageTextMilliseconds}), 10'000);
@@ -112,7 +113,7 @@ TEST_F(PageTextTest, ThereIsRoomForWhatAnOutputTakesInTime) {
 
 TEST_F(PageTextTest, ASlowOutputGetsTheLeastShareAllTheSame) {
     EXPECT_EQ(PageTextRoom(0, {1, 1e9}), PageTextLeastRoom);
-    EXPECT_EQ(PageTextRoom(5'000'000, {20'000, 1e9}), PageTextLeastRoom);
+    EXPECT_EQ(PageTextRoom(4'000'000, {20'000, 1e9}), PageTextLeastRoom);
     EXPECT_EQ(PageTextRoom(30'000'000, {20'000, 1e9}), 30'000'000 / PageTextLeastShare);
     EXPECT_EQ(PageTextRoom(0x7FFFFFFF, {20'000, 1e9}), PageTextCapacity);
 }
@@ -131,13 +132,13 @@ double TimeOf(int64_t shown, int64_t characters) {
     return 0.05 / 32 * static_cast<double>(characters) + 100.0 / 32e6 * static_cast<double>(shown);
 }
 
-TEST_F(PageTextTest, NoTextTakesAnOutputMuchLongerThanItsTime) {
+TEST_F(PageTextTest, NoTextTakesAnOutputLongerThanAStopMayLast) {
     PageTextCost last;
     double whole = 0;
     for (int64_t shown = 0; shown < 32'000'000; shown += last.characters) {
         const int64_t room = PageTextRoom(shown, last);
         last = {room, TimeOf(shown, room)};
-        ASSERT_LT(last.milliseconds, 1.1 * PageTextMilliseconds) << shown;
+        ASSERT_LT(last.milliseconds, 2 * PageTextMilliseconds) << shown;
         whole += last.milliseconds;
     }
     EXPECT_LT(whole, 2.5 * TimeOf(0, 32'000'000));
