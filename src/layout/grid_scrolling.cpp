@@ -81,7 +81,9 @@ int32_t ColumnsPerPage(const GridState& state) {
 
 void KeepRowInView(GridState& state) {
     const int64_t room = int64_t{state.clientHeight} - state.headerHeight - state.titleHeight;
-    while (room >= state.rowHeight && state.topRow < state.cursorRow &&
+    // Where the room holds a row, that of the cursor is in view at the latest when it is the top
+    // one.
+    while (room >= state.rowHeight &&
            GridRowTop(state, state.cursorRow) + state.rowHeight > state.clientHeight) {
         state.topRow++;
     }

@@ -101,7 +101,7 @@ TEST_F(GridKeys, AKeyWithControlAloneHasNoCharacter) {
 TEST_F(GridKeys, TheAltBitKeepsTheTextOfTheCell) {
     EXPECT_EQ(Press({.key = 0x10, .isAltBitSet = true}).action, GridKeyAction::EditText);
     EXPECT_EQ(Press({.key = 0x10}).action, GridKeyAction::Type);
-    EXPECT_EQ(Press({.key = 'A', .isAltBitSet = true, .isFromKeyboard = true}).action,
+    EXPECT_EQ(Press({.key = 'A', .alt = true, .isAltBitSet = true, .isFromKeyboard = true}).action,
               GridKeyAction::EditText);
 }
 
