@@ -2,7 +2,11 @@
 // page shows.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <map>
+#include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "reference/linear_system_oracle.h"
@@ -70,6 +74,53 @@ SystemTexts TextsOf(const Cells& cells) {
     }
     return texts;
 }
+
+// The values that an unknown has for values of the parameters, read from its text: a sum of terms
+// such as "2", "-r" and "+(3/4)*s".
+class PrintedUnknown {
+public:
+    PrintedUnknown(std::string text, const std::map<std::string, mpq_class>& parameters)
+        : text_(std::move(text)), parameters_(parameters) {}
+
+    mpq_class Value() {
+        mpq_class sum = 0;
+        while (place_ < text_.size()) {
+            sum += Term();
+        }
+        return sum;
+    }
+
+private:
+    bool Passes(char c) {
+        const bool isThere = place_ < text_.size() && text_[place_] == c;
+        place_ += isThere ? 1 : 0;
+        return isThere;
+    }
+    std::string Run(const char* characters) {
+        const size_t end = std::min(text_.find_first_not_of(characters, place_), text_.size());
+        const std::string run = text_.substr(place_, end - place_);
+        place_ = end;
+        return run;
+    }
+    mpq_class Term() {
+        const bool isNegative = Passes('-');
+        Passes('+');
+        const bool hasParentheses = Passes('(');
+        const std::string digits = Run("0123456789/");
+        EXPECT_EQ(Passes(')'), hasParentheses);
+        mpq_class value(digits.empty() ? "1" : digits);
+        if (Passes('*') || digits.empty()) {
+            const std::string name = Run("rstuv0123456789");
+            EXPECT_EQ(parameters_.count(name), 1u) << name << " in " << text_;
+            value *= parameters_.at(name);
+        }
+        return isNegative ? mpq_class(-value) : value;
+    }
+
+    std::string text_;
+    const std::map<std::string, mpq_class>& parameters_;
+    size_t place_ = 0;
+};
 
 class SystemRunOracle : public PageRunTest {
 protected:
@@ -230,6 +281,42 @@ TEST_F(SystemRunOracle, NamesAsManyParametersAsThereAre) {
             Check(Deficient(25, rank, [&] { return Whole(5); }), NumberTypeReal, 10);
         EXPECT_NE(text.find(rank == 24 ? "variable r is" : "variables r, s"), text.npos);
     }
+}
+
+// The printed solution is put into the equations, with any values for the parameters.
+TEST_F(SystemRunOracle, SatisfiesTheEquationsForAllParameters) {
+    int checked = 0;
+    for (int round = 0; round < TestRounds(100); round++) {
+        const int64_t count = random_.Between(2, 25);
+        const int64_t rank = random_.Between(std::max<int64_t>(count - 24, 0), count - 1);
+        const Cells cells = Deficient(count, rank, [&] { return Fraction(5); });
+        const std::string text = ShownSystem(TextsOf(cells), NumberTypeRational);
+        if (text.find("unsolvable") != text.npos) {
+            continue;
+        }
+        std::map<std::string, mpq_class> parameters;
+        for (int position = 1; position <= 25; position++) {
+            mpq_class value(random_.Between(-99, 99), random_.Between(1, 9));
+            value.canonicalize();
+            parameters[TwinParameterName(static_cast<size_t>(position))] = value;
+        }
+        std::vector<mpq_class> unknowns;
+        std::istringstream lines(text);
+        for (std::string line; std::getline(lines, line) && !line.empty();) {
+            unknowns.push_back(
+                PrintedUnknown(line.substr(line.find(" = ") + 3), parameters).Value());
+        }
+        ASSERT_EQ(static_cast<int64_t>(unknowns.size()), count);
+        for (const std::vector<Cell>& row : cells) {
+            mpq_class sum = 0;
+            for (size_t j = 0; j < unknowns.size(); j++) {
+                sum += row[j].value.re * unknowns[j];
+            }
+            EXPECT_EQ(sum.get_str(), row.back().value.re.get_str()) << text;
+        }
+        checked++;
+    }
+    EXPECT_GT(checked, TestRounds(100) / 2);
 }
 
 TEST_F(SystemRunOracle, FindsContradictions) {

@@ -120,11 +120,6 @@ std::string NumberText(const ExactNumber& a, int64_t digits) {
     return TwinNumberText(a.re, digits) + (sign.empty() ? "+" : sign) + imaginary;
 }
 
-std::string ParameterName(size_t position) {
-    const char* const first[] = {"r", "s", "t", "u"};
-    return position <= 4 ? first[position - 1] : "v" + std::to_string(position - 4);
-}
-
 // Everything in front of the name of the parameter, where something stands before it or not.
 std::string CoefficientText(const ExactNumber& a, int64_t digits, bool somethingBefore) {
     const std::string plus = somethingBefore ? "+" : "";
@@ -243,10 +238,15 @@ std::string TwinUnknownText(const ExactSolution& solution, size_t index, int64_t
     for (size_t k = 1; k <= solution.parameters; k++) {
         if (!IsZero(unknown[k])) {
             text += CoefficientText(unknown[k], digits, !text.empty());
-            text += ParameterName(solution.parameters - k + 1);
+            text += TwinParameterName(solution.parameters - k + 1);
         }
     }
     return text.empty() ? "0" : text;
+}
+
+std::string TwinParameterName(size_t position) {
+    const char* const first[] = {"r", "s", "t", "u"};
+    return position <= 4 ? first[position - 1] : "v" + std::to_string(position - 4);
 }
 
 std::string TwinParameterList(size_t parameters) {
@@ -257,7 +257,7 @@ std::string TwinParameterList(size_t parameters) {
             list += "…, ";
             position = parameters;
         }
-        list += ParameterName(position);
+        list += TwinParameterName(position);
     }
     return list;
 }

@@ -38,6 +38,9 @@ std::string TwinNumberText(const mpq_class& value, int64_t digits);
 /// are rounded to them, and else they are fractions.
 std::string TwinUnknownText(const ExactSolution& solution, size_t index, int64_t digits);
 
+/// r, s, t, u, v1, v2 and so on, for a position from 1.
+std::string TwinParameterName(size_t position);
+
 /// The list of all parameters.
 std::string TwinParameterList(size_t parameters);
 
