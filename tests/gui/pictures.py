@@ -8,6 +8,7 @@ from equation_case import EquationCase
 from gui_case import MAIN_TITLE
 from prime_case import PRIME_FACTORS, PRIME_NUMBERS, PrimeCase
 from program import MENU_CLASS, MESSAGE_BOX_CLASS, middle
+from system_case import SystemCase
 
 LIST_CLASS = "ComboLBox"  # of the rows of a drop list
 INFO = 302  # its menu item
@@ -27,6 +28,7 @@ class Pictures(CalculatorCase):
             self.take_options(program)
             self.take_about(program)
             self.take_equations(program, dpi)
+            self.take_systems(program, dpi)
             self.take_primes(program)
             self.take_calculator(program)
         finally:
@@ -122,6 +124,32 @@ class Pictures(CalculatorCase):
         hands.solve()
         hands.wait_for_page(lambda page: "x10" in page.output and hands.is_idle(page), "the roots")
         self.take("equations-long", hands.page().window)
+        hands.close_page()
+
+    def take_systems(self, program, dpi):
+        """The page with parameters, and with the largest grid and long numbers from a file."""
+        hands = SystemCase()
+        hands.display, hands.program, hands.dpi = self.display, program, dpi
+        hands.forms, hands.texts = self.forms, self.texts
+        hands.make_folder()
+        hands.open_page()
+        self.take("systems-start", hands.page().window)
+        hands.set_number("count", 3)
+        hands.choose_type(0)
+        hands.type_system(("1", "2", "3/4", "1"), ("2", "4", "3/2", "2"), ("", "1/3", "-1", "1/2"))
+        hands.solve()
+        hands.wait_for_page(lambda page: page.output, "the unknowns")
+        self.take("systems-parameter", hands.page().window)
+        rows = [";".join(f"{row + 1}/{row + column + 1}" for column in range(26))
+                for row in range(25)]
+        hands.put("largest.csv", "\n".join([";" * 25, *rows, ""]))
+        hands.load("largest.csv")
+        hands.display.activate(hands.page().window)
+        hands.choose_type(1)
+        hands.set_number("precision", 200)
+        hands.solve()
+        hands.wait_for_page(lambda page: "x25" in page.output, "the unknowns")
+        self.take("systems-largest", hands.page().window)
         hands.close_page()
 
     def take_primes(self, program):

@@ -16,6 +16,7 @@ class PicturesTest(GuiCase):
              "options-en-96", "options-list-en-96", "options-refused-en-96",
              "options-language-en-96", "about-en-96", "equations-start-en-96",
              "equations-exact-en-96", "equations-list-en-96", "equations-long-en-96",
+             "systems-start-en-96", "systems-parameter-en-96", "systems-largest-en-96",
              "prime-numbers-en-96", "prime-factors-en-96", "calculator-cplx-en-96",
              "calculator-rat-en-96", "calculator-uint-en-96", "calculator-real-en-96",
              "variables-en-96"],

@@ -20,6 +20,10 @@ class SystemCase(CoefficientCase):
 
     def setUp(self):
         super().setUp()
+        self.make_folder()
+
+    def make_folder(self):
+        """The folder of the files, empty."""
         self.folder = desktop().prefix.folder / "drive_c" / "systems"
         shutil.rmtree(self.folder, ignore_errors=True)
         self.folder.mkdir()

@@ -130,33 +130,23 @@ void TakeCell(void*, int32_t row, int32_t column, const char16_t* text) {
     WriteCoefficient(ControlOf(SystemGrid), column, row, text);
 }
 
-void LoadFile() {
+void AskAndLoad() {
     ClearErrors();
     char16_t name[PathCapacity + 1];
-    if (!AskForCsvToOpen(systemPage.window, systemPage.dialogs, name)) {
-        return;
+    if (AskForCsvToOpen(systemPage.window, systemPage.dialogs, name)) {
+        LoadSystemFile(name);
     }
-    {
-        const WaitCursorScope wait;
-        ReadCsvFile(name, {.context = nullptr, .takeCount = TakeCount, .takeCell = TakeCell});
-    }
-    ReportUiError();
 }
 
 HeapText TextOfCell(int32_t row, int32_t column) {
     return CopyCoefficientText(ControlOf(SystemGrid), column, row);
 }
 
-void SaveFile() {
+void AskAndSave() {
     ClearErrors();
-    if (!AskForCsvToSave(systemPage.window, systemPage.dialogs)) {
-        return;
+    if (AskForCsvToSave(systemPage.window, systemPage.dialogs)) {
+        SaveSystemFile();
     }
-    {
-        const WaitCursorScope wait;
-        WriteCsvFile(systemPage.dialogs.savedName, systemPage.count, TextOfCell);
-    }
-    ReportUiError();
 }
 
 // The window.
@@ -177,9 +167,9 @@ void HandleCommand(HWND control, int32_t news) {
     if (control == ControlOf(SystemClear)) {
         ClearPage();
     } else if (control == ControlOf(SystemLoad)) {
-        LoadFile();
+        AskAndLoad();
     } else if (control == ControlOf(SystemSaveAs)) {
-        SaveFile();
+        AskAndSave();
     } else if (control == ControlOf(SystemClose)) {
         SendMessageW(systemPage.window, WM_CLOSE, 0, 0);
     }
@@ -211,6 +201,22 @@ LRESULT SystemPageProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& c
 }
 
 }  // namespace
+
+void LoadSystemFile(const char16_t* name) {
+    {
+        const WaitCursorScope wait;
+        ReadCsvFile(name, {.context = nullptr, .takeCount = TakeCount, .takeCell = TakeCell});
+    }
+    ReportUiError();
+}
+
+void SaveSystemFile() {
+    {
+        const WaitCursorScope wait;
+        WriteCsvFile(systemPage.dialogs.savedName, systemPage.count, TextOfCell);
+    }
+    ReportUiError();
+}
 
 void CreateSystemPage() {
     systemPage = {};

@@ -23,4 +23,9 @@ extern SystemPage systemPage;
 /// Makes the page, hidden, as pageWindows[PageLinearSystems].
 void CreateSystemPage();
 
+/// What Load does with the name of a file, and what Save as does with dialogs.savedName. Any error
+/// is reported.
+void LoadSystemFile(const char16_t* name);
+void SaveSystemFile();
+
 }  // namespace tallymere
