@@ -49,7 +49,8 @@ void BuildMainMenu(HWND window) {
     SetMenu(window, bar);
 }
 
-// The windows of a page come and go, so the items are looked at each time that the menu drops down.
+// The menu is there before it is known which pages the program has, so its items are looked at each
+// time that it drops down.
 void EnableMenuItems(HMENU dropDown) {
     bool hasPage[PageCount];
     for (int32_t page = 0; page < PageCount; page++) {
