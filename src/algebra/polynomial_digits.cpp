@@ -91,7 +91,7 @@ int64_t LackingForZero(int64_t error, const CoefficientBounds& bounds) {
 }
 
 // Likewise to be known as the middle between two results whose last digits stand at the place
-// `last`.
+// `last`. 0 or less only where the error is below a tenth of that place.
 int64_t LackingForMiddle(int64_t error, const CoefficientBounds& bounds, int64_t last) {
     const int64_t grid = std::min(bounds.numeratorGrid, last - 1 + bounds.denominatorGrid);
     return error + 1 - (grid - bounds.denominatorExponent);
@@ -124,16 +124,10 @@ int64_t SettlePart(RealNumber* settled, const RealNumber* x, const CoefficientBo
     if (RoundsAlike(settled, x, error, digits)) {
         return 0;
     }
-    // Near a middle, which has one digit more, if the error is far below that digit.
-    const int64_t lastPlace = RealExponent(x) - digits + 1;
-    int64_t lacking = error + 3 - lastPlace;
-    if (lacking <= 0) {
-        lacking = LackingForMiddle(error, bounds, lastPlace);
-        RealRoundDigits(settled, x, lacking <= 0 ? digits + 1 : pass.wide.digits);
-        RealRoundDigits(settled, settled, digits);
-    } else {
-        RealRoundDigits(settled, x, digits);
-    }
+    // What does not round alike lies beside a middle, which has one digit more.
+    const int64_t lacking = LackingForMiddle(error, bounds, RealExponent(x) - digits + 1);
+    RealRoundDigits(settled, x, lacking <= 0 ? digits + 1 : pass.wide.digits);
+    RealRoundDigits(settled, settled, digits);
     return pass.last ? 0 : std::max<int64_t>(lacking, 0);
 }
 

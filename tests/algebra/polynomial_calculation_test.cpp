@@ -85,6 +85,35 @@ TEST_F(PolynomialCalculation, FindsTheRemainderZero) {
               "3.333333333e-1;3.333333333e-1 rest 1e-12");
 }
 
+// (h x + h j) (k/h x + 1.00015), with the first coefficient of the quotient beyond any digits. The
+// second is a middle, to which no pass comes but nearly.
+TEST_F(PolynomialCalculation, FindsMiddlesBehindDigitsWithoutEnd) {
+    for (const int h : {3, 7, 9, 11, 13, 17}) {
+        for (int k = 1; k < h; k++) {
+            for (int j = 1; j <= 9; j++) {
+                const auto fraction = [](int64_t hundredThousandths) {
+                    return std::to_string(hundredThousandths) + "e-5";
+                };
+                const std::string dividend = std::to_string(k) + ";" +
+                                             fraction(100015 * h + 100000 * j * k) + ";" +
+                                             fraction(int64_t{100015} * h * j);
+                const std::string divisor = std::to_string(h) + ";" + std::to_string(h * j);
+                const std::string result = Calculated(Divide, {dividend, divisor}, 5);
+                EXPECT_EQ(result.substr(result.find(';')), ";1.0002e0 rest 0")
+                    << dividend << " / " << divisor;
+            }
+        }
+    }
+}
+
+// t (x^3 + 3 x^2 + 3 x) / (h x + 1) has the constant t - t (h - 1)^3 / h^3: a little less than t.
+TEST_F(PolynomialCalculation, TellsWhatIsBesideAMiddle) {
+    EXPECT_EQ(Calculated(Divide, {"1.00015;3.00045;3.00045;0", "1.000000000001;1"}, 5),
+              "1.0001e0;2.0003e0;1.0001e0 rest -1.0001e0");
+    EXPECT_EQ(Calculated(Divide, {"1.00015;3.00045;3.00045;0", "0.999999999999;1"}, 5),
+              "1.0002e0;2.0003e0;1.0002e0 rest -1.0002e0");
+}
+
 // What the rounded coefficients leave of sqrt(2) * sqrt(2) - 2 is 0 where the plain way makes it 0.
 TEST_F(PolynomialCalculation, KeepsTheZerosOfRoundedCoefficients) {
     const std::string root = "1.414213562373";
