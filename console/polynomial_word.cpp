@@ -40,10 +40,6 @@ Exit status: 0 when there is a result, 1 when it failed or output broke, 2 for
 bad options, 130 after Ctrl+C.
 )";
 
-std::vector<Choice> TypeChoices() {
-    return {{"real", NumberTypeReal}, {"cplx", NumberTypeComplex}, {"rat", NumberTypeRational}};
-}
-
 // The options of the word.
 struct PolynomialWord {
     TextOptions text;
@@ -68,8 +64,8 @@ std::string Usage() {
          {"{most}", std::to_string(MaxPolynomials)},
          {"{two}", std::to_string(MinPolynomials)},
          {"{exponent}", std::to_string(MaxPolyExponent)},
-         {"{--type}", UsageOfChoices("--type", TypeChoices())},
-         {"{type}", SpellingOf(TypeChoices(), static_cast<int32_t>(PolynomialWord().type))},
+         {"{--type}", UsageOfChoices("--type", GridTypeChoices())},
+         {"{type}", SpellingOf(GridTypeChoices(), static_cast<int32_t>(PolynomialWord().type))},
          {"{least digits}", std::to_string(MinPolyDigits)},
          {"{most digits}", std::to_string(MaxPolyDigits)},
          {"{digits}", std::to_string(DefaultDigits)},
@@ -185,7 +181,7 @@ std::string DescribeProgress() {
 ExitStatus RunPolynomialWord(const std::vector<std::string>& arguments) {
     PolynomialWord word;
     const WordReading reading =
-        ReadWord({ChoiceOption("--type", TypeChoices(), word.type),
+        ReadWord({ChoiceOption("--type", GridTypeChoices(), word.type),
                   NumberOption("--digits", MinPolyDigits, MaxPolyDigits, word.digits)},
                  word.text, arguments, Usage());
     if (reading.ending.has_value()) {

@@ -39,10 +39,6 @@ Exit status: 0 when the system was solved or found to be unsolvable, 1 when it
 failed or output broke, 2 for bad options, 130 after Ctrl+C.
 )";
 
-std::vector<Choice> TypeChoices() {
-    return {{"real", NumberTypeReal}, {"cplx", NumberTypeComplex}, {"rat", NumberTypeRational}};
-}
-
 // The options of the word.
 struct SystemWord {
     TextOptions text;
@@ -53,8 +49,8 @@ struct SystemWord {
 std::string Usage() {
     return FillInUsage(UsageForm, {{"{least}", std::to_string(MinEquationCount)},
                                    {"{most}", std::to_string(MaxEquationCount)},
-                                   {"{--type}", UsageOfChoices("--type", TypeChoices())},
-                                   {"{type}", SpellingOf(TypeChoices(), SystemWord().type)},
+                                   {"{--type}", UsageOfChoices("--type", GridTypeChoices())},
+                                   {"{type}", SpellingOf(GridTypeChoices(), SystemWord().type)},
                                    {"{fewest}", std::to_string(MinSystemDigits)},
                                    {"{digits most}", std::to_string(MaxSystemDigits)},
                                    {"{digits}", std::to_string(DefaultDigits)},
@@ -152,7 +148,7 @@ std::string DescribeProgress() {
 ExitStatus RunSystemWord(const std::vector<std::string>& arguments) {
     SystemWord word;
     const WordReading reading =
-        ReadWord({ChoiceOption("--type", TypeChoices(), word.type),
+        ReadWord({ChoiceOption("--type", GridTypeChoices(), word.type),
                   NumberOption("--digits", MinSystemDigits, MaxSystemDigits, word.digits)},
                  word.text, arguments, Usage());
     if (reading.ending.has_value()) {

@@ -7,6 +7,7 @@
 #include "console/operands.h"
 #include "console/output.h"
 #include "console/utf8.h"
+#include "core/number_context.h"
 #include "core/stop_request.h"
 #include "shell/ui_error.h"
 
@@ -67,6 +68,10 @@ WordReading ReadWord(std::vector<Option> ownOptions, TextOptions& textOptions,
         return {{}, PrintText(usage)};
     }
     return {std::move(reading.operands), {}};
+}
+
+std::vector<Choice> GridTypeChoices() {
+    return {{"real", NumberTypeReal}, {"cplx", NumberTypeComplex}, {"rat", NumberTypeRational}};
 }
 
 std::string WordOptionUsage() {

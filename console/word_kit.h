@@ -23,6 +23,9 @@ struct WordReading {
 WordReading ReadWord(std::vector<Option> ownOptions, TextOptions& textOptions,
                      const std::vector<std::string>& arguments, const std::string& usage);
 
+/// The choices of --type where the page has a grid of coefficients.
+std::vector<Choice> GridTypeChoices();
+
 /// How the help explains the options that every word has.
 std::string WordOptionUsage();
 
