@@ -6,6 +6,7 @@
 #include <string>
 
 #include "algebra_pages/equation_form.h"
+#include "algebra_pages/polynomial_form.h"
 #include "algebra_pages/system_form.h"
 #include "calculator/calculator_form.h"
 #include "calculator/calculator_sliders.h"
@@ -238,6 +239,33 @@ std::string SystemRowsJson() {
     return rows.Text();
 }
 
+std::string PolynomialRowsJson() {
+    JsonList rows = JsonObject();
+    const auto add = [&rows](const char* name, PolynomialControl row) {
+        rows.Add(name, int32_t{row});
+    };
+    add("count", PolynomialCount);
+    add("degree", PolynomialDegree);
+    add("type", PolynomialType);
+    add("precision label", PolynomialPrecisionLabel);
+    add("precision", PolynomialPrecision);
+    add("hint", PolynomialHint);
+    add("grid", PolynomialGrid);
+    add("output", PolynomialOutput);
+    add("plus", PolynomialPlus);
+    add("minus", PolynomialMinus);
+    add("power", PolynomialPower);
+    add("times", PolynomialTimes);
+    add("divide", PolynomialDivide);
+    add("result to 0", PolynomialResultTo0);
+    add("result to 1", PolynomialResultTo1);
+    add("clear 0", PolynomialClear0);
+    add("clear 1", PolynomialClear1);
+    add("clear all", PolynomialClearAll);
+    add("close", PolynomialClose);
+    return rows.Text();
+}
+
 std::string PrimeFactorsRowsJson() {
     JsonList rows = JsonObject();
     const auto add = [&rows](const char* name, PrimeFactorsControl row) {
@@ -296,6 +324,8 @@ std::string LanguageJson(Language language) {
     tables.Add("equation", FormJson(EquationForm));
     tables.Add("system_size", SizeJson(SystemPageSize));
     tables.Add("system", FormJson(SystemForm));
+    tables.Add("polynomial_size", SizeJson(PolynomialPageSize));
+    tables.Add("polynomial", FormJson(PolynomialForm));
     tables.Add("prime_factors_size", SizeJson(PrimeFactorsSize));
     tables.Add("prime_factors", FormJson(PrimeFactorsForm));
     tables.Add("prime_numbers_size", SizeJson(PrimeNumbersSize));
@@ -321,6 +351,7 @@ int main() {
     languages.Add("keys", KeysJson());
     languages.Add("equation_rows", EquationRowsJson());
     languages.Add("system_rows", SystemRowsJson());
+    languages.Add("polynomial_rows", PolynomialRowsJson());
     languages.Add("prime_factors_rows", PrimeFactorsRowsJson());
     languages.Add("prime_numbers_rows", PrimeNumbersRowsJson());
     std::cout << languages.Text() << std::endl;

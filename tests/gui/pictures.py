@@ -6,6 +6,7 @@ A window that is new gets its method here and a line in take_all.
 from calculator_case import VARIABLES, CalculatorCase
 from equation_case import EquationCase
 from gui_case import MAIN_TITLE
+from polynomial_case import MOST_DEGREE, PolynomialCase
 from prime_case import PRIME_FACTORS, PRIME_NUMBERS, PrimeCase
 from program import MENU_CLASS, MESSAGE_BOX_CLASS, middle
 from system_case import SystemCase
@@ -29,6 +30,7 @@ class Pictures(CalculatorCase):
             self.take_about(program)
             self.take_equations(program, dpi)
             self.take_systems(program, dpi)
+            self.take_polynomials(program, dpi)
             self.take_primes(program)
             self.take_calculator(program)
         finally:
@@ -150,6 +152,34 @@ class Pictures(CalculatorCase):
         hands.solve()
         hands.wait_for_page(lambda page: "x25" in page.output, "the unknowns")
         self.take("systems-largest", hands.page().window)
+        hands.close_page()
+
+    def take_polynomials(self, program, dpi):
+        """The page with a quotient, with an open list, and with the longest grid and numbers."""
+        hands = PolynomialCase()
+        hands.display, hands.program, hands.dpi = self.display, program, dpi
+        hands.forms, hands.texts = self.forms, self.texts
+        hands.open_page()
+        self.take("polynomials-start", hands.page().window)
+        hands.set_number("degree", 4)
+        hands.choose_type(0)
+        hands.type_polynomial(0, "2", "5/3", "1", "10", "-6")
+        hands.type_polynomial(1, "", "", "1", "1/2", "-1")
+        hands.press_button("divide")
+        hands.wait_for_page(lambda page: "r0" in page.output, "the quotient")
+        self.take("polynomials-quotient", hands.page().window)
+        hands.click(hands.page().chosen("type"))
+        rows = program.wait_for(lambda: program.find(LIST_CLASS), "the list to drop down")
+        self.take("polynomials-list", hands.page().window, rows)
+        self.display.press("End", "Return")
+        program.wait_until_hidden(None, LIST_CLASS)
+        hands.set_number("count", 12)
+        hands.set_number("degree", MOST_DEGREE)
+        hands.set_number("precision", 200)
+        hands.type_polynomial(0, "sqrt(2)+i/7", "-3/7")
+        hands.press_button("plus")
+        hands.wait_for_page(lambda page: "b0" in page.output, "the sum")
+        self.take("polynomials-long", hands.page().window)
         hands.close_page()
 
     def take_primes(self, program):

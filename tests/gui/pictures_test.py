@@ -17,6 +17,8 @@ class PicturesTest(GuiCase):
              "options-language-en-96", "about-en-96", "equations-start-en-96",
              "equations-exact-en-96", "equations-list-en-96", "equations-long-en-96",
              "systems-start-en-96", "systems-parameter-en-96", "systems-largest-en-96",
+             "polynomials-start-en-96", "polynomials-quotient-en-96", "polynomials-list-en-96",
+             "polynomials-long-en-96",
              "prime-numbers-en-96", "prime-factors-en-96", "calculator-cplx-en-96",
              "calculator-rat-en-96", "calculator-uint-en-96", "calculator-real-en-96",
              "variables-en-96"],

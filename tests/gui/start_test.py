@@ -33,9 +33,10 @@ class StartTest(GuiCase):
     def test_windows_are_made_in_their_order(self):
         """A window that was never shown stands in front of those that were made before it."""
         program = self.start_again()
-        self.assertEqual(["Calculator variables", "About Tallymere", "Options",
-                          "Prime factors and divisors", "Prime numbers",
-                          "Solve algebraic equations", "Scientific Calculator", MAIN_TITLE],
+        self.assertEqual(["Calculator variables", "Systems of linear equations", "About Tallymere",
+                          "Polynomial calculation", "Options", "Prime factors and divisors",
+                          "Prime numbers", "Solve algebraic equations", "Scientific Calculator",
+                          MAIN_TITLE],
                          [window.text for window in program.probe.windows()
                           if window.class_name == DIALOG_CLASS and window.text])
 

@@ -1,6 +1,7 @@
 // The start of the program, and the windows that it has.
 
 #include "algebra_pages/windows/equation_page.h"
+#include "algebra_pages/windows/polynomial_page.h"
 #include "algebra_pages/windows/system_page.h"
 #include "calculator/windows/calculator_page.h"
 #include "calculator/windows/variables_window.h"
@@ -23,6 +24,7 @@ constexpr ProgramWindow ProgramWindows[] = {
     {&pageWindows[PagePrimeNumbers], CreatePrimeNumbersPage},
     {&pageWindows[PagePrimeFactors], CreatePrimeFactorsPage},
     {&optionsWindow, CreateOptionsWindow},
+    {&pageWindows[PagePolynomialCalculation], CreatePolynomialPage},
     {&aboutWindow, CreateAboutWindow},
     {&pageWindows[PageLinearSystems], CreateSystemPage},
     {&variablesWindow, CreateVariablesWindow},

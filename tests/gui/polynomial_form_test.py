@@ -1,0 +1,88 @@
+#!/usr/bin/env python3
+"""The page Polynomial Calculation on the screen: its controls, its texts, its sizes."""
+
+import unittest
+
+from form_check import check_form, check_texts
+from gui_case import desktop, to_pixels
+from polynomial_case import MOST_DEGREE, PolynomialCase
+
+UPPER_ROW = ("plus", "minus", "power", "result to 0", "clear 0", "clear all")
+LOWER_ROW = ("times", "divide", "result to 1", "clear 1", "close")
+
+
+def laid_out(form, rows, size):
+    """The form with the places that its controls have in a client area."""
+    width, height = size
+    half = (height - 175) // 2
+    places = {index: list(row["place"]) for index, row in enumerate(form)}
+    places[rows["hint"]][2] = width - 20
+    places[rows["grid"]][2:] = [width - 20, half - 5]
+    places[rows["output"]] = [10, 105 + half, width - 20, half - 5]
+    for names, room in ((UPPER_ROW, 63), (LOWER_ROW, 33)):
+        for name in names:
+            places[rows[name]][1] = height - room
+    places[rows["close"]][0] = width - 85
+    return [{**row, "place": places[index]} for index, row in enumerate(form)]
+
+
+class PolynomialFormTest(PolynomialCase):
+    def captions(self, rows):
+        """What the buttons say that name a polynomial."""
+        return {rows[f"{name} {polynomial}"]: self.texts[text].replace("%s", f"P{polynomial}")
+                for name, text in (("result to", "TextPolyResult"), ("clear", "TextPolyClear"))
+                for polynomial in (0, 1)}
+
+    def check_page(self, size):
+        rows = desktop().forms["polynomial_rows"]
+        form = laid_out(self.forms["polynomial"], rows, size)
+        page = self.wait_for_page(
+            lambda page: page.window.client[2:] == to_pixels(size, self.dpi), f"{size}")
+        texts = {rows["hint"]: page["hint"].text, **self.captions(rows)}
+        check_form(self, page.window, form, size, self.dpi, texts)
+
+    def test_forms_in_both_languages_at_each_resolution(self):
+        for dpi in (96, 120, 144, 192):
+            for language in ("en", "de"):
+                with self.subTest(language=language, dpi=dpi):
+                    self.start_with(language, dpi)
+                    page = self.open_page()
+                    self.check_page(self.forms["polynomial_size"])
+                    check_texts(self, self.program, page.window, dpi)
+                    # The longest text that says which coefficients are meant.
+                    self.set_number("degree", MOST_DEGREE)
+                    page = self.wait_for_page(lambda page: "a20" in page["hint"].text, "a20")
+                    check_texts(self, self.program, page.window, dpi)
+                    self.close_page()
+
+    def test_a_page_that_is_resized_is_laid_out_anew(self):
+        self.start_with()
+        page = self.open_page()
+        for size in ([900, 700], [500, 400]):
+            self.display.resize(page.window, *size)
+            self.check_page(size)
+
+    def test_the_number_type_decides_about_the_precision(self):
+        self.start_with()
+        self.open_page()
+        for row, has_digits in ((0, False), (1, True), (0, False), (2, True)):
+            self.choose_type(row)
+            page = self.page()
+            for control in (page["precision"], page["precision label"], page.field("precision")):
+                self.assertEqual(has_digits, control.enabled)
+
+    def test_more_polynomials_than_two_are_not_divided(self):
+        self.start_with()
+        self.open_page()
+        for count, takes_two in ((3, False), (12, False), (2, True)):
+            self.set_number("count", count)
+            page = self.wait_for_page(
+                lambda page, takes_two=takes_two: page["power"].enabled == takes_two,
+                f"the buttons for {count} polynomials")
+            self.assertEqual(takes_two, page["divide"].enabled)
+            for name in ("plus", "minus", "times"):
+                self.assertTrue(page[name].enabled)
+
+
+if __name__ == "__main__":
+    unittest.main()
