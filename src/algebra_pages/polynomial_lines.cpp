@@ -1,6 +1,7 @@
 #include "algebra_pages/polynomial_lines.h"
 
 #include "algebra/polynomial_pattern.h"
+#include "algebra_pages/polynomial_names.h"
 #include "shell/scratch_text.h"
 #include "shell/text_format.h"
 #include "shell/ui_error.h"
@@ -53,7 +54,7 @@ void WriteHead(LineWriter& line, const PolyCalculation& calculation) {
         if (k > 0 && calculation.operation == PolyOperator::Power) {
             FormatIntoSink(sink, u"%d", {static_cast<int32_t>(calculation.exponent)});
         } else {
-            FormatIntoSink(sink, u"P%d(x)", {k});
+            SinkText(sink, NameOfPolynomial(k).text);
         }
     }
     SinkText(sink, u" = ");

@@ -3,6 +3,8 @@
 #include <iterator>
 
 #include "algebra_pages/coefficient_cell.h"
+#include "algebra_pages/equation_run.h"
+#include "algebra_pages/polynomial_names.h"
 #include "core/limits.h"
 #include "shell/scratch_text.h"
 #include "shell/text_format.h"
@@ -13,20 +15,20 @@ namespace tallymere {
 
 namespace {
 
-// The texts of numbers and names in messages.
-struct ShortText {
+// The text of a number in a message.
+struct NumberName {
     char16_t text[8];
 };
 
-ShortText FormatNumber(const char16_t* format, int32_t number) {
-    ShortText name;
-    FormatBounded(name.text, std::size(name.text) - 1, format, {number});
+NumberName NameOfNumber(int32_t number) {
+    NumberName name;
+    FormatBounded(name.text, std::size(name.text) - 1, u"%d", {number});
     return name;
 }
 
 void RaiseUnreadCell(const CellReading& reading, int32_t polynomial, int32_t power) {
-    const ShortText coefficient = FormatNumber(u"a%d", power);
-    const ShortText name = FormatNumber(u"P%d(x)", polynomial);
+    const CoefficientLabel coefficient = LabelOfCoefficient(power);
+    const PolynomialName name = NameOfPolynomial(polynomial);
     switch (reading.outcome) {
         case CellOutcome::Read:
             return;
@@ -66,11 +68,11 @@ void RaiseOutcome(PolyOutcome outcome) {
             SetUiError(UiErrorInternal);
             break;
         case PolyOutcome::DegreeTooHigh:
-            SetUiError(UiErrorPolynomialDegree, FormatNumber(u"%d", MaxPolyDegree).text);
+            SetUiError(UiErrorPolynomialDegree, NameOfNumber(MaxPolyDegree).text);
             break;
         case PolyOutcome::ExponentRefused:
-            SetUiError(UiErrorPolynomialNotInteger, FormatNumber(u"P%d(x)", 1).text,
-                       FormatNumber(u"%d", static_cast<int32_t>(MaxPolyExponent)).text);
+            SetUiError(UiErrorPolynomialNotInteger, NameOfPolynomial(1).text,
+                       NameOfNumber(static_cast<int32_t>(MaxPolyExponent)).text);
             break;
         case PolyOutcome::DivisionByZero:
             SetUiError(UiErrorDivisionByZero);

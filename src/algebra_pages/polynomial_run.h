@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "algebra/polynomial_calculation.h"
+#include "algebra_pages/number_choice.h"
 #include "algebra_pages/polynomial_lines.h"
 #include "algebra_pages/result_store.h"
 #include "core/number_setup.h"
@@ -16,8 +17,8 @@ inline constexpr int32_t MinPolyMaxDegree = 1;
 inline constexpr int32_t InitialPolyMaxDegree = 2;
 
 /// The digits of the result, in real and cplx.
-inline constexpr int32_t MinPolyDigits = 5;
-inline constexpr int32_t MaxPolyDigits = 1000;
+inline constexpr int32_t MinPolyDigits = MinChosenDigits;
+inline constexpr int32_t MaxPolyDigits = MaxChosenDigits;
 
 /// Digits that coefficients have beyond those of the result.
 inline constexpr int64_t PolyGuardDigits = 3;

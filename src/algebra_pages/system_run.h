@@ -4,14 +4,15 @@
 
 #include <cstdint>
 
+#include "algebra_pages/number_choice.h"
 #include "algebra_pages/system_columns.h"
 #include "core/number_setup.h"
 
 namespace tallymere {
 
 /// The digits of the unknowns.
-inline constexpr int32_t MinSystemDigits = 5;
-inline constexpr int32_t MaxSystemDigits = 1000;
+inline constexpr int32_t MinSystemDigits = MinChosenDigits;
+inline constexpr int32_t MaxSystemDigits = MaxChosenDigits;
 
 /// The limbs and the decimal digits of numerators and denominators.
 inline constexpr UintWidth SystemWidth = {500, 26};

@@ -7,6 +7,7 @@
 #include <string>
 #include <utility>
 
+#include "algebra_pages/polynomial_names.h"
 #include "shell/languages.h"
 
 namespace tallymere {
@@ -130,6 +131,13 @@ TEST(PolynomialForm, HasTheHighestPowerInTheFirstColumn) {
     EXPECT_EQ(ColumnOfPower(20), 0);
     EXPECT_EQ(ColumnOfPower(13), 7);
     EXPECT_EQ(ColumnOfPower(0), 20);
+}
+
+TEST(PolynomialForm, NamesEachPolynomial) {
+    EXPECT_EQ(std::u16string(NameOfPolynomial(0).text), u"P0(x)");
+    EXPECT_EQ(std::u16string(NameOfPolynomial(9).text), u"P9(x)");
+    EXPECT_EQ(std::u16string(NameOfPolynomial(10).text), u"P10(x)");
+    EXPECT_EQ(std::u16string(NameOfPolynomial(MaxPolynomials - 1).text), u"P11(x)");
 }
 
 TEST(PolynomialForm, SaysWhichCoefficientsAreMeant) {
