@@ -39,7 +39,8 @@ TEST_F(WindowText, EndsInAnEllipsisWhereItIsCut) {
 }
 
 TEST_F(WindowText, IsAddedBehindWhatIsThereWhereverTheCaretIs) {
-    const HWND field = CreateEdit(dialog, {0, 0, 60, 20}, u"", ES_MULTILINE, 0);
+    const HWND field =
+        CreateEdit(dialog, {0, 0, 60, 20}, u"", ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL, 0);
     AppendWindowText(field, u"first\r\n");
     SendMessageW(field, EM_SETSEL, 0, 3);
     AppendWindowText(field, u"second");
