@@ -368,11 +368,14 @@ TEST_F(PolynomialRoots, StopInTheMidst) {
     ASSERT_EQ(SolvePolynomial(solutions.Set(), list, Digits, 0), RootOutcome::Found);
     const auto whole = std::chrono::steady_clock::now() - begin;
     for (int eighths = 1; eighths < 8; eighths++) {
-        // A run that is faster than the first one may end before its stop.
-        constexpr int Attempts = 20;
+        // A run that is faster than the first one may end before its stop. So the next stop is
+        // earlier.
+        constexpr int Attempts = 100;
+        auto wait = whole * eighths / 8;
         RootOutcome outcome = RootOutcome::Found;
         for (int i = 0; i < Attempts && outcome == RootOutcome::Found; i++) {
-            outcome = SolveWithStop(solutions.Set(), list, Digits, whole * eighths / 8);
+            outcome = SolveWithStop(solutions.Set(), list, Digits, wait);
+            wait -= wait / 8;
         }
         EXPECT_EQ(outcome, RootOutcome::Stopped) << eighths;
         EXPECT_EQ(solutions.Set().count, -1);

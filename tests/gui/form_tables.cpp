@@ -221,9 +221,7 @@ std::string EquationRowsJson() {
 
 std::string SystemRowsJson() {
     JsonList rows = JsonObject();
-    const auto add = [&rows](const char* name, SystemControl row) {
-        rows.Add(name, int32_t{row});
-    };
+    const auto add = [&rows](const char* name, SystemControl row) { rows.Add(name, int32_t{row}); };
     add("count", SystemCount);
     add("type", SystemType);
     add("precision label", SystemPrecisionLabel);
