@@ -14,7 +14,6 @@
 #include <vector>
 
 #include "algebra_pages/windows/equation_page.h"
-#include "shell/windows/main_window.h"
 #include "shell/windows/program_run.h"
 #include "shell/windows/program_windows.h"
 #include "toolkit/grid_control.h"
@@ -100,12 +99,15 @@ void Measure() {
     ExitProcess(0);
 }
 
-void CreateWindows() {
-    CreateMainWindow();
-    CreateEquationPage();
-    // When the program handles messages.
+constexpr ProgramWindow Windows[] = {
+    {&pageWindows[PageAlgebraicEquations], CreateEquationPage},
+};
+
+// When the program handles messages.
+void StartMeasuring() {
     SetTimer(nullptr, 0, 0, [](HWND, UINT, UINT_PTR timer, DWORD) {
         KillTimer(nullptr, timer);
+        MadeWindow(pageWindows[PageAlgebraicEquations]);
         Measure();
     });
 }
@@ -124,5 +126,6 @@ int main(int count, char** arguments) {
         const std::string coefficient = arguments[i];
         tallymere::coefficients.emplace_back(coefficient.begin(), coefficient.end());
     }
-    return tallymere::RunProgram(GetModuleHandleW(nullptr), tallymere::CreateWindows);
+    tallymere::StartMeasuring();
+    return tallymere::RunProgram(GetModuleHandleW(nullptr), tallymere::Windows);
 }
