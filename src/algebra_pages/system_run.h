@@ -14,7 +14,7 @@ namespace tallymere {
 inline constexpr int32_t MinSystemDigits = MinChosenDigits;
 inline constexpr int32_t MaxSystemDigits = MaxChosenDigits;
 
-/// The limbs and the decimal digits of numerators and denominators.
+/// Decimal digits and limbs of numerators and denominators.
 inline constexpr UintWidth SystemWidth = {500, 26};
 
 /// Characters of a line that shows an unknown. A longer one ends in an ellipsis.
