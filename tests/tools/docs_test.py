@@ -28,6 +28,21 @@ def all_names():
     return [(document, name) for document in DOCUMENTS for name in sorted(named_in(document))]
 
 
+def doubled_rows(text):
+    """The first cell of each row of a table that has it from a row before already."""
+    doubled = []
+    told = set()
+    for line in text.splitlines():
+        if not line.startswith("|"):
+            told = set()
+            continue
+        first = line.split("|")[1].strip()
+        if first in told:
+            doubled.append(first)
+        told.add(first)
+    return doubled
+
+
 def bare(name):
     """A name without what stands behind it in a call: `./test core` is `./test`."""
     return name.split()[0] if re.match(r"(\./|\w+/)[\w./-]+ ", name) else name
@@ -104,6 +119,21 @@ class DocsTest(unittest.TestCase):
                     with self.subTest(document=str(document.relative_to(ROOT)), link=link):
                         self.assertTrue((document.parent / link).exists())
 
+    def test_line_1_is_a_title(self):
+        documents = [path for path in ROOT.rglob("*.md")
+                     if path.relative_to(ROOT).parts[0] in (*TOPS, path.name)]
+        self.assertLessEqual(set(DOCUMENTS), set(documents))
+        for document in documents:
+            with self.subTest(document=str(document.relative_to(ROOT))):
+                lines = document.read_text(encoding="utf-8").splitlines()
+                self.assertRegex(lines[0], r"^# \S")
+
+    def test_no_table_has_two_rows_about_one_thing(self):
+        # Tables of measurements tell of one thing as often as it was measured.
+        for document in [*READMES, ROOT / "README.md", ROOT / "docs/architecture.md"]:
+            with self.subTest(document=str(document.relative_to(ROOT))):
+                self.assertEqual([], doubled_rows(document.read_text(encoding="utf-8")))
+
     def test_large_folders_have_a_readme_of_one_screen(self):
         folders = {path.parent for path in (ROOT / "src").rglob("*.h")}
         large = {folder for folder in folders if len(list(folder.glob("*.h"))) > LARGE_ROOM}
@@ -145,6 +175,11 @@ class NamesTest(unittest.TestCase):
             self.assertTrue(is_path(name), name)
         for name in ("2/3", "1/x", "build/logs/", "ans/2", "+ - * /", "/", "real"):
             self.assertFalse(is_path(name), name)
+
+    def test_doubled_rows(self):
+        table = "| Word | Meaning |\n|---|---|\n| a | 1 |\n| b | 2 |\n"
+        self.assertEqual([], doubled_rows(table + "\n" + table))
+        self.assertEqual(["a"], doubled_rows(table + "| a | 3 |\n"))
 
     def test_missing_paths(self):
         core = ROOT / "src/core/README.md"
