@@ -28,6 +28,7 @@ Each coefficient is a formula; an empty one is 0.
   --digits N                    digits of the roots, {fewest} to {most} ({digits}){fewer}
   --no-multiplicity             without the multiplicities of the roots
 {options of every word}
+Roots have no groups, whatever --group says.
 Options end at the first coefficient; one such as -x2 that looks like an option
 stands behind "--". What fails is answered by a line of its own, "error CODE:
 MESSAGE".

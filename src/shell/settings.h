@@ -36,7 +36,8 @@ struct Settings {
     int32_t decimalSeparator = DecimalAutomatic;      ///< a DecimalSeparatorSetting
     int32_t thousandsSeparator = ThousandsAutomatic;  ///< a ThousandsSeparatorSetting
     bool groupCalculator = false;                     ///< thousands separators: calculator
-    bool groupEquations = false;                      ///< the same: equations and polynomials
+    bool groupEquations = false;                      ///< the same: pages of linear systems and of
+                                                      ///< polynomials; roots have none
     bool groupPrimes = false;                         ///< the same: prime pages
 
     AngleType angleType = AngleRadians;
