@@ -142,6 +142,8 @@ enum GridMessage : UINT {
     /// wParam: column, lParam: flag. A hidden column has no width. When it had the cursor,
     /// that goes to the next column that is shown.
     GridHideColumn = WM_USER + 53,
+    /// No message: what the next one is. 13, 16, 37, 49 and 50 stay free.
+    GridMessageEnd,
 };
 
 /// What a failed message leaves in GetLastError.

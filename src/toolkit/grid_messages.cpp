@@ -180,6 +180,10 @@ static_assert(std::is_sorted(std::begin(Answers), std::end(Answers),
                              [](const GridAnswer& a, const GridAnswer& b) {
                                  return a.message < b.message;
                              }));
+// A message without a row would go to Windows.
+constexpr UINT FreeMessages = 5;
+static_assert(Answers[0].message == GridAddColumn &&
+              std::size(Answers) + FreeMessages == GridMessageEnd - GridAddColumn);
 
 // Null for a message of Windows.
 const GridAnswer* FindAnswer(UINT message) {
