@@ -124,7 +124,7 @@ TEST_F(CalculatorPageTest, KnowsTheVariablesBeforeTheirWindowIsMade) {
     BeginMakingWindows(Windows);
     Press(ActionShowVariables);
     EXPECT_NE(variablesWindow, nullptr) << "made for the key";
-    EXPECT_TRUE(IsWindowVisible(MadeWindow(variablesWindow)));
+    EXPECT_TRUE(IsWindowVisible(EnsureWindow(&variablesWindow)));
     BeginMakingWindows({});
     EXPECT_EQ(VariableNames(), u"rate ");
 }

@@ -213,9 +213,9 @@ TEST_F(WindowMaking, AWindowThatIsAskedForEarlierIsMadeAtOnce) {
 
 TEST_F(WindowMaking, TheMenuOffersWhatIsNotMadeYet) {
     for (const int32_t page : {PagePrimeNumbers, PagePrimeFactors}) {
-        EXPECT_TRUE(HasProgramWindow(pageWindows[page]));
+        EXPECT_TRUE(HasProgramWindow(&pageWindows[page]));
     }
-    EXPECT_FALSE(HasProgramWindow(pageWindows[PageLinearSystems]));
+    EXPECT_FALSE(HasProgramWindow(&pageWindows[PageLinearSystems]));
     const HMENU pages = GetSubMenu(GetMenu(mainWindow), 1);
     SendMessageW(mainWindow, WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(pages), 1);
     for (const UINT id : {UINT{NumbersItem}, UINT{FactorsItem}}) {
@@ -224,7 +224,7 @@ TEST_F(WindowMaking, TheMenuOffersWhatIsNotMadeYet) {
     for (const UINT id : {201u, 202u, 203u, 204u}) {
         EXPECT_NE(GetMenuState(pages, id, MF_BYCOMMAND) & MF_GRAYED, 0u) << id;
     }
-    EXPECT_EQ(MadeWindow(pageWindows[PageLinearSystems]), nullptr);
+    EXPECT_EQ(EnsureWindow(&pageWindows[PageLinearSystems]), nullptr);
     EXPECT_EQ(steps, Steps{});
 }
 
@@ -246,7 +246,7 @@ TEST_F(WindowMaking, NothingIsMadeWhileAPageCalculates) {
     ClickStart();
     LoopForAWhile();
     ChooseMenuItem(FactorsItem);
-    EXPECT_EQ(MadeWindow(optionsWindow), nullptr);
+    EXPECT_EQ(EnsureWindow(&optionsWindow), nullptr);
     EXPECT_EQ(steps, Steps{}) << "the numbers are those of the run";
     ClickStart();
     LoopUntil("options");
@@ -273,7 +273,7 @@ TEST_F(WindowMaking, AWindowThatIsMadeWhileAPageIsBusyIsBornDisabled) {
     }
     DestroyWindow(aboutWindow);
     aboutWindow = nullptr;
-    EXPECT_TRUE(IsEnabled(MadeWindow(aboutWindow))) << "nobody is busy any more";
+    EXPECT_TRUE(IsEnabled(EnsureWindow(&aboutWindow))) << "nobody is busy any more";
 }
 
 TEST_F(WindowMaking, GoesOnBehindTheMessageBoxOfAWindow) {

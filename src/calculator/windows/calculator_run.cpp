@@ -120,7 +120,7 @@ void EmptyResult() {
 }
 
 void ShowVariablesWindow() {
-    const HWND window = MadeWindow(variablesWindow);
+    const HWND window = EnsureWindow(&variablesWindow);
     const LayoutPoint place =
         PlaceVariablesBeside(PlaceInParent(calculatorWindows.page), screenDpi);
     SetWindowPos(window, nullptr, place.x, place.y, 0, 0,

@@ -54,7 +54,7 @@ void BuildMainMenu(HWND window) {
 void EnableMenuItems(HMENU dropDown) {
     bool hasPage[PageCount];
     for (int32_t page = 0; page < PageCount; page++) {
-        hasPage[page] = HasProgramWindow(pageWindows[page]);
+        hasPage[page] = HasProgramWindow(&pageWindows[page]);
     }
     for (const MenuItem& item : MainMenu) {
         EnableMenuItem(dropDown, static_cast<UINT>(item.id),
@@ -95,19 +95,19 @@ void RunMenuCommand(MenuCommand command) {
         case MenuDoesNothing:
             break;
         case MenuShowsOptions:
-            ShowProgramWindow(MadeWindow(optionsWindow));
+            ShowProgramWindow(EnsureWindow(&optionsWindow));
             break;
         case MenuClosesProgram:
             SendMessageW(mainWindow, WM_CLOSE, 0, 0);
             break;
         case MenuShowsPage:
-            ShowProgramWindow(MadeWindow(pageWindows[command.page]));
+            ShowProgramWindow(EnsureWindow(&pageWindows[command.page]));
             break;
         case MenuOpensHelp:
             ShowHelp();
             break;
         case MenuRunsAbout:
-            RunModal(MadeWindow(aboutWindow));
+            RunModal(EnsureWindow(&aboutWindow));
             break;
     }
 }
@@ -181,7 +181,7 @@ void OpenMainWindow() {
     // Painted before anything else is made.
     UpdateWindow(mainWindow);
     if (settings.showWelcomeHint) {
-        RunModal(MadeWindow(aboutWindow));
+        RunModal(EnsureWindow(&aboutWindow));
         ChangeSetting(settings, &Settings::showWelcomeHint, false);
     }
 }

@@ -1,6 +1,6 @@
-// The windows of the program. All of them are made at the start, hidden, and live as long as the
-// process: who closes one only hides it. Those below mainWindow are null until they are made; who
-// needs one takes it through MadeWindow of window_making.h.
+// The windows of the program. They live as long as the process: who closes one only hides it. Those
+// below mainWindow are made behind the menu, hidden, and null until then; who needs one takes it
+// through EnsureWindow of window_making.h.
 #pragma once
 
 #include "shell/main_menu.h"
@@ -14,7 +14,8 @@ extern HWND hiddenOwnerWindow;
 /// The menu window, the handle of the whole program.
 extern HWND mainWindow;
 
-/// One window for each item of the Algebra menu; null for a page that the program does not have.
+/// One window for each item of the Algebra menu; null until it is made, and for a page that the
+/// program does not have.
 extern HWND pageWindows[PageCount];
 
 extern HWND optionsWindow;

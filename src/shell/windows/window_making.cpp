@@ -36,8 +36,8 @@ void CALLBACK MakeNextWindow(HWND owner, UINT, UINT_PTR timer, DWORD) {
     Make(programWindows[nextWindow++]);
 }
 
-const ProgramWindow* RowOf(const HWND& window) {
-    const auto row = std::ranges::find(programWindows, &window, &ProgramWindow::window);
+const ProgramWindow* RowOf(const HWND* window) {
+    const auto row = std::ranges::find(programWindows, window, &ProgramWindow::window);
     return row == programWindows.end() ? nullptr : &*row;
 }
 
@@ -49,16 +49,16 @@ void BeginMakingWindows(std::span<const ProgramWindow> windows) {
     SetTimer(hiddenOwnerWindow, MakingTimer, USER_TIMER_MINIMUM, MakeNextWindow);
 }
 
-bool HasProgramWindow(const HWND& window) {
-    return window != nullptr || RowOf(window) != nullptr;
+bool HasProgramWindow(const HWND* window) {
+    return *window != nullptr || RowOf(window) != nullptr;
 }
 
-HWND MadeWindow(const HWND& window) {
+HWND EnsureWindow(const HWND* window) {
     if (const ProgramWindow* row = RowOf(window);
-        window == nullptr && row != nullptr && !IsRunUnderWay()) {
+        *window == nullptr && row != nullptr && !IsRunUnderWay()) {
         Make(*row);
     }
-    return window;
+    return *window;
 }
 
 }  // namespace tallymere
