@@ -138,6 +138,11 @@ void SetNumericPosition(HWND control, int32_t position) {
     Sync(control, NumericPositionSet);
 }
 
+void ChooseNumericPosition(HWND control, int32_t position) {
+    SetNumericPosition(control, position);
+    SyncNumericUpDown(control, true, true);
+}
+
 void SyncNumericUpDown(HWND control, bool write, bool notify) {
     const int32_t position = NumericPosition(control);
     if (write) {

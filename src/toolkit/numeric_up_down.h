@@ -27,8 +27,13 @@ void SetNumericRange(HWND control, int32_t low, int32_t high);
 /// The position, which is in the range. A number that is being typed counts already.
 int32_t NumericPosition(HWND control);
 
-/// Sets the position. Calls no function.
+/// Sets the position. Calls no function, and the control does not count it as reported: a user who
+/// goes back to the number that was reported last is not heard.
 void SetNumericPosition(HWND control, int32_t position);
+
+/// Sets the position as a user does: the text shows it, and NumericChanged is called if it is
+/// another one than it was called with last.
+void ChooseNumericPosition(HWND control, int32_t position);
 
 /// With `write` the text shows the position afterwards. With `notify` NumericChanged is called if
 /// the position is not the one that it was called with last.

@@ -149,11 +149,10 @@ void FillControls() {
     FillList(EquationResultTypeList, EquationResultTypeItems);
     SendMessageW(ControlOf(EquationMultiplicity), BM_SETCHECK, BST_CHECKED, 0);
     PrepareGrid();
-    SetEquationDegree(InitialEquationDegree);
-    SetNumericPosition(ControlOf(EquationPrecision), DefaultDigits);
     SetNumericRange(ControlOf(EquationDegreeField), 1, MaxEquationDegree);
-    SetNumericPosition(ControlOf(EquationDegreeField), InitialEquationDegree);
     SetNumericChanged(ControlOf(EquationDegreeField), DegreeChanged);
+    ChooseNumericPosition(ControlOf(EquationDegreeField), InitialEquationDegree);
+    SetNumericPosition(ControlOf(EquationPrecision), DefaultDigits);
 }
 
 void HandleCommand(HWND control, int32_t news) {

@@ -75,12 +75,6 @@ void SetMaxDegree(int32_t degree) {
     SetWindowTextW(ControlOf(PolynomialHint), ToWide(hint));
 }
 
-// As a user does.
-void ChooseNumber(PolynomialControl control, int32_t number) {
-    SetNumericPosition(ControlOf(control), number);
-    SyncNumericUpDown(ControlOf(control), true, true);
-}
-
 void CountChanged(HWND, int32_t count) {
     SetPolynomialCount(count);
 }
@@ -105,7 +99,7 @@ void ClearRows() {
 void TakeResult(int32_t polynomial) {
     const int32_t degree = MaxDegreeForResult(lastResult, polynomialPage.maxDegree);
     if (degree != polynomialPage.maxDegree) {
-        ChooseNumber(PolynomialDegree, degree);
+        ChooseNumericPosition(ControlOf(PolynomialDegree), degree);
     }
     for (int32_t power = 0; power <= MaxPolyDegree; power++) {
         WriteCoefficient(ControlOf(PolynomialGrid), ColumnOfPower(power), polynomial,
@@ -189,7 +183,7 @@ void BeginNumeric(PolynomialControl control, int32_t low, int32_t high, NumericC
                   int32_t number) {
     SetNumericRange(ControlOf(control), low, high);
     SetNumericChanged(ControlOf(control), changed);
-    ChooseNumber(control, number);
+    ChooseNumericPosition(ControlOf(control), number);
 }
 
 void FillControls() {

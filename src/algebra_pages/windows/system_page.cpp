@@ -122,8 +122,7 @@ constexpr PageTask SystemTask = {ReadSystemSetup, PrepareSystem, SolveSystem, []
 
 void TakeCount(void*, int32_t count) {
     ClearPage();
-    SetNumericPosition(ControlOf(SystemCount), count);
-    SyncNumericUpDown(ControlOf(SystemCount), true, true);
+    ChooseNumericPosition(ControlOf(SystemCount), count);
 }
 
 void TakeCell(void*, int32_t row, int32_t column, const char16_t* text) {
@@ -154,9 +153,8 @@ void AskAndSave() {
 void FillControls() {
     PrepareGrid();
     SetNumericRange(ControlOf(SystemCount), MinEquationCount, MaxEquationCount);
-    SetNumericPosition(ControlOf(SystemCount), MinEquationCount);
-    SetEquationCount(MinEquationCount);
     SetNumericChanged(ControlOf(SystemCount), CountChanged);
+    ChooseNumericPosition(ControlOf(SystemCount), MinEquationCount);
     BeginNumberChoice(ChoiceControls(), TypeChosen);
 }
 
