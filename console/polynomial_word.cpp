@@ -64,8 +64,8 @@ std::string Usage() {
          {"{most}", std::to_string(MaxPolynomials)},
          {"{two}", std::to_string(MinPolynomials)},
          {"{exponent}", std::to_string(MaxPolyExponent)},
-         {"{--type}", UsageOfChoices("--type", GridTypeChoices())},
-         {"{type}", SpellingOf(GridTypeChoices(), static_cast<int32_t>(PolynomialWord().type))},
+         {"{--type}", UsageOfChoices("--type", NumberTypeChoices())},
+         {"{type}", SpellingOf(NumberTypeChoices(), static_cast<int32_t>(PolynomialWord().type))},
          {"{least digits}", std::to_string(MinPolyDigits)},
          {"{most digits}", std::to_string(MaxPolyDigits)},
          {"{digits}", std::to_string(DefaultDigits)},
@@ -181,7 +181,7 @@ std::string DescribeProgress() {
 ExitStatus RunPolynomialWord(const std::vector<std::string>& arguments) {
     PolynomialWord word;
     const WordReading reading =
-        ReadWord({ChoiceOption("--type", GridTypeChoices(), word.type),
+        ReadWord({ChoiceOption("--type", NumberTypeChoices(), word.type),
                   NumberOption("--digits", MinPolyDigits, MaxPolyDigits, word.digits)},
                  word.text, arguments, Usage());
     if (reading.ending.has_value()) {

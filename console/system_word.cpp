@@ -12,7 +12,6 @@
 #include "console/utf8.h"
 #include "console/word_kit.h"
 #include "core/stop_request.h"
-#include "shell/text_format.h"
 #include "shell/ui_error.h"
 
 namespace tallymere {
@@ -49,8 +48,8 @@ struct SystemWord {
 std::string Usage() {
     return FillInUsage(UsageForm, {{"{least}", std::to_string(MinEquationCount)},
                                    {"{most}", std::to_string(MaxEquationCount)},
-                                   {"{--type}", UsageOfChoices("--type", GridTypeChoices())},
-                                   {"{type}", SpellingOf(GridTypeChoices(), SystemWord().type)},
+                                   {"{--type}", UsageOfChoices("--type", NumberTypeChoices())},
+                                   {"{type}", SpellingOf(NumberTypeChoices(), SystemWord().type)},
                                    {"{fewest}", std::to_string(MinSystemDigits)},
                                    {"{digits most}", std::to_string(MaxSystemDigits)},
                                    {"{digits}", std::to_string(DefaultDigits)},
@@ -72,17 +71,11 @@ CsvReceiver ReceiverOf(SystemCells& cells) {
             }};
 }
 
-// As much of the path as an error shows, in one line.
+// The path as text for an error, which stands in one line.
 std::u16string PathText(const std::string& path) {
     std::u16string text = DecodeUtf8(path).text;
     BlankControlCharacters(text);
     return text;
-}
-
-void RaiseWrongCount() {
-    char16_t highest[4];
-    FormatBounded(highest, std::size(highest) - 1, u"%d", {MaxEquationCount});
-    SetUiError(UiErrorEquationCount, highest);
 }
 
 // Reads blocks until the system is complete, the file ends or a stop is asked for. False when the
@@ -111,7 +104,7 @@ void ReadCells(SystemCells& cells, const std::string& path) {
     if (!ReadBlocks(reader, opened.file)) {
         SetUiError(UiErrorFileAccess, PathText(path).c_str());
     } else if (cells.count == 0 && !StopRequested()) {
-        RaiseWrongCount();
+        RaiseEquationCount();
     }
     std::fclose(opened.file);
 }
@@ -148,7 +141,7 @@ std::string DescribeProgress() {
 ExitStatus RunSystemWord(const std::vector<std::string>& arguments) {
     SystemWord word;
     const WordReading reading =
-        ReadWord({ChoiceOption("--type", GridTypeChoices(), word.type),
+        ReadWord({ChoiceOption("--type", NumberTypeChoices(), word.type),
                   NumberOption("--digits", MinSystemDigits, MaxSystemDigits, word.digits)},
                  word.text, arguments, Usage());
     if (reading.ending.has_value()) {

@@ -70,7 +70,7 @@ WordReading ReadWord(std::vector<Option> ownOptions, TextOptions& textOptions,
     return {std::move(reading.operands), {}};
 }
 
-std::vector<Choice> GridTypeChoices() {
+std::vector<Choice> NumberTypeChoices() {
     return {{"real", NumberTypeReal}, {"cplx", NumberTypeComplex}, {"rat", NumberTypeRational}};
 }
 

@@ -23,8 +23,8 @@ struct WordReading {
 WordReading ReadWord(std::vector<Option> ownOptions, TextOptions& textOptions,
                      const std::vector<std::string>& arguments, const std::string& usage);
 
-/// The choices of --type where the page has a grid of coefficients.
-std::vector<Choice> GridTypeChoices();
+/// The choices of --type for systems and polynomials.
+std::vector<Choice> NumberTypeChoices();
 
 /// How the help explains the options that every word has.
 std::string WordOptionUsage();

@@ -4,6 +4,8 @@
 
 #include "core/contract.h"
 #include "core/text_writer.h"
+#include "layout/decimal_text.h"
+#include "shell/ui_error.h"
 
 namespace tallymere {
 
@@ -88,6 +90,10 @@ CsvProgress ReadCsvBytes(CsvReader& reader, const uint8_t* bytes, int64_t count)
         }
     }
     return reader.progress;
+}
+
+void RaiseEquationCount() {
+    SetUiError(UiErrorEquationCount, DecimalTextOf(MaxEquationCount).text);
 }
 
 int64_t WriteCsvCell(uint8_t* bytes, std::u16string_view text, bool endsLine) {

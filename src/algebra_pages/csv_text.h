@@ -58,6 +58,9 @@ struct CsvReader {
 /// longer than CoefficientCharacters is cut to them and ends in an ellipsis.
 CsvProgress ReadCsvBytes(CsvReader& reader, const uint8_t* bytes, int64_t count);
 
+/// Leaves UiErrorEquationCount with MaxEquationCount pending, as a file with WrongCount deserves.
+void RaiseEquationCount();
+
 // Writing
 
 /// The bytes that a cell of so many characters needs at most.

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "algebra/solution_set.h"
+#include "algebra_pages/number_choice.h"
 #include "core/number_setup.h"
 #include "core/scratch.h"
 
@@ -14,7 +15,7 @@ namespace tallymere {
 inline constexpr int32_t InitialEquationDegree = 2;
 
 /// The fewest digits of the roots. MaxRootDigits says the most.
-inline constexpr int32_t MinEquationDigits = 5;
+inline constexpr int32_t MinEquationDigits = MinChosenDigits;
 
 enum class EquationMode : int32_t {
     Real,     ///< real coefficients, and real roots alone

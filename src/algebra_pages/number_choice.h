@@ -1,4 +1,4 @@
-// The numbers that a page of systems or of polynomials calculates with, as its user chooses them.
+// The numbers that the pages of algebra calculate with, as their users choose them.
 #pragma once
 
 #include <cstdint>
@@ -8,10 +8,15 @@
 
 namespace tallymere {
 
-/// The digits that can be asked for; DefaultDigits without a choice.
+/// The digits that can be asked for; DefaultDigits without a choice. For equations MaxRootDigits
+/// says the most.
 inline constexpr int32_t MinChosenDigits = 5;
 inline constexpr int32_t MaxChosenDigits = 1000;
 
+/// Decimal digits and limbs of numerators and denominators, for systems and polynomials.
+inline constexpr UintWidth FractionWidth = {500, 26};
+
+/// What a page of systems or of polynomials is asked for.
 struct NumberChoice {
     NumberType type = NumberTypeReal;  ///< of those in NumberTypeRows
     int64_t digits = DefaultDigits;    ///< counts only if NumberTypeHasDigits

@@ -1,30 +1,17 @@
 #include "algebra_pages/polynomial_run.h"
 
-#include <iterator>
-
 #include "algebra_pages/coefficient_cell.h"
 #include "algebra_pages/equation_run.h"
 #include "algebra_pages/polynomial_names.h"
 #include "core/limits.h"
+#include "layout/decimal_text.h"
 #include "shell/scratch_text.h"
-#include "shell/text_format.h"
 #include "shell/ui_error.h"
 #include "shell/ui_message.h"
 
 namespace tallymere {
 
 namespace {
-
-// The text of a number in a message.
-struct NumberName {
-    char16_t text[8];
-};
-
-NumberName NameOfNumber(int32_t number) {
-    NumberName name;
-    FormatBounded(name.text, std::size(name.text) - 1, u"%d", {number});
-    return name;
-}
 
 void RaiseUnreadCell(const CellReading& reading, int32_t polynomial, int32_t power) {
     const CoefficientLabel coefficient = LabelOfCoefficient(power);
@@ -68,11 +55,11 @@ void RaiseOutcome(PolyOutcome outcome) {
             SetUiError(UiErrorInternal);
             break;
         case PolyOutcome::DegreeTooHigh:
-            SetUiError(UiErrorPolynomialDegree, NameOfNumber(MaxPolyDegree).text);
+            SetUiError(UiErrorPolynomialDegree, DecimalTextOf(MaxPolyDegree).text);
             break;
         case PolyOutcome::ExponentRefused:
             SetUiError(UiErrorPolynomialNotInteger, NameOfPolynomial(1).text,
-                       NameOfNumber(static_cast<int32_t>(MaxPolyExponent)).text);
+                       DecimalTextOf(static_cast<int32_t>(MaxPolyExponent)).text);
             break;
         case PolyOutcome::DivisionByZero:
             SetUiError(UiErrorDivisionByZero);
@@ -99,7 +86,7 @@ void Calculate(PolyCalculation& calculation, const PolynomialRequest& request) {
 }  // namespace
 
 NumberSetup PolynomialNumberSetup(const PolynomialRequest& request) {
-    NumberSetup setup = {.type = request.type, .width = PolyWidth};
+    NumberSetup setup = {.type = request.type, .width = FractionWidth};
     if (request.type != NumberTypeRational) {
         setup.digits = request.digits + PolyGuardDigits;
     }

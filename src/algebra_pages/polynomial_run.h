@@ -23,9 +23,6 @@ inline constexpr int32_t MaxPolyDigits = MaxChosenDigits;
 /// Digits that coefficients have beyond those of the result.
 inline constexpr int64_t PolyGuardDigits = 3;
 
-/// Decimal digits and limbs of numerators and denominators.
-inline constexpr UintWidth PolyWidth = {500, 26};
-
 struct PolynomialRequest {
     PolyOperator operation;
     int32_t count;      ///< of polynomials: MinPolynomials to MaxPolynomials

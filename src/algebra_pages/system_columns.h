@@ -4,12 +4,13 @@
 
 #include <cstdint>
 
+#include "algebra/linear_system.h"
 #include "core/contract.h"
 
 namespace tallymere {
 
-inline constexpr int32_t MinEquationCount = 2;
-inline constexpr int32_t MaxEquationCount = 25;
+inline constexpr int32_t MinEquationCount = MinUnknowns;
+inline constexpr int32_t MaxEquationCount = MaxUnknowns;
 
 /// The column of the right sides, whatever the count of equations is.
 inline constexpr int32_t RightSideColumn = MaxEquationCount;

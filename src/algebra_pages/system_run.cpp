@@ -9,6 +9,7 @@
 #include "algebra/silent_codes.h"
 #include "algebra_pages/coefficient_cell.h"
 #include "core/text_flags.h"
+#include "layout/decimal_text.h"
 #include "shell/scratch_text.h"
 #include "shell/text_format.h"
 #include "shell/ui_error.h"
@@ -17,8 +18,6 @@
 #include "values/value_operations.h"
 
 namespace tallymere {
-
-static_assert(MinEquationCount == MinUnknowns && MaxEquationCount == MaxUnknowns);
 
 namespace {
 
@@ -57,15 +56,14 @@ std::u16string_view TextOf(const RunText& run) {
 
 void RaiseUnreadCell(const RunText& run, int32_t count) {
     const SystemColumnName name = NameOfSystemColumn(GridColumnOfSystem(run.column, count));
-    char16_t equation[4];
-    FormatBounded(equation, std::size(equation) - 1, u"%d", {run.row + 1});
+    const DecimalText equation = DecimalTextOf(run.row + 1);
     if (run.reading.outcome == CellOutcome::TooLong) {
-        SetUiError(UiErrorEquationCoefficientTooLong, equation, name.text);
+        SetUiError(UiErrorEquationCoefficientTooLong, equation.text, name.text);
         return;
     }
     char16_t text[UiErrorArgumentCapacity + 1];
     FormatFormulaError(text, UiErrorArgumentCapacity, run.reading.error, run.reading.errorPosition);
-    SetUiError(UiErrorEquationCoefficient, equation, name.text, text);
+    SetUiError(UiErrorEquationCoefficient, equation.text, name.text, text);
 }
 
 void RaiseEnding(const RunText& run, RunEnding ending, int32_t count) {
@@ -192,7 +190,7 @@ bool SolveUntilDigitsAgree(RunText& shown, RunText& next, const SystemRequest& r
 NumberSetup SystemNumberSetup(const SystemRequest& request) {
     return {.type = request.type,
             .digits = request.count / 4 + 2 + request.digits,
-            .width = SystemWidth};
+            .width = FractionWidth};
 }
 
 void RunSystem(const SystemRequest& request, TakeSystemText take, void* takeContext) {

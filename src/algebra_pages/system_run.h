@@ -14,9 +14,6 @@ namespace tallymere {
 inline constexpr int32_t MinSystemDigits = MinChosenDigits;
 inline constexpr int32_t MaxSystemDigits = MaxChosenDigits;
 
-/// Decimal digits and limbs of numerators and denominators.
-inline constexpr UintWidth SystemWidth = {500, 26};
-
 /// Characters of a line that shows an unknown. A longer one ends in an ellipsis.
 inline constexpr int64_t SystemLineCharacters = 10'000;
 

@@ -1,7 +1,7 @@
 // The dialogs in which a user names a CSV file.
 #pragma once
 
-#include "algebra_pages/csv_name.h"
+#include "algebra_pages/csv_dialog_choices.h"
 #include "toolkit/win32.h"
 
 namespace tallymere {

@@ -4,7 +4,6 @@
 #include <new>
 #include <string_view>
 
-#include "shell/text_format.h"
 #include "shell/ui_error.h"
 #include "shell/windows/file_replacement.h"
 #include "toolkit/wide_text.h"
@@ -29,12 +28,6 @@ UiErrorCode CodeOfOpening(DWORD systemError) {
     return systemError == ERROR_FILE_NOT_FOUND || systemError == ERROR_PATH_NOT_FOUND
                ? UiErrorFileNotFound
                : UiErrorFileAccess;
-}
-
-void RaiseWrongCount() {
-    char16_t highest[4];
-    FormatBounded(highest, std::size(highest) - 1, u"%d", {MaxEquationCount});
-    SetUiError(UiErrorEquationCount, highest);
 }
 
 // Writes a cell by one call of the system, so that nothing but a cell can be missing.
@@ -104,7 +97,7 @@ void ReadCsvFile(const char16_t* path, const CsvReceiver& receiver) {
         }
         ReadCsvBytes(reader, block, read);
         if (reader.progress == CsvProgress::WrongCount) {
-            RaiseWrongCount();
+            RaiseEquationCount();
             return;
         }
     } while (read > 0 && reader.progress != CsvProgress::Complete);

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "algebra_pages/csv_name.h"
+#include "algebra_pages/csv_dialog_choices.h"
 #include "algebra_pages/system_form.h"
 #include "shell/windows/page_run.h"
 #include "toolkit/win32.h"

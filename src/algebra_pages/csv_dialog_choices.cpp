@@ -1,4 +1,4 @@
-#include "algebra_pages/csv_name.h"
+#include "algebra_pages/csv_dialog_choices.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,5 +1,5 @@
 // The names of CSV files, and the kinds of files that the dialogs offer.
-#include "algebra_pages/csv_name.h"
+#include "algebra_pages/csv_dialog_choices.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// The names of CSV files in the dialogs that open and save them.
+// What the dialogs that open and save CSV files offer and remember.
 #pragma once
 
 #include <cstdint>
