@@ -169,7 +169,7 @@ void PolynomialsOurs(benchmark::State& state, const PolynomialWork& work, int64_
             PolyOutcome outcome = PolyOutcome::Done;
             calculation.count = 0;
             while (calculation.count < count && outcome == PolyOutcome::Done) {
-                outcome = TakeOperand(calculation);
+                outcome = ApplyOperand(calculation);
             }
             if (outcome != PolyOutcome::Done ||
                 RefinePolynomials(calculation) != PolyOutcome::Done) {

@@ -73,8 +73,8 @@ inline constexpr int64_t RoundingNoiseDigits = 19;
 /// error: it does not make one candidate larger than another, does not bring a value below
 /// 10^-digits, and does not decide how a tie is rounded. The result is then the one of these steps
 /// in exact arithmetic, rounded once, unless the elimination lost more digits than there are to
-/// spare. Its condition decides that, and no bound is promised here; algebra_pages/system_run.h
-/// tells it by a second run with more digits.
+/// spare. Its condition decides that, and no bound is promised here; a caller may tell it by a
+/// second run with more digits.
 ///
 /// Codes: those of the operations, CalcErrorOverflow among them. uint has no quotients, so that
 /// CalcErrorUnknownType comes with the first one. A code that was noted before is cleared.

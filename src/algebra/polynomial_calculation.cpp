@@ -22,7 +22,7 @@ PolyNumbers& NextOperand(PolyCalculation& calculation) {
     return calculation.operands[calculation.count];
 }
 
-PolyOutcome TakeOperand(PolyCalculation& calculation) {
+PolyOutcome ApplyOperand(PolyCalculation& calculation) {
     const PolyNumbers& operand = NextOperand(calculation);
     calculation.count++;
     if (calculation.count == 1) {

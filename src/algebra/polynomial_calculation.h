@@ -46,18 +46,21 @@ PolyCalculation TakePolyCalculation(ScratchScope& scope, PolyOperator operation,
 /// Where the values of the next operand are to be written.
 PolyNumbers& NextOperand(PolyCalculation& calculation);
 
-/// Takes the operand that was written, and applies the operator to it and to what there is.
+/// Counts the operand that was written, and applies the operator to it and to what there is.
 /// Quotients and powers take two operands, and the result is there with the second one. What is not
 /// Done ends the calculation.
-PolyOutcome TakeOperand(PolyCalculation& calculation);
+PolyOutcome ApplyOperand(PolyCalculation& calculation);
 
 /// Makes the digits of the result right, once all operands are taken. Done or Stopped.
 ///
 /// Each pass has a bound of its errors, and passes get more digits until every part is known. A
-/// part that is 0, or in the middle between two results, takes as many as prove that: n times the
-/// digits of the longest coefficient, and the decimal orders from the largest to the least, with n
-/// the number of factors, in a quotient one more than its coefficients, in cplx twice as many and
-/// one. MaxPrecisionDigits are the most: they suffice for 9 factors of 1,000 digits, and for all
+/// part that is 0, or in the middle between two results, takes about n * (d + o) of them:
+/// - d is the digits of the longest coefficient;
+/// - o is the decimal orders from the largest coefficient to the least;
+/// - n is 1 in a sum, the number of factors in a product or a power, q + 1 in a quotient of q
+///   coefficients, and 2 * q + 1 in one of cplx.
+/// So 3 factors of 20 digits with coefficients from 1 to 1,000 take about 3 * (20 + 3) = 69 digits.
+/// MaxPrecisionDigits are the most: they suffice for 9 factors of 1,000 digits, and for all
 /// products and powers of 480. Where they do not, a part is 0 if it is below 10^-9,990 of the sum
 /// of the sizes of its terms, and one that is as close as that to a middle may be rounded to either
 /// side.

@@ -1,3 +1,5 @@
+// RefinePolynomials of polynomial_calculation.h: passes with more and more digits, until every part
+// of the result is proven.
 #include <algorithm>
 
 #include "algebra/polynomial.h"
@@ -24,7 +26,8 @@ constexpr int64_t LostDigits = 4;
 // two.
 constexpr int64_t FirstPassDigits = 24;
 
-// The least of the operands that the plain way may lose to the rounding of the coefficients.
+// What the plain way made 0 stays 0 where it is below 10^-(digits + NoiseDigits) of the sum of the
+// sizes of its terms: the rounding of the coefficients may have made it.
 constexpr int64_t NoiseDigits = 2;
 
 // One pass: `wide` are its digits, `narrow` those of the operands and of the result.

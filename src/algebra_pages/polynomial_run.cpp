@@ -75,7 +75,7 @@ void Calculate(PolyCalculation& calculation, const PolynomialRequest& request) {
     for (int32_t k = 0; k < request.count && PendingUiError() == UiErrorNone; k++) {
         ReadPolynomial(NextOperand(calculation), request, k);
         if (PendingUiError() == UiErrorNone) {
-            RaiseOutcome(TakeOperand(calculation));
+            RaiseOutcome(ApplyOperand(calculation));
         }
     }
     if (PendingUiError() == UiErrorNone) {

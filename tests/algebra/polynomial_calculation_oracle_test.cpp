@@ -121,7 +121,7 @@ void CheckOne(RandomSource& random, Figures& figures, PolyOperator operation, in
         } else {
             FillPolynomial(random, operand, degree);
         }
-        ASSERT_EQ(TakeOperand(calculation), PolyOutcome::Done);
+        ASSERT_EQ(ApplyOperand(calculation), PolyOutcome::Done);
     }
     const ExactPoly plain = ExactOf(calculation.result);
     const ExactPoly plainRemainder = ExactOf(calculation.remainder);

@@ -137,9 +137,9 @@ TEST_F(PolynomialCalculation, LeavesACalculationWithACode) {
     ScratchStackScope scope;
     PolyCalculation calculation = TakePolyCalculation(scope, Plus, 2, 5);
     SetPolynomial(NextOperand(calculation), "1.00004");
-    EXPECT_EQ(TakeOperand(calculation), PolyOutcome::Done);
+    EXPECT_EQ(ApplyOperand(calculation), PolyOutcome::Done);
     SetPolynomial(NextOperand(calculation), "0.00004");
-    EXPECT_EQ(TakeOperand(calculation), PolyOutcome::Done);
+    EXPECT_EQ(ApplyOperand(calculation), PolyOutcome::Done);
     SetPolynomial(calculation.result, "5");
     SetCalcError(CalcErrorOverflow);
     EXPECT_EQ(RefinePolynomials(calculation), PolyOutcome::Done);
@@ -153,9 +153,9 @@ TEST_F(PolynomialCalculation, HearsAStop) {
     ScratchStackScope scope;
     PolyCalculation calculation = TakePolyCalculation(scope, Times, 2, 5);
     SetPolynomial(NextOperand(calculation), "1;2");
-    EXPECT_EQ(TakeOperand(calculation), PolyOutcome::Done);
+    EXPECT_EQ(ApplyOperand(calculation), PolyOutcome::Done);
     SetPolynomial(NextOperand(calculation), "3;4");
-    EXPECT_EQ(TakeOperand(calculation), PolyOutcome::Done);
+    EXPECT_EQ(ApplyOperand(calculation), PolyOutcome::Done);
     RequestStop();
     EXPECT_EQ(RefinePolynomials(calculation), PolyOutcome::Stopped);
     ClearStopRequest();

@@ -103,7 +103,7 @@ inline std::string Calculate(PolyOperator operation, const std::vector<std::stri
     PolyOutcome outcome = PolyOutcome::Done;
     for (size_t k = 0; k < polynomials.size() && outcome == PolyOutcome::Done; k++) {
         SetPolynomial(NextOperand(calculation), polynomials[k]);
-        outcome = TakeOperand(calculation);
+        outcome = ApplyOperand(calculation);
     }
     if (refine && outcome == PolyOutcome::Done) {
         outcome = RefinePolynomials(calculation);
