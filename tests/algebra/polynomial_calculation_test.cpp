@@ -13,11 +13,7 @@ namespace {
 
 using namespace testing_support;
 
-constexpr auto Plus = PolyOperator::Plus;
-constexpr auto Minus = PolyOperator::Minus;
-constexpr auto Times = PolyOperator::Times;
-constexpr auto Divide = PolyOperator::Divide;
-constexpr auto Power = PolyOperator::Power;
+using enum PolyOperator;
 
 class PolynomialCalculation : public ::testing::Test {
 protected:

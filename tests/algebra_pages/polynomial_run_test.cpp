@@ -13,11 +13,7 @@ namespace {
 
 using namespace testing_support;
 
-constexpr auto Plus = PolyOperator::Plus;
-constexpr auto Minus = PolyOperator::Minus;
-constexpr auto Times = PolyOperator::Times;
-constexpr auto Divide = PolyOperator::Divide;
-constexpr auto Power = PolyOperator::Power;
+using enum PolyOperator;
 
 // The cells of the grid, each polynomial from its highest coefficient down; others are empty.
 using Cells = std::vector<std::vector<std::u16string>>;
