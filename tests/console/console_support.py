@@ -7,6 +7,7 @@ TALLYMERE_SEED replaces the seed of random formulas.
 import os
 import re
 import select
+import signal
 import subprocess
 import sys
 import unittest
@@ -132,6 +133,20 @@ def read_until(reader, text):
             raise AssertionError(f"{text!r} does not come behind {found!r}")
         found += os.read(reader, 4096)
     return found
+
+
+def check_stop(case, arguments, progress):
+    """Presses Ctrl+C once a console at a terminal shows this progress: it writes no answer and ends
+    as programs do that Ctrl+C ends."""
+    reader, terminal = os.openpty()
+    with subprocess.Popen([*CONSOLE, *arguments], stdout=subprocess.PIPE,
+                          stderr=terminal) as process:
+        os.close(terminal)
+        read_until(reader, progress)
+        process.send_signal(signal.SIGINT)
+        case.assertEqual(b"", process.stdout.read())
+        case.assertEqual(130, process.wait(SECONDS))
+        os.close(reader)
 
 
 def keep_console_waiting():

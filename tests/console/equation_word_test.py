@@ -4,10 +4,7 @@ console_support.py tells of the environment. Equations are made here from roots,
 is known.
 """
 
-import os
 import random
-import signal
-import subprocess
 import sys
 import unittest
 from decimal import Context, Decimal
@@ -16,8 +13,8 @@ from math import gcd
 
 sys.dont_write_bytecode = True
 from console_support import MESSAGES as FORMULA_MESSAGES  # noqa: E402
-from console_support import (CONSOLE, NATIVE, SECONDS, SEED, ConsoleCase,  # noqa: E402
-                             keep_console_waiting, read_until, run, shown)
+from console_support import (NATIVE, SEED, ConsoleCase, check_stop,  # noqa: E402
+                             keep_console_waiting, run, shown)
 
 MESSAGES = {
     2000: 'The highest coefficient "{}" must not be 0!',
@@ -217,15 +214,8 @@ if NATIVE:
     class StopTest(unittest.TestCase):
         def test_ctrl_c_ends_the_reading_of_coefficients(self):
             slow = "+".join(["logx(3;10)"] * 90)
-            reader, terminal = os.openpty()
-            with subprocess.Popen([*CONSOLE, "equation", "--digits", "750", *[slow] * 11],
-                                  stdout=subprocess.PIPE, stderr=terminal) as process:
-                os.close(terminal)
-                read_until(reader, b" s, finding the roots")
-                process.send_signal(signal.SIGINT)
-                self.assertEqual(b"", process.stdout.read())
-                self.assertEqual(130, process.wait(SECONDS))
-                os.close(reader)
+            check_stop(self, ["equation", "--digits", "750", *[slow] * 11],
+                       b" s, finding the roots")
 
 
 if __name__ == "__main__":

@@ -3,10 +3,7 @@
 console_support.py tells of the environment. Polynomials are calculated here with fractions.
 """
 
-import os
 import random
-import signal
-import subprocess
 import sys
 import unittest
 from decimal import Context, Decimal
@@ -14,8 +11,8 @@ from fractions import Fraction
 
 sys.dont_write_bytecode = True
 from console_support import MESSAGES as FORMULA_MESSAGES  # noqa: E402
-from console_support import (CONSOLE, NATIVE, SECONDS, SEED, ConsoleCase,  # noqa: E402
-                             keep_console_waiting, read_until, run, shown)
+from console_support import (NATIVE, SEED, ConsoleCase, check_stop,  # noqa: E402
+                             keep_console_waiting, run, shown)
 
 MESSAGES = {
     1001: "Error in mathematical calculation!",
@@ -241,15 +238,8 @@ if NATIVE:
     class StopTest(unittest.TestCase):
         def test_ctrl_c_ends_the_reading_of_coefficients(self):
             slow = ";".join(["+".join(["logx(3;10)"] * 90)] * 21)
-            reader, terminal = os.openpty()
-            with subprocess.Popen([*CONSOLE, "polynomial", "--digits", "1000", "+", *[slow] * 12],
-                                  stdout=subprocess.PIPE, stderr=terminal) as process:
-                os.close(terminal)
-                read_until(reader, b" s, calculating")
-                process.send_signal(signal.SIGINT)
-                self.assertEqual(b"", process.stdout.read())
-                self.assertEqual(130, process.wait(SECONDS))
-                os.close(reader)
+            check_stop(self, ["polynomial", "--digits", "1000", "+", *[slow] * 12],
+                       b" s, calculating")
 
 
 if __name__ == "__main__":

@@ -6,8 +6,6 @@ answer is known.
 
 import os
 import random
-import signal
-import subprocess
 import sys
 import tempfile
 import unittest
@@ -17,8 +15,8 @@ from pathlib import Path
 
 sys.dont_write_bytecode = True
 from console_support import MESSAGES as FORMULA_MESSAGES  # noqa: E402
-from console_support import (CONSOLE, NATIVE, SECONDS, SEED, ConsoleCase,  # noqa: E402
-                             keep_console_waiting, read_until, run, shown)
+from console_support import (NATIVE, SEED, ConsoleCase, check_stop,  # noqa: E402
+                             keep_console_waiting, run, shown)
 
 MESSAGES = {
     1001: "Error in mathematical calculation!",
@@ -246,15 +244,7 @@ if NATIVE:
         def test_ctrl_c_ends_the_reading_of_coefficients(self):
             slow = "+".join(["sinh(3.7)"] * 100)
             path = self.file(csv([[slow] * 26] * 25))
-            reader, terminal = os.openpty()
-            with subprocess.Popen([*CONSOLE, "system", "--digits", "1000", path],
-                                  stdout=subprocess.PIPE, stderr=terminal) as process:
-                os.close(terminal)
-                read_until(reader, b" s, solving the system")
-                process.send_signal(signal.SIGINT)
-                self.assertEqual(b"", process.stdout.read())
-                self.assertEqual(130, process.wait(SECONDS))
-                os.close(reader)
+            check_stop(self, ["system", "--digits", "1000", path], b" s, solving the system")
 
 
 if __name__ == "__main__":
