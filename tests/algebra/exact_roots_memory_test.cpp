@@ -2,12 +2,12 @@
 // bounds, and given back.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstdio>
+#include <string>
+#include <vector>
 
 #include "algebra/exact_equation_testing.h"
 #include "algebra/rational_roots.h"
-#include "core/scratch.h"
+#include "support/memory_testing.h"
 
 namespace tallymere {
 namespace {
@@ -23,19 +23,12 @@ void Measure(int64_t zeros, int64_t digits, int64_t precision, int64_t expectedB
     values.insert(values.end(), static_cast<size_t>(zeros), "0 0");
     const PolynomialBuffer polynomial(coefficients);
     SolutionBuffer solutions(values);
-    const int64_t usual = coreScratch.highWaterWords;
-    coreScratch.highWaterWords = 0;
+    const CoreScratchCount count;
     EXPECT_EQ(FindExactRoots(solutions, polynomial, digits), RootOutcome::Found);
     EXPECT_EQ(solutions.Text(0), "sqrt(2)");
-    const int64_t bytes = coreScratch.highWaterWords * BytesPerWord;
-    EXPECT_LT(bytes, CoreScratchBytes);
-    EXPECT_EQ(numberContext.scratchTop, numberContext.scratchBase);
-    if (!CheckedScratch) {
-        EXPECT_EQ(bytes, expectedBytes);
-    }
-    std::printf("CoreScratch: FindExactRoots, degree %d, %d digits %16d bytes\n",
-                static_cast<int>(3 + zeros), static_cast<int>(digits), static_cast<int>(bytes));
-    coreScratch.highWaterWords = std::max(usual, coreScratch.highWaterWords);
+    ExpectMostOfCoreScratch("FindExactRoots, degree " + std::to_string(3 + zeros) + ", " +
+                                std::to_string(digits) + " digits",
+                            expectedBytes);
 }
 
 // The most digits that the page asks for by degree, with the precision that it installs.

@@ -2,35 +2,23 @@
 // and given back.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstdio>
 #include <functional>
 
-#include "core/scratch.h"
 #include "exact/big_uint.h"
 #include "numtheory/primality_tests.h"
 #include "numtheory/prime_proof.h"
 #include "support/exact_testing.h"
+#include "support/memory_testing.h"
 
 namespace tallymere {
 namespace {
 
 using namespace testing_support;
 
-// Runs the operation and holds what it takes to the size of CoreScratch and to the bytes that
-// docs/architecture.md names. Checked builds take more, for the gaps.
 void Measure(const char* name, int64_t expectedBytes, const std::function<void()>& run) {
-    const int64_t usual = coreScratch.highWaterWords;
-    coreScratch.highWaterWords = 0;
+    const CoreScratchCount count;
     run();
-    const int64_t bytes = coreScratch.highWaterWords * BytesPerWord;
-    EXPECT_LT(bytes, CoreScratchBytes) << name;
-    EXPECT_EQ(numberContext.scratchTop, numberContext.scratchBase) << name;
-    if (!CheckedScratch) {
-        EXPECT_EQ(bytes, expectedBytes) << name;
-    }
-    std::printf("CoreScratch: %-40s %7d bytes\n", name, static_cast<int>(bytes));
-    coreScratch.highWaterWords = std::max(usual, coreScratch.highWaterWords);
+    ExpectMostOfCoreScratch(name, expectedBytes);
 }
 
 TEST(NumtheoryMemory, StaysWithinCoreScratchAtTheWidthOfThePage) {
