@@ -19,6 +19,7 @@
 #include "toolkit/grid_control.h"
 #include "toolkit/numeric_up_down.h"
 
+#include "messages.h"
 #include "milliseconds.h"
 
 namespace tallymere {
@@ -28,20 +29,6 @@ namespace {
 int rounds = 0;
 int32_t digits = 0;
 std::vector<std::u16string> coefficients;
-
-void HandleMessage() {
-    MSG message = {};
-    GetMessageW(&message, nullptr, 0, 0);
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
-}
-
-void HandleAllMessages() {
-    MSG message = {};
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE)) {
-        HandleMessage();
-    }
-}
 
 HWND Control(EquationControl control) {
     return equationPage.controls[control];

@@ -32,6 +32,7 @@
 #include "shell/windows/program_windows.h"
 #include "toolkit/wide_text.h"
 
+#include "messages.h"
 #include "milliseconds.h"
 
 namespace tallymere {
@@ -78,7 +79,7 @@ HWND Control(int32_t index) {
     return MeasuredPage().controls[index];
 }
 
-void HandleMessage() {
+void MeasureMessage() {
     MSG message = {};
     GetMessageW(&message, nullptr, 0, 0);
     const double start = ProcessorMilliseconds();
@@ -90,13 +91,6 @@ void HandleMessage() {
     }
     shownLines =
         static_cast<int>(SendMessageW(Control(MeasuredPage().kind->output), EM_GETLINECOUNT, 0, 0));
-}
-
-void HandleAllMessages() {
-    MSG message = {};
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE)) {
-        HandleMessage();
-    }
 }
 
 // From another thread: presses and releases the left button of the mouse on a control, once the
@@ -120,9 +114,9 @@ void ClickAtLines(HWND control, DWORD milliseconds) {
 
 void LoopUntilIdle() {
     while (MeasuredPage().run.states.phase != PageIdle) {
-        HandleMessage();
+        MeasureMessage();
     }
-    HandleAllMessages();
+    HandleAllMessages(MeasureMessage);
 }
 
 void MeasureRun() {
@@ -155,7 +149,7 @@ void Measure() {
     if (isMaximised) {
         ShowWindow(page.window, SW_SHOWMAXIMIZED);
     }
-    HandleAllMessages();
+    HandleAllMessages(MeasureMessage);
     if (wantsProbable) {
         SendMessageW(Control(PrimeNumbersProbabilistic), BM_CLICK, 0, 0);
     }

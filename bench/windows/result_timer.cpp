@@ -20,6 +20,7 @@
 #include "shell/windows/program_windows.h"
 #include "toolkit/wide_text.h"
 
+#include "messages.h"
 #include "milliseconds.h"
 
 namespace tallymere {
@@ -40,20 +41,6 @@ constexpr Work Works[] = {
 };
 
 int rounds = 0;
-
-void HandleMessage() {
-    MSG message = {};
-    GetMessageW(&message, nullptr, 0, 0);
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
-}
-
-void HandleAllMessages() {
-    MSG message = {};
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE)) {
-        HandleMessage();
-    }
-}
 
 // All that is to be drawn has been.
 void ShowOnScreen() {
