@@ -53,10 +53,9 @@ from dataclasses import dataclass, field
 from pathlib import Path
 
 sys.dont_write_bytecode = True
-import polynomial_works  # noqa: E402
+import algebra_works  # noqa: E402
 import prime_works  # noqa: E402
 import root_works  # noqa: E402
-import system_works  # noqa: E402
 from benchmark_program import (SECONDS_PER_MEASUREMENT, SECONDS_PER_REPETITION,  # noqa: E402
                                Program, compare_sides, fitting_repetitions, rounds_of)
 from comparison_table import Row, Table, print_heading, ratio_cells, show_time  # noqa: E402
@@ -267,8 +266,7 @@ def main():
     parser.add_argument("--rounds", type=int, default=7, help=argparse.SUPPRESS)
     names = list(dict.fromkeys([work.name for work in WORKS] + list(FUNCTIONS) + list(EXACT)
                                + list(FORMULAS) + [LIMB_PRODUCT, FACTORIAL] + prime_works.NAMES
-                               + root_works.NAMES + system_works.NAMES
-                               + polynomial_works.NAMES))
+                               + root_works.NAMES + algebra_works.NAMES))
     parser.add_argument("--only", nargs="+", choices=names, default=names, help=argparse.SUPPRESS)
     options = parser.parse_args()
     if options.rounds < 1:
@@ -364,8 +362,7 @@ def main():
 
     rows += prime_works.print_tables(program, options.only, options.rounds, markdown)
     rows += root_works.print_tables(program, options.only, options.rounds, markdown)
-    rows += system_works.print_tables(program, options.only, options.rounds, markdown)
-    rows += polynomial_works.print_tables(program, options.only, options.rounds, markdown)
+    rows += algebra_works.print_tables(program, options.only, options.rounds, markdown)
 
     verdicts = [verdict for row in rows for verdict in row.verdicts()]
     print(f"\n{verdicts.count(True)} of {len(verdicts)} targets met")
