@@ -51,15 +51,6 @@ protected:
         }
     }
 
-    static void Resize(LayoutSize client) {
-        const LayoutRect window = PlaceInParent(equationPage.window);
-        const LayoutSize inner = ClientSize(equationPage.window);
-        SetWindowPos(equationPage.window, nullptr, 0, 0,
-                     window.width - inner.width + ToScreenPixels(client.width),
-                     window.height - inner.height + ToScreenPixels(client.height),
-                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    }
-
     static std::vector<std::u16string> Items(EquationControl list) {
         std::vector<std::u16string> items;
         for (LRESULT i = 0; i < SendMessageW(Control(list), CB_GETCOUNT, 0, 0); i++) {
@@ -72,15 +63,6 @@ protected:
     }
     static LRESULT SelectedItem(EquationControl list) {
         return SendMessageW(Control(list), CB_GETCURSEL, 0, 0);
-    }
-
-    using Range = std::pair<int, int>;
-    static Range RangeOf(EquationControl numeric) {
-        int low = -1;
-        int high = -1;
-        SendMessageW(NumericSpin(Control(numeric)), UDM_GETRANGE32, reinterpret_cast<WPARAM>(&low),
-                     reinterpret_cast<LPARAM>(&high));
-        return {low, high};
     }
 };
 
@@ -215,7 +197,7 @@ TEST_F(EquationFormTest, TheGridHasARowForEachCoefficientFromTheHighestDown) {
         ASSERT_EQ(Rows(), degree + 1);
         for (int32_t row = 0; row <= degree; row++) {
             const std::string index = std::to_string(degree - row);
-            EXPECT_EQ(RowHeader(row), u"a" + std::u16string(index.begin(), index.end()));
+            EXPECT_EQ(RowName(row), u"a" + std::u16string(index.begin(), index.end()));
         }
     }
 }
@@ -319,7 +301,7 @@ TEST_F(EquationFormTest, ThePrecisionGoesAsFarAsTheDegreeAllows) {
         EXPECT_EQ(NumberOf(EquationPrecision), u"10");
     }
     ChooseDegree(4);
-    EnterNumber(EquationPrecision, u"1500");
+    EnterNumber(EquationPrecision, 1500);
     EXPECT_EQ(NumberOf(EquationPrecision), u"1500");
     ChooseDegree(5);
     EXPECT_EQ(NumberOf(EquationPrecision), u"1000");
@@ -328,31 +310,15 @@ TEST_F(EquationFormTest, ThePrecisionGoesAsFarAsTheDegreeAllows) {
     EXPECT_EQ(NumberOf(EquationPrecision), u"750");
     ChooseDegree(1);
     EXPECT_EQ(NumberOf(EquationPrecision), u"750") << "it does not come back";
-    EnterNumber(EquationPrecision, u"1");
+    EnterNumber(EquationPrecision, 1);
     EXPECT_EQ(NumberOf(EquationPrecision), u"5");
 }
 
 TEST_F(EquationFormTest, TabGoesThroughThePageInTheOrderOfItsControls) {
-    ShowWindow(equationPage.window, SW_SHOW);
-    const HWND order[] = {NumericEdit(Control(EquationDegreeField)),
-                          Control(EquationModeList),
-                          Control(EquationResultTypeList),
-                          NumericEdit(Control(EquationPrecision)),
-                          Control(EquationMultiplicity),
-                          Control(EquationGrid),
-                          Control(EquationOutput),
-                          Control(EquationSolve),
-                          Control(EquationClear),
-                          Control(EquationClose)};
-    SetFocus(order[0]);
-    for (size_t i = 1; i <= std::size(order); i++) {
-        PressKey(GetFocus(), VK_TAB);
-        EXPECT_EQ(GetFocus(), order[i % std::size(order)]) << i;
-    }
-    for (size_t i = std::size(order); i-- > 0;) {
-        PressKey(GetFocus(), VK_TAB, VK_SHIFT);
-        EXPECT_EQ(GetFocus(), order[i]) << i;
-    }
+    ExpectTabOrder({NumericEdit(Control(EquationDegreeField)), Control(EquationModeList),
+                    Control(EquationResultTypeList), NumericEdit(Control(EquationPrecision)),
+                    Control(EquationMultiplicity), Control(EquationGrid), Control(EquationOutput),
+                    Control(EquationSolve), Control(EquationClear), Control(EquationClose)});
 }
 
 TEST_F(EquationFormTest, CloseHidesThePage) {

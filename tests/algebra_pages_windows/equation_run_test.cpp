@@ -60,9 +60,9 @@ TEST_F(EquationRunTest, SpeaksTheLanguageOfTheProgram) {
 }
 
 TEST_F(EquationRunTest, ThePrecisionIsThatOfTheControl) {
-    EnterNumber(EquationPrecision, u"5");
+    EnterNumber(EquationPrecision, 5);
     EXPECT_EQ(Solve({u"3", u"-1"}), u"x1 = 0.33333   [1]\r\n");
-    EnterNumber(EquationPrecision, u"30");
+    EnterNumber(EquationPrecision, 30);
     EXPECT_EQ(Solve({u"3", u"-1"}), u"x1 = 0.333333333333333333333333333333   [1]\r\n");
 }
 
@@ -247,7 +247,7 @@ TEST_F(EquationRunTest, TheRoomOfARunIsGivenBack) {
 TEST_F(EquationRunTest, ARunLeavesTheNumbersOfOthersAlone) {
     const NumberSetup before = CurrentNumberSetup();
     Select(EquationResultTypeList, 1);
-    EnterNumber(EquationPrecision, u"300");
+    EnterNumber(EquationPrecision, 300);
     Solve({u"1", u"0", u"-2"});
     EXPECT_EQ(CurrentNumberSetup().type, before.type);
     EXPECT_EQ(CurrentNumberSetup().digits, before.digits);
@@ -327,8 +327,8 @@ TEST_F(EquationRunTest, RowsNeedNoMemoryOfTheirOwn) {
         ChooseDegree(10);
     }
     EXPECT_EQ(Rows(), 11);
-    EXPECT_EQ(RowHeader(0), u"");
-    EXPECT_EQ(RowHeader(10), u"a0");
+    EXPECT_EQ(RowName(0), u"");
+    EXPECT_EQ(RowName(10), u"a0");
     EXPECT_EQ(Cell(10), u"-3");
     WriteCell(0, u"2");
     WriteCell(9, u"0");
@@ -368,7 +368,7 @@ TEST_F(EquationRunTest, ARootBeyondTheRangeIsShownBeforeItsErrorIsTold) {
 
 // 1/7 and sqrt(2) to 2000 digits: whole periods, and a square that is 2 to all of them.
 TEST_F(EquationRunTest, LongResultsArriveWhole) {
-    EnterNumber(EquationPrecision, u"2000");
+    EnterNumber(EquationPrecision, 2000);
     std::u16string seventh = u"x1 = 0.";
     for (int32_t i = 0; i < 333; i++) {
         seventh += u"142857";
@@ -387,7 +387,7 @@ TEST_F(EquationRunTest, LongResultsArriveWhole) {
 // By scrolling to its end, as a user does with the End key and the scroll bar.
 TEST_F(EquationRunTest, TheEndOfALongLineCanBeScrolledTo) {
     ShowWindow(equationPage.window, SW_SHOW);
-    EnterNumber(EquationPrecision, u"2000");
+    EnterNumber(EquationPrecision, 2000);
     Select(EquationModeList, 1);
     const std::u16string roots = Solve({u"1", u"sqrt(2)", u"sqrt(3)"});
     const HWND output = Control(EquationOutput);

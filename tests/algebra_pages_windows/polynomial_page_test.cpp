@@ -51,57 +51,11 @@ protected:
         return FormText(PolynomialForm[control]);
     }
 
-    static void Resize(LayoutSize client) {
-        const LayoutRect window = PlaceInParent(polynomialPage.window);
-        const LayoutSize inner = ClientSize(polynomialPage.window);
-        SetWindowPos(polynomialPage.window, nullptr, 0, 0,
-                     window.width - inner.width + ToScreenPixels(client.width),
-                     window.height - inner.height + ToScreenPixels(client.height),
-                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    }
-
-    using Range = std::pair<int, int>;
-    static Range RangeOf(PolynomialControl numeric) {
-        int low = -1;
-        int high = -1;
-        SendMessageW(NumericSpin(Control(numeric)), UDM_GETRANGE32, reinterpret_cast<WPARAM>(&low),
-                     reinterpret_cast<LPARAM>(&high));
-        return {low, high};
-    }
-
-    static std::u16string ColumnName(int32_t column) {
-        std::u16string name(static_cast<size_t>(AskGrid(GridGetColumnHeaderLength, column)) + 1,
-                            u'?');
-        AskGrid(GridGetColumnHeader, column, reinterpret_cast<LPARAM>(name.data()));
-        name.pop_back();
-        return name;
-    }
-    /// The names of all columns that are wider than 0.
-    static Row ShownColumns() {
-        Row names;
-        for (int32_t column = 0; column < AskGrid(GridColumnCount); column++) {
-            if (AskGrid(GridGetColumnWidth, column) != 0) {
-                names.push_back(ColumnName(column));
-            }
-        }
-        return names;
-    }
     static Row NamesDownFrom(int32_t power) {
         Row names;
         for (; power >= 0; power--) {
             const std::string name = "a" + std::to_string(power);
             names.emplace_back(name.begin(), name.end());
-        }
-        return names;
-    }
-    static Row RowNames() {
-        Row names;
-        for (int32_t row = 0; row < Rows(); row++) {
-            std::u16string name(static_cast<size_t>(AskGrid(GridGetRowHeaderLength, row)) + 1,
-                                u'?');
-            AskGrid(GridGetRowHeader, row, reinterpret_cast<LPARAM>(name.data()));
-            name.pop_back();
-            names.push_back(name);
         }
         return names;
     }
@@ -320,35 +274,16 @@ TEST_F(PolynomialFormTest, FractionsHaveNoPrecision) {
 }
 
 TEST_F(PolynomialFormTest, TabGoesThroughThePageInTheOrderOfItsControls) {
-    ShowWindow(polynomialPage.window, SW_SHOW);
     EnableWindow(Control(PolynomialResultTo0), TRUE);
     EnableWindow(Control(PolynomialResultTo1), TRUE);
-    const HWND order[] = {NumericEdit(Control(PolynomialCount)),
-                          NumericEdit(Control(PolynomialDegree)),
-                          NumberTypeList(Control(PolynomialType)),
-                          NumericEdit(Control(PolynomialPrecision)),
-                          Control(PolynomialGrid),
-                          Control(PolynomialOutput),
-                          Control(PolynomialPlus),
-                          Control(PolynomialMinus),
-                          Control(PolynomialPower),
-                          Control(PolynomialTimes),
-                          Control(PolynomialDivide),
-                          Control(PolynomialResultTo0),
-                          Control(PolynomialResultTo1),
-                          Control(PolynomialClear0),
-                          Control(PolynomialClear1),
-                          Control(PolynomialClearAll),
-                          Control(PolynomialClose)};
-    SetFocus(order[0]);
-    for (size_t i = 1; i <= std::size(order); i++) {
-        PressKey(GetFocus(), VK_TAB);
-        EXPECT_EQ(GetFocus(), order[i % std::size(order)]) << i;
-    }
-    for (size_t i = std::size(order); i-- > 0;) {
-        PressKey(GetFocus(), VK_TAB, VK_SHIFT);
-        EXPECT_EQ(GetFocus(), order[i]) << i;
-    }
+    ExpectTabOrder({NumericEdit(Control(PolynomialCount)), NumericEdit(Control(PolynomialDegree)),
+                    NumberTypeList(Control(PolynomialType)),
+                    NumericEdit(Control(PolynomialPrecision)), Control(PolynomialGrid),
+                    Control(PolynomialOutput), Control(PolynomialPlus), Control(PolynomialMinus),
+                    Control(PolynomialPower), Control(PolynomialTimes), Control(PolynomialDivide),
+                    Control(PolynomialResultTo0), Control(PolynomialResultTo1),
+                    Control(PolynomialClear0), Control(PolynomialClear1),
+                    Control(PolynomialClearAll), Control(PolynomialClose)});
 }
 
 TEST_F(PolynomialFormTest, CloseHidesThePage) {

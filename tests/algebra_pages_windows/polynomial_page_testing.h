@@ -5,67 +5,22 @@
 #include <vector>
 
 #include "algebra_pages/windows/polynomial_page.h"
-#include "shell_windows/page_window_testing.h"
-#include "toolkit/grid_control.h"
-#include "toolkit/grid_record.h"
-#include "toolkit/number_type_control.h"
-#include "toolkit/numeric_up_down.h"
+#include "algebra_pages_windows/coefficient_page_testing.h"
 
 namespace tallymere::testing_support {
 
-class PolynomialPageTest : public PageWindowTest {
+class PolynomialPageTest
+    : public CoefficientPageTest<polynomialPage, PolynomialGrid, PolynomialOutput> {
 protected:
-    PolynomialPageTest()
-        : PageWindowTest({{PagePolynomialCalculation, CreatePolynomialPage, &polynomialPage.run}}) {
-    }
+    PolynomialPageTest() : CoefficientPageTest(PagePolynomialCalculation, CreatePolynomialPage) {}
 
-    static HWND Control(PolynomialControl control) { return polynomialPage.controls[control]; }
-    static std::u16string Text(PolynomialControl control) { return WholeText(Control(control)); }
-    static std::u16string Output() { return Text(PolynomialOutput); }
-    static bool IsEnabled(PolynomialControl control) {
-        return IsWindowEnabled(Control(control)) != FALSE;
-    }
-    static void Click(PolynomialControl control) { SendMessageW(Control(control), BM_CLICK, 0, 0); }
+    static void ChooseType(NumberType type) { ChooseTypeIn(PolynomialType, type); }
 
-    /// As a user does who types a number and presses Return.
-    static void EnterNumber(PolynomialControl control, int32_t number) {
-        const HWND edit = NumericEdit(Control(control));
-        const std::string digits = std::to_string(number);
-        const std::u16string text(digits.begin(), digits.end());
-        SendMessageW(edit, EM_SETSEL, 0, -1);
-        SendMessageW(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
-        PressKey(edit, VK_RETURN);
-        TypeCharacter(edit, u'\r');
-    }
-    static std::u16string NumberOf(PolynomialControl control) {
-        return WholeText(NumericEdit(Control(control)));
-    }
-    /// As a user does who chooses a row of the list.
-    static void ChooseType(NumberType type) {
-        SelectNumberType(Control(PolynomialType), type);
-        SendMessageW(Control(PolynomialType), WM_COMMAND, MAKEWPARAM(0, CBN_SELCHANGE),
-                     reinterpret_cast<LPARAM>(NumberTypeList(Control(PolynomialType))));
-    }
-
-    // The grid.
-
-    using Row = std::vector<std::u16string>;
-
-    static LRESULT AskGrid(UINT message, int64_t wParam = 0, int64_t lParam = 0) {
-        return SendMessageW(Control(PolynomialGrid), message, static_cast<WPARAM>(wParam), lParam);
-    }
-    static int32_t Rows() { return static_cast<int32_t>(AskGrid(GridRowCount)); }
-    static void WriteCell(int32_t row, int32_t power, std::u16string text) {
-        const GridCellSpec cell = {ColumnOfPower(power), row, text.data()};
-        ASSERT_EQ(AskGrid(GridSetCellText, 0, reinterpret_cast<LPARAM>(&cell)), 0);
+    static void WriteCell(int32_t row, int32_t power, const std::u16string& text) {
+        WriteGridCell(row, ColumnOfPower(power), text);
     }
     static std::u16string Cell(int32_t row, int32_t power) {
-        const int32_t column = ColumnOfPower(power);
-        std::u16string text(static_cast<size_t>(AskGrid(GridGetCellLength, column, row)) + 1, u'?');
-        const GridCellSpec cell = {column, row, text.data()};
-        AskGrid(GridGetCellText, 0, reinterpret_cast<LPARAM>(&cell));
-        text.pop_back();
-        return text;
+        return GridCell(row, ColumnOfPower(power));
     }
     /// All cells of a row, from the highest power down.
     static Row Cells(int32_t row) {
@@ -89,21 +44,8 @@ protected:
         cells.insert(cells.end(), coefficients.begin(), coefficients.end());
         return cells;
     }
-    /// The edit control in a cell; null while none is open.
-    static HWND OpenEditor() {
-        const GridRecord& grid = *GridRecordOf(Control(PolynomialGrid));
-        return grid.isEditorOpen ? grid.editWindow : nullptr;
-    }
-    /// As a user does who clicks a cell and types.
     static void TypeIntoCell(int32_t row, int32_t power, const std::u16string& text) {
-        ShowWindow(polynomialPage.window, SW_SHOW);
-        SetFocus(Control(PolynomialGrid));
-        const GridCellSpec cell = {ColumnOfPower(power), row, nullptr};
-        ASSERT_EQ(AskGrid(GridSetCursorEdit, 0, reinterpret_cast<LPARAM>(&cell)), 0);
-        ASSERT_NE(OpenEditor(), nullptr);
-        for (const char16_t c : text) {
-            TypeCharacter(OpenEditor(), c);
-        }
+        TypeIntoGridCell(row, ColumnOfPower(power), text);
     }
 
     /// Clicks the button of an operator and returns the output.

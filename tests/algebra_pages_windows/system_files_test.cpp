@@ -128,13 +128,13 @@ TEST_F(SystemFilesTest, ThePageSolvesWhatItHasLoaded) {
 
 TEST_F(SystemFilesTest, LoadEmptiesCellsAndResultFirst) {
     WriteSystem(ThreeRows);
-    WriteCell(0, 10, u"hidden");
+    WriteGridCell(0, 10, u"hidden");
     Solve({{u"1", u"", u"1"}, {u"", u"1", u"1"}});
     LoadBytes("a1;a2;b\r\n1\r\n");
     EXPECT_EQ(Cells(), (std::vector<Row>{{u"1", u"", u""}, {u"", u"", u""}}));
     EXPECT_EQ(Output(), u"");
     EnterNumber(SystemCount, 11);
-    EXPECT_EQ(Cell(0, 10), u"");
+    EXPECT_EQ(GridCell(0, 10), u"");
 }
 
 // Also where the control was moved, and then the same count is loaded again.

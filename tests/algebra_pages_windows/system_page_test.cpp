@@ -1,7 +1,6 @@
 // The page of linear systems as it is made, its layout, its grid, and what Solve and Clear do.
 
 #include "algebra_pages_windows/system_page_testing.h"
-#include "toolkit/grid_record.h"
 
 namespace tallymere::testing_support {
 namespace {
@@ -20,27 +19,6 @@ protected:
                 EXPECT_EQ(WholeText(control), uiText.*SystemForm[i].text);
             }
         }
-    }
-    static void Resize(LayoutSize client) {
-        const LayoutRect window = PlaceInParent(systemPage.window);
-        const LayoutSize inner = ClientSize(systemPage.window);
-        SetWindowPos(systemPage.window, nullptr, 0, 0,
-                     window.width - inner.width + ToScreenPixels(client.width),
-                     window.height - inner.height + ToScreenPixels(client.height),
-                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    }
-
-    using Range = std::pair<int, int>;
-    static Range RangeOf(SystemControl numeric) {
-        int low = -1;
-        int high = -1;
-        SendMessageW(NumericSpin(Control(numeric)), UDM_GETRANGE32, reinterpret_cast<WPARAM>(&low),
-                     reinterpret_cast<LPARAM>(&high));
-        return {low, high};
-    }
-    static HWND OpenEditor() {
-        const GridRecord& grid = *GridRecordOf(Control(SystemGrid));
-        return grid.isEditorOpen ? grid.editWindow : nullptr;
     }
 };
 
@@ -147,26 +125,10 @@ TEST_F(SystemFormTest, FractionsHaveNoPrecision) {
 }
 
 TEST_F(SystemFormTest, TabGoesThroughThePageInTheOrderOfItsControls) {
-    ShowWindow(systemPage.window, SW_SHOW);
-    const HWND order[] = {NumericEdit(Control(SystemCount)),
-                          NumberTypeList(Control(SystemType)),
-                          NumericEdit(Control(SystemPrecision)),
-                          Control(SystemGrid),
-                          Control(SystemOutput),
-                          Control(SystemSolve),
-                          Control(SystemClear),
-                          Control(SystemLoad),
-                          Control(SystemSaveAs),
-                          Control(SystemClose)};
-    SetFocus(order[0]);
-    for (size_t i = 1; i <= std::size(order); i++) {
-        PressKey(GetFocus(), VK_TAB);
-        EXPECT_EQ(GetFocus(), order[i % std::size(order)]) << i;
-    }
-    for (size_t i = std::size(order); i-- > 0;) {
-        PressKey(GetFocus(), VK_TAB, VK_SHIFT);
-        EXPECT_EQ(GetFocus(), order[i]) << i;
-    }
+    ExpectTabOrder({NumericEdit(Control(SystemCount)), NumberTypeList(Control(SystemType)),
+                    NumericEdit(Control(SystemPrecision)), Control(SystemGrid),
+                    Control(SystemOutput), Control(SystemSolve), Control(SystemClear),
+                    Control(SystemLoad), Control(SystemSaveAs), Control(SystemClose)});
 }
 
 TEST_F(SystemFormTest, CloseHidesThePage) {
@@ -184,7 +146,7 @@ TEST_F(SystemFormTest, ClearEmptiesCellsAndResult) {
     EnterNumber(SystemCount, 2);
     SendMessageW(systemPage.window, WM_COMMAND, MAKEWPARAM(0, BN_SETFOCUS),
                  reinterpret_cast<LPARAM>(Control(SystemClear)));
-    EXPECT_EQ(Cell(0, 0), u"1") << "a click alone clears";
+    EXPECT_EQ(GridCell(0, 0), u"1") << "a click alone clears";
     Click(SystemClear);
     EXPECT_EQ(Output(), u"");
     EXPECT_EQ(NumberOf(SystemCount), u"2");
@@ -244,7 +206,7 @@ TEST_F(SystemRunTest, AnErrorNamesRowAndColumn) {
     EXPECT_EQ(answer.text,
               "Error evaluating coefficient in equation 2, column \"a2\": "
               "Syntax error at character position 1!");
-    EXPECT_EQ(Cell(1, 1), u"\"2\"");
+    EXPECT_EQ(GridCell(1, 1), u"\"2\"");
     EXPECT_EQ(Solve({{u"1", u"1", u"1"}, {u"1", u"1", std::u16string(1031, u'1')}}), u"");
     EXPECT_EQ(answer.text, "The coefficient in equation 2, column \"b\" is too long!");
     EXPECT_EQ(answer.boxes, 2);
