@@ -126,5 +126,23 @@ class CoefficientCase(GuiCase):
     def wait_for_output(self, output):
         return self.wait_for_page(lambda page: page.output == output, f"the output {output!r}")
 
+    def check_sizes(self, check):
+        """Resizes the page of a new program; `check` looks at the page in a size."""
+        self.start_with()
+        page = self.open_page()
+        for size in ([900, 700], [500, 400]):
+            self.display.resize(page.window, *size)
+            check(size)
+
+    def check_precision_by_type(self):
+        """The page of a new program asks for digits with each number type but fractions."""
+        self.start_with()
+        self.open_page()
+        for row, has_digits in ((0, False), (1, True), (0, False), (2, True)):
+            self.choose_type(row)
+            page = self.page()
+            for control in (page["precision"], page["precision label"], page.field("precision")):
+                self.assertEqual(has_digits, control.enabled)
+
     def assert_no_message(self):
         self.assertIsNone(self.program.find(MESSAGE_BOX_CLASS))

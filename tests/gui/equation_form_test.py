@@ -51,11 +51,7 @@ class EquationFormTest(EquationCase):
                     self.close_page()
 
     def test_a_page_that_is_resized_is_laid_out_anew(self):
-        self.start_with()
-        page = self.open_page()
-        for size in ([900, 700], [500, 400]):
-            self.display.resize(page.window, *size)
-            self.check_page(size)
+        self.check_sizes(self.check_page)
 
     def test_drop_lists_open_with_all_their_items(self):
         for dpi in (96, 192):

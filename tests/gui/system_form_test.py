@@ -41,20 +41,10 @@ class SystemFormTest(SystemCase):
                     self.close_page()
 
     def test_a_page_that_is_resized_is_laid_out_anew(self):
-        self.start_with()
-        page = self.open_page()
-        for size in ([900, 700], [500, 400]):
-            self.display.resize(page.window, *size)
-            self.check_page(size)
+        self.check_sizes(self.check_page)
 
     def test_the_number_type_decides_about_the_precision(self):
-        self.start_with()
-        self.open_page()
-        for row, has_digits in ((0, False), (1, True), (0, False), (2, True)):
-            self.choose_type(row)
-            page = self.page()
-            for control in (page["precision"], page["precision label"], page.field("precision")):
-                self.assertEqual(has_digits, control.enabled)
+        self.check_precision_by_type()
 
     def test_a_page_comes_back_as_it_was_left(self):
         self.start_with()
