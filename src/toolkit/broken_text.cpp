@@ -10,55 +10,6 @@ namespace tallymere {
 
 namespace {
 
-// Measures texts in the font of a field, against the width of its lines.
-class FieldRuler {
-public:
-    explicit FieldRuler(HWND field) : field_(field), dc_(GetDC(field)) {
-        RECT room = {};
-        AskEdit(field, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
-        width_ = std::max<int>(room.right - room.left, 0);
-        breaksAtBlanks_ = AskEdit(field, EM_GETWORDBREAKPROC) == 0;
-        fontBefore_ = SelectObject(dc_, reinterpret_cast<HFONT>(AskEdit(field, WM_GETFONT)));
-    }
-    ~FieldRuler() {
-        SelectObject(dc_, fontBefore_);
-        ReleaseDC(field_, dc_);
-    }
-    FieldRuler(const FieldRuler&) = delete;
-    FieldRuler& operator=(const FieldRuler&) = delete;
-
-    // Breaks lines where the control does: behind a blank unless the field has a rule of its own.
-    //
-    // Measuring takes time for each character. So it looks at only a few more than the line before
-    // had.
-    int64_t Fitting(std::u16string_view next) {
-        int fitting = 0;
-        int count = 0;
-        do {
-            count = static_cast<int>(std::min<size_t>(next.size(), window_));
-            SIZE size = {};
-            GetTextExtentExPointW(dc_, ToWide(next.data()), count, width_, &fitting, nullptr,
-                                  &size);
-            window_ = static_cast<size_t>(fitting) * 5 / 4 + 16;
-        } while (fitting == count && static_cast<size_t>(count) < next.size());
-        if (breaksAtBlanks_ && static_cast<size_t>(fitting) < next.size()) {
-            const size_t blank = next.substr(0, static_cast<size_t>(fitting)).rfind(u' ');
-            if (blank != std::u16string_view::npos && blank > 0) {
-                return static_cast<int64_t>(blank) + 1;
-            }
-        }
-        return fitting;
-    }
-
-private:
-    HWND field_;
-    HDC dc_;
-    int width_;
-    bool breaksAtBlanks_;
-    HGDIOBJ fontBefore_;
-    size_t window_ = 64;
-};
-
 int64_t FittingOf(void* ruler, std::u16string_view next) {
     return static_cast<FieldRuler*>(ruler)->Fitting(next);
 }
@@ -274,6 +225,38 @@ bool AppendPlainText(HWND field, std::u16string_view text) {
     }
     AskEdit(field, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(broken.buffer.get()));
     return AskEdit(field, WM_GETTEXTLENGTH) == whole;
+}
+
+FieldRuler::FieldRuler(HWND field) : field_(field), dc_(GetDC(field)) {
+    RECT room = {};
+    AskEdit(field, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
+    width_ = std::max<int>(room.right - room.left, 0);
+    breaksAtBlanks_ = AskEdit(field, EM_GETWORDBREAKPROC) == 0;
+    fontBefore_ = SelectObject(dc_, reinterpret_cast<HFONT>(AskEdit(field, WM_GETFONT)));
+}
+
+FieldRuler::~FieldRuler() {
+    SelectObject(dc_, fontBefore_);
+    ReleaseDC(field_, dc_);
+}
+
+// Measuring takes time for each character. So it looks at only a few more than the line before had.
+int64_t FieldRuler::Fitting(std::u16string_view next) {
+    int fitting = 0;
+    int count = 0;
+    do {
+        count = static_cast<int>(std::min<size_t>(next.size(), window_));
+        SIZE size = {};
+        GetTextExtentExPointW(dc_, ToWide(next.data()), count, width_, &fitting, nullptr, &size);
+        window_ = static_cast<size_t>(fitting) * 5 / 4 + 16;
+    } while (fitting == count && static_cast<size_t>(count) < next.size());
+    if (breaksAtBlanks_ && static_cast<size_t>(fitting) < next.size()) {
+        const size_t blank = next.substr(0, static_cast<size_t>(fitting)).rfind(u' ');
+        if (blank != std::u16string_view::npos && blank > 0) {
+            return static_cast<int64_t>(blank) + 1;
+        }
+    }
+    return fitting;
 }
 
 void BreakAnew(HWND field) {

@@ -4,6 +4,7 @@
 // them.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "toolkit/field_state.h"
@@ -40,6 +41,28 @@ bool ChangePlainText(HWND field, std::u16string_view text, TextSelection selecti
 /// alone, as far as the control allows. It cannot be undone, and neither can what was done before.
 /// False when the control cannot take so much text: the text is as before.
 bool AppendPlainText(HWND field, std::u16string_view text);
+
+/// Measures texts in the font of a field, against the width of its lines. It lives only as long as
+/// neither changes.
+class FieldRuler {
+public:
+    explicit FieldRuler(HWND field);
+    ~FieldRuler();
+    FieldRuler(const FieldRuler&) = delete;
+    FieldRuler& operator=(const FieldRuler&) = delete;
+
+    /// How many of the characters fit one line, 0 or more. It breaks lines where the control does:
+    /// behind a blank unless the field has a rule of its own.
+    int64_t Fitting(std::u16string_view next);
+
+private:
+    HWND field_;
+    HDC dc_;
+    int width_;
+    bool breaksAtBlanks_;
+    HGDIOBJ fontBefore_;
+    size_t window_ = 64;
+};
 
 /// Places all soft breaks anew, after a change of text, width or font.
 void BreakAnew(HWND field);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
+#include <memory>
+#include <new>
 #include <string_view>
 
 #include "toolkit/broken_text.h"
@@ -84,19 +86,9 @@ RowsInView FindRows(HWND field) {
     rows.height = RowHeight(field);
     rows.first = AskEdit(field, EM_GETFIRSTVISIBLELINE);
     const int64_t room = (rows.area.bottom - rows.area.top + rows.height - 1) / rows.height;
-    rows.count = std::min<int64_t>(room, AskEdit(field, EM_GETLINECOUNT) - rows.first);
+    const int64_t below = AskEdit(field, EM_GETLINECOUNT) - rows.first;
+    rows.count = std::max<int64_t>(std::min(room, below), 0);
     return rows;
-}
-
-// Takes the next row from the rest of a text, without its line end or soft break.
-std::u16string_view TakeRow(std::u16string_view& rest) {
-    const size_t end = std::min(rest.find(u'\n'), rest.size());
-    std::u16string_view row = rest.substr(0, end);
-    rest.remove_prefix(std::min(end + 1, rest.size()));
-    while (row.ends_with(u'\r')) {
-        row.remove_suffix(1);
-    }
-    return row;
 }
 
 // Whether the characters are put side by side in every font, from left to right. The narrow space
@@ -109,23 +101,63 @@ bool IsPlain(std::u16string_view row) {
     });
 }
 
-// Whether each row in view is one line of the text, with plain characters alone. `text` begins with
-// the first of them.
-bool AreRowsLines(HWND field, const RowsInView& rows, int64_t start, std::u16string_view text) {
-    std::u16string_view rest = text;
-    for (int64_t i = 0; i < rows.count; i++) {
-        // Had the control wrapped one of its last lines, there would be fewer of them.
-        const bool isLast = i + 1 == rows.count;
-        if ((!isLast && rest.find(u'\n') == rest.npos) || !IsPlain(TakeRow(rest))) {
-            return false;
-        }
+// What of the text is below the rows that were taken.
+struct RestOfText {
+    std::u16string_view text;
+    int64_t position;  // in the whole text
+    bool hasRow;       // there is one more row, which may be empty
+};
+
+// The rest of the next line, without its line end or soft break.
+std::u16string_view NextLine(const RestOfText& rest) {
+    std::u16string_view line = rest.text.substr(0, rest.text.find(u'\n'));
+    while (line.ends_with(u'\r')) {
+        line.remove_suffix(1);
     }
-    // Had it wrapped one of these, the next row would begin before the rest.
-    const LRESULT next = AskEdit(field, EM_LINEINDEX, static_cast<WPARAM>(rows.first + rows.count));
-    return next < 0 || next - start == static_cast<LRESULT>(text.size() - rest.size());
+    return line;
 }
 
-void DrawRows(HWND field, HDC dc, const RowsInView& rows, std::u16string_view text) {
+void Skip(RestOfText& rest, size_t count) {
+    rest.text.remove_prefix(count);
+    rest.position += static_cast<int64_t>(count);
+}
+
+// Takes the next row: a line, or as much of it as the control shows in one row when it has wrapped
+// it. `below` is the row below, as the control counts them. It is asked only about a line that is
+// too wide for one row, because it walks through its text for each answer.
+std::u16string_view TakeRow(HWND field, RestOfText& rest, FieldRuler& ruler, int64_t below) {
+    const std::u16string_view line = NextLine(rest);
+    if (ruler.Fitting(line) < static_cast<int64_t>(line.size())) {
+        const int64_t count =
+            AskEdit(field, EM_LINEINDEX, static_cast<WPARAM>(below)) - rest.position;
+        if (count > 0 && count < static_cast<int64_t>(line.size())) {
+            Skip(rest, static_cast<size_t>(count));
+            return line.substr(0, static_cast<size_t>(count));
+        }
+    }
+    const size_t end = rest.text.find(u'\n');
+    rest.hasRow = end != rest.text.npos;
+    Skip(rest, rest.hasRow ? end + 1 : rest.text.size());
+    return line;
+}
+
+// Finds what is in each row in view, in `texts`. `text` begins with the first of them, at `start`.
+// False when it is not certain, or when not all characters are plain.
+bool FindTexts(HWND field, const RowsInView& rows, int64_t start, std::u16string_view text,
+               std::u16string_view* texts) {
+    FieldRuler ruler(field);
+    RestOfText rest = {text, start, true};
+    for (int64_t i = 0; i < rows.count; i++) {
+        if (!rest.hasRow || !IsPlain(NextLine(rest))) {
+            return false;
+        }
+        texts[i] = TakeRow(field, rest, ruler, rows.first + i + 1);
+    }
+    const LRESULT next = AskEdit(field, EM_LINEINDEX, static_cast<WPARAM>(rows.first + rows.count));
+    return next < 0 ? !rest.hasRow : next == rest.position;
+}
+
+void DrawRows(HWND field, HDC dc, const RowsInView& rows, const std::u16string_view* texts) {
     const int before = SaveDC(dc);
     {
         const FieldFont font(field, dc);
@@ -137,10 +169,9 @@ void DrawRows(HWND field, HDC dc, const RowsInView& rows, std::u16string_view te
         FillRect(dc, &client, reinterpret_cast<HBRUSH>(brush));
         IntersectClipRect(dc, rows.area.left, rows.area.top, rows.area.right, rows.area.bottom);
         for (int64_t i = 0; i < rows.count; i++) {
-            const std::u16string_view row = TakeRow(text);
             const int top = static_cast<int>(rows.area.top + i * rows.height);
-            ExtTextOutW(dc, rows.area.left, top, 0, nullptr, ToWide(row.data()),
-                        static_cast<UINT>(row.size()), nullptr);
+            ExtTextOutW(dc, rows.area.left, top, 0, nullptr, ToWide(texts[i].data()),
+                        static_cast<UINT>(texts[i].size()), nullptr);
         }
     }
     RestoreDC(dc, before);
@@ -160,15 +191,18 @@ bool PaintRows(HWND field, WPARAM wParam) {
     const RowsInView rows = FindRows(field);
     const LRESULT start = AskEdit(field, EM_LINEINDEX, static_cast<WPARAM>(rows.first));
     const LockedText text(field);
-    if (start < 0 || !text.IsThere() || !AreRowsLines(field, rows, start, text.From(start))) {
+    const std::unique_ptr<std::u16string_view[]> texts(
+        new (std::nothrow) std::u16string_view[static_cast<size_t>(rows.count)]);
+    if (start < 0 || !text.IsThere() || texts == nullptr ||
+        !FindTexts(field, rows, start, text.From(start), texts.get())) {
         return false;
     }
     if (wParam != 0) {
-        DrawRows(field, reinterpret_cast<HDC>(wParam), rows, text.From(start));
+        DrawRows(field, reinterpret_cast<HDC>(wParam), rows, texts.get());
         return true;
     }
     PAINTSTRUCT paint = {};
-    DrawRows(field, BeginPaint(field, &paint), rows, text.From(start));
+    DrawRows(field, BeginPaint(field, &paint), rows, texts.get());
     EndPaint(field, &paint);
     return true;
 }

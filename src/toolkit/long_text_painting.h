@@ -15,8 +15,8 @@ extern double longestSystemPainting;
 
 /// Handles WM_PAINT of an edit control that may have soft breaks. `wParam` is 0, or a device
 /// context to paint on instead. What rows from here could show in another way than the system's own
-/// is left to the system: a selection, characters that need more than to be put side by side, lines
-/// that the control has wrapped itself, a field that cannot be used.
+/// is left to the system: a selection, characters that need more than to be put side by side, a
+/// field that cannot be used.
 LRESULT PaintLongText(HWND field, WPARAM wParam);
 
 }  // namespace tallymere

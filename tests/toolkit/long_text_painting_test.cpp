@@ -16,8 +16,14 @@ using testing_support::Picture;
 int32_t systemPaintings = 0;
 WNDPROC systemProcedure = nullptr;
 
+// What the control says of the start of each line but the first; 0 for the truth.
+LRESULT nextLine = 0;
+
 LRESULT CALLBACK CountPaintings(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     systemPaintings += message == WM_PAINT;
+    if (message == EM_LINEINDEX && wParam > 0 && nextLine != 0) {
+        return nextLine;
+    }
     return CallWindowProcW(systemProcedure, window, message, wParam, lParam);
 }
 
@@ -40,6 +46,7 @@ const std::u16string& LongText() {
 class LongTextPainting : public LongTextField {
 protected:
     LongTextPainting() {
+        nextLine = 0;
         ShowWindow(parent, SW_SHOWNORMAL);
         const auto counting = reinterpret_cast<LONG_PTR>(&CountPaintings);
         systemProcedure =
@@ -165,19 +172,37 @@ TEST_F(LongTextPainting, LeavesCharactersThatAreNotPutSideBySideToTheSystem) {
     }
 }
 
-// A line that is short enough for the control to wrap.
-TEST_F(LongTextPainting, LeavesLinesThatTheControlHasWrappedToTheSystem) {
-    const std::u16string wrapped = testing_support::Digits(100) + u"\r\n";
-    Show(wrapped + LongText() + wrapped);
-    for (const int line : {0, 1, LineCount()}) {
-        ScrollTo(line);
+// They are short enough for the control to wrap.
+TEST_F(LongTextPainting, ShowsLinesThatTheControlHasWrapped) {
+    std::u16string divisors = u"Divisors: 1";
+    for (int32_t i = 2; divisors.size() < 290; i = i * 3 / 2 + 1) {
+        const std::string number = std::to_string(i);
+        divisors += u", " + std::u16string(number.begin(), number.end());
+    }
+    for (const std::u16string& line : {testing_support::Digits(100), divisors,
+                                       u" " + testing_support::Digits(60) + u" * 2  *   3",
+                                       u"1" + std::u16string(100, u' ') + u"2"}) {
+        const std::u16string wrapped = line + u"\r\n";
+        Show(wrapped + LongText() + wrapped + wrapped);
+        const int last = LineCount();
+        for (const int row : {0, 1, 2, 3, last - 12, last - 9, last}) {
+            ScrollTo(row);
+            ExpectOwnRows();
+        }
+        Show(LongText() + line);
+        ScrollTo(LineCount());
+        ExpectOwnRows();
+    }
+}
+
+TEST_F(LongTextPainting, LeavesRowsThatTheControlHasElsewhereToTheSystem) {
+    Show(LongText());
+    for (const LRESULT answer : {LRESULT{1}, LRESULT{-1}}) {
+        nextLine = answer;
         ExpectRowsOfTheSystem();
     }
-    ScrollTo(1'500);
+    nextLine = 0;
     ExpectOwnRows();
-    Show(LongText() + wrapped + u"\r\n");
-    ScrollTo(LineCount());
-    ExpectRowsOfTheSystem();
 }
 
 TEST_F(LongTextPainting, PaintsWhatHasToBePaintedAnew) {
