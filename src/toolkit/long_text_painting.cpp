@@ -178,8 +178,10 @@ void DrawRows(HWND field, HDC dc, const RowsInView& rows, const std::u16string_v
 }
 
 bool IsOfTheUsualKind(HWND field) {
+    constexpr LONG_PTR OtherSide = WS_EX_RIGHT | WS_EX_RTLREADING | WS_EX_LEFTSCROLLBAR;
     return IsWindowEnabled(field) &&
-           (WindowStyle(field) & (ES_READONLY | ES_CENTER | ES_RIGHT)) == 0;
+           (WindowStyle(field) & (ES_READONLY | ES_CENTER | ES_RIGHT)) == 0 &&
+           (GetWindowLongPtrW(field, GWL_EXSTYLE) & OtherSide) == 0;
 }
 
 // False when the rows are to be painted by the system.

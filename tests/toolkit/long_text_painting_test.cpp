@@ -113,7 +113,7 @@ TEST_F(LongTextPainting, ShowsLinesWithSoftBreaks) {
 
 TEST_F(LongTextPainting, ShowsTheEndOfTheText) {
     for (const char16_t* end : {u"", u"\r\n", u"last", u"1\r\n\r\n\r\n\u00E4\u00D6\u00DF = \u00A7",
-                                u"1\u202F234\u202F567 = 1'127 * 1.129"}) {
+                                u"1\u202F234\u202F567 = 1'127 * 1.129", u"FAFA F.7 AVTo fi"}) {
         Show(LongText() + end);
         ScrollTo(LineCount());
         ExpectOwnRows();
@@ -160,6 +160,14 @@ TEST_F(LongTextPainting, LeavesWhatLooksOtherwiseToTheSystem) {
     EnableWindow(field, TRUE);
     SendMessageW(field, EM_SETREADONLY, TRUE, 0);
     ExpectRowsOfTheSystem();
+    SendMessageW(field, EM_SETREADONLY, FALSE, 0);
+    const LONG_PTR usual = GetWindowLongPtrW(field, GWL_EXSTYLE);
+    for (const LONG_PTR other : {WS_EX_RIGHT, WS_EX_RTLREADING, WS_EX_LEFTSCROLLBAR}) {
+        SetWindowLongPtrW(field, GWL_EXSTYLE, usual | other);
+        ExpectRowsOfTheSystem();
+    }
+    SetWindowLongPtrW(field, GWL_EXSTYLE, usual);
+    ExpectOwnRows();
 }
 
 TEST_F(LongTextPainting, LeavesCharactersThatAreNotPutSideBySideToTheSystem) {
@@ -207,9 +215,22 @@ TEST_F(LongTextPainting, LeavesRowsThatTheControlHasElsewhereToTheSystem) {
 
 TEST_F(LongTextPainting, PaintsWhatHasToBePaintedAnew) {
     Show(LongText());
+    // The picture is without the caret.
+    SetFocus(nullptr);
+    const HDC dc = GetDC(field);
+    RECT all = {};
+    GetClientRect(field, &all);
+    FillRect(dc, &all, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
     RedrawWindow(field, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
     EXPECT_EQ(systemPaintings, 0);
     EXPECT_FALSE(GetUpdateRect(field, nullptr, FALSE)) << "it would be painted for ever";
+    const Picture shown(220, 120);
+    BitBlt(shown.dc, 0, 0, all.right, all.bottom, dc, 0, 0, SRCCOPY);
+    const Picture expected(220, 120);
+    AskSystem(field, WM_PAINT, reinterpret_cast<WPARAM>(expected.dc), 0);
+    EXPECT_TRUE(shown.HasInk());
+    EXPECT_TRUE(shown.IsLike(expected));
+    ReleaseDC(field, dc);
 }
 
 }  // namespace
