@@ -356,8 +356,11 @@ LRESULT HandleLongText(HWND field, UINT message, WPARAM wParam, LPARAM lParam, b
             }
             break;
         case EM_EMPTYUNDOBUFFER:
+            ForgetTextChange(field);
+            break;
         case WM_NCDESTROY:
             ForgetTextChange(field);
+            ForgetSlowPainting(field);
             break;
         default:
             break;

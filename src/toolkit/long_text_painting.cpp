@@ -18,9 +18,6 @@ namespace {
 // A text of fewer characters is left to the system, however long it takes.
 constexpr int64_t LeastOwnText = 65'536;
 
-// The field that the system has been slow with; null for none.
-HWND slowField = nullptr;
-
 // Where the rows in view are, in pixels and in lines of the control.
 struct RowsInView {
     RECT area;
@@ -216,7 +213,7 @@ LRESULT PaintBySystem(HWND field, WPARAM wParam) {
     const LRESULT result = AskEdit(field, WM_PAINT, wParam);
     const std::chrono::duration<double, std::milli> passed = Clock::now() - start;
     if (passed.count() > longestSystemPainting) {
-        slowField = field;
+        SetPropW(field, ToWide(SlowPaintingProperty), reinterpret_cast<HANDLE>(1));
     }
     return result;
 }
@@ -227,13 +224,17 @@ double longestSystemPainting = 30;
 
 LRESULT PaintLongText(HWND field, WPARAM wParam) {
     if (AskEdit(field, WM_GETTEXTLENGTH) < LeastOwnText) {
-        slowField = field == slowField ? nullptr : slowField;
+        ForgetSlowPainting(field);
         return AskEdit(field, WM_PAINT, wParam);
     }
-    if (field == slowField && PaintRows(field, wParam)) {
+    if (GetPropW(field, ToWide(SlowPaintingProperty)) != nullptr && PaintRows(field, wParam)) {
         return 0;
     }
     return PaintBySystem(field, wParam);
+}
+
+void ForgetSlowPainting(HWND field) {
+    RemovePropW(field, ToWide(SlowPaintingProperty));
 }
 
 }  // namespace tallymere

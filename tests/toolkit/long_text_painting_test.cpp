@@ -16,11 +16,17 @@ using testing_support::Picture;
 int32_t systemPaintings = 0;
 WNDPROC systemProcedure = nullptr;
 
+// Whether the last field that was destroyed still had its property.
+bool leavesProperty = false;
+
 // What the control says of the start of each line but the first; 0 for the truth.
 LRESULT nextLine = 0;
 
 LRESULT CALLBACK CountPaintings(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     systemPaintings += message == WM_PAINT;
+    if (message == WM_NCDESTROY) {
+        leavesProperty = GetPropW(window, ToWide(SlowPaintingProperty)) != nullptr;
+    }
     if (message == EM_LINEINDEX && wParam > 0 && nextLine != 0) {
         return nextLine;
     }
@@ -137,6 +143,12 @@ TEST_F(LongTextPainting, IsTheSystemsForAnotherField) {
     systemPaintings = 0;
     SendMessageW(other, WM_PAINT, reinterpret_cast<WPARAM>(Picture(220, 120).dc), 0);
     EXPECT_EQ(systemPaintings, 1);
+    SendMessageW(other, WM_PAINT, reinterpret_cast<WPARAM>(Picture(220, 120).dc), 0);
+    EXPECT_EQ(systemPaintings, 1);
+    ExpectOwnRows();
+    leavesProperty = true;
+    DestroyWindow(other);
+    EXPECT_FALSE(leavesProperty);
 }
 
 TEST_F(LongTextPainting, IsTheSystemsAgainForAShorterText) {
