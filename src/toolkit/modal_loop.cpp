@@ -10,7 +10,8 @@ namespace tallymere {
 
 namespace {
 
-// Posted to the thread when a dialog ends; wParam is the dialog.
+// Posted to the thread when a dialog ends, so that its loop gets a message. Another loop inside may
+// take it, that of a message box for one. So the loop looks at the dialog itself.
 constexpr UINT ModalEndMessage = WM_APP + 1;
 
 // Collects the enabled windows of the thread except the dialog. With `windows` null it only counts
@@ -49,14 +50,10 @@ void EnableAll(const OtherWindows& others, bool enable) {
 
 void HandleMessagesUntilEnd(HWND dialog) {
     MSG message;
-    BOOL result;
-    while ((result = GetMessageW(&message, nullptr, 0, 0)) >= 1) {
+    BOOL result = 1;
+    while (IsModal(dialog) && (result = GetMessageW(&message, nullptr, 0, 0)) >= 1) {
         TranslateMessage(&message);
         DispatchMessageW(&message);
-        if (message.hwnd == nullptr && message.message == ModalEndMessage &&
-            message.wParam == reinterpret_cast<WPARAM>(dialog)) {
-            return;
-        }
     }
     if (result == 0) {
         // The request to end the program is for the main loop, so it is posted again.
@@ -102,7 +99,8 @@ void EndModal(HWND dialog) {
         }
         SetFocus(owner);
     }
-    PostMessageW(nullptr, ModalEndMessage, reinterpret_cast<WPARAM>(dialog), 0);
+    SetModal(dialog, false);
+    PostMessageW(nullptr, ModalEndMessage, 0, 0);
 }
 
 }  // namespace tallymere

@@ -176,6 +176,31 @@ TEST_F(ModalLoop, RunsWithinAnother) {
     DestroyWindow(outer);
 }
 
+// Closes the dialog, and takes all messages that are there then, as another loop would.
+LRESULT CloseWithinLoop(HWND window, UINT message, WPARAM, LPARAM, bool& callDefault) {
+    if (message == LookAround) {
+        SendMessageW(window, WM_CLOSE, 0, 0);
+        MSG taken;
+        while (PeekMessageW(&taken, nullptr, 0, 0, PM_REMOVE)) {
+            DispatchMessageW(&taken);
+        }
+    } else if (message == WM_CLOSE) {
+        ShowWindow(window, SW_HIDE);
+        callDefault = false;
+    }
+    return 0;
+}
+
+TEST_F(ModalLoop, EndsWhenAnotherLoopHasTakenItsMessage) {
+    const HWND closing =
+        CreateDialogWindow(dialog, {100, 100}, u"Closing", CloseWithinLoop, WS_SYSMENU, 0);
+    const testing_support::LoopDeadline soon(5'000);
+    PostMessageW(closing, LookAround, 0, 0);
+    EXPECT_TRUE(RunModal(closing));
+    EXPECT_TRUE(IsWindowEnabled(other));
+    DestroyWindow(closing);
+}
+
 TEST_F(ModalLoop, DoesNotRunADialogThatDoesNotComeUp) {
     const HWND shy = CreateDialogWindow(nullptr, {100, 100}, u"Shy", StayHidden, 0, 0);
     EXPECT_FALSE(RunModal(shy));
