@@ -145,6 +145,8 @@ protected:
         while ((steps.empty() || steps.back() != step) && HandleMessage()) {
         }
     }
+    // Until the timer of the making is due again, without handling a message.
+    static void WaitForTheTimer() { Sleep(3 * USER_TIMER_MINIMUM); }
     // For so long that the timer of the making comes several times.
     static void LoopForAWhile() {
         const UINT_PTR timer = SetTimer(nullptr, 0, 5 * USER_TIMER_MINIMUM, nullptr);
@@ -185,6 +187,7 @@ TEST_F(WindowMaking, WhatIsToBeDoneComesBeforeTheNextWindow) {
     PostMessageW(dialog, NotedMessage, 0, 0);
     InvalidateRect(dialog, nullptr, TRUE);
     testing_support::heard.erasures = 0;
+    WaitForTheTimer();
     LoopUntil("factors are made");
     EXPECT_EQ(steps, (Steps{"numbers", "message", "factors", "factors are made"}));
     EXPECT_EQ(testing_support::heard.erasures, 1) << "it was painted, too";
@@ -290,6 +293,7 @@ TEST_F(WindowMaking, ClosingTheProgramComesBeforeTheNextWindow) {
     OpenMainWindow();
     LoopUntil("numbers");
     ChooseMenuItem(ExitItem);
+    WaitForTheTimer();
     while (HandleMessage()) {
     }
     EXPECT_EQ(steps, Steps{"numbers"});
