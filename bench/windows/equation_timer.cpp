@@ -94,7 +94,7 @@ constexpr ProgramWindow Windows[] = {
 void StartMeasuring() {
     SetTimer(nullptr, 0, 0, [](HWND, UINT, UINT_PTR timer, DWORD) {
         KillTimer(nullptr, timer);
-        MadeWindow(pageWindows[PageAlgebraicEquations]);
+        EnsureWindow(&pageWindows[PageAlgebraicEquations]);
         Measure();
     });
 }

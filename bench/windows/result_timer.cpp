@@ -111,7 +111,7 @@ void StartMeasuring() {
     SetTimer(nullptr, 0, 0, [](HWND, UINT, UINT_PTR timer, DWORD) {
         KillTimer(nullptr, timer);
         for (const ProgramWindow& row : Windows) {
-            MadeWindow(*row.window);
+            EnsureWindow(row.window);
         }
         Measure();
     });
