@@ -115,6 +115,9 @@ TEST_F(CalculatorPageTest, KnowsTheVariablesBeforeTheirWindowIsMade) {
     CreateCalculatorPage();
     ASSERT_EQ(variableTable.count, 1);
     EXPECT_EQ(std::u16string(variableTable.variables[0].name), u"rate");
+    DestroyWindow(calculatorWindows.page);
+    CreateCalculatorPage();
+    EXPECT_EQ(variableTable.count, 1) << "they were there already";
     ShowProgramWindow(calculatorWindows.page);
     SendMessageW(calculatorWindows.page, WM_CLOSE, 0, 0);
     EXPECT_FALSE(IsWindowVisible(calculatorWindows.page)) << "without the variables, too";

@@ -4,6 +4,7 @@
 #include "calculator/calculator_settings.h"
 #include "calculator/field_editing.h"
 #include "calculator/variable_settings.h"
+#include "calculator/variable_table.h"
 #include "calculator/windows/calculator_container.h"
 #include "calculator/windows/calculator_controls.h"
 #include "calculator/windows/calculator_display.h"
@@ -185,8 +186,11 @@ void CreateWindows() {
     const NumberSetupScope scope;
     PrepareCalculatorDisplay();
     StartCalculator(settings);
-    // Not with their window: a formula may be evaluated before that is made.
-    LoadVariables(settings);
+    // Not with their window: a formula may be evaluated before that is made. And once, however
+    // often a page that could not be made is asked for.
+    if (variableTable.count == 0) {
+        LoadVariables(settings);
+    }
     calculatorWindows.page =
         CreatePageWindow(CalculatorSize, uiText.TextCalcScientificCalculator, CalculatorPageProc);
     CreateFields();
