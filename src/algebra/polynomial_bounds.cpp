@@ -10,7 +10,8 @@ namespace tallymere {
 namespace {
 
 struct OperandBounds {
-    Magnitude sizes[PolyCoefficients];
+    PartSizes sizes[PolyCoefficients];
+    PartSizes errors[PolyCoefficients];
     int64_t grid;  // all parts are multiples of 10 to that power
 };
 
@@ -32,20 +33,26 @@ const RealNumber* PartOf(const uint64_t* value, int64_t part) {
     return RealAt(value + part * RealWords());
 }
 
-Magnitude SizeOfValue(const uint64_t* value) {
-    Magnitude size;
-    for (int64_t part = 0; part < ValueRealParts(); part++) {
-        size = size + MagnitudeOf(PartOf(value, part));
+PartSizes SizesOfValue(const uint64_t* value) {
+    PartSizes sizes = {MagnitudeOf(PartOf(value, 0)), {}};
+    if (ValueRealParts() == 2) {
+        sizes.imaginary = MagnitudeOf(PartOf(value, 1));
     }
-    return size;
+    return sizes;
 }
 
-OperandBounds BoundsOf(const PolyNumbers& a) {
-    OperandBounds bounds = {.sizes = {}, .grid = MaxBoundedExponent};
+Magnitude Total(PartSizes sizes) {
+    return sizes.real + sizes.imaginary;
+}
+
+OperandBounds BoundsOf(const PolyCalculation& calculation, int32_t k) {
+    OperandBounds bounds = {.sizes = {}, .errors = {}, .grid = MaxBoundedExponent};
     for (int32_t i = 0; i <= MaxPolyDegree; i++) {
-        bounds.sizes[i] = SizeOfValue(a.coefficients[i]);
+        const uint64_t* value = calculation.operands[k].coefficients[i];
+        bounds.sizes[i] = SizesOfValue(value);
+        bounds.errors[i] = calculation.errors[k][i];
         for (int64_t part = 0; part < ValueRealParts(); part++) {
-            const RealNumber* x = PartOf(a.coefficients[i], part);
+            const RealNumber* x = PartOf(value, part);
             if (!RealIsZero(x)) {
                 bounds.grid = std::min(bounds.grid, LowestDigit(x));
             }
@@ -57,74 +64,89 @@ OperandBounds BoundsOf(const PolyNumbers& a) {
 void Add(OperandBounds& sum, const OperandBounds& b) {
     for (int32_t i = 0; i <= MaxPolyDegree; i++) {
         sum.sizes[i] = sum.sizes[i] + b.sizes[i];
+        sum.errors[i] = sum.errors[i] + b.errors[i];
     }
     sum.grid = std::min(sum.grid, b.grid);
 }
 
+// What a product is off when a and b are, which are so large as they are known.
+PartSizes ErrorOfProduct(PartSizes a, PartSizes errorOfA, PartSizes b, PartSizes errorOfB) {
+    return errorOfA * (b + errorOfB) + a * errorOfB;
+}
+
 void Multiply(OperandBounds& product, const OperandBounds& b) {
     const OperandBounds a = product;
-    product = {.sizes = {}, .grid = a.grid + b.grid};
+    product = {.sizes = {}, .errors = {}, .grid = a.grid + b.grid};
     for (int32_t i = 0; i <= MaxPolyDegree; i++) {
-        for (int32_t j = 0; i + j <= MaxPolyDegree; j++) {
-            Magnitude& size = product.sizes[i + j];
+        for (int32_t j = 0; i + j <= MaxPolyDegree && !IsZero(Total(b.sizes[i])); j++) {
+            PartSizes& size = product.sizes[i + j];
+            PartSizes& error = product.errors[i + j];
             size = size + a.sizes[j] * b.sizes[i];
+            error = error + ErrorOfProduct(a.sizes[j], a.errors[j], b.sizes[i], b.errors[i]);
         }
     }
 }
 
 void BoundWithoutDenominator(PolynomialBounds& bounds, const OperandBounds& result) {
     for (int32_t i = 0; i <= MaxPolyDegree; i++) {
-        bounds.result[i] = {.size = result.sizes[i],
+        bounds.result[i] = {.size = Total(result.sizes[i]),
+                            .carried = result.errors[i],
                             .numeratorGrid = result.grid,
                             .denominatorGrid = 0,
                             .denominatorExponent = 0};
     }
 }
 
-// A bound of |1 / w|: (|x| + |y|) / (x^2 + y^2).
-Magnitude InverseSize(const uint64_t* w) {
-    Magnitude squares;
-    for (int64_t part = 0; part < ValueRealParts(); part++) {
-        const Magnitude size = MagnitudeOf(PartOf(w, part));
-        squares = squares + size * size;
-    }
-    return SizeOfValue(w) / squares;
+// Bounds of the parts of 1 / w, also where w is off: |x| / (x^2 + y^2) and |y| / (x^2 + y^2). Parts
+// other than 0 are larger than their errors.
+PartSizes InverseSizes(PartSizes w, PartSizes error) {
+    const Magnitude x = Excess(w.real, error.real);
+    const Magnitude y = Excess(w.imaginary, error.imaginary);
+    const Magnitude inverse = MakeMagnitude(1) / (x * x + y * y);
+    return (w + error) * inverse;
 }
 
 // After j steps of the division all remainders are N / h^j, where h is the highest coefficient of
 // the divisor and N is made of sums and products of the coefficients. In cplx both are multiplied
 // by the conjugate of h^j.
 CoefficientBounds AfterSteps(int64_t steps, int64_t products, const OperandBounds& a,
-                             const OperandBounds& b, Magnitude highest, Magnitude size) {
+                             const OperandBounds& b, Magnitude highest, PartSizes size,
+                             PartSizes error) {
     const int64_t factors = steps * ValueRealParts();
-    return {.size = size,
+    return {.size = Total(size),
+            .carried = error,
             .numeratorGrid = a.grid + (products + factors - steps) * b.grid,
             .denominatorGrid = factors * b.grid,
             .denominatorExponent = factors * (highest.exponent + 1)};
 }
 
-void BoundQuotient(PolynomialBounds& bounds, const PolyNumbers& dividend,
-                   const PolyNumbers& divisor) {
-    const OperandBounds a = BoundsOf(dividend);
-    const OperandBounds b = BoundsOf(divisor);
-    const int32_t degree = PolyDegree(dividend);
-    const int32_t divisorDegree = PolyDegree(divisor);
-    const Magnitude highest = b.sizes[divisorDegree];
-    const Magnitude inverse = InverseSize(divisor.coefficients[divisorDegree]);
+void BoundQuotient(PolynomialBounds& bounds, const PolyCalculation& calculation) {
+    const OperandBounds a = BoundsOf(calculation, 0);
+    const OperandBounds b = BoundsOf(calculation, 1);
+    const int32_t degree = PolyDegree(calculation.operands[0]);
+    const int32_t divisorDegree = PolyDegree(calculation.operands[1]);
+    const Magnitude highest = Total(b.sizes[divisorDegree]);
+    const PartSizes highestError = b.errors[divisorDegree];
+    const PartSizes inverse = InverseSizes(b.sizes[divisorDegree], highestError);
     OperandBounds rest = a;
     int64_t steps = 0;
     for (int32_t k = degree; k >= divisorDegree; k--) {
-        const Magnitude term = rest.sizes[k] * inverse;
-        bounds.result[k - divisorDegree] = AfterSteps(steps + 1, steps, a, b, highest, term);
+        const PartSizes term = rest.sizes[k] * inverse;
+        const PartSizes error = (rest.errors[k] + term * highestError) * inverse;
+        bounds.result[k - divisorDegree] = AfterSteps(steps + 1, steps, a, b, highest, term, error);
         steps++;
         rest.sizes[k] = {};
+        rest.errors[k] = {};
         for (int32_t j = 0; j < divisorDegree; j++) {
-            Magnitude& size = rest.sizes[k - divisorDegree + j];
-            size = size + b.sizes[j] * term;
+            const int32_t at = k - divisorDegree + j;
+            rest.sizes[at] = rest.sizes[at] + b.sizes[j] * term;
+            rest.errors[at] =
+                rest.errors[at] + ErrorOfProduct(b.sizes[j], b.errors[j], term, error);
         }
     }
     for (int32_t i = 0; i <= MaxPolyDegree; i++) {
-        bounds.remainder[i] = AfterSteps(steps, steps, a, b, highest, rest.sizes[i]);
+        bounds.remainder[i] =
+            AfterSteps(steps, steps, a, b, highest, rest.sizes[i], rest.errors[i]);
     }
 }
 
@@ -149,10 +171,10 @@ PolynomialBounds FindPolynomialBounds(const PolyCalculation& calculation) {
     TALLYMERE_REQUIRE(OperandsAreBounded(calculation));
     PolynomialBounds bounds = {};
     if (calculation.operation == PolyOperator::Divide) {
-        BoundQuotient(bounds, calculation.operands[0], calculation.operands[1]);
+        BoundQuotient(bounds, calculation);
         return bounds;
     }
-    const OperandBounds first = BoundsOf(calculation.operands[0]);
+    const OperandBounds first = BoundsOf(calculation, 0);
     OperandBounds result = first;
     if (calculation.operation == PolyOperator::Power) {
         for (uint64_t k = 1; k < calculation.exponent; k++) {
@@ -160,7 +182,7 @@ PolynomialBounds FindPolynomialBounds(const PolyCalculation& calculation) {
         }
     } else {
         for (int32_t k = 1; k < calculation.count; k++) {
-            const OperandBounds operand = BoundsOf(calculation.operands[k]);
+            const OperandBounds operand = BoundsOf(calculation, k);
             if (calculation.operation == PolyOperator::Times) {
                 Multiply(result, operand);
             } else {

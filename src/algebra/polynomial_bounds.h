@@ -15,6 +15,7 @@ inline constexpr int64_t MaxBoundedExponent = 1'000'000'000'000'000;
 /// Of each part of a true coefficient N / D.
 struct CoefficientBounds {
     Magnitude size;           ///< the sum of the sizes of the terms; 0 for a coefficient that is 0
+    PartSizes carried;        ///< what the errors of the operands leave each part off, at most
     int64_t numeratorGrid;    ///< N is a multiple of 10 to that power
     int64_t denominatorGrid;  ///< D likewise
     int64_t denominatorExponent;  ///< |D| <= 10 to that power; D is 1 but in quotients
@@ -30,8 +31,8 @@ bool OperandsAreBounded(const PolyCalculation& calculation);
 
 /// The bounds of a calculation in real or cplx whose operands are bounded and all taken. The
 /// divisor of a quotient is not 0. Sizes are those of |x| + |y|. Method: the operation itself, on
-/// sizes; quotients by powers of the highest coefficient of the divisor, which in cplx are made
-/// real.
+/// sizes, and on errors: a product a * b is off by |a| times the error of b, and so on; quotients
+/// by powers of the highest coefficient of the divisor, which in cplx are made real.
 PolynomialBounds FindPolynomialBounds(const PolyCalculation& calculation);
 
 }  // namespace tallymere

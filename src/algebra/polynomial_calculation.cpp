@@ -1,6 +1,30 @@
 #include "algebra/polynomial_calculation.h"
 
+#include "core/complex_number.h"
+#include "core/real_add.h"
+#include "core/real_rounding.h"
+#include "values/value_operations.h"
+
 namespace tallymere {
+
+namespace {
+
+// Makes a real part that is off by `error` at most the nearest integer, when it may be that.
+void TakeNearestInteger(uint64_t* value, Magnitude error) {
+    if (IsZero(error)) {
+        return;
+    }
+    ScratchStackScope scope;
+    RealNumber* nearest = RealAt(scope.Take(RealWords()));
+    RealNumber* distance = RealAt(scope.Take(RealWords()));
+    RealRoundToInteger(nearest, RealAt(value));
+    RealSub(distance, nearest, RealAt(value));
+    if (!(error < MagnitudeOf(distance))) {
+        RealCopy(RealAt(value), nearest);
+    }
+}
+
+}  // namespace
 
 PolyCalculation TakePolyCalculation(ScratchScope& scope, PolyOperator operation, int32_t operands,
                                     int64_t digits) {
@@ -11,7 +35,9 @@ PolyCalculation TakePolyCalculation(ScratchScope& scope, PolyOperator operation,
                                    .operands = {},
                                    .result = AllocPolynomial(scope),
                                    .remainder = AllocPolynomial(scope),
-                                   .exponent = 0};
+                                   .exponent = 0,
+                                   .errors = {},
+                                   .isKnown = true};
     for (int32_t k = 0; k < operands; k++) {
         calculation.operands[k] = AllocPolynomial(scope);
     }
@@ -22,8 +48,13 @@ PolyNumbers& NextOperand(PolyCalculation& calculation) {
     return calculation.operands[calculation.count];
 }
 
+PartSizes* NextErrors(PolyCalculation& calculation) {
+    return calculation.errors[calculation.count];
+}
+
 PolyOutcome ApplyOperand(PolyCalculation& calculation) {
     const PolyNumbers& operand = NextOperand(calculation);
+    const PartSizes* errors = NextErrors(calculation);
     calculation.count++;
     if (calculation.count == 1) {
         CopyPolynomial(calculation.result, operand);
@@ -45,6 +76,7 @@ PolyOutcome ApplyOperand(PolyCalculation& calculation) {
         case PolyOperator::Power:
             break;
     }
+    TakeNearestInteger(operand.coefficients[0], errors[0].real);
     const PolyOutcome outcome = ReadPolyExponent(&calculation.exponent, operand);
     return outcome == PolyOutcome::Done
                ? RaisePolynomial(result, first, calculation.exponent, calculation.digits)

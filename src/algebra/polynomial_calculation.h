@@ -2,19 +2,20 @@
 //
 // The plain way of algebra/polynomial_arithmetic.h loses digits where terms cancel, and rounds the
 // result of every step. So it decides about outcomes and codes alone: the digits come from a second
-// pass at more digits, with bounds of its errors. A result is the true one for the coefficients as
-// they are given, rounded once, half away from zero.
+// pass at more digits, with bounds of its errors. A result is the true one, rounded once, half away
+// from zero.
 //
-// What is 0:
-// - a part that is proven to be 0. Coefficients are decimal fractions, so what their sums and
+// Coefficients are exact, or rounded numbers with a bound of their errors, which is carried through
+// the calculation. What is 0:
+// - a part that is proven to be 0. Exact coefficients are decimal fractions, so what their sums and
 //   products leave cannot be arbitrarily small;
-// - a part that the plain way makes exactly 0, if what is left of it is below 10^-(digits + 2) of
-//   the sum of the sizes of its terms, so that the rounding of the coefficients may have made it:
+// - a part that is within the error that rounded coefficients leave it:
 //   (sqrt(2)*x + 1) * (-2*x + sqrt(2)) has no term in x.
 #pragma once
 
 #include <cstdint>
 
+#include "algebra/magnitude.h"
 #include "algebra/polynomial_arithmetic.h"
 
 namespace tallymere {
@@ -36,19 +37,25 @@ struct PolyCalculation {
     PolyNumbers result;     ///< or the quotient
     PolyNumbers remainder;  ///< of PolyOperator::Divide
     uint64_t exponent;      ///< of PolyOperator::Power, once its second operand was taken
+    /// How far the parts of each coefficient may be off; 0 for exact ones.
+    PartSizes errors[MaxPolynomials][PolyCoefficients];
+    /// False when the errors of the coefficients leave open how a part of the result is rounded.
+    bool isKnown;
 };
 
-/// A calculation without operands, with memory for `operands` of them, MinPolynomials to
-/// MaxPolynomials, from the scope.
+/// A calculation without operands, with errors of 0, with memory for `operands` of them,
+/// MinPolynomials to MaxPolynomials, from the scope.
 PolyCalculation TakePolyCalculation(ScratchScope& scope, PolyOperator operation, int32_t operands,
                                     int64_t digits);
 
-/// Where the values of the next operand are to be written.
+/// Where the values of the next operand are to be written, and where their errors.
 PolyNumbers& NextOperand(PolyCalculation& calculation);
+PartSizes* NextErrors(PolyCalculation& calculation);
 
 /// Counts the operand that was written, and applies the operator to it and to what there is.
-/// Quotients and powers take two operands, and the result is there with the second one. What is not
-/// Done ends the calculation.
+/// Quotients and powers take two operands, and the result is there with the second one. An exponent
+/// becomes the nearest integer where that is within its error. What is not Done ends the
+/// calculation.
 PolyOutcome ApplyOperand(PolyCalculation& calculation);
 
 /// Makes the digits of the result right, once all operands are taken. Done or Stopped.
@@ -64,6 +71,10 @@ PolyOutcome ApplyOperand(PolyCalculation& calculation);
 /// products and powers of 480. Where they do not, a part is 0 if it is below 10^-9,990 of the sum
 /// of the sizes of its terms, and one that is as close as that to a middle may be rounded to either
 /// side.
+///
+/// Where coefficients are rounded, passes go on until the bound of what they leave of a part is the
+/// larger one. A part that is then as close as that to a middle counts as the middle, and isKnown
+/// becomes false.
 ///
 /// Operands that are not finite, or have exponents beyond MaxBoundedExponent
 /// (algebra/polynomial_bounds.h), leave the result of the plain way. Where a code is noted already,

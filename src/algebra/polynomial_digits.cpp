@@ -26,16 +26,13 @@ constexpr int64_t LostDigits = 4;
 // two.
 constexpr int64_t FirstPassDigits = 24;
 
-// What the plain way made 0 stays 0 where it is below 10^-(digits + NoiseDigits) of the sum of the
-// sizes of its terms: the rounding of the coefficients may have made it.
-constexpr int64_t NoiseDigits = 2;
-
 // One pass: `wide` are its digits, `narrow` those of the operands and of the result.
 struct Pass {
     RealLayout wide;
     RealLayout narrow;
     bool last;        // settles what it finds
     int64_t lacking;  // digits that the next pass must have beyond these, 0 when all is settled
+    bool isKnown;     // false when rounded coefficients leave a part between two results
 };
 
 struct SettledParts {
@@ -115,10 +112,15 @@ bool RoundsAlike(RealNumber* rounded, const RealNumber* x, int64_t error, int64_
     return RealCompare(rounded, other) == 0;
 }
 
+// What a pass may be off, as a power of ten.
+int64_t ErrorOfPass(const CoefficientBounds& bounds, const Pass& pass) {
+    return bounds.size.exponent + 1 + LostDigits - pass.wide.digits;
+}
+
 // Writes the true value of x, rounded once, and returns 0; or returns how many digits are lacking.
-int64_t SettlePart(RealNumber* settled, const RealNumber* x, const CoefficientBounds& bounds,
-                   int64_t digits, const Pass& pass) {
-    const int64_t error = bounds.size.exponent + 1 + LostDigits - pass.wide.digits;
+int64_t SettleExactPart(RealNumber* settled, const RealNumber* x, const CoefficientBounds& bounds,
+                        int64_t digits, const Pass& pass) {
+    const int64_t error = ErrorOfPass(bounds, pass);
     if (IsZero(bounds.size) || RealIsZero(x) || RealExponent(x) <= error) {
         const int64_t lacking = IsZero(bounds.size) ? 0 : LackingForZero(error, bounds);
         RealSetZero(settled, 0);
@@ -134,9 +136,33 @@ int64_t SettlePart(RealNumber* settled, const RealNumber* x, const CoefficientBo
     return pass.last ? 0 : std::max<int64_t>(lacking, 0);
 }
 
-// True when x may be made by the rounding of the coefficients alone.
-bool IsNoise(const RealNumber* x, const CoefficientBounds& bounds, int64_t digits) {
-    return MagnitudeOf(x) < bounds.size * MakeMagnitude(1, -digits - NoiseDigits);
+// The same for a part that rounded coefficients leave off by `carried`.
+int64_t SettleRoundedPart(RealNumber* settled, const RealNumber* x, const CoefficientBounds& bounds,
+                          Magnitude carried, int64_t digits, Pass& pass) {
+    const int64_t ofPass = ErrorOfPass(bounds, pass);
+    const int64_t ofOperands = carried.exponent + 1;
+    const int64_t error = std::max(ofPass, ofOperands) + 1;
+    const int64_t lacking = pass.last ? 0 : std::max<int64_t>(ofPass - ofOperands, 0);
+    if (RealIsZero(x) || RealExponent(x) < error) {
+        RealSetZero(settled, 0);
+        return lacking;
+    }
+    if (RoundsAlike(settled, x, error, digits)) {
+        return 0;
+    }
+    if (lacking == 0) {
+        pass.isKnown = false;
+        const bool isMiddle = error < RealExponent(x) - digits;
+        RealRoundDigits(settled, x, isMiddle ? digits + 1 : pass.wide.digits);
+        RealRoundDigits(settled, settled, digits);
+    }
+    return lacking;
+}
+
+int64_t SettlePart(RealNumber* settled, const RealNumber* x, const CoefficientBounds& bounds,
+                   Magnitude carried, int64_t digits, Pass& pass) {
+    return IsZero(carried) ? SettleExactPart(settled, x, bounds, digits, pass)
+                           : SettleRoundedPart(settled, x, bounds, carried, digits, pass);
 }
 
 // Settles the parts of one polynomial. `plain` has what the plain way gave, in its own layout.
@@ -150,13 +176,14 @@ void SettlePolynomial(PolyNumbers& plain, bool (*settled)[2], const PolyNumbers&
             if (settled[i][part]) {
                 continue;
             }
+            const Magnitude carried =
+                part == 0 ? bounds[i].carried.real : bounds[i].carried.imaginary;
             const RealNumber* x = RealAt(wide.coefficients[i] + part * (pass.wide.limbs + 1));
             RealNumber* dest = RealAt(plain.coefficients[i] + part * (pass.narrow.limbs + 1));
-            const int64_t lacking = SettlePart(value, x, bounds[i], digits, pass);
+            const int64_t lacking = SettlePart(value, x, bounds[i], carried, digits, pass);
             pass.lacking = std::max(pass.lacking, lacking);
             settled[i][part] = lacking == 0;
-            const bool staysZero = RealIsZero(dest) && IsNoise(x, bounds[i], digits);
-            if (lacking == 0 && !staysZero) {
+            if (lacking == 0) {
                 RealLayoutScope layout;
                 InstallRealLayout(pass.narrow);
                 RealConvertLayout(dest, value, pass.wide);
@@ -201,13 +228,17 @@ PolyOutcome RefinePolynomials(PolyCalculation& calculation) {
     }
     const PolynomialBounds bounds = FindPolynomialBounds(calculation);
     SettledParts settled = {};
-    int64_t digits = WholeLimbDigits(calculation.digits + FirstPassDigits);
+    calculation.isKnown = true;
+    int64_t digits = WholeLimbDigits(
+        std::max(calculation.digits + FirstPassDigits, numberContext.precisionDigits));
     for (;;) {
         Pass pass = {.wide = LayoutForDigits(digits),
                      .narrow = CurrentRealLayout(),
                      .last = digits == MaxPrecisionDigits,
-                     .lacking = 0};
+                     .lacking = 0,
+                     .isKnown = true};
         const PolyOutcome outcome = RunPass(calculation, settled, bounds, pass);
+        calculation.isKnown = calculation.isKnown && pass.isKnown;
         if (outcome != PolyOutcome::Done || pass.lacking == 0) {
             return outcome;
         }

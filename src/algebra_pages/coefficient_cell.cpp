@@ -3,11 +3,53 @@
 #include <string_view>
 
 #include "core/limits.h"
+#include "core/number_setup.h"
+#include "core/real_add.h"
+#include "core/real_compare.h"
+#include "core/real_layout.h"
+#include "core/scratch.h"
 #include "core/text_flags.h"
 #include "formula/formula_evaluation.h"
 #include "values/value_operations.h"
 
 namespace tallymere {
+
+namespace {
+
+CellReading ReadWithDigits(uint64_t* value, const char16_t* text, int64_t digits) {
+    NumberSetup setup = CurrentNumberSetup();
+    setup.digits = digits;
+    const NumberSetupScope numbers(setup);
+    return ReadCoefficientCell(value, text);
+}
+
+// dest = a value of so many digits, in the layout in force; dest is another one.
+void WidenValue(uint64_t* dest, const uint64_t* value, int64_t digits) {
+    const RealLayout layout = LayoutForDigits(digits);
+    for (int64_t part = 0; part < ValueRealParts(); part++) {
+        RealConvertLayout(RealAt(dest + part * RealWords()),
+                          RealAt(value + part * (layout.limbs + 1)), layout);
+    }
+}
+
+// How far x may be off, which was `before` with fewer digits. Makes it 0 when it may be that.
+Magnitude ErrorOfReading(RealNumber* x, const RealNumber* before) {
+    if (RealCompare(x, before) == 0 || (RealIsSpecial(x) && !RealIsZero(x)) ||
+        (RealIsSpecial(before) && !RealIsZero(before))) {
+        return {};
+    }
+    ScratchStackScope scope;
+    RealNumber* distance = RealAt(scope.Take(RealWords()));
+    RealSub(distance, x, before);
+    const Magnitude error = MagnitudeOf(distance) * MakeMagnitude(2);
+    if (error < MagnitudeOf(x)) {
+        return error;
+    }
+    RealSetZero(x, 0);
+    return {};
+}
+
+}  // namespace
 
 CellReading ReadCoefficientCell(uint64_t* value, const char16_t* text) {
     ValueZero(value);
@@ -29,6 +71,39 @@ CellReading ReadCoefficientCell(uint64_t* value, const char16_t* text) {
     }
     return {evaluator.error == FormulaErrorAborted ? CellOutcome::Stopped : CellOutcome::Failed,
             static_cast<FormulaError>(evaluator.error), begin + evaluator.errorPosition};
+}
+
+CellReading ReadCellWithError(uint64_t* value, PartSizes* error, const char16_t* text,
+                              const CellDigits& digits) {
+    *error = {};
+    if (ValuesAreExact()) {
+        return ReadCoefficientCell(value, text);
+    }
+    ScratchStackScope scope;
+    const int64_t words = ValueRealParts() * RealWords();
+    uint64_t* narrow = scope.Take(words);
+    uint64_t* before = scope.Take(words);
+    const CellReading checked = ReadWithDigits(narrow, text, digits.checked);
+    if (checked.outcome != CellOutcome::Read) {
+        return checked;
+    }
+    const CellReading first = ReadWithDigits(narrow, text, digits.before);
+    const CellReading second = ReadCoefficientCell(value, text);
+    if (first.outcome == CellOutcome::Read && second.outcome == CellOutcome::Read) {
+        WidenValue(before, narrow, digits.before);
+        error->real = ErrorOfReading(RealAt(value), RealAt(before));
+        if (ValueRealParts() == 2) {
+            error->imaginary =
+                ErrorOfReading(RealAt(value + RealWords()), RealAt(before + RealWords()));
+        }
+        return second;
+    }
+    if (first.outcome == CellOutcome::Stopped || second.outcome == CellOutcome::Stopped) {
+        return first.outcome == CellOutcome::Stopped ? first : second;
+    }
+    ReadWithDigits(narrow, text, digits.checked);
+    WidenValue(value, narrow, digits.checked);
+    return checked;
 }
 
 }  // namespace tallymere

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "algebra/magnitude.h"
 #include "formula/formula_error.h"
 
 namespace tallymere {
@@ -25,5 +26,20 @@ struct CellReading {
 /// characters. `value` has room for one value and is 0 where nothing was read. Notes no CalcError;
 /// needs a ScratchStack.
 CellReading ReadCoefficientCell(uint64_t* value, const char16_t* text);
+
+/// The digits that a cell is read with, in real and cplx.
+struct CellDigits {
+    int64_t checked;  ///< what fails with these is what fails
+    int64_t before;   ///< more than these, and fewer than those in force
+};
+
+/// *value = the number that a cell means, with the digits in force, and *error = how far its parts
+/// may be off: 0 for one that is the same decimal number with `before` digits, or twice the
+/// distance of the two. A part that is no larger than its error is 0, such as that of 1/3*3-1. When
+/// the cell can be read with `checked` digits alone, it is that number, as an exact one. The result
+/// is that of reading with `checked` digits, or CellOutcome::Stopped. Exact types are read once.
+/// Otherwise as ReadCoefficientCell.
+CellReading ReadCellWithError(uint64_t* value, PartSizes* error, const char16_t* text,
+                              const CellDigits& digits);
 
 }  // namespace tallymere

@@ -1,17 +1,27 @@
 #include "algebra_pages/polynomial_run.h"
 
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
 #include "algebra_pages/coefficient_cell.h"
 #include "algebra_pages/equation_run.h"
 #include "algebra_pages/polynomial_names.h"
+#include "core/digit_text.h"
 #include "core/limits.h"
 #include "layout/decimal_text.h"
 #include "shell/scratch_text.h"
 #include "shell/ui_error.h"
 #include "shell/ui_message.h"
+#include "values/value_operations.h"
 
 namespace tallymere {
 
 namespace {
+
+// The digits that cells are read with, beyond those of PolynomialNumberSetup or of the longest
+// cell: with the first and the second one, and then with two neighbours after the other.
+constexpr int64_t ExtraDigits[] = {38, 76, 114, 266, 570, 1178};
 
 void RaiseUnreadCell(const CellReading& reading, int32_t polynomial, int32_t power) {
     const CoefficientLabel coefficient = LabelOfCoefficient(power);
@@ -33,13 +43,34 @@ void RaiseUnreadCell(const CellReading& reading, int32_t polynomial, int32_t pow
     SetUiError(UiErrorPolynomialCoefficient, coefficient.text, name.text, text);
 }
 
+// The most digits that are typed into one cell. Decimal numbers of so many are exact, and so are
+// their sums and products within a cell.
+int64_t MostTypedDigits(const PolynomialRequest& request) {
+    ScratchStackScope scope;
+    char16_t* text = TakeText(scope, CoefficientCharacters + 1);
+    int64_t most = 0;
+    for (int32_t k = 0; k < request.count; k++) {
+        for (int32_t power = request.maxDegree; power >= 0; power--) {
+            request.readCell(request.context, k, power, text);
+            const std::u16string_view cell = text;
+            most = std::max<int64_t>(most, std::count_if(cell.begin(), cell.end(), IsDecimalDigit));
+        }
+    }
+    return most;
+}
+
 // What is beyond the highest degree stays 0.
-void ReadPolynomial(PolyNumbers& numbers, const PolynomialRequest& request, int32_t polynomial) {
+void ReadPolynomial(PolyCalculation& calculation, const PolynomialRequest& request,
+                    int32_t polynomial, const CellDigits& digits) {
+    PolyNumbers& numbers = NextOperand(calculation);
+    PartSizes* errors = NextErrors(calculation);
     ScratchStackScope scope;
     char16_t* text = TakeText(scope, CoefficientCharacters + 1);
     for (int32_t power = request.maxDegree; power >= 0; power--) {
         request.readCell(request.context, polynomial, power, text);
-        RaiseUnreadCell(ReadCoefficientCell(numbers.coefficients[power], text), polynomial, power);
+        RaiseUnreadCell(
+            ReadCellWithError(numbers.coefficients[power], &errors[power], text, digits),
+            polynomial, power);
         if (RunShouldEnd()) {
             SetUiError(UiErrorStopped);
             return;
@@ -71,9 +102,10 @@ void RaiseOutcome(PolyOutcome outcome) {
     TakeCalcError(UiErrorCalculation);
 }
 
-void Calculate(PolyCalculation& calculation, const PolynomialRequest& request) {
+void Calculate(PolyCalculation& calculation, const PolynomialRequest& request,
+               const CellDigits& digits) {
     for (int32_t k = 0; k < request.count && PendingUiError() == UiErrorNone; k++) {
-        ReadPolynomial(NextOperand(calculation), request, k);
+        ReadPolynomial(calculation, request, k, digits);
         if (PendingUiError() == UiErrorNone) {
             RaiseOutcome(ApplyOperand(calculation));
         }
@@ -98,19 +130,33 @@ bool RunPolynomials(const PolynomialRequest& request, ResultStore& store, TakePo
     TALLYMERE_REQUIRE(TakesPolynomials(request.operation, request.count));
     TALLYMERE_REQUIRE(request.maxDegree >= 0 && request.maxDegree <= MaxPolyDegree);
     ClearPendingErrors();
-    const NumberSetupScope numbers(PolynomialNumberSetup(request));
+    NumberSetup setup = PolynomialNumberSetup(request);
+    const NumberSetupScope numbers(setup);
     EmptyResultStore(store);
     TakeCalcError(UiErrorCalculation);
     if (PendingUiError() != UiErrorNone) {
         return false;
     }
-    ScratchStackScope scope;
-    PolyCalculation calculation =
-        TakePolyCalculation(scope, request.operation, request.count, request.digits);
-    Calculate(calculation, request);
-    return PendingUiError() == UiErrorNone &&
-           PrintPolyResult(calculation, store, request.printFlags,
-                           PolyLineCapacity(request.printFlags), take, takeContext);
+    const int64_t checked = setup.digits;
+    const int64_t typed = std::max(checked, MostTypedDigits(request));
+    const auto withExtra = [&](size_t i) {
+        return ValuesAreExact() ? checked : std::min(typed + ExtraDigits[i], MaxPrecisionDigits);
+    };
+    for (size_t i = 1;; i++) {
+        setup.digits = withExtra(i);
+        const NumberSetupScope wide(setup);
+        ScratchStackScope scope;
+        PolyCalculation calculation =
+            TakePolyCalculation(scope, request.operation, request.count, request.digits);
+        Calculate(calculation, request, {.checked = checked, .before = withExtra(i - 1)});
+        if (PendingUiError() != UiErrorNone) {
+            return false;
+        }
+        if (calculation.isKnown || i + 1 == std::size(ExtraDigits)) {
+            return PrintPolyResult(calculation, store, request.printFlags,
+                                   PolyLineCapacity(request.printFlags), take, takeContext);
+        }
+    }
 }
 
 }  // namespace tallymere

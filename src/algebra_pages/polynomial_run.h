@@ -20,7 +20,8 @@ inline constexpr int32_t InitialPolyMaxDegree = 2;
 inline constexpr int32_t MinPolyDigits = MinChosenDigits;
 inline constexpr int32_t MaxPolyDigits = MaxChosenDigits;
 
-/// Digits that coefficients have beyond those of the result.
+/// Digits that coefficients must be readable with, beyond those of the result. They are read with
+/// more in the end.
 inline constexpr int64_t PolyGuardDigits = 3;
 
 struct PolynomialRequest {
@@ -32,7 +33,7 @@ struct PolynomialRequest {
     uint32_t printFlags;  ///< TextGroup for group separators in the result, else 0
     /// Writes the text of a cell and a 0 behind it: polynomial 0 to count - 1, power 0 to
     /// maxDegree. There is room for CoefficientCharacters + 1 characters and the 0; a longer text
-    /// is cut there.
+    /// is cut there. A cell may be read more than once.
     void (*readCell)(void* context, int32_t polynomial, int32_t power, char16_t* text);
     void* context;
 };
@@ -44,13 +45,21 @@ constexpr bool TakesPolynomials(PolyOperator operation, int32_t count) {
     return count >= MinPolynomials && count <= (takesTwo ? MinPolynomials : MaxPolynomials);
 }
 
-/// What a request is calculated with.
+/// What coefficients are checked with.
 NumberSetup PolynomialNumberSetup(const PolynomialRequest& request);
 
 /// Empties the store, reads the polynomials from the first one on, each from its highest power
 /// down, calculates, hands the result over as PrintPolyResult does and keeps its texts. Clears what
 /// was pending before. Runs under a number setup of its own, and needs a ScratchStack. True when
 /// the result may be taken into the grid; otherwise an error is pending.
+///
+/// Real and complex coefficients are read with 38 and 76 digits more than the check has, or than
+/// the longest cell has typed digits. A part with the same digits both times is exact, so that
+/// 1+1e-200 may be 1; of others the error is known, see ReadCellWithError, and what it covers in
+/// the result is 0. Where these errors leave open how a part of the result is rounded, all cells
+/// are read again, with up to 1,178 digits more. What is open then counts as the middle between two
+/// results. Degree, divisor 0 and exponent are those of the coefficients that were read so; an
+/// error is that of the first cell or step that has one.
 ///
 /// Errors: UiErrorPolynomialCoefficientTooLong and UiErrorPolynomialCoefficient with coefficient,
 /// polynomial and the text of the formula's error; UiErrorPolynomialDegree with MaxPolyDegree;

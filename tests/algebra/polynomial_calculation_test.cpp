@@ -110,14 +110,41 @@ TEST_F(PolynomialCalculation, TellsWhatIsBesideAMiddle) {
               "1.0002e0;2.0003e0;1.0002e0 rest -1.0002e0");
 }
 
-// What the rounded coefficients leave of sqrt(2) * sqrt(2) - 2 is 0 where the plain way makes it 0.
-TEST_F(PolynomialCalculation, KeepsTheZerosOfRoundedCoefficients) {
-    const std::string root = "1.414213562373";
-    EXPECT_EQ(Calculated(Times, {root + ";1", "-2;" + root}, 10), "-2.828427125e0;0;1.414213562e0");
-    EXPECT_EQ(Calculated(Divide, {"1;0;-2", "1;-" + root}, 10), "1e0;1.414213562e0 rest 0");
-    // But not where the plain way loses what is there.
-    EXPECT_EQ(CalculatedPlainly(Plus, {"1", "1e-11", "-1"}, 10), "0");
-    EXPECT_EQ(Calculated(Plus, {"1", "1e-11", "-1"}, 10), "1e-11");
+// What the rounded coefficients leave of sqrt(2) * sqrt(2) - 2 is 0.
+TEST_F(PolynomialCalculation, TakesWhatErrorsCoverForZero) {
+    ScratchStackScope scope;
+    PolyCalculation calculation = TakePolyCalculation(scope, Divide, 2, 10);
+    SetPolynomial(NextOperand(calculation), "1;0;-2");
+    EXPECT_EQ(ApplyOperand(calculation), PolyOutcome::Done);
+    SetPolynomial(NextOperand(calculation), "1;-1.414213562373");
+    NextErrors(calculation)[0].real = MakeMagnitude(1, -12);
+    EXPECT_EQ(ApplyOperand(calculation), PolyOutcome::Done);
+    EXPECT_EQ(RefinePolynomials(calculation), PolyOutcome::Done);
+    EXPECT_EQ(PolynomialText(calculation.result), "1e0;1.414213562e0");
+    EXPECT_EQ(PolynomialText(calculation.remainder), "0");
+    EXPECT_TRUE(calculation.isKnown);
+    calculation.digits = 13;
+    EXPECT_EQ(RefinePolynomials(calculation), PolyOutcome::Done);
+    EXPECT_FALSE(calculation.isKnown);
+    // Exact coefficients leave what is there.
+    EXPECT_EQ(CalculatedPlainly(Plus, {"1", "1e-13", "-1"}, 10), "0");
+    EXPECT_EQ(Calculated(Plus, {"1", "1e-13", "-1"}, 10), "1e-13");
+}
+
+// The dividend may be the middle 1.00015, or not.
+TEST_F(PolynomialCalculation, TellsWhatErrorsLeaveOpen) {
+    for (const int64_t order : {-14, -9}) {
+        ScratchStackScope scope;
+        PolyCalculation calculation = TakePolyCalculation(scope, Divide, 2, 5);
+        SetPolynomial(NextOperand(calculation), "1.0001499999");
+        NextErrors(calculation)[0].real = MakeMagnitude(1, order);
+        EXPECT_EQ(ApplyOperand(calculation), PolyOutcome::Done);
+        SetPolynomial(NextOperand(calculation), "1");
+        EXPECT_EQ(ApplyOperand(calculation), PolyOutcome::Done);
+        EXPECT_EQ(RefinePolynomials(calculation), PolyOutcome::Done);
+        EXPECT_EQ(calculation.isKnown, order == -14);
+        EXPECT_EQ(PolynomialText(calculation.result), order == -14 ? "1.0001e0" : "1.0002e0");
+    }
 }
 
 TEST_F(PolynomialCalculation, TakesCoefficientsOfAnySize) {

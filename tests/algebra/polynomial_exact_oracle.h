@@ -88,15 +88,6 @@ inline int DegreeOf(const ExactPoly& a) {
     return degree;
 }
 
-/// The sizes |x| + |y|.
-inline ExactPoly SizesOf(const ExactPoly& a) {
-    ExactPoly sizes;
-    for (size_t i = 0; i < a.size(); i++) {
-        sizes[i].re = abs(a[i].re) + abs(a[i].im);
-    }
-    return sizes;
-}
-
 /// The product, whose degree is at most MaxPolyDegree.
 inline ExactPoly ExactProduct(const ExactPoly& a, const ExactPoly& b) {
     ExactPoly product;
@@ -108,34 +99,24 @@ inline ExactPoly ExactProduct(const ExactPoly& a, const ExactPoly& b) {
     return product;
 }
 
-/// The result of a calculation, and the sum of the sizes of the terms that make up each
-/// coefficient.
+/// The result of a calculation, and the remainder of a quotient.
 struct ExactResult {
     ExactPoly result;
     ExactPoly remainder;
-    ExactPoly resultSizes;
-    ExactPoly remainderSizes;
 };
 
 inline void ExactDivision(ExactResult& exact, const ExactPoly& a, const ExactPoly& b) {
     const auto degree = static_cast<size_t>(DegreeOf(b));
-    const ExactPoly sizes = SizesOf(b);
     const ExactComplex highest = b[degree];
-    const mpq_class inverse =
-        sizes[degree].re / (highest.re * highest.re + highest.im * highest.im);
-    exact = {.result = {}, .remainder = a, .resultSizes = {}, .remainderSizes = SizesOf(a)};
+    exact = {.result = {}, .remainder = a};
     for (int k = DegreeOf(a); k >= static_cast<int>(degree); k--) {
         const auto at = static_cast<size_t>(k);
         const ExactComplex term = exact.remainder[at] / highest;
-        const mpq_class size = exact.remainderSizes[at].re * inverse;
         exact.result[at - degree] = term;
-        exact.resultSizes[at - degree].re = size;
         exact.remainder[at] = {};
-        exact.remainderSizes[at] = {};
         for (size_t j = 0; j < degree; j++) {
             ExactComplex& rest = exact.remainder[at - degree + j];
             rest = rest - b[j] * term;
-            exact.remainderSizes[at - degree + j].re += sizes[j].re * size;
         }
     }
 }
@@ -149,28 +130,22 @@ inline ExactResult ExactCalculation(const PolyCalculation& calculation) {
     }
     if (calculation.operation == PolyOperator::Power) {
         exact.result[0].re = 1;
-        exact.resultSizes[0].re = 1;
         for (uint64_t k = 0; k < calculation.exponent; k++) {
             exact.result = ExactProduct(exact.result, first);
-            exact.resultSizes = ExactProduct(exact.resultSizes, SizesOf(first));
         }
         return exact;
     }
     exact.result = first;
-    exact.resultSizes = SizesOf(first);
     for (int32_t k = 1; k < calculation.count; k++) {
         const ExactPoly operand = ExactOf(calculation.operands[k]);
-        const ExactPoly sizes = SizesOf(operand);
         if (calculation.operation == PolyOperator::Times) {
             exact.result = ExactProduct(exact.result, operand);
-            exact.resultSizes = ExactProduct(exact.resultSizes, sizes);
             continue;
         }
         for (size_t i = 0; i < operand.size(); i++) {
             exact.result[i] = calculation.operation == PolyOperator::Plus
                                   ? exact.result[i] + operand[i]
                                   : exact.result[i] - operand[i];
-            exact.resultSizes[i].re += sizes[i].re;
         }
     }
     return exact;

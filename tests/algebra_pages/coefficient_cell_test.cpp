@@ -114,6 +114,65 @@ TEST_F(CoefficientCell, NotesNoCodeOfTheArithmetic) {
     EXPECT_EQ(PendingUiError(), UiErrorNone);
 }
 
+// What a cell reads as with 10, 20 and 30 digits, and the errors of its parts.
+struct Inexact {
+    CellOutcome outcome;
+    std::u16string value;
+    PartSizes errors;
+};
+
+Inexact ReadThrice(const char16_t* text, NumberType type = NumberTypeComplex) {
+    const NumberSetupScope setup(
+        NumberSetup{.type = type, .digits = 30, .width = UintWidthForLimbs(2)});
+    ScratchStackScope scratch;
+    uint64_t* value = scratch.Take(static_cast<int64_t>(SizeOfNumber()) / BytesPerWord);
+    PartSizes errors;
+    const CellReading reading =
+        ReadCellWithError(value, &errors, text, {.checked = 10, .before = 20});
+    char16_t shown[100];
+    NumberToText(shown, 99, value, 0);
+    return {reading.outcome, shown, errors};
+}
+
+TEST_F(CoefficientCell, IsExactWhereTwoReadingsAreOneNumber) {
+    for (const char16_t* text : {u"1.2345678901234567", u"1/8", u"-7", u"", u"2^20"}) {
+        const Inexact cell = ReadThrice(text);
+        EXPECT_EQ(cell.outcome, CellOutcome::Read);
+        EXPECT_TRUE(IsZero(cell.errors.real));
+        EXPECT_TRUE(IsZero(cell.errors.imaginary));
+    }
+    EXPECT_EQ(ReadThrice(u"1.2345678901234567").value, u"1.2345678901234567");
+    EXPECT_EQ(ReadThrice(u"1/3", NumberTypeRational).value, u"1/3");
+}
+
+TEST_F(CoefficientCell, HasTheErrorOfEachPart) {
+    const Inexact cell = ReadThrice(u"1/3+2*i");
+    EXPECT_EQ(cell.value, u"0.333333333333333333333333333333+2i");
+    EXPECT_EQ(cell.errors.real.exponent, -21);
+    EXPECT_NEAR(cell.errors.real.mantissa, 6.67, 0.01);
+    EXPECT_TRUE(IsZero(cell.errors.imaginary));
+    const Inexact turned = ReadThrice(u"2+i*2/3");
+    EXPECT_TRUE(IsZero(turned.errors.real));
+    EXPECT_EQ(turned.errors.imaginary.exponent, -21);
+}
+
+TEST_F(CoefficientCell, IsZeroWithinItsError) {
+    const Inexact cell = ReadThrice(u"1/7*7-1+i", NumberTypeComplex);
+    EXPECT_EQ(cell.value, u"i");
+    EXPECT_TRUE(IsZero(cell.errors.real));
+    EXPECT_EQ(ReadThrice(u"1/3-0.3333333333333", NumberTypeReal).value.substr(0, 6), u"3.3333");
+}
+
+TEST_F(CoefficientCell, FailsWithTheFewestDigitsAlone) {
+    EXPECT_EQ(ReadThrice(u"1/(1+1e-15-1)", NumberTypeReal).outcome, CellOutcome::Failed);
+    const Inexact cell = ReadThrice(u"sqrt(1-1e-15-1)+2", NumberTypeReal);
+    EXPECT_EQ(cell.outcome, CellOutcome::Read);
+    EXPECT_EQ(cell.value, u"2");
+    EXPECT_TRUE(IsZero(cell.errors.real));
+    RequestStop();
+    EXPECT_EQ(ReadThrice(u"1/3").outcome, CellOutcome::Stopped);
+}
+
 TEST_F(CoefficientCell, EndsWithAStop) {
     RequestStop();
     EXPECT_EQ(Read(u"1+1").outcome, CellOutcome::Stopped);

@@ -41,17 +41,29 @@ private:
     CoreScratchCount count_;
 };
 
+// A long decimal number with equal parts.
+std::u16string LongCell() {
+    return u"1." + std::u16string(1000, u'7') + u"*(1+i)";
+}
+
 // Of so many full coefficients whether a part is 0 is not known before the most digits.
 TEST_F(PolynomialMemory, StaysWithinItsBounds) {
-    Run(PolyOperator::Times, 12, 1, NumberTypeComplex, u"sqrt(2)+i*sqrt(2)");
-    ExpectMostOfScratchStack("product of 12, cplx", 972'096);
+    Run(PolyOperator::Times, 12, 1, NumberTypeComplex, LongCell());
+    ExpectMostOfScratchStack("product of 12, cplx", 990'912);
     ExpectMostOfCoreScratch("product of 12, cplx", 25'344);
 }
 
 TEST_F(PolynomialMemory, StaysWithinItsBoundsForQuotients) {
-    Run(PolyOperator::Divide, 2, 20, NumberTypeComplex, u"sqrt(2)+i*sqrt(2)");
-    ExpectMostOfScratchStack("quotient, cplx", 236'416);
+    Run(PolyOperator::Divide, 2, 20, NumberTypeComplex, LongCell());
+    ExpectMostOfScratchStack("quotient, cplx", 241'792);
     ExpectMostOfCoreScratch("quotient, cplx", 12'840);
+}
+
+// The sum is a middle that no reading comes to.
+TEST_F(PolynomialMemory, StaysWithinItsBoundsForTheLastReading) {
+    Run(PolyOperator::Plus, 12, 20, NumberTypeComplex, u"(1+15e-1000)/12*(1+i)");
+    ExpectMostOfScratchStack("sum of 12, cplx", 662'592);
+    ExpectMostOfCoreScratch("sum of 12, cplx", 5'568);
 }
 
 TEST_F(PolynomialMemory, StaysWithinItsBoundsForFractions) {

@@ -161,6 +161,71 @@ TEST_F(PolynomialRun, RoundsToTheDigitsAskedFor) {
               u"P0(x) + P1(x) = b0\r\n\r\nb0 = 0." + std::u16string(999, u'6') + u"7\r\n");
 }
 
+TEST_F(PolynomialRun, RoundsTypedNumbersOnce) {
+    EXPECT_EQ(Run(Plus, {{u"1.00014999"}, {u"0"}}, {.digits = 5}),
+              Sends(u"P0(x) + P1(x) = b0\r\n\r\nb0 = 1.0001\r\n"));
+    EXPECT_EQ(Run(Minus, {{u"1.2345678901234567"}, {u"1.2345678901234"}}),
+              Sends(u"P0(x) - P1(x) = b0\r\n\r\nb0 = 5.67e-14\r\n"));
+    EXPECT_EQ(Run(Plus, {{u"1"}, {u"1e-12"}, {u"-1"}}),
+              Sends(u"P0(x) + P1(x) + P2(x) = b0\r\n\r\nb0 = 1e-12\r\n"));
+    // As many digits as a cell has room for.
+    const std::u16string ones(1000, u'1');
+    EXPECT_EQ(Run(Minus, {{u"1/9"}, {u"0." + ones}}),
+              Sends(u"P0(x) - P1(x) = b0\r\n\r\nb0 = 1.111111111e-1001\r\n"));
+}
+
+TEST_F(PolynomialRun, KeepsTheDigitsOfNumbersWithoutEnd) {
+    EXPECT_EQ(Run(Minus, {{u"1/3"}, {u"0.3333333333"}}),
+              Sends(u"P0(x) - P1(x) = b0\r\n\r\nb0 = 3.333333333e-11\r\n"));
+    EXPECT_EQ(Run(Minus, {{u"1/3+1e-60*i"}, {u"1/3"}}, {.type = NumberTypeComplex}),
+              Sends(u"P0(x) - P1(x) = b0\r\n\r\nb0 = (1e-60)i\r\n"));
+}
+
+TEST_F(PolynomialRun, TakesWhatErrorsCoverForZero) {
+    EXPECT_EQ(Run(Minus, {{u"1", u"1/3+1/7"}, {u"1", u"10/21"}}),
+              Sends(u"P0(x) - P1(x) = b0\r\n\r\nb0 = 0\r\n"));
+    EXPECT_EQ(Run(Divide, {{u"1", u"0", u"-5"}, {u"1", u"-sqrt(5)"}}),
+              Sends(u"P0(x) / P1(x) = b1*x + b0    Remainder    r0\r\n\r\n"
+                    u"b1 = 1\r\nb0 = 2.236067977\r\n\r\nr0 = 0\r\n"));
+    EXPECT_EQ(Run(Times, {{u"sqrt(2)", u"1"}, {u"sqrt(2)", u"-1"}}),
+              Sends(u"P0(x) * P1(x) = b2*x^2 + b1*x + b0\r\n\r\nb2 = 2\r\nb1 = 0\r\n"
+                    u"b0 = -1\r\n"));
+    EXPECT_EQ(Run(Plus, {{u"1/3*3-1", u"2"}, {u"1"}}),
+              Sends(u"P0(x) + P1(x) = b0\r\n\r\nb0 = 3\r\n"));
+}
+
+// Three times 0.33338333... is the middle 1.00015, to which no reading comes.
+TEST_F(PolynomialRun, TakesWhatErrorsLeaveOpenForTheMiddle) {
+    const std::vector<std::u16string> third = {u"1.00015/3"};
+    const std::vector<std::u16string> negative = {u"-1.00015/3"};
+    EXPECT_EQ(Run(Plus, {third, third, third}, {.digits = 5}).text,
+              u"P0(x) + P1(x) + P2(x) = b0\r\n\r\nb0 = 1.0002\r\n");
+    EXPECT_EQ(Run(Plus, {negative, negative, negative}, {.digits = 5}).text,
+              u"P0(x) + P1(x) + P2(x) = b0\r\n\r\nb0 = -1.0002\r\n");
+    // The last two readings have 578 and 1,186 digits.
+    for (const std::u16string seen : {u"-1e-60", u"-1e-150", u"-1e-500"}) {
+        EXPECT_EQ(Run(Plus, {third, third, third, {seen}}, {.digits = 5}).text,
+                  u"P0(x) + P1(x) + P2(x) + P3(x) = b0\r\n\r\nb0 = 1.0001\r\n");
+    }
+    EXPECT_EQ(Run(Plus, {third, third, third, {u"-1e-1300"}}, {.digits = 5}).text,
+              u"P0(x) + P1(x) + P2(x) + P3(x) = b0\r\n\r\nb0 = 1.0002\r\n");
+}
+
+// Middles that are made of an exact number and of one that is not.
+TEST_F(PolynomialRun, CarriesTheErrorOfEachOperand) {
+    const std::u16string third = u"1.00015/3";
+    EXPECT_EQ(Run(Plus, {{u"0"}, {third}, {third}, {third}}, {.digits = 5}).text,
+              u"P0(x) + P1(x) + P2(x) + P3(x) = b0\r\n\r\nb0 = 1.0002\r\n");
+    for (const Cells& factors : {Cells{{u"3"}, {third}}, Cells{{third}, {u"3"}}}) {
+        EXPECT_EQ(Run(Times, factors, {.digits = 5}).text,
+                  u"P0(x) * P1(x) = b0\r\n\r\nb0 = 1.0002\r\n");
+    }
+    EXPECT_EQ(Run(Divide, {{u"0.70003"}, {u"2/3"}}, {.digits = 6}).text,
+              u"P0(x) / P1(x) = b0    Remainder    r0\r\n\r\nb0 = 1.05005\r\n\r\nr0 = 0\r\n");
+    EXPECT_EQ(Run(Divide, {{third}, {u"1/3"}}, {.digits = 5}).text,
+              u"P0(x) / P1(x) = b0    Remainder    r0\r\n\r\nb0 = 1.0002\r\n\r\nr0 = 0\r\n");
+}
+
 TEST_F(PolynomialRun, WritesExponentsBeyondItsWindow) {
     EXPECT_EQ(Run(Plus, {{u"1000000000", u"10000000000", u"0.001", u"0.0001"}, {u"0"}}),
               Sends(u"P0(x) + P1(x) = b3*x^3 + b2*x^2 + b1*x + b0\r\n\r\n"
@@ -175,16 +240,17 @@ TEST_F(PolynomialRun, GroupsDigitsWhenAsked) {
               Sends(u"P0(x) + P1(x) = b0\r\n\r\nb0 = 1234567\r\n"));
 }
 
+// The first round counts the digits of the cells.
 TEST_F(PolynomialRun, ReadsFromTheHighestDegreeDown) {
     Run(Plus, {{u"1", u"2"}, {u"3", u"4"}});
-    EXPECT_EQ(readCells, "P0a1 P0a0 P1a1 P1a0 ");
+    EXPECT_EQ(readCells, "P0a1 P0a0 P1a1 P1a0 P0a1 P0a0 P1a1 P1a0 ");
 }
 
 // Cells above the highest degree may still have a text; it does not count.
 TEST_F(PolynomialRun, PassesOverCellsAboveTheHighestDegree) {
     EXPECT_EQ(Run(Plus, {{u"7", u"1+", u"3", u"4"}, {u"1"}}, {.maxDegree = 1}),
               Sends(u"P0(x) + P1(x) = b1*x + b0\r\n\r\nb1 = 3\r\nb0 = 5\r\n"));
-    EXPECT_EQ(readCells, "P0a1 P0a0 P1a1 P1a0 ");
+    EXPECT_EQ(readCells, "P0a1 P0a0 P1a1 P1a0 P0a1 P0a0 P1a1 P1a0 ");
 }
 
 TEST_F(PolynomialRun, NamesACellThatItCannotRead) {
@@ -223,7 +289,21 @@ TEST_F(PolynomialRun, RefusesWhatIsNoExponent) {
     }
 }
 
+TEST_F(PolynomialRun, TakesTheExponentThatItsErrorCovers) {
+    EXPECT_EQ(Run(Power, {{u"1", u"1"}, {u"3*(1/3)"}}),
+              Sends(u"P0(x) ^ 1 = b1*x + b0\r\n\r\nb1 = 1\r\nb0 = 1\r\n"));
+    EXPECT_EQ(Run(Power, {{u"1", u"1"}, {u"1/3*3-1", u"sqrt(4/9)*3"}}),
+              Sends(u"P0(x) ^ 2 = b2*x^2 + b1*x + b0\r\n\r\nb2 = 1\r\nb1 = 2\r\nb0 = 1\r\n"));
+    for (const std::u16string exponent : {u"3.0000000001", u"3*(1/3)+1e-40"}) {
+        ExpectError(Power, {{u"1", u"1"}, {exponent}}, UiErrorPolynomialNotInteger, u"P1(x)|20|?",
+                    {.digits = 5});
+    }
+}
+
 TEST_F(PolynomialRun, RefusesToDivideByZero) {
+    ExpectError(Divide, {{u"1"}, {u"1/3*3-1"}}, UiErrorDivisionByZero, u"?|?|?");
+    EXPECT_EQ(Run(Divide, {{u"1"}, {u"1/3-0.33333333333333333333"}}).text,
+              u"P0(x) / P1(x) = b0    Remainder    r0\r\n\r\nb0 = 3e+20\r\n\r\nr0 = 0\r\n");
     ExpectError(Divide, {{u"1", u"1"}, {u"", u"0"}}, UiErrorDivisionByZero, u"?|?|?");
 }
 
