@@ -76,6 +76,12 @@ inline constexpr int64_t RoundingNoiseDigits = 19;
 /// spare. Its condition decides that, and no bound is promised here; a caller may tell it by a
 /// second run with more digits.
 ///
+/// The caller chooses a precision for which this holds. Rounding errors grow with the largest
+/// coefficient, and have to stay below 10^-digits. Magnitudes of candidates that are not equal have
+/// to differ in front of the last RoundingNoiseDigits digits; in cplx two moduli may be the same in
+/// twice as many digits as the parts have. A coefficient that is cut to the precision stands for
+/// the number that is left of it.
+///
 /// Codes: those of the operations, CalcErrorOverflow among them. uint has no quotients, so that
 /// CalcErrorUnknownType comes with the first one. A code that was noted before is cleared.
 LinearOutcome SolveLinearSystem(LinearSystem& system, LinearSolution& solution, int64_t digits);

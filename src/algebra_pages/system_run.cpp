@@ -1,5 +1,6 @@
 #include "algebra_pages/system_run.h"
 
+#include <algorithm>
 #include <iterator>
 #include <string_view>
 #include <utility>
@@ -24,7 +25,9 @@ namespace {
 // The digits that the runs behind the first one have beyond those of SystemNumberSetup. With the
 // last ones every number that a cell has room for is read with all its digits.
 constexpr int64_t ExtraDigits[] = {38, 114, 266, 570, 1178};
-static_assert(ExtraDigits[std::size(ExtraDigits) - 1] > CoefficientCharacters);
+constexpr int64_t MostExtraDigits = ExtraDigits[std::size(ExtraDigits) - 1];
+static_assert(ExtraDigits[0] == 2 * RoundingNoiseDigits);
+static_assert(MostExtraDigits > CoefficientCharacters);
 
 // Characters of the sentence about parameters, in every language.
 constexpr int64_t SentenceCharacters = 200;
@@ -36,10 +39,18 @@ enum class RunEnding {
     Stopped,
 };
 
+// The decimal places that the coefficients take up together, none counted beyond MostExtraDigits.
+struct CoefficientPlaces {
+    int64_t characters;  // of the longest cell, which is as many digits as one can have
+    int64_t above;       // from the unit to the first digit of the largest coefficient
+    int64_t below;       // from the unit to the first digit of the smallest one that is not 0
+};
+
 // What one run leaves behind: all of its lines, or the cell that it could not read.
 struct RunText {
     TextSink text;
     bool lineWasCut;
+    CoefficientPlaces places;
     CellReading reading;
     int32_t row;
     int32_t column;
@@ -47,7 +58,7 @@ struct RunText {
 
 RunText TakeRunText(ScratchScope& scope, int32_t count) {
     const int64_t capacity = count * SystemLineCharacters + SentenceCharacters;
-    return {{0, capacity, TakeText(scope, capacity)}, false, {}, 0, 0};
+    return {{0, capacity, TakeText(scope, capacity)}, false, {}, {}, 0, 0};
 }
 
 std::u16string_view TextOf(const RunText& run) {
@@ -82,6 +93,19 @@ void RaiseEnding(const RunText& run, RunEnding ending, int32_t count) {
     }
 }
 
+void TakePlacesOf(CoefficientPlaces& places, const char16_t* text, uint64_t* value) {
+    places.characters = std::max(places.characters, std::ssize(std::u16string_view(text)));
+    for (int64_t part = 0; part < ValueRealParts(); part++) {
+        const RealNumber* real = RealAt(value + part * RealWords());
+        if (!RealIsZero(real)) {
+            const int64_t exponent =
+                std::clamp(RealExponent(real), -MostExtraDigits, MostExtraDigits);
+            places.above = std::max(places.above, exponent);
+            places.below = std::max(places.below, -exponent);
+        }
+    }
+}
+
 RunEnding ReadSystem(RunText& run, const LinearSystem& system, const SystemRequest& request) {
     ScratchStackScope scope;
     char16_t* text = TakeText(scope, CoefficientCharacters + 1);
@@ -95,6 +119,7 @@ RunEnding ReadSystem(RunText& run, const LinearSystem& system, const SystemReque
             if (run.reading.outcome != CellOutcome::Read) {
                 return RunEnding::CellNotRead;
             }
+            TakePlacesOf(run.places, text, SystemValue(system, run.row, run.column));
         }
     }
     return RunEnding::Shown;
@@ -141,6 +166,7 @@ void WriteSolution(RunText& run, const LinearSolution& solution, uint32_t flags)
 RunEnding SolveOnce(RunText& run, const SystemRequest& request) {
     run.text.count = 0;
     run.lineWasCut = false;
+    run.places = {};
     ScratchStackScope scope;
     LinearSystem system = TakeLinearSystem(CurrentScratchStack(), request.count);
     const RunEnding reading = ReadSystem(run, system, request);
@@ -164,12 +190,28 @@ RunEnding SolveOnce(RunText& run, const SystemRequest& request) {
     return RunEnding::Shown;
 }
 
+// The least digits that a second run has beyond those of SystemNumberSetup. Seen as integers over a
+// common power of ten, typed coefficients have as many digits as their places; what the elimination
+// finds is a quotient of determinants, of `count` times as many. So much is carried that a value
+// which is not 0 does not come out as one, that what is left of a 0 is below 10^-digits, and that
+// different candidates for a pivot differ in front of the noise. Moduli are compared by their
+// squares, which have twice the digits.
+int64_t LeastExtraDigits(const CoefficientPlaces& places, const SystemRequest& request) {
+    const int64_t digits = places.characters + places.above + places.below;
+    return 2 * RoundingNoiseDigits +
+           (request.type == NumberTypeComplex ? 2 : 1) * request.count * digits;
+}
+
 // Solves the system with more and more digits until the text of two runs is the same. `shown` has
 // the text of the first run, and then that of the last one that succeeded. False after a stop.
 bool SolveUntilDigitsAgree(RunText& shown, RunText& next, const SystemRequest& request) {
     NumberSetup setup = SystemNumberSetup(request);
     const int64_t digits = setup.digits;
+    const int64_t least = std::min(LeastExtraDigits(shown.places, request), MostExtraDigits);
     for (const int64_t extra : ExtraDigits) {
+        if (extra < least) {
+            continue;
+        }
         setup.digits = digits + extra;
         const NumberSetupScope numbers(setup);
         const SilentCodesScope silence;

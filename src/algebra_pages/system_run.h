@@ -47,9 +47,12 @@ NumberSetup SystemNumberSetup(const SystemRequest& request);
 ///
 /// Real and complex systems are solved with the digits of SystemNumberSetup, and then with more,
 /// until two runs show the same text, which is then right to the last digit, also for systems of
-/// bad condition. algebra/linear_system.h says what is taken for 0. Where no two runs agree, the
-/// text of the last one is handed over. An error of the first run is that of the request; a later
-/// run that fails where the first did not changes nothing.
+/// bad condition. So that no two runs agree on rounding errors, the second one has the more digits
+/// beyond, the longer the cells are, the further the sizes of coefficients are from 1 and from each
+/// other, and the more equations there are; they are 38 at least and 1,178 at most, which do for
+/// coefficients up to about 10^1000. algebra/linear_system.h says what is taken for 0. Where no two
+/// runs agree, the text of the last one is handed over. An error of the first run is that of the
+/// request; a later run that fails where the first did not changes nothing.
 void RunSystem(const SystemRequest& request, TakeSystemText take, void* takeContext);
 
 }  // namespace tallymere

@@ -208,6 +208,63 @@ protected:
         return cells;
     }
 
+    // Multiples of one row.
+    template <typename MakeCell>
+    Cells Multiples(int64_t count, MakeCell make) {
+        Cells cells = Filled(count, make);
+        for (std::vector<Cell>& row : cells) {
+            const mpq_class factor = mpq_class(random_.Between(1, 99));
+            for (size_t j = 0; j < row.size(); j++) {
+                const ExactNumber& first = cells[0][j].value;
+                row[j] = CellOf({factor * first.re, factor * first.im});
+            }
+        }
+        return cells;
+    }
+
+    // 10^exponent.
+    static ExactNumber Power(int64_t exponent) {
+        mpz_class power;
+        mpz_ui_pow_ui(power.get_mpz_t(), 10, static_cast<unsigned long>(exponent));
+        return {mpq_class(power), 0};
+    }
+
+    static Cells Scaled(Cells cells, int64_t exponent) {
+        const mpq_class power = Power(exponent).re;
+        for (std::vector<Cell>& row : cells) {
+            for (Cell& cell : row) {
+                cell.text = "(" + cell.text + ")*1e" + std::to_string(exponent);
+                cell.value = {cell.value.re * power, cell.value.im * power};
+            }
+        }
+        return cells;
+    }
+
+    // A number from 0.1 to 1 with one digit more than so many, which is a 5.
+    mpq_class Tie(int64_t digits) {
+        mpz_class tie = random_.Between(1, 9);
+        for (int64_t i = 1; i < digits; i++) {
+            tie = tie * 10 + random_.Between(0, 9);
+        }
+        mpq_class value(mpz_class(tie * 10 + 5), Power(digits + 1).re.get_num());
+        value.canonicalize();
+        return value;
+    }
+
+    // The coefficients, with right sides so that these are the unknowns.
+    static Cells SolvedBy(Cells cells, const std::vector<ExactNumber>& unknowns) {
+        for (std::vector<Cell>& row : cells) {
+            ExactNumber sum;
+            for (size_t j = 0; j < unknowns.size(); j++) {
+                const ExactNumber& a = row[j].value;
+                const ExactNumber& x = unknowns[j];
+                sum = {sum.re + a.re * x.re - a.im * x.im, sum.im + a.re * x.im + a.im * x.re};
+            }
+            row.back() = CellOf(sum);
+        }
+        return cells;
+    }
+
     int64_t AnyDigits() {
         constexpr int64_t Choices[] = {5, 6, 10, 10, 17, 38, 100};
         return Choices[random_.Below(std::size(Choices))];
@@ -427,23 +484,81 @@ TEST_F(SystemRunOracle, SolvesHilbertSystems) {
 
 // Unknowns that lie exactly between two numbers of so many digits.
 TEST_F(SystemRunOracle, RoundsTiesAwayFromZero) {
-    for (int round = 0; round < TestRounds(100); round++) {
-        const int64_t count = random_.Between(2, 6);
-        Cells cells = Filled(count, [&] { return Fraction(9); });
-        std::vector<mpq_class> unknowns;
-        for (int64_t i = 0; i < count; i++) {
-            mpq_class tie(random_.Between(10'000, 99'999) * 10 + 5, 100'000);
-            tie.canonicalize();
-            unknowns.push_back(tie);
+    const auto checkTies = [&](const Cells& coefficients, NumberType type, int64_t digits) {
+        std::vector<ExactNumber> unknowns;
+        for (size_t i = 0; i < coefficients.size(); i++) {
+            unknowns.push_back(
+                {Tie(digits), type == NumberTypeComplex ? Tie(digits) : mpq_class(0)});
         }
-        for (std::vector<Cell>& row : cells) {
-            mpq_class sum = 0;
-            for (size_t j = 0; j < unknowns.size(); j++) {
-                sum += row[j].value.re * unknowns[j];
+        Check(SolvedBy(coefficients, unknowns), type, digits);
+    };
+    for (int round = 0; round < TestRounds(60); round++) {
+        for (const int64_t digits : {5, 10, 100}) {
+            const int64_t count = random_.Between(2, 6);
+            checkTies(Filled(count, [&] { return Fraction(9); }), NumberTypeReal, digits);
+            checkTies(Filled(count, [&] { return Complex(9); }), NumberTypeComplex, digits);
+        }
+    }
+}
+
+// The bound below which a value is 0 is absolute, so rounding errors grow past it together with the
+// coefficients.
+TEST_F(SystemRunOracle, FindsParametersBesideLargeCoefficients) {
+    constexpr int64_t Exponents[] = {15, 30, 37, 38, 39, 40, 41, 60, 100, 300, 1000};
+    int withParameters = 0;
+    for (int round = 0; round < TestRounds(10); round++) {
+        for (const int64_t exponent : Exponents) {
+            const int64_t count = random_.Between(2, 6);
+            const int64_t rank = random_.Between(1, count - 1);
+            const auto check = [&](const Cells& cells, NumberType type) {
+                const std::string text = Check(Scaled(cells, exponent), type, AnyDigits());
+                withParameters += text.find("freely") != text.npos ? 1 : 0;
+            };
+            check(Deficient(count, rank, [&] { return Whole(99); }), NumberTypeReal);
+            check(Deficient(count, rank, [&] { return Fraction(9); }), NumberTypeReal);
+            check(Deficient(count, rank, [&] { return Complex(9); }), NumberTypeComplex);
+            check(Multiples(count, [&] { return Whole(99); }), NumberTypeReal);
+        }
+    }
+    EXPECT_GT(withParameters, TestRounds(10) * std::ssize(Exponents));
+}
+
+// Two rows that are the same but for one digit far behind, or quite the same.
+TEST_F(SystemRunOracle, SeesADifferenceInAnyDigit) {
+    for (int round = 0; round < TestRounds(60); round++) {
+        const int64_t place = random_.Between(30, 200);
+        const int64_t count = random_.Between(2, 4);
+        for (const bool isComplex : {false, true}) {
+            Cells cells = Filled(count, [&] { return isComplex ? Complex(9) : Whole(9); });
+            cells[0][1] = CellOf(Power(place));
+            cells[1] = cells[0];
+            const ExactNumber difference = {isComplex ? 0 : 1, isComplex ? 1 : 0};
+            if (random_.Below(4) != 0) {
+                cells[1][1] = CellOf({cells[0][1].value.re + difference.re, difference.im});
             }
-            row.back() = CellOf({sum, 0});
+            if (random_.Below(2) != 0) {
+                cells[1].back() = CellOf({cells[0].back().value.re + 2, 0});
+            }
+            Check(cells, isComplex ? NumberTypeComplex : NumberTypeReal, AnyDigits());
         }
-        Check(cells, NumberTypeReal, 5);
+    }
+}
+
+// The row with the largest coefficient goes first, which decides what is unsolvable.
+TEST_F(SystemRunOracle, TellsCandidatesApartByAnyDigit) {
+    for (int round = 0; round < TestRounds(100); round++) {
+        const ExactNumber power = Power(random_.Between(12, 60));
+        const auto candidate = [&](int64_t re, int64_t im) {
+            return CellOf({power.re + random_.Between(-re, re), random_.Between(-im, im)});
+        };
+        for (const bool isComplex : {false, true}) {
+            Cells cells = Filled(3, [&] { return Whole(2); });
+            for (std::vector<Cell>& row : cells) {
+                row[0] = isComplex ? candidate(0, 3) : candidate(1, 0);
+                row[1] = random_.Below(2) == 0 ? row[0] : CellOf(power);
+            }
+            Check(cells, isComplex ? NumberTypeComplex : NumberTypeReal, AnyDigits());
+        }
     }
 }
 

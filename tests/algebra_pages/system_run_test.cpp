@@ -174,6 +174,40 @@ TEST_F(SystemRun, ShowsRightDigitsOfSystemsOfBadCondition) {
         "selectable.\n");
 }
 
+// Coefficients whose rounding errors are above 10^-digits, also with 38 digits more.
+TEST_F(SystemRun, TakesNoRoundingErrorOfALargeCoefficientForAValue) {
+    EXPECT_EQ(ShownSystem({{"3e40", "7e40", "1e40"}, {"9e40", "21e40", "3e40"}}, NumberTypeReal),
+              "x1 = 0.3333333333-2.333333333*r\nx2 = r\n\nThe parameter variable r is freely "
+              "selectable.\n");
+    EXPECT_EQ(
+        ShownSystem({{"81e38", "1e38", "37e38"}, {"7209e38", "89e38", "3293e38"}}, NumberTypeReal)
+            .substr(0, 40),
+        "x1 = 0.4567901235-0.01234567901*r\nx2 = r");
+}
+
+// Numbers that all runs with too few digits would cut alike.
+TEST_F(SystemRun, ReadsTheLastDigitOfALongNumber) {
+    const std::string longest = "1" + std::string(59, '0') + "1";
+    EXPECT_EQ(ShownSystem({{"1", "1e60", "1"}, {"1", longest, "3"}}, NumberTypeReal),
+              "x1 = -2e+60\nx2 = 2\n");
+    EXPECT_EQ(ShownSystem({{"1", "1e60", "0", "1"}, {"1", "1", "0", "1"}, {"1", "0", "1", "2"}},
+                          NumberTypeReal),
+              "x1 = 1\nx2 = 0\nx3 = 1\n");
+}
+
+// The moduli 10^14 and |10^14 + i| differ in their digit 29. With the second row in front, all
+// other rows are multiples of one.
+TEST_F(SystemRun, TellsModuliApart) {
+    for (const int64_t digits : {5, 6, 7, 10}) {
+        EXPECT_EQ(ShownSystem({{"1e14", "1e14", "1", "0"},
+                               {"1e14+i", "1e14+i", "2", "1"},
+                               {"5e13", "5e13", "1/2", "0"}},
+                              NumberTypeComplex, digits)
+                      .substr(0, 23),
+                  "x1 = -r\nx2 = r\nx3 = 1\n\n");
+    }
+}
+
 // What the first run refuses is refused, even where more digits would help.
 TEST_F(SystemRun, FailsWhereTheFirstRunFails) {
     EXPECT_EQ(ShownSystem({{"1/(10^15+1-10^15)", "0", "1"}, {"0", "1", "1"}}, NumberTypeReal)
@@ -207,6 +241,40 @@ TEST_F(SystemRun, ShowsTheLastRunWhereNoTwoAgree) {
 TEST_F(SystemRun, EndsAtAStop) {
     RequestStop();
     EXPECT_EQ(ShownSystem({{"1", "1", "2"}, {"1", "-1", "0"}}, NumberTypeReal), "error 9003");
+}
+
+// A stop at each cell of the first run, and of the second one.
+TEST_F(SystemRun, EndsAtAStopInAnyRun) {
+    struct Reader {
+        int reads;
+        int stopsAt;
+    };
+    constexpr int Cells = 6;
+    for (int stopsAt = 1; stopsAt <= 2 * Cells; stopsAt++) {
+        SCOPED_TRACE(stopsAt);
+        ClearErrors();
+        ClearStopRequest();
+        Reader reader = {0, stopsAt};
+        const SystemRequest request = {.count = 2,
+                                       .type = NumberTypeReal,
+                                       .digits = 10,
+                                       .grouped = false,
+                                       .readCell =
+                                           [](void* context, int32_t, int32_t, char16_t* text) {
+                                               auto& state = *static_cast<Reader*>(context);
+                                               state.reads++;
+                                               if (state.reads == state.stopsAt) {
+                                                   RequestStop();
+                                               }
+                                               text[0] = u'1';
+                                               text[1] = 0;
+                                           },
+                                       .context = &reader};
+        RunSystem(
+            request, [](void*, const char16_t*) { ADD_FAILURE() << "a result"; }, nullptr);
+        EXPECT_EQ(uiError.code, UiErrorStopped);
+        EXPECT_EQ(reader.reads, stopsAt);
+    }
 }
 
 TEST_F(SystemRun, LeavesTheNumberSetupAsItWas) {
