@@ -91,8 +91,7 @@ bool ReadBlocks(CsvReader& reader, std::FILE* file) {
     return std::ferror(file) == 0;
 }
 
-// A file that ends in its first line has no count of equations. An error is pending at the end
-// where there is one.
+// An error is pending at the end where there is one.
 void ReadCells(SystemCells& cells, const std::string& path) {
     const OpenedFile opened = OpenFileForReading(path);
     if (opened.file == nullptr) {
@@ -103,7 +102,7 @@ void ReadCells(SystemCells& cells, const std::string& path) {
     CsvReader reader = {.receiver = ReceiverOf(cells)};
     if (!ReadBlocks(reader, opened.file)) {
         SetUiError(UiErrorFileAccess, PathText(path).c_str());
-    } else if (cells.count == 0 && !StopRequested()) {
+    } else if (!StopRequested() && EndCsv(reader) == CsvProgress::WrongCount) {
         RaiseEquationCount();
     }
     std::fclose(opened.file);

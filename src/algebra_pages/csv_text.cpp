@@ -92,6 +92,13 @@ CsvProgress ReadCsvBytes(CsvReader& reader, const uint8_t* bytes, int64_t count)
     return reader.progress;
 }
 
+CsvProgress EndCsv(CsvReader& reader) {
+    if (reader.progress == CsvProgress::FirstLine) {
+        reader.progress = CsvProgress::WrongCount;
+    }
+    return reader.progress;
+}
+
 void RaiseEquationCount() {
     SetUiError(UiErrorEquationCount, DecimalTextOf(MaxEquationCount).text);
 }

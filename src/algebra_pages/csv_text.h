@@ -58,6 +58,10 @@ struct CsvReader {
 /// longer than CoefficientCharacters is cut to them and ends in an ellipsis.
 CsvProgress ReadCsvBytes(CsvReader& reader, const uint8_t* bytes, int64_t count);
 
+/// To be called once behind the last bytes of a file: one that ends in its first line has no count
+/// of equations, which is CsvProgress::WrongCount.
+CsvProgress EndCsv(CsvReader& reader);
+
 /// Leaves UiErrorEquationCount with MaxEquationCount pending, as a file with WrongCount deserves.
 void RaiseEquationCount();
 

@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "shell/ui_error.h"
+
 namespace tallymere {
 namespace {
 
@@ -118,10 +120,31 @@ TEST(CsvText, RefusesOtherCountsThan2To25) {
     }
 }
 
-TEST(CsvText, TakesNothingFromAFileThatEndsInItsFirstLine) {
+CsvProgress EndOf(const std::string& file) {
+    FileRead read;
+    CsvReader reader = ReaderInto(read);
+    ReadCsvBytes(reader, reinterpret_cast<const uint8_t*>(file.data()),
+                 static_cast<int64_t>(file.size()));
+    const CsvProgress end = EndCsv(reader);
+    EXPECT_EQ(end, reader.progress);
+    return end;
+}
+
+TEST(CsvText, RefusesAFileThatEndsInItsFirstLine) {
     for (const char* file : {"", "a1;a2;b", "a1;a2;b\r"}) {
         EXPECT_EQ(ReadFile(file), FileRead{}) << file;
+        EXPECT_EQ(EndOf(file), CsvProgress::WrongCount) << file;
     }
+    EXPECT_EQ(EndOf(";\n"), CsvProgress::WrongCount);
+    EXPECT_EQ(EndOf(";;\n"), CsvProgress::Cells);
+    EXPECT_EQ(EndOf(";;\n;;\n;;\n"), CsvProgress::Complete);
+}
+
+TEST(CsvText, NamesTheHighestCountInItsError) {
+    RaiseEquationCount();
+    EXPECT_EQ(PendingUiError(), UiErrorEquationCount);
+    EXPECT_EQ(std::u16string(uiError.arg1), u"25");
+    ClearErrors();
 }
 
 TEST(CsvText, RefusesAFirstLineThatHasNoEnd) {

@@ -100,7 +100,7 @@ TEST_F(CsvFileTest, SaysThatAFileCannotBeRead) {
 }
 
 TEST_F(CsvFileTest, RefusesAWrongCount) {
-    for (const std::string bytes : {"a1;b\r\n1;2\r\n", "no table at all\n"}) {
+    for (const std::string bytes : {"a1;b\r\n1;2\r\n", "no table at all\n", "a1;a2;b", ""}) {
         PutBytes(file, bytes);
         Read(file);
         ExpectError(UiErrorEquationCount, "25");

@@ -173,7 +173,8 @@ TEST_F(SystemFilesTest, ARefusedFileChangesNothing) {
     EXPECT_TRUE(answer.text.starts_with("Error when accessing file \"" + folder.string() + "\" !"));
     // It ends within its first line.
     LoadBytes("a1;a2;b");
-    EXPECT_EQ(answer.boxes, 3);
+    EXPECT_EQ(answer.boxes, 4);
+    EXPECT_EQ(answer.text, "The number of equation variables has to be between 2 und 25!");
     EXPECT_EQ(Cells(), cells);
     EXPECT_EQ(Output(), output);
     EXPECT_EQ(NumberOf(SystemCount), u"2");

@@ -96,11 +96,11 @@ void ReadCsvFile(const char16_t* path, const CsvReceiver& receiver) {
             return;
         }
         ReadCsvBytes(reader, block, read);
-        if (reader.progress == CsvProgress::WrongCount) {
-            RaiseEquationCount();
-            return;
-        }
-    } while (read > 0 && reader.progress != CsvProgress::Complete);
+    } while (read > 0 && reader.progress != CsvProgress::Complete &&
+             reader.progress != CsvProgress::WrongCount);
+    if (EndCsv(reader) == CsvProgress::WrongCount) {
+        RaiseEquationCount();
+    }
 }
 
 void WriteCsvFile(const char16_t* path, int32_t count, CsvCellText cellText) {
