@@ -1,5 +1,6 @@
 #include "shell/beside_path.h"
 
+#include <algorithm>
 #include <iterator>
 #include <string_view>
 
@@ -19,12 +20,26 @@ void Append(TextWriter& writer, std::u16string_view text) {
     WriteChars(writer, text.data(), std::ssize(text));
 }
 
+size_t LengthOfFolder(std::u16string_view path) {
+    return path.find_last_of(u"\\/:") + 1;
+}
+
+char16_t InLowerCase(char16_t c) {
+    return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c - u'A' + u'a') : c;
+}
+
 }  // namespace
+
+bool NamesBesideFile(std::u16string_view path) {
+    std::u16string_view name = path.substr(LengthOfFolder(path));
+    name = name.substr(0, name.find_last_not_of(u". ") + 1);
+    return std::ranges::equal(name, Name, {}, InLowerCase);
+}
 
 void FormatBesidePath(char16_t (&beside)[BesidePathCapacity + 1], const char16_t* path) {
     const std::u16string_view whole = path;
     TALLYMERE_REQUIRE(std::ssize(whole) <= PathCapacity);
-    std::u16string_view folder = whole.substr(0, whole.find_last_of(u"\\/:") + 1);
+    std::u16string_view folder = whole.substr(0, LengthOfFolder(whole));
     TextWriter writer = {0, BesidePathCapacity, beside};
     if (std::ssize(folder) + std::ssize(Name) > PathCapacity) {
         const bool isShare = folder.starts_with(u"\\\\");

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "core/limits.h"
 
@@ -16,6 +17,10 @@ inline constexpr char16_t BesideName[] = u"~tallymere.new";
 inline constexpr char16_t VerbatimDrive[] = u"\\\\?\\";
 inline constexpr char16_t VerbatimShare[] = u"\\\\?\\UNC";
 inline constexpr int64_t BesidePathCapacity = PathCapacity + 21;
+
+/// True when the name at the end of a path means the file beside, whose old content could not be
+/// kept: letters count alike in both cases, and Windows drops dots and spaces behind a name.
+bool NamesBesideFile(std::u16string_view path);
 
 /// beside = the file in the folder of `path`, which has at most PathCapacity characters and ends
 /// with a 0. Only a path that begins with a drive or a share can become longer than PathCapacity.

@@ -20,6 +20,17 @@ std::u16string LongPath(const std::u16string& begin, int64_t characters) {
     return begin + std::u16string(letters, u'x') + u"\\y";
 }
 
+TEST(BesidePath, KnowsItsOwnName) {
+    for (const char16_t* path : {u"~tallymere.new", u"C:\\data\\~TALLYMERE.New",
+                                 u"C:~tallymere.new", u"C:/data/~tallymere.new. ."}) {
+        EXPECT_TRUE(NamesBesideFile(path));
+    }
+    for (const char16_t* path : {u"", u"~tallymere.new\\a.csv", u"~tallymere.new.csv",
+                                 u"tallymere.new", u"a~tallymere.new", u"C:\\data\\"}) {
+        EXPECT_FALSE(NamesBesideFile(path));
+    }
+}
+
 TEST(BesidePath, IsInTheFolderOfTheFile) {
     EXPECT_EQ(Beside(u"C:\\data\\a.csv"), u"C:\\data\\~tallymere.new");
     EXPECT_EQ(Beside(u"C:\\a.csv"), u"C:\\~tallymere.new");

@@ -59,6 +59,14 @@ TEST_F(FileReplacementTest, TakesWhatAnEndedProgramLeft) {
     ExpectAlone(file);
 }
 
+TEST_F(FileReplacementTest, KeepsAFileThatHasTheNameOfTheOneBeside) {
+    PutBytes(beside, OldBytes);
+    for (const wchar_t* name : {L"~tallymere.new", L"~Tallymere.NEW", L"~tallymere.new. "}) {
+        EXPECT_FALSE(Replace(folder / name));
+        EXPECT_EQ(ContentOf(beside), OldBytes);
+    }
+}
+
 TEST_F(FileReplacementTest, NobodyReadsOrWritesTheFileBeside) {
     FileReplacement replacement(PathOf(file));
     EXPECT_EQ(CreateFileW(beside.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,

@@ -16,8 +16,9 @@ bool IsReadOnly(const char16_t* path) {
 
 FileReplacement::FileReplacement(const char16_t* path) : path_(path) {
     FormatBesidePath(beside_, path);
-    file_ = CreateFileW(ToWide(beside_), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                        FILE_ATTRIBUTE_NORMAL, nullptr);
+    file_ = NamesBesideFile(path) ? INVALID_HANDLE_VALUE
+                                  : CreateFileW(ToWide(beside_), GENERIC_WRITE, 0, nullptr,
+                                                CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     succeeded_ = isThere_ = file_ != INVALID_HANDLE_VALUE;
 }
 

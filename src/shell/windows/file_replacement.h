@@ -18,7 +18,8 @@ namespace tallymere {
 class FileReplacement {
 public:
     /// Opens the file beside the one of `path`, which has at most PathCapacity characters and must
-    /// live as long as this. Nobody else can open it meanwhile.
+    /// live as long as this. Nobody else can open it meanwhile. A file that has the name of the one
+    /// beside is not replaced: Finish fails.
     explicit FileReplacement(const char16_t* path);
     ~FileReplacement();
     FileReplacement(const FileReplacement&) = delete;
