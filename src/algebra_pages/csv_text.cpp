@@ -15,6 +15,10 @@ constexpr uint8_t Separator = ';';
 constexpr uint8_t LineFeed = '\n';
 constexpr uint8_t CarriageReturn = '\r';
 
+// Stands for a byte 0, which would end the text of its cell. No formula has it, so that a file of
+// other bytes, such as one of 16-bit characters, is not solved as something else.
+constexpr char16_t ReplacementCharacter = 0xFFFD;
+
 // Of the first line only the separators count: what the columns are called means nothing.
 void ReadFirstLine(CsvReader& reader, uint8_t byte) {
     if (byte == LineFeed) {
@@ -65,7 +69,7 @@ void ReadCellByte(CsvReader& reader, uint8_t byte) {
             break;
     }
     if (reader.length < CoefficientCharacters) {
-        reader.cell[reader.length] = byte;
+        reader.cell[reader.length] = byte != 0 ? char16_t{byte} : ReplacementCharacter;
         reader.length++;
     } else {
         reader.cell[CoefficientCharacters - 1] = Ellipsis;

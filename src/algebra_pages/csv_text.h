@@ -1,7 +1,8 @@
 // A system of linear equations as the bytes of a CSV file, in both directions.
 //
-// Each byte is one character. A ";" parts cells and a line feed ends a line; quotes mean nothing.
-// The first line has the names of the columns, each further one the cells of an equation:
+// Each byte is one character, and 0 is read as U+FFFD. A ";" parts cells and a line feed ends a
+// line; quotes mean nothing. The first line has the names of the columns, each further one the
+// cells of an equation:
 //
 //     a1;a2;b
 //     1;1/2;3

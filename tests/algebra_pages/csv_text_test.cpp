@@ -156,6 +156,12 @@ TEST(CsvText, RefusesAFirstLineThatHasNoEnd) {
     EXPECT_EQ(ReadFile(std::string(CsvFirstLineBytes + 1, 0)).progress, CsvProgress::WrongCount);
 }
 
+TEST(CsvText, DoesNotEndACellAtAByteZero) {
+    const FileRead read = ReadFile(Head + std::string("1\0002;\0;3\n", 8));
+    EXPECT_EQ(read.cells,
+              (Cells{{{0, 0}, u"1\uFFFD2"}, {{0, 1}, u"\uFFFD"}, {{0, RightSideColumn}, u"3"}}));
+}
+
 TEST(CsvText, DropsALastCellWithoutALineEnd) {
     const FileRead read = ReadFile(Head + "1;2;3\r\n4;5;6");
     EXPECT_EQ(read.progress, CsvProgress::Cells);
