@@ -1,7 +1,6 @@
 #include "algebra_pages/windows/system_page.h"
 
 #include "algebra_pages/system_columns.h"
-#include "algebra_pages/system_run.h"
 #include "algebra_pages/windows/coefficient_grid.h"
 #include "algebra_pages/windows/csv_dialogs.h"
 #include "algebra_pages/windows/csv_file.h"
@@ -21,8 +20,6 @@ namespace tallymere {
 SystemPage systemPage;
 
 namespace {
-
-SystemRequest request;
 
 HWND ControlOf(SystemControl control) {
     return systemPage.controls[control];
@@ -93,13 +90,13 @@ void ReadCell(void*, int32_t row, int32_t column, char16_t* text) {
 
 NumberSetup ReadSystemSetup() {
     const NumberChoice choice = ReadNumberChoice(ChoiceControls());
-    request = {.count = systemPage.count,
-               .type = choice.type,
-               .digits = choice.digits,
-               .grouped = settings.groupEquations,
-               .readCell = ReadCell,
-               .context = nullptr};
-    return SystemNumberSetup(request);
+    systemPage.request = {.count = systemPage.count,
+                          .type = choice.type,
+                          .digits = choice.digits,
+                          .grouped = settings.groupEquations,
+                          .readCell = ReadCell,
+                          .context = nullptr};
+    return SystemNumberSetup(systemPage.request);
 }
 
 void PrepareSystem() {
@@ -112,7 +109,7 @@ void AppendToOutput(void*, const char16_t* text) {
 
 void SolveSystem() {
     const WaitCursorScope wait;
-    RunSystem(request, AppendToOutput, nullptr);
+    RunSystem(systemPage.request, AppendToOutput, nullptr);
 }
 
 constexpr PageTask SystemTask = {ReadSystemSetup, PrepareSystem, SolveSystem, [](bool) {},

@@ -5,6 +5,7 @@
 
 #include "algebra_pages/csv_dialog_choices.h"
 #include "algebra_pages/system_form.h"
+#include "algebra_pages/system_run.h"
 #include "shell/windows/page_run.h"
 #include "toolkit/win32.h"
 
@@ -15,6 +16,7 @@ struct SystemPage {
     HWND controls[SystemControlCount] = {};  ///< named by SystemControl
     int32_t count = 0;                       ///< of equations that the grid has rows for
     CsvDialogs dialogs;
+    SystemRequest request = {};  ///< what Solve was asked for
     PageRun run;
 };
 
