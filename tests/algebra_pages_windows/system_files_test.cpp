@@ -5,6 +5,7 @@
 
 #include "algebra_pages_windows/system_page_testing.h"
 #include "shell_windows/file_folder.h"
+#include "toolkit/grid_record.h"
 
 #include <commdlg.h>
 
@@ -95,6 +96,15 @@ protected:
         Load(folder / "bytes");
     }
 
+    static bool IsEditorOpen() { return GridRecordOf(Control(SystemGrid))->isEditorOpen; }
+    static void TypeIntoFirstCell(char16_t c) {
+        ShowWindow(systemPage.window, SW_SHOW);
+        SetFocus(Control(SystemGrid));
+        const GridCellSpec cell = {0, 0, nullptr};
+        ASSERT_EQ(AskGrid(GridSetCursorEdit, 0, reinterpret_cast<LPARAM>(&cell)), 0);
+        TypeCharacter(GridRecordOf(Control(SystemGrid))->editWindow, c);
+    }
+
 private:
     const FolderOfTest folder_;
 
@@ -124,6 +134,25 @@ TEST_F(SystemFilesTest, ThePageSolvesWhatItHasLoaded) {
     LoadBytes("a1;a2;b\n1;1;2\n1;-1;0\n");
     Click(SystemSolve);
     EXPECT_EQ(Output(), u"x1 = 1\r\nx2 = 1\r\n");
+}
+
+// A click sent to a button leaves the focus where it is, so nothing but the page closes the editor.
+TEST_F(SystemFilesTest, SavesTheCellThatIsEditedAsItStandsInItsEditor) {
+    WriteSystem({{u"", u"2", u"3"}, {u"4", u"5", u"6"}});
+    TypeIntoFirstCell(u'7');
+    ASSERT_EQ(Cell(0, 0), u"");
+    SaveAs(file);
+    EXPECT_EQ(ContentOf(file), "a1;a2;b\r\n7;2;3\r\n4;5;6\r\n");
+    EXPECT_FALSE(IsEditorOpen());
+}
+
+TEST_F(SystemFilesTest, LoadDropsWhatIsTyped) {
+    TypeIntoFirstCell(u'7');
+    LoadBytes("a1;a2;b\r\n1;2;3\r\n4;5;6\r\n");
+    EXPECT_FALSE(IsEditorOpen());
+    EXPECT_EQ(Cells()[0], (Row{u"1", u"2", u"3"}));
+    SetFocus(Control(SystemLoad));
+    EXPECT_EQ(Cells()[0], (Row{u"1", u"2", u"3"}));
 }
 
 TEST_F(SystemFilesTest, LoadEmptiesCellsAndResultFirst) {
