@@ -140,7 +140,7 @@ TEST_F(SystemFilesTest, ThePageSolvesWhatItHasLoaded) {
 TEST_F(SystemFilesTest, SavesTheCellThatIsEditedAsItStandsInItsEditor) {
     WriteSystem({{u"", u"2", u"3"}, {u"4", u"5", u"6"}});
     TypeIntoFirstCell(u'7');
-    ASSERT_EQ(Cell(0, 0), u"");
+    ASSERT_EQ(GridCell(0, 0), u"");
     SaveAs(file);
     EXPECT_EQ(ContentOf(file), "a1;a2;b\r\n7;2;3\r\n4;5;6\r\n");
     EXPECT_FALSE(IsEditorOpen());
