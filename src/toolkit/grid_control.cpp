@@ -15,6 +15,7 @@
 #include "toolkit/standard_controls.h"
 #include "toolkit/text_measure.h"
 #include "toolkit/wide_text.h"
+#include "toolkit/window_class.h"
 
 namespace tallymere {
 
@@ -32,6 +33,7 @@ bool CreateRecord(HWND window, const CREATESTRUCTW& creation) {
         delete grid;
         return false;
     }
+    SetSlot(window, GridRecordSlot, grid);
     grid->instance = creation.hInstance;
     grid->parent = creation.hwndParent;
     grid->window = window;
@@ -42,6 +44,7 @@ bool CreateRecord(HWND window, const CREATESTRUCTW& creation) {
     if (ResetGridTable(grid->state.table, ToScreenPixels(NewGridColumnWidth)) !=
         GridTableOutcome::Done) {
         RemovePropW(window, ToWide(GridRecordProperty));
+        SetSlot<GridRecord*>(window, GridRecordSlot, nullptr);
         StoreGridText(grid->title, {});
         delete grid;
         return false;
@@ -53,6 +56,7 @@ bool CreateRecord(HWND window, const CREATESTRUCTW& creation) {
 void DestroyRecord(GridRecord& grid) {
     grid.isDestroyed = true;
     RemovePropW(grid.window, ToWide(GridRecordProperty));
+    SetSlot<GridRecord*>(grid.window, GridRecordSlot, nullptr);
     DestroyGridEditor(grid);
     FreeGridTable(grid.state.table);
     ClampGridState(grid.state);
@@ -208,6 +212,7 @@ void RegisterGridClass() {
     windowClass.cbSize = sizeof windowClass;
     windowClass.style = CS_BYTEALIGNCLIENT;
     windowClass.lpfnWndProc = GridProc;
+    windowClass.cbWndExtra = sizeof(GridRecord*);
     windowClass.hInstance = programInstance;
     windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     windowClass.lpszClassName = ToWide(GridClass);

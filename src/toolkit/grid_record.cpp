@@ -11,7 +11,7 @@
 #include "toolkit/grid_editor.h"
 #include "toolkit/grid_scroll_bars.h"
 #include "toolkit/text_measure.h"
-#include "toolkit/wide_text.h"
+#include "toolkit/window_class.h"
 
 namespace tallymere {
 
@@ -42,8 +42,8 @@ GridMessageScope::~GridMessageScope() {
     }
 }
 
-GridRecord* GridRecordOf(HWND window) {
-    return static_cast<GridRecord*>(GetPropW(window, ToWide(GridRecordProperty)));
+GridRecord* GridRecordOf(HWND grid) {
+    return GetSlot<GridRecord*>(grid, GridRecordSlot);
 }
 
 void NotifyGridParent(GridRecord& grid, GridNotificationCode code, uint32_t key, HWND otherWindow) {
@@ -78,8 +78,12 @@ bool StoreGridCell(GridRecord& grid, int32_t column, int32_t row, std::u16string
     if (cell == nullptr) {
         return false;
     }
+    const bool widens = WidensFor(grid, row);
+    if (text.empty() && GridCellText(cell).empty() && !widens) {
+        return true;
+    }
     StoreGridText(cell->text, text);
-    if (WidensFor(grid, row)) {
+    if (widens) {
         FitGridCell(grid.state, column, row, ExtentOf(grid, row, GridCellText(cell)));
     }
     RepaintGrid(grid);

@@ -70,8 +70,12 @@ struct GridMessageScope {
     GridRecord& grid;
 };
 
-/// The record of a grid; null for any other window.
-GridRecord* GridRecordOf(HWND window);
+/// The slot of the window that has the same pointer as GridRecordProperty. Wine asks its server for
+/// each property, and a page that fills its grid sends a thousand messages.
+inline constexpr int32_t GridRecordSlot = 0;
+
+/// The record of a grid; null when that is destroyed.
+GridRecord* GridRecordOf(HWND grid);
 
 /// Tells the page of the grid, unless that is destroyed. The page may do anything then, so whoever
 /// calls it must not keep pointers into the table.
