@@ -14,6 +14,7 @@
 
 #include <cstdint>
 
+#include "algebra/magnitude.h"
 #include "core/scratch.h"
 
 namespace tallymere {
@@ -28,6 +29,7 @@ struct LinearSystem {
     int64_t count;  ///< MinUnknowns to MaxUnknowns
     uint64_t* rows[MaxUnknowns];
     int64_t valueWords;
+    Magnitude* errors[MaxUnknowns];  ///< how far values may be off, likewise; 0 for a value of 0
 };
 
 /// The unknowns, each an array of count + 1 values. Value 0 is the constant, value k the
@@ -38,6 +40,8 @@ struct LinearSolution {
     int64_t parameterCount;
     uint64_t* unknowns[MaxUnknowns];
     int64_t valueWords;
+    Magnitude* errors[MaxUnknowns];  ///< how far values may be off, likewise
+    bool isCertain;                  ///< see SolveLinearSystem
 };
 
 enum class LinearOutcome {
@@ -48,9 +52,14 @@ enum class LinearOutcome {
 };
 
 /// Takes the memory of a system, or of a solution, for the number type and the layout in force.
-/// Values of a system are 0. 2 * 25 * 26 values are taken at most.
+/// Values of a system are 0, and so are all errors. 2 * 25 * 26 values are taken at most.
 LinearSystem TakeLinearSystem(ScratchArea& area, int64_t count);
 LinearSolution TakeLinearSolution(ScratchArea& area, int64_t count);
+
+/// Writes a system whose values are rounded ones of `sourceDigits` digits to one of as many rows,
+/// of values in the layout in force. What the rounding takes away is added to the errors.
+void ConvertLinearSystem(const LinearSystem& dest, const LinearSystem& source,
+                         int64_t sourceDigits);
 
 /// The value in a row, and that of an unknown.
 inline uint64_t* SystemValue(const LinearSystem& system, int64_t row, int64_t column) {
@@ -81,6 +90,13 @@ inline constexpr int64_t RoundingNoiseDigits = 19;
 /// to differ in front of the last RoundingNoiseDigits digits; in cplx two moduli may be the same in
 /// twice as many digits as the parts have. A coefficient that is cut to the precision stands for
 /// the number that is left of it.
+///
+/// solution.isCertain says that the outcome is proven to be that of these steps in exact arithmetic
+/// on the true coefficients, rounded once, whatever these are within the errors that the system
+/// has. Where it is false the outcome may be the same, but a difference was too small to decide.
+/// Exact types are always certain. Method: a running bound of the error of each value, and a look
+/// at each decision whether the error could change it (N. J. Higham, Accuracy and Stability of
+/// Numerical Algorithms, section 3.3).
 ///
 /// Codes: those of the operations, CalcErrorOverflow among them. uint has no quotients, so that
 /// CalcErrorUnknownType comes with the first one. A code that was noted before is cleared.

@@ -2,6 +2,7 @@
 // of the result is proven.
 #include <algorithm>
 
+#include "algebra/enclosed_rounding.h"
 #include "algebra/polynomial.h"
 #include "algebra/polynomial_bounds.h"
 #include "algebra/polynomial_calculation.h"
@@ -95,21 +96,6 @@ int64_t LackingForZero(int64_t error, const CoefficientBounds& bounds) {
 int64_t LackingForMiddle(int64_t error, const CoefficientBounds& bounds, int64_t last) {
     const int64_t grid = std::min(bounds.numeratorGrid, last - 1 + bounds.denominatorGrid);
     return error + 1 - (grid - bounds.denominatorExponent);
-}
-
-// Rounds x, off by less than 10^error, to `digits` and returns true when all numbers that it may be
-// round alike.
-bool RoundsAlike(RealNumber* rounded, const RealNumber* x, int64_t error, int64_t digits) {
-    ScratchStackScope scope;
-    RealNumber* distance = RealAt(scope.Take(RealWords()));
-    RealNumber* other = RealAt(scope.Take(RealWords()));
-    RealSetOne(distance);
-    RealSetExponent(distance, error);
-    RealSub(other, x, distance);
-    RealRoundDigits(other, other, digits);
-    RealAdd(rounded, x, distance);
-    RealRoundDigits(rounded, rounded, digits);
-    return RealCompare(rounded, other) == 0;
 }
 
 // What a pass may be off, as a power of ten.

@@ -22,8 +22,8 @@ namespace tallymere {
 
 namespace {
 
-// The digits that the runs behind the first one have beyond those of SystemNumberSetup. With the
-// last ones every number that a cell has room for is read with all its digits.
+// The digits that the runs behind the first one have beyond those of SystemNumberSetup. The last
+// ones hold every number that a cell has room for with all its digits.
 constexpr int64_t ExtraDigits[] = {38, 114, 266, 570, 1178};
 constexpr int64_t MostExtraDigits = ExtraDigits[std::size(ExtraDigits) - 1];
 static_assert(ExtraDigits[0] == 2 * RoundingNoiseDigits);
@@ -50,6 +50,7 @@ struct CoefficientPlaces {
 struct RunText {
     TextSink text;
     bool lineWasCut;
+    bool isCertain;  // all digits of the lines are proven
     CoefficientPlaces places;
     CellReading reading;
     int32_t row;
@@ -58,7 +59,7 @@ struct RunText {
 
 RunText TakeRunText(ScratchScope& scope, int32_t count) {
     const int64_t capacity = count * SystemLineCharacters + SentenceCharacters;
-    return {{0, capacity, TakeText(scope, capacity)}, false, {}, {}, 0, 0};
+    return {{0, capacity, TakeText(scope, capacity)}, false, false, {}, {}, 0, 0};
 }
 
 std::u16string_view TextOf(const RunText& run) {
@@ -106,13 +107,29 @@ void TakePlacesOf(CoefficientPlaces& places, const char16_t* text, uint64_t* val
     }
 }
 
+// Reads a cell with the digits in force, and beyond `checked` digits with what it may be off.
+CellReading ReadCell(const LinearSystem& system, const RunText& run, const char16_t* text,
+                     int64_t checked) {
+    uint64_t* value = SystemValue(system, run.row, run.column);
+    const int64_t digits = numberContext.precisionDigits;
+    if (ValuesAreExact() || digits == checked) {
+        return ReadCoefficientCell(value, text);
+    }
+    PartSizes error;
+    const CellReading reading = ReadCellWithError(
+        value, &error, text, {.checked = checked, .before = digits - RoundingNoiseDigits});
+    system.errors[run.row][run.column] = error.real + error.imaginary;
+    return reading;
+}
+
 RunEnding ReadSystem(RunText& run, const LinearSystem& system, const SystemRequest& request) {
+    const int64_t checked = SystemNumberSetup(request).digits;
     ScratchStackScope scope;
     char16_t* text = TakeText(scope, CoefficientCharacters + 1);
     for (run.row = 0; run.row < request.count; run.row++) {
         for (run.column = 0; run.column <= request.count; run.column++) {
             request.readCell(request.context, run.row, run.column, text);
-            run.reading = ReadCoefficientCell(SystemValue(system, run.row, run.column), text);
+            run.reading = ReadCell(system, run, text, checked);
             if (run.reading.outcome == CellOutcome::Stopped || StopRequested()) {
                 return RunEnding::Stopped;
             }
@@ -162,17 +179,11 @@ void WriteSolution(RunText& run, const LinearSolution& solution, uint32_t flags)
     WriteParameters(run, solution);
 }
 
-// Reads and solves the system with the number setup in force.
-RunEnding SolveOnce(RunText& run, const SystemRequest& request) {
+// Solves a system with the number setup in force; overwrites it.
+RunEnding SolveSystem(RunText& run, LinearSystem& system, const SystemRequest& request) {
     run.text.count = 0;
     run.lineWasCut = false;
-    run.places = {};
     ScratchStackScope scope;
-    LinearSystem system = TakeLinearSystem(CurrentScratchStack(), request.count);
-    const RunEnding reading = ReadSystem(run, system, request);
-    if (reading != RunEnding::Shown) {
-        return reading;
-    }
     LinearSolution solution = TakeLinearSolution(CurrentScratchStack(), request.count);
     switch (SolveLinearSystem(system, solution, request.digits)) {
         case LinearOutcome::Failed:
@@ -187,40 +198,69 @@ RunEnding SolveOnce(RunText& run, const SystemRequest& request) {
             break;
     }
     EndSinkText(run.text);
+    run.isCertain = solution.isCertain;
     return RunEnding::Shown;
 }
 
-// The least digits that a second run has beyond those of SystemNumberSetup. Seen as integers over a
-// common power of ten, typed coefficients have as many digits as their places; what the elimination
-// finds is a quotient of determinants, of `count` times as many. So much is carried that a value
-// which is not 0 does not come out as one, that what is left of a 0 is below 10^-digits, and that
-// different candidates for a pivot differ in front of the noise. Moduli are compared by their
-// squares, which have twice the digits.
+// The first run, with the digits of SystemNumberSetup. What fails here is what fails.
+RunEnding SolveFirst(RunText& run, const SystemRequest& request) {
+    ScratchStackScope scope;
+    LinearSystem system = TakeLinearSystem(CurrentScratchStack(), request.count);
+    const RunEnding reading = ReadSystem(run, system, request);
+    return reading == RunEnding::Shown ? SolveSystem(run, system, request) : reading;
+}
+
+// The least digits that a run which is not certain has beyond those of SystemNumberSetup. Seen as
+// integers over a common power of ten, typed coefficients have as many digits as their places; what
+// the elimination finds is a quotient of determinants, of `count` times as many. So much is carried
+// that a value which is not 0 does not come out as one, that what is left of a 0 is below
+// 10^-digits, and that different candidates for a pivot differ in front of the noise. Moduli are
+// compared by their squares, which have twice the digits.
 int64_t LeastExtraDigits(const CoefficientPlaces& places, const SystemRequest& request) {
     const int64_t digits = places.characters + places.above + places.below;
     return 2 * RoundingNoiseDigits +
            (request.type == NumberTypeComplex ? 2 : 1) * request.count * digits;
 }
 
-// Solves the system with more and more digits until the text of two runs is the same. `shown` has
-// the text of the first run, and then that of the last one that succeeded. False after a stop.
-bool SolveUntilDigitsAgree(RunText& shown, RunText& next, const SystemRequest& request) {
+RunEnding SolveWithDigits(RunText& run, const SystemRequest& request, const LinearSystem& read,
+                          const NumberSetup& readSetup, int64_t digits) {
+    NumberSetup setup = readSetup;
+    setup.digits = digits;
+    const NumberSetupScope numbers(setup);
+    const SilentCodesScope silence;
+    ScratchStackScope scope;
+    LinearSystem system = TakeLinearSystem(CurrentScratchStack(), request.count);
+    ConvertLinearSystem(system, read, readSetup.digits);
+    return SolveSystem(run, system, request);
+}
+
+// Reads the cells once more with all digits that any run takes, and solves the system with more and
+// more of them until a run is certain, or the text of two runs is the same. `shown` has the text of
+// the first run, and then that of the last one that succeeded. False after a stop.
+bool SolveUntilCertain(RunText& shown, RunText& next, const SystemRequest& request) {
     NumberSetup setup = SystemNumberSetup(request);
     const int64_t digits = setup.digits;
     const int64_t least = std::min(LeastExtraDigits(shown.places, request), MostExtraDigits);
+    setup.digits += MostExtraDigits + 2 * RoundingNoiseDigits;
+    const NumberSetupScope numbers(setup);
+    ScratchStackScope scope;
+    const LinearSystem read = TakeLinearSystem(CurrentScratchStack(), request.count);
+    {
+        const SilentCodesScope silence;
+        if (ReadSystem(next, read, request) == RunEnding::Stopped) {
+            return false;
+        }
+    }
     for (const int64_t extra : ExtraDigits) {
-        if (extra < least) {
+        if (extra < least && extra != ExtraDigits[0]) {
             continue;
         }
-        setup.digits = digits + extra;
-        const NumberSetupScope numbers(setup);
-        const SilentCodesScope silence;
-        const RunEnding ending = SolveOnce(next, request);
+        const RunEnding ending = SolveWithDigits(next, request, read, setup, digits + extra);
         if (ending != RunEnding::Shown) {
             return ending != RunEnding::Stopped;
         }
         std::swap(shown, next);
-        if (TextOf(shown) == TextOf(next)) {
+        if (shown.isCertain || (extra >= least && TextOf(shown) == TextOf(next))) {
             return true;
         }
     }
@@ -244,12 +284,12 @@ void RunSystem(const SystemRequest& request, TakeSystemText take, void* takeCont
     ScratchStackScope scope;
     RunText shown = TakeRunText(scope, request.count);
     RunText next = TakeRunText(scope, request.count);
-    const RunEnding ending = SolveOnce(shown, request);
+    const RunEnding ending = SolveFirst(shown, request);
     if (ending != RunEnding::Shown) {
         RaiseEnding(shown, ending, request.count);
         return;
     }
-    if (!ValuesAreExact() && !SolveUntilDigitsAgree(shown, next, request)) {
+    if (!ValuesAreExact() && !SolveUntilCertain(shown, next, request)) {
         SetUiError(UiErrorStopped);
         return;
     }

@@ -45,14 +45,19 @@ NumberSetup SystemNumberSetup(const SystemRequest& request);
 /// the equation, the column and, the latter, the text of the formula's error. UiErrorCalculation,
 /// UiErrorInternal for a wrong count, UiErrorStopped after a stop.
 ///
-/// Real and complex systems are solved with the digits of SystemNumberSetup, and then with more,
-/// until two runs show the same text, which is then right to the last digit, also for systems of
-/// bad condition. So that no two runs agree on rounding errors, the second one has the more digits
-/// beyond, the longer the cells are, the further the sizes of coefficients are from 1 and from each
-/// other, and the more equations there are; they are 38 at least and 1,178 at most, which do for
-/// coefficients up to about 10^1000. algebra/linear_system.h says what is taken for 0. Where no two
-/// runs agree, the text of the last one is handed over. An error of the first run is that of the
-/// request; a later run that fails where the first did not changes nothing.
+/// Real and complex systems are solved with the digits of SystemNumberSetup, and then with 38 more.
+/// That run nearly always proves that its text is right to the last digit, also for systems of bad
+/// condition; see isCertain in algebra/linear_system.h, which also says what is taken for 0. Where
+/// it does not, as for equal candidates for a pivot behind the first column, or a rounding that is
+/// a tie, runs with more digits follow until one is certain, or two show the same text. So that no
+/// two agree on rounding errors, they have the more digits, the longer the cells are, the further
+/// the sizes of coefficients are from 1 and from each other, and the more equations there are: up
+/// to 1,178 beyond, which do for coefficients up to about 10^1000. Where no two runs agree, the
+/// text of the last one is handed over.
+///
+/// An error of the first run is that of the request; a later run that fails where the first did not
+/// changes nothing. All later runs take the numbers of one reading with more digits than any of
+/// them. A part that is no larger than its error there is 0, such as that of 1/3*3-1.
 void RunSystem(const SystemRequest& request, TakeSystemText take, void* takeContext);
 
 }  // namespace tallymere

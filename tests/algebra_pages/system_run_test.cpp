@@ -229,8 +229,8 @@ TEST_F(SystemRun, KeepsAResultWhereALaterRunCannotBeCalculated) {
         "x1 = 1e+3000000000000000000\nx2 = 1\n");
 }
 
-// A cell that has another value in each run: all of its digits never suffice.
-TEST_F(SystemRun, ShowsTheLastRunWhereNoTwoAgree) {
+// Runs with fewer digits would see another value.
+TEST_F(SystemRun, ReadsCellsWithAllDigitsThatAnyRunTakes) {
     std::string cell = "0";
     for (const char* exponent : {"30", "100", "200", "400", "1000"}) {
         cell += std::string("+(10^") + exponent + "+1-10^" + exponent + ")";
