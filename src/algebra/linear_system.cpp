@@ -148,22 +148,18 @@ void AddProduct(const Elimination& work, const Entry& a, const Entry& b) {
     SnapEntry(work, a);
 }
 
-// quotient = a / divisor, which is surely not 0; quotient may be a.
+// quotient = a / divisor, for which EntryIsZero is false; quotient may be a.
 void DivideEntry(const Elimination& work, const Entry& quotient, const Entry& a,
                  const Entry& divisor) {
-    Magnitude error = *a.error;
-    Magnitude least = {};
-    if (BoundsErrors(work)) {
-        least = Excess(SizeOf(divisor.value), *divisor.error);
-        NoteDecision(work, !IsZero(least));
-    }
+    const Magnitude errorOfA = *a.error;
     const Magnitude errorOfDivisor = *divisor.error;
+    const Magnitude least =
+        BoundsErrors(work) ? Excess(SizeOf(divisor.value), errorOfDivisor) : Magnitude();
     ValueDivide(quotient.value, a.value, divisor.value);
-    if (BoundsErrors(work) && !IsZero(least)) {
+    if (BoundsErrors(work)) {
         const Magnitude size = SizeOf(quotient.value);
-        error = (error + size * errorOfDivisor) / least + work.rounding * size;
+        *quotient.error = (errorOfA + size * errorOfDivisor) / least + work.rounding * size;
     }
-    *quotient.error = error;
 }
 
 // Whether the first of two candidates for a pivot is surely the larger one or not. Two equal ones

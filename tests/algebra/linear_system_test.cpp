@@ -94,6 +94,50 @@ protected:
     }
     static Texts Fails(const std::string& what) { return {{what}}; }
 
+    // A coefficient, and what it may be off.
+    struct Coefficient {
+        const char* text;
+        Magnitude error = {};
+    };
+
+    // What is known behind a run: whether it is certain, and what values may be off.
+    struct Knowledge {
+        bool isCertain;
+        std::vector<std::vector<Magnitude>> system;
+        std::vector<std::vector<Magnitude>> unknowns;
+    };
+
+    static Knowledge KnowledgeOf(const std::vector<std::vector<Coefficient>>& rows,
+                                 int64_t digits = 10) {
+        ScratchStackScope scope;
+        const auto count = static_cast<int64_t>(rows.size());
+        LinearSystem system = TakeLinearSystem(CurrentScratchStack(), count);
+        LinearSolution solution = TakeLinearSolution(CurrentScratchStack(), count);
+        for (int64_t i = 0; i < count; i++) {
+            for (int64_t j = 0; j <= count; j++) {
+                const Coefficient& from = rows[static_cast<size_t>(i)][static_cast<size_t>(j)];
+                ValueCopy(SystemValue(system, i, j), WordsOf(from.text).data());
+                system.errors[i][j] = from.error;
+            }
+        }
+        SolveLinearSystem(system, solution, digits);
+        Knowledge knowledge = {solution.isCertain, {}, {}};
+        for (int64_t i = 0; i < count; i++) {
+            knowledge.system.emplace_back(system.errors[i], system.errors[i] + count + 1);
+            knowledge.unknowns.emplace_back(solution.errors[i], solution.errors[i] + count + 1);
+        }
+        return knowledge;
+    }
+
+    static bool IsCertain(const std::vector<std::vector<Coefficient>>& rows, int64_t digits = 10) {
+        return KnowledgeOf(rows, digits).isCertain;
+    }
+
+    static void ExpectError(Magnitude error, double least, double most, int64_t exponent) {
+        EXPECT_FALSE(error < MakeMagnitude(least, exponent));
+        EXPECT_TRUE(error < MakeMagnitude(most, exponent));
+    }
+
     ScratchStackOwner stack_;
 };
 
@@ -216,6 +260,108 @@ TEST_F(LinearSystems, RoundTheirUnknownsOnce) {
               (Texts{{"6.666666667e-1"}, {"1.428571429e-1"}}));
     FormulaScope rational(NumberTypeRational, 2);
     EXPECT_EQ(Solve({{"3", "0", "2"}, {"0", "7", "1"}}), (Texts{{"2/3"}, {"1/7"}}));
+}
+
+constexpr int64_t CertainPrecision = 48;  // of 10 digits
+
+TEST_F(LinearSystems, AreCertainWhereNothingIsClose) {
+    {
+        FormulaScope scope(CertainPrecision, NumberTypeReal);
+        EXPECT_TRUE(IsCertain({{{"3"}, {"1"}, {"2"}}, {{"1"}, {"-7"}, {"1"}}}));
+        EXPECT_TRUE(IsCertain({{{"3"}, {"1"}, {"2"}}, {{"3"}, {"1"}, {"2"}}})) << "a parameter";
+        EXPECT_TRUE(IsCertain({{{"3"}, {"1"}, {"2"}}, {{"3"}, {"1"}, {"1"}}})) << "unsolvable";
+        EXPECT_FALSE(IsCertain({{{"3"}, {"1"}, {"2"}}, {{"1"}, {"-7"}, {"1"}}}, 11))
+            << "the precision leaves no room for noise";
+    }
+    {
+        FormulaScope scope(CertainPrecision, NumberTypeComplex);
+        EXPECT_TRUE(IsCertain({{{"3 1"}, {"1"}, {"2"}}, {{"1"}, {"-7 2"}, {"1"}}}));
+        EXPECT_TRUE(IsCertain({{{"0"}, {"1"}, {"2"}}, {{"0"}, {"0"}, {"0"}}}));
+        EXPECT_FALSE(IsCertain({{{"3 4"}, {"1"}, {"2"}}, {{"4 3"}, {"-7"}, {"1"}}}));
+    }
+    FormulaScope scope(NumberTypeRational, 2);
+    EXPECT_TRUE(IsCertain({{{"3"}, {"1"}, {"2"}}, {{"1"}, {"-7"}, {"1"}}}));
+}
+
+TEST_F(LinearSystems, AreNotCertainOfDecisionsWithinTheErrors) {
+    FormulaScope scope(CertainPrecision, NumberTypeReal);
+    const Magnitude error = MakeMagnitude(1, -30);
+    EXPECT_TRUE(IsCertain({{{"3"}, {"1"}, {"2"}}, {{"-3"}, {"2"}, {"1"}}}));
+    EXPECT_FALSE(IsCertain({{{"3", error}, {"1"}, {"2"}}, {{"-3"}, {"2"}, {"1"}}}));
+    EXPECT_FALSE(IsCertain({{{"3"}, {"1"}, {"2"}}, {{"-3", error}, {"2"}, {"1"}}}));
+    EXPECT_TRUE(IsCertain({{{"1"}, {"0"}, {"1"}}, {{"0"}, {"1"}, {"1.1e-10"}}}));
+    EXPECT_FALSE(IsCertain({{{"1"}, {"0"}, {"1"}}, {{"0"}, {"1"}, {"1e-10", error}}}))
+        << "what is below 10^-10 is 0";
+    EXPECT_FALSE(
+        IsCertain({{{"1"}, {"0"}, {"1"}}, {{"0"}, {"1"}, {"9e-11", MakeMagnitude(2, -11)}}}));
+    EXPECT_TRUE(IsCertain({{{"0"}, {"1"}, {"1"}}, {{"0"}, {"0"}, {"1e-5", MakeMagnitude(1, -6)}}}));
+    EXPECT_FALSE(IsCertain({{{"0"}, {"1"}, {"1"}}, {{"0"}, {"0"}, {"1e-5", MakeMagnitude(1, -4)}}}))
+        << "something is left of the second row, or nothing";
+}
+
+TEST_F(LinearSystems, AreNotCertainOfDigitsWithinTheErrors) {
+    FormulaScope scope(CertainPrecision, NumberTypeReal);
+    const auto isCertain = [](const Coefficient& side) {
+        return IsCertain({{{"1"}, {"0"}, {"1"}}, {{"0"}, {"1"}, side}});
+    };
+    EXPECT_TRUE(isCertain({"1.2345678914", MakeMagnitude(1, -12)}));
+    EXPECT_FALSE(isCertain({"1.2345678914", MakeMagnitude(2, -10)}));
+    EXPECT_FALSE(isCertain({"1.2345678915"})) << "a tie";
+    EXPECT_TRUE(isCertain({"1.23456789149999999999999999"}));
+    EXPECT_FALSE(isCertain({"1.23456789149999999999999999999999999999999999"}))
+        << "which the noise makes a tie";
+}
+
+// Errors of what is exactly known come from the steps alone: some units in the last of 48 digits.
+TEST_F(LinearSystems, BoundTheErrorsOfTheirSteps) {
+    FormulaScope scope(CertainPrecision, NumberTypeReal);
+    ExpectError(KnowledgeOf({{{"3"}, {"0"}, {"1"}}, {{"0"}, {"1"}, {"1"}}}).unknowns[0][0], 1, 1e4,
+                -48);
+    ExpectError(KnowledgeOf({{{"1"}, {"1"}, {"1"}}, {{"1"}, {"1e30"}, {"0"}}}).system[1][1], 1, 1e4,
+                30 - 48);
+    EXPECT_TRUE(IsZero(KnowledgeOf({{{"3"}, {"1"}, {"2"}}, {{"3"}, {"1"}, {"2"}}}).system[1][1]))
+        << "a 0 is certain";
+}
+
+TEST_F(LinearSystems, CarryTheErrorsOfTheirCoefficients) {
+    FormulaScope scope(CertainPrecision, NumberTypeReal);
+    const Magnitude error = MakeMagnitude(1, -20);
+    const auto unknowns = [](const std::vector<std::vector<Coefficient>>& rows) {
+        return KnowledgeOf(rows).unknowns;
+    };
+    ExpectError(unknowns({{{"4"}, {"0"}, {"1", error}}, {{"0"}, {"1"}, {"1"}}})[0][0], 0.24, 0.26,
+                -20);
+    ExpectError(unknowns({{{"4", error}, {"0"}, {"8"}}, {{"0"}, {"1"}, {"1"}}})[0][0], 0.49, 0.51,
+                -20);
+    ExpectError(unknowns({{{"1"}, {"2", error}, {"2"}}, {{"0"}, {"1"}, {"3"}}})[0][0], 2.9, 3.1,
+                -20);
+    ExpectError(unknowns({{{"1"}, {"2"}, {"2"}}, {{"0"}, {"1"}, {"3", error}}})[0][0], 1.9, 2.1,
+                -20);
+    const auto swapped = unknowns({{{"0"}, {"1"}, {"1", error}}, {{"1"}, {"0"}, {"1"}}});
+    ExpectError(swapped[1][0], 0.9, 1.1, -20);
+    ExpectError(swapped[0][0], 0, 1, -40);
+}
+
+TEST_F(LinearSystems, AreConvertedWithWhatRoundingTakesAway) {
+    ScratchStackScope stack;
+    for (const NumberType type : {NumberTypeReal, NumberTypeComplex}) {
+        FormulaScope wideScope(40, type);
+        const LinearSystem wide = TakeLinearSystem(CurrentScratchStack(), 2);
+        const bool isComplex = type == NumberTypeComplex;
+        ValueCopy(SystemValue(wide, 0, 0),
+                  WordsOf(isComplex ? "0.5 1.2345678901234" : "1.2345678901234").data());
+        ValueCopy(SystemValue(wide, 1, 2), WordsOf("7").data());
+        wide.errors[1][2] = MakeMagnitude(3, -5);
+        FormulaScope scope(10, type);
+        const LinearSystem narrow = TakeLinearSystem(CurrentScratchStack(), 2);
+        ConvertLinearSystem(narrow, wide, 40);
+        EXPECT_EQ(ValueText(SystemValue(narrow, 0, 0)),
+                  isComplex ? "5e-1, 1.23456789e0" : "1.23456789e0");
+        ExpectError(narrow.errors[0][0], 1.234, 100, -10);
+        EXPECT_EQ(ValueText(SystemValue(narrow, 1, 2)), isComplex ? "7e0, 0" : "7e0");
+        ExpectError(narrow.errors[1][2], 2.99, 3.01, -5);
+        EXPECT_TRUE(IsZero(narrow.errors[0][1]));
+    }
 }
 
 TEST_F(LinearSystems, HoldFractionsToTheLastLimb) {
