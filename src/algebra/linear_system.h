@@ -14,7 +14,7 @@
 
 #include <cstdint>
 
-#include "algebra/magnitude.h"
+#include "algebra/bounded_steps.h"
 #include "core/scratch.h"
 
 namespace tallymere {
@@ -69,10 +69,6 @@ inline uint64_t* SolutionValue(const LinearSolution& solution, int64_t unknown, 
     return solution.unknowns[unknown] + index * solution.valueWords;
 }
 
-/// The digits that a layout needs beyond those asked for, so that values which differ by rounding
-/// errors alone are taken for equal. See SolveLinearSystem.
-inline constexpr int64_t RoundingNoiseDigits = 19;
-
 /// Finds the unknowns. The system is overwritten, and its rows may change places. `digits`, from 1
 /// on, counts for types that round: it says what is taken for 0, and what the unknowns are rounded
 /// to. Fractions are exact.
@@ -94,9 +90,7 @@ inline constexpr int64_t RoundingNoiseDigits = 19;
 /// solution.isCertain says that the outcome is proven to be that of these steps in exact arithmetic
 /// on the true coefficients, rounded once, whatever these are within the errors that the system
 /// has. Where it is false the outcome may be the same, but a difference was too small to decide.
-/// Exact types are always certain. Method: a running bound of the error of each value, and a look
-/// at each decision whether the error could change it (N. J. Higham, Accuracy and Stability of
-/// Numerical Algorithms, section 3.3).
+/// Exact types are always certain. algebra/bounded_steps.h has the steps.
 ///
 /// Codes: those of the operations, CalcErrorOverflow among them. uint has no quotients, so that
 /// CalcErrorUnknownType comes with the first one. A code that was noted before is cleared.

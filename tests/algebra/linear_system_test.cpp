@@ -308,7 +308,7 @@ TEST_F(LinearSystems, AreNotCertainOfDigitsWithinTheErrors) {
     EXPECT_FALSE(isCertain({"1.2345678914", MakeMagnitude(2, -10)}));
     EXPECT_FALSE(isCertain({"1.2345678915"})) << "a tie";
     EXPECT_TRUE(isCertain({"1.23456789149999999999999999"}));
-    EXPECT_FALSE(isCertain({"1.23456789149999999999999999999999999999999999"}))
+    EXPECT_FALSE(isCertain({"1.23456789149999999999999999999999999"}))
         << "which the noise makes a tie";
 }
 

@@ -1,0 +1,187 @@
+#include "algebra/bounded_steps.h"
+
+#include <algorithm>
+
+#include "algebra/enclosed_rounding.h"
+#include "core/real_add.h"
+#include "core/real_integer.h"
+#include "core/scratch.h"
+#include "values/value_operations.h"
+
+namespace tallymere {
+
+namespace {
+
+// An operation rounds six times at most, in a quotient in cplx, by half a unit in the last digit of
+// its result, or of the larger operand of a sum. A hundred units are far more than that adds up to.
+constexpr int64_t RoundingDigits = 2;
+
+bool BoundsErrors(const BoundedSteps& steps) {
+    return *steps.isCertain && !ValuesAreExact() && numberContext.calcError == CalcErrorNone;
+}
+
+void NoteDecision(const BoundedSteps& steps, bool isSure) {
+    *steps.isCertain = *steps.isCertain && isSure;
+}
+
+// So many powers of ten of the last digit of a number, beside its first one.
+Magnitude RoundingOf(int64_t exponent) {
+    return MakeMagnitude(1, exponent + 1 - numberContext.precisionDigits);
+}
+
+Magnitude SizeOf(const uint64_t* value) {
+    return ValueRealParts() == 2 ? MagnitudeOf(ComplexAt(value)) : MagnitudeOf(RealAt(value));
+}
+
+Magnitude ErrorOfSum(const BoundedValue& a, const BoundedValue& factor, const BoundedValue& b) {
+    const Magnitude times = SizeOf(factor.value);
+    const Magnitude size = SizeOf(b.value) + *b.error;
+    return *a.error + times * *b.error + *factor.error * size +
+           RoundingOf(RoundingDigits) * (SizeOf(a.value) + times * size);
+}
+
+// Two equal values are known to be that when both are known exactly; equal moduli may be those of
+// different numbers.
+bool OrderIsSure(const BoundedSteps& steps, const BoundedValue& a, const BoundedValue& b) {
+    const Magnitude sizeOfA = SizeOf(a.value);
+    const Magnitude sizeOfB = SizeOf(b.value);
+    if (IsSurelyBelow(sizeOfA + *a.error, Excess(sizeOfB, *b.error)) ||
+        IsSurelyBelow(sizeOfB + *b.error, Excess(sizeOfA, *a.error))) {
+        return true;
+    }
+    if (!IsZero(*a.error) || !IsZero(*b.error)) {
+        return false;
+    }
+    if (ValueRealParts() == 2) {
+        return ValueIsZero(a.value) && ValueIsZero(b.value);
+    }
+    RealSub(RealAt(steps.product), RealAt(a.value), RealAt(b.value));
+    if (RealIsZero(RealAt(steps.product))) {
+        return true;
+    }
+    RealAdd(RealAt(steps.product), RealAt(a.value), RealAt(b.value));
+    return RealIsZero(RealAt(steps.product));
+}
+
+// Whether all that a value may be rounds alike, and also what lies within the noise beside it.
+bool RoundingIsSure(const BoundedSteps& steps, const BoundedValue& a) {
+    // The bound itself is a rounded one.
+    const Magnitude bound = *a.error * MakeMagnitude(2);
+    ScratchStackScope scope;
+    RealNumber* rounded = RealAt(scope.Take(RealWords()));
+    for (int64_t part = 0; part < ValueRealParts(); part++) {
+        const RealNumber* x = RealAt(a.value + part * RealWords());
+        if (RealIsZero(x)) {
+            continue;
+        }
+        const int64_t noise =
+            RealExponent(x) + RoundingNoiseDigits + 1 - numberContext.precisionDigits;
+        const int64_t error = IsZero(bound) ? noise : std::max(noise, bound.exponent + 1);
+        if (!RoundsAlike(rounded, x, error, steps.digits)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
+bool ToleratesNoise(int64_t digits) {
+    return numberContext.precisionDigits >= digits + 2 * RoundingNoiseDigits;
+}
+
+void CopyBounded(const BoundedValue& dest, const BoundedValue& source) {
+    ValueCopy(dest.value, source.value);
+    *dest.error = *source.error;
+}
+
+void ZeroBounded(const BoundedValue& dest) {
+    ValueZero(dest.value);
+    *dest.error = {};
+}
+
+void AddProduct(const BoundedSteps& steps, const BoundedValue& a, const BoundedValue& factor,
+                const BoundedValue& b) {
+    if (!ValueIsZero(factor.value) && !ValueIsZero(b.value)) {
+        if (BoundsErrors(steps)) {
+            *a.error = ErrorOfSum(a, factor, b);
+        }
+        ValueMultiply(steps.product, factor.value, b.value);
+        ValueAdd(a.value, a.value, steps.product);
+    }
+    SnapToZero(steps, a);
+}
+
+void Divide(const BoundedSteps& steps, const BoundedValue& quotient, const BoundedValue& a,
+            const BoundedValue& divisor) {
+    const Magnitude errorOfA = *a.error;
+    const Magnitude errorOfDivisor = *divisor.error;
+    const Magnitude least =
+        BoundsErrors(steps) ? Excess(SizeOf(divisor.value), errorOfDivisor) : Magnitude();
+    ValueDivide(quotient.value, a.value, divisor.value);
+    if (BoundsErrors(steps)) {
+        const Magnitude size = SizeOf(quotient.value);
+        *quotient.error =
+            (errorOfA + size * errorOfDivisor) / least + RoundingOf(RoundingDigits) * size;
+    }
+}
+
+// What is surely below epsilon is 0; what is surely not stays.
+void SnapToZero(const BoundedSteps& steps, const BoundedValue& a) {
+    if (BoundsErrors(steps)) {
+        const Magnitude least = MakeMagnitude(1, -steps.digits);
+        for (int64_t part = 0; part < ValueRealParts(); part++) {
+            const Magnitude size = MagnitudeOf(RealAt(a.value + part * RealWords()));
+            NoteDecision(steps, IsSurelyBelow(size + *a.error, least) ||
+                                    IsSurelyBelow(least, Excess(size, *a.error)));
+        }
+    }
+    SnapToZero(a.value, steps.epsilon);
+    if (ValueIsZero(a.value)) {
+        *a.error = {};
+    }
+}
+
+bool IsZero(const BoundedSteps& steps, const BoundedValue& a) {
+    if (ValueIsZero(a.value)) {
+        return true;
+    }
+    if (BoundsErrors(steps)) {
+        NoteDecision(steps, IsSurelyBelow(*a.error, SizeOf(a.value)));
+    }
+    return false;
+}
+
+void NoteOrder(const BoundedSteps& steps, const BoundedValue& a, const BoundedValue& b) {
+    if (BoundsErrors(steps)) {
+        NoteDecision(steps, OrderIsSure(steps, a, b));
+    }
+}
+
+void RoundBounded(const BoundedSteps& steps, const BoundedValue& a) {
+    if (BoundsErrors(steps)) {
+        NoteDecision(steps, RoundingIsSure(steps, a));
+    }
+    if (ToleratesNoise(steps.digits)) {
+        NumberRoundDigits(a.value, a.value, numberContext.precisionDigits - RoundingNoiseDigits);
+    }
+    NumberRoundDigits(a.value, a.value, steps.digits);
+}
+
+void ConvertBounded(const BoundedValue& dest, const BoundedValue& source, int64_t sourceDigits) {
+    const int64_t sourceWords = LayoutForDigits(sourceDigits).limbs + 1;
+    ScratchStackScope scope;
+    uint64_t* back = scope.Take(sourceWords);
+    *dest.error = *source.error;
+    for (int64_t part = 0; part < ValueRealParts(); part++) {
+        RealNumber* narrow = RealAt(dest.value + part * RealWords());
+        const uint64_t* wide = source.value + part * sourceWords;
+        RealConvertPrecision(narrow, numberContext.precisionDigits, RealAt(wide), sourceDigits);
+        RealConvertPrecision(RealAt(back), sourceDigits, narrow, numberContext.precisionDigits);
+        if (!std::equal(back, back + sourceWords, wide)) {
+            *dest.error = *dest.error + MagnitudeOf(narrow) * RoundingOf(0);
+        }
+    }
+}
+
+}  // namespace tallymere
