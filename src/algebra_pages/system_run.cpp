@@ -22,12 +22,22 @@ namespace tallymere {
 
 namespace {
 
-// The digits that the runs behind the first one have beyond those of SystemNumberSetup. The last
-// ones hold every number that a cell has room for with all its digits.
-constexpr int64_t ExtraDigits[] = {38, 114, 266, 570, 1178};
-constexpr int64_t MostExtraDigits = ExtraDigits[std::size(ExtraDigits) - 1];
+// The digits that the runs behind the first one have beyond those of SystemNumberSetup.
+constexpr int64_t ExtraDigits[] = {38, 114, 266, 570, 1178, 2394, 4826, 8826};
 static_assert(ExtraDigits[0] == 2 * RoundingNoiseDigits);
-static_assert(MostExtraDigits > CoefficientCharacters);
+
+// The digits that cells are read with beyond those of SystemNumberSetup and beyond the places
+// between the sizes of coefficients and the unit. They hold every number that a cell has room for
+// with all its digits.
+constexpr int64_t ReadExtraDigits = 1'216;
+static_assert(ReadExtraDigits > CoefficientCharacters);
+constexpr int64_t MostReadPlaces = 7'600;
+
+// Two runs that show the same text are enough where the latter has so many digits beyond those of
+// SystemNumberSetup, and beyond them more than the places between the sizes of coefficients and the
+// unit, also when LeastExtraDigits asks for more. The run before it has ComparedExtraDigits then.
+constexpr int64_t TrustedExtraDigits = 1'178;
+constexpr int64_t ComparedExtraDigits = 570;
 
 // Characters of the sentence about parameters, in every language.
 constexpr int64_t SentenceCharacters = 200;
@@ -39,7 +49,7 @@ enum class RunEnding {
     Stopped,
 };
 
-// The decimal places that the coefficients take up together, none counted beyond MostExtraDigits.
+// The decimal places that the coefficients take up together, none counted beyond a run's digits.
 struct CoefficientPlaces {
     int64_t characters;  // of the longest cell, which is as many digits as one can have
     int64_t above;       // from the unit to the first digit of the largest coefficient
@@ -100,7 +110,7 @@ void TakePlacesOf(CoefficientPlaces& places, const char16_t* text, uint64_t* val
         const RealNumber* real = RealAt(value + part * RealWords());
         if (!RealIsZero(real)) {
             const int64_t exponent =
-                std::clamp(RealExponent(real), -MostExtraDigits, MostExtraDigits);
+                std::clamp(RealExponent(real), -MaxPrecisionDigits, MaxPrecisionDigits);
             places.above = std::max(places.above, exponent);
             places.below = std::max(places.below, -exponent);
         }
@@ -240,8 +250,10 @@ RunEnding SolveWithDigits(RunText& run, const SystemRequest& request, const Line
 bool SolveUntilCertain(RunText& shown, RunText& next, const SystemRequest& request) {
     NumberSetup setup = SystemNumberSetup(request);
     const int64_t digits = setup.digits;
-    const int64_t least = std::min(LeastExtraDigits(shown.places, request), MostExtraDigits);
-    setup.digits += MostExtraDigits + 2 * RoundingNoiseDigits;
+    const int64_t least = LeastExtraDigits(shown.places, request);
+    const int64_t places = shown.places.above + shown.places.below;
+    const int64_t trusted = std::max(TrustedExtraDigits, places + RoundingNoiseDigits);
+    setup.digits += ReadExtraDigits + 2 * RoundingNoiseDigits + std::min(places, MostReadPlaces);
     const NumberSetupScope numbers(setup);
     ScratchStackScope scope;
     const LinearSystem read = TakeLinearSystem(CurrentScratchStack(), request.count);
@@ -252,7 +264,7 @@ bool SolveUntilCertain(RunText& shown, RunText& next, const SystemRequest& reque
         }
     }
     for (const int64_t extra : ExtraDigits) {
-        if (extra < least && extra != ExtraDigits[0]) {
+        if (extra < std::min(least, ComparedExtraDigits) && extra != ExtraDigits[0]) {
             continue;
         }
         const RunEnding ending = SolveWithDigits(next, request, read, setup, digits + extra);
@@ -260,7 +272,8 @@ bool SolveUntilCertain(RunText& shown, RunText& next, const SystemRequest& reque
             return ending != RunEnding::Stopped;
         }
         std::swap(shown, next);
-        if (shown.isCertain || (extra >= least && TextOf(shown) == TextOf(next))) {
+        const bool isEnough = extra >= std::min(least, trusted);
+        if (shown.isCertain || (isEnough && TextOf(shown) == TextOf(next))) {
             return true;
         }
     }

@@ -180,8 +180,16 @@ TEST_F(LinearSystems, ForgetCodesThatWereNotedBefore) {
 
 TEST_F(LinearSystems, StopWhenTheyAreAskedTo) {
     FormulaScope scope(12, NumberTypeReal);
+    ScratchStackScope stack;
+    LinearSystem system = TakeLinearSystem(CurrentScratchStack(), 2);
+    LinearSolution solution = TakeLinearSolution(CurrentScratchStack(), 2);
+    for (int64_t row = 0; row < 2; row++) {
+        ValueFromInteger(SystemValue(system, row, 0), 1);
+        ValueFromInteger(SystemValue(system, row, 1), row);
+    }
     RequestStop();
-    EXPECT_EQ(Solve({{"1", "0", "3"}, {"0", "1", "4"}}), Fails("Stopped"));
+    EXPECT_EQ(SolveLinearSystem(system, solution, 10), LinearOutcome::Stopped);
+    EXPECT_EQ(ValueText(SystemValue(system, 1, 0)), "1e0") << "no row is eliminated any more";
     ClearStopRequest();
 }
 

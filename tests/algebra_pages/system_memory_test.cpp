@@ -29,8 +29,8 @@ TEST_F(SystemMemory, StaysWithinItsBounds) {
     cells[1][0] = "i";
     const std::string text = ShownSystem(cells, NumberTypeComplex, 1000);
     EXPECT_NE(text.find("The parameter variables r, s, t, u, v1,"), text.npos);
-    ExpectMostOfScratchStack("RunSystem", 4'848'280);
-    ExpectMostOfCoreScratch("RunSystem", 9'504);
+    ExpectMostOfScratchStack("RunSystem", 4'869'080);
+    ExpectMostOfCoreScratch("RunSystem", 9'664);
 }
 
 TEST_F(SystemMemory, StaysWithinItsBoundsForFractions) {

@@ -27,6 +27,8 @@ struct Cell {
 };
 using Cells = std::vector<std::vector<Cell>>;
 
+const mpz_class TenTo18 = 1'000'000'000'000'000'000;
+
 std::string Shortened(const std::string& line) {
     const auto most = static_cast<size_t>(SystemLineCharacters);
     return line.size() <= most ? line + "\n" : line.substr(0, most - 1) + "…";
@@ -504,7 +506,7 @@ TEST_F(SystemRunOracle, RoundsTiesAwayFromZero) {
 // The bound below which a value is 0 is absolute, so rounding errors grow past it together with the
 // coefficients.
 TEST_F(SystemRunOracle, FindsParametersBesideLargeCoefficients) {
-    constexpr int64_t Exponents[] = {15, 30, 37, 38, 39, 40, 41, 60, 100, 300, 1000};
+    constexpr int64_t Exponents[] = {15, 30, 37, 38, 39, 40, 41, 60, 100, 300, 1000, 2500};
     int withParameters = 0;
     for (int round = 0; round < TestRounds(10); round++) {
         for (const int64_t exponent : Exponents) {
@@ -521,6 +523,42 @@ TEST_F(SystemRunOracle, FindsParametersBesideLargeCoefficients) {
         }
     }
     EXPECT_GT(withParameters, TestRounds(10) * std::ssize(Exponents));
+}
+
+// Products of triangular matrices with 1 on the diagonal: what the elimination finds is that 1,
+// however long the coefficients are.
+TEST_F(SystemRunOracle, FindsWhatIsLeftOfLongCoefficients) {
+    for (int round = 0; round < TestRounds(5); round++) {
+        const auto count = static_cast<size_t>(random_.Between(4, 6));
+        const int64_t digits = random_.Between(100, 300);
+        const auto entry = [&](bool isThere) {
+            mpz_class value = 0;
+            for (int64_t k = 0; isThere && k < digits; k += 18) {
+                value = value * TenTo18 + random_.Between(0, 999'999'999'999'999'999);
+            }
+            return value;
+        };
+        std::vector<std::vector<mpz_class>> lower(count);
+        std::vector<std::vector<mpz_class>> upper(count);
+        for (size_t i = 0; i < count; i++) {
+            for (size_t j = 0; j < count; j++) {
+                lower[i].push_back(i == j ? mpz_class(1) : entry(j < i));
+                upper[i].push_back(i == j ? mpz_class(1) : entry(j > i));
+            }
+        }
+        Cells cells(count);
+        for (size_t i = 0; i < count; i++) {
+            for (size_t j = 0; j < count; j++) {
+                mpz_class sum = 0;
+                for (size_t k = 0; k < count; k++) {
+                    sum += lower[i][k] * upper[k][j];
+                }
+                cells[i].push_back(CellOf({sum, 0}));
+            }
+            cells[i].push_back(Whole(9));
+        }
+        Check(cells, NumberTypeReal, AnyDigits());
+    }
 }
 
 // Two rows that are the same but for one digit far behind, or quite the same.

@@ -1,6 +1,9 @@
 #include "algebra_pages/system_run.h"
 
+#include <chrono>
 #include <string>
+#include <thread>
+#include <vector>
 
 #include "core/limits.h"
 #include "core/stop_request.h"
@@ -229,6 +232,18 @@ TEST_F(SystemRun, KeepsAResultWhereALaterRunCannotBeCalculated) {
         "x1 = 1e+3000000000000000000\nx2 = 1\n");
 }
 
+TEST_F(SystemRun, TakesACellForZeroThatIsNothingButRounding) {
+    const std::string unsolvable = "Equation system is unsolvable!\n";
+    const std::string parameter =
+        "x1 = r\nx2 = 2\n\nThe parameter variable r is freely selectable.\n";
+    EXPECT_EQ(ShownSystem({{"3*(1/3)-1", "2", "5"}, {"0", "4", "8"}}, NumberTypeReal), unsolvable);
+    EXPECT_EQ(ShownSystem({{"3*(1/3)-1", "2", "4"}, {"0", "4", "8"}}, NumberTypeReal), parameter);
+    EXPECT_EQ(ShownSystem({{"sqrt(3)^2-3", "2", "4"}, {"0", "4", "8"}}, NumberTypeReal), parameter);
+    EXPECT_EQ(
+        ShownSystem({{"(1/3*3-1)+(1/3*3-1)*i", "2", "4"}, {"0", "4", "9"}}, NumberTypeComplex),
+        unsolvable);
+}
+
 // Runs with fewer digits would see another value.
 TEST_F(SystemRun, ReadsCellsWithAllDigitsThatAnyRunTakes) {
     std::string cell = "0";
@@ -275,6 +290,33 @@ TEST_F(SystemRun, EndsAtAStopInAnyRun) {
         EXPECT_EQ(uiError.code, UiErrorStopped);
         EXPECT_EQ(reader.reads, stopsAt);
     }
+}
+
+// A stop that comes while it calculates leaves no text and no other error.
+TEST_F(SystemRun, EndsAtAStopAtAnyTime) {
+    SystemTexts cells(12, std::vector<std::string>(13, "1"));
+    for (size_t i = 0; i < 12; i++) {
+        for (size_t j = 0; j < 13; j++) {
+            cells[i][j] = "1/" + std::to_string(i * i + j + 1);
+        }
+    }
+    const std::string whole = ShownSystem(cells, NumberTypeComplex, 1000);
+    int stopped = 0;
+    for (int delay = 0; delay < 20; delay++) {
+        ClearErrors();
+        ClearStopRequest();
+        std::thread other([delay] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(delay));
+            RequestStop();
+        });
+        const std::string shown = ShownSystem(cells, NumberTypeComplex, 1000);
+        other.join();
+        if (shown != whole) {
+            EXPECT_EQ(shown, "error 9003");
+            stopped++;
+        }
+    }
+    EXPECT_GT(stopped, 0);
 }
 
 TEST_F(SystemRun, LeavesTheNumberSetupAsItWas) {
