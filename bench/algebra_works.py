@@ -66,7 +66,7 @@ def print_table(program, works, title, measured, kind, rounds, markdown):
             rows.append(row)
             table.add([row.title, f"{digits:,}", show_milliseconds(row.ours),
                        show_milliseconds(row.theirs) if row.theirs else "",
-                       *(ratio_cells(row, "≤") if row.ratios else [""] * 4)])
+                       *ratio_cells(row, "≤")])
     return rows
 
 

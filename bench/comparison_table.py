@@ -70,9 +70,13 @@ class Table:
 
 
 def ratio_cells(row, bound):
-    spread = f"{show_ratio(min(row.ratios))} - {show_ratio(max(row.ratios))}"
-    target = "" if row.target is None else f"{bound} {row.target}"
-    return [show_ratio(row.ratio()), spread, target, row.verdict()]
+    """Ratio, spread, target and verdict. A row without ratios may have a target all the same."""
+    ratio, spread = "", ""
+    if row.ratios:
+        ratio = show_ratio(row.ratio())
+        spread = f"{show_ratio(min(row.ratios))} - {show_ratio(max(row.ratios))}"
+    target = "" if row.target is None else f"{bound} {row.target:,}"
+    return [ratio, spread, target, row.verdict()]
 
 
 def print_heading(title, markdown):

@@ -70,11 +70,9 @@ def print_tables(program, names, rounds, markdown):
         for digits in ROOTS[name].targets:
             row, mpsolve = compare_roots(program, name, digits, rounds)
             rows.append(row)
-            ratios = ratio_cells(row, "≤") if row.ratios else ["", "", f"≤ {row.target}",
-                                                               row.verdict()]
-            table.add([row.title, str(digits), show_milliseconds(row.ours),
-                       show_milliseconds(row.theirs) if row.theirs else "", *ratios,
-                       show_milliseconds(mpsolve) if mpsolve else ""])
+            table.add([row.title, f"{digits:,}", show_milliseconds(row.ours),
+                       show_milliseconds(row.theirs) if row.theirs else "",
+                       *ratio_cells(row, "≤"), show_milliseconds(mpsolve) if mpsolve else ""])
     return rows
 
 
