@@ -39,7 +39,8 @@ struct PolyCalculation {
     uint64_t exponent;      ///< of PolyOperator::Power, once its second operand was taken
     /// How far the parts of each coefficient may be off; 0 for exact ones.
     PartSizes errors[MaxPolynomials][PolyCoefficients];
-    /// False when the errors of the coefficients leave open how a part of the result is rounded.
+    /// False when the errors of the coefficients leave open whether a part of the result is 0, or
+    /// how it is rounded.
     bool isKnown;
 };
 
@@ -73,8 +74,8 @@ PolyOutcome ApplyOperand(PolyCalculation& calculation);
 /// side.
 ///
 /// Where coefficients are rounded, passes go on until the bound of what they leave of a part is the
-/// larger one. A part that is then as close as that to a middle counts as the middle, and isKnown
-/// becomes false.
+/// larger one. A part that is then as close as that to 0 is 0, one that is as close to a middle
+/// counts as the middle, and isKnown becomes false.
 ///
 /// Operands that are not finite, or have exponents beyond MaxBoundedExponent
 /// (algebra/polynomial_bounds.h), leave the result of the plain way. Where a code is noted already,

@@ -131,6 +131,7 @@ int64_t SettleRoundedPart(RealNumber* settled, const RealNumber* x, const Coeffi
     const int64_t lacking = pass.last ? 0 : std::max<int64_t>(ofPass - ofOperands, 0);
     if (RealIsZero(x) || RealExponent(x) < error) {
         RealSetZero(settled, 0);
+        pass.isKnown = pass.isKnown && lacking > 0;
         return lacking;
     }
     if (RoundsAlike(settled, x, error, digits)) {

@@ -1,5 +1,6 @@
 #include "algebra_pages/coefficient_cell.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include "core/limits.h"
@@ -15,6 +16,9 @@
 namespace tallymere {
 
 namespace {
+
+// The digits that a cell with a part that may be 0 is read with, beyond those in force.
+constexpr int64_t DoubtDigits = 38;
 
 CellReading ReadWithDigits(uint64_t* value, const char16_t* text, int64_t digits) {
     NumberSetup setup = CurrentNumberSetup();
@@ -32,21 +36,69 @@ void WidenValue(uint64_t* dest, const uint64_t* value, int64_t digits) {
     }
 }
 
-// How far x may be off, which was `before` with fewer digits. Makes it 0 when it may be that.
-Magnitude ErrorOfReading(RealNumber* x, const RealNumber* before) {
-    if (RealCompare(x, before) == 0 || (RealIsSpecial(x) && !RealIsZero(x)) ||
-        (RealIsSpecial(before) && !RealIsZero(before))) {
+// How far x may be off, of which a reading with other digits made `other`.
+Magnitude ErrorOfReading(const RealNumber* x, const RealNumber* other) {
+    if (RealCompare(x, other) == 0 || (RealIsSpecial(x) && !RealIsZero(x)) ||
+        (RealIsSpecial(other) && !RealIsZero(other))) {
         return {};
     }
     ScratchStackScope scope;
     RealNumber* distance = RealAt(scope.Take(RealWords()));
-    RealSub(distance, x, before);
-    const Magnitude error = MagnitudeOf(distance) * MakeMagnitude(2);
-    if (error < MagnitudeOf(x)) {
-        return error;
+    RealSub(distance, x, other);
+    return MagnitudeOf(distance) * MakeMagnitude(2);
+}
+
+PartSizes ErrorsOfReading(const uint64_t* value, const uint64_t* other) {
+    PartSizes errors = {ErrorOfReading(RealAt(value), RealAt(other)), {}};
+    if (ValueRealParts() == 2) {
+        errors.imaginary = ErrorOfReading(RealAt(value + RealWords()), RealAt(other + RealWords()));
     }
-    RealSetZero(x, 0);
-    return {};
+    return errors;
+}
+
+bool MayBeZero(const RealNumber* x, Magnitude error) {
+    return !IsZero(error) && !(error < MagnitudeOf(x));
+}
+
+// Takes the error of another reading for a part that may be 0, and 0 where it may be that still.
+void SettleZero(RealNumber* x, Magnitude& error, Magnitude other) {
+    if (!MayBeZero(x, error)) {
+        return;
+    }
+    error = other;
+    if (MayBeZero(x, other)) {
+        RealSetZero(x, 0);
+        error = {};
+    }
+}
+
+// Reads a cell once more where a part of its value may be 0, and settles whether it is.
+void SettleZeros(uint64_t* value, PartSizes* error, const char16_t* text) {
+    RealNumber* imaginary = RealAt(value + RealWords());
+    const bool isComplex = ValueRealParts() == 2;
+    if (!MayBeZero(RealAt(value), error->real) &&
+        !(isComplex && MayBeZero(imaginary, error->imaginary))) {
+        return;
+    }
+    NumberSetup setup = CurrentNumberSetup();
+    const int64_t digits = setup.digits;
+    setup.digits = std::min(digits + DoubtDigits, MaxPrecisionDigits);
+    PartSizes other = *error;
+    if (setup.digits > digits) {
+        const NumberSetupScope numbers(setup);
+        ScratchStackScope scope;
+        const int64_t words = ValueRealParts() * RealWords();
+        uint64_t* wide = scope.Take(words);
+        uint64_t* known = scope.Take(words);
+        if (ReadCoefficientCell(wide, text).outcome == CellOutcome::Read) {
+            WidenValue(known, value, digits);
+            other = ErrorsOfReading(known, wide);
+        }
+    }
+    SettleZero(RealAt(value), error->real, other.real);
+    if (isComplex) {
+        SettleZero(imaginary, error->imaginary, other.imaginary);
+    }
 }
 
 }  // namespace
@@ -91,11 +143,8 @@ CellReading ReadCellWithError(uint64_t* value, PartSizes* error, const char16_t*
     const CellReading second = ReadCoefficientCell(value, text);
     if (first.outcome == CellOutcome::Read && second.outcome == CellOutcome::Read) {
         WidenValue(before, narrow, digits.before);
-        error->real = ErrorOfReading(RealAt(value), RealAt(before));
-        if (ValueRealParts() == 2) {
-            error->imaginary =
-                ErrorOfReading(RealAt(value + RealWords()), RealAt(before + RealWords()));
-        }
+        *error = ErrorsOfReading(value, before);
+        SettleZeros(value, error, text);
         return second;
     }
     if (first.outcome == CellOutcome::Stopped || second.outcome == CellOutcome::Stopped) {

@@ -35,10 +35,12 @@ struct CellDigits {
 
 /// *value = the number that a cell means, with the digits in force, and *error = how far its parts
 /// may be off: 0 for one that is the same decimal number with `before` digits, or twice the
-/// distance of the two. A part that is no larger than its error is 0, such as that of 1/3*3-1. When
-/// the cell can be read with `checked` digits alone, it is that number, as an exact one. The result
-/// is that of reading with `checked` digits, or CellOutcome::Stopped. Exact types are read once.
-/// Otherwise as ReadCoefficientCell.
+/// distance of the two. Where a part is no larger than its error, the cell is read once more, with
+/// 38 digits more than those in force, and the distance to that reading counts. A part that is no
+/// larger than its error then is 0, such as that of 1/3*3-1; with 51 and 89 digits, 1+1e-60-1 is
+/// not. When the cell can be read with `checked` digits alone, it is that number, as an exact one.
+/// The result is that of reading with `checked` digits, or CellOutcome::Stopped. Exact types are
+/// read once. Otherwise as ReadCoefficientCell.
 CellReading ReadCellWithError(uint64_t* value, PartSizes* error, const char16_t* text,
                               const CellDigits& digits);
 

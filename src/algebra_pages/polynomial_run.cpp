@@ -19,9 +19,12 @@ namespace tallymere {
 
 namespace {
 
-// The digits that cells are read with, beyond those of PolynomialNumberSetup or of the longest
-// cell: with the first and the second one, and then with two neighbours after the other.
-constexpr int64_t ExtraDigits[] = {38, 76, 114, 266, 570, 1178};
+// Two counts of digits that all cells are read with, beyond those of PolynomialNumberSetup or of
+// the longest cell.
+struct ExtraDigits {
+    int64_t before;
+    int64_t last;
+};
 
 void RaiseUnreadCell(const CellReading& reading, int32_t polynomial, int32_t power) {
     const CoefficientLabel coefficient = LabelOfCoefficient(power);
@@ -139,20 +142,22 @@ bool RunPolynomials(const PolynomialRequest& request, ResultStore& store, TakePo
     }
     const int64_t checked = setup.digits;
     const int64_t typed = std::max(checked, MostTypedDigits(request));
-    const auto withExtra = [&](size_t i) {
-        return ValuesAreExact() ? checked : std::min(typed + ExtraDigits[i], MaxPrecisionDigits);
+    const auto withExtra = [&](int64_t extra) {
+        return ValuesAreExact() ? checked : std::min(typed + extra, MaxPrecisionDigits);
     };
-    for (size_t i = 1;; i++) {
-        setup.digits = withExtra(i);
+    // The last ones tell all digits of a part that those before tell from 0.
+    const ExtraDigits readings[] = {{38, 76}, {570, 608 + request.digits}};
+    for (const ExtraDigits* extra = readings;; extra++) {
+        setup.digits = withExtra(extra->last);
         const NumberSetupScope wide(setup);
         ScratchStackScope scope;
         PolyCalculation calculation =
             TakePolyCalculation(scope, request.operation, request.count, request.digits);
-        Calculate(calculation, request, {.checked = checked, .before = withExtra(i - 1)});
+        Calculate(calculation, request, {.checked = checked, .before = withExtra(extra->before)});
         if (PendingUiError() != UiErrorNone) {
             return false;
         }
-        if (calculation.isKnown || i + 1 == std::size(ExtraDigits)) {
+        if (calculation.isKnown || extra + 1 == std::end(readings)) {
             return PrintPolyResult(calculation, store, request.printFlags,
                                    PolyLineCapacity(request.printFlags), take, takeContext);
         }

@@ -55,11 +55,12 @@ NumberSetup PolynomialNumberSetup(const PolynomialRequest& request);
 ///
 /// Real and complex coefficients are read with 38 and 76 digits more than the check has, or than
 /// the longest cell has typed digits. A part with the same digits both times is exact, so that
-/// 1+1e-200 may be 1; of others the error is known, see ReadCellWithError, and what it covers in
-/// the result is 0. Where these errors leave open how a part of the result is rounded, all cells
-/// are read again, with up to 1,178 digits more. What is open then counts as the middle between two
-/// results. Degree, divisor 0 and exponent are those of the coefficients that were read so; an
-/// error is that of the first cell or step that has one.
+/// 1+1e-200 may be 1; of others the error is known, see ReadCellWithError. Where these errors leave
+/// open whether a part of the result is 0, or how it is rounded, all cells are read once more, with
+/// 570 digits more and with 608 and those of the result. What is open then is 0, or counts as the
+/// middle between two results. So what is left of terms that cancel is right, unless it is below
+/// about 10^-570 of them: then it is 0. Degree, divisor 0 and exponent are those of the
+/// coefficients that were read so; an error is that of the first cell or step that has one.
 ///
 /// Errors: UiErrorPolynomialCoefficientTooLong and UiErrorPolynomialCoefficient with coefficient,
 /// polynomial and the text of the formula's error; UiErrorPolynomialDegree with MaxPolyDegree;

@@ -114,16 +114,17 @@ TEST_F(CoefficientCell, NotesNoCodeOfTheArithmetic) {
     EXPECT_EQ(PendingUiError(), UiErrorNone);
 }
 
-// What a cell reads as with 10, 20 and 30 digits, and the errors of its parts.
+// What a cell reads as with 10, 20 and `digits` digits, and the errors of its parts.
 struct Inexact {
     CellOutcome outcome;
     std::u16string value;
+    bool isZero;
     PartSizes errors;
 };
 
-Inexact ReadThrice(const char16_t* text, NumberType type = NumberTypeComplex) {
+Inexact ReadThrice(const char16_t* text, NumberType type = NumberTypeComplex, int64_t digits = 30) {
     const NumberSetupScope setup(
-        NumberSetup{.type = type, .digits = 30, .width = UintWidthForLimbs(2)});
+        NumberSetup{.type = type, .digits = digits, .width = UintWidthForLimbs(2)});
     ScratchStackScope scratch;
     uint64_t* value = scratch.Take(static_cast<int64_t>(SizeOfNumber()) / BytesPerWord);
     PartSizes errors;
@@ -131,7 +132,7 @@ Inexact ReadThrice(const char16_t* text, NumberType type = NumberTypeComplex) {
         ReadCellWithError(value, &errors, text, {.checked = 10, .before = 20});
     char16_t shown[100];
     NumberToText(shown, 99, value, 0);
-    return {reading.outcome, shown, errors};
+    return {reading.outcome, shown, ValueIsZero(value), errors};
 }
 
 TEST_F(CoefficientCell, IsExactWhereTwoReadingsAreOneNumber) {
@@ -161,6 +162,39 @@ TEST_F(CoefficientCell, IsZeroWithinItsError) {
     EXPECT_EQ(cell.value, u"i");
     EXPECT_TRUE(IsZero(cell.errors.real));
     EXPECT_EQ(ReadThrice(u"1/3-0.3333333333333", NumberTypeReal).value.substr(0, 6), u"3.3333");
+}
+
+// 20 digits have nothing of them, and 68 settle them.
+TEST_F(CoefficientCell, IsNotZeroWhereMoreDigitsTellIt) {
+    const Inexact exact = ReadThrice(u"1+1e-25-1", NumberTypeReal);
+    EXPECT_EQ(exact.value, u"1e-25");
+    EXPECT_TRUE(IsZero(exact.errors.real));
+    const Inexact rounded = ReadThrice(u"1+1.23e-28-1", NumberTypeReal);
+    EXPECT_EQ(rounded.value, u"1.2e-28");
+    EXPECT_EQ(rounded.errors.real.exponent, -30);
+    EXPECT_NEAR(rounded.errors.real.mantissa, 6, 0.01);
+    EXPECT_EQ(ReadThrice(u"1+1e-29-1", NumberTypeReal).value, u"1e-29");
+    EXPECT_EQ(ReadThrice(u"1+1e-30-1", NumberTypeReal).value, u"0");
+}
+
+TEST_F(CoefficientCell, SettlesEachPart) {
+    const Inexact first = ReadThrice(u"1+1e-25-1+i*(1/7*7-1)");
+    EXPECT_EQ(first.value, u"1e-25");
+    EXPECT_TRUE(IsZero(first.errors.imaginary));
+    const Inexact second = ReadThrice(u"1/7*7-1+i*(1+1e-25-1)");
+    EXPECT_EQ(second.value, u"(1e-25)i");
+    EXPECT_TRUE(IsZero(second.errors.real));
+    // The other part keeps the error that it had.
+    const Inexact third = ReadThrice(u"1+1e-25-1+i/3");
+    EXPECT_EQ(third.value, u"1e-25+0.333333333333333333333333333333i");
+    EXPECT_EQ(third.errors.imaginary.exponent, -21);
+}
+
+TEST_F(CoefficientCell, IsZeroWhereMoreDigitsTellNothing) {
+    EXPECT_EQ(ReadThrice(u"1+1e-25-1+0*sqrt(1-1e-40-1)", NumberTypeReal).value, u"0");
+    const Inexact cell = ReadThrice(u"1/3*3-1", NumberTypeReal, MaxPrecisionDigits);
+    EXPECT_TRUE(cell.isZero);
+    EXPECT_TRUE(IsZero(cell.errors.real));
 }
 
 TEST_F(CoefficientCell, FailsWithTheFewestDigitsAlone) {

@@ -62,8 +62,8 @@ TEST_F(PolynomialMemory, StaysWithinItsBoundsForQuotients) {
 // The sum is a middle that no reading comes to.
 TEST_F(PolynomialMemory, StaysWithinItsBoundsForTheLastReading) {
     Run(PolyOperator::Plus, 12, 20, NumberTypeComplex, u"(1+15e-1000)/12*(1+i)");
-    ExpectMostOfScratchStack("sum of 12, cplx", 662'592);
-    ExpectMostOfCoreScratch("sum of 12, cplx", 5'568);
+    ExpectMostOfScratchStack("sum of 12, cplx", 793'968);
+    ExpectMostOfCoreScratch("sum of 12, cplx", 6'672);
 }
 
 TEST_F(PolynomialMemory, StaysWithinItsBoundsForFractions) {

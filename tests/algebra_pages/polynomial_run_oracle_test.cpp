@@ -39,11 +39,11 @@ mpq_class SquareRoot(const mpq_class& square) {
     return mpq_class(root) * TenTo(-RootDigits);
 }
 
-mpq_class Cleared(const mpq_class& value) {
-    if (abs(value) < KnownSize) {
+mpq_class Cleared(const mpq_class& value, const mpq_class& known = KnownSize) {
+    if (abs(value) <= known) {
         return 0;
     }
-    return value < 0 ? mpq_class(value - KnownSize) : mpq_class(value + KnownSize);
+    return value < 0 ? mpq_class(value - known) : mpq_class(value + known);
 }
 
 std::string NumberOf(const ExactComplex& value, int64_t digits) {
@@ -53,16 +53,20 @@ std::string NumberOf(const ExactComplex& value, int64_t digits) {
 }
 
 // The lines of the coefficients.
-std::string LinesOf(ExactPoly polynomial, char letter, int64_t digits) {
-    for (ExactComplex& value : polynomial) {
-        value = {Cleared(value.re), Cleared(value.im)};
-    }
+std::string PlainLinesOf(const ExactPoly& polynomial, char letter, int64_t digits) {
     std::string text;
     for (int i = std::max(DegreeOf(polynomial), 0); i >= 0; i--) {
         text += letter + std::to_string(i) + " = " +
                 NumberOf(polynomial[static_cast<size_t>(i)], digits) + "\r\n";
     }
     return text;
+}
+
+std::string LinesOf(ExactPoly polynomial, char letter, int64_t digits) {
+    for (ExactComplex& value : polynomial) {
+        value = {Cleared(value.re), Cleared(value.im)};
+    }
+    return PlainLinesOf(polynomial, letter, digits);
 }
 
 ExactPoly ValuesOf(const Cells& cells) {
@@ -100,6 +104,37 @@ std::string ExpectedLines(PolyOperator operation, const std::vector<Cells>& oper
         }
     }
     return LinesOf(result, 'b', digits);
+}
+
+ExactPoly SizesOf(const Cells& cells) {
+    ExactPoly sizes;
+    for (size_t i = 0; i < cells.size(); i++) {
+        sizes[i].re = abs(cells[i].value.re);
+    }
+    return sizes;
+}
+
+// A sum or a product of real polynomials of any size: a coefficient is 0 where it is below
+// 10^-583 of the sizes of its terms, which readings of 10 shown digits tell from 0.
+std::string ExpectedLinesOfAnySize(PolyOperator operation, const std::vector<Cells>& operands) {
+    ExactPoly result = ValuesOf(operands[0]);
+    ExactPoly sizes = SizesOf(operands[0]);
+    for (size_t k = 1; k < operands.size(); k++) {
+        const ExactPoly operand = ValuesOf(operands[k]);
+        if (operation == PolyOperator::Times) {
+            result = ExactProduct(result, operand);
+            sizes = ExactProduct(sizes, SizesOf(operands[k]));
+            continue;
+        }
+        for (size_t i = 0; i < operand.size(); i++) {
+            result[i] = result[i] + operand[i];
+            sizes[i] = sizes[i] + SizesOf(operands[k])[i];
+        }
+    }
+    for (size_t i = 0; i < result.size(); i++) {
+        result[i].re = Cleared(result[i].re, sizes[i].re * TenTo(-583));
+    }
+    return PlainLinesOf(result, 'b', 10);
 }
 
 std::string ShownLines(PolyOperator operation, const std::vector<Cells>& operands, NumberType type,
@@ -231,6 +266,36 @@ protected:
         Check(operation, operands, type, digits);
     }
 
+    // A fraction other than 0 of about the size 10^exponent.
+    Cell Sized(int64_t exponent) {
+        const auto above = static_cast<long>(random_.Between(1, 99));
+        const auto below = static_cast<long>(random_.Between(1, 99));
+        return SizedAs(above, below, exponent);
+    }
+    static Cell SizedAs(long above, long below, int64_t exponent) {
+        mpq_class value(above, below);
+        value.canonicalize();
+        return {
+            std::to_string(above) + "/" + std::to_string(below) + "*1e" + std::to_string(exponent),
+            {value * TenTo(exponent), 0}};
+    }
+    // A fraction without end, whose readings all differ, and its parts.
+    struct Endless {
+        long above;
+        long below;
+    };
+    Endless EndlessFraction() {
+        constexpr long Denominators[] = {9, 11, 13, 17, 19, 23};
+        return {static_cast<long>(random_.Between(1, 8)),
+                Denominators[random_.Below(std::size(Denominators))]};
+    }
+    // 3 such numbers of a size whose sum is 0, and which are rounded each in its own way.
+    std::vector<Cell> Cancelling(int64_t exponent) {
+        const Endless f = EndlessFraction();
+        return {SizedAs(f.above, f.below, exponent), SizedAs(-6 * f.above, 7 * f.below, exponent),
+                SizedAs(-f.above, 7 * f.below, exponent)};
+    }
+
     RandomSource random_;
 };
 
@@ -242,6 +307,42 @@ TEST_F(PolynomialRunOracle, HasEveryDigit) {
             CheckOne(operation, NumberTypeReal, digits);
             CheckOne(operation, NumberTypeComplex, digits);
         }
+    }
+}
+
+// Sums whose largest terms cancel, with terms of 3 sizes from 10^300 to 10^-300.
+TEST_F(PolynomialRunOracle, HasEveryDigitOfSumsOfAnySize) {
+    for (int round = 0; round < TestRounds(60) && !HasFailure(); round++) {
+        std::vector<Cells> operands(5);
+        for (int i = 0; i <= 3; i++) {
+            const int64_t largest = 100 * random_.Between(-2, 3);
+            const std::vector<Cell> large = Cancelling(largest);
+            operands[0].push_back(large[0]);
+            operands[1].push_back(Sized(-300));
+            operands[2].push_back(large[1]);
+            operands[3].push_back(random_.Below(2) == 0 ? Sized(100 * random_.Between(-3, 3))
+                                                        : Cell{"", {}});
+            operands[4].push_back(large[2]);
+        }
+        SCOPED_TRACE(operands[0][0].text + " " + operands[1][0].text);
+        EXPECT_EQ(ShownLines(PolyOperator::Plus, operands, NumberTypeReal, 10),
+                  ExpectedLinesOfAnySize(PolyOperator::Plus, operands));
+    }
+}
+
+// (u x + v) (u x - v + w) with u, v and w of any size: v u cancels.
+TEST_F(PolynomialRunOracle, HasEveryDigitOfProductsOfAnySize) {
+    for (int round = 0; round < TestRounds(60) && !HasFailure(); round++) {
+        const int64_t size = 100 * random_.Between(-3, 3);
+        const Cell u = Sized(100 * random_.Between(-3, 3));
+        const Endless f = EndlessFraction();
+        const Cell v = SizedAs(f.above, f.below, size);
+        const Cell w = Sized(size - 100 * random_.Between(0, 5));
+        const Cell last = {"-" + v.text + "+" + w.text, {w.value.re - v.value.re, 0}};
+        const std::vector<Cells> operands = {{v, u}, {last, u}, {Sized(-300), Sized(300)}};
+        SCOPED_TRACE(u.text + " " + v.text + " " + w.text);
+        EXPECT_EQ(ShownLines(PolyOperator::Times, operands, NumberTypeReal, 10),
+                  ExpectedLinesOfAnySize(PolyOperator::Times, operands));
     }
 }
 

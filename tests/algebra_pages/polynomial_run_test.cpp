@@ -27,11 +27,18 @@ struct Options {
     int32_t maxDegree = AsManyAsThereAre;
 };
 
-// What was asked for, in order, such as "P1a2 ".
+// What was asked for, in order, such as "P1a2 ", how many cells that were, and at which of them a
+// stop is asked for; 0 for none.
 std::string readCells;
+size_t cellsRead;
+size_t stopsAt;
 
 void ReadCell(void* context, int32_t polynomial, int32_t power, char16_t* text) {
     readCells += "P" + std::to_string(polynomial) + "a" + std::to_string(power) + " ";
+    cellsRead++;
+    if (cellsRead == stopsAt) {
+        RequestStop();
+    }
     const auto& cells = (*static_cast<const Cells*>(context))[static_cast<size_t>(polynomial)];
     const auto degree = static_cast<int32_t>(cells.size()) - 1;
     const std::u16string cell = power > degree ? u"" : cells[static_cast<size_t>(degree - power)];
@@ -56,6 +63,7 @@ protected:
             .readCell = ReadCell,
             .context = &cells};
         readCells.clear();
+        cellsRead = 0;
         const NumberSetup before = CurrentNumberSetup();
         RunResult result = ResultOf([&] {
             mayTakeResult_ = RunPolynomials(
@@ -194,6 +202,48 @@ TEST_F(PolynomialRun, TakesWhatErrorsCoverForZero) {
               Sends(u"P0(x) + P1(x) = b0\r\n\r\nb0 = 3\r\n"));
 }
 
+// Readings have 13, 51, 89 and 127 digits.
+TEST_F(PolynomialRun, FindsCellsThatAreNotZero) {
+    for (const std::u16string size : {u"20", u"50", u"51", u"60", u"87", u"88"}) {
+        EXPECT_EQ(Run(Plus, {{u"1+1e-" + size + u"-1"}, {u"0"}}),
+                  Sends(u"P0(x) + P1(x) = b0\r\n\r\nb0 = 1e-" + size + u"\r\n"));
+    }
+    EXPECT_EQ(Run(Divide, {{u"1", u"0"}, {u"1+1e-60-1", u"1"}}),
+              Sends(u"P0(x) / P1(x) = b0    Remainder    r0\r\n\r\nb0 = 1e+60\r\n\r\n"
+                    u"r0 = -1e+60\r\n"));
+    EXPECT_EQ(Run(Plus, {{u"1+1.2345678901234e-80-1"}, {u"0"}}),
+              Sends(u"P0(x) + P1(x) = b0\r\n\r\nb0 = 1.23456789e-80\r\n"));
+    // No reading of a cell tells the largest of these from 0.
+    for (const std::u16string size : {u"89", u"100", u"300"}) {
+        EXPECT_EQ(Run(Plus, {{u"1+1e-" + size + u"-1"}, {u"0"}}),
+                  Sends(u"P0(x) + P1(x) = b0\r\n\r\nb0 = 0\r\n"));
+    }
+}
+
+// The second round has 583 and 631 digits.
+TEST_F(PolynomialRun, FindsWhatIsLeftOfTermsThatCancel) {
+    for (const std::u16string size : {u"30", u"52", u"100", u"300", u"580"}) {
+        EXPECT_EQ(Run(Plus, {{u"1e" + size + u"/3"}, {u"-1e" + size + u"/3"}, {u"1/7"}}),
+                  Sends(u"P0(x) + P1(x) + P2(x) = b0\r\n\r\nb0 = 0.1428571429\r\n"));
+    }
+    EXPECT_EQ(Run(Minus, {{u"1/3+1e-60"}, {u"1/3"}}),
+              Sends(u"P0(x) - P1(x) = b0\r\n\r\nb0 = 1e-60\r\n"));
+    EXPECT_EQ(Run(Divide, {{u"1", u"0", u"1e-300-5"}, {u"1", u"-sqrt(5)"}}),
+              Sends(u"P0(x) / P1(x) = b1*x + b0    Remainder    r0\r\n\r\n"
+                    u"b1 = 1\r\nb0 = 2.236067977\r\n\r\nr0 = 1e-300\r\n"));
+    EXPECT_EQ(Run(Plus, {{u"1e590/3"}, {u"-1e590/3"}, {u"1/7"}}),
+              Sends(u"P0(x) + P1(x) + P2(x) = b0\r\n\r\nb0 = 0\r\n"));
+}
+
+// 1,573 digits tell what is left from 0, and 2,611 have its 1,000 digits.
+TEST_F(PolynomialRun, ShowsDigitsThatItHasReadAlone) {
+    const std::u16string size = u"*1e1500";
+    const RunResult result = Run(
+        Plus, {{u"sqrt(7)*sqrt(11)" + size}, {u"-sqrt(77)" + size}, {u"2/3"}}, {.digits = 1000});
+    EXPECT_EQ(result.text,
+              u"P0(x) + P1(x) + P2(x) = b0\r\n\r\nb0 = 0." + std::u16string(999, u'6') + u"7\r\n");
+}
+
 // Three times 0.33338333... is the middle 1.00015, to which no reading comes.
 TEST_F(PolynomialRun, TakesWhatErrorsLeaveOpenForTheMiddle) {
     const std::vector<std::u16string> third = {u"1.00015/3"};
@@ -202,7 +252,7 @@ TEST_F(PolynomialRun, TakesWhatErrorsLeaveOpenForTheMiddle) {
               u"P0(x) + P1(x) + P2(x) = b0\r\n\r\nb0 = 1.0002\r\n");
     EXPECT_EQ(Run(Plus, {negative, negative, negative}, {.digits = 5}).text,
               u"P0(x) + P1(x) + P2(x) = b0\r\n\r\nb0 = -1.0002\r\n");
-    // The last two readings have 578 and 1,186 digits.
+    // The last two readings have 578 and 621 digits.
     for (const std::u16string seen : {u"-1e-60", u"-1e-150", u"-1e-500"}) {
         EXPECT_EQ(Run(Plus, {third, third, third, {seen}}, {.digits = 5}).text,
                   u"P0(x) + P1(x) + P2(x) + P3(x) = b0\r\n\r\nb0 = 1.0001\r\n");
@@ -342,6 +392,31 @@ TEST_F(PolynomialRun, ForgetsTheLastResultFirst) {
 TEST_F(PolynomialRun, HearsAStop) {
     RequestStop();
     ExpectError(Times, {{u"1", u"2"}, {u"3", u"4"}}, UiErrorStopped, u"?|?|?");
+}
+
+// Cells without a formula are read without a poll, and sums and differences have none.
+TEST_F(PolynomialRun, EndsAtAStopAtAnyCell) {
+    const std::u16string third = u"1.00015/3";
+    const struct {
+        Cells cells;
+        size_t rounds;
+    } examples[] = {{{{u"", u""}, {u"", u""}}, 2},
+                    {{{u"1", u"2"}, {u"3", u"4"}}, 2},
+                    {{{third, third}, {third, third}, {third, third}}, 3}};
+    for (const auto& example : examples) {
+        const size_t perRound = 2 * example.cells.size();
+        for (stopsAt = 1; stopsAt <= example.rounds * perRound; stopsAt++) {
+            SCOPED_TRACE(stopsAt);
+            ClearStopRequest();
+            ExpectError(Plus, example.cells, UiErrorStopped, u"?|?|?", {.digits = 5});
+            // The count of digits goes on; the first cell that is evaluated ends the run.
+            EXPECT_EQ(cellsRead, std::max(stopsAt, perRound + 1));
+        }
+        ClearStopRequest();
+        EXPECT_EQ(Run(Plus, example.cells, {.digits = 5}).error, UiErrorNone);
+        EXPECT_EQ(cellsRead, example.rounds * perRound);
+    }
+    stopsAt = 0;
 }
 
 TEST_F(PolynomialRun, SpeaksTheLanguageOfTheProgram) {
