@@ -27,9 +27,8 @@ int64_t PolyLineCapacity(uint32_t printFlags);
 /// the store. Lines end with "\r\n".
 ///
 /// `printFlags` are bits of TextFlags. `capacity` is PolyLineCapacity or less; a longer line ends
-/// with an ellipsis and raises UiErrorTextOverflow, and what is kept then is the number as far as
-/// it was written. A CalcError becomes UiErrorCalculation. True when no error is pending: then the
-/// result may be taken into the grid.
+/// with an ellipsis and raises UiErrorTextOverflow; its number is kept whole. A CalcError becomes
+/// UiErrorCalculation. True when no error is pending: then the result may be taken into the grid.
 bool PrintPolyResult(const PolyCalculation& calculation, ResultStore& store, uint32_t printFlags,
                      int64_t capacity, TakePolyText take, void* takeContext);
 

@@ -81,7 +81,22 @@ void ReadPolynomial(PolyCalculation& calculation, const PolynomialRequest& reque
     }
 }
 
-void RaiseOutcome(PolyOutcome outcome) {
+void Calculate(PolyCalculation& calculation, const PolynomialRequest& request,
+               const CellDigits& digits) {
+    for (int32_t k = 0; k < request.count && PendingUiError() == UiErrorNone; k++) {
+        ReadPolynomial(calculation, request, k, digits);
+        if (PendingUiError() == UiErrorNone) {
+            RaisePolyOutcome(ApplyOperand(calculation));
+        }
+    }
+    if (PendingUiError() == UiErrorNone) {
+        RaisePolyOutcome(RefinePolynomials(calculation));
+    }
+}
+
+}  // namespace
+
+void RaisePolyOutcome(PolyOutcome outcome) {
     switch (outcome) {
         case PolyOutcome::Done:
             break;
@@ -104,21 +119,6 @@ void RaiseOutcome(PolyOutcome outcome) {
     }
     TakeCalcError(UiErrorCalculation);
 }
-
-void Calculate(PolyCalculation& calculation, const PolynomialRequest& request,
-               const CellDigits& digits) {
-    for (int32_t k = 0; k < request.count && PendingUiError() == UiErrorNone; k++) {
-        ReadPolynomial(calculation, request, k, digits);
-        if (PendingUiError() == UiErrorNone) {
-            RaiseOutcome(ApplyOperand(calculation));
-        }
-    }
-    if (PendingUiError() == UiErrorNone) {
-        RaiseOutcome(RefinePolynomials(calculation));
-    }
-}
-
-}  // namespace
 
 NumberSetup PolynomialNumberSetup(const PolynomialRequest& request) {
     NumberSetup setup = {.type = request.type, .width = FractionWidth};

@@ -48,6 +48,12 @@ constexpr bool TakesPolynomials(PolyOperator operation, int32_t count) {
 /// What coefficients are checked with.
 NumberSetup PolynomialNumberSetup(const PolynomialRequest& request);
 
+/// Raises the error that an outcome means to a user, and then a code of the arithmetic as
+/// UiErrorCalculation; PolyOutcome::Done alone raises none. SameObject is UiErrorInternal, as a
+/// product into one of its operands is a mistake of the program. DegreeTooHigh, ExponentRefused,
+/// DivisionByZero and Stopped: see RunPolynomials.
+void RaisePolyOutcome(PolyOutcome outcome);
+
 /// Empties the store, reads the polynomials from the first one on, each from its highest power
 /// down, calculates, hands the result over as PrintPolyResult does and keeps its texts. Clears what
 /// was pending before. Runs under a number setup of its own, and needs a ScratchStack. True when

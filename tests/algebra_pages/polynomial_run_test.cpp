@@ -357,6 +357,48 @@ TEST_F(PolynomialRun, RefusesToDivideByZero) {
     ExpectError(Divide, {{u"1", u"1"}, {u"", u"0"}}, UiErrorDivisionByZero, u"?|?|?");
 }
 
+// With what is told, and without a result.
+TEST_F(PolynomialRun, RefusesToDivideByZeroInEachType) {
+    for (const NumberType type : {NumberTypeReal, NumberTypeComplex, NumberTypeRational}) {
+        SCOPED_TRACE(type);
+        const Options options = {.type = type};
+        EXPECT_EQ(Run(Divide, {{u"6"}, {u"3"}}, options).error, UiErrorNone);
+        EXPECT_EQ(Stored(), u"2 ");
+        ExpectError(Divide, {{u"1", u"2/3"}, {u"", u"1/2-2/4"}}, UiErrorDivisionByZero, u"?|?|?",
+                    options);
+    }
+    ExpectError(Divide, {{u"i"}, {u"i^2+1"}}, UiErrorDivisionByZero, u"?|?|?",
+                {.type = NumberTypeComplex});
+    ExpectError(Divide, {{u"0"}, {u"0"}}, UiErrorDivisionByZero, u"?|?|?",
+                {.type = NumberTypeRational});
+}
+
+TEST_F(PolynomialRun, RaisesAnErrorForEachOutcome) {
+    const struct {
+        PolyOutcome outcome;
+        UiErrorCode code;
+        const char16_t* arguments;
+    } errors[] = {{PolyOutcome::Done, UiErrorNone, u"||"},
+                  {PolyOutcome::SameObject, UiErrorInternal, u"?|?|?"},
+                  {PolyOutcome::DegreeTooHigh, UiErrorPolynomialDegree, u"20|?|?"},
+                  {PolyOutcome::ExponentRefused, UiErrorPolynomialNotInteger, u"P1(x)|20|?"},
+                  {PolyOutcome::DivisionByZero, UiErrorDivisionByZero, u"?|?|?"},
+                  {PolyOutcome::Stopped, UiErrorStopped, u"?|?|?"}};
+    for (const auto& expected : errors) {
+        for (const CalcError code : {CalcErrorNone, CalcErrorOverflow}) {
+            const bool isCode = expected.code == UiErrorNone && code != CalcErrorNone;
+            ClearPendingErrors();
+            if (code != CalcErrorNone) {
+                SetCalcError(code);
+            }
+            RaisePolyOutcome(expected.outcome);
+            EXPECT_EQ(std::u16string(uiError.arg1) + u"|" + uiError.arg2 + u"|" + uiError.arg3,
+                      isCode ? u"?|?|?" : expected.arguments);
+            EXPECT_EQ(TakeError(), isCode ? UiErrorCalculation : expected.code);
+        }
+    }
+}
+
 TEST_F(PolynomialRun, TellsWhatCannotBeCalculated) {
     ExpectError(Times, {{u"1e4000000000000000000"}, {u"1e4000000000000000000"}}, UiErrorCalculation,
                 u"?|?|?");
