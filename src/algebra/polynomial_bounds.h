@@ -30,9 +30,10 @@ struct PolynomialBounds {
 bool OperandsAreBounded(const PolyCalculation& calculation);
 
 /// The bounds of a calculation in real or cplx whose operands are bounded and all taken. The
-/// divisor of a quotient is not 0. Sizes are those of |x| + |y|. Method: the operation itself, on
-/// sizes, and on errors: a product a * b is off by |a| times the error of b, and so on; quotients
-/// by powers of the highest coefficient of the divisor, which in cplx are made real.
+/// divisor of a quotient is not 0. Parts that are 0 have no error, and others are larger than
+/// theirs. Sizes are those of |x| + |y|. Method: the operation itself, on sizes, and on errors: a
+/// product a * b is off by |a| times the error of b, and so on; quotients by powers of the highest
+/// coefficient of the divisor, which in cplx are made real.
 PolynomialBounds FindPolynomialBounds(const PolyCalculation& calculation);
 
 }  // namespace tallymere
