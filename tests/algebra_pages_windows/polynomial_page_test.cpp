@@ -329,11 +329,43 @@ TEST_F(PolynomialFormTest, ClearEmptiesOneRowOrAll) {
 }
 
 TEST_F(PolynomialFormTest, ClearEmptiesTheCellThatIsEdited) {
-    for (const PolynomialControl button : {PolynomialClear0, PolynomialClearAll}) {
-        TypeIntoCell(0, 1, u"77");
-        Click(button);
+    const struct {
+        PolynomialControl button;
+        int32_t row;
+    } examples[] = {{PolynomialClear0, 0},
+                    {PolynomialClear1, 1},
+                    {PolynomialClearAll, 0},
+                    {PolynomialClearAll, 1}};
+    for (const auto& example : examples) {
+        WritePolynomial(1 - example.row, {u"3", u"4"});
+        TypeIntoCell(example.row, 1, u"77");
+        Click(example.button);
         EXPECT_EQ(OpenEditor(), nullptr);
-        EXPECT_EQ(Cell(0, 1), u"");
+        EXPECT_EQ(Cells(example.row), Row(MaxPolyDegree + 1));
+        const bool isAll = example.button == PolynomialClearAll;
+        EXPECT_EQ(Cells(1 - example.row), Padded(isAll ? Row{} : Row{u"3", u"4"}));
+    }
+}
+
+// The other polynomial gets the text of its editor.
+TEST_F(PolynomialFormTest, ClearKeepsTheOtherCellThatIsEdited) {
+    const struct {
+        PolynomialControl button;
+        int32_t edited;
+    } examples[] = {{PolynomialClear0, 1}, {PolynomialClear1, 0}};
+    for (const auto& example : examples) {
+        WritePolynomial(0, {u"1", u"2"});
+        WritePolynomial(1, {u"3", u"4"});
+        const Row before = Cells(example.edited);
+        SetWindowTextW(Control(PolynomialOutput), L"result");
+        TypeIntoCell(example.edited, 2, u"77");
+        Click(example.button);
+        EXPECT_EQ(OpenEditor(), nullptr);
+        Row after = before;
+        after[static_cast<size_t>(ColumnOfPower(2))] = u"77";
+        EXPECT_EQ(Cells(example.edited), after);
+        EXPECT_EQ(Cells(1 - example.edited), Row(MaxPolyDegree + 1));
+        EXPECT_EQ(Output(), u"result");
     }
 }
 

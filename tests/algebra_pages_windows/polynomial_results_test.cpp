@@ -2,6 +2,7 @@
 // calculation fails.
 
 #include <algorithm>
+#include <tuple>
 
 #include "algebra_pages_windows/polynomial_page_testing.h"
 #include "core/limits.h"
@@ -231,6 +232,20 @@ TEST_F(PolynomialResultsTest, AnErrorTakesTheLastResultAway) {
     EXPECT_FALSE(CanTakeResult());
     Calculate({u"3"}, PolynomialPlus, {u"4"});
     EXPECT_TRUE(CanTakeResult());
+}
+
+TEST_F(PolynomialResultsTest, DivisionByZeroIsRefusedInEachType) {
+    for (const auto& [language, text, caption] :
+         {std::tuple(LanguageEnglish, "Division by 0!", "Error"),
+          {LanguageGerman, "Division durch 0!", "Fehler"}}) {
+        MakeAgain(language);
+        for (const NumberType type : {NumberTypeComplex, NumberTypeRational}) {
+            ChooseType(type);
+            EXPECT_NE(Calculate({u"6", u"4"}, PolynomialDivide, {u"2"}), u"");
+            EXPECT_TRUE(CanTakeResult());
+            ExpectMessage({u"1", u"2/3"}, PolynomialDivide, {u"1/2-2/4"}, text, caption);
+        }
+    }
 }
 
 const struct {
