@@ -53,13 +53,12 @@ void MoveUp(const LongDivision& division, int64_t k) {
     remainder[0] = carry;
 }
 
-// The quotient of the first three limbs of the remainder by the first two of the divisor: the
-// quotient limb or 1 more. It cannot be less; and as the divisor is at least B^n / 10, leaving out
-// its later limbs raises a quotient below B by less than 1. Method: Knuth, The Art of Computer
-// Programming, volume 2, 4.3.1, algorithm D, step D3, whose correction runs up to about ten times
-// here because the first limb is only sure to be B / 10 or more.
-Limb EstimateQuotient(const LongDivision& division) {
-    const Limb* r = division.remainder;
+// The quotient of the first three of the limbs by the first two of the divisor: the quotient limb
+// or 1 more. It cannot be less; and as the divisor is at least B^n / 10, leaving out its later
+// limbs raises a quotient below B by less than 1. Method: Knuth, The Art of Computer Programming,
+// volume 2, 4.3.1, algorithm D, step D3, whose correction runs up to about ten times here because
+// the first limb is only sure to be B / 10 or more.
+Limb EstimateQuotient(const LongDivision& division, const Limb* r) {
     const Limb* d = division.divisor;
     const Wide top = wide::Add(wide::Multiply(r[0], LimbBase), {0, r[1]});
     Limb quotient = r[0] >= d[0] ? LimbBase - 1 : wide::Divide(top, d[0]);
@@ -74,12 +73,12 @@ Limb EstimateQuotient(const LongDivision& division) {
     return quotient;
 }
 
-// One pass: the next k digits of the quotient as an integer.
-Limb DivideOnce(const LongDivision& division, int64_t k) {
-    MoveUp(division, k);
+// limbs = limbs mod the divisor, for a number below B times the divisor, in one limb more than that
+// has; the first becomes 0. Where that has one limb, a 0 is behind the number. Returns the
+// quotient.
+Limb ReduceLimbs(const LongDivision& division, Limb* limbs) {
     const int64_t length = division.divisorLimbs;
-    Limb* remainder = division.remainder;
-    const Limb quotient = EstimateQuotient(division);
+    const Limb quotient = EstimateQuotient(division, limbs);
     if (quotient == 0) {
         return 0;
     }
@@ -87,16 +86,82 @@ Limb DivideOnce(const LongDivision& division, int64_t k) {
     Limb borrow = 0;
     for (int64_t i = length - 1; i >= 0; i--) {
         const LimbQuotient step = LimbStep(division.divisor[i], quotient, carry, 0);
-        remainder[i + 1] = SubtractLimbs(remainder[i + 1], step.remainder, borrow);
+        limbs[i + 1] = SubtractLimbs(limbs[i + 1], step.remainder, borrow);
         carry = step.quotient;
     }
-    const bool tooLarge = remainder[0] < carry + borrow;
-    remainder[0] = 0;
+    const bool tooLarge = limbs[0] < carry + borrow;
+    limbs[0] = 0;
     if (!tooLarge) {
         return quotient;
     }
-    LimbsAdd(remainder + 1, remainder + 1, division.divisor, length);
+    LimbsAdd(limbs + 1, limbs + 1, division.divisor, length);
     return quotient - 1;
+}
+
+// One pass: the next k digits of the quotient as an integer.
+Limb DivideOnce(const LongDivision& division, int64_t k) {
+    MoveUp(division, k);
+    return ReduceLimbs(division, division.remainder);
+}
+
+// x = x * y mod the divisor, in as many limbs as that has. `product` has room for twice as many and
+// one more.
+void MultiplyModulo(const LongDivision& division, Limb* x, const Limb* y, Limb* product) {
+    const int64_t length = division.divisorLimbs;
+    LimbsClear(product, 2 * length + 1);
+    for (int64_t i = length - 1; i >= 0; i--) {
+        Limb carry = 0;
+        for (int64_t j = length - 1; j >= 0; j--) {
+            Limb& place = product[i + j + 1];
+            const LimbQuotient step = LimbStep(x[i], y[j], carry, place);
+            place = step.remainder;
+            carry = step.quotient;
+        }
+        product[i] = carry;
+    }
+    // The first half is below the divisor, since both factors are.
+    for (int64_t i = 0; i < length; i++) {
+        ReduceLimbs(division, product + i);
+    }
+    LimbsCopy(x, product + length, length);
+}
+
+// How many of so many passes, whose quotients nobody wants, are to be made as one: all or none. A
+// product takes about as long as two passes for each limb of the divisor.
+int64_t PassesByPower(const LongDivision& division, int64_t passes) {
+    if (passes <= 2 * division.divisorLimbs) {
+        return 0;
+    }
+    const int64_t products = HighestBit(static_cast<uint64_t>(passes)) + 1;
+    return passes > 2 * division.divisorLimbs * products ? passes : 0;
+}
+
+// The remainder after so many passes: remainder * B^passes mod the divisor, by squaring from the
+// highest bit of `passes` on. The limbs of the remainder behind those of the divisor are 0. Polls
+// the stop request once for each bit; false after a stop.
+bool SkipPasses(const LongDivision& division, int64_t passes) {
+    if (passes == 0) {
+        return true;
+    }
+    const int64_t length = division.divisorLimbs;
+    CoreScratchScope scratch;
+    Limb* product = scratch.Take(2 * length + 1);
+    // With the 0 behind it, it is B times as large.
+    Limb* power = scratch.Take(length + 2);
+    LimbsClear(power, length + 2);
+    power[length - 1] = 1;
+    for (int bit = HighestBit(static_cast<uint64_t>(passes)); bit >= 0; bit--) {
+        if (StopRequested()) {
+            return false;
+        }
+        MultiplyModulo(division, power, power, product);
+        if ((passes >> bit & 1) != 0) {
+            ReduceLimbs(division, power);
+            LimbsCopy(power, power + 1, length + 1);
+        }
+    }
+    MultiplyModulo(division, division.remainder + 1, power, product);
+    return true;
 }
 
 // Either result may be unwanted.
@@ -174,17 +239,20 @@ void RealDivMod(RealNumber* quotient, RealNumber* remainder, const RealNumber* a
     }
     // Each pass makes one limb of the quotient: t digits for the first, then 19. Where a's mantissa
     // is not below b's the first of all digits stands there without a move. Digits past the
-    // precision are worked out and dropped, for the remainder's sake.
+    // precision matter for the remainder alone. Where they are many, all but the last few are
+    // skipped by a power of 10.
     const LongDivision division = StartDivision(scratch, RealLimbs(a), RealLimbs(b));
     int64_t wanted = numberContext.topLimbDigits;
     int64_t ready = startsBelow ? 0 : 1;
     int64_t left = exponent + 1;
     for (int64_t limb = 0; left > 0; limb++) {
-        if (StopRequested()) {
+        const int64_t skipped = limb == n ? PassesByPower(division, (left - 1) / DigitsPerLimb) : 0;
+        if (StopRequested() || !SkipPasses(division, skipped)) {
             SetCalcError(CalcErrorCancelled);
             SetBothNaN(quotient, remainder);
             return;
         }
+        left -= skipped * DigitsPerLimb;
         const int64_t made = std::min(wanted, left);
         const Limb part = DivideOnce(division, made - ready);
         if (limb < n) {

@@ -138,6 +138,28 @@ TEST(RealDivMod, LooksAtTheByteBeforeEveryLimb) {
     EXPECT_EQ(DivMod("1e21", "3"), "nan rest nan CalcErrorCancelled");
 }
 
+TEST(RealDivMod, LooksAtTheByteBeforeEveryProduct) {
+    if (CheckedScratch) {
+        GTEST_SKIP() << "the byte lies where nothing has been taken yet";
+    }
+    PrecisionScope scope(38);
+    // The byte lies behind quotient, divisor, remainder and product, in the power of 10: it is the
+    // highest of its first limb, which is 0 at first.
+    const int64_t n = numberContext.realLimbs;
+    ASSERT_EQ(n, 2);
+    uint64_t* const power =
+        numberContext.scratchTop + RealWords() + (n + 1) + (n + 2) + (2 * n + 1);
+    power[0] = 0;
+    FieldScope<uint8_t*> flag(numberContext.abortFlag, reinterpret_cast<uint8_t*>(power) + 7);
+    RealBuffer remainder;
+    RealDivMod(nullptr, remainder, RealBuffer("1e38"), RealBuffer("9.7e37"));
+    EXPECT_EQ(TakeCode(), CalcErrorNone);
+    RealDivMod(nullptr, remainder, RealBuffer("1e4000"),
+               RealBuffer("9.7000000000000000000000000000000000001e37"));
+    EXPECT_EQ(PlainText(remainder), "nan");
+    EXPECT_EQ(TakeCode(), CalcErrorCancelled);
+}
+
 TEST(RealDivMod, RemainderBelowTheRangeIsZero) {
     PrecisionScope scope(20);
     FieldScope<uint8_t> report(numberContext.reportUnderflow, 1);

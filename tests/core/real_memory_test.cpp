@@ -83,6 +83,9 @@ public:
         // A quotient of a few digits, so that the longest layouts stay quick.
         a_.Get()->header = MakeHeader(4, 0);
         b_.Get()->header = MakeHeader(0, 1);
+        // One of so many digits that they are skipped.
+        far_ = a_;
+        far_.Get()->header = MakeHeader(1'000'000, 0);
     }
 
     std::vector<Routine> Routines() {
@@ -97,6 +100,7 @@ public:
             {"RealDivRaw", [this] { RealDivRaw(dest_, a_, b_); }},
             {"RealDiv", [this] { RealDiv(dest_, a_, b_); }},
             {"RealDivMod", [this] { RealDivMod(dest_, other_, a_, b_); }},
+            {"RealDivMod, far apart", [this] { RealDivMod(dest_, other_, far_, b_); }},
             {"RealFractionPart", [this] { RealFractionPart(dest_, a_); }},
             {"RealIntegerPart", [this] { RealIntegerPart(dest_, a_); }},
             {"RealRoundDigits", [this] { RealRoundDigits(dest_, a_, 1); }},
@@ -112,6 +116,7 @@ private:
     RealBuffer b_;
     RealBuffer dest_;
     RealBuffer other_;
+    RealBuffer far_;
 };
 
 TEST(HeapCounter, SeesRequests) {

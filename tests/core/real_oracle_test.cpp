@@ -365,5 +365,44 @@ TEST(RealOracle, IntegerQuotientsAndRemaindersAreExact) {
     }
 }
 
+// Quotients up to the end of the range, of which nobody could write all digits.
+TEST(RealOracle, RemaindersOfAnyQuotientAreExact) {
+    RandomSource random;
+    for (int64_t p : AllPrecisions) {
+        PrecisionScope scope(p);
+        const int64_t n = numberContext.realLimbs;
+        RealBuffer a;
+        RealBuffer b;
+        const int rounds = TestRounds(p <= 100 ? 200 : p <= 1000 ? 20 : 2);
+        for (int round = 0; round < rounds; round++) {
+            FillReal(random, a, 0);
+            FillReal(random, b, 0);
+            // Divisors of all lengths.
+            const int64_t limbs = 1 + static_cast<int64_t>(random.Below(static_cast<uint64_t>(n)));
+            std::fill_n(b.Limbs() + limbs, n - limbs, 0);
+            const int64_t exponent =
+                static_cast<int64_t>(random.Word() >> (2 + random.Below(62))) + p;
+            a.Get()->header = MakeHeader(std::min(exponent, MaxExponent), random.Below(2));
+            b.Get()->header = MakeHeader(p - 1, random.Below(2));
+            Integer expected;
+            Integer divisor;
+            ReadMantissa(expected, a);
+            ReadMantissa(divisor, b);
+            Integer power(10);
+            const Integer passed(static_cast<uint64_t>(RealExponent(a) - p + 1));
+            mpz_powm(power, power, passed, divisor);
+            mpz_mul(expected, expected, power);
+            mpz_tdiv_r(expected, expected, divisor);
+            RealBuffer quotient;
+            RealBuffer remainder;
+            RealDivMod(quotient, remainder, a, b);
+            ASSERT_TRUE(IsExactly(remainder, RealSign(a) ^ RealSign(b), expected, 0))
+                << PlainText(a) << "\nmod " << PlainText(b);
+            RealDivMod(nullptr, a, a, b);
+            ASSERT_EQ(a, remainder);
+        }
+    }
+}
+
 }  // namespace
 }  // namespace tallymere

@@ -379,6 +379,29 @@ TEST(RealTwin, IntegerQuotientsAndRemaindersAgree) {
     }
 }
 
+// Past the precision the quotient has many more digits than there are to be shown.
+TEST(RealTwin, RemaindersOfFarLargerDividendsAgree) {
+    RandomSource random;
+    for (int64_t p : {1, 10, 19, 20, 38, 57, 90}) {
+        PrecisionScope scope(p);
+        for (int round = 0; round < TestRounds(60); round++) {
+            RealBuffer a;
+            RealBuffer b;
+            FillReal(random, b, 20);
+            FillPartner(random, a, b, 20);
+            a.Get()->header =
+                MakeHeader(RealExponent(b) + random.Between(100, 3'000), random.Below(2));
+            const reference::DivModResult expected = reference::DivMod(Read(a), Read(b));
+            RealBuffer quotient;
+            RealBuffer remainder;
+            RealDivMod(quotient, remainder, a, b);
+            ASSERT_NO_FATAL_FAILURE(ExpectSame(quotient, expected.quotient, "quotient"));
+            ASSERT_NO_FATAL_FAILURE(ExpectSame(remainder, expected.remainder, "remainder"));
+            ASSERT_EQ(TakeCode(), expected.code);
+        }
+    }
+}
+
 // Dividends X * (d0 B + d1) for divisors with the limbs d0, d1 and then nines: the first three
 // limbs of one pass divide by the divisor's first two without a remainder, so the quotient limb
 // looks one larger than it is. Random operands never come there.
