@@ -27,7 +27,8 @@ void ReadFirstLine(CsvReader& reader, uint8_t byte) {
             return;
         }
         reader.progress = CsvProgress::Cells;
-        reader.receiver.takeCount(reader.receiver.context, static_cast<int32_t>(reader.separators));
+        reader.equationCount = static_cast<int32_t>(reader.separators);
+        reader.receiver.takeCount(reader.receiver.context, reader.equationCount);
         return;
     }
     reader.separators += byte == Separator ? 1 : 0;
@@ -40,11 +41,11 @@ void ReadFirstLine(CsvReader& reader, uint8_t byte) {
 // Cells behind the right side go to the columns that the grid does not show. They show up there
 // when a user raises the count of equations. None of them takes the place of the right side.
 void HandOverCell(CsvReader& reader) {
-    const auto count = static_cast<int32_t>(reader.separators);
-    if (reader.column <= count || reader.column < RightSideColumn) {
+    if (reader.column <= reader.equationCount || reader.column < RightSideColumn) {
         reader.cell[reader.length] = 0;
         reader.receiver.takeCell(reader.receiver.context, reader.row,
-                                 GridColumnOfSystem(reader.column, count), reader.cell);
+                                 GridColumnOfSystem(reader.column, reader.equationCount),
+                                 reader.cell);
     }
     reader.length = 0;
 }
@@ -61,7 +62,7 @@ void ReadCellByte(CsvReader& reader, uint8_t byte) {
             HandOverCell(reader);
             reader.column = 0;
             reader.row++;
-            if (reader.row == reader.separators) {
+            if (reader.row == reader.equationCount) {
                 reader.progress = CsvProgress::Complete;
             }
             return;

@@ -47,10 +47,11 @@ struct CsvReader {
     CsvReceiver receiver;
     CsvProgress progress = CsvProgress::FirstLine;
     int64_t firstLineBytes = 0;
-    int64_t separators = 0;  ///< of the first line; then the count of equations
-    int32_t row = 0;         ///< of the cell that is read
-    int32_t column = 0;      ///< likewise, as the line has it; not above SystemColumnCount
-    int64_t length = 0;      ///< characters of the cell, 0 to CoefficientCharacters
+    int64_t separators = 0;     ///< of the first line
+    int32_t equationCount = 0;  ///< what they mean, behind the first line
+    int32_t row = 0;            ///< of the cell that is read
+    int32_t column = 0;         ///< likewise, as the line has it; not above SystemColumnCount
+    int64_t length = 0;         ///< characters of the cell, 0 to CoefficientCharacters
     char16_t cell[CoefficientCharacters + 1] = {};
 };
 
