@@ -217,6 +217,21 @@ TEST_F(GridKeyboard, CharactersOfAnInputMethodAreTyped) {
     EXPECT_FALSE(IsEditing());
 }
 
+// As from a keyboard on the screen, which holds keys of its own.
+TEST_F(GridKeyboard, ACharacterWithoutAKeyIsTypedWithAltGrButNotWithControl) {
+    BYTE keys[256] = {};
+    keys[VK_CONTROL] = 0x80;
+    SetKeyboardState(keys);
+    TypeCharacter(grid, u' ');
+    EXPECT_FALSE(IsEditing());
+    keys[VK_MENU] = 0x80;
+    SetKeyboardState(keys);
+    TypeCharacter(grid, u'@');
+    keys[VK_CONTROL] = keys[VK_MENU] = 0;
+    SetKeyboardState(keys);
+    EXPECT_EQ(Edited(), "@");
+}
+
 TEST_F(GridKeyboard, KeysWithoutACharacterLeaveTheCellAsItIs) {
     for (const int key : {VK_CLEAR, VK_SELECT, VK_HELP, VK_SLEEP, VK_PACKET, VK_PROCESSKEY}) {
         PressTranslated(key, u"");
