@@ -1,4 +1,5 @@
 // The text of a run on its way from its thread to the output of the page.
+#include <atomic>
 #include <string>
 #include <thread>
 #include <vector>
@@ -117,6 +118,34 @@ TEST_F(PageRunTest, TheLastCharacterThatTheOutputTakesIsNoError) {
         EXPECT_EQ(answer.text, missing == 0 ? "" : "String buffer overflow!");
         EXPECT_EQ(seen.succeeded, missing == 0);
         EXPECT_TRUE(WholeText(output) == (missing == 0 ? text : u""));
+    }
+}
+
+TEST_F(PageRunTest, AStopDoesNotHideThatTheTextBeforeItIsMissing) {
+    SendMessageW(output, EM_SETLIMITTEXT, 10, 0);
+    for (const bool fits : {true, false}) {
+        static const char16_t* text;
+        static std::atomic<bool> isSent;
+        text = fits ? u"1234567890" : u"12345678901";
+        isSent = false;
+        SetWindowTextW(output, L"");
+        const MessageBoxAnswer answer;
+        task.work = [] {
+            SendPageText(text);
+            isSent = true;
+            RunUntilStopped();
+        };
+        ClickStart();
+        while (!isSent) {
+            Sleep(0);
+        }
+        ASSERT_EQ(TextOf(output), "");
+        StopPageRun(run);
+        LoopUntilIdle();
+        EXPECT_EQ(answer.boxes, fits ? 0 : 1);
+        EXPECT_EQ(answer.text, fits ? "" : "String buffer overflow!");
+        EXPECT_FALSE(seen.succeeded);
+        EXPECT_EQ(TextOf(output), fits ? "1234567890" : "");
     }
 }
 

@@ -298,7 +298,9 @@ void StartPageRun(PageRun& run, const PageTask& task) {
 
 void StopPageRun(const PageRun& run) {
     if (IsPageCalculating(run.states)) {
-        // The code comes first: what the run still finds until it hears the request is not shown.
+        // What the run has sent so far is of before the stop: the user is told if it does not fit.
+        ShowPageText(run.controls.output);
+        // The code comes first: what the run still finds until it hears the request is not told.
         SetUiError(UiErrorStopped);
         RequestStop();
     }

@@ -104,8 +104,8 @@ bool HandlePageRun(PageRun& run, UINT message, WPARAM wParam, LPARAM lParam, boo
 /// unless the page is idle. No NumberSetupScope may live, see BeginPage.
 void StartPageRun(PageRun& run, const PageTask& task);
 
-/// Asks the run of a page that calculates to stop, and raises UiErrorStopped, so that no error
-/// which comes after that is shown. Otherwise does nothing.
+/// Shows the text that the run of a page that calculates has sent, asks it to stop, and raises
+/// UiErrorStopped, so that no error which comes after that is shown. Otherwise does nothing.
 void StopPageRun(const PageRun& run);
 
 /// Calls `then` when no page calculates: at once, or else at the end of the run under way, behind
