@@ -101,6 +101,16 @@ void SettleZeros(uint64_t* value, PartSizes* error, const char16_t* text) {
     }
 }
 
+// Whether x is what rounding left of 0: `again`, the same with more digits, has a smaller exponent.
+// By so much, since such a rest is of one or several units of the last place.
+bool IsNoise(const RealNumber* x, const RealNumber* again) {
+    constexpr int64_t LeastDistance = 3;
+    if (RealIsSpecial(x) || (RealIsSpecial(again) && !RealIsZero(again))) {
+        return false;
+    }
+    return RealIsZero(again) || RealExponent(again) < RealExponent(x) - LeastDistance;
+}
+
 }  // namespace
 
 CellReading ReadCoefficientCell(uint64_t* value, const char16_t* text) {
@@ -123,6 +133,25 @@ CellReading ReadCoefficientCell(uint64_t* value, const char16_t* text) {
     }
     return {evaluator.error == FormulaErrorAborted ? CellOutcome::Stopped : CellOutcome::Failed,
             static_cast<FormulaError>(evaluator.error), begin + evaluator.errorPosition};
+}
+
+CellReading ReadCellWithoutNoise(uint64_t* value, const char16_t* text) {
+    const CellReading reading = ReadCoefficientCell(value, text);
+    if (reading.outcome != CellOutcome::Read || ValuesAreExact() || ValueIsZero(value)) {
+        return reading;
+    }
+    const int64_t digits = std::min(CurrentNumberSetup().digits + NoiseDigits, MaxPrecisionDigits);
+    const int64_t words = LayoutForDigits(digits).limbs + 1;
+    ScratchStackScope scope;
+    uint64_t* again = scope.Take(ValueRealParts() * words);
+    const CellReading second = ReadWithDigits(again, text, digits);
+    for (int64_t part = 0; part < ValueRealParts(); part++) {
+        RealNumber* const x = RealAt(value + part * RealWords());
+        if (second.outcome == CellOutcome::Read && IsNoise(x, RealAt(again + part * words))) {
+            RealSetZero(x, 0);
+        }
+    }
+    return reading;
 }
 
 CellReading ReadCellWithError(uint64_t* value, PartSizes* error, const char16_t* text,

@@ -27,6 +27,13 @@ struct CellReading {
 /// needs a ScratchStack.
 CellReading ReadCoefficientCell(uint64_t* value, const char16_t* text);
 
+/// As ReadCoefficientCell; but a part of a real or complex number that is only what the rounding
+/// left of 0, such as that of 1/3*3-1, is 0. So that it is known, a cell is read once more with
+/// NoiseDigits more digits, MaxPrecisionDigits at most: what is left of 0 is far smaller then, and
+/// everything else stays as it was. A stop during that second reading leaves all as it was.
+CellReading ReadCellWithoutNoise(uint64_t* value, const char16_t* text);
+inline constexpr int64_t NoiseDigits = 38;
+
 /// The digits that a cell is read with, in real and cplx.
 struct CellDigits {
     int64_t checked;  ///< what fails with these is what fails

@@ -42,7 +42,7 @@ void RaiseUnreadCell(const CellReading& reading, const char16_t* label, bool exa
 // *value = the coefficient of a power of x. Otherwise raises an error and returns false.
 bool ReadCoefficient(uint64_t* value, const EquationRequest& request, int64_t index) {
     const CoefficientLabel label = LabelOfCoefficient(index);
-    RaiseUnreadCell(ReadCoefficientCell(value, request.coefficients[index]), label.text,
+    RaiseUnreadCell(ReadCellWithoutNoise(value, request.coefficients[index]), label.text,
                     request.exact);
     if (RunShouldEnd()) {
         SetUiError(UiErrorStopped);

@@ -27,7 +27,7 @@ struct EquationRequest {
     EquationMode mode;
     bool exact;      ///< fractions for coefficients, and exact values of the roots
     int64_t digits;  ///< MinEquationDigits to MaxRootDigits of the degree
-    /// The formulas, see ReadCoefficientCell; index 0 is that of the constant. They are there
+    /// The formulas, see ReadCellWithoutNoise; index 0 is that of the constant. They are there
     /// during the run.
     const char16_t* coefficients[MaxEquationDegree + 1];
 };

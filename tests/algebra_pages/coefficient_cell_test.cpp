@@ -34,6 +34,17 @@ protected:
         NumberToText(shown, 99, value, 0);
         return {reading.outcome, reading.error, reading.errorPosition, shown};
     }
+    // The same without what rounding left of 0.
+    static std::u16string ReadClean(const std::u16string& text, int64_t digits = 20) {
+        const NumberSetupScope scope(NumberSetup{
+            .type = NumberTypeComplex, .digits = digits, .width = UintWidthForLimbs(2)});
+        ScratchStackScope scratch;
+        uint64_t* value = scratch.Take(static_cast<int64_t>(SizeOfNumber()) / BytesPerWord);
+        EXPECT_EQ(ReadCellWithoutNoise(value, text.c_str()).outcome, CellOutcome::Read);
+        std::u16string shown(4 * MaxDigits, u'\0');
+        NumberToText(shown.data(), static_cast<int64_t>(shown.size()) - 1, value, 0);
+        return shown.c_str();
+    }
     static void ExpectRead(const std::u16string& text, const std::u16string& value,
                            NumberType type = NumberTypeComplex) {
         const Cell cell = Read(text, type);
@@ -63,6 +74,19 @@ TEST_F(CoefficientCell, IsAFraction) {
     ExpectFailed(u"0.5", FormulaErrorBadNumber, 1, NumberTypeRational);
     ExpectFailed(u"sqrt(2)", FormulaErrorOperationFailed, 7, NumberTypeRational);
     ExpectFailed(u"2^128", FormulaErrorOperationFailed, 6, NumberTypeRational);
+}
+
+TEST_F(CoefficientCell, IsZeroWhereRoundingLeavesLittle) {
+    for (const int64_t digits : {int64_t{20}, MaxDigits}) {
+        EXPECT_EQ(ReadClean(u"1/3*3-1", digits), u"0");
+        EXPECT_EQ(ReadClean(u"7+i*(1/3*3-1)", digits), u"7");
+        EXPECT_EQ(ReadClean(u"1/3*3-1+2i", digits), u"2i");
+    }
+    EXPECT_EQ(ReadClean(u"1e-30"), u"1e-30");
+    EXPECT_EQ(ReadClean(u"1+1e-19-1"), u"1e-19");
+    // What two readings leave in like size may be more than the rest of 0.
+    EXPECT_EQ(ReadClean(u"1+1.4e-19-1"), u"1e-19");
+    EXPECT_EQ(ReadClean(u"0"), u"0");
 }
 
 TEST_F(CoefficientCell, WithoutAnythingIsZero) {

@@ -199,6 +199,24 @@ TEST_F(EquationRun, WantsAHighestCoefficient) {
     EXPECT_EQ(Solve({u"0", u"*"}), Fails(UiErrorHighestCoefficientZero, u"a1"));
 }
 
+// What rounding leaves of 0 is 0, wherever it stands and however large it is.
+TEST_F(EquationRun, TakesACoefficientThatCancelsForZero) {
+    for (const std::u16string text :
+         {u"1/3*3-1", u"1e400*(1/3*3-1)", u"(1/3*3-1)/7", u"sqrt(2)^2-2", u"ln(exp(7))-7",
+          u"sqrt(3)*sqrt(5)-sqrt(15)"}) {
+        EXPECT_EQ(Solve({text, u"1", u"1"}), Fails(UiErrorHighestCoefficientZero, u"a2"));
+        EXPECT_EQ(Solve({u"1", text, u"-4"}), Sends(u"x1 = -2   [1]\r\nx2 = 2   [1]\r\n"));
+        EXPECT_EQ(Solve({u"1", u"1", text}), Sends(u"x1 = -1   [1]\r\nx2 = 0   [1]\r\n"));
+        EXPECT_EQ(Solve({u"1", u"4+i*(" + text + u")"}), Sends(u"x1 = -4   [1]\r\n"));
+    }
+}
+
+TEST_F(EquationRun, TakesACoefficientThatIsSmallAsItIs) {
+    EXPECT_EQ(Solve({u"1e-200", u"-1"}), Sends(u"x1 = 1e+200   [1]\r\n"));
+    EXPECT_EQ(Solve({u"1+1e-200-1", u"-1"}), Sends(u"x1 = 1e+200   [1]\r\n"));
+    EXPECT_EQ(Solve({u"1e-2000/3", u"-1"}), Sends(u"x1 = 3e+2000   [1]\r\n"));
+}
+
 TEST_F(EquationRun, HasALongestCoefficient) {
     const std::u16string longest(CoefficientCharacters, u'1');
     EXPECT_EQ(Solve({u"1", longest + u"1"}), Fails(UiErrorCoefficientTooLong, u"a0"));
