@@ -154,7 +154,44 @@ bool FindTexts(HWND field, const RowsInView& rows, int64_t start, std::u16string
     return next < 0 ? !rest.hasRow : next == rest.position;
 }
 
-void DrawRows(HWND field, HDC dc, const RowsInView& rows, const std::u16string_view* texts) {
+// What of the text is shown as selected: nothing without the focus.
+TextSelection ShownSelection(HWND field) {
+    return GetFocus() == field ? BrokenSelection(field) : TextSelection{};
+}
+
+// Draws a part of a row, which begins at `x`, and moves `x` behind it.
+void DrawPart(HDC dc, int& x, int y, std::u16string_view part) {
+    if (part.empty()) {
+        return;
+    }
+    const auto length = static_cast<int>(part.size());
+    ExtTextOutW(dc, x, y, 0, nullptr, ToWide(part.data()), static_cast<UINT>(length), nullptr);
+    SIZE size = {};
+    GetTextExtentPoint32W(dc, ToWide(part.data()), length, &size);
+    x += size.cx;
+}
+
+// Draws a row that begins at `x`. What is selected is counted from its first character; it may lie
+// outside the row.
+void DrawRow(HDC dc, int x, int y, std::u16string_view row, const TextSelection& selected) {
+    const auto placeInRow = [&row](int64_t place) {
+        return static_cast<size_t>(std::clamp<int64_t>(place, 0, static_cast<int64_t>(row.size())));
+    };
+    const size_t from = placeInRow(selected.from);
+    const size_t to = placeInRow(selected.to);
+    DrawPart(dc, x, y, row.substr(0, from));
+    const COLORREF text = SetTextColor(dc, GetSysColor(COLOR_HIGHLIGHTTEXT));
+    const COLORREF paper = SetBkColor(dc, GetSysColor(COLOR_HIGHLIGHT));
+    DrawPart(dc, x, y, row.substr(from, to - from));
+    SetTextColor(dc, text);
+    SetBkColor(dc, paper);
+    DrawPart(dc, x, y, row.substr(to));
+}
+
+// Draws the rows in view. Their text is that of the control from `start` on, at `text`.
+void DrawRows(HWND field, HDC dc, const RowsInView& rows, const std::u16string_view* texts,
+              int64_t start, const char16_t* text) {
+    const TextSelection selection = ShownSelection(field);
     const int before = SaveDC(dc);
     {
         const FieldFont font(field, dc);
@@ -166,9 +203,9 @@ void DrawRows(HWND field, HDC dc, const RowsInView& rows, const std::u16string_v
         FillRect(dc, &client, reinterpret_cast<HBRUSH>(brush));
         IntersectClipRect(dc, rows.area.left, rows.area.top, rows.area.right, rows.area.bottom);
         for (int64_t i = 0; i < rows.count; i++) {
-            const int top = static_cast<int>(rows.area.top + i * rows.height);
-            ExtTextOutW(dc, rows.area.left, top, 0, nullptr, ToWide(texts[i].data()),
-                        static_cast<UINT>(texts[i].size()), nullptr);
+            const int64_t position = start + (texts[i].data() - text);
+            DrawRow(dc, rows.area.left, static_cast<int>(rows.area.top + i * rows.height), texts[i],
+                    {selection.from - position, selection.to - position});
         }
     }
     RestoreDC(dc, before);
@@ -177,14 +214,13 @@ void DrawRows(HWND field, HDC dc, const RowsInView& rows, const std::u16string_v
 bool IsOfTheUsualKind(HWND field) {
     constexpr LONG_PTR OtherSide = WS_EX_RIGHT | WS_EX_RTLREADING | WS_EX_LEFTSCROLLBAR;
     return IsWindowEnabled(field) &&
-           (WindowStyle(field) & (ES_READONLY | ES_CENTER | ES_RIGHT)) == 0 &&
+           (WindowStyle(field) & (ES_READONLY | ES_CENTER | ES_RIGHT | ES_NOHIDESEL)) == 0 &&
            (GetWindowLongPtrW(field, GWL_EXSTYLE) & OtherSide) == 0;
 }
 
 // False when the rows are to be painted by the system.
 bool PaintRows(HWND field, WPARAM wParam) {
-    const TextSelection selection = BrokenSelection(field);
-    if (!IsOfTheUsualKind(field) || selection.from != selection.to) {
+    if (!IsOfTheUsualKind(field)) {
         return false;
     }
     const RowsInView rows = FindRows(field);
@@ -196,12 +232,13 @@ bool PaintRows(HWND field, WPARAM wParam) {
         !FindTexts(field, rows, start, text.From(start), texts.get())) {
         return false;
     }
+    const char16_t* const first = text.From(start).data();
     if (wParam != 0) {
-        DrawRows(field, reinterpret_cast<HDC>(wParam), rows, texts.get());
+        DrawRows(field, reinterpret_cast<HDC>(wParam), rows, texts.get(), start, first);
         return true;
     }
     PAINTSTRUCT paint = {};
-    DrawRows(field, BeginPaint(field, &paint), rows, texts.get());
+    DrawRows(field, BeginPaint(field, &paint), rows, texts.get(), start, first);
     EndPaint(field, &paint);
     return true;
 }

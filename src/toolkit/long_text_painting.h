@@ -18,8 +18,8 @@ inline constexpr const char16_t* SlowPaintingProperty = u"cwl_SlowPainting";
 
 /// Handles WM_PAINT of an edit control that may have soft breaks. `wParam` is 0, or a device
 /// context to paint on instead. What rows from here could show in another way than the system's own
-/// is left to the system: a selection, characters that need more than to be put side by side, a
-/// field that cannot be used.
+/// is left to the system: characters that need more than to be put side by side, a field that
+/// cannot be used.
 LRESULT PaintLongText(HWND field, WPARAM wParam);
 
 /// Removes the property. Call it at WM_NCDESTROY.

@@ -163,9 +163,6 @@ TEST_F(LongTextPainting, IsTheSystemsAgainForAShorterText) {
 
 TEST_F(LongTextPainting, LeavesWhatLooksOtherwiseToTheSystem) {
     Show(LongText());
-    Select(3, 5);
-    ExpectRowsOfTheSystem();
-    Select(3, 3);
     ExpectOwnRows();
     EnableWindow(field, FALSE);
     ExpectRowsOfTheSystem();
@@ -173,6 +170,10 @@ TEST_F(LongTextPainting, LeavesWhatLooksOtherwiseToTheSystem) {
     SendMessageW(field, EM_SETREADONLY, TRUE, 0);
     ExpectRowsOfTheSystem();
     SendMessageW(field, EM_SETREADONLY, FALSE, 0);
+    // It shows its selection without the focus, too.
+    SetWindowLongPtrW(field, GWL_STYLE, WindowStyle(field) | ES_NOHIDESEL);
+    ExpectRowsOfTheSystem();
+    SetWindowLongPtrW(field, GWL_STYLE, WindowStyle(field) & ~ES_NOHIDESEL);
     const LONG_PTR usual = GetWindowLongPtrW(field, GWL_EXSTYLE);
     for (const LONG_PTR other : {WS_EX_RIGHT, WS_EX_RTLREADING, WS_EX_LEFTSCROLLBAR}) {
         SetWindowLongPtrW(field, GWL_EXSTYLE, usual | other);
@@ -180,6 +181,32 @@ TEST_F(LongTextPainting, LeavesWhatLooksOtherwiseToTheSystem) {
     }
     SetWindowLongPtrW(field, GWL_EXSTYLE, usual);
     ExpectOwnRows();
+}
+
+TEST_F(LongTextPainting, ShowsTheSelectionWhileTheFieldHasTheFocus) {
+    Show(u"AVTo fi\r\n\r\n" + testing_support::Digits(100) + u"\r\n" +
+         testing_support::Digits(1'000) + u"\r\n" + LongText());
+    const int end = GetWindowTextLengthW(field);
+    for (const HWND focused : {field, HWND{nullptr}}) {
+        const struct {
+            int from;
+            int to;
+        } selections[] = {{0, -1},  {0, 1},     {1, 2},     {2, 5},    {3, 7},        {3, 9},
+                          {9, 11},  {7, 12},    {5, 300},   {30, 31},  {0, end},      {40, 1'113},
+                          {50, 50}, {300, 310}, {300, 900}, {11, 250}, {end - 9, end}};
+        for (const auto& [from, to] : selections) {
+            for (const int line : {0, 3, 20, LineCount()}) {
+                SetFocus(focused);
+                Select(from, to);
+                ScrollTo(line);
+                ExpectOwnRows();
+                if (HasFailure()) {
+                    FAIL() << from << " to " << to << " at line " << line << " with the focus "
+                           << (focused == field);
+                }
+            }
+        }
+    }
 }
 
 TEST_F(LongTextPainting, LeavesCharactersThatAreNotPutSideBySideToTheSystem) {
