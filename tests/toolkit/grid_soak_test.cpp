@@ -1,5 +1,6 @@
 // Long use of a grid: nothing comes apart, and nothing is left behind.
 #include <algorithm>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,7 @@ namespace {
 
 using testing_support::CountGdiObjects;
 using testing_support::heardOfGrid;
+using testing_support::LoopDeadline;
 using testing_support::RandomSource;
 using testing_support::WholeText;
 
@@ -127,113 +129,58 @@ protected:
             nullptr);
     }
 
-    void ActAtRandom(RandomSource& random) {
-        const auto number = [&random](int64_t low, int64_t high) {
-            return static_cast<int32_t>(random.Between(low, high));
-        };
-        const std::u16string text(random.Below(12), static_cast<char16_t>(u'0' + random.Below(10)));
-        static constexpr int Keys[] = {VK_UP,  VK_DOWN,   VK_LEFT,   VK_RIGHT, VK_PRIOR,  VK_NEXT,
-                                       VK_TAB, VK_RETURN, VK_ESCAPE, VK_HOME,  VK_DELETE, VK_SHIFT,
-                                       VK_F2,  'A',       '7',       VK_BACK,  VK_END};
+    // One of the things that a page or a user may do, with arguments that may be nonsense.
+    void ActAtRandom() {
         switch (random.Below(22)) {
             case 0:
-                if (AddColumn(text.c_str(), number(0, 5) == 0 ? 0 : 1) >= 0) {
-                    model.AddColumn(text);
-                }
+                ActOnColumns();
                 break;
             case 1:
-                if (AskText(GridAddRow, 0, text.c_str()) >= 0) {
-                    model.InsertRow(model.Rows() + 1, text);
-                }
+            case 2:
+            case 3:
+                ActOnRows();
                 break;
-            case 2: {
-                const int32_t row = number(-2, 30);
-                const LRESULT inserted = AskText(GridInsertRow, row, text.c_str());
-                ASSERT_EQ(inserted, row >= -1 && row < model.Rows() ? row + 1 : -1);
-                if (inserted >= 0) {
-                    model.InsertRow(row + 2, text);
-                }
-                break;
-            }
-            case 3: {
-                const int32_t row = number(-1, 30);
-                const LRESULT rows = Ask(GridDeleteRow, row);
-                ASSERT_EQ(rows, row >= 0 && row < model.Rows() ? model.Rows() - 1 : -1);
-                if (rows >= 0) {
-                    model.DeleteRow(row + 1);
-                }
-                break;
-            }
             case 4:
-                Ask(GridHideColumn, number(-1, 12), number(0, 1));
+                Ask(GridHideColumn, Column(), Number(0, 1));
                 break;
             case 5:
-                Ask(GridSetColumnWidth, number(-1, 12), number(-20, 150));
+                Ask(GridSetColumnWidth, Column(), Number(-20, 150));
                 break;
             case 6:
-                Ask(GridSetCursor, number(-1, 12), number(-1, 30));
+                Ask(GridSetCursor, Column(), Row());
                 break;
             case 7:
-                AskCell(GridSetCursorEdit, number(0, 1), number(-1, 12), number(-1, 30));
+                AskCell(GridSetCursorEdit, Number(0, 1), Column(), Row());
                 break;
-            case 8: {
-                const int32_t column = number(-1, 12);
-                const int32_t row = number(-1, 30);
-                if (Write(column, row, text) == 0) {
-                    model.At(column + 1, row + 1) = text;
-                }
+            case 8:
+                WriteCell();
                 break;
-            }
             case 9:
-                AskCell(GridSetCellProtected, number(0, 3) == 0, number(0, 8), number(0, 20));
+                AskCell(GridSetCellProtected, Number(0, 3) == 0, Number(0, 8), Number(0, 20));
                 break;
             case 10:
-                Ask(number(GridSetAllowResize, GridSetShowColumnLetters), number(0, 1));
-                break;
             case 11:
-                Ask(GridSetRowSelect, number(0, 3));
-                break;
             case 12:
-                Ask(GridSetRowHeight, number(-3, 60));
-                break;
             case 13:
-                SetControlSize(grid, number(0, 480), number(0, 360));
+                ChangeLooks();
                 break;
             case 14:
-                Ask(WM_VSCROLL, MAKEWPARAM(number(0, 8), number(0, 30)));
-                break;
             case 15:
-                Ask(WM_HSCROLL, MAKEWPARAM(number(0, 8), number(0, 12)));
-                break;
             case 16:
-                Ask(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(number(-400, 400))));
+                Scroll();
                 break;
             case 17:
             case 18:
-                Click(number(-5, 480), number(-5, 360));
+                Click(Number(-5, 480), Number(-5, 360));
                 break;
             case 19:
                 UpdateWindow(grid);
                 break;
-            default: {
-                const HWND focused = GetFocus();
-                if (focused != grid && focused != Editor()) {
-                    SetFocus(grid);
-                }
-                if (number(0, 2) == 0) {
-                    // Into the editor, or such as to open it.
-                    PressTranslated(VK_PACKET, text.substr(0, 1));
-                    break;
-                }
-                Press(Keys[random.Below(std::size(Keys))], number(0, 5) == 0 ? VK_SHIFT : 0);
+            default:
+                UseTheKeyboard();
                 break;
-            }
         }
-        // Few enough that the walks stay short.
-        if (Ask(GridColumnCount) > 12 || Ask(GridRowCount) > 40 || number(0, 400) == 0) {
-            Ask(GridClear);
-            model.Clear();
-        }
+        KeepItSmall();
     }
 
     void Edit(int32_t column, int32_t row, const wchar_t* text) {
@@ -243,10 +190,119 @@ protected:
     }
 
     TextModel model;
+
+private:
+    int32_t Number(int64_t low, int64_t high) {
+        return static_cast<int32_t>(random.Between(low, high));
+    }
+    // There may be no such column or row.
+    int32_t Column() { return Number(-1, 12); }
+    int32_t Row() { return Number(-1, 30); }
+    std::u16string Text() {
+        const size_t length = random.Below(12);
+        return std::u16string(length, static_cast<char16_t>(u'0' + random.Below(10)));
+    }
+
+    void ActOnColumns() {
+        const std::u16string header = Text();
+        if (AddColumn(header.c_str(), Number(0, 5) == 0 ? 0 : 1) >= 0) {
+            model.AddColumn(header);
+        }
+    }
+
+    void ActOnRows() {
+        const std::u16string header = Text();
+        const int32_t row = Number(-2, 30);
+        const bool isThere = row >= 0 && row < model.Rows();
+        switch (random.Below(3)) {
+            case 0:
+                ASSERT_EQ(AskText(GridAddRow, 0, header.c_str()), model.Rows());
+                model.InsertRow(model.Rows() + 1, header);
+                break;
+            case 1:
+                ASSERT_EQ(AskText(GridInsertRow, row, header.c_str()),
+                          isThere || row == -1 ? row + 1 : -1);
+                if (isThere || row == -1) {
+                    model.InsertRow(row + 2, header);
+                }
+                break;
+            default:
+                ASSERT_EQ(Ask(GridDeleteRow, row), isThere ? model.Rows() - 1 : -1);
+                if (isThere) {
+                    model.DeleteRow(row + 1);
+                }
+                break;
+        }
+    }
+
+    void WriteCell() {
+        const int32_t column = Column();
+        const int32_t row = Row();
+        const std::u16string text = Text();
+        if (Write(column, row, text) == 0) {
+            model.At(column + 1, row + 1) = text;
+        }
+    }
+
+    void ChangeLooks() {
+        switch (random.Below(4)) {
+            case 0:
+                Ask(Number(GridSetAllowResize, GridSetShowColumnLetters), Number(0, 1));
+                break;
+            case 1:
+                Ask(GridSetRowSelect, Number(0, 3));
+                break;
+            case 2:
+                Ask(GridSetRowHeight, Number(-3, 60));
+                break;
+            default:
+                SetControlSize(grid, Number(0, 480), Number(0, 360));
+                break;
+        }
+    }
+
+    void Scroll() {
+        switch (random.Below(3)) {
+            case 0:
+                Ask(WM_VSCROLL, MAKEWPARAM(Number(0, 8), Number(0, 30)));
+                break;
+            case 1:
+                Ask(WM_HSCROLL, MAKEWPARAM(Number(0, 8), Number(0, 12)));
+                break;
+            default:
+                Ask(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(Number(-400, 400))));
+                break;
+        }
+    }
+
+    void UseTheKeyboard() {
+        static constexpr int Keys[] = {VK_UP,  VK_DOWN,   VK_LEFT,   VK_RIGHT, VK_PRIOR,  VK_NEXT,
+                                       VK_TAB, VK_RETURN, VK_ESCAPE, VK_HOME,  VK_DELETE, VK_SHIFT,
+                                       VK_F2,  'A',       '7',       VK_BACK,  VK_END};
+        const HWND focused = GetFocus();
+        if (focused != grid && focused != Editor()) {
+            SetFocus(grid);
+        }
+        if (Number(0, 2) == 0) {
+            // Into the editor, or such as to open it.
+            PressTranslated(VK_PACKET, Text().substr(0, 1));
+        } else {
+            Press(Keys[random.Below(std::size(Keys))], Number(0, 5) == 0 ? VK_SHIFT : 0);
+        }
+    }
+
+    // Few enough columns and rows that the walks stay short.
+    void KeepItSmall() {
+        if (Ask(GridColumnCount) > 12 || Ask(GridRowCount) > 40 || Number(0, 400) == 0) {
+            Ask(GridClear);
+            model.Clear();
+        }
+    }
+
+    RandomSource random;
 };
 
 TEST_F(GridSoak, TwoThousandRandomActionsLeaveTheGridInOrder) {
-    RandomSource random;
     // How much is left to draw with when a new grid has been painted. At first Windows keeps more
     // and more for itself, such as the brushes of scroll bars.
     const auto countWithNewGrid = [this] {
@@ -256,10 +312,10 @@ TEST_F(GridSoak, TwoThousandRandomActionsLeaveTheGridInOrder) {
         UpdateWindow(grid);
         return CountGdiObjects(GetCurrentProcess());
     };
-    const auto act = [this, &random](int actions) {
+    const auto act = [this](int actions) {
         for (int i = 0; i < actions && !HasFatalFailure(); i++) {
             SCOPED_TRACE(i);
-            ActAtRandom(random);
+            ActAtRandom();
             Check();
             CheckTexts();
             heardOfGrid.all.clear();
@@ -291,14 +347,20 @@ TEST_F(GridSoak, DestroyedGridsLeaveNothingBehind) {
 }
 
 // TALLYMERE_GRID_EDITS in the environment asks for more than are few enough for a busy machine.
+constexpr int FewestEdits = 1000;
+constexpr int MostEdits = 100'000'000;
+constexpr uint32_t MillisecondsPerEdit = 20;
+
 int EditsToMake() {
     wchar_t text[16] = L"";
     GetEnvironmentVariableW(L"TALLYMERE_GRID_EDITS", text, 16);
-    return std::max(static_cast<int>(wcstol(text, nullptr, 10)), 1000);
+    return std::clamp(static_cast<int>(wcstol(text, nullptr, 10)), FewestEdits, MostEdits);
 }
 
 TEST_F(GridSoak, EditsLeaveNothingBehind) {
     const int edits = EditsToMake();
+    deadline.Change(std::max(LoopDeadline::UsualMilliseconds,
+                             MillisecondsPerEdit * static_cast<uint32_t>(edits)));
     const auto edit = [this](int from, int to) {
         for (int i = from; i < to; i++) {
             const std::wstring text = std::to_wstring(1'000'000 + i);

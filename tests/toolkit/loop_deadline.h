@@ -14,7 +14,9 @@ namespace tallymere::testing_support {
 /// A deadline that had to do this fails the test when it goes. Each fixture with windows has one.
 class LoopDeadline {
 public:
-    explicit LoopDeadline(uint32_t milliseconds = 60'000) {
+    static constexpr uint32_t UsualMilliseconds = 60'000;
+
+    explicit LoopDeadline(uint32_t milliseconds = UsualMilliseconds) {
         CreateTimerQueueTimer(&timer_, nullptr, EndLoops, this, milliseconds, milliseconds, 0);
     }
     ~LoopDeadline() {
@@ -26,6 +28,10 @@ public:
             while (PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) {
             }
         }
+    }
+    /// It has that long from now on, however long it has lived.
+    void Change(uint32_t milliseconds) {
+        ChangeTimerQueueTimer(nullptr, timer_, milliseconds, milliseconds);
     }
     LoopDeadline(const LoopDeadline&) = delete;
     LoopDeadline& operator=(const LoopDeadline&) = delete;

@@ -28,6 +28,17 @@ TEST_F(LoopDeadlineTest, EndsALoopOfTheTestAndFailsIt) {
     EXPECT_FALSE(IsQuitPending()) << "the loops of the next test would end at once";
 }
 
+TEST_F(LoopDeadlineTest, EndsALoopWhenTheTimeIsOverThatItWasGivenLast) {
+    const auto waitInVain = [] {
+        LoopDeadline deadline(10 * LoopDeadline::UsualMilliseconds);
+        deadline.Change(1);
+        MSG message;
+        while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        }
+    };
+    EXPECT_NONFATAL_FAILURE(waitInVain(), "a message loop waited in vain");
+}
+
 TEST_F(LoopDeadlineTest, EndsALoopOfTheProgramAndFailsTheTest) {
     const HWND modal = CreateDialogWindow(dialog, {100, 100}, u"Modal", nullptr, WS_SYSMENU, 0);
     const auto waitInVain = [modal] {

@@ -121,9 +121,7 @@ protected:
     HWND Radio(const char16_t* text) { return CreateRadioButton(dialog, {0, 0, 60, 20}, text); }
 
     HWND dialog;
-
-private:
-    const LoopDeadline deadline_;
+    LoopDeadline deadline;
 };
 
 }  // namespace tallymere::testing_support
