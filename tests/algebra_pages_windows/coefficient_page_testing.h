@@ -23,7 +23,7 @@ protected:
     using PageControl = decltype(Grid);
 
     CoefficientPageTest(PageIndex index, void (*create)())
-        : PageWindowTest({{index, create, &Page.run}}) {}
+        : PageWindowTest({{index, create, &Page}}) {}
 
     static HWND Control(PageControl control) { return Page.controls[control]; }
     static std::u16string Text(PageControl control) { return WholeText(Control(control)); }
@@ -33,15 +33,7 @@ protected:
     }
     static void Click(PageControl control) { SendMessageW(Control(control), BM_CLICK, 0, 0); }
 
-    /// Makes the client area so large, in logical units.
-    static void Resize(LayoutSize client) {
-        const LayoutRect window = PlaceInParent(Page.window);
-        const LayoutSize inner = ClientSize(Page.window);
-        SetWindowPos(Page.window, nullptr, 0, 0,
-                     window.width - inner.width + ToScreenPixels(client.width),
-                     window.height - inner.height + ToScreenPixels(client.height),
-                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    }
+    static void Resize(LayoutSize client) { PageWindowTest::Resize(Page, client); }
 
     // Numeric controls and the list of number types.
 
@@ -139,21 +131,22 @@ protected:
         }
     }
 
-    // The keyboard.
+    // What a page is to do.
 
-    /// Tab goes from each of these windows to the next one and from the last to the first, and with
-    /// Shift the other way.
+    static void ExpectNotToBeLaidOutWhileMinimised() {
+        PageWindowTest::ExpectNotToBeLaidOutWhileMinimised(Page, Control(Result));
+    }
+    static void ExpectCloseToHide(PageControl close) {
+        PageWindowTest::ExpectCloseToHide(Page, Control(close));
+    }
     static void ExpectTabOrder(const std::vector<HWND>& order) {
-        ShowWindow(Page.window, SW_SHOW);
-        SetFocus(order[0]);
-        for (size_t i = 1; i <= order.size(); i++) {
-            PressKey(GetFocus(), VK_TAB);
-            EXPECT_EQ(GetFocus(), order[i % order.size()]) << i;
-        }
-        for (size_t i = order.size(); i-- > 0;) {
-            PressKey(GetFocus(), VK_TAB, VK_SHIFT);
-            EXPECT_EQ(GetFocus(), order[i]) << i;
-        }
+        PageWindowTest::ExpectTabOrder(Page, order);
+    }
+    /// The result has many lines, and scrolls sideways where one is too long.
+    static void ExpectUnbrokenLines() {
+        const uint32_t wanted =
+            ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL | WS_VSCROLL | WS_HSCROLL | WS_TABSTOP;
+        EXPECT_EQ(WindowStyle(Control(Result)) & wanted, wanted);
     }
 };
 

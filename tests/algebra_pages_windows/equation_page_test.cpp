@@ -110,29 +110,15 @@ TEST_F(EquationFormTest, BeginsWithItsChoices) {
 }
 
 TEST_F(EquationFormTest, CanBeResizedAndStandsInTheMiddle) {
-    hiddenOwnerWindow = CreateDialogWindow(nullptr, {100, 100}, u"", nullptr, 0, 0);
-    MakeAgain(LanguageEnglish);
-    EXPECT_EQ(GetWindow(equationPage.window, GW_OWNER), hiddenOwnerWindow);
-    const uint32_t wanted =
-        WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
-    EXPECT_EQ(WindowStyle(equationPage.window) & wanted, wanted);
-    const LayoutRect place = PlaceInParent(equationPage.window);
-    EXPECT_EQ(place.x, (GetSystemMetrics(SM_CXSCREEN) - place.width) / 2);
-    EXPECT_EQ(place.y, (GetSystemMetrics(SM_CYSCREEN) - place.height) / 2);
-    Destroy();
-    DestroyWindow(hiddenOwnerWindow);
-    hiddenOwnerWindow = nullptr;
+    ExpectToBeResizableAndInTheMiddle();
 }
 
 TEST_F(EquationFormTest, IsGoneWithItsWindow) {
-    Destroy();
-    EXPECT_EQ(equationPage.window, nullptr);
+    ExpectToBeGoneWithItsWindow();
 }
 
 TEST_F(EquationFormTest, TheResultHasManyLinesWhichAreNotWrapped) {
-    const uint32_t wanted =
-        ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL | WS_VSCROLL | WS_HSCROLL | WS_TABSTOP;
-    EXPECT_EQ(WindowStyle(Control(EquationOutput)) & wanted, wanted);
+    ExpectUnbrokenLines();
 }
 
 TEST_F(EquationFormTest, DropListsOpenWithAllTheirItems) {
@@ -177,15 +163,7 @@ TEST_F(EquationFormTest, FillsAClientAreaInWhichItsLayoutIsThatOfTheForm) {
 }
 
 TEST_F(EquationFormTest, AMinimisedPageIsNotLaidOut) {
-    const HWND output = Control(EquationOutput);
-    MoveWindow(output, 1, 2, 3, 4, FALSE);
-    SendMessageW(equationPage.window, WM_SIZE, SIZE_MINIMIZED, 0);
-    EXPECT_EQ(PlaceInParent(output), (LayoutRect{1, 2, 3, 4}));
-    for (const WPARAM how : {SIZE_RESTORED, SIZE_MAXIMIZED}) {
-        MoveWindow(output, 1, 2, 3, 4, FALSE);
-        SendMessageW(equationPage.window, WM_SIZE, how, 0);
-        EXPECT_NE(PlaceInParent(output), (LayoutRect{1, 2, 3, 4})) << how;
-    }
+    ExpectNotToBeLaidOutWhileMinimised();
 }
 
 TEST_F(EquationFormTest, TheGridHasARowForEachCoefficientFromTheHighestDown) {
@@ -322,16 +300,7 @@ TEST_F(EquationFormTest, TabGoesThroughThePageInTheOrderOfItsControls) {
 }
 
 TEST_F(EquationFormTest, CloseHidesThePage) {
-    ShowWindow(equationPage.window, SW_SHOW);
-    SendMessageW(equationPage.window, WM_COMMAND, MAKEWPARAM(0, BN_SETFOCUS),
-                 reinterpret_cast<LPARAM>(Control(EquationClose)));
-    EXPECT_TRUE(IsWindowVisible(equationPage.window)) << "a click alone closes it";
-    Click(EquationClose);
-    EXPECT_TRUE(IsWindow(equationPage.window));
-    EXPECT_FALSE(IsWindowVisible(equationPage.window));
-    ShowWindow(equationPage.window, SW_SHOW);
-    SendMessageW(equationPage.window, WM_CLOSE, 0, 0);
-    EXPECT_FALSE(IsWindowVisible(equationPage.window));
+    ExpectCloseToHide(EquationClose);
 }
 
 TEST_F(EquationFormTest, ClearEmptiesCellsAndResult) {

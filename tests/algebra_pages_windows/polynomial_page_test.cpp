@@ -105,12 +105,12 @@ TEST_F(PolynomialFormTest, BeginsWithItsChoices) {
     }
 }
 
-TEST_F(PolynomialFormTest, CanBeResizedAndIsGoneWithItsWindow) {
-    const uint32_t wanted =
-        WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
-    EXPECT_EQ(WindowStyle(polynomialPage.window) & wanted, wanted);
-    Destroy();
-    EXPECT_EQ(polynomialPage.window, nullptr);
+TEST_F(PolynomialFormTest, CanBeResizedAndStandsInTheMiddle) {
+    ExpectToBeResizableAndInTheMiddle();
+}
+
+TEST_F(PolynomialFormTest, IsGoneWithItsWindow) {
+    ExpectToBeGoneWithItsWindow();
 }
 
 TEST_F(PolynomialFormTest, FillsItsClientArea) {
@@ -122,16 +122,14 @@ TEST_F(PolynomialFormTest, FillsItsClientArea) {
             ExpectControls(client);
         }
     }
-    const HWND output = Control(PolynomialOutput);
-    MoveWindow(output, 1, 2, 3, 4, FALSE);
-    SendMessageW(polynomialPage.window, WM_SIZE, SIZE_MINIMIZED, 0);
-    EXPECT_EQ(PlaceInParent(output), (LayoutRect{1, 2, 3, 4})) << "minimised, nothing moves";
+}
+
+TEST_F(PolynomialFormTest, AMinimisedPageIsNotLaidOut) {
+    ExpectNotToBeLaidOutWhileMinimised();
 }
 
 TEST_F(PolynomialFormTest, TheResultHasManyLinesWhichAreNotWrapped) {
-    const uint32_t wanted =
-        ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL | WS_VSCROLL | WS_HSCROLL | WS_TABSTOP;
-    EXPECT_EQ(WindowStyle(Control(PolynomialOutput)) & wanted, wanted);
+    ExpectUnbrokenLines();
 }
 
 TEST_F(PolynomialFormTest, OperatorsAreWrittenInVerdana) {
@@ -287,16 +285,7 @@ TEST_F(PolynomialFormTest, TabGoesThroughThePageInTheOrderOfItsControls) {
 }
 
 TEST_F(PolynomialFormTest, CloseHidesThePage) {
-    ShowWindow(polynomialPage.window, SW_SHOW);
-    SendMessageW(polynomialPage.window, WM_COMMAND, MAKEWPARAM(0, BN_SETFOCUS),
-                 reinterpret_cast<LPARAM>(Control(PolynomialClose)));
-    EXPECT_TRUE(IsWindowVisible(polynomialPage.window)) << "a click alone closes it";
-    Click(PolynomialClose);
-    EXPECT_TRUE(IsWindow(polynomialPage.window));
-    EXPECT_FALSE(IsWindowVisible(polynomialPage.window));
-    ShowWindow(polynomialPage.window, SW_SHOW);
-    SendMessageW(polynomialPage.window, WM_CLOSE, 0, 0);
-    EXPECT_FALSE(IsWindowVisible(polynomialPage.window));
+    ExpectCloseToHide(PolynomialClose);
 }
 
 TEST_F(PolynomialFormTest, ClearEmptiesOneRowOrAll) {

@@ -56,16 +56,22 @@ TEST_F(SystemFormTest, FillsItsClientArea) {
         Resize(client);
         ExpectControls(client);
     }
-    const HWND output = Control(SystemOutput);
-    MoveWindow(output, 1, 2, 3, 4, FALSE);
-    SendMessageW(systemPage.window, WM_SIZE, SIZE_MINIMIZED, 0);
-    EXPECT_EQ(PlaceInParent(output), (LayoutRect{1, 2, 3, 4})) << "minimised, nothing moves";
+}
+
+TEST_F(SystemFormTest, AMinimisedPageIsNotLaidOut) {
+    ExpectNotToBeLaidOutWhileMinimised();
+}
+
+TEST_F(SystemFormTest, CanBeResizedAndStandsInTheMiddle) {
+    ExpectToBeResizableAndInTheMiddle();
+}
+
+TEST_F(SystemFormTest, IsGoneWithItsWindow) {
+    ExpectToBeGoneWithItsWindow();
 }
 
 TEST_F(SystemFormTest, TheResultHasManyLinesWhichAreNotWrapped) {
-    const uint32_t wanted =
-        ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL | WS_VSCROLL | WS_HSCROLL | WS_TABSTOP;
-    EXPECT_EQ(WindowStyle(Control(SystemOutput)) & wanted, wanted);
+    ExpectUnbrokenLines();
 }
 
 TEST_F(SystemFormTest, TheGridHasTheColumnsOfTheCount) {
@@ -132,12 +138,7 @@ TEST_F(SystemFormTest, TabGoesThroughThePageInTheOrderOfItsControls) {
 }
 
 TEST_F(SystemFormTest, CloseHidesThePage) {
-    ShowWindow(systemPage.window, SW_SHOW);
-    Click(SystemClose);
-    EXPECT_TRUE(IsWindow(systemPage.window));
-    EXPECT_FALSE(IsWindowVisible(systemPage.window));
-    Destroy();
-    EXPECT_EQ(systemPage.window, nullptr);
+    ExpectCloseToHide(SystemClose);
 }
 
 TEST_F(SystemFormTest, ClearEmptiesCellsAndResult) {

@@ -34,14 +34,14 @@ protected:
     }
 
     static void ExpectControls(const PrimePage& page, LayoutSize client) {
-        for (int32_t i = 0; i < page.kind->count; i++) {
+        for (int32_t i = 0; i < page.kind->page.count; i++) {
             SCOPED_TRACE(i);
-            const FormControl& row = page.kind->form[i];
+            const FormControl& row = page.kind->page.form[i];
             const HWND control = Control(page, i);
             EXPECT_EQ(LowerClassName(control), ClassOf(row.kind));
             EXPECT_EQ(GetParent(control),
                       row.parent == FormWindow ? page.window : Control(page, row.parent));
-            EXPECT_EQ(PlaceInParent(control), ToScreenPixels(page.kind->place(i, client)));
+            EXPECT_EQ(PlaceInParent(control), ToScreenPixels(page.kind->page.place(i, client)));
             if (row.text != nullptr && row.kind != FormDigitCount && row.kind != FormNumberBase) {
                 EXPECT_EQ(WholeText(control), uiText.*row.text);
             }
@@ -49,15 +49,6 @@ protected:
         EXPECT_EQ(WholeText(DigitCountLabel(Control(page, page.kind->digits))),
                   uiText.TextCtlDigits);
         EXPECT_EQ(WholeText(NumberBaseLabel(Control(page, page.kind->base))), uiText.TextCtlBase);
-    }
-
-    static void Resize(const PrimePage& page, LayoutSize client) {
-        const LayoutRect window = PlaceInParent(page.window);
-        const LayoutSize inner = ClientSize(page.window);
-        SetWindowPos(page.window, nullptr, 0, 0,
-                     window.width - inner.width + ToScreenPixels(client.width),
-                     window.height - inner.height + ToScreenPixels(client.height),
-                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     }
 };
 
@@ -104,7 +95,7 @@ TEST_F(PrimeFormTest, BeginsWithItsChoices) {
         EXPECT_EQ(DigitsOf(*page), u"0 ");
         EXPECT_EQ(SelectedNumberBase(Control(*page, page->kind->base)), 10);
         EXPECT_FALSE(IsWindowVisible(page->window));
-        for (int32_t i = 0; i < page->kind->count; i++) {
+        for (int32_t i = 0; i < page->kind->page.count; i++) {
             const bool isDisabled =
                 i == page->kind->stop || (page == &primeFactorsPage && i == PrimeFactorsShowCount);
             EXPECT_EQ(IsEnabled(*page, i), !isDisabled) << i;
@@ -113,28 +104,11 @@ TEST_F(PrimeFormTest, BeginsWithItsChoices) {
 }
 
 TEST_F(PrimeFormTest, CanBeResizedAndStandsInTheMiddle) {
-    hiddenOwnerWindow = CreateDialogWindow(nullptr, {100, 100}, u"", nullptr, 0, 0);
-    MakeAgain(LanguageEnglish);
-    for (const PrimePage* page : {&primeNumbersPage, &primeFactorsPage}) {
-        EXPECT_EQ(pageWindows[page->kind->index], page->window);
-        EXPECT_EQ(GetWindow(page->window, GW_OWNER), hiddenOwnerWindow);
-        const uint32_t wanted =
-            WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
-        EXPECT_EQ(WindowStyle(page->window) & wanted, wanted);
-        const LayoutRect place = PlaceInParent(page->window);
-        EXPECT_EQ(place.x, (GetSystemMetrics(SM_CXSCREEN) - place.width) / 2);
-        EXPECT_EQ(place.y, (GetSystemMetrics(SM_CYSCREEN) - place.height) / 2);
-    }
-    Destroy();
-    DestroyWindow(hiddenOwnerWindow);
-    hiddenOwnerWindow = nullptr;
+    ExpectToBeResizableAndInTheMiddle();
 }
 
 TEST_F(PrimeFormTest, IsGoneWithItsWindow) {
-    Destroy();
-    for (const PrimePage* page : {&primeNumbersPage, &primeFactorsPage}) {
-        EXPECT_EQ(page->window, nullptr);
-    }
+    ExpectToBeGoneWithItsWindow();
 }
 
 TEST_F(PrimeFormTest, FieldsAreOfOneLineOrOfMany) {
@@ -166,7 +140,7 @@ TEST_F(PrimeFormTest, FillsItsClientArea) {
     for (const int32_t dpi : {96, 120}) {
         MakeAgain(LanguageEnglish, dpi);
         for (const PrimePage* page : {&primeNumbersPage, &primeFactorsPage}) {
-            for (const LayoutSize client : {LayoutSize{800, 500}, page->kind->size}) {
+            for (const LayoutSize client : {LayoutSize{800, 500}, page->kind->page.size}) {
                 Resize(*page, client);
                 ExpectControls(*page, client);
             }
@@ -177,11 +151,11 @@ TEST_F(PrimeFormTest, FillsItsClientArea) {
 // In such an area some controls come to stand where the form says, though they stood elsewhere.
 TEST_F(PrimeFormTest, FillsAClientAreaInWhichItsLayoutIsThatOfTheForm) {
     for (const PrimePage* page : {&primeNumbersPage, &primeFactorsPage}) {
-        const FormControl& output = page->kind->form[page->kind->output];
-        const FormControl& start = page->kind->form[page->kind->start];
-        const int32_t room = -page->kind->place(page->kind->start, {400, 0}).y;
+        const FormControl& output = page->kind->page.form[page->kind->output];
+        const FormControl& start = page->kind->page.form[page->kind->start];
+        const int32_t room = -page->kind->page.place(page->kind->start, {400, 0}).y;
         const LayoutSize client = {400, room + start.place.y};
-        ASSERT_EQ(page->kind->place(page->kind->start, client), start.place);
+        ASSERT_EQ(page->kind->page.place(page->kind->start, client), start.place);
         Resize(*page, {800, 500});
         Resize(*page, client);
         ASSERT_EQ(ClientSize(page->window), client);
@@ -192,15 +166,7 @@ TEST_F(PrimeFormTest, FillsAClientAreaInWhichItsLayoutIsThatOfTheForm) {
 
 TEST_F(PrimeFormTest, AMinimisedPageIsNotLaidOut) {
     for (const PrimePage* page : {&primeNumbersPage, &primeFactorsPage}) {
-        const HWND output = Control(*page, page->kind->output);
-        MoveWindow(output, 1, 2, 3, 4, FALSE);
-        SendMessageW(page->window, WM_SIZE, SIZE_MINIMIZED, 0);
-        EXPECT_EQ(PlaceInParent(output), (LayoutRect{1, 2, 3, 4}));
-        for (const WPARAM how : {SIZE_RESTORED, SIZE_MAXIMIZED}) {
-            MoveWindow(output, 1, 2, 3, 4, FALSE);
-            SendMessageW(page->window, WM_SIZE, how, 0);
-            EXPECT_NE(PlaceInParent(output), (LayoutRect{1, 2, 3, 4})) << how;
-        }
+        ExpectNotToBeLaidOutWhileMinimised(*page, Control(*page, page->kind->output));
     }
 }
 
@@ -256,42 +222,22 @@ TEST_F(PrimeFormTest, TabAndArrowsReachTheButtonsOfAGroupTogether) {
 
 TEST_F(PrimeFormTest, TabGoesThroughThePrimeFactorsPageInTheOrderOfItsControls) {
     const PrimePage& page = primeFactorsPage;
-    ShowWindow(page.window, SW_SHOW);
     const HWND base = NumberBaseList(Control(page, PrimeFactorsBase));
-    const auto expectOrder = [&](const std::vector<HWND>& order) {
-        SetFocus(order[0]);
-        for (size_t i = 1; i <= order.size(); i++) {
-            PressKey(GetFocus(), VK_TAB);
-            EXPECT_EQ(GetFocus(), order[i % order.size()]) << i;
-        }
-        for (size_t i = order.size(); i-- > 0;) {
-            PressKey(GetFocus(), VK_TAB, VK_SHIFT);
-            EXPECT_EQ(GetFocus(), order[i]) << i;
-        }
-    };
     // Stop is disabled, and so is the box while Divisors is not chosen.
-    expectOrder({Control(page, PrimeFactorsNumber), base, Control(page, PrimeFactorsFactors),
-                 Control(page, PrimeFactorsInterval), Control(page, PrimeFactorsOutput),
-                 Control(page, PrimeFactorsStart), Control(page, PrimeFactorsClose)});
+    ExpectTabOrder(page,
+                   {Control(page, PrimeFactorsNumber), base, Control(page, PrimeFactorsFactors),
+                    Control(page, PrimeFactorsInterval), Control(page, PrimeFactorsOutput),
+                    Control(page, PrimeFactorsStart), Control(page, PrimeFactorsClose)});
     Click(page, PrimeFactorsDivisors);
-    expectOrder({Control(page, PrimeFactorsNumber), base, Control(page, PrimeFactorsDivisors),
-                 Control(page, PrimeFactorsShowCount), Control(page, PrimeFactorsInterval),
-                 Control(page, PrimeFactorsOutput), Control(page, PrimeFactorsStart),
-                 Control(page, PrimeFactorsClose)});
+    ExpectTabOrder(page, {Control(page, PrimeFactorsNumber), base,
+                          Control(page, PrimeFactorsDivisors), Control(page, PrimeFactorsShowCount),
+                          Control(page, PrimeFactorsInterval), Control(page, PrimeFactorsOutput),
+                          Control(page, PrimeFactorsStart), Control(page, PrimeFactorsClose)});
 }
 
 TEST_F(PrimeFormTest, CloseHidesThePage) {
     for (const PrimePage* page : {&primeNumbersPage, &primeFactorsPage}) {
-        ShowWindow(page->window, SW_SHOW);
-        SendMessageW(page->window, WM_COMMAND, MAKEWPARAM(0, BN_SETFOCUS),
-                     reinterpret_cast<LPARAM>(Control(*page, page->kind->close)));
-        EXPECT_TRUE(IsWindowVisible(page->window)) << "a click alone closes it";
-        Click(*page, page->kind->close);
-        EXPECT_TRUE(IsWindow(page->window));
-        EXPECT_FALSE(IsWindowVisible(page->window));
-        ShowWindow(page->window, SW_SHOW);
-        SendMessageW(page->window, WM_CLOSE, 0, 0);
-        EXPECT_FALSE(IsWindowVisible(page->window));
+        ExpectCloseToHide(*page, Control(*page, page->kind->page.close));
     }
 }
 

@@ -14,8 +14,8 @@ namespace tallymere::testing_support {
 class PrimePagesTest : public PageWindowTest {
 protected:
     PrimePagesTest()
-        : PageWindowTest({{PagePrimeNumbers, CreatePrimeNumbersPage, &primeNumbersPage.run},
-                          {PagePrimeFactors, CreatePrimeFactorsPage, &primeFactorsPage.run}}) {}
+        : PageWindowTest({{PagePrimeNumbers, CreatePrimeNumbersPage, &primeNumbersPage},
+                          {PagePrimeFactors, CreatePrimeFactorsPage, &primeFactorsPage}}) {}
 
     static HWND Control(const PrimePage& page, int32_t control) { return page.controls[control]; }
     static std::u16string Text(const PrimePage& page, int32_t control) {

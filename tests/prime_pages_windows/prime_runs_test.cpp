@@ -13,7 +13,7 @@ protected:
     // A run that lasts longer than any test and has shown something.
     static void StartEndlessRun(const PrimePage& page) {
         WriteNumber(page, u"1");
-        WriteInterval(page, page.kind->index == PagePrimeNumbers ? u"2147483647" : u"1000000");
+        WriteInterval(page, page.kind->page.index == PagePrimeNumbers ? u"2147483647" : u"1000000");
         Click(page, page.kind->start);
         LoopUntil([&page] { return !Output(page).empty(); });
         EXPECT_EQ(page.run.states.phase, StopShown);
@@ -170,7 +170,7 @@ TEST_F(PrimeRunsTest, EachRunBeginsWithAnEmptyOutput) {
 TEST_F(PrimeRunsTest, APageThatRunsShutsOthersOut) {
     for (PrimePage* page : Pages) {
         StartEndlessRun(*page);
-        for (int32_t i = 0; i < page->kind->count; i++) {
+        for (int32_t i = 0; i < page->kind->page.count; i++) {
             const bool wasDisabled = page == &primeFactorsPage && i == PrimeFactorsShowCount;
             const bool isDisabled =
                 i == page->kind->start || page->kind->isDisabledDuringRun(i) || wasDisabled;
@@ -180,7 +180,7 @@ TEST_F(PrimeRunsTest, APageThatRunsShutsOthersOut) {
         EXPECT_TRUE(IsWindowEnabled(page->window));
         Click(*page, page->kind->stop);
         Finish(*page);
-        for (int32_t i = 0; i < page->kind->count; i++) {
+        for (int32_t i = 0; i < page->kind->page.count; i++) {
             const bool isDisabled =
                 i == page->kind->stop || (page == &primeFactorsPage && i == PrimeFactorsShowCount);
             EXPECT_EQ(IsEnabled(*page, i), !isDisabled) << i;
@@ -221,7 +221,7 @@ TEST_F(PrimeRunsTest, ClosingAPageStopsItsRun) {
             ShowWindow(page->window, SW_SHOW);
             StartEndlessRun(*page);
             if (byButton) {
-                Click(*page, page->kind->close);
+                Click(*page, page->kind->page.close);
             } else {
                 SendMessageW(page->window, WM_CLOSE, 0, 0);
             }

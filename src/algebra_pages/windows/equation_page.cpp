@@ -8,8 +8,6 @@
 #include "algebra_pages/windows/coefficient_grid.h"
 #include "core/limits.h"
 #include "shell/scratch_text.h"
-#include "shell/windows/form_windows.h"
-#include "shell/windows/program_windows.h"
 #include "shell/windows/window_text.h"
 #include "toolkit/grid_control.h"
 #include "toolkit/numeric_up_down.h"
@@ -36,13 +34,6 @@ bool IsItemSelected(EquationControl list, int32_t item) {
 
 bool IsMultiplicityShown() {
     return SendMessageW(ControlOf(EquationMultiplicity), BM_GETCHECK, 0, 0) == BST_CHECKED;
-}
-
-void LayOutPage() {
-    PlaceFormControls(
-        equationPage.window, equationPage.controls, [](int32_t control, LayoutSize client) {
-            return PlaceEquationControl(static_cast<EquationControl>(control), client);
-        });
 }
 
 // The grid: one column, and a row for each coefficient, from that of the highest power down.
@@ -155,60 +146,43 @@ void FillControls() {
     SetNumericPosition(ControlOf(EquationPrecision), DefaultDigits);
 }
 
-void HandleCommand(HWND control, int32_t news) {
-    if (news != BN_CLICKED) {
-        return;
-    }
-    if (control == ControlOf(EquationClear)) {
+void HandleClick(HWND button) {
+    if (button == ControlOf(EquationClear)) {
         ClearPage();
-    } else if (control == ControlOf(EquationClose)) {
-        SendMessageW(equationPage.window, WM_CLOSE, 0, 0);
     }
 }
 
+constexpr FormPageKind Kind = {
+    .index = PageAlgebraicEquations,
+    .title = &UiText::TextAlgSolveAlgebraicEquations,
+    .size = EquationPageSize,
+    .form = EquationForm,
+    .count = EquationControlCount,
+    .place =
+        [](int32_t control, LayoutSize client) {
+            return PlaceEquationControl(static_cast<EquationControl>(control), client);
+        },
+    .close = EquationClose,
+    .click = HandleClick,
+};
+
 LRESULT EquationPageProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
-    if (equationPage.window == nullptr ||
-        HandlePageRun(equationPage.run, message, wParam, lParam, callDefault)) {
-        return 0;
-    }
-    switch (message) {
-        case WM_SIZE:
-            if (wParam != SIZE_MINIMIZED) {
-                LayOutPage();
-            }
-            break;
-        case WM_COMMAND:
-            if (lParam != 0) {
-                HandleCommand(reinterpret_cast<HWND>(lParam), HIWORD(wParam));
-            }
-            break;
-        case WM_NCDESTROY:
-            equationPage.window = nullptr;
-            break;
-        default:
-            break;
-    }
-    return 0;
+    return HandleFormPage(equationPage, Kind, message, wParam, lParam, callDefault);
 }
 
 }  // namespace
 
 void CreateEquationPage() {
     equationPage = {};
-    const HWND window =
-        CreatePageWindow(EquationPageSize, uiText.TextAlgSolveAlgebraicEquations, EquationPageProc);
-    CreateFormControls(window, EquationForm, EquationControlCount, equationPage.controls);
+    CreateFormPage(equationPage, Kind, EquationPageProc);
     FillControls();
-    equationPage.window = window;
-    equationPage.run = {.page = window,
-                        .startTask = &EquationTask,
-                        .controls = {.startButton = ControlOf(EquationSolve),
-                                     .startCaption = &UiText::TextAlgSolve,
-                                     .disabled = &equationPage.controls[EquationClear],
-                                     .disabledCount = 1},
-                        .states = {.rules = {StopFromTheStart, LeavesLater}}};
-    LayOutPage();
-    pageWindows[PageAlgebraicEquations] = window;
+    equationPage.run.startTask = &EquationTask;
+    equationPage.run.controls = {.startButton = ControlOf(EquationSolve),
+                                 .startCaption = &UiText::TextAlgSolve,
+                                 .disabled = &equationPage.controls[EquationClear],
+                                 .disabledCount = 1};
+    equationPage.run.states.rules = {StopFromTheStart, LeavesLater};
+    CompleteFormPage(equationPage, Kind);
 }
 
 }  // namespace tallymere

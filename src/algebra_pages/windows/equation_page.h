@@ -4,16 +4,13 @@
 #include <cstdint>
 
 #include "algebra_pages/equation_form.h"
-#include "shell/windows/page_run.h"
-#include "toolkit/win32.h"
+#include "shell/windows/form_page.h"
 
 namespace tallymere {
 
-struct EquationPage {
-    HWND window = nullptr;                     ///< null before the page is complete
-    HWND controls[EquationControlCount] = {};  ///< named by EquationControl
-    int32_t degree = 0;                        ///< what the grid has rows for
-    PageRun run;
+/// Its controls are named by EquationControl.
+struct EquationPage : FormPage {
+    int32_t degree = 0;  ///< what the grid has rows for
 };
 
 extern EquationPage equationPage;

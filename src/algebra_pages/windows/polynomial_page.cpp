@@ -9,8 +9,6 @@
 #include "shell/settings.h"
 #include "shell/text_sink.h"
 #include "shell/windows/fonts.h"
-#include "shell/windows/form_windows.h"
-#include "shell/windows/program_windows.h"
 #include "shell/windows/wait_cursor.h"
 #include "shell/windows/window_text.h"
 #include "toolkit/numeric_up_down.h"
@@ -31,13 +29,6 @@ HWND ControlOf(PolynomialControl control) {
 
 void EnableControl(PolynomialControl control, bool enable) {
     EnableWindow(ControlOf(control), enable ? TRUE : FALSE);
-}
-
-void LayOutPage() {
-    PlaceFormControls(
-        polynomialPage.window, polynomialPage.controls, [](int32_t control, LayoutSize client) {
-            return PlacePolynomialControl(static_cast<PolynomialControl>(control), client);
-        });
 }
 
 // The grid.
@@ -197,72 +188,57 @@ void FillControls() {
     EnableResult(false);
 }
 
-void HandleCommand(HWND control, int32_t news) {
-    if (news != BN_CLICKED) {
-        return;
-    }
+void HandleClick(HWND pressed) {
     for (const PolynomialOperatorButton& button : PolynomialOperators) {
-        if (control == ControlOf(button.control)) {
+        if (pressed == ControlOf(button.control)) {
             StartCalculation(button.operation);
             return;
         }
     }
     for (const PolynomialControl button : {PolynomialResultTo0, PolynomialResultTo1}) {
-        if (control == ControlOf(button)) {
+        if (pressed == ControlOf(button)) {
             TakeResult(PolynomialOfButton(button));
         }
     }
     for (const PolynomialControl button : {PolynomialClear0, PolynomialClear1}) {
-        if (control == ControlOf(button)) {
+        if (pressed == ControlOf(button)) {
             ClearRow(PolynomialOfButton(button));
         }
     }
-    if (control == ControlOf(PolynomialClearAll)) {
+    if (pressed == ControlOf(PolynomialClearAll)) {
         ClearRows();
-    } else if (control == ControlOf(PolynomialClose)) {
-        SendMessageW(polynomialPage.window, WM_CLOSE, 0, 0);
     }
 }
 
+constexpr FormPageKind Kind = {
+    .index = PagePolynomialCalculation,
+    .title = &UiText::TextPolyPolynomialCalculation,
+    .size = PolynomialPageSize,
+    .form = PolynomialForm,
+    .count = PolynomialControlCount,
+    .place =
+        [](int32_t control, LayoutSize client) {
+            return PlacePolynomialControl(static_cast<PolynomialControl>(control), client);
+        },
+    .close = PolynomialClose,
+    .click = HandleClick,
+};
+
 LRESULT PolynomialPageProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
-    if (polynomialPage.window == nullptr ||
-        HandlePageRun(polynomialPage.run, message, wParam, lParam, callDefault)) {
-        return 0;
+    if (message == WM_NCDESTROY) {
+        DeleteObject(polynomialPage.operatorFont);
     }
-    switch (message) {
-        case WM_SIZE:
-            if (wParam != SIZE_MINIMIZED) {
-                LayOutPage();
-            }
-            break;
-        case WM_COMMAND:
-            if (lParam != 0) {
-                HandleCommand(reinterpret_cast<HWND>(lParam), HIWORD(wParam));
-            }
-            break;
-        case WM_NCDESTROY:
-            polynomialPage.window = nullptr;
-            DeleteObject(polynomialPage.operatorFont);
-            break;
-        default:
-            break;
-    }
-    return 0;
+    return HandleFormPage(polynomialPage, Kind, message, wParam, lParam, callDefault);
 }
 
 }  // namespace
 
 void CreatePolynomialPage() {
     polynomialPage = {};
-    const HWND window = CreatePageWindow(PolynomialPageSize, uiText.TextPolyPolynomialCalculation,
-                                         PolynomialPageProc);
-    CreateFormControls(window, PolynomialForm, PolynomialControlCount, polynomialPage.controls);
+    CreateFormPage(polynomialPage, Kind, PolynomialPageProc);
     FillControls();
-    polynomialPage.window = window;
-    polynomialPage.run.page = window;
     polynomialPage.run.states.rules = {StopNever, LeavesAtOnce};
-    LayOutPage();
-    pageWindows[PagePolynomialCalculation] = window;
+    CompleteFormPage(polynomialPage, Kind);
 }
 
 }  // namespace tallymere

@@ -4,18 +4,15 @@
 #include <cstdint>
 
 #include "algebra_pages/polynomial_form.h"
-#include "shell/windows/page_run.h"
-#include "toolkit/win32.h"
+#include "shell/windows/form_page.h"
 
 namespace tallymere {
 
-struct PolynomialPage {
-    HWND window = nullptr;                       ///< null before the page is complete
-    HWND controls[PolynomialControlCount] = {};  ///< named by PolynomialControl
+/// Its controls are named by PolynomialControl.
+struct PolynomialPage : FormPage {
     HFONT operatorFont = nullptr;
     int32_t count = 0;      ///< of polynomials, what the grid has rows for
     int32_t maxDegree = 0;  ///< what the grid shows columns for
-    PageRun run;
 };
 
 extern PolynomialPage polynomialPage;

@@ -8,8 +8,6 @@
 #include "shell/settings.h"
 #include "shell/text_format.h"
 #include "shell/windows/error_report.h"
-#include "shell/windows/form_windows.h"
-#include "shell/windows/program_windows.h"
 #include "shell/windows/wait_cursor.h"
 #include "shell/windows/window_text.h"
 #include "toolkit/numeric_up_down.h"
@@ -23,13 +21,6 @@ namespace {
 
 HWND ControlOf(SystemControl control) {
     return systemPage.controls[control];
-}
-
-void LayOutPage() {
-    PlaceFormControls(systemPage.window, systemPage.controls,
-                      [](int32_t control, LayoutSize client) {
-                          return PlaceSystemControl(static_cast<SystemControl>(control), client);
-                      });
 }
 
 // The grid.
@@ -155,44 +146,32 @@ void FillControls() {
     BeginNumberChoice(ChoiceControls(), TypeChosen);
 }
 
-void HandleCommand(HWND control, int32_t news) {
-    if (news != BN_CLICKED) {
-        return;
-    }
-    if (control == ControlOf(SystemClear)) {
+void HandleClick(HWND button) {
+    if (button == ControlOf(SystemClear)) {
         ClearPage();
-    } else if (control == ControlOf(SystemLoad)) {
+    } else if (button == ControlOf(SystemLoad)) {
         AskAndLoad();
-    } else if (control == ControlOf(SystemSaveAs)) {
+    } else if (button == ControlOf(SystemSaveAs)) {
         AskAndSave();
-    } else if (control == ControlOf(SystemClose)) {
-        SendMessageW(systemPage.window, WM_CLOSE, 0, 0);
     }
 }
 
+constexpr FormPageKind Kind = {
+    .index = PageLinearSystems,
+    .title = &UiText::TextLinSystemsLinearEquations,
+    .size = SystemPageSize,
+    .form = SystemForm,
+    .count = SystemControlCount,
+    .place =
+        [](int32_t control, LayoutSize client) {
+            return PlaceSystemControl(static_cast<SystemControl>(control), client);
+        },
+    .close = SystemClose,
+    .click = HandleClick,
+};
+
 LRESULT SystemPageProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
-    if (systemPage.window == nullptr ||
-        HandlePageRun(systemPage.run, message, wParam, lParam, callDefault)) {
-        return 0;
-    }
-    switch (message) {
-        case WM_SIZE:
-            if (wParam != SIZE_MINIMIZED) {
-                LayOutPage();
-            }
-            break;
-        case WM_COMMAND:
-            if (lParam != 0) {
-                HandleCommand(reinterpret_cast<HWND>(lParam), HIWORD(wParam));
-            }
-            break;
-        case WM_NCDESTROY:
-            systemPage.window = nullptr;
-            break;
-        default:
-            break;
-    }
-    return 0;
+    return HandleFormPage(systemPage, Kind, message, wParam, lParam, callDefault);
 }
 
 }  // namespace
@@ -215,18 +194,13 @@ void SaveSystemFile() {
 
 void CreateSystemPage() {
     systemPage = {};
-    const HWND window =
-        CreatePageWindow(SystemPageSize, uiText.TextLinSystemsLinearEquations, SystemPageProc);
-    CreateFormControls(window, SystemForm, SystemControlCount, systemPage.controls);
+    CreateFormPage(systemPage, Kind, SystemPageProc);
     FillControls();
-    systemPage.window = window;
-    systemPage.run = {
-        .page = window,
-        .startTask = &SystemTask,
-        .controls = {.startButton = ControlOf(SystemSolve), .startCaption = &UiText::TextAlgSolve},
-        .states = {.rules = {StopNever, LeavesAtOnce}}};
-    LayOutPage();
-    pageWindows[PageLinearSystems] = window;
+    systemPage.run.startTask = &SystemTask;
+    systemPage.run.controls = {.startButton = ControlOf(SystemSolve),
+                               .startCaption = &UiText::TextAlgSolve};
+    systemPage.run.states.rules = {StopNever, LeavesAtOnce};
+    CompleteFormPage(systemPage, Kind);
 }
 
 }  // namespace tallymere

@@ -6,18 +6,15 @@
 #include "algebra_pages/csv_dialog_choices.h"
 #include "algebra_pages/system_form.h"
 #include "algebra_pages/system_run.h"
-#include "shell/windows/page_run.h"
-#include "toolkit/win32.h"
+#include "shell/windows/form_page.h"
 
 namespace tallymere {
 
-struct SystemPage {
-    HWND window = nullptr;                   ///< null before the page is complete
-    HWND controls[SystemControlCount] = {};  ///< named by SystemControl
-    int32_t count = 0;                       ///< of equations that the grid has rows for
+/// Its controls are named by SystemControl.
+struct SystemPage : FormPage {
+    int32_t count = 0;  ///< of equations that the grid has rows for
     CsvDialogs dialogs;
     SystemRequest request = {};  ///< what Solve was asked for
-    PageRun run;
 };
 
 extern SystemPage systemPage;

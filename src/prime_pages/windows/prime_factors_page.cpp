@@ -84,11 +84,21 @@ LRESULT PrimeFactorsProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool&
 }
 
 constexpr PrimePageKind Kind = {
-    .index = PagePrimeFactors,
-    .title = &UiText::TextFactorsPrimeFactorsDivisors,
-    .size = PrimeFactorsSize,
-    .form = PrimeFactorsForm,
-    .count = PrimeFactorsControlCount,
+    .page =
+        {
+            .index = PagePrimeFactors,
+            .title = &UiText::TextFactorsPrimeFactorsDivisors,
+            .size = PrimeFactorsSize,
+            .form = PrimeFactorsForm,
+            .count = PrimeFactorsControlCount,
+            .place =
+                [](int32_t control, LayoutSize client) {
+                    return PlacePrimeFactorsControl(static_cast<PrimeFactorsControl>(control),
+                                                    client);
+                },
+            .close = PrimeFactorsClose,
+            .click = nullptr,
+        },
     .number = PrimeFactorsNumber,
     .digits = PrimeFactorsDigits,
     .base = PrimeFactorsBase,
@@ -96,11 +106,6 @@ constexpr PrimePageKind Kind = {
     .output = PrimeFactorsOutput,
     .start = PrimeFactorsStart,
     .stop = PrimeFactorsStop,
-    .close = PrimeFactorsClose,
-    .place =
-        [](int32_t control, LayoutSize client) {
-            return PlacePrimeFactorsControl(static_cast<PrimeFactorsControl>(control), client);
-        },
     .isDisabledDuringRun =
         [](int32_t control) {
             return IsDisabledDuringRun(static_cast<PrimeFactorsControl>(control));

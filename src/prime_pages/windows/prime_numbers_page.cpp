@@ -81,11 +81,21 @@ LRESULT PrimeNumbersProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool&
 }
 
 constexpr PrimePageKind Kind = {
-    .index = PagePrimeNumbers,
-    .title = &UiText::TextPrimesPrimeNumbers,
-    .size = PrimeNumbersSize,
-    .form = PrimeNumbersForm,
-    .count = PrimeNumbersControlCount,
+    .page =
+        {
+            .index = PagePrimeNumbers,
+            .title = &UiText::TextPrimesPrimeNumbers,
+            .size = PrimeNumbersSize,
+            .form = PrimeNumbersForm,
+            .count = PrimeNumbersControlCount,
+            .place =
+                [](int32_t control, LayoutSize client) {
+                    return PlacePrimeNumbersControl(static_cast<PrimeNumbersControl>(control),
+                                                    client);
+                },
+            .close = PrimeNumbersClose,
+            .click = nullptr,
+        },
     .number = PrimeNumbersNumber,
     .digits = PrimeNumbersDigits,
     .base = PrimeNumbersBase,
@@ -93,11 +103,6 @@ constexpr PrimePageKind Kind = {
     .output = PrimeNumbersOutput,
     .start = PrimeNumbersStart,
     .stop = PrimeNumbersStop,
-    .close = PrimeNumbersClose,
-    .place =
-        [](int32_t control, LayoutSize client) {
-            return PlacePrimeNumbersControl(static_cast<PrimeNumbersControl>(control), client);
-        },
     .isDisabledDuringRun =
         [](int32_t control) {
             return IsDisabledDuringRun(static_cast<PrimeNumbersControl>(control));

@@ -2,10 +2,8 @@
 
 #include <algorithm>
 
-#include "core/contract.h"
 #include "shell/settings.h"
 #include "shell/windows/error_report.h"
-#include "shell/windows/program_windows.h"
 #include "shell/windows/window_text.h"
 #include "toolkit/digit_count_control.h"
 #include "toolkit/environment.h"
@@ -16,11 +14,6 @@
 namespace tallymere {
 
 namespace {
-
-void LayOutPage(const PrimePage& page) {
-    PlaceFormControls(page.window, {page.controls, static_cast<size_t>(page.kind->count)},
-                      page.kind->place);
-}
 
 // A control of a group that is larger than what it shows would cover the frame of the group. What
 // reaches into the frame is cut off; its place stays.
@@ -45,14 +38,6 @@ void ShowDigits(const PrimePage& page) {
     }
 }
 
-void HandleCommand(const PrimePage& page, HWND control, int32_t news) {
-    if (control == page.controls[page.kind->number] && news == EN_CHANGE) {
-        ShowDigits(page);
-    } else if (control == page.controls[page.kind->close] && news == BN_CLICKED) {
-        SendMessageW(page.window, WM_CLOSE, 0, 0);
-    }
-}
-
 // A field of many lines does not tell that its text was set.
 void WriteField(const PrimePage& page, int32_t control, const char16_t* text) {
     SetWindowTextW(page.controls[control], ToWide(text));
@@ -74,66 +59,45 @@ void WriteInNewBase(const PrimePage& page, int32_t control, uint32_t parseFlags,
     }
 }
 
-PageRun MakeRun(PrimePage& page, const PageTask& task) {
+void DescribeRun(PrimePage& page, const PageTask& task) {
     const PrimePageKind& kind = *page.kind;
     int32_t disabledCount = 0;
-    for (int32_t i = 0; i < kind.count; i++) {
+    for (int32_t i = 0; i < kind.page.count; i++) {
         if (kind.isDisabledDuringRun(i)) {
             page.disabled[disabledCount++] = page.controls[i];
         }
     }
-    return {.page = page.window,
-            .startTask = &task,
-            .controls = {.startButton = page.controls[kind.start],
+    page.run.startTask = &task;
+    page.run.controls = {.startButton = page.controls[kind.start],
                          .stopButton = page.controls[kind.stop],
                          .disabled = page.disabled,
                          .disabledCount = disabledCount,
-                         .output = page.controls[kind.output]},
-            .states = {.rules = {StopFromTheStart, LeavesAtOnce}}};
+                         .output = page.controls[kind.output]};
+    page.run.states.rules = {StopFromTheStart, LeavesAtOnce};
 }
 
 }  // namespace
 
 void CreatePrimePage(PrimePage& page, const PrimePageKind& kind, WindowHandler handler,
                      const PageTask& task) {
-    TALLYMERE_REQUIRE(kind.count <= MaxPrimeControls);
     page = {};
     page.kind = &kind;
-    const HWND window = CreatePageWindow(kind.size, uiText.*kind.title, handler);
-    CreateFormControls(window, kind.form, kind.count, page.controls);
+    CreateFormPage(page, kind.page, handler);
     LeaveFrameFree(page.controls[kind.digits]);
     LeaveFrameFree(page.controls[kind.base]);
     SelectNumberBase(page.controls[kind.base], page.base);
     EnableWindow(page.controls[kind.stop], FALSE);
-    page.window = window;
-    page.run = MakeRun(page, task);
-    LayOutPage(page);
-    pageWindows[kind.index] = window;
+    DescribeRun(page, task);
+    CompleteFormPage(page, kind.page);
 }
 
 LRESULT HandlePrimePage(PrimePage& page, UINT message, WPARAM wParam, LPARAM lParam,
                         bool& callDefault) {
-    if (page.window == nullptr || HandlePageRun(page.run, message, wParam, lParam, callDefault)) {
-        return 0;
+    if (page.window != nullptr && message == WM_COMMAND && HIWORD(wParam) == EN_CHANGE &&
+        reinterpret_cast<HWND>(lParam) == page.controls[page.kind->number]) {
+        ShowDigits(page);
     }
-    switch (message) {
-        case WM_SIZE:
-            if (wParam != SIZE_MINIMIZED) {
-                LayOutPage(page);
-            }
-            break;
-        case WM_COMMAND:
-            if (lParam != 0) {
-                HandleCommand(page, reinterpret_cast<HWND>(lParam), HIWORD(wParam));
-            }
-            break;
-        case WM_NCDESTROY:
-            page.window = nullptr;
-            break;
-        default:
-            break;
-    }
-    return 0;
+    return HandleFormPage(page, page.kind->page, message, wParam, lParam, callDefault);
 }
 
 bool IsChecked(const PrimePage& page, int32_t control) {

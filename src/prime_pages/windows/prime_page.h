@@ -6,26 +6,16 @@
 
 #include "core/scratch.h"
 #include "prime_pages/prime_fields.h"
-#include "shell/main_menu.h"
-#include "shell/windows/form_windows.h"
-#include "shell/windows/page_run.h"
-#include "toolkit/win32.h"
+#include "shell/windows/form_page.h"
 
 namespace tallymere {
-
-/// The most controls of a page.
-inline constexpr int32_t MaxPrimeControls = 20;
 
 /// The longest text of a field that is read, in characters. A longer one is no number.
 inline constexpr int64_t PrimeFieldCapacity = 100'000;
 
 /// What makes a page the one or the other. Controls are named by their index in the form.
 struct PrimePageKind {
-    PageIndex index;
-    UiTextEntry title;
-    LayoutSize size;
-    const FormControl* form;
-    int32_t count;  ///< up to MaxPrimeControls
+    FormPageKind page;
     int32_t number;
     int32_t digits;
     int32_t base;
@@ -33,18 +23,13 @@ struct PrimePageKind {
     int32_t output;
     int32_t start;
     int32_t stop;
-    int32_t close;
-    FormPlacer place;
     bool (*isDisabledDuringRun)(int32_t control);
 };
 
-struct PrimePage {
+struct PrimePage : FormPage {
     const PrimePageKind* kind = nullptr;
-    HWND window = nullptr;  ///< null before the page is complete
-    HWND controls[MaxPrimeControls] = {};
-    HWND disabled[MaxPrimeControls] = {};  ///< during a run
+    HWND disabled[MaxPageControls] = {};  ///< during a run
     int32_t base = InitialPrimeBase;
-    PageRun run;
 };
 
 /// Makes the page, hidden, and puts it into pageWindows. `handler` is that of its window, `task`
@@ -52,8 +37,8 @@ struct PrimePage {
 void CreatePrimePage(PrimePage& page, const PrimePageKind& kind, WindowHandler handler,
                      const PageTask& task);
 
-/// Handles what concerns a page as such: its runs, its size, the count of digits, Close. The
-/// handler of the window passes everything on to it.
+/// Handles what HandleFormPage does, and shows the count of digits. The handler of the window
+/// passes everything on to it.
 LRESULT HandlePrimePage(PrimePage& page, UINT message, WPARAM wParam, LPARAM lParam,
                         bool& callDefault);
 
