@@ -33,6 +33,7 @@ protected:
         ApplySeparators(DecimalPoint, ThousandsComma);
         ClearErrors();
         mainWindow = dialog;
+        hiddenOwnerWindow = nullptr;
         Make();
     }
     ~PageWindowTest() override {
