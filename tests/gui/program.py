@@ -102,6 +102,11 @@ class Probe:
         return [Window(data, data["handle"] == answer["foreground"])
                 for data in answer["windows"]]
 
+    def choose_early(self, item_id, main_title, title):
+        """Chooses an item of the menu as soon as a program that starts has a window with the title
+        of the main window. Says whether that was before a window of the other title was made."""
+        return self.ask("early", f"{item_id} {json.dumps(main_title)} {json.dumps(title)}")
+
     def processes(self):
         return self.ask("processes", IMAGE)
 

@@ -7,6 +7,11 @@ from calculator_case import calculator_settings
 from gui_case import MAIN_TITLE, GuiCase, file_bytes, settings_text
 from program import DIALOG_CLASS
 
+# Late in their order, by the items of the menu.
+LATE_WINDOWS = {204: "Polynomial calculation", 203: "Systems of linear equations",
+                302: "About Tallymere"}
+STARTS = 10
+
 PAGES = {201: "Scientific Calculator", 202: "Solve algebraic equations", 205: "Prime numbers",
          206: "Prime factors and divisors"}
 
@@ -70,6 +75,27 @@ class StartTest(GuiCase):
                           if window.class_name == DIALOG_CLASS and window.text]
                 self.assertEqual(len(set(titles)), len(titles), "a window was made twice")
                 self.assertLessEqual(set(PAGES.values()), set(titles))
+
+    def test_window_that_is_asked_for_before_it_is_made(self):
+        self.write_settings(settings_text())
+        for item, title in LATE_WINDOWS.items():
+            with self.subTest(title):
+                program = self.start_and_choose_early(item, title)
+                program.wait_for_window(title)
+                self.wait_until_made(program)
+                self.assertEqual({MAIN_TITLE, title}, program.visible_windows())
+                titles = [window.text for window in program.probe.windows()]
+                self.assertEqual(1, titles.count(title), "it was made twice")
+
+    def start_and_choose_early(self, item, title):
+        """Starts the program until an item is chosen before its window is made, which takes more
+        than one start where the machine is busy with others."""
+        for _ in range(STARTS):
+            program = self.start()
+            if program.probe.choose_early(item, MAIN_TITLE, title):
+                return program
+            program.close()
+        raise AssertionError(f"{title!r} was always there first")
 
     def test_program_that_is_closed_at_once_keeps_its_settings(self):
         text = calculator_settings(precision=12, variables=[("rate", "1.5"), ("x", "2*rate")])

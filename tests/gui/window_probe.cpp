@@ -8,6 +8,10 @@
 //   menu HANDLE       the items of a window's menu, each with those of its drop-down menu
 //   texts HANDLE      the texts of a window's controls, each with the room that it needs and that
 //                     it has, as width and height
+//   early ID MAIN TITLE
+//                     chooses an item of the menu as soon as there is a window titled MAIN, and
+//                     tells whether that was before the window titled TITLE was made; two strings
+//                     of JSON
 //   processes IMAGE   the ids of these processes
 //   end ID            ends a process; whether that worked
 //   browser PATH      makes a program the only one that opens web addresses; without PATH there is
@@ -45,6 +49,7 @@ namespace tallymere {
 namespace {
 
 constexpr UINT AnswerMilliseconds = 5000;
+constexpr DWORD StartMilliseconds = 60'000;
 
 // A window whose thread does not answer gives `none`.
 LRESULT Ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0, LRESULT none = 0) {
@@ -359,6 +364,21 @@ HWND WindowOf(const std::string& argument) {
     return reinterpret_cast<HWND>(std::strtoll(argument.c_str(), nullptr, 10));
 }
 
+HWND FindByTitle(const std::wstring& title) {
+    return FindWindowW(L"cwl_DialogWindow", title.c_str());
+}
+
+// A window that is not there behind the choice was not there before it.
+std::string ChooseEarly(WPARAM item, const std::wstring& mainTitle, const std::wstring& title) {
+    const ULONGLONG end = GetTickCount64() + StartMilliseconds;
+    HWND main = nullptr;
+    while ((main = FindByTitle(mainTitle)) == nullptr && GetTickCount64() < end) {
+        Sleep(1);
+    }
+    const bool isChosen = PostMessageW(main, WM_COMMAND, item, 0) != 0;
+    return isChosen && FindByTitle(title) == nullptr ? "true" : "false";
+}
+
 std::string CountAnswers(HWND window) {
     constexpr int Messages = 100;
     int answered = 0;
@@ -478,6 +498,13 @@ std::string Answer(const std::string& line) {
     }
     if (command == "window") {
         return Describe(WindowOf(argument));
+    }
+    if (command == "early") {
+        const size_t main = argument.find(' ') + 1;
+        const size_t title = argument.find("\" \"", main) + 2;
+        return ChooseEarly(std::strtoul(argument.c_str(), nullptr, 10),
+                           TextOfJson(argument.substr(main, title - 1 - main)),
+                           TextOfJson(argument.substr(title)));
     }
     if (command == "clipboard") {
         return PutOnClipboard(TextOfJson(argument)) ? "true" : "false";

@@ -27,6 +27,7 @@ constexpr WPARAM OptionsItem = 101;
 constexpr WPARAM ExitItem = 102;
 constexpr WPARAM NumbersItem = 205;
 constexpr WPARAM FactorsItem = 206;
+constexpr WPARAM AboutItem = 302;
 
 std::vector<std::string> steps;
 bool menuWasShown;
@@ -212,6 +213,13 @@ TEST_F(WindowMaking, AWindowThatIsAskedForEarlierIsMadeAtOnce) {
     ChooseMenuItem(FactorsItem);
     EXPECT_EQ(pageWindows[PagePrimeFactors], factors);
     EXPECT_EQ(steps.size(), 5u);
+}
+
+TEST_F(WindowMaking, AboutIsMadeAtOnceAsWell) {
+    ChooseMenuItem(AboutItem);
+    EXPECT_EQ(steps, (Steps{"about", "about is shown", "numbers", "factors", "factors are made",
+                            "options", "about is shown"}))
+        << "shown the second time when it is hidden";
 }
 
 TEST_F(WindowMaking, TheMenuOffersWhatIsNotMadeYet) {
