@@ -81,6 +81,35 @@ private:
     static inline DWORD filterIndex_;
 };
 
+// Cancels every dialog of the system that the page shows, as soon as that is there.
+class DialogCancel {
+public:
+    DialogCancel() {
+        dialogs = 0;
+        pageWasEnabled = false;
+        hook_ = SetWindowsHookExW(WH_CBT, Cancel, nullptr, GetCurrentThreadId());
+    }
+    ~DialogCancel() { UnhookWindowsHookEx(hook_); }
+    DialogCancel(const DialogCancel&) = delete;
+    DialogCancel& operator=(const DialogCancel&) = delete;
+
+    static inline int dialogs;
+    static inline bool pageWasEnabled;  ///< while one was there
+
+private:
+    static LRESULT CALLBACK Cancel(int code, WPARAM wParam, LPARAM lParam) {
+        const auto window = reinterpret_cast<HWND>(wParam);
+        if (code == HCBT_ACTIVATE && HasClass(window, u"#32770")) {
+            dialogs++;
+            pageWasEnabled = IsWindowEnabled(systemPage.window) != FALSE;
+            PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
+        }
+        return CallNextHookEx(nullptr, code, wParam, lParam);
+    }
+
+    HHOOK hook_;
+};
+
 class SystemFilesTest : public SystemPageTest {
 protected:
     static void Load(const fs::path& name) {
@@ -272,6 +301,23 @@ TEST_F(SystemFilesTest, SaveAsAsksBeforeItReplaces) {
     Click(SystemSaveAs);
     EXPECT_EQ(dialog.askedName, folder / "first.csv") << "a name that was not taken is not kept";
     EXPECT_TRUE(fs::exists(folder / "second.txt"));
+}
+
+// With the dialogs of the system themselves.
+TEST_F(SystemFilesTest, BehindADialogTheKeysGoOnAtItsButton) {
+    ShowWindow(systemPage.window, SW_SHOW);
+    for (const SystemControl button : {SystemLoad, SystemSaveAs}) {
+        SetFocus(Control(button));
+        const DialogCancel cancel;
+        PressKey(GetFocus(), VK_RETURN);
+        EXPECT_EQ(cancel.dialogs, 1);
+        EXPECT_FALSE(cancel.pageWasEnabled);
+        EXPECT_TRUE(IsWindowEnabled(systemPage.window));
+        EXPECT_EQ(GetActiveWindow(), systemPage.window);
+        EXPECT_EQ(GetFocus(), Control(button));
+        PressKey(GetFocus(), VK_TAB);
+        EXPECT_EQ(GetFocus(), Control(static_cast<SystemControl>(button + 1)));
+    }
 }
 
 TEST_F(SystemFilesTest, TheKindsOfFilesAreNamedInTheLanguageOfTheProgram) {
