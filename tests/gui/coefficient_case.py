@@ -2,6 +2,7 @@
 
 from dataclasses import dataclass
 
+from form_check import check_form, check_texts
 from gui_case import MAIN_TITLE, GuiCase, desktop, settings_text, to_pixels
 from program import MESSAGE_BOX_CLASS, Window
 
@@ -126,14 +127,6 @@ class CoefficientCase(GuiCase):
     def wait_for_output(self, output):
         return self.wait_for_page(lambda page: page.output == output, f"the output {output!r}")
 
-    def check_sizes(self, check):
-        """Resizes the page of a new program; `check` looks at the page in a size."""
-        self.start_with()
-        page = self.open_page()
-        for size in ([900, 700], [500, 400]):
-            self.display.resize(page.window, *size)
-            check(size)
-
     def check_precision_by_type(self):
         """The page of a new program asks for digits with each number type but fractions."""
         self.start_with()
@@ -146,3 +139,45 @@ class CoefficientCase(GuiCase):
 
     def assert_no_message(self):
         self.assertIsNone(self.program.find(MESSAGE_BOX_CLASS))
+
+
+class CoefficientFormCase(CoefficientCase):
+    """The form of a page on the screen. A page says in `laid_out` which places the controls of a
+    form have in a client area."""
+
+    def texts_of(self, page, rows):
+        """What the rows show that have no text of their own in the table."""
+        return {}
+
+    def show_longest_texts(self):
+        """The page with its longest texts; None where it has no others than at first."""
+        return None
+
+    def check_page(self, size):
+        rows = desktop().forms[f"{self.form}_rows"]
+        form = self.laid_out(self.forms[self.form], rows, size)
+        page = self.wait_for_page(
+            lambda page: page.window.client[2:] == to_pixels(size, self.dpi), f"{size}")
+        check_form(self, page.window, form, size, self.dpi, self.texts_of(page, rows))
+
+    def check_forms(self):
+        """In both languages at each resolution."""
+        for dpi in (96, 120, 144, 192):
+            for language in ("en", "de"):
+                with self.subTest(language=language, dpi=dpi):
+                    self.start_with(language, dpi)
+                    page = self.open_page()
+                    self.check_page(self.forms[f"{self.form}_size"])
+                    check_texts(self, self.program, page.window, dpi)
+                    longest = self.show_longest_texts()
+                    if longest:
+                        check_texts(self, self.program, longest.window, dpi)
+                    self.close_page()
+
+    def check_sizes(self):
+        """A page that is resized is laid out anew."""
+        self.start_with()
+        page = self.open_page()
+        for size in ([900, 700], [500, 400]):
+            self.display.resize(page.window, *size)
+            self.check_page(size)

@@ -3,9 +3,8 @@
 
 import unittest
 
+from coefficient_case import CoefficientFormCase
 from equation_case import EquationCase
-from form_check import check_form, check_texts
-from gui_case import desktop, to_pixels
 
 LIST_CLASS = "ComboLBox"  # of the rows of a drop list
 
@@ -24,34 +23,23 @@ def laid_out(form, rows, size):
     return [{**row, "place": places[index]} for index, row in enumerate(form)]
 
 
-class EquationFormTest(EquationCase):
-    def check_page(self, size):
-        rows = desktop().forms["equation_rows"]
-        form = laid_out(self.forms["equation"], rows, size)
-        page = self.wait_for_page(
-            lambda page: page.window.client[2:] == to_pixels(size, self.dpi), f"{size}")
-        # The text says which equation is meant; the lists show what is chosen.
-        texts = {rows["text"]: page["text"].text, rows["mode"]: self.texts["TextAlgReal"],
-                 rows["result type"]: self.texts["TextAlgApproximation"]}
-        check_form(self, page.window, form, size, self.dpi, texts)
+class EquationFormTest(CoefficientFormCase, EquationCase):
+    laid_out = staticmethod(laid_out)
+
+    def texts_of(self, page, rows):
+        """The text says which equation is meant; the lists show what is chosen."""
+        return {rows["text"]: page["text"].text, rows["mode"]: self.texts["TextAlgReal"],
+                rows["result type"]: self.texts["TextAlgApproximation"]}
+
+    def show_longest_texts(self):
+        self.set_number("degree", 10)
+        return self.wait_for_page(lambda page: "a10" in page["text"].text, "a10")
 
     def test_forms_in_both_languages_at_each_resolution(self):
-        for dpi in (96, 120, 144, 192):
-            for language in ("en", "de"):
-                with self.subTest(language=language, dpi=dpi):
-                    self.start_with(language, dpi)
-                    page = self.open_page()
-                    self.check_page(self.forms["equation_size"])
-                    check_texts(self, self.program, page.window, dpi)
-                    # The longest text that says which equation is meant.
-                    self.set_number("degree", 10)
-                    page = self.wait_for_page(lambda page: "a10" in page["text"].text, "a10")
-                    check_texts(self, self.program, page.window, dpi)
-                    self.set_number("degree", 2)
-                    self.close_page()
+        self.check_forms()
 
     def test_a_page_that_is_resized_is_laid_out_anew(self):
-        self.check_sizes(self.check_page)
+        self.check_sizes()
 
     def test_drop_lists_open_with_all_their_items(self):
         for dpi in (96, 192):

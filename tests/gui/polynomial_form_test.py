@@ -3,8 +3,7 @@
 
 import unittest
 
-from form_check import check_form, check_texts
-from gui_case import desktop, to_pixels
+from coefficient_case import CoefficientFormCase
 from polynomial_case import MOST_DEGREE, PolynomialCase
 
 UPPER_ROW = ("plus", "minus", "power", "result to 0", "clear 0", "clear all")
@@ -26,37 +25,26 @@ def laid_out(form, rows, size):
     return [{**row, "place": places[index]} for index, row in enumerate(form)]
 
 
-class PolynomialFormTest(PolynomialCase):
-    def captions(self, rows):
-        """What the buttons say that name a polynomial."""
-        return {rows[f"{name} {polynomial}"]: self.texts[text].replace("%s", f"P{polynomial}")
-                for name, text in (("result to", "TextPolyResult"), ("clear", "TextPolyClear"))
-                for polynomial in (0, 1)}
+class PolynomialFormTest(CoefficientFormCase, PolynomialCase):
+    laid_out = staticmethod(laid_out)
 
-    def check_page(self, size):
-        rows = desktop().forms["polynomial_rows"]
-        form = laid_out(self.forms["polynomial"], rows, size)
-        page = self.wait_for_page(
-            lambda page: page.window.client[2:] == to_pixels(size, self.dpi), f"{size}")
-        texts = {rows["hint"]: page["hint"].text, **self.captions(rows)}
-        check_form(self, page.window, form, size, self.dpi, texts)
+    def texts_of(self, page, rows):
+        """The hint says which coefficients are meant, and some buttons name a polynomial."""
+        captions = {
+            rows[f"{name} {polynomial}"]: self.texts[text].replace("%s", f"P{polynomial}")
+            for name, text in (("result to", "TextPolyResult"), ("clear", "TextPolyClear"))
+            for polynomial in (0, 1)}
+        return {rows["hint"]: page["hint"].text, **captions}
+
+    def show_longest_texts(self):
+        self.set_number("degree", MOST_DEGREE)
+        return self.wait_for_page(lambda page: "a20" in page["hint"].text, "a20")
 
     def test_forms_in_both_languages_at_each_resolution(self):
-        for dpi in (96, 120, 144, 192):
-            for language in ("en", "de"):
-                with self.subTest(language=language, dpi=dpi):
-                    self.start_with(language, dpi)
-                    page = self.open_page()
-                    self.check_page(self.forms["polynomial_size"])
-                    check_texts(self, self.program, page.window, dpi)
-                    # The longest text that says which coefficients are meant.
-                    self.set_number("degree", MOST_DEGREE)
-                    page = self.wait_for_page(lambda page: "a20" in page["hint"].text, "a20")
-                    check_texts(self, self.program, page.window, dpi)
-                    self.close_page()
+        self.check_forms()
 
     def test_a_page_that_is_resized_is_laid_out_anew(self):
-        self.check_sizes(self.check_page)
+        self.check_sizes()
 
     def test_the_number_type_decides_about_the_precision(self):
         self.check_precision_by_type()

@@ -3,8 +3,7 @@
 
 import unittest
 
-from form_check import check_form, check_texts
-from gui_case import desktop, to_pixels
+from coefficient_case import CoefficientFormCase
 from system_case import SystemCase
 
 
@@ -22,26 +21,14 @@ def laid_out(form, rows, size):
     return [{**row, "place": places[index]} for index, row in enumerate(form)]
 
 
-class SystemFormTest(SystemCase):
-    def check_page(self, size):
-        rows = desktop().forms["system_rows"]
-        form = laid_out(self.forms["system"], rows, size)
-        page = self.wait_for_page(
-            lambda page: page.window.client[2:] == to_pixels(size, self.dpi), f"{size}")
-        check_form(self, page.window, form, size, self.dpi)
+class SystemFormTest(CoefficientFormCase, SystemCase):
+    laid_out = staticmethod(laid_out)
 
     def test_forms_in_both_languages_at_each_resolution(self):
-        for dpi in (96, 120, 144, 192):
-            for language in ("en", "de"):
-                with self.subTest(language=language, dpi=dpi):
-                    self.start_with(language, dpi)
-                    page = self.open_page()
-                    self.check_page(self.forms["system_size"])
-                    check_texts(self, self.program, page.window, dpi)
-                    self.close_page()
+        self.check_forms()
 
     def test_a_page_that_is_resized_is_laid_out_anew(self):
-        self.check_sizes(self.check_page)
+        self.check_sizes()
 
     def test_the_number_type_decides_about_the_precision(self):
         self.check_precision_by_type()
