@@ -6,10 +6,21 @@ namespace tallymere {
 
 Settings settings;
 
+namespace {
+
+// Options never leaves them so, but a file can have it: no number could be read back then.
+bool AreSameSeparator(const Settings& record) {
+    return (record.decimalSeparator == DecimalPoint &&
+            record.thousandsSeparator == ThousandsPoint) ||
+           (record.decimalSeparator == DecimalComma && record.thousandsSeparator == ThousandsComma);
+}
+
+}  // namespace
+
 void RepairSeparators(Settings& record) {
     const bool decimalAutomatic = record.decimalSeparator == DecimalAutomatic;
     const bool thousandsAutomatic = record.thousandsSeparator == ThousandsAutomatic;
-    if (decimalAutomatic != thousandsAutomatic) {
+    if (decimalAutomatic != thousandsAutomatic || AreSameSeparator(record)) {
         record.decimalSeparator = DecimalAutomatic;
         record.thousandsSeparator = ThousandsAutomatic;
         record.settingsDirty = true;

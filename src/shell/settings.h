@@ -71,8 +71,8 @@ bool ChangeSetting(Settings& record, Value Settings::*setting, std::type_identit
     return true;
 }
 
-/// Either both separators are automatic or none is. If only one is, makes both automatic and sets
-/// settingsDirty.
+/// Either both separators are automatic or none is, and then they differ. If only one is automatic,
+/// or both are the same character, makes both automatic and sets settingsDirty.
 void RepairSeparators(Settings& record);
 
 /// A precision below 1 becomes DefaultDigits, and settingsDirty is set.

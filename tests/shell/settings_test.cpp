@@ -47,7 +47,7 @@ TEST(SettingsRepair, ASingleAutomaticSeparatorMakesBothAutomatic) {
     }
 }
 
-TEST(SettingsRepair, TwoAutomaticSeparatorsOrNoneStay) {
+TEST(SettingsRepair, TwoAutomaticSeparatorsOrNoneStayUnlessTheyAreTheSame) {
     Settings record;
     RepairSeparators(record);
     EXPECT_EQ(record.decimalSeparator, DecimalAutomatic);
@@ -57,10 +57,12 @@ TEST(SettingsRepair, TwoAutomaticSeparatorsOrNoneStay) {
         for (int32_t thousands = 0; thousands < 4; thousands++) {
             record.decimalSeparator = decimal;
             record.thousandsSeparator = thousands;
+            record.settingsDirty = false;
             RepairSeparators(record);
-            EXPECT_EQ(record.decimalSeparator, decimal);
-            EXPECT_EQ(record.thousandsSeparator, thousands) << "equal ones too";
-            EXPECT_FALSE(record.settingsDirty);
+            const bool same = decimal == thousands;
+            EXPECT_EQ(record.decimalSeparator, same ? -1 : decimal);
+            EXPECT_EQ(record.thousandsSeparator, same ? -1 : thousands);
+            EXPECT_EQ(record.settingsDirty, same);
         }
     }
 }
