@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "calculator/calculator_state.h"
+#include "shell/settings_walk.h"
 #include "shell/ui_error.h"
 
 namespace tallymere {
@@ -20,6 +21,10 @@ bool CommitName(VariablesDialog& dialog, int64_t index, const char16_t* name) {
         return false;
     }
     dialog.nameChanged = false;
+    if (!SettingsKeepName(name)) {
+        SetUiError(UiErrorVariableName, name);
+        return true;
+    }
     SetVariableName(index, name);
     const char16_t* taken = variableTable.variables[index].name;
     if (!IsValidVariableName(taken)) {

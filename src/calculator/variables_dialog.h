@@ -30,8 +30,9 @@ struct VariableBoxes {
 };
 
 /// If the name box has changed and there is a variable at `index`, gives it the text of the box.
-/// Returns true when the variable's row in the list must be written again. An invalid name raises
-/// UiErrorVariableName, but is accepted, so that the user can correct it.
+/// Returns true when the variable's name must be written again, in the list and in its box. An
+/// invalid name raises UiErrorVariableName, but is accepted, so that the user can correct it. One
+/// that the settings file would not give back is refused: the variable keeps its name.
 bool CommitName(VariablesDialog& dialog, int64_t index, const char16_t* name);
 
 /// The same for the value box. Its text has the separators in force.

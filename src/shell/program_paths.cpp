@@ -32,6 +32,15 @@ void FormatSettingsFile(char16_t (&path)[PathCapacity + 1], const char16_t* fold
     FormatBounded(path, PathCapacity, u"%s\\%s", {folder, SettingsFileName});
 }
 
+void FormatUnreadFile(char16_t (&path)[UnreadPathCapacity + 1], const char16_t* settingsFile,
+                      int32_t number) {
+    if (number == 1) {
+        FormatBounded(path, UnreadPathCapacity, u"%s.bad", {settingsFile});
+    } else {
+        FormatBounded(path, UnreadPathCapacity, u"%s.bad%d", {settingsFile, number});
+    }
+}
+
 void FormatHelpFolder(char16_t (&folder)[PathCapacity + 1], const char16_t* programFile) {
     const std::u16string_view file = programFile;
     const size_t lastBackslash = file.rfind(u'\\');

@@ -8,7 +8,7 @@
 
 namespace tallymere {
 
-// Each function writes a text that ends at a 0. One of more than PathCapacity characters ends in an
+// Each function writes a text that ends at a 0. One that does not fit its buffer ends in an
 // ellipsis and raises UiErrorTextOverflow.
 
 /// The folder of the settings below the user's folder for the data of programs.
@@ -16,6 +16,13 @@ void FormatSettingsFolder(char16_t (&folder)[PathCapacity + 1], const char16_t* 
 
 /// The settings file in its folder; with the empty folder it lies in the root of the drive.
 void FormatSettingsFile(char16_t (&path)[PathCapacity + 1], const char16_t* folder);
+
+/// Where a settings file is kept that could not be read: beside its place, with ".bad" behind its
+/// name, and a number if there are several. `number` is 1 to MaxUnreadFiles.
+inline constexpr int32_t MaxUnreadFiles = 9;
+inline constexpr int64_t UnreadPathCapacity = PathCapacity + 5;
+void FormatUnreadFile(char16_t (&path)[UnreadPathCapacity + 1], const char16_t* settingsFile,
+                      int32_t number);
 
 /// The folder of all help beside the program, whose full path is given.
 void FormatHelpFolder(char16_t (&folder)[PathCapacity + 1], const char16_t* programFile);

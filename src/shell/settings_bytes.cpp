@@ -17,8 +17,12 @@ void PutCharacter(uint8_t* bytes, char16_t c) {
 
 }  // namespace
 
+bool HasByteOrderMark(const uint8_t* bytes, int64_t byteCount) {
+    return byteCount >= 2 && CharacterAt(bytes) == ByteOrderMark;
+}
+
 void DecodeSettings(char16_t* text, const uint8_t* bytes, int64_t byteCount) {
-    if (byteCount >= 2 && CharacterAt(bytes) == ByteOrderMark) {
+    if (HasByteOrderMark(bytes, byteCount)) {
         for (int64_t i = 2; i + 1 < byteCount; i += 2) {
             *text++ = CharacterAt(bytes + i);
         }

@@ -5,6 +5,12 @@
 
 namespace tallymere {
 
+/// The largest file that is read. The largest one that the program writes has some 18 MB.
+inline constexpr int64_t MaxSettingsBytes = int64_t{32} << 20;
+
+/// True for bytes that begin with a byte order mark, as the file does.
+bool HasByteOrderMark(const uint8_t* bytes, int64_t byteCount);
+
 /// The characters that the text of a file of `byteCount` bytes may have, its terminating 0
 /// included.
 constexpr int64_t SettingsTextRoom(int64_t byteCount) {

@@ -1,8 +1,12 @@
 #include "shell/settings_walk.h"
 
+#include <algorithm>
+#include <memory>
+#include <new>
 #include <string_view>
 
 #include "core/digit_text.h"
+#include "shell/settings_bytes.h"
 #include "shell/settings_values.h"
 
 namespace tallymere {
@@ -177,6 +181,12 @@ void WalkVariables(SettingsWriter& writer) {
     }
 }
 
+// Null without memory.
+template <typename Item>
+std::unique_ptr<Item[]> NewBlock(int64_t count) {
+    return std::unique_ptr<Item[]>(new (std::nothrow) Item[static_cast<size_t>(count)]);
+}
+
 template <typename Walk>
 void WalkSettings(Walk walk) {
     WalkSection(walk, u"options");
@@ -206,6 +216,31 @@ void ReadSettings(Settings& record, char16_t* text) {
 
 void WriteSettings(TextSink& sink, const Settings& record) {
     WalkSettings(SettingsWriter{record, sink});
+}
+
+bool SettingsKeepName(std::u16string_view name) {
+    return name.find_first_of(u";\r\n") == name.npos && !name.starts_with(u' ') &&
+           !name.ends_with(u' ');
+}
+
+bool IsWholeSettingsFile(const uint8_t* bytes, int64_t byteCount) {
+    const int64_t room = SettingsTextRoom(byteCount);
+    const auto read = NewBlock<char16_t>(room);
+    const auto written = NewBlock<char16_t>(room);
+    const auto again = NewBlock<uint8_t>(byteCount);
+    if (read == nullptr || written == nullptr || again == nullptr) {
+        return false;
+    }
+    DecodeSettings(read.get(), bytes, byteCount);
+    Settings record;
+    ReadSettings(record, read.get());
+    TextSink sink = {0, room, written.get()};
+    WriteSettings(sink, record);
+    if (SettingsByteCount(sink.count) != byteCount) {
+        return false;
+    }
+    EncodeSettings(again.get(), written.get(), sink.count);
+    return std::equal(bytes, bytes + byteCount, again.get());
 }
 
 }  // namespace tallymere

@@ -17,6 +17,9 @@
 // section line only moves the reader on. A missing or wrong line is never an error.
 #pragma once
 
+#include <cstdint>
+#include <string_view>
+
 #include "shell/settings.h"
 #include "shell/text_sink.h"
 
@@ -36,5 +39,14 @@ void ReadSettings(Settings& record, char16_t* text);
 /// for the end of the line. Formulas read it as a blank anyway. A sink of capacity 0 counts the
 /// characters.
 void WriteSettings(TextSink& sink, const Settings& record);
+
+/// True for a name of a variable that the file gives back as it is: it has no ";", which ends a
+/// name there, no line end, and no blank at its ends.
+bool SettingsKeepName(std::u16string_view name);
+
+/// True if reading these bytes of a file and writing them again gives the same bytes. WriteSettings
+/// makes only such files, save for names that SettingsKeepName refuses; a part of one, or one with
+/// a gap, is none. False also if there is no memory to find out.
+bool IsWholeSettingsFile(const uint8_t* bytes, int64_t byteCount);
 
 }  // namespace tallymere

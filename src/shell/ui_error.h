@@ -24,7 +24,8 @@ enum UiErrorCode : int32_t {
     UiErrorFileAccess = 1006,    ///< the path
     UiErrorFormula = 1007,       ///< the formula error's text
     UiErrorSeparators = 1100,
-    UiErrorVariableName = 1300,  ///< the name
+    UiErrorSettingsNotSaved = 1200,  ///< the path
+    UiErrorVariableName = 1300,      ///< the name
 
     UiErrorHighestCoefficientZero = 2000,  ///< the coefficient's label
     UiErrorNotConverged = 2001,

@@ -29,6 +29,8 @@ const char16_t* MessageFormat(UiErrorCode code) {
             return uiText.TextErrErrorMathematicalFormula;
         case UiErrorSeparators:
             return uiText.TextErrDecimalThousandsSeparatorSame;
+        case UiErrorSettingsNotSaved:
+            return uiText.TextErrSettingsCouldSaved;
         case UiErrorVariableName:
             return uiText.TextErrVariableNameInvalidOnly;
         case UiErrorHighestCoefficientZero:

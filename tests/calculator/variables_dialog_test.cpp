@@ -232,6 +232,24 @@ TEST_F(VariablesDialogTest, ABadNameGivesAMessageAndStays) {
     }
 }
 
+// The settings file would give another variable back.
+TEST_F(VariablesDialogTest, ANameThatTheFileCannotCarryIsRefused) {
+    Add(0);
+    TypeName(u"x");
+    Commit();
+    variableTable.variablesChanged = false;
+    for (const char16_t* bad : {u"a;b", u";", u"a;", u" a", u"a ", u" "}) {
+        TypeName(bad);
+        EXPECT_TRUE(Commit());
+        EXPECT_EQ(PendingUiError(), UiErrorVariableName);
+        EXPECT_EQ(std::u16string(uiError.arg1), bad);
+        EXPECT_EQ(std::u16string(variableTable.variables[0].name), u"x");
+        EXPECT_FALSE(variableTable.variablesChanged);
+        ClearErrors();
+        EXPECT_FALSE(Commit()) << "once is enough";
+    }
+}
+
 TEST_F(VariablesDialogTest, AGoodOrEmptyNameGivesNone) {
     Add(0);
     for (const char16_t* good : {u"x", u"_", u"\u03B1\u03A97", u"abcdefghij", u""}) {

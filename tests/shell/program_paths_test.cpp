@@ -42,6 +42,18 @@ TEST_F(ProgramPathsTest, ASettingsFolderThatIsTooLongEndsInAnEllipsis) {
     EXPECT_EQ(PendingUiError(), UiErrorTextOverflow);
 }
 
+TEST_F(ProgramPathsTest, AFileThatCouldNotBeReadIsKeptUnderANumber) {
+    char16_t path[UnreadPathCapacity + 1];
+    FormatUnreadFile(path, u"C:\\a\\b.ini", 1);
+    EXPECT_EQ(std::u16string(path), u"C:\\a\\b.ini.bad");
+    FormatUnreadFile(path, u"C:\\a\\b.ini", 2);
+    EXPECT_EQ(std::u16string(path), u"C:\\a\\b.ini.bad2");
+    const std::u16string longest(PathCapacity, u'x');
+    FormatUnreadFile(path, longest.c_str(), MaxUnreadFiles);
+    EXPECT_EQ(std::u16string(path), longest + u".bad9");
+    EXPECT_EQ(PendingUiError(), UiErrorNone);
+}
+
 TEST_F(ProgramPathsTest, HelpStandsBesideTheProgram) {
     Path folder;
     FormatHelpFolder(folder, u"C:\\Program Files\\Tallymere\\tallymere.exe");

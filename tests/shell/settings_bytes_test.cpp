@@ -46,6 +46,31 @@ TEST(SettingsBytes, AFileWithoutByteOrderMarkCountsAsAbsent) {
     EXPECT_EQ(Decoded({0x00, 0xFE, 0x5B, 0x00}), u"");
 }
 
+TEST(SettingsBytes, TheMarkIsTwoBytes) {
+    const uint8_t bytes[] = {0xFF, 0xFE, 0x5B, 0x00};
+    EXPECT_TRUE(HasByteOrderMark(bytes, 4));
+    EXPECT_TRUE(HasByteOrderMark(bytes, 2));
+    EXPECT_FALSE(HasByteOrderMark(bytes, 1));
+    EXPECT_FALSE(HasByteOrderMark(bytes, 0));
+    EXPECT_FALSE(HasByteOrderMark(bytes + 1, 2));
+}
+
+TEST(SettingsBytes, TheLargestFileOfTheProgramIsRead) {
+    const std::u16string name(static_cast<size_t>(VariableNameCharacters), u'n');
+    const std::u16string value(static_cast<size_t>(ProductVariableCharacters), u'7');
+    Settings record;
+    record.language = LanguageAutomatic;
+    record.thousandsSeparator = ThousandsNarrowSpace;
+    record.decimalPrecision = record.outputNumberBase = INT64_MIN;
+    record.variableCount = ProductVariables;
+    for (SettingsVariable& variable : record.variables) {
+        variable = {name.c_str(), value.c_str()};
+    }
+    TextSink sink = {0, 0, nullptr};
+    WriteSettings(sink, record);
+    EXPECT_LT(SettingsByteCount(sink.count), MaxSettingsBytes * 2 / 3);
+}
+
 TEST(SettingsBytes, AFileWithoutByteOrderMarkIsAFirstStartWithTheHint) {
     Bytes bytes = Encoded(Joined(FullFileLines));
     EXPECT_FALSE(ReadText(Decoded(bytes)).record.showWelcomeHint);

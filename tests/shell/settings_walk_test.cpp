@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "shell/settings_bytes.h"
 #include "shell/settings_testing.h"
+#include "support/random_source.h"
 
 namespace tallymere::testing_support {
 namespace {
@@ -527,6 +529,86 @@ TEST(SettingsVariables, PointIntoTheTextThatWasRead) {
     ReadSettings(record, text.data());
     EXPECT_EQ(record.variables[0].name, text.data() + 13);
     EXPECT_EQ(record.variables[0].value, text.data() + 16);
+}
+
+TEST(SettingsVariables, NamesThatTheFileGivesBack) {
+    for (const char16_t* name : {u"", u"x", u"a b", u"=", u"[", u"\u03B1", u"x\t", u"\t", u"var"}) {
+        EXPECT_TRUE(SettingsKeepName(name)) << testing::PrintToString(std::u16string(name));
+    }
+    for (const char16_t* name : {u";", u"a;b", u"a;", u" a", u"a ", u" ", u"a\rb", u"a\n"}) {
+        EXPECT_FALSE(SettingsKeepName(name)) << testing::PrintToString(std::u16string(name));
+    }
+}
+
+// No name is given back as another one, whatever its value.
+TEST(SettingsVariables, NamesThatAreKeptComeBack) {
+    RandomSource random;
+    int kept = 0;
+    for (int round = 0; round < 20'000; round++) {
+        std::u16string name;
+        for (uint64_t length = random.Word() % 5; length > 0; length--) {
+            name += u"; =a\r\n\tb["[random.Word() % 9];
+        }
+        if (!SettingsKeepName(name)) {
+            continue;
+        }
+        kept++;
+        Settings record;
+        record.variableCount = 1;
+        record.variables[0] = {name.c_str(), u" 1;2 "};
+        EXPECT_EQ(VariablesOf(ReadText(WrittenText(record)).record), (Texts{{name, u" 1;2 "}}));
+    }
+    EXPECT_GT(kept, 1'000);
+}
+
+std::vector<uint8_t> FileOf(std::u16string_view text) {
+    const auto count = static_cast<int64_t>(text.size());
+    std::vector<uint8_t> bytes(static_cast<size_t>(SettingsByteCount(count)));
+    EncodeSettings(bytes.data(), text.data(), count);
+    return bytes;
+}
+
+bool IsWhole(const std::vector<uint8_t>& bytes) {
+    return IsWholeSettingsFile(bytes.data(), static_cast<int64_t>(bytes.size()));
+}
+
+TEST(WholeSettingsFile, IsWhatTheProgramWrites) {
+    EXPECT_TRUE(IsWhole(FileOf(WrittenText(Settings{}))));
+    EXPECT_TRUE(IsWhole(FileOf(Joined(FullFileLines))));
+}
+
+TEST(WholeSettingsFile, IsNoneWithoutItsEnd) {
+    const std::vector<uint8_t> whole = FileOf(Joined(FullFileLines));
+    for (size_t size = 0; size < whole.size(); size++) {
+        EXPECT_FALSE(IsWhole({whole.begin(), whole.begin() + static_cast<ptrdiff_t>(size)}))
+            << size;
+    }
+    std::vector<uint8_t> longer = whole;
+    longer.push_back(0);
+    EXPECT_FALSE(IsWhole(longer));
+    longer.push_back(0);
+    EXPECT_FALSE(IsWhole(longer));
+}
+
+// A power cut may leave zeros where a block of the disk was to be written.
+TEST(WholeSettingsFile, IsNoneWithAGap) {
+    const std::vector<uint8_t> whole = FileOf(Joined(FullFileLines));
+    for (size_t from = 0; from + 2 <= whole.size(); from += 2) {
+        std::vector<uint8_t> gap = whole;
+        gap[from] = gap[from + 1] = 0;
+        EXPECT_FALSE(IsWhole(gap)) << from;
+        std::fill(gap.begin() + static_cast<ptrdiff_t>(from), gap.end(), uint8_t{0});
+        EXPECT_FALSE(IsWhole(gap)) << from;
+    }
+}
+
+TEST(WholeSettingsFile, IsNoneOfAnotherKind) {
+    std::vector<std::u16string> lines = FullFileLines;
+    lines[LanguageLine] = u"language = Klingon";
+    EXPECT_FALSE(IsWhole(FileOf(Joined(lines))));
+    EXPECT_FALSE(IsWhole(FileOf(Joined(FullFileLines, u"\n"))));
+    EXPECT_FALSE(IsWhole(FileOf(u"")));
+    EXPECT_FALSE(IsWhole(FileOf(u"a1;a2;b\r\n1;2;3\r\n")));
 }
 
 }  // namespace

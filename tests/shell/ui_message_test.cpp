@@ -30,6 +30,7 @@ const CodeRow CodeRows[] = {
     {1006, &UiText::TextErrErrorWhenAccessingFile},
     {1007, &UiText::TextErrErrorMathematicalFormula},
     {1100, &UiText::TextErrDecimalThousandsSeparatorSame},
+    {1200, &UiText::TextErrSettingsCouldSaved},
     {1300, &UiText::TextErrVariableNameInvalidOnly},
     {2000, &UiText::TextErrHighestCoefficient0},
     {2001, &UiText::TextErrIterationMethodConverged},

@@ -1,5 +1,7 @@
 #include "calculator/windows/variables_window.h"
 
+#include <string_view>
+
 #include "calculator/calculator_state.h"
 #include "calculator/variables_dialog.h"
 #include "calculator/variables_form.h"
@@ -50,6 +52,15 @@ void RewriteRow(int64_t row) {
     SelectRow();
 }
 
+// A name that was refused gives way to the one that the variable has.
+void ShowTakenName(std::u16string_view typed) {
+    const char16_t* name = variableTable.variables[dialog.selected].name;
+    if (typed != name) {
+        WriteBox(VariablesName, name);
+        BoxesWritten(dialog);
+    }
+}
+
 // Takes over what was typed into the boxes. An invalid name is to be reported.
 void CommitShownVariable() {
     ScratchStackScope scope;
@@ -59,6 +70,7 @@ void CommitShownVariable() {
         TakeWindowText(scope, controls[VariablesValue], VariableValueCharacters, nullptr);
     if (CommitBoxes(dialog, {name, value})) {
         RewriteRow(dialog.selected);
+        ShowTakenName(name);
     }
 }
 
