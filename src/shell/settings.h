@@ -1,7 +1,7 @@
 // The settings: what the program remembers from one run to the next. These are the user's options,
 // the state of the calculator and its variables.
 //
-// The settings are read at the start, and written at the end if they have changed.
+// The settings are read at the start, and written when they have changed, at the end at the latest.
 // shell/settings_walk.h reads and writes the text of the file. shell/settings_values.h says how the
 // values are written there.
 #pragma once

@@ -2,7 +2,9 @@
 #include "calculator/windows/variables_window.h"
 
 #include "calculator_windows/calculator_windows.h"
+#include "shell/settings_testing.h"
 #include "shell_windows/message_boxes.h"
+#include "shell_windows/settings_folder.h"
 
 namespace tallymere::testing_support {
 namespace {
@@ -34,6 +36,18 @@ protected:
         SetFocus(box);
         SendMessageW(box, EM_SETSEL, 0, -1);
         SendMessageW(box, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
+    }
+    // Names and values in the settings file, a blank between two variables.
+    static std::u16string SavedVariables(const SettingsFolder& settingsFolder) {
+        const Bytes bytes = settingsFolder.Content();
+        const auto count = static_cast<int64_t>(bytes.size());
+        std::u16string text(static_cast<size_t>(SettingsTextRoom(count)), u'\0');
+        DecodeSettings(text.data(), bytes.data(), count);
+        std::u16string variables;
+        for (const auto& [name, value] : VariablesOf(ReadText(text.c_str()).record)) {
+            variables += (variables.empty() ? u"" : u" ") + name + u";" + value;
+        }
+        return variables;
     }
     static std::u16string Stored(int64_t row) { return variableTable.variables[row].value; }
 
@@ -283,6 +297,66 @@ TEST_F(VariablesWindowTest, ClosingActivatesThePageAndKeepsTheTable) {
     Press(ActionShowVariables);
     EXPECT_EQ(VariableNames(), u"var00 ");
     ShowWindow(mainWindow, SW_HIDE);
+}
+
+TEST_F(VariablesWindowTest, ClosingSavesWhatWasTyped) {
+    const SettingsFolder settingsFolder;
+    Add();
+    Type(name, u"x");
+    Type(value, u"2*pi");
+    SendMessageW(variablesWindow, WM_CLOSE, 0, 0);
+    EXPECT_EQ(SavedVariables(settingsFolder), u"x;2*pi");
+
+    // With the page, too.
+    Press(ActionShowVariables);
+    Type(value, u"3*pi");
+    SendMessageW(calculatorWindows.page, WM_CLOSE, 0, 0);
+    EXPECT_EQ(SavedVariables(settingsFolder), u"x;3*pi");
+    EXPECT_FALSE(variableTable.variablesChanged);
+    EXPECT_FALSE(settings.settingsDirty);
+}
+
+TEST_F(VariablesWindowTest, ClosingWithoutAChangeSavesNothing) {
+    const SettingsFolder settingsFolder;
+    variableTable.variablesChanged = false;
+    SendMessageW(variablesWindow, WM_CLOSE, 0, 0);
+    EXPECT_FALSE(fs::exists(settingsFolder.file));
+}
+
+TEST_F(VariablesWindowTest, TheEndOfTheSessionSavesWhatIsBeingTyped) {
+    const SettingsFolder settingsFolder;
+    Add();
+    const MessageBoxAnswer answer;
+    Type(value, u"2*pi");
+    Type(name, u"ans");
+    for (const HWND window : {mainWindow, variablesWindow}) {
+        EXPECT_TRUE(SendMessageW(window, WM_QUERYENDSESSION, 0, 0));
+    }
+    for (const HWND window : {mainWindow, variablesWindow}) {
+        SendMessageW(window, WM_ENDSESSION, TRUE, 0);
+    }
+    EXPECT_EQ(SavedVariables(settingsFolder), u"ans;2*pi");
+    EXPECT_EQ(answer.boxes, 0) << "of the bad name";
+    EXPECT_EQ(PendingUiError(), UiErrorNone);
+}
+
+TEST_F(VariablesWindowTest, ANameThatIsRefusedGivesWayToTheOldOne) {
+    Add();
+    Type(name, u"x");
+    SetFocus(list);
+    const MessageBoxAnswer answer;
+    Type(value, u"7");
+    Type(name, u"a;b");
+    SetFocus(list);
+    EXPECT_EQ(answer.boxes, 1);
+    EXPECT_NE(answer.text.find("The variable name \"a;b\" is invalid."), std::string::npos);
+    EXPECT_EQ(WholeText(name), u"x");
+    EXPECT_EQ(VariableNames(), u"x ");
+    EXPECT_EQ(Stored(0), u"7");
+    Type(value, u"8");
+    SetFocus(list);
+    EXPECT_EQ(answer.boxes, 1);
+    EXPECT_EQ(Stored(0), u"8");
 }
 
 TEST_F(VariablesWindowTest, ClosesWithThePage) {

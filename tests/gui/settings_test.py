@@ -7,6 +7,7 @@ import unittest
 
 from gui_case import MAIN_TITLE, file_bytes, settings_text
 from options_case import OptionsCase
+from program import MESSAGE_BOX_CLASS
 
 EXIT = 102
 
@@ -27,8 +28,9 @@ class SettingsTest(OptionsCase):
         program.wait_until_hidden("Options")
         return window
 
-    def run_with_defaults(self):
-        """One run that finds no settings and tries to keep others. Nothing is said about them."""
+    def run_with_defaults(self, can_save=True):
+        """One run that finds no settings and tries to keep others. Nothing is said about them, but
+        once that they cannot be saved."""
         program = self.start()
         about = program.wait_for_window("About Tallymere")
         self.assertEqual({MAIN_TITLE, "About Tallymere"}, program.visible_windows())
@@ -38,6 +40,12 @@ class SettingsTest(OptionsCase):
         self.assertEqual(["Automatic selection"] * 2,
                          [control.text for control in options.walk()
                           if control.data.get("checked")])
+        if not can_save:
+            box = program.wait_for_window("Error", MESSAGE_BOX_CLASS)
+            self.assertRegex("\n".join(control.text for control in box.walk()),
+                             r'The settings could not be saved in the file "C:\\.*\.ini"!')
+            self.leave_message(program, "Error")
+            self.group_digits(program, "Scientific calculator")
         self.assertEqual({MAIN_TITLE}, program.visible_windows())
         self.close_program(program)
 
@@ -49,10 +57,16 @@ class SettingsTest(OptionsCase):
                 self.run_with_defaults()
                 self.assertEqual(file_bytes(settings_text(grouping=(0, 1, 0))),
                                  self.settings_bytes())
+                # One that is none of settings is kept.
+                kept = self.settings_path().with_name("UserSettings_3.8.ini.bad")
+                self.assertEqual(name != "noise", kept.exists())
+                if kept.exists():
+                    self.assertEqual(content, kept.read_bytes())
+                    kept.unlink()
 
     def test_folder_in_the_place_of_the_file_stays(self):
         self.settings_path().mkdir(parents=True)
-        self.run_with_defaults()
+        self.run_with_defaults(can_save=False)
         self.assertEqual([self.settings_path()], list(self.settings_path().parent.iterdir()))
         self.assertEqual([], list(self.settings_path().iterdir()))
         self.start().wait_for_window("About Tallymere")
@@ -61,7 +75,7 @@ class SettingsTest(OptionsCase):
         folder = self.settings_path().parent
         folder.write_bytes(b"mine")
         self.addCleanup(folder.unlink)
-        self.run_with_defaults()
+        self.run_with_defaults(can_save=False)
         self.assertEqual(b"mine", folder.read_bytes())
         self.start().wait_for_window("About Tallymere")
 
@@ -84,6 +98,33 @@ class SettingsTest(OptionsCase):
         self.close_program(program)
         self.assertEqual(file_bytes(text(100, "rad", "(automatic)", (1, 1, 0), "bare;", "")),
                          self.settings_bytes())
+
+    def test_options_that_are_closed_with_a_change_are_saved(self):
+        program = self.start_again()
+        self.group_digits(program, "Equations && polynomials")
+        program.wait_for(lambda: self.settings_bytes() ==
+                         file_bytes(settings_text(grouping=(0, 1, 0))), "the options to be saved")
+        self.assertEqual([self.settings_path()], list(self.settings_path().parent.iterdir()))
+        # However the program ends.
+        self.assertTrue(program.probe.end(program.probe.processes()[0]))
+        program.wait_for(lambda: not program.probe.processes(), "the end of the program")
+        program = self.start()
+        self.assertTrue(self.open_options(program).control("button", "Equations && polynomials")
+                        .checked)
+
+    def test_file_that_an_ended_program_left_beside_is_taken_when_it_is_whole(self):
+        beside = self.settings_path().with_name("~tallymere.new")
+        newer = file_bytes(settings_text(grouping=(1, 0, 1), language="German"))
+        for content, language in ((newer, "de"), (newer[:-2], "en")):
+            with self.subTest(language):
+                self.write_settings(settings_text())
+                beside.write_bytes(content)
+                program = self.start(speaks=language)
+                program.wait_for_window(MAIN_TITLE)
+                self.open_options(program)
+                self.close_program(program)
+                self.assertEqual(newer if language == "de" else file_bytes(settings_text()),
+                                 self.settings_bytes())
 
     def test_of_two_programs_the_last_to_end_keeps_its_settings(self):
         first = self.start_again()

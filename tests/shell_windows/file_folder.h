@@ -34,6 +34,19 @@ inline void ExpectAlone(const fs::path& path) {
     }
 }
 
+/// A name for what belongs to this process alone, since test programs may run at the same time. One
+/// that a death test starts has the name of the one that started it.
+inline std::wstring NameOfProcess() {
+    constexpr const wchar_t* Variable = L"TALLYMERE_TEST_FOLDER";
+    wchar_t name[MAX_PATH];
+    if (GetEnvironmentVariableW(Variable, name, MAX_PATH) == 0) {
+        const std::wstring ours = L"tallymere test " + std::to_wstring(GetCurrentProcessId());
+        SetEnvironmentVariableW(Variable, ours.c_str());
+        return ours;
+    }
+    return name;
+}
+
 /// An empty folder, which goes with all that is in it.
 class FolderOfTest {
 public:
@@ -45,21 +58,7 @@ public:
     FolderOfTest(const FolderOfTest&) = delete;
     FolderOfTest& operator=(const FolderOfTest&) = delete;
 
-    const fs::path path = FindPath();
-
-private:
-    // The process is part of the name: test programs may run at the same time. One that a death
-    // test starts has the folder of the one that started it.
-    static fs::path FindPath() {
-        constexpr const wchar_t* Variable = L"TALLYMERE_TEST_FOLDER";
-        wchar_t name[MAX_PATH];
-        if (GetEnvironmentVariableW(Variable, name, MAX_PATH) == 0) {
-            const std::wstring ours = L"tallymere test " + std::to_wstring(GetCurrentProcessId());
-            SetEnvironmentVariableW(Variable, ours.c_str());
-            return fs::temp_directory_path() / ours;
-        }
-        return fs::temp_directory_path() / name;
-    }
+    const fs::path path = fs::temp_directory_path() / NameOfProcess();
 };
 
 class FileFolderTest : public ::testing::Test {

@@ -8,9 +8,12 @@
 #include "shell/main_menu.h"
 #include "shell/program_facts.h"
 #include "shell/settings.h"
+#include "shell/settings_testing.h"
 #include "shell/ui_text.h"
 #include "shell/windows/program_windows.h"
+#include "shell_windows/message_boxes.h"
 #include "shell_windows/picture.h"
+#include "shell_windows/settings_folder.h"
 #include "toolkit/test_dialog.h"
 
 namespace tallymere {
@@ -307,6 +310,31 @@ TEST_F(MainWindow, ShowsAMaximisedPageMaximisedAgainAndAHiddenOneNot) {
     ShowWindow(pageWindows[PageCalculator], SW_HIDE);
     SendMessageW(mainWindow, WM_SIZE, SIZE_RESTORED, 0);
     EXPECT_FALSE(IsWindowVisible(pageWindows[PageCalculator]));
+}
+
+TEST_F(MainWindow, SavesTheSettingsAtTheEndOfTheSession) {
+    const testing_support::SettingsFolder settingsFolder;
+    for (const UINT message : {WM_QUERYENDSESSION, WM_ENDSESSION}) {
+        ChangeSetting(settings, &Settings::groupPrimes, !settings.groupPrimes);
+        EXPECT_EQ(SendMessageW(mainWindow, message, TRUE, 0), message == WM_QUERYENDSESSION);
+        EXPECT_FALSE(settings.settingsDirty);
+        EXPECT_EQ(settingsFolder.Content(),
+                  testing_support::FileBytes(testing_support::WrittenText(settings)));
+    }
+}
+
+TEST_F(MainWindow, DelaysTheEndOfTheSessionByNoMessageBox) {
+    const testing_support::SettingsFolder settingsFolder;
+    testing_support::fs::remove_all(settingsFolder.folder);
+    testing_support::PutBytes(settingsFolder.folder, "mine");
+    ChangeSetting(settings, &Settings::groupPrimes, true);
+    const testing_support::MessageBoxAnswer answer;
+    EXPECT_TRUE(SendMessageW(mainWindow, WM_QUERYENDSESSION, 0, 0));
+    SendMessageW(mainWindow, WM_ENDSESSION, TRUE, 0);
+    EXPECT_EQ(answer.boxes, 0);
+    EXPECT_TRUE(settings.settingsDirty);
+    testing_support::fs::remove_all(settingsFolder.folder);
+    EXPECT_TRUE(SaveSettings());
 }
 
 TEST_F(MainWindow, EndsTheMessageLoopWhenItOrItsOwnerIsClosed) {

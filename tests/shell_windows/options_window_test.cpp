@@ -6,10 +6,12 @@
 #include "core/number_context.h"
 #include "shell/options_choices.h"
 #include "shell/settings.h"
+#include "shell/settings_testing.h"
 #include "shell/ui_error.h"
 #include "shell/windows/main_window.h"
 #include "shell/windows/program_windows.h"
 #include "shell_windows/message_boxes.h"
+#include "shell_windows/settings_folder.h"
 #include "toolkit/test_dialog.h"
 
 namespace tallymere {
@@ -18,6 +20,8 @@ namespace {
 using testing_support::IsChecked;
 using testing_support::MessageBoxAnswer;
 using testing_support::TextOf;
+
+namespace fs = testing_support::fs;
 
 struct Search {
     std::string className;
@@ -50,7 +54,6 @@ class OptionsWindow : public testing_support::ToolkitTest {
 protected:
     OptionsWindow() {
         InstallLanguage(LanguageEnglish);
-        settings = Settings{};
         CreateMainWindow();
         ShowWindow(mainWindow, SW_SHOWNORMAL);
         CreateOptionsWindow();
@@ -65,14 +68,25 @@ protected:
         DestroyWindow(optionsWindow);
         DestroyWindow(mainWindow);
         DestroyWindow(hiddenOwnerWindow);
-        settings = Settings{};
         ClearErrors();
+    }
+
+    void ExpectSaved() const {
+        EXPECT_FALSE(settings.settingsDirty);
+        EXPECT_EQ(settingsFolder.Content(),
+                  testing_support::FileBytes(testing_support::WrittenText(settings)));
+    }
+    // A file in the place of the folder.
+    void LetSavingFail() const {
+        fs::remove_all(settingsFolder.folder);
+        testing_support::PutBytes(settingsFolder.folder, "mine");
     }
 
     static void Click(HWND button) { SendMessageW(button, BM_CLICK, 0, 0); }
     static void Select(HWND list, WPARAM row) { SendMessageW(list, CB_SETCURSEL, row, 0); }
     static LRESULT Selected(HWND list) { return SendMessageW(list, CB_GETCURSEL, 0, 0); }
 
+    const testing_support::SettingsFolder settingsFolder;
     HWND automatic;
     HWND decimalList;
     HWND thousandsList;
@@ -194,7 +208,7 @@ TEST_F(OptionsWindow, KeepsTheLanguageForTheNextStartWhenNoneIsWantedNow) {
                   "the application. Therefore, the application will be restarted now.");
         EXPECT_EQ(answer.owner, optionsWindow);
         EXPECT_EQ(settings.language, language);
-        EXPECT_TRUE(settings.settingsDirty);
+        ExpectSaved();
         EXPECT_EQ(effectiveLanguage, running);
         EXPECT_FALSE(IsWindowVisible(optionsWindow));
         MSG message;
@@ -227,7 +241,7 @@ TEST_F(OptionsWindow, TakesOverAndAppliesWhatWasChosenWithOk) {
     EXPECT_EQ(settings.decimalSeparator, DecimalComma);
     EXPECT_EQ(settings.thousandsSeparator, ThousandsApostrophe);
     EXPECT_TRUE(settings.groupCalculator);
-    EXPECT_TRUE(settings.settingsDirty);
+    ExpectSaved();
     EXPECT_EQ(numberContext.decimalSeparators[0], u',');
     EXPECT_EQ(numberContext.groupSeparators[2], u'\'');
 }
@@ -237,6 +251,45 @@ TEST_F(OptionsWindow, LeavesCleanSettingsCleanWhenNothingChanged) {
     Click(ok);
     EXPECT_FALSE(IsWindowVisible(optionsWindow));
     EXPECT_FALSE(settings.settingsDirty);
+    EXPECT_FALSE(fs::exists(settingsFolder.file));
+}
+
+TEST_F(OptionsWindow, SaysThatAChangeCouldNotBeSavedAndKeepsIt) {
+    LetSavingFail();
+    ShowProgramWindow(optionsWindow);
+    Click(calculator);
+    const MessageBoxAnswer answer(IDOK);
+    Click(ok);
+    EXPECT_EQ(answer.boxes, 1);
+    EXPECT_EQ(answer.text, "The settings could not be saved in the file \"" +
+                               settingsFolder.file.string() + "\"!");
+    EXPECT_FALSE(IsWindowVisible(optionsWindow));
+    EXPECT_TRUE(settings.groupCalculator);
+    EXPECT_TRUE(settings.settingsDirty);
+
+    fs::remove_all(settingsFolder.folder);
+    ShowProgramWindow(optionsWindow);
+    Click(cancel);
+    EXPECT_EQ(answer.boxes, 1);
+    ExpectSaved();
+}
+
+TEST_F(OptionsWindow, DoesNotStartTheProgramAnewWithoutItsSettings) {
+    LetSavingFail();
+    // Should it be started all the same, then it is this one, and not without end.
+    ASSERT_EQ(GetEnvironmentVariableW(L"TALLYMERE_STARTED_ANEW", nullptr, 0), 0u);
+    SetEnvironmentVariableW(L"TALLYMERE_STARTED_ANEW", L"1");
+    ShowProgramWindow(optionsWindow);
+    Click(Find("Button", "German"));
+    const MessageBoxAnswer answer(IDOK);
+    Click(ok);
+    EXPECT_EQ(answer.boxes, 2) << "the question and the failure";
+    MSG message;
+    EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_TRUE(settings.settingsDirty);
+    SetEnvironmentVariableW(L"TALLYMERE_STARTED_ANEW", nullptr);
+    fs::remove_all(settingsFolder.folder);
+    EXPECT_TRUE(SaveSettingsOrReport());
 }
 
 }  // namespace

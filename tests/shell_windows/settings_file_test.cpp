@@ -2,13 +2,22 @@
 #include "shell/windows/settings_file.h"
 
 #include <algorithm>
+#include <atomic>
 #include <filesystem>
+#include <functional>
+#include <future>
+#include <iterator>
+#include <optional>
 #include <string>
+#include <thread>
+#include <utility>
 
 #include "calculator/variable_table.h"
 #include "shell/settings_testing.h"
 #include "shell/ui_error.h"
+#include "shell_windows/file_calls.h"
 #include "shell_windows/file_folder.h"
+#include "shell_windows/message_boxes.h"
 #include "shell_windows/settings_folder.h"
 #include "support/random_source.h"
 #include "toolkit/win32.h"
@@ -24,6 +33,7 @@ protected:
         ExpectLoaded(expected);
     }
     static void ExpectLoaded(const Settings& expected) {
+        settings = Settings{};
         settings.groupPrimes = true;
         settings.settingsDirty = true;
         LoadSettings();
@@ -35,9 +45,37 @@ protected:
     static void ChangeSomething() { ChangeSetting(settings, &Settings::groupPrimes, true); }
 };
 
+// Lets the program wait for a file so often, and then give up. `during` happens while it waits.
+class WaitsFor {
+public:
+    explicit WaitsFor(
+        int32_t times, std::function<void(int32_t)> during = [](int32_t) {})
+        : before_(waitForFile) {
+        times_ = times;
+        during_ = std::move(during);
+        count = 0;
+        waitForFile = [](int32_t tries) {
+            count++;
+            EXPECT_GE(tries, 1);
+            during_(tries);
+            return tries <= times_;
+        };
+    }
+    ~WaitsFor() { waitForFile = before_; }
+    WaitsFor(const WaitsFor&) = delete;
+    WaitsFor& operator=(const WaitsFor&) = delete;
+
+    static inline int32_t count;
+
+private:
+    const FileWaiter before_;
+    static inline int32_t times_;
+    static inline std::function<void(int32_t)> during_;
+};
+
 TEST_F(SettingsFile, LiesInAFolderThatTheFirstCallMakes) {
     EXPECT_EQ(file, UserFolder() / "Tallymere" / "UserSettings_3.8.ini");
-    EXPECT_TRUE(folderWasMade);
+    EXPECT_TRUE(wasMade);
 }
 
 TEST_F(SettingsFile, PathStaysEvenWhenTheFolderIsGone) {
@@ -140,20 +178,17 @@ TEST_F(SettingsFile, IsReadWhileOthersReadItToo) {
     ExpectLoaded(expected);
 }
 
-TEST_F(SettingsFile, ThatSomebodyWritesGivesTheDefaults) {
-    Put(FileBytes(u"language = German"));
-    const HeldFile writer(file, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE);
-    ExpectLoaded(Settings{});
-}
-
 TEST_F(SettingsFile, ThatIsAFolderGivesTheDefaultsAndStays) {
     fs::create_directory(file);
+    const WaitsFor nobody(0);
     ExpectLoaded(Settings{});
+    EXPECT_EQ(nobody.count, 0) << "it is no file that somebody holds";
     ChangeSomething();
-    SaveSettings();
+    EXPECT_FALSE(SaveSettings());
     EXPECT_TRUE(fs::is_directory(file));
     EXPECT_TRUE(settings.settingsDirty);
     EXPECT_EQ(PendingUiError(), UiErrorNone);
+    ExpectAlone(file);
 }
 
 TEST_F(SettingsFile, IsWrittenOnlyAfterAChange) {
@@ -210,14 +245,53 @@ TEST_F(SettingsFile, HoldsTheVariablesOfTheCalculatorWhenTheyChanged) {
 TEST_F(SettingsFile, IsLeftAloneWhileSomebodyHasItOpen) {
     const Bytes before = FileBytes(u"language = German");
     Put(before);
+    LoadSettings();
     {
         const HeldFile reader(file, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE);
         ChangeSomething();
-        SaveSettings();
+        EXPECT_FALSE(SaveSettings());
     }
     EXPECT_EQ(Content(), before);
     EXPECT_TRUE(settings.settingsDirty);
     EXPECT_EQ(PendingUiError(), UiErrorNone);
+    ExpectAlone(file);
+    EXPECT_TRUE(SaveSettings()) << "it is still to be written";
+    EXPECT_EQ(Content(), FileBytes(WrittenText(settings)));
+}
+
+TEST_F(SettingsFile, IsWrittenOnceNobodyHoldsItAnyMore) {
+    Put(FileBytes(u"language = German"));
+    LoadSettings();
+    std::optional<HeldFile> reader(std::in_place, file, GENERIC_READ, FILE_SHARE_READ);
+    const WaitsFor patience(100, [&reader](int32_t tries) {
+        if (tries == 3) {
+            reader.reset();
+        }
+    });
+    ChangeSomething();
+    EXPECT_TRUE(SaveSettings());
+    EXPECT_EQ(patience.count, 3);
+    EXPECT_EQ(Content(), FileBytes(WrittenText(settings)));
+    ExpectAlone(file);
+}
+
+TEST_F(SettingsFile, IsNotWaitedForAgainAfterAFailure) {
+    Put(FileBytes(u"language = German"));
+    LoadSettings();
+    ChangeSomething();
+    const WaitsFor patience(5);
+    {
+        const HeldFile reader(file, GENERIC_READ, FILE_SHARE_READ);
+        EXPECT_FALSE(SaveSettings());
+        EXPECT_EQ(patience.count, 6) << "the last time it gives up";
+        EXPECT_FALSE(SaveSettings());
+        EXPECT_EQ(patience.count, 6);
+    }
+    EXPECT_TRUE(SaveSettings());
+    const HeldFile reader(file, GENERIC_READ, FILE_SHARE_READ);
+    settings.settingsDirty = true;
+    EXPECT_FALSE(SaveSettings());
+    EXPECT_EQ(patience.count, 12) << "a success begins anew";
 }
 
 TEST_F(SettingsFile, IsReadAndLeftAloneWhenItIsReadOnly) {
@@ -228,24 +302,413 @@ TEST_F(SettingsFile, IsReadAndLeftAloneWhenItIsReadOnly) {
     SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY);
     ExpectLoaded(expected);
     ChangeSomething();
-    // A system may let its administrator write such a file all the same.
-    const HANDLE forced =
-        CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-    const bool refused = forced == INVALID_HANDLE_VALUE;
-    CloseHandle(forced);
-    SaveSettings();
+    EXPECT_FALSE(SaveSettings());
     SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
-    EXPECT_EQ(Content(), refused ? before : FileBytes(WrittenText(settings)));
-    EXPECT_EQ(settings.settingsDirty, refused);
+    EXPECT_EQ(Content(), before);
+    EXPECT_TRUE(settings.settingsDirty);
     EXPECT_EQ(PendingUiError(), UiErrorNone);
+    ExpectAlone(file);
 }
 
-TEST_F(SettingsFile, IsDroppedWithoutAFolder) {
+TEST_F(SettingsFile, MakesItsFolderAgain) {
     fs::remove_all(folder);
     ChangeSomething();
-    SaveSettings();
-    EXPECT_FALSE(fs::exists(folder));
-    EXPECT_EQ(PendingUiError(), UiErrorNone);
+    EXPECT_TRUE(SaveSettings());
+    EXPECT_EQ(Content(), FileBytes(WrittenText(settings)));
+}
+
+TEST_F(SettingsFile, CannotBeWrittenWhereAFileIsInPlaceOfTheFolder) {
+    fs::remove_all(folder);
+    PutBytes(folder, "mine");
+    ExpectLoaded(Settings{});
+    ChangeSomething();
+    EXPECT_FALSE(SaveSettings());
+    EXPECT_TRUE(settings.settingsDirty);
+    EXPECT_EQ(ContentOf(folder), "mine");
+}
+
+TEST_F(SettingsFile, OnlyOneProgramAtATimeWrites) {
+    // Another thread is another owner.
+    std::promise<void> begun;
+    std::atomic<bool> isWriting = true;
+    std::thread other([&begun, &isWriting] {
+        const HANDLE mutex = CreateMutexW(nullptr, FALSE, L"Local\\TallymereSettings");
+        WaitForSingleObject(mutex, INFINITE);
+        begun.set_value();
+        Sleep(100);
+        isWriting = false;
+        ReleaseMutex(mutex);
+        CloseHandle(mutex);
+    });
+    begun.get_future().wait();
+    ChangeSomething();
+    EXPECT_TRUE(SaveSettings());
+    EXPECT_FALSE(isWriting);
+    other.join();
+}
+
+// A file that cannot be read at the start.
+
+class UnreadSettingsFile : public SettingsFile {
+protected:
+    static fs::path Kept(const wchar_t* end = L".bad") { return file.wstring() + end; }
+
+    // The next writing has kept what was there.
+    static void ExpectKept(const Bytes& bytes) {
+        ChangeSomething();
+        EXPECT_TRUE(SaveSettings());
+        EXPECT_EQ(Content(), FileBytes(WrittenText(settings)));
+        EXPECT_EQ(Content(Kept()), bytes);
+        ExpectFiles(2);
+    }
+    static void ExpectFiles(ptrdiff_t count) {
+        EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), count);
+    }
+};
+
+TEST_F(UnreadSettingsFile, ThatSomebodyHoldsIsTriedAgain) {
+    Put(FileBytes(u"language = German"));
+    Settings expected;
+    expected.language = LanguageGerman;
+    std::optional<HeldFile> writer(std::in_place, file, GENERIC_WRITE,
+                                   FILE_SHARE_READ | FILE_SHARE_WRITE);
+    const WaitsFor patience(100, [&writer](int32_t tries) {
+        if (tries == 2) {
+            writer.reset();
+        }
+    });
+    ExpectLoaded(expected);
+    EXPECT_EQ(patience.count, 2);
+    ChangeSomething();
+    EXPECT_TRUE(SaveSettings());
+    ExpectAlone(file);
+}
+
+TEST_F(UnreadSettingsFile, ThatStaysHeldGivesTheDefaultsAndIsKept) {
+    const Bytes before = FileBytes(Joined(FullFileLines));
+    Put(before);
+    const WaitsFor patience(40);
+    {
+        const HeldFile writer(file, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE);
+        ExpectLoaded(Settings{});
+        EXPECT_EQ(patience.count, 41);
+    }
+    ExpectKept(before);
+    ChangeSetting(settings, &Settings::groupPrimes, false);
+    EXPECT_TRUE(SaveSettings());
+    ExpectFiles(2);
+}
+
+TEST_F(UnreadSettingsFile, IsNeverWrittenOverWhileItIsHeld) {
+    const Bytes before = FileBytes(Joined(FullFileLines));
+    Put(before);
+    {
+        const HeldFile writer(file, GENERIC_READ, 0);
+        ExpectLoaded(Settings{});
+        ChangeSomething();
+        EXPECT_FALSE(SaveSettings());
+        EXPECT_TRUE(settings.settingsDirty);
+    }
+    EXPECT_EQ(Content(), before);
+    ExpectAlone(file);
+    ExpectKept(before);
+}
+
+TEST_F(UnreadSettingsFile, WithoutByteOrderMarkIsKept) {
+    Bytes bytes = FileBytes(Joined(FullFileLines));
+    bytes.erase(bytes.begin(), bytes.begin() + 2);
+    const WaitsFor nobody(0);
+    ExpectLoaded(bytes, Settings{});
+    EXPECT_EQ(nobody.count, 0) << "time does not mend it";
+    ExpectKept(bytes);
+}
+
+TEST_F(UnreadSettingsFile, OfOneByteIsKeptAndOfNoneIsNot) {
+    ExpectLoaded({0xFF}, Settings{});
+    ExpectKept({0xFF});
+    fs::remove(Kept());
+    ExpectLoaded({}, Settings{});
+    ChangeSomething();
+    EXPECT_TRUE(SaveSettings());
+    ExpectAlone(file);
+}
+
+// The files are sparse: their zeros take no room on the disk.
+TEST_F(UnreadSettingsFile, OfMoreThan32MegabytesIsRefusedUnread) {
+    for (const uintmax_t size : {(uintmax_t{32} << 20) + 1, uintmax_t{1} << 30}) {
+        Put(FileBytes(u"language = German\r\n"));
+        fs::resize_file(file, size);
+        {
+            const FileCalls calls;
+            ExpectLoaded(Settings{});
+            EXPECT_EQ(calls.bytesRead, 0u);
+        }
+        ChangeSomething();
+        EXPECT_TRUE(SaveSettings());
+        EXPECT_EQ(fs::file_size(Kept()), size);
+        fs::remove(Kept());
+    }
+    Put(FileBytes(u"language = German\r\n"));
+    fs::resize_file(file, uintmax_t{32} << 20);
+    LoadSettings();
+    EXPECT_EQ(settings.language, LanguageGerman);
+}
+
+TEST_F(UnreadSettingsFile, WhoseReadingFailsIsKept) {
+    const Bytes before = FileBytes(Joined(FullFileLines));
+    Put(before);
+    {
+        // There is none beside, so the second opening and its reading.
+        const FileCalls calls(3);
+        ExpectLoaded(Settings{});
+    }
+    ExpectKept(before);
+}
+
+TEST_F(UnreadSettingsFile, TakesNoNameThatAFileHas) {
+    Put(Kept(), {1});
+    Put(Kept(L".bad2"), {2});
+    ExpectLoaded({3}, Settings{});
+    ChangeSomething();
+    EXPECT_TRUE(SaveSettings());
+    EXPECT_EQ(Content(Kept()), Bytes{1});
+    EXPECT_EQ(Content(Kept(L".bad2")), Bytes{2});
+    EXPECT_EQ(Content(Kept(L".bad3")), Bytes{3});
+    for (const wchar_t* end : {L".bad4", L".bad5", L".bad6", L".bad7", L".bad8", L".bad9"}) {
+        Put(Kept(end), {4});
+    }
+    ExpectLoaded({5}, Settings{});
+    ChangeSomething();
+    EXPECT_FALSE(SaveSettings()) << "there is no name left";
+    EXPECT_EQ(Content(), Bytes{5});
+    EXPECT_EQ(Content(Kept(L".bad9")), Bytes{4});
+}
+
+TEST_F(UnreadSettingsFile, ThatIsGoneMeanwhileIsNotMissed) {
+    ExpectLoaded({3}, Settings{});
+    fs::remove(file);
+    ChangeSomething();
+    EXPECT_TRUE(SaveSettings());
+    ExpectAlone(file);
+}
+
+// A file that was left beside.
+
+class SettingsFileBeside : public SettingsFile {
+protected:
+    SettingsFileBeside() {
+        older.language = LanguageGerman;
+        newer.language = LanguageEnglish;
+        Put(FileBytes(WrittenText(older)));
+    }
+
+    Settings older;
+    Settings newer;
+};
+
+TEST_F(SettingsFileBeside, IsPutInPlaceWhenItIsWhole) {
+    Put(Beside(), FileBytes(WrittenText(newer)));
+    ExpectLoaded(newer);
+    EXPECT_EQ(Content(), FileBytes(WrittenText(newer)));
+    ExpectAlone(file);
+}
+
+TEST_F(SettingsFileBeside, IsPutInPlaceWhereThereIsNone) {
+    fs::remove(file);
+    Put(Beside(), FileBytes(WrittenText(newer)));
+    ExpectLoaded(newer);
+    EXPECT_EQ(Content(), FileBytes(WrittenText(newer)));
+    ExpectAlone(file);
+}
+
+TEST_F(SettingsFileBeside, IsNotTakenWhenAPartIsMissing) {
+    const Bytes whole = FileBytes(WrittenText(newer));
+    for (size_t size = 0; size < whole.size(); size += 7) {
+        Put(Beside(), Bytes(whole.begin(), whole.begin() + static_cast<ptrdiff_t>(size)));
+        ExpectLoaded(older);
+        EXPECT_EQ(Content(), FileBytes(WrittenText(older)));
+    }
+    ChangeSomething();
+    EXPECT_TRUE(SaveSettings());
+    EXPECT_EQ(Content(), FileBytes(WrittenText(settings)));
+    ExpectAlone(file);
+}
+
+TEST_F(SettingsFileBeside, IsTakenEvenWhereItsPlaceIsHeld) {
+    Put(Beside(), FileBytes(WrittenText(newer)));
+    {
+        const HeldFile holder(file, GENERIC_READ, 0);
+        newer.settingsDirty = true;
+        ExpectLoaded(newer);
+    }
+    EXPECT_EQ(Content(), FileBytes(WrittenText(older)));
+    EXPECT_TRUE(SaveSettings());
+    EXPECT_EQ(Content(), FileBytes(WrittenText(newer)));
+    ExpectAlone(file);
+}
+
+TEST_F(SettingsFileBeside, IsPutInPlaceOnceNobodyHoldsThat) {
+    Put(Beside(), FileBytes(WrittenText(newer)));
+    std::optional<HeldFile> holder(std::in_place, file, GENERIC_READ, DWORD{0});
+    const WaitsFor patience(100, [&holder](int32_t) { holder.reset(); });
+    ExpectLoaded(newer);
+    EXPECT_EQ(patience.count, 1);
+    EXPECT_EQ(Content(), FileBytes(WrittenText(newer)));
+    ExpectAlone(file);
+}
+
+// Whatever ends a writing.
+
+class SettingsWriting : public SettingsFileBeside {
+protected:
+    // A file is opened, written, flushed, closed and moved.
+    static constexpr int Calls = 5;
+    static constexpr int CallThatMoves = 5;
+
+    void Begin() {
+        Put(FileBytes(WrittenText(older)));
+        LoadSettings();
+        ChangeSetting(settings, &Settings::language, LanguageEnglish);
+    }
+};
+
+TEST_F(SettingsWriting, TakesSoManyCallsOfTheSystem) {
+    Begin();
+    const FileCalls calls;
+    EXPECT_TRUE(SaveSettings());
+    EXPECT_EQ(calls.count, Calls);
+}
+
+// Such as a folder that may only be read, at the first call, or a full disk, at the second.
+TEST_F(SettingsWriting, AFailureAtAnyCallLeavesTheOldFile) {
+    for (int number = 1; number <= Calls; number++) {
+        SCOPED_TRACE(number);
+        Begin();
+        {
+            const FileCalls calls(number);
+            EXPECT_FALSE(SaveSettings());
+        }
+        EXPECT_EQ(Content(), FileBytes(WrittenText(older)));
+        EXPECT_TRUE(settings.settingsDirty);
+        ExpectAlone(file);
+        EXPECT_TRUE(SaveSettings());
+        EXPECT_EQ(Content(), FileBytes(WrittenText(newer)));
+    }
+}
+
+TEST_F(SettingsWriting, ADiskThatTakesHalfLeavesTheOldFile) {
+    Begin();
+    {
+        const FileCalls calls(2, FileCallEnd::WritesHalf);
+        EXPECT_FALSE(SaveSettings());
+    }
+    EXPECT_EQ(Content(), FileBytes(WrittenText(older)));
+    EXPECT_TRUE(settings.settingsDirty);
+    ExpectAlone(file);
+}
+
+TEST_F(SettingsWriting, AFailureThatPassesIsMadeGood) {
+    for (int number = 1; number <= Calls; number++) {
+        SCOPED_TRACE(number);
+        Begin();
+        const WaitsFor patience(100);
+        const FileCalls calls(number);
+        EXPECT_TRUE(SaveSettings());
+        EXPECT_EQ(patience.count, 1);
+        EXPECT_EQ(Content(), FileBytes(WrittenText(newer)));
+        ExpectAlone(file);
+    }
+}
+
+// Also with a file that has to be kept first, which takes a call more.
+TEST_F(SettingsWriting, AnEndAtAnyCallLosesTheLastChangeAtMost) {
+    for (const bool isUnread : {false, true}) {
+        for (int number = 1; number <= Calls + (isUnread ? 1 : 0); number++) {
+            SCOPED_TRACE(number + (isUnread ? 100 : 0));
+            fs::remove_all(folder);
+            fs::create_directory(folder);
+            const Bytes before = isUnread ? Bytes{1, 2, 3} : FileBytes(WrittenText(older));
+            Put(before);
+            EXPECT_EXIT(
+                {
+                    // In a process that begins as this one did.
+                    Put(before);
+                    LoadSettings();
+                    settings.language = LanguageEnglish;
+                    settings.settingsDirty = true;
+                    const FileCalls calls(number, FileCallEnd::EndsProcess);
+                    SaveSettings();
+                },
+                ::testing::ExitedWithCode(FileCalls::Exit), "");
+            const int first = number - (isUnread ? 1 : 0);
+            if (isUnread) {
+                EXPECT_EQ(Content(first > 0 ? fs::path(file.wstring() + L".bad") : file), before);
+            } else {
+                EXPECT_EQ(Content(), before);
+            }
+            // From the flush on, the file beside is whole.
+            ExpectLoaded(first >= 3 ? newer : isUnread ? Settings{} : older);
+        }
+    }
+}
+
+// What is said about a failure.
+
+class SettingsReport : public SettingsFile {
+protected:
+    SettingsReport() { InstallLanguage(LanguageEnglish); }
+
+    // A save that fails.
+    static void Fail() {
+        fs::remove_all(folder);
+        PutBytes(folder, "mine");
+        settings.settingsDirty = true;
+        EXPECT_FALSE(SaveSettingsOrReport());
+        EXPECT_TRUE(settings.settingsDirty);
+        EXPECT_EQ(PendingUiError(), UiErrorNone);
+    }
+    static void Succeed() {
+        fs::remove_all(folder);
+        EXPECT_TRUE(SaveSettingsOrReport());
+        EXPECT_FALSE(settings.settingsDirty);
+    }
+
+    const MessageBoxAnswer answer;
+};
+
+TEST_F(SettingsReport, IsMadeOnceUntilASuccess) {
+    Succeed();
+    EXPECT_EQ(answer.boxes, 0);
+    Fail();
+    EXPECT_EQ(answer.boxes, 1);
+    EXPECT_EQ(answer.caption, "Error");
+    EXPECT_EQ(answer.text,
+              "The settings could not be saved in the file \"" + file.string() + "\"!");
+    Fail();
+    EXPECT_EQ(answer.boxes, 1);
+    Succeed();
+    Fail();
+    EXPECT_EQ(answer.boxes, 2);
+    Succeed();
+}
+
+TEST_F(SettingsReport, ComesBehindAnErrorThatIsPending) {
+    SetUiError(UiErrorDivisionByZero);
+    Fail();
+    EXPECT_EQ(answer.boxes, 2);
+    EXPECT_NE(answer.text.find("could not be saved"), std::string::npos);
+    Succeed();
+}
+
+TEST_F(SettingsReport, IsNotMadeAtTheEndOfTheSession) {
+    fs::remove_all(folder);
+    PutBytes(folder, "mine");
+    ChangeSomething();
+    EXPECT_FALSE(SaveSettings());
+    EXPECT_EQ(answer.boxes, 0);
+    Fail();
+    EXPECT_EQ(answer.boxes, 1) << "it was not said before";
+    Succeed();
 }
 
 }  // namespace

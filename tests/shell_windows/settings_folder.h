@@ -1,4 +1,5 @@
-// The folder of the settings, empty for each test. What lies there is put aside meanwhile.
+// The folder of the settings, empty for each test. It is one of the process: the settings of the
+// user are out of reach of all that includes this.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -6,9 +7,6 @@
 #include <shlobj.h>
 
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string_view>
 #include <vector>
 
@@ -16,20 +14,52 @@
 #include "shell/settings_bytes.h"
 #include "shell/ui_error.h"
 #include "shell/windows/settings_file.h"
+#include "shell_windows/file_folder.h"
 #include "toolkit/wide_text.h"
 #include "toolkit/win32.h"
 
 namespace tallymere::testing_support {
 
-namespace fs = std::filesystem;
+/// Where the program finds the user's folder.
+extern "C" void* __imp_SHGetFolderPathW;
+
+/// The user's folder for the data of programs, as the program finds it in this process.
+inline fs::path UserFolder() {
+    return fs::temp_directory_path() / (NameOfProcess() + L" user");
+}
+
+/// Gives the program that folder, from the start of the process to its end.
+class UserFolderOfProcess {
+public:
+    UserFolderOfProcess() {
+        DWORD access = 0;
+        VirtualProtect(&__imp_SHGetFolderPathW, sizeof(void*), PAGE_READWRITE, &access);
+        __imp_SHGetFolderPathW = reinterpret_cast<void*>(Find);
+        VirtualProtect(&__imp_SHGetFolderPathW, sizeof(void*), access, &access);
+        fs::create_directory(UserFolder());
+    }
+    ~UserFolderOfProcess() {
+        if (isFirst_) {
+            fs::remove_all(UserFolder());
+        }
+    }
+    UserFolderOfProcess(const UserFolderOfProcess&) = delete;
+    UserFolderOfProcess& operator=(const UserFolderOfProcess&) = delete;
+
+private:
+    static HRESULT WINAPI Find(HWND, int folder, HANDLE, DWORD, LPWSTR path) {
+        EXPECT_EQ(folder, CSIDL_APPDATA);
+        wcscpy(path, UserFolder().c_str());
+        return S_OK;
+    }
+
+    // A process that a death test starts has the folder of the one that started it.
+    const bool isFirst_ = !fs::exists(UserFolder());
+};
+
+inline const UserFolderOfProcess userFolderOfProcess;
 
 using Bytes = std::vector<uint8_t>;
-
-inline fs::path UserFolder() {
-    wchar_t folder[MAX_PATH];
-    EXPECT_EQ(SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, 0, folder), S_OK);
-    return folder;
-}
 
 /// What a settings file with that text holds.
 inline Bytes FileBytes(std::u16string_view text) {
@@ -39,54 +69,52 @@ inline Bytes FileBytes(std::u16string_view text) {
     return bytes;
 }
 
-class SettingsFolderTest : public ::testing::Test {
-protected:
-    static void SetUpTestSuite() {
+/// The file in its empty folder, and initial settings. Nobody waits for a file.
+class SettingsFolder {
+public:
+    SettingsFolder() {
         folder = UserFolder() / "Tallymere";
-        // Where the aside is there already, what is in the folder is left from a test that broke.
-        if (fs::exists(folder) && !fs::exists(Aside())) {
-            fs::rename(folder, Aside());
-        }
         fs::remove_all(folder);
         file = ToWide(SettingsPath());
         static const bool isThereAfterFirstCall = fs::is_directory(folder);
-        folderWasMade = isThereAfterFirstCall;
-    }
-    static void TearDownTestSuite() {
-        fs::remove_all(folder);
-        if (fs::exists(Aside())) {
-            fs::rename(Aside(), folder);
-        }
-    }
-
-    SettingsFolderTest() {
-        fs::remove_all(folder);
+        wasMade = isThereAfterFirstCall;
         fs::create_directory(folder);
         settings = Settings{};
-        ClearErrors();
+        waitForFile = [](int32_t) { return false; };
     }
-    ~SettingsFolderTest() override {
-        settings = Settings{};
-        ClearErrors();
+    ~SettingsFolder() {
+        settings = settingsBefore_;
+        waitForFile = waiterBefore_;
     }
+    SettingsFolder(const SettingsFolder&) = delete;
+    SettingsFolder& operator=(const SettingsFolder&) = delete;
 
-    static fs::path Aside() { return folder.parent_path() / "Tallymere put aside by a test"; }
-
-    static void Put(const Bytes& bytes) {
-        std::ofstream(file, std::ios::binary)
-            .write(reinterpret_cast<const char*>(bytes.data()),
-                   static_cast<std::streamsize>(bytes.size()));
+    static void Put(const Bytes& bytes) { Put(file, bytes); }
+    static void Put(const fs::path& place, const Bytes& bytes) {
+        PutBytes(place, {bytes.begin(), bytes.end()});
     }
-    static Bytes Content() {
-        std::ifstream stream(file, std::ios::binary);
-        EXPECT_TRUE(stream.is_open());
-        return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    static Bytes Content() { return Content(file); }
+    static Bytes Content(const fs::path& place) {
+        EXPECT_TRUE(fs::exists(place));
+        const std::string content = ContentOf(place);
+        return {content.begin(), content.end()};
     }
 
     static inline fs::path folder;
     static inline fs::path file;
+    static fs::path Beside() { return folder / ToWide(BesideName); }
     /// Whether the first call of SettingsPath in this process made the folder.
-    static inline bool folderWasMade = false;
+    static inline bool wasMade = false;
+
+private:
+    const Settings settingsBefore_ = settings;
+    const FileWaiter waiterBefore_ = waitForFile;
+};
+
+class SettingsFolderTest : public ::testing::Test, protected SettingsFolder {
+protected:
+    SettingsFolderTest() { ClearErrors(); }
+    ~SettingsFolderTest() override { ClearErrors(); }
 };
 
 }  // namespace tallymere::testing_support

@@ -7,9 +7,12 @@
 #include "calculator/variables_form.h"
 #include "calculator/windows/calculator_controls.h"
 #include "shell/scratch_text.h"
+#include "shell/ui_error.h"
 #include "shell/windows/error_report.h"
 #include "shell/windows/form_windows.h"
+#include "shell/windows/page_run.h"
 #include "shell/windows/program_windows.h"
+#include "shell/windows/settings_file.h"
 #include "shell/windows/window_text.h"
 #include "toolkit/dialog_window.h"
 #include "toolkit/wide_text.h"
@@ -178,6 +181,15 @@ void HandleCommand(HWND control, int32_t news) {
     }
 }
 
+// Before the settings are saved at the end of the session, which no message box may delay. While a
+// page calculates, no box has the focus, and the errors are those of the run.
+void TakeOverUnreported() {
+    if (!IsRunUnderWay()) {
+        CommitShownVariable();
+        ClearPendingErrors();
+    }
+}
+
 void LayOutVariables() {
     PlaceFormControls(variablesWindow, controls, [](int32_t control, LayoutSize client) {
         return PlaceVariablesControl(static_cast<VariablesControl>(control), client);
@@ -209,7 +221,12 @@ LRESULT VariablesWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lPa
             break;
         case WM_CLOSE:
             callDefault = false;
+            // Takes the focus, so that the box which has it is taken over.
             HideProgramWindow(window);
+            SaveSettingsOrReport();
+            break;
+        case WM_QUERYENDSESSION:
+            TakeOverUnreported();
             break;
         case WM_NCDESTROY:
             isComplete = false;

@@ -14,6 +14,12 @@ bool IsReadOnly(const char16_t* path) {
 
 }  // namespace
 
+bool PutInPlace(const char16_t* path, const char16_t* newFile) {
+    return !IsReadOnly(path) &&
+           MoveFileExW(ToWide(newFile), ToWide(path),
+                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
+}
+
 FileReplacement::FileReplacement(const char16_t* path) : path_(path) {
     FormatBesidePath(beside_, path);
     file_ = NamesBesideFile(path) ? INVALID_HANDLE_VALUE
@@ -40,12 +46,8 @@ bool FileReplacement::Finish() {
     // What a disk tells late, such as that it is full, it tells here.
     succeeded_ = succeeded_ && FlushFileBuffers(file_) != FALSE;
     Close();
-    if (!succeeded_ || IsReadOnly(path_)) {
-        return false;
-    }
-    succeeded_ = MoveFileExW(ToWide(beside_), ToWide(path_),
-                             MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
-    isThere_ = !succeeded_;
+    succeeded_ = succeeded_ && PutInPlace(path_, beside_);
+    isThere_ = isThere_ && !succeeded_;
     return succeeded_;
 }
 

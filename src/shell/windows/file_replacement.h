@@ -14,6 +14,11 @@
 
 namespace tallymere {
 
+/// Puts a file in the place of the one of `path`, if there is one, in one step: whatever ends it
+/// leaves the old file or the new one there. False if that failed, such as for a file that may only
+/// be read; both files are as they were.
+bool PutInPlace(const char16_t* path, const char16_t* newFile);
+
 /// One that ends its life before Finish leaves nothing behind.
 class FileReplacement {
 public:

@@ -8,6 +8,7 @@
 #include "shell/windows/help.h"
 #include "shell/windows/page_run.h"
 #include "shell/windows/program_windows.h"
+#include "shell/windows/settings_file.h"
 #include "shell/windows/window_making.h"
 #include "toolkit/dialog_window.h"
 #include "toolkit/environment.h"
@@ -145,6 +146,12 @@ LRESULT MainWindowProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& c
             // out, but other programs can close it all the same.
             callDefault = false;
             StopRunThen(EndMessageLoop);
+            break;
+        case WM_QUERYENDSESSION:
+        case WM_ENDSESSION:
+            // At the question, since the system may end the process without another word. At the
+            // end once more: windows that were asked after this one took over what was typed.
+            SaveSettings();
             break;
         default:
             break;

@@ -6,6 +6,7 @@
 #include "shell/windows/form_windows.h"
 #include "shell/windows/program_windows.h"
 #include "shell/windows/restart.h"
+#include "shell/windows/settings_file.h"
 #include "shell/windows/user_locale.h"
 #include "toolkit/control_data.h"
 #include "toolkit/tab_page.h"
@@ -143,6 +144,7 @@ LRESULT OptionsWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lPara
         case WM_CLOSE:
             callDefault = false;
             HideProgramWindow(window);
+            SaveSettingsOrReport();
             break;
         default:
             break;

@@ -8,7 +8,10 @@
 namespace tallymere {
 
 void RestartProgram() {
-    SaveSettings();
+    // The new process would begin with the old settings, and this one end with those that changed.
+    if (!SaveSettingsOrReport()) {
+        return;
+    }
     STARTUPINFOW start = {};
     start.cb = sizeof(start);
     PROCESS_INFORMATION process = {};

@@ -3,7 +3,8 @@
 
 namespace tallymere {
 
-/// Writes the settings, starts the program's own file anew and lets this process end.
+/// Writes the settings, starts the program's own file anew and lets this process end. Settings that
+/// could not be written are reported, and nothing else happens.
 void RestartProgram();
 
 }  // namespace tallymere

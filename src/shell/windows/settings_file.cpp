@@ -1,13 +1,18 @@
 #include "shell/windows/settings_file.h"
 
-#include <cstdint>
-#include <cstdlib>
+#include <memory>
+#include <new>
+#include <utility>
 
 #include "calculator/variable_settings.h"
 #include "shell/program_paths.h"
 #include "shell/settings.h"
 #include "shell/settings_bytes.h"
 #include "shell/settings_walk.h"
+#include "shell/ui_error.h"
+#include "shell/windows/error_report.h"
+#include "shell/windows/file_replacement.h"
+#include "shell/windows/page_run.h"
 #include "toolkit/wide_text.h"
 #include "toolkit/win32.h"
 
@@ -17,60 +22,229 @@ namespace tallymere {
 
 namespace {
 
-// Closes a file and frees a block on every way out.
+// A backup or a virus scanner holds a file for a moment.
+constexpr DWORD WaitMilliseconds = 50;
+constexpr DWORD PatienceMilliseconds = 2'000;
+
+bool Wait(int32_t tries) {
+    if (static_cast<DWORD>(tries) > PatienceMilliseconds / WaitMilliseconds) {
+        return false;
+    }
+    Sleep(WaitMilliseconds);
+    return true;
+}
+
+// Only one program at a time reads or replaces the file. One that hangs meanwhile shuts nobody out
+// for ever, and one that was ended leaves the turn to the next. Without the system's help nobody
+// waits.
+class Turn {
+public:
+    Turn() {
+        static const HANDLE mutex = CreateMutexW(nullptr, FALSE, L"Local\\TallymereSettings");
+        mutex_ = mutex;
+        const DWORD answer = WaitForSingleObject(mutex_, PatienceMilliseconds);
+        isOurs_ = answer == WAIT_OBJECT_0 || answer == WAIT_ABANDONED;
+    }
+    ~Turn() {
+        if (isOurs_) {
+            ReleaseMutex(mutex_);
+        }
+    }
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+
+private:
+    HANDLE mutex_;
+    bool isOurs_;
+};
+
+// Closes a file on every way out.
 struct FileScope {
     HANDLE file;
     ~FileScope() { CloseHandle(file); }
 };
 
-struct BlockScope {
-    void* block;
-    ~BlockScope() { std::free(block); }
+template <typename Item>
+using Block = std::unique_ptr<Item[]>;
+
+// Null without memory.
+template <typename Item>
+Block<Item> NewBlock(int64_t count) {
+    return Block<Item>(new (std::nothrow) Item[static_cast<size_t>(count)]);
+}
+
+struct FileBytes {
+    Block<uint8_t> bytes;
+    int64_t count = 0;
 };
 
-template <typename Item>
-Item* AllocateItems(int64_t count) {
-    return static_cast<Item*>(std::malloc(static_cast<size_t>(count) * sizeof(Item)));
+enum class FileAnswer {
+    Missing,  // or there is nothing to keep in it
+    Read,
+    Refused,  // there is a file, but not one of settings
+    Held,     // it cannot be read now
+};
+
+// Whether the file at the path was read at the last look. Until it is kept under another name,
+// nothing is written in its place.
+bool isFileUnread = false;
+
+// The last try to save failed, and the user was told so.
+bool saveFailed = false;
+bool failureWasSaid = false;
+
+char16_t settingsFolder[PathCapacity + 1] = u"";
+
+bool IsFolder(const char16_t* path) {
+    const DWORD attributes = GetFileAttributesW(ToWide(path));
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+void MakeFolder() {
+    if (settingsFolder[0] != 0 &&
+        GetFileAttributesW(ToWide(settingsFolder)) == INVALID_FILE_ATTRIBUTES) {
+        CreateDirectoryW(ToWide(settingsFolder), nullptr);
+    }
 }
 
 void FindSettingsPath(char16_t (&path)[PathCapacity + 1]) {
-    char16_t folder[PathCapacity + 1] = u"";
     char16_t userFolder[PathCapacity + 1];
     if (SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, ToWide(userFolder)) ==
         S_OK) {
-        FormatSettingsFolder(folder, userFolder);
-        if (GetFileAttributesW(ToWide(folder)) == INVALID_FILE_ATTRIBUTES) {
-            CreateDirectoryW(ToWide(folder), nullptr);
-        }
+        FormatSettingsFolder(settingsFolder, userFolder);
+        MakeFolder();
     }
-    FormatSettingsFile(path, folder);
+    FormatSettingsFile(path, settingsFolder);
 }
 
-// The text of the file, which the caller owns; null for a file that cannot be read.
-char16_t* ReadSettingsText() {
-    const FileScope scope = {CreateFileW(ToWide(SettingsPath()), GENERIC_READ, FILE_SHARE_READ,
-                                         nullptr, OPEN_EXISTING, 0, nullptr)};
-    if (scope.file == INVALID_HANDLE_VALUE) {
-        return nullptr;
+FileAnswer AnswerOfFailedOpening(const char16_t* path) {
+    const DWORD error = GetLastError();
+    const bool isMissing = error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+    // A folder in the place of the file is not ours to move.
+    return isMissing || IsFolder(path) ? FileAnswer::Missing : FileAnswer::Held;
+}
+
+FileAnswer ReadFileBytes(FileBytes& content, const char16_t* path) {
+    const HANDLE file = CreateFileW(ToWide(path), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE) {
+        return AnswerOfFailedOpening(path);
     }
-    const DWORD size = GetFileSize(scope.file, nullptr);
-    if (size == INVALID_FILE_SIZE) {
-        return nullptr;
+    const FileScope scope = {file};
+    LARGE_INTEGER size = {};
+    if (!GetFileSizeEx(file, &size)) {
+        return FileAnswer::Held;
     }
-    const BlockScope bytes = {AllocateItems<uint8_t>(size)};
+    if (size.QuadPart == 0 || size.QuadPart > MaxSettingsBytes) {
+        return size.QuadPart == 0 ? FileAnswer::Missing : FileAnswer::Refused;
+    }
+    content.count = size.QuadPart;
+    content.bytes = NewBlock<uint8_t>(content.count);
     DWORD read = 0;
-    if (bytes.block == nullptr || !ReadFile(scope.file, bytes.block, size, &read, nullptr) ||
-        read != size) {
-        return nullptr;
+    if (content.bytes == nullptr ||
+        !ReadFile(file, content.bytes.get(), static_cast<DWORD>(content.count), &read, nullptr) ||
+        read != content.count) {
+        return FileAnswer::Held;
     }
-    auto* text = AllocateItems<char16_t>(SettingsTextRoom(size));
+    return HasByteOrderMark(content.bytes.get(), content.count) ? FileAnswer::Read
+                                                                : FileAnswer::Refused;
+}
+
+FileAnswer ReadWithPatience(FileBytes& content, const char16_t* path) {
+    FileAnswer answer = ReadFileBytes(content, path);
+    for (int32_t tries = 1; answer == FileAnswer::Held && waitForFile(tries); tries++) {
+        answer = ReadFileBytes(content, path);
+    }
+    return answer;
+}
+
+// Puts a whole file that a program left beside into its place. Where that does not work now, its
+// content is taken all the same, and is to be written again. False if there is no whole one; a part
+// of one goes with the next writing.
+bool TakeFileBeside(FileBytes& content, bool& toBeWritten) {
+    char16_t beside[BesidePathCapacity + 1];
+    FormatBesidePath(beside, SettingsPath());
+    FileBytes left;
+    if (ReadWithPatience(left, beside) != FileAnswer::Read ||
+        !IsWholeSettingsFile(left.bytes.get(), left.count)) {
+        return false;
+    }
+    content = std::move(left);
+    bool isInPlace = PutInPlace(SettingsPath(), beside);
+    for (int32_t tries = 1; !isInPlace && waitForFile(tries); tries++) {
+        isInPlace = PutInPlace(SettingsPath(), beside);
+    }
+    toBeWritten = !isInPlace;
+    return true;
+}
+
+// Null without memory.
+Block<char16_t> DecodedText(const FileBytes& content) {
+    Block<char16_t> text = NewBlock<char16_t>(SettingsTextRoom(content.count));
     if (text != nullptr) {
-        DecodeSettings(text, static_cast<const uint8_t*>(bytes.block), size);
+        DecodeSettings(text.get(), content.bytes.get(), content.count);
     }
     return text;
 }
 
+// Without memory there are no bytes.
+FileBytes EncodedSettings() {
+    TextSink sink = {0, 0, nullptr};
+    WriteSettings(sink, settings);
+    const Block<char16_t> text = NewBlock<char16_t>(sink.count);
+    FileBytes content;
+    content.count = SettingsByteCount(sink.count);
+    content.bytes = NewBlock<uint8_t>(content.count);
+    if (text == nullptr || content.bytes == nullptr) {
+        return {};
+    }
+    sink = {0, sink.count, text.get()};
+    WriteSettings(sink, settings);
+    EncodeSettings(content.bytes.get(), text.get(), sink.count);
+    return content;
+}
+
+bool MoveAway(const char16_t* path) {
+    return MoveFileExW(ToWide(SettingsPath()), ToWide(path), MOVEFILE_WRITE_THROUGH) != FALSE ||
+           GetLastError() == ERROR_FILE_NOT_FOUND;
+}
+
+// Gives a file that could not be read another name, one that no file has.
+bool KeepUnreadFile() {
+    char16_t kept[UnreadPathCapacity + 1];
+    for (int32_t number = 1; number <= MaxUnreadFiles; number++) {
+        FormatUnreadFile(kept, SettingsPath(), number);
+        if (GetFileAttributesW(ToWide(kept)) == INVALID_FILE_ATTRIBUTES) {
+            return MoveAway(kept);
+        }
+    }
+    return false;
+}
+
+bool ReplaceSettingsFile(const FileBytes& content) {
+    MakeFolder();
+    if (isFileUnread && !KeepUnreadFile()) {
+        return false;
+    }
+    isFileUnread = false;
+    FileReplacement replacement(SettingsPath());
+    replacement.Write(content.bytes.get(), static_cast<uint32_t>(content.count));
+    return replacement.Finish();
+}
+
+// What failed before is tried once, so that nobody waits again and again.
+bool ReplaceWithPatience(const FileBytes& content) {
+    const Turn turn;
+    bool replaced = ReplaceSettingsFile(content);
+    for (int32_t tries = 1; !replaced && !saveFailed && waitForFile(tries); tries++) {
+        replaced = ReplaceSettingsFile(content);
+    }
+    return replaced;
+}
+
 }  // namespace
+
+FileWaiter waitForFile = Wait;
 
 const char16_t* SettingsPath() {
     static char16_t path[PathCapacity + 1] = u"";
@@ -81,37 +255,48 @@ const char16_t* SettingsPath() {
 }
 
 void LoadSettings() {
-    char16_t* text = ReadSettingsText();
+    const Turn turn;
+    FileBytes content;
+    bool toBeWritten = false;
+    FileAnswer answer = FileAnswer::Read;
+    if (!TakeFileBeside(content, toBeWritten)) {
+        answer = ReadWithPatience(content, SettingsPath());
+    }
+    isFileUnread = answer == FileAnswer::Held || answer == FileAnswer::Refused;
+    // Never freed.
+    char16_t* text = nullptr;
+    if (answer == FileAnswer::Read) {
+        text = DecodedText(content).release();
+        isFileUnread = text == nullptr;
+    }
     char16_t empty[] = u"";
     ReadSettings(settings, text == nullptr ? empty : text);
+    settings.settingsDirty = toBeWritten;
+    saveFailed = failureWasSaid = false;
 }
 
-void SaveSettings() {
+bool SaveSettings() {
     StoreVariables(settings);
     if (!settings.settingsDirty) {
-        return;
+        return true;
     }
-    TextSink sink = {0, 0, nullptr};
-    WriteSettings(sink, settings);
-    const int64_t characters = sink.count;
-    const int64_t byteCount = SettingsByteCount(characters);
-    const BlockScope text = {AllocateItems<char16_t>(characters)};
-    const BlockScope bytes = {AllocateItems<uint8_t>(byteCount)};
-    if (text.block == nullptr || bytes.block == nullptr) {
-        return;
-    }
-    sink = {0, characters, static_cast<char16_t*>(text.block)};
-    WriteSettings(sink, settings);
-    EncodeSettings(static_cast<uint8_t*>(bytes.block), sink.text, characters);
+    const FileBytes content = EncodedSettings();
+    saveFailed = content.bytes == nullptr || !ReplaceWithPatience(content);
+    settings.settingsDirty = saveFailed;
+    failureWasSaid = failureWasSaid && saveFailed;
+    return !saveFailed;
+}
 
-    // Opening empties the file, so everything that can go wrong before stands above.
-    const FileScope scope = {
-        CreateFileW(ToWide(SettingsPath()), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr)};
-    if (scope.file != INVALID_HANDLE_VALUE) {
-        DWORD written = 0;
-        WriteFile(scope.file, bytes.block, static_cast<DWORD>(byteCount), &written, nullptr);
-        settings.settingsDirty = false;
+bool SaveSettingsOrReport() {
+    const bool saved = SaveSettings();
+    if (!saved && !failureWasSaid && !IsRunUnderWay()) {
+        failureWasSaid = true;
+        // What is pending has a box of its own.
+        ReportUiError();
+        SetUiError(UiErrorSettingsNotSaved, SettingsPath());
+        ReportUiError();
     }
+    return saved;
 }
 
 }  // namespace tallymere

@@ -1,8 +1,15 @@
-// The settings file on disk: read once at the start, written at the end if something changed.
+// The settings file on disk: read once at the start, written whenever something changed.
 //
-// Nothing about it ever reaches the user. A file that cannot be read gives the defaults, and one
-// that cannot be written is dropped.
+// At any moment one whole file is there, the old or the new one: the new one is written beside the
+// old one and then put in its place, and a whole one that was left beside by a program which was
+// ended in between is put there at the next start. Several programs of one user take turns, so the
+// last one to write wins, with a whole file.
+//
+// What the file has in it is never an error. One that is there but cannot be read gives the
+// defaults, and is kept under another name before anything is written.
 #pragma once
+
+#include <cstdint>
 
 namespace tallymere {
 
@@ -15,6 +22,18 @@ const char16_t* SettingsPath();
 void LoadSettings();
 
 /// Takes over the calculator's variables, if they changed, and writes the file if anything did.
-void SaveSettings();
+/// Returns false if it could not be written: the old file is there, under its name or that of a
+/// file which could not be read, and settingsDirty stays set. Nothing is said, so this serves at
+/// the end of the system's session too, also while a page calculates.
+bool SaveSettings();
+
+/// The same, but a failure is said in a message box, and once: not again before a success. The menu
+/// is there. While a page calculates nothing is said, because the errors are those of the run.
+bool SaveSettingsOrReport();
+
+/// Waits before a file that somebody else may be holding is tried again; `tries` there were so far,
+/// 1 or more. False to give up. Tests put a function in its place that does not wait.
+using FileWaiter = bool (*)(int32_t tries);
+extern FileWaiter waitForFile;
 
 }  // namespace tallymere
