@@ -121,7 +121,9 @@ class SettingsTest(OptionsCase):
                 beside.write_bytes(content)
                 program = self.start(speaks=language)
                 program.wait_for_window(MAIN_TITLE)
-                self.open_options(program)
+                window = self.open_options(program)
+                self.click(window.control("button", self.texts["TextBtnCancel"]))
+                program.wait_until_hidden(self.texts["TextOptOptions"])
                 self.close_program(program)
                 self.assertEqual(newer if language == "de" else file_bytes(settings_text()),
                                  self.settings_bytes())

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <functional>
 #include <future>
@@ -650,6 +652,98 @@ TEST_F(SettingsWriting, AnEndAtAnyCallLosesTheLastChangeAtMost) {
             ExpectLoaded(first >= 3 ? newer : isUnread ? Settings{} : older);
         }
     }
+}
+
+// The process is ended at any time while it saves one change after the other: a hundred variables
+// that all have the number of the change. TALLYMERE_SAVE_KILLS is how often.
+class SettingsKill : public SettingsFile {
+protected:
+    SettingsKill() {
+        const char* kills = std::getenv("TALLYMERE_SAVE_KILLS");
+        count = kills == nullptr ? 6 : std::atoi(kills);
+    }
+
+    static fs::path Note() { return UserFolder() / "the change before"; }
+
+    // Notes which changes were saved before the one that is begun.
+    [[noreturn]] static void SaveForEver(size_t valueLength) {
+        const HANDLE note = CreateFileW(Note().c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                        CREATE_ALWAYS, 0, nullptr);
+        for (int32_t change = 1;; change++) {
+            std::u16string value = u"1";
+            for (const char c : std::to_string(change)) {
+                value += static_cast<char16_t>(c);
+            }
+            value.append(valueLength, u'+');
+            settings.variableCount = 100;
+            for (SettingsVariable& variable : settings.variables) {
+                variable = {u"x", value.c_str()};
+            }
+            settings.settingsDirty = true;
+            if (!SaveSettings()) {
+                std::exit(1);
+            }
+            DWORD written = 0;
+            SetFilePointer(note, 0, nullptr, FILE_BEGIN);
+            WriteFile(note, &change, sizeof change, &written, nullptr);
+        }
+    }
+
+    // The change that the settings have, 0 for none.
+    static int32_t ChangeOfSettings() {
+        const Texts variables = VariablesOf(settings);
+        if (variables.empty()) {
+            return 0;
+        }
+        EXPECT_EQ(variables.size(), 100u);
+        EXPECT_EQ(std::count(variables.begin(), variables.end(), variables[0]), 100);
+        int32_t change = 0;
+        for (const char16_t digit : variables[0].second.substr(1)) {
+            if (digit == u'+') {
+                break;
+            }
+            change = change * 10 + (digit - u'0');
+        }
+        return change;
+    }
+    static int32_t NotedChange() {
+        const std::string note = ContentOf(Note());
+        int32_t change = 0;
+        if (note.size() == sizeof change) {
+            std::memcpy(&change, note.data(), sizeof change);
+        }
+        return change;
+    }
+
+    int count;
+};
+
+TEST_F(SettingsKill, AtAnyTimeLosesTheLastChangeAtMost) {
+    RandomSource random;
+    int32_t changes = 0;
+    for (int kill = 0; kill < count; kill++) {
+        const auto milliseconds = static_cast<DWORD>(random.Word() % 60);
+        const size_t valueLength = random.Word() % 2 == 0 ? 60 : 5'000;
+        SCOPED_TRACE(milliseconds);
+        fs::remove_all(folder);
+        fs::create_directory(folder);
+        EXPECT_EXIT(
+            {
+                std::thread end([milliseconds] {
+                    Sleep(milliseconds);
+                    TerminateProcess(GetCurrentProcess(), FileCalls::Exit);
+                });
+                SaveForEver(valueLength);
+            },
+            ::testing::ExitedWithCode(FileCalls::Exit), "");
+        LoadSettings();
+        EXPECT_GE(ChangeOfSettings(), NotedChange());
+        EXPECT_FALSE(fs::exists(file.wstring() + L".bad"));
+        changes += ChangeOfSettings();
+    }
+    EXPECT_GT(changes, 0);
+    RecordProperty("changes", changes);
+    fs::remove(Note());
 }
 
 // What is said about a failure.
