@@ -340,6 +340,15 @@ TEST_F(VariablesWindowTest, TheEndOfTheSessionSavesWhatIsBeingTyped) {
     EXPECT_EQ(PendingUiError(), UiErrorNone);
 }
 
+TEST_F(VariablesWindowTest, TheEndOfTheProgramTakesOverWhatIsBeingTyped) {
+    Add();
+    Type(value, u"2*pi");
+    SendMessageW(mainWindow, WM_CLOSE, 0, 0);
+    EXPECT_EQ(Stored(0), u"2*pi");
+    MSG message;
+    EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+}
+
 TEST_F(VariablesWindowTest, ANameThatIsRefusedGivesWayToTheOldOne) {
     Add();
     Type(name, u"x");

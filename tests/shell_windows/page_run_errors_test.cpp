@@ -4,6 +4,7 @@
 #include "shell/windows/main_window.h"
 #include "shell/windows/program_windows.h"
 #include "shell_windows/page_run_testing.h"
+#include "shell_windows/settings_folder.h"
 
 namespace tallymere {
 namespace {
@@ -319,6 +320,26 @@ TEST_F(PageRunTest, BeginsWithAllErrorsCleared) {
     LoopUntilIdle();
     EXPECT_EQ(answer.boxes, 0);
     EXPECT_TRUE(seen.succeeded);
+}
+
+TEST_F(PageRunTest, SettingsThatCannotBeSavedAreNotReportedDuringARun) {
+    const SettingsFolder settingsFolder;
+    fs::remove_all(settingsFolder.folder);
+    PutBytes(settingsFolder.folder, "mine");
+    settings.settingsDirty = true;
+    const MessageBoxAnswer answer;
+    task.work = RunUntilStopped;
+    ClickStart();
+    EXPECT_FALSE(SaveSettingsOrReport());
+    EXPECT_EQ(answer.boxes, 0);
+    EXPECT_EQ(PendingUiError(), UiErrorNone);
+    StopPageRun(run);
+    LoopUntilIdle();
+    EXPECT_EQ(answer.boxes, 0);
+    EXPECT_FALSE(SaveSettingsOrReport());
+    EXPECT_EQ(answer.boxes, 1);
+    fs::remove_all(settingsFolder.folder);
+    EXPECT_TRUE(SaveSettingsOrReport());
 }
 
 }  // namespace

@@ -114,6 +114,8 @@ void RunMenuCommand(MenuCommand command) {
 }
 
 void EndMessageLoop() {
+    // What is being typed is taken over when its box loses the focus.
+    SetFocus(nullptr);
     PostQuitMessage(0);
 }
 

@@ -28,8 +28,6 @@ int RunProgram(HINSTANCE instance, std::span<const ProgramWindow> windows) {
     BeginMakingWindows(windows);
     OpenMainWindow();
     const int status = RunMessageLoop();
-    // Takes the focus from a box that is being edited, so that it is taken over.
-    SetFocus(nullptr);
     SaveSettingsOrReport();
     DestroyScratchStack();
     return status;
