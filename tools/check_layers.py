@@ -52,7 +52,7 @@ def source_files(root):
     """All sources of the project, as paths relative to root, in a fixed order."""
     return sorted(
         path.relative_to(root)
-        for top in ("src", "console", "tests", "bench")
+        for top in ("src", "console", "tests", "bench", "fuzz")
         for path in (root / top).rglob("*")
         if path.suffix in SOURCE_SUFFIXES)
 

@@ -1,4 +1,4 @@
-# For ./run, ./test, bench/compare and tools/make_icons to source, with `here` set to the root of
+# For ./run, ./test, bench/compare, tools/fuzz and tools/make_icons to source, with `here` set to the root of
 # the project: installs what is missing on Debian and Ubuntu. All messages go to stderr, what apt
 # prints goes to build/packages.log.
 

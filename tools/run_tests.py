@@ -34,6 +34,7 @@ TEST_BUILDS = [
     ("windows-release", "Windows"),
     ("linux-sanitize", "sanitized"),
     ("linux-release", "optimised"),
+    ("fuzz", "fuzzed"),
 ]
 QUICK_BUILDS = [("linux-release", "optimised")]
 WINDOWS_BUILDS = [("windows-release", "Windows")]
@@ -157,7 +158,7 @@ def chosen_programs(programs, wanted):
 
 def check_sources(totals):
     """Checks of layers and format; each counts as one test."""
-    sources = [str(path.relative_to(ROOT)) for top in ("src", "console", "tests", "bench", "tools")
+    sources = [str(path.relative_to(ROOT)) for top in ("src", "console", "tests", "bench", "tools", "fuzz")
                for path in sorted((ROOT / top).rglob("*")) if path.suffix in (".h", ".cpp")]
     checks = [("layers", [sys.executable, "tools/check_layers.py"])]
     if shutil.which("clang-format-14"):
