@@ -32,6 +32,16 @@ std::u16string Decoded(const std::vector<uint8_t>& bytes) {
     return text.data();
 }
 
+// The variables are numbered from 00 on.
+void ExpectNumberedVariables(const std::u16string& written, int64_t count) {
+    for (int64_t i = 0; i < MaxVariables; i++) {
+        const std::u16string key = {static_cast<char16_t>(u'0' + i / 10),
+                                    static_cast<char16_t>(u'0' + i % 10)};
+        const bool isThere = written.find(u"\r\nvariable" + key + u" = ") != std::u16string::npos;
+        EXPECT_EQ(isThere, i < count) << i;
+    }
+}
+
 }  // namespace
 
 void FuzzSettings(FuzzInput& input) {
@@ -48,6 +58,7 @@ void FuzzSettings(FuzzInput& input) {
     EXPECT_FALSE(read.record.settingsDirty);
 
     const std::u16string written = WrittenText(read.record);
+    ExpectNumberedVariables(written, read.record.variableCount);
     const std::u16string stored = Decoded(Encoded(written));
     EXPECT_EQ(stored, written);
     EXPECT_EQ(reference::TwinReadSettings(written).variables, VariablesOf(read.record));

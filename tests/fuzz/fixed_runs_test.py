@@ -15,19 +15,19 @@ PROGRAM = os.environ["TALLYMERE_FUZZER"]
 SEED = 20260401
 # Inputs of a run: as many as take each harness about five seconds.
 RUNS = {
-    "csv": 40000,
-    "equations": 300,
-    "factors": 1500,
-    "formulas": 15000,
-    "grid": 40000,
-    "key_presses": 6000,
-    "number_texts": 40000,
-    "polynomials": 3000,
-    "primes": 800,
-    "settings": 10000,
-    "systems": 3000,
-    "text_formats": 50000,
-    "variables": 10000,
+    "csv": 60000,
+    "equations": 500,
+    "factors": 3000,
+    "formulas": 25000,
+    "grid": 60000,
+    "key_presses": 12000,
+    "number_texts": 70000,
+    "polynomials": 6000,
+    "primes": 1500,
+    "settings": 15000,
+    "systems": 5000,
+    "text_formats": 80000,
+    "variables": 15000,
 }
 
 
@@ -48,7 +48,7 @@ def fixed_run(name, runs):
     with tempfile.TemporaryDirectory() as corpus:
         dictionary = FUZZ / "dictionaries" / f"{name}.dict"
         options = [f"-dict={dictionary}"] if dictionary.exists() else []
-        status, output = fuzz(name, f"-runs={runs}", *REPEATABLE, "-max_len=300", "-timeout=60",
+        status, output = fuzz(name, f"-runs={runs}", *REPEATABLE, "-max_len=1000", "-timeout=60",
                               f"-artifact_prefix={corpus}/", *options, corpus,
                               FUZZ / "seeds" / name)
         return status, output, sorted(path.name for path in Path(corpus).iterdir())
