@@ -47,7 +47,7 @@ void SetThresholds(const Elimination& work) {
     }
     // The noise is the real part of a value; its first part, in cplx.
     RealNumber* noise = RealAt(work.steps.product);
-    SetPowerOfTen(noise, -work.steps.digits - RoundingNoiseDigits);
+    SetPowerOfTen(noise, -(work.steps.digits + numberContext.precisionDigits) / 2);
     RealSub(work.steps.epsilon, work.steps.epsilon, noise);
     SetPowerOfTen(noise, RoundingNoiseDigits - numberContext.precisionDigits);
     RealAdd(RealAt(work.slack), RealAt(work.slack), noise);

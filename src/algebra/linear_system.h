@@ -75,8 +75,9 @@ inline uint64_t* SolutionValue(const LinearSolution& solution, int64_t unknown, 
 ///
 /// Every step rounds to the precision in force. Where this is 2 * RoundingNoiseDigits above
 /// `digits` or more, a difference in the last RoundingNoiseDigits digits is taken for a rounding
-/// error: it does not make one candidate larger than another, does not bring a value below
-/// 10^-digits, and does not decide how a tie is rounded. The result is then the one of these steps
+/// error: it does not make one candidate larger than another and does not decide how a tie is
+/// rounded. Nor does a difference behind the first half of the digits to spare bring a value below
+/// 10^-digits. The result is then the one of these steps
 /// in exact arithmetic, rounded once, unless the elimination lost more digits than there are to
 /// spare. Its condition decides that, and no bound is promised here; a caller may tell it by a
 /// second run with more digits.

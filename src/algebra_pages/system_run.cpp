@@ -28,15 +28,15 @@ static_assert(ExtraDigits[0] == 2 * RoundingNoiseDigits);
 
 // The digits that cells are read with beyond those of SystemNumberSetup and beyond the places
 // between the sizes of coefficients and the unit. They hold every number that a cell has room for
-// with all its digits.
-constexpr int64_t ReadExtraDigits = 1'216;
+// with all its digits. Where a cell needs more, as that of 1/3 does, no run has more than these.
+constexpr int64_t ReadExtraDigits = 1'254;
 static_assert(ReadExtraDigits > CoefficientCharacters);
 constexpr int64_t MostReadPlaces = 7'600;
 
-// Two runs that show the same text are enough where the latter has so many digits beyond those of
-// SystemNumberSetup, and beyond them more than the places between the sizes of coefficients and the
-// unit, also when LeastExtraDigits asks for more. The run before it has ComparedExtraDigits then.
-constexpr int64_t TrustedExtraDigits = 1'178;
+constexpr int64_t MostExtraDigits = ExtraDigits[std::size(ExtraDigits) - 1];
+
+// So many extra digits a run has that one with LeastExtraDigits is compared with, if they are
+// fewer.
 constexpr int64_t ComparedExtraDigits = 570;
 
 // Characters of the sentence about parameters, in every language.
@@ -232,6 +232,17 @@ int64_t LeastExtraDigits(const CoefficientPlaces& places, const SystemRequest& r
            (request.type == NumberTypeComplex ? 2 : 1) * request.count * digits;
 }
 
+bool IsKnownExactly(const LinearSystem& system) {
+    for (int64_t row = 0; row < system.count; row++) {
+        const Magnitude* errors = system.errors[row];
+        if (!std::all_of(errors, errors + system.count + 1,
+                         [](Magnitude e) { return IsZero(e); })) {
+            return false;
+        }
+    }
+    return true;
+}
+
 RunEnding SolveWithDigits(RunText& run, const SystemRequest& request, const LinearSystem& read,
                           const NumberSetup& readSetup, int64_t digits) {
     NumberSetup setup = readSetup;
@@ -250,10 +261,9 @@ RunEnding SolveWithDigits(RunText& run, const SystemRequest& request, const Line
 bool SolveUntilCertain(RunText& shown, RunText& next, const SystemRequest& request) {
     NumberSetup setup = SystemNumberSetup(request);
     const int64_t digits = setup.digits;
-    const int64_t least = LeastExtraDigits(shown.places, request);
-    const int64_t places = shown.places.above + shown.places.below;
-    const int64_t trusted = std::max(TrustedExtraDigits, places + RoundingNoiseDigits);
-    setup.digits += ReadExtraDigits + 2 * RoundingNoiseDigits + std::min(places, MostReadPlaces);
+    const int64_t readExtra =
+        ReadExtraDigits + std::min(shown.places.above + shown.places.below, MostReadPlaces);
+    setup.digits += readExtra;
     const NumberSetupScope numbers(setup);
     ScratchStackScope scope;
     const LinearSystem read = TakeLinearSystem(CurrentScratchStack(), request.count);
@@ -263,17 +273,21 @@ bool SolveUntilCertain(RunText& shown, RunText& next, const SystemRequest& reque
             return false;
         }
     }
-    for (const int64_t extra : ExtraDigits) {
-        if (extra < std::min(least, ComparedExtraDigits) && extra != ExtraDigits[0]) {
+    const int64_t most =
+        IsKnownExactly(read) ? MostExtraDigits : readExtra - 2 * RoundingNoiseDigits;
+    const int64_t least = std::min(LeastExtraDigits(shown.places, request), most);
+    int64_t extra = 0;
+    for (size_t k = 0; extra < most; k++) {
+        if (k > 0 && ExtraDigits[k] < std::min(least, ComparedExtraDigits)) {
             continue;
         }
+        extra = std::min(ExtraDigits[k], most);
         const RunEnding ending = SolveWithDigits(next, request, read, setup, digits + extra);
         if (ending != RunEnding::Shown) {
             return ending != RunEnding::Stopped;
         }
         std::swap(shown, next);
-        const bool isEnough = extra >= std::min(least, trusted);
-        if (shown.isCertain || (isEnough && TextOf(shown) == TextOf(next))) {
+        if (shown.isCertain || (extra >= least && TextOf(shown) == TextOf(next))) {
             return true;
         }
     }

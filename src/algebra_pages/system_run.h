@@ -52,8 +52,8 @@ NumberSetup SystemNumberSetup(const SystemRequest& request);
 /// a tie, runs with more digits follow until one is certain, or two show the same text. So that no
 /// two agree on rounding errors, they have the more digits, the longer the cells are, the further
 /// the sizes of coefficients are from 1 and from each other, and the more equations there are: up
-/// to 1,178 beyond, and up to 8,826 while no two agree. Where none do, as for coefficients beyond
-/// 10^8000, the text of the last one is handed over.
+/// to 8,826 beyond. Where no two agree, as for coefficients beyond 10^8000, the text of the last
+/// one is handed over.
 ///
 /// An error of the first run is that of the request; a later run that fails where the first did not
 /// changes nothing. All later runs take the numbers of one reading, with 1,254 digits more at
