@@ -13,8 +13,10 @@ target_link_libraries(tallymere_windows
 target_include_directories(tallymere_windows INTERFACE ${TALLYMERE_GENERATED_FOLDER})
 
 file(GLOB program_sources CONFIGURE_DEPENDS src/program/windows/*.cpp)
+list(FILTER program_sources EXCLUDE REGEX "/stack_guard\\.cpp$")
 add_executable(tallymere WIN32 ${program_sources} resources/tallymere.rc)
 target_link_libraries(tallymere PRIVATE tallymere_windows tallymere_product_options)
+split_symbols(tallymere)
 set(resource_files
   ${PROJECT_SOURCE_DIR}/resources/app_icon.ico ${PROJECT_SOURCE_DIR}/resources/donate_icon.ico
   ${TALLYMERE_GENERATED_FOLDER}/program_build.h ${TALLYMERE_GENERATED_FOLDER}/tallymere.manifest)

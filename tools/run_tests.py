@@ -45,6 +45,7 @@ SCRIPT_TARGETS = {
     "console": ["tallymere-console"],
     "gui": ["tallymere", "test_pages", "grid_page", "window_probe", "form_tables",
             "stand_in_browser", "tallymere-console"],
+    "packaging": ["tallymere", "tallymere-console"],
 }
 PROGRAMS_AT_ONCE = 2
 # Each has a display and a Wine prefix of its own.
@@ -327,7 +328,7 @@ def test_room(room, wanted, totals):
     if room == "tools":
         test_tools(totals, wanted)
     else:
-        on_windows = room == "gui" or WINDOW_ROOMS.fullmatch(room)
+        on_windows = room in ("gui", "packaging") or WINDOW_ROOMS.fullmatch(room)
         build_and_run(WINDOWS_BUILDS if on_windows else QUICK_BUILDS, totals, room, wanted)
 
 

@@ -6,6 +6,7 @@
 #include "layout/grid_geometry.h"
 #include "layout/grid_table.h"
 #include "toolkit/field_state.h"
+#include "toolkit/system_library.h"
 #include "toolkit/wide_text.h"
 
 #include <oleacc.h>
@@ -13,6 +14,12 @@
 namespace tallymere {
 
 namespace {
+
+// A function of the system's library for programs that read the screen to their users.
+template <typename Function>
+Function FindAccessibilityFunction(const char* name) {
+    return reinterpret_cast<Function>(FindInSystemLibrary(L"oleacc.dll", name));
+}
 
 // The number of a cell as a child of its grid; 0 when there are too many cells for that.
 LONG ChildOf(const GridState& state, int32_t column, int32_t row) {
@@ -109,8 +116,14 @@ struct GridAccessible final : IAccessible {
     }
 
     HRESULT STDMETHODCALLTYPE get_accParent(IDispatch** parent) override {
-        return AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_WINDOW),
-                                          __uuidof(IDispatch), reinterpret_cast<void**>(parent));
+        static const auto accessibleObjectFromWindow =
+            FindAccessibilityFunction<decltype(&AccessibleObjectFromWindow)>(
+                "AccessibleObjectFromWindow");
+        return accessibleObjectFromWindow == nullptr
+                   ? E_NOTIMPL
+                   : accessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_WINDOW),
+                                                __uuidof(IDispatch),
+                                                reinterpret_cast<void**>(parent));
     }
     HRESULT STDMETHODCALLTYPE get_accChildCount(LONG* count) override {
         *count = 0;
@@ -305,11 +318,16 @@ private:
 };
 
 LRESULT AnswerObject(HWND window, HWND grid, WPARAM wParam) {
+    static const auto lresultFromObject =
+        FindAccessibilityFunction<decltype(&LresultFromObject)>("LresultFromObject");
+    if (lresultFromObject == nullptr) {
+        return 0;
+    }
     auto* const object = new (std::nothrow) GridAccessible(window, grid);
     if (object == nullptr) {
         return 0;
     }
-    const LRESULT result = LresultFromObject(__uuidof(IAccessible), wParam, object);
+    const LRESULT result = lresultFromObject(__uuidof(IAccessible), wParam, object);
     object->Release();
     return result;
 }

@@ -1,6 +1,8 @@
 // What stands before the first window is made.
 #include "shell/windows/init_application.h"
 
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -9,6 +11,7 @@
 #include "shell/settings.h"
 #include "shell/ui_error.h"
 #include "shell/ui_text.h"
+#include "shell/windows/program_file.h"
 #include "shell/windows/user_locale.h"
 #include "shell_windows/settings_folder.h"
 #include "toolkit/environment.h"
@@ -19,6 +22,9 @@ extern "C" BOOL(WINAPI* __imp_InitCommonControlsEx)(const INITCOMMONCONTROLSEX*)
 
 namespace tallymere {
 namespace {
+
+namespace fs = std::filesystem;
+using testing_support::UserFolder;
 
 // What is asked of InitCommonControlsEx while it lives; the function is called all the same.
 class CommonControlsCalls {
@@ -96,6 +102,28 @@ TEST_F(InitApplicationTest, KnowsTheModuleTheSystemAndTheScreen) {
     const HDC screen = GetDC(nullptr);
     EXPECT_EQ(screenDpi, GetDeviceCaps(screen, LOGPIXELSY));
     ReleaseDC(nullptr, screen);
+}
+
+TEST_F(InitApplicationTest, LoadsNoLibraryFromTheFolderOfTheProgramOrTheCurrentOne) {
+    Start();
+    // No library at all: whoever finds the file, refuses it.
+    const wchar_t* const name = L"tallymere_planted_library.dll";
+    const fs::path place = fs::path(ProgramFile()).parent_path() / name;
+    std::ofstream(place) << "not a library";
+    EXPECT_EQ(LoadLibraryExW(name, nullptr, LOAD_LIBRARY_SEARCH_APPLICATION_DIR), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_BAD_EXE_FORMAT});
+    EXPECT_EQ(LoadLibraryW(name), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_MOD_NOT_FOUND});
+
+    const fs::path before = fs::current_path();
+    fs::current_path(UserFolder());
+    fs::rename(place, UserFolder() / name);
+    EXPECT_EQ(LoadLibraryW(name), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_MOD_NOT_FOUND});
+    fs::remove(UserFolder() / name);
+    fs::current_path(before);
+
+    EXPECT_NE(LoadLibraryW(L"winmm.dll"), nullptr);
 }
 
 TEST_F(InitApplicationTest, MakesTheFontOfAllControls) {

@@ -25,6 +25,19 @@ Function FindSystemFunction(const wchar_t* module, const char* name) {
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(module), name)));
 }
 
+// Where the system looks for libraries that are loaded from now on by their name alone: in its own
+// folder, and neither where the program lies nor where its files do.
+void LimitLibraryFolders() {
+    using SetDefaultDllDirectoriesFunction = BOOL(WINAPI*)(DWORD);
+    const auto setDefaultDllDirectories = FindSystemFunction<SetDefaultDllDirectoriesFunction>(
+        L"kernel32.dll", "SetDefaultDllDirectories");
+    // Windows 7 has it only with an update; at least the current folder is left out without it.
+    if (setDefaultDllDirectories == nullptr ||
+        setDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32) == 0) {
+        SetDllDirectoryW(L"");
+    }
+}
+
 void FindOsVersion() {
     using RtlGetVersionFunction = LONG(WINAPI*)(OSVERSIONINFOEXW*);
     const auto rtlGetVersion =
@@ -56,6 +69,7 @@ void FindScreenDpi() {
 }  // namespace
 
 void InitApplication(HINSTANCE instance) {
+    LimitLibraryFolders();
     programInstance = instance;
     FindOsVersion();
     const INITCOMMONCONTROLSEX commonControls = {sizeof(commonControls), AllControlClasses};
