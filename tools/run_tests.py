@@ -45,7 +45,7 @@ SCRIPT_TARGETS = {
     "console": ["tallymere-console"],
     "gui": ["tallymere", "test_pages", "grid_page", "window_probe", "form_tables",
             "stand_in_browser", "tallymere-console"],
-    "packaging": ["tallymere", "tallymere-console"],
+    "packaging": ["tallymere", "tallymere-console", "window_probe"],
 }
 PROGRAMS_AT_ONCE = 2
 # Each has a display and a Wine prefix of its own.

@@ -10,7 +10,8 @@ sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
 from help_pages import constants, functions, operators  # noqa: E402
 
 ROOT = Path(__file__).resolve().parents[2]
-TOPS = ("src", "console", "tests", "bench", "tools", "cmake", "resources", "docs", "help", "fuzz")
+TOPS = ("src", "console", "tests", "bench", "tools", "cmake", "resources", "docs", "help", "fuzz",
+        "packaging")
 READMES = sorted(path for top in TOPS for path in (ROOT / top).rglob("README.md"))
 DOCUMENTS = [ROOT / "README.md", *sorted((ROOT / "docs").glob("*.md")), *READMES]
 SOURCE_SUFFIXES = {".h", ".cpp", ".inc", ".py", ".sh", ".cmake", ".txt", ".json", ""}
