@@ -26,7 +26,7 @@ VERSION = project_version()
 EPOCH = 1_700_000_000
 WINE_RUN = ROOT / "cmake" / "wine-run"
 PREFIX = ROOT / "build" / "wine-packaging"
-SECONDS = 60  # the longest that anything is waited for
+SECONDS = 120  # the longest that anything is waited for
 POLL_SECONDS = 0.05
 EXIT_PROGRAM_RUNS = 2
 SYSTEM_DRIVE = PREFIX / "drive_c"
@@ -199,6 +199,7 @@ class InstallerTest(unittest.TestCase):
         self.assertEqual(0, self.install(self.setup))
         probe = Probe()
         self.addCleanup(probe.close)
+        self.addCleanup(probe.end, "tallymere.exe")
         program = subprocess.Popen([WINE_RUN, self.home / "tallymere.exe"], env=ENVIRONMENT,
                                    stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                                    stderr=subprocess.DEVNULL)
