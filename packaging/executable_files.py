@@ -109,6 +109,6 @@ def linux_facts(path):
     """What readelf tells of headers, segments, sections, dynamic section and its symbols."""
     return subprocess.run(
         ["readelf", "--wide", "--file-header", "--segments", "--sections", "--dynamic",
-         "--dyn-syms", "--notes", path],
+         "--dyn-syms", path],
         env={"LC_ALL": "C", "PATH": "/usr/bin:/bin"}, check=True, stdout=subprocess.PIPE,
         encoding="utf-8").stdout
