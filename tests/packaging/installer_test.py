@@ -36,11 +36,15 @@ ENVIRONMENT = {name: value for name, value in os.environ.items() if name != "DIS
 ENVIRONMENT["WINEPREFIX"] = str(PREFIX)
 
 
-def wine(*command, environment=None):
-    """Runs a Windows program to its end."""
-    return subprocess.run(
-        [WINE_RUN, *command], env={**ENVIRONMENT, **(environment or {})}, timeout=SECONDS,
-        stdin=subprocess.DEVNULL, capture_output=True, check=False)
+def wine(*command):
+    """Runs a Windows program to its end; exit status and what it printed. Into a file, since what it
+    starts may live longer and would keep a pipe open."""
+    with tempfile.TemporaryFile() as output:
+        finished = subprocess.run(
+            [WINE_RUN, *command], env=ENVIRONMENT, timeout=SECONDS, stdin=subprocess.DEVNULL,
+            stdout=output, stderr=subprocess.DEVNULL, check=False)
+        output.seek(0)
+        return finished.returncode, output.read().decode("utf-8")
 
 
 def wait_until(condition, what):
@@ -58,7 +62,7 @@ def unix_path(path):
 
 
 def user_folder(name):
-    return unix_path(wine("cmd", "/c", f"echo %{name}%").stdout.decode("utf-8").strip())
+    return unix_path(wine("cmd", "/c", f"echo %{name}%")[1].strip())
 
 
 def files_below(folder):
@@ -74,6 +78,8 @@ class Probe:
         self.process = subprocess.Popen(
             [WINE_RUN, PROBE], env=ENVIRONMENT, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
             stderr=subprocess.DEVNULL, text=True)
+        # It answers once it and the server run.
+        self.ask("processes", "tallymere.exe")
 
     def ask(self, command, argument):
         self.process.stdin.write(f"{command} {argument}\n")
@@ -110,6 +116,9 @@ class InstallerTest(unittest.TestCase):
         cls.old_setup = cls.folder / "tallymere-1.0-setup.exe"
         make_packages.write_installer(cls.old_setup, "1.0", cls.old_files, EPOCH)
         subprocess.run([WINE_RUN, "--prepare"], env=ENVIRONMENT, check=True)
+        # As long as it runs, so does Wine's server, which is not started for each call.
+        cls.probe = Probe()
+        cls.addClassCleanup(cls.probe.close)
         cls.home = user_folder("LOCALAPPDATA") / "Programs" / "Tallymere"
         cls.settings = user_folder("APPDATA") / "Tallymere" / "UserSettings_3.8.ini"
         cls.shortcut = (user_folder("APPDATA")
@@ -124,7 +133,7 @@ class InstallerTest(unittest.TestCase):
         self.settings.write_bytes(b"variables of years")
 
     def install(self, setup, *switches):
-        return wine(setup, "/S", *switches).returncode
+        return wine(setup, "/S", *switches)[0]
 
     def uninstall(self, home, *switches):
         """Removes the program. The uninstaller goes on from a copy of itself when it has ended, and
@@ -135,7 +144,7 @@ class InstallerTest(unittest.TestCase):
 
     def entry(self):
         """What stands about the program in the list of installed programs: {name: value}."""
-        answer = wine("reg", "query", UNINSTALL_KEY).stdout.decode("utf-8")
+        _, answer = wine("reg", "query", UNINSTALL_KEY)
         found = [line.split(None, 2) for line in answer.splitlines() if " REG_" in line]
         return {words[0]: words[2].strip() for words in found if len(words) == 3}
 
@@ -197,26 +206,22 @@ class InstallerTest(unittest.TestCase):
 
     def test_starts_and_is_left_alone_while_it_runs(self):
         self.assertEqual(0, self.install(self.setup))
-        probe = Probe()
-        self.addCleanup(probe.close)
-        self.addCleanup(probe.end, "tallymere.exe")
+        self.addCleanup(self.probe.end, "tallymere.exe")
         program = subprocess.Popen([WINE_RUN, self.home / "tallymere.exe"], env=ENVIRONMENT,
                                    stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                                    stderr=subprocess.DEVNULL)
-        wait_until(lambda: probe.visible_windows("tallymere.exe"), "a window of the program")
+        wait_until(lambda: self.probe.visible_windows("tallymere.exe"), "a window of the program")
         self.assertEqual(EXIT_PROGRAM_RUNS, self.install(self.setup))
         self.assertEqual(EXIT_PROGRAM_RUNS, self.install(self.old_setup))
         self.assert_installed(self.home, self.files, VERSION)
         wine(self.home / "uninstall.exe", "/S", f"_?={self.entry()['InstallLocation']}")
         self.assert_installed(self.home, self.files, VERSION)
-        probe.end("tallymere.exe")
+        self.probe.end("tallymere.exe")
         program.wait(SECONDS)
         self.uninstall(self.home)
         self.assert_nothing_left(self.home)
 
     def test_speaks_the_language_of_the_user(self):
-        probe = Probe()
-        self.addCleanup(probe.close)
         for locale, button in (("C.UTF-8", "Cancel"), ("de_DE.UTF-8", "Abbrechen")):
             with self.subTest(locale=locale):
                 setup = subprocess.Popen(
@@ -225,12 +230,13 @@ class InstallerTest(unittest.TestCase):
                     stderr=subprocess.DEVNULL)
 
                 def texts():
-                    return {control["text"] for window in probe.visible_windows(self.setup.name)
+                    windows = self.probe.visible_windows(self.setup.name)
+                    return {control["text"] for window in windows
                             for control in window["children"]}
                 try:
                     wait_until(lambda: button in texts(), lambda: f"{button} in {texts()}")
                 finally:
-                    probe.end(self.setup.name)
+                    self.probe.end(self.setup.name)
                     setup.wait(SECONDS)
 
 
