@@ -25,7 +25,7 @@ class Work:
 SYSTEMS = {
     "system-real": Work("real", {10: 5, 100: None, 1000: 50}),
     "system-complex": Work("complex", {10: None, 100: None, 1000: None}),
-    "system-moduli": Work("complex, two equal moduli", {10: None, 1000: None}),
+    "system-moduli": Work("complex, two moduli close together", {10: None, 100: None}),
     "system-rational": Work("fractions, from integers of so many digits", {1: 50, 9: None}),
 }
 POLYNOMIALS = {

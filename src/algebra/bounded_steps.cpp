@@ -1,10 +1,14 @@
 #include "algebra/bounded_steps.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "algebra/enclosed_rounding.h"
+#include "algebra/polynomial.h"
+#include "core/limits.h"
 #include "core/real_add.h"
 #include "core/real_integer.h"
+#include "core/real_multiply.h"
 #include "core/scratch.h"
 #include "values/value_operations.h"
 
@@ -40,27 +44,68 @@ Magnitude ErrorOfSum(const BoundedValue& a, const BoundedValue& factor, const Bo
            RoundingOf(RoundingDigits) * (SizeOf(a.value) + times * size);
 }
 
-// Two equal values are known to be that when both are known exactly; equal moduli may be those of
-// different numbers.
-bool OrderIsSure(const BoundedSteps& steps, const BoundedValue& a, const BoundedValue& b) {
+// dest = a^2 - b^2
+void SubtractSquares(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
+    ScratchStackScope scope;
+    RealNumber* sum = RealAt(scope.Take(RealWords()));
+    RealAdd(sum, a, b);
+    RealSub(dest, a, b);
+    RealMul(dest, dest, sum);
+}
+
+// Whether the exponents of all parts lie so close together that no sum or difference of two of them
+// has more than twice the digits in force.
+bool PartsAreNear(const BoundedValue& a, const BoundedValue& b) {
+    int64_t least = std::numeric_limits<int64_t>::max();
+    int64_t most = std::numeric_limits<int64_t>::min();
+    for (const uint64_t* value : {a.value, b.value}) {
+        for (int64_t part = 0; part < ValueRealParts(); part++) {
+            const RealNumber* x = RealAt(value + part * RealWords());
+            if (!RealIsZero(x)) {
+                least = std::min(least, RealExponent(x));
+                most = std::max(most, RealExponent(x));
+            }
+        }
+    }
+    return least > most || most - least < numberContext.precisionDigits;
+}
+
+// True when two values are proven to have the same modulus, as the exact numbers that they are.
+// Products of sums of parts that are near have no more than four times their digits.
+bool HaveEqualModuli(const BoundedValue& a, const BoundedValue& b) {
+    const int64_t digits = numberContext.precisionDigits;
+    const int64_t wideDigits = 4 * digits + 4;
+    if (wideDigits > MaxPrecisionDigits || !PartsAreNear(a, b)) {
+        return false;
+    }
+    const int64_t parts = ValueRealParts();
+    const int64_t words = RealWords();
+    const DigitsScope wide(wideDigits);
+    ScratchStackScope scope;
+    const auto take = [&] { return RealAt(scope.Take(RealWords())); };
+    RealNumber* ofA = take();
+    RealNumber* ofB = take();
+    RealNumber* square = take();
+    RealNumber* sum = take();
+    RealSetZero(sum, 0);
+    for (int64_t part = 0; part < parts; part++) {
+        RealConvertPrecision(ofA, wideDigits, RealAt(a.value + part * words), digits);
+        RealConvertPrecision(ofB, wideDigits, RealAt(b.value + part * words), digits);
+        SubtractSquares(square, ofA, ofB);
+        RealAdd(sum, sum, square);
+    }
+    return RealIsZero(sum);
+}
+
+// Two equal values are known to be that when both are known exactly.
+bool OrderIsSure(const BoundedValue& a, const BoundedValue& b) {
     const Magnitude sizeOfA = SizeOf(a.value);
     const Magnitude sizeOfB = SizeOf(b.value);
     if (IsSurelyBelow(sizeOfA + *a.error, Excess(sizeOfB, *b.error)) ||
         IsSurelyBelow(sizeOfB + *b.error, Excess(sizeOfA, *a.error))) {
         return true;
     }
-    if (!IsZero(*a.error) || !IsZero(*b.error)) {
-        return false;
-    }
-    if (ValueRealParts() == 2) {
-        return ValueIsZero(a.value) && ValueIsZero(b.value);
-    }
-    RealSub(RealAt(steps.product), RealAt(a.value), RealAt(b.value));
-    if (RealIsZero(RealAt(steps.product))) {
-        return true;
-    }
-    RealAdd(RealAt(steps.product), RealAt(a.value), RealAt(b.value));
-    return RealIsZero(RealAt(steps.product));
+    return IsZero(*a.error) && IsZero(*b.error) && HaveEqualModuli(a, b);
 }
 
 // Whether all that a value may be rounds alike, and also what lies within the noise beside it.
@@ -154,7 +199,7 @@ bool IsZero(const BoundedSteps& steps, const BoundedValue& a) {
 
 void NoteOrder(const BoundedSteps& steps, const BoundedValue& a, const BoundedValue& b) {
     if (BoundsErrors(steps)) {
-        NoteDecision(steps, OrderIsSure(steps, a, b));
+        NoteDecision(steps, OrderIsSure(a, b));
     }
 }
 

@@ -17,20 +17,23 @@ class SystemMemory : public PageRunTest {
     CoreScratchCount count_;
 };
 
-// Two candidates have the same modulus, so that only the last run has digits enough, and all unknowns
-// depend on as many parameters as leave them long.
+// No bound decides which of two candidates is larger, one cell is long, and another one large: that
+// takes the most digits in reading and in the last run. All unknowns depend on as many parameters as
+// leave them long.
 TEST_F(SystemMemory, StaysWithinItsBounds) {
     SystemTexts cells(25, std::vector<std::string>(26, "0"));
     for (size_t i = 0; i < 12; i++) {
         for (size_t j = 0; j < 26; j++) {
-            cells[i][j] = i == j ? "1" : j < 12 ? "0" : "1/(" + std::to_string(i + j) + "+i)";
+            cells[i][j] = i == j ? "1" : j < 12 ? "0" : std::to_string(i + j) + "+3*i";
         }
     }
-    cells[1][0] = "i";
+    cells[0][25] = "0." + std::string(1000, '7');
+    cells[1][0] = "1+1e-30*i";
+    cells[2][25] = "1e8000";
     const std::string text = ShownSystem(cells, NumberTypeComplex, 1000);
     EXPECT_NE(text.find("The parameter variables r, s, t, u, v1,"), text.npos);
-    ExpectMostOfScratchStack("RunSystem", 4'869'080);
-    ExpectMostOfCoreScratch("RunSystem", 9'664);
+    ExpectMostOfScratchStack("RunSystem", 17'846'776);
+    ExpectMostOfCoreScratch("RunSystem", 49'808);
 }
 
 TEST_F(SystemMemory, StaysWithinItsBoundsForFractions) {
