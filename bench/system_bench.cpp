@@ -70,7 +70,7 @@ Cells MakeCells(const SystemWork& work, int64_t size) {
         cells.push_back(work.make(random, size));
     }
     if (work.hasCloseModuli) {
-        cells[0] = "1";
+        cells[0] = std::string("1");
         cells[Count + 1] = "1+0.0000000000000000000000000001*i";
     }
     return cells;
