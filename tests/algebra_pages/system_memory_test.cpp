@@ -18,8 +18,8 @@ class SystemMemory : public PageRunTest {
 };
 
 // No bound decides which of two candidates is larger, one cell is long, and another one large: that
-// takes the most digits in reading and in the last run. All unknowns depend on as many parameters as
-// leave them long.
+// takes the most digits in reading and in the last run. All unknowns depend on as many parameters
+// as leave them long.
 TEST_F(SystemMemory, StaysWithinItsBounds) {
     SystemTexts cells(25, std::vector<std::string>(26, "0"));
     for (size_t i = 0; i < 12; i++) {

@@ -428,7 +428,7 @@ def blocked_in_writing(process):
 
 
 class InterruptTest(ConsoleCase):
-    LONG = b"1e999999999 mod 7\n"
+    LONG = b"npr(1e12;1e11)\n"
 
     def interrupt_running(self, arguments, lines):
         with start(arguments) as process:
@@ -454,9 +454,7 @@ class InterruptTest(ConsoleCase):
 
     def test_every_long_function_can_be_stopped(self):
         for number_type in ("real", "cplx"):
-            for formula in ("fact(4000000)", "ncr(1e9;5e8)", "npr(1e12;1e11)",
-                            "gcd(10^1000000000;7)", "lcm(7;10^1000000000)",
-                            "10^1000000000 mod 7"):
+            for formula in ("fact(4000000)", "ncr(1e9;5e8)", "npr(1e12;1e11)"):
                 with self.subTest(formula=formula, type=number_type):
                     self.assertEqual(
                         [error_line(10210, 1)],
@@ -474,7 +472,7 @@ class InterruptTest(ConsoleCase):
 
     def test_a_running_variable_fails(self):
         self.assertEqual([error_line(10212, 3)],
-                         self.interrupt_running(["--var", "x=1e999999999 mod 7"], b"2*x\n3\n"))
+                         self.interrupt_running(["--var", "x=npr(1e12;1e11)"], b"2*x\n3\n"))
 
     def test_a_waiting_console_ends(self):
         with start() as process:
