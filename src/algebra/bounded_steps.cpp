@@ -44,13 +44,20 @@ Magnitude ErrorOfSum(const BoundedValue& a, const BoundedValue& factor, const Bo
            RoundingOf(RoundingDigits) * (SizeOf(a.value) + times * size);
 }
 
-// dest = a^2 - b^2
-void SubtractSquares(RealNumber* dest, const RealNumber* a, const RealNumber* b) {
+// dest = |a|^2 - |b|^2
+void SubtractSquares(RealNumber* dest, const uint64_t* a, const uint64_t* b) {
     ScratchStackScope scope;
     RealNumber* sum = RealAt(scope.Take(RealWords()));
-    RealAdd(sum, a, b);
-    RealSub(dest, a, b);
-    RealMul(dest, dest, sum);
+    RealNumber* difference = RealAt(scope.Take(RealWords()));
+    RealSetZero(dest, 0);
+    for (int64_t part = 0; part < ValueRealParts(); part++) {
+        const RealNumber* x = RealAt(a + part * RealWords());
+        const RealNumber* y = RealAt(b + part * RealWords());
+        RealAdd(sum, x, y);
+        RealSub(difference, x, y);
+        RealMul(difference, difference, sum);
+        RealAdd(dest, dest, difference);
+    }
 }
 
 // Whether the exponents of all parts lie so close together that no sum or difference of two of them
@@ -78,31 +85,38 @@ bool HaveEqualModuli(const BoundedValue& a, const BoundedValue& b) {
     if (wideDigits > MaxPrecisionDigits || !PartsAreNear(a, b)) {
         return false;
     }
-    const int64_t parts = ValueRealParts();
     const int64_t words = RealWords();
     const DigitsScope wide(wideDigits);
     ScratchStackScope scope;
-    const auto take = [&] { return RealAt(scope.Take(RealWords())); };
-    RealNumber* ofA = take();
-    RealNumber* ofB = take();
-    RealNumber* square = take();
-    RealNumber* sum = take();
-    RealSetZero(sum, 0);
-    for (int64_t part = 0; part < parts; part++) {
-        RealConvertPrecision(ofA, wideDigits, RealAt(a.value + part * words), digits);
-        RealConvertPrecision(ofB, wideDigits, RealAt(b.value + part * words), digits);
-        SubtractSquares(square, ofA, ofB);
-        RealAdd(sum, sum, square);
-    }
-    return RealIsZero(sum);
+    const auto widen = [&](const uint64_t* value) {
+        uint64_t* widened = scope.Take(ValueRealParts() * RealWords());
+        for (int64_t part = 0; part < ValueRealParts(); part++) {
+            RealConvertPrecision(RealAt(widened + part * RealWords()), wideDigits,
+                                 RealAt(value + part * words), digits);
+        }
+        return widened;
+    };
+    const uint64_t* ofA = widen(a.value);
+    const uint64_t* ofB = widen(b.value);
+    RealNumber* difference = RealAt(scope.Take(RealWords()));
+    SubtractSquares(difference, ofA, ofB);
+    return RealIsZero(difference);
+}
+
+// True when the squares of two moduli differ by more than the errors and the noise can do.
+bool HaveUnequalModuli(const BoundedValue& a, const BoundedValue& b) {
+    ScratchStackScope scope;
+    RealNumber* difference = RealAt(scope.Take(RealWords()));
+    SubtractSquares(difference, a.value, b.value);
+    const Magnitude sum = SizeOf(a.value) + SizeOf(b.value);
+    const Magnitude error = *a.error + *b.error;
+    const Magnitude bound = (sum + error) * error + sum * sum * RoundingOf(RoundingNoiseDigits + 1);
+    return IsSurelyBelow(bound, MagnitudeOf(difference));
 }
 
 // Two equal values are known to be that when both are known exactly.
 bool OrderIsSure(const BoundedValue& a, const BoundedValue& b) {
-    const Magnitude sizeOfA = SizeOf(a.value);
-    const Magnitude sizeOfB = SizeOf(b.value);
-    if (IsSurelyBelow(sizeOfA + *a.error, Excess(sizeOfB, *b.error)) ||
-        IsSurelyBelow(sizeOfB + *b.error, Excess(sizeOfA, *a.error))) {
+    if (HaveUnequalModuli(a, b)) {
         return true;
     }
     return IsZero(*a.error) && IsZero(*b.error) && HaveEqualModuli(a, b);

@@ -287,7 +287,9 @@ TEST_F(LinearSystems, AreCertainWhereNothingIsClose) {
         EXPECT_TRUE(IsCertain({{{"0"}, {"1"}, {"2"}}, {{"0"}, {"0"}, {"0"}}}));
         EXPECT_TRUE(IsCertain({{{"3 4"}, {"1"}, {"2"}}, {{"4 -3"}, {"-7"}, {"1"}}}))
             << "the same modulus";
-        EXPECT_FALSE(IsCertain({{{"3 4"}, {"1"}, {"2"}}, {{"4 3.00000000000001"}, {"7"}, {"1"}}}));
+        EXPECT_FALSE(IsCertain({{{"3 4"}, {"1"}, {"2"}},
+                                {{"4 3.0000000000000000000000000000000000000001"}, {"7"}, {"1"}}}));
+        EXPECT_TRUE(IsCertain({{{"3 4"}, {"1"}, {"2"}}, {{"4 3.00000000000001"}, {"7"}, {"1"}}}));
         EXPECT_FALSE(IsCertain({{{"1e30"}, {"1"}, {"2"}}, {{"1e30 1e-30"}, {"7"}, {"1"}}}))
             << "parts that are too far from each other to tell";
     }
