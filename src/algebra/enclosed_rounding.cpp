@@ -9,6 +9,10 @@
 namespace tallymere {
 
 bool RoundsAlike(RealNumber* rounded, const RealNumber* x, int64_t error, int64_t digits) {
+    // Both ends may have different signs, or one of them may be 0.
+    if (RealExponent(x) <= error) {
+        return false;
+    }
     ScratchStackScope scope;
     RealNumber* distance = RealAt(scope.Take(RealWords()));
     RealNumber* other = RealAt(scope.Take(RealWords()));

@@ -232,6 +232,12 @@ TEST_F(SystemRun, KeepsAResultWhereALaterRunCannotBeCalculated) {
         "x1 = 1e+3000000000000000000\nx2 = 1\n");
 }
 
+// The error of x1 is as large as x1 in the run with 38 digits more.
+TEST_F(SystemRun, GoesOnWhereAnErrorIsAsLargeAsTheValue) {
+    EXPECT_EQ(ShownSystem({{"1", "1e46", "1e46+1"}, {"0", "1", "1"}}, NumberTypeReal),
+              "x1 = 1\nx2 = 1\n");
+}
+
 TEST_F(SystemRun, TakesACellForZeroThatIsNothingButRounding) {
     const std::string unsolvable = "Equation system is unsolvable!\n";
     const std::string parameter =

@@ -138,10 +138,9 @@ TEST(RealDivMod, LooksAtTheByteBeforeEveryLimb) {
     EXPECT_EQ(DivMod("1e21", "3"), "nan rest nan CalcErrorCancelled");
 }
 
+#ifndef TALLYMERE_CHECKED_SCRATCH
+// The byte lies where nothing has been taken yet, which checked memory does not allow.
 TEST(RealDivMod, LooksAtTheByteBeforeEveryProduct) {
-    if (CheckedScratch) {
-        GTEST_SKIP() << "the byte lies where nothing has been taken yet";
-    }
     PrecisionScope scope(38);
     // The byte lies behind quotient, divisor, remainder and product, in the power of 10: it is the
     // highest of its first limb, which is 0 at first.
@@ -159,6 +158,7 @@ TEST(RealDivMod, LooksAtTheByteBeforeEveryProduct) {
     EXPECT_EQ(PlainText(remainder), "nan");
     EXPECT_EQ(TakeCode(), CalcErrorCancelled);
 }
+#endif
 
 TEST(RealDivMod, RemainderBelowTheRangeIsZero) {
     PrecisionScope scope(20);
