@@ -4,6 +4,7 @@ console_support.py tells of the environment. Expected values are computed here: 
 by Miller-Rabin tests, divisors by trial.
 """
 
+import fcntl
 import math
 import os
 import random
@@ -11,6 +12,7 @@ import select
 import signal
 import subprocess
 import sys
+import termios
 import time
 import unittest
 
@@ -342,6 +344,21 @@ if NATIVE:
                 self.assertEqual(130, process.wait(SECONDS))
                 self.assertTrue(rest.startswith(b"{ 2, 3, 5, 7, 11, 13"), rest[:80])
                 self.assertNotIn(b"error", rest)
+                self.assertTrue(rest.endswith(b"\n"))
+
+        def test_ctrl_c_while_the_output_waits_for_its_reader(self):
+            with start(["primes", "--interval", "2147483647", "1"]) as process:
+                deadline = time.monotonic() + SECONDS
+                unread = b"\0" * 4
+                while int.from_bytes(unread, sys.byteorder) < 60000:
+                    self.assertLess(time.monotonic(), deadline)
+                    time.sleep(0.01)
+                    unread = fcntl.ioctl(process.stdout, termios.FIONREAD, b"\0" * 4)
+                time.sleep(0.2)
+                process.send_signal(signal.SIGINT)
+                time.sleep(0.2)
+                rest = process.stdout.read()
+                self.assertEqual(130, process.wait(SECONDS))
                 self.assertTrue(rest.endswith(b"\n"))
 
         def test_ctrl_c_within_a_test(self):
