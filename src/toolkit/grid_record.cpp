@@ -78,12 +78,8 @@ bool StoreGridCell(GridRecord& grid, int32_t column, int32_t row, std::u16string
     if (cell == nullptr) {
         return false;
     }
-    const bool widens = WidensFor(grid, row);
-    if (text.empty() && GridCellText(cell).empty() && !widens) {
-        return true;
-    }
     StoreGridText(cell->text, text);
-    if (widens) {
+    if (WidensFor(grid, row)) {
         FitGridCell(grid.state, column, row, ExtentOf(grid, row, GridCellText(cell)));
     }
     RepaintGrid(grid);
