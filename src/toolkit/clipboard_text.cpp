@@ -6,6 +6,11 @@
 
 namespace tallymere {
 
+std::u16string_view TextInBlock(const char16_t* text, size_t bytes) {
+    const std::u16string_view block(text, bytes / sizeof(char16_t));
+    return block.substr(0, block.find(u'\0'));
+}
+
 ClipboardText::ClipboardText(HWND owner) : isOpen_(OpenClipboard(owner) != 0) {
     memory_ = isOpen_ ? GetClipboardData(CF_UNICODETEXT) : nullptr;
     text_ = memory_ != nullptr ? static_cast<const wchar_t*>(GlobalLock(memory_)) : nullptr;
@@ -21,7 +26,7 @@ ClipboardText::~ClipboardText() {
 }
 
 std::u16string_view ClipboardText::View() const {
-    return IsThere() ? FromWide(text_) : u"";
+    return IsThere() ? TextInBlock(FromWide(text_), GlobalSize(memory_)) : u"";
 }
 
 void PutOnClipboard(HWND owner, std::u16string_view text) {

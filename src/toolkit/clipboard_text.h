@@ -1,11 +1,16 @@
 // The text on the clipboard.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 #include "toolkit/win32.h"
 
 namespace tallymere {
+
+/// The text in a block of memory of so many bytes: what is before its first zero, all of it without
+/// one, since other programs may forget the zero. No copy is made.
+std::u16string_view TextInBlock(const char16_t* text, size_t bytes);
 
 /// The text on the clipboard. It does not change as long as this record lives.
 class ClipboardText {
