@@ -36,6 +36,29 @@ TEST_F(ErrorReport, ShowsTheMessageUnderTheTitleErrorAboveTheActiveWindow) {
     EXPECT_TRUE(answer.hasIcon);
 }
 
+TEST_F(ErrorReport, BelongsToTheUppermostUsableWindowWhileAnotherProgramIsInFront) {
+    const HWND page = CreateDialogWindow(nullptr, {100, 100}, u"Page", nullptr, 0, 0);
+    const HWND shutOut = CreateDialogWindow(nullptr, {100, 100}, u"Shut out", nullptr, 0, 0);
+    const HWND hidden = CreateDialogWindow(nullptr, {100, 100}, u"Hidden", nullptr, 0, 0);
+    for (const HWND window : {dialog, page, shutOut}) {
+        ShowWindow(window, SW_SHOWNORMAL);
+    }
+    EnableWindow(shutOut, FALSE);
+    for (const HWND uppermost : {page, dialog}) {
+        SetWindowPos(uppermost, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        SetWindowPos(shutOut, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        SetForegroundWindow(GetDesktopWindow());
+        ASSERT_EQ(GetActiveWindow(), nullptr);
+        SetUiError(UiErrorInternal);
+        ReportUiError();
+        EXPECT_EQ(answer.owner, uppermost);
+    }
+    EXPECT_EQ(answer.boxes, 2);
+    for (const HWND window : {page, shutOut, hidden}) {
+        DestroyWindow(window);
+    }
+}
+
 TEST_F(ErrorReport, SpeaksTheLanguageOfTheProgram) {
     InstallLanguage(LanguageGerman);
     SetUiError(UiErrorDivisionByZero);
