@@ -1,7 +1,13 @@
 // A page that calculates, from the press of its button to the moment when it listens again.
 #include "shell/windows/page_run.h"
 
+#include <atomic>
+#include <cstdint>
+#include <utility>
+
 #include "shell_windows/page_run_testing.h"
+
+#include <process.h>
 
 namespace tallymere {
 namespace {
@@ -178,20 +184,45 @@ TEST_F(PageRunTest, APageWithoutStopCalculatesOnTheUiThread) {
     EXPECT_EQ(seen.shownBusy, (std::vector<bool>{true, false}));
 }
 
-TEST_F(PageRunTest, ARunWhoseEndCannotBePostedEndsAllTheSame) {
-    const EndPoster system = postEnd;
-    postEnd = [](HWND) { return false; };
-    ClickStart();
-    LoopUntilIdle();
-    postEnd = system;
-    EXPECT_TRUE(seen.succeeded);
-    EXPECT_EQ(TextOf(output), "old\r\nfirst\r\nsecond\r\n");
-    task.work = RunUntilStopped;
-    ClickStart();
-    SendMessageW(page, WM_TIMER, TextTimer, 0);
-    EXPECT_EQ(run.states.phase, StopShown) << "the end of the run before is not that of this one";
-    StopPageRun(run);
-    LoopUntilIdle();
+// How often the queue is still full, and what the system does when it is not.
+std::atomic<int32_t> refusals = 0;
+EndPoster systemPoster = nullptr;
+
+bool PostWhenThereIsRoom(HWND page) {
+    return refusals-- <= 0 && systemPoster(page);
+}
+
+TEST_F(PageRunTest, ARunWhoseEndFindsAFullQueueEndsAllTheSame) {
+    const NoTimers refused;
+    systemPoster = std::exchange(postEnd, PostWhenThereIsRoom);
+    for (int32_t runs = 0; runs < 2; runs++) {
+        refusals = 3;
+        ClickStart();
+        LoopUntilIdle();
+        EXPECT_EQ(refusals, -1);
+        EXPECT_TRUE(seen.succeeded);
+    }
+    postEnd = systemPoster;
+    EXPECT_EQ(TextOf(output), "old\r\nfirst\r\nsecond\r\nfirst\r\nsecond\r\n");
+}
+
+// The thread of the last run, until it has ended.
+HANDLE threadOfRun = nullptr;
+
+bool MakeWatchedThread(unsigned(__stdcall* entry)(void*)) {
+    threadOfRun = reinterpret_cast<HANDLE>(_beginthreadex(nullptr, 0, entry, nullptr, 0, nullptr));
+    return threadOfRun != nullptr;
+}
+
+TEST_F(PageRunTest, TheThreadOfAPageThatIsGoneEnds) {
+    constexpr DWORD LongEnough = 20'000;
+    const HWND gone = CreateDialogWindow(nullptr, {10, 10}, u"", nullptr, 0, 0);
+    DestroyWindow(gone);
+    const ThreadMaker systemMaker = std::exchange(makeThread, MakeWatchedThread);
+    ASSERT_TRUE(StartCalcThread(gone, [] {}));
+    makeThread = systemMaker;
+    EXPECT_EQ(WaitForSingleObject(threadOfRun, LongEnough), WAIT_OBJECT_0);
+    CloseHandle(threadOfRun);
 }
 
 TEST_F(PageRunTest, ATimerThatIsRefusedEndsAtOnce) {

@@ -2,8 +2,6 @@
 
 #include "core/scratch.h"
 
-#include <atomic>
-
 #include <process.h>
 
 namespace tallymere {
@@ -27,7 +25,8 @@ struct CalcThreadStart {
 };
 CalcThreadStart calcThreadStart;
 
-std::atomic<bool> endIsUnposted = false;
+// After a refusal of the queue, which is full while the UI thread takes no message.
+constexpr DWORD PostAgainMilliseconds = 20;
 
 bool PostEndToPage(HWND page) {
     return PostMessageW(page, PageWorkerMessage, PageWorkerEnded, 0) != FALSE;
@@ -39,8 +38,8 @@ unsigned __stdcall CalcThreadEntry(void*) {
     // The page may start the next run as soon as it has the message.
     const HWND page = calcThreadStart.page;
     DestroyScratchStack();
-    if (!postEnd(page)) {
-        endIsUnposted = true;
+    while (!postEnd(page) && IsWindow(page)) {
+        Sleep(PostAgainMilliseconds);
     }
     return 0;
 }
@@ -52,12 +51,7 @@ EndPoster postEnd = PostEndToPage;
 
 bool StartCalcThread(HWND page, PageWorker worker) {
     calcThreadStart = {page, worker};
-    endIsUnposted = false;
     return makeThread(CalcThreadEntry);
-}
-
-bool TakeUnpostedEnd() {
-    return endIsUnposted.exchange(false);
 }
 
 }  // namespace tallymere

@@ -27,11 +27,9 @@ using PageWorker = void (*)();
 
 /// Starts the CalcThread of a page, which runs the worker and then posts PageWorkerEnded to the
 /// page. Returns false if no thread can be made; nothing runs then. No other CalcThread may run.
+/// While the queue of the page is full, the thread posts again and again until the page is there no
+/// more: without that message a page would be busy for ever.
 bool StartCalcThread(HWND page, PageWorker worker);
-
-/// True, once, when a CalcThread has ended and could not post it, as the queue of the UI thread was
-/// full. The page kit asks from time to time, else its page would be busy for ever.
-bool TakeUnpostedEnd();
 
 /// Makes a thread that runs `entry` and ends, and returns whether there is one. Tests put a
 /// function in its place that makes none.
@@ -39,7 +37,7 @@ using ThreadMaker = bool (*)(unsigned(__stdcall* entry)(void*));
 extern ThreadMaker makeThread;
 
 /// Posts PageWorkerEnded to a page, and returns whether that worked. Tests put a function in its
-/// place that posts nothing.
+/// place that is refused at first.
 using EndPoster = bool (*)(HWND page);
 extern EndPoster postEnd;
 

@@ -198,9 +198,6 @@ void HandleTimer(PageRun& run, PageTimer timer) {
     } else if (IsPageCalculating(run.states)) {
         const bool isMoreToCome = ShowPageText(run.controls.output);
         startTimer(run.page, TextTimer, TextTimerMilliseconds(isMoreToCome));
-        if (TakeUnpostedEnd()) {
-            EndRun(run);
-        }
     }
 }
 
