@@ -167,6 +167,54 @@ TEST_F(CalculatorRunTest, ARunDisablesOtherWindowsAndWhatChangesTheNumbers) {
     }
 }
 
+TEST_F(CalculatorRunTest, NothingSetsUpNumbersUnderARun) {
+    ChooseType(NumberTypeReal);
+    const bool lowerCase = settings.useLowerCaseHex;
+    const int64_t base = calculator.calcOutputBase;
+    const int32_t precision = static_cast<int32_t>(calculator.calcPrecision);
+    SetFormula(EndlessFormula);
+    Press(ActionEvaluate);
+    settings.settingsDirty = false;
+    // Another program can do all that.
+    ChooseType(NumberTypeUint);
+    ChooseAngleUnit(AngleDegrees);
+    SetNumericPosition(ControlOf(ContainerPrecision), precision + 7);
+    SyncNumericUpDown(ControlOf(ContainerPrecision), true, true);
+    const HWND bases = NumberBaseList(ControlOf(ContainerNumberBase));
+    SendMessageW(bases, CB_SETCURSEL, 0, 0);
+    SendMessageW(GetParent(bases), WM_COMMAND, MAKEWPARAM(0, CBN_CLOSEUP),
+                 reinterpret_cast<LPARAM>(bases));
+    SendMessageW(calculatorWindows.container, WM_COMMAND, MAKEWPARAM(0, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(ControlOf(ContainerCaseKey)));
+    EXPECT_EQ(CurrentNumberSetup().type, NumberTypeReal);
+    EXPECT_EQ(Phase(), PageBusy);
+    RequestStop();
+    FinishRun();
+    EXPECT_FALSE(settings.settingsDirty);
+    EXPECT_EQ(settings.numberType, NumberTypeReal);
+    EXPECT_EQ(settings.angleType, AngleRadians);
+    EXPECT_EQ(calculator.calcPrecision, precision);
+    EXPECT_EQ(calculator.calcOutputBase, base);
+    EXPECT_EQ(settings.useLowerCaseHex, lowerCase);
+    EXPECT_EQ(SendMessageW(ControlOf(ContainerTypeSlider), TBM_GETPOS, 0, 0),
+              PositionOfType(NumberTypeReal));
+    EXPECT_EQ(SendMessageW(ControlOf(ContainerAngleSlider), TBM_GETPOS, 0, 0),
+              PositionOfAngle(AngleRadians));
+    EXPECT_EQ(NumericPosition(ControlOf(ContainerPrecision)), precision);
+    EXPECT_EQ(SelectedNumberBase(ControlOf(ContainerNumberBase)), base);
+}
+
+TEST_F(CalculatorRunTest, WhatIsTypedAfterEqualsIsNotEvaluated) {
+    SetFormula(u"2*(3");
+    Press(ActionEvaluate);
+    const HWND field = ControlOf(CalculatorFormula);
+    SendMessageW(field, EM_SETSEL, 0, -1);
+    SendMessageW(field, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L"7+"));
+    FinishRun();
+    EXPECT_EQ(Result(), u"6");
+    EXPECT_EQ(Formula(), u"7+");
+}
+
 TEST_F(CalculatorRunTest, ALongRunIsStoppedByItsKeyInSilence) {
     Evaluate(u"6");
     const std::vector<bool> before = EnabledKeys();
@@ -353,7 +401,7 @@ TEST_F(CalculatorRunTest, AFormulaThatIsTooLongIsReportedAndKept) {
     EXPECT_EQ(Phase(), PageIdle);
     EXPECT_FALSE(calculator.resultValid);
     EXPECT_EQ(Formula().size(), 88'662u);
-    // A parenthesis that is added makes it too long for the thread.
+    // A parenthesis that is added makes it too long.
     Evaluate(u"(" + longest.substr(1));
     EXPECT_EQ(answer.boxes, 2);
     EXPECT_EQ(answer.text, tooLong);

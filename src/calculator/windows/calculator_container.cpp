@@ -28,8 +28,19 @@ int32_t SliderPosition(ContainerControl slider) {
     return static_cast<int32_t>(SendMessageW(ControlOf(slider), TBM_GETPOS, 0, 0));
 }
 
+void SetSliderPosition(ContainerControl slider, int32_t position) {
+    SendMessageW(ControlOf(slider), TBM_SETPOS, TRUE, position);
+}
+
+// The controls that set up numbers are disabled during a run, but other programs can speak to them
+// all the same. Numbers that they set up would be those of the run. So a slider goes back then.
 void HandleSlider(HWND slider, int32_t news) {
     if (!MovesSlider(news)) {
+        return;
+    }
+    if (IsRunUnderWay()) {
+        SetSliderPosition(ContainerTypeSlider, PositionOfType(settings.numberType));
+        SetSliderPosition(ContainerAngleSlider, PositionOfAngle(settings.angleType));
         return;
     }
     const NumberSetupScope scope(CalcNumberSetup());
@@ -45,7 +56,11 @@ void HandleSlider(HWND slider, int32_t news) {
     }
 }
 
-void HandlePrecision(HWND, int32_t precision) {
+void HandlePrecision(HWND field, int32_t precision) {
+    if (IsRunUnderWay()) {
+        SetNumericPosition(field, static_cast<int32_t>(calculator.calcPrecision));
+        return;
+    }
     const NumberSetupScope scope(CalcNumberSetup());
     ChoosePrecision(settings, precision);
     ShowResultState();
@@ -62,6 +77,11 @@ void ShowResultAnew() {
 }
 
 void HandleOutputBase(int32_t base) {
+    if (IsRunUnderWay()) {
+        SelectNumberBase(ControlOf(ContainerNumberBase),
+                         static_cast<int32_t>(calculator.calcOutputBase));
+        return;
+    }
     if (ChooseOutputBase(settings, base)) {
         ShowResultAnew();
     }
@@ -69,6 +89,9 @@ void HandleOutputBase(int32_t base) {
 }
 
 void HandleCaseKey() {
+    if (IsRunUnderWay()) {
+        return;
+    }
     if (SwitchLetterCase(settings)) {
         ShowResultAnew();
     }
@@ -151,7 +174,7 @@ void SetSlider(ContainerControl slider, int32_t first, int32_t last, int32_t pos
     // The range that a slider has at first ends below the new one, so that the end comes first.
     SendMessageW(window, TBM_SETRANGEMAX, FALSE, last);
     SendMessageW(window, TBM_SETRANGEMIN, FALSE, first);
-    SendMessageW(window, TBM_SETPOS, TRUE, position);
+    SetSliderPosition(slider, position);
 }
 
 // The field counts this precision as reported, so leaving it without a change reports nothing. A

@@ -30,12 +30,16 @@ namespace {
 // Written by the CalcThread, read when it has posted its end.
 CalcEvaluation lastEvaluation;
 
-// The formula as it stands in its field, on the ScratchStack of the calling thread. One that is too
-// long raises UiErrorTextOverflow.
-const char16_t* ReadFormula(ScratchScope& scope) {
+// What the CalcThread evaluates. It lies on the ScratchStack of the UI thread until the end of the
+// run.
+const char16_t* formulaOfRun = nullptr;
+
+// The formula as it stands in its field, on the ScratchStack. One that is too long raises
+// UiErrorTextOverflow.
+const char16_t* ReadFormula() {
     bool isCut = false;
-    const char16_t* formula =
-        TakeWindowText(scope, ControlOf(CalculatorFormula), CalcFormulaCharacters, &isCut);
+    const char16_t* formula = TakeWindowText(CurrentScratchStack(), ControlOf(CalculatorFormula),
+                                             CalcFormulaCharacters, &isCut);
     if (isCut) {
         SetUiError(UiErrorTextOverflow);
     }
@@ -52,7 +56,7 @@ void EditFormula(int64_t from, int64_t to, const char16_t* text) {
 
 void AppendMissingParentheses() {
     ScratchStackScope scope;
-    const int64_t missing = CountMissingParentheses(ReadFormula(scope));
+    const int64_t missing = CountMissingParentheses(ReadFormula());
     if (missing == 0) {
         return;
     }
@@ -63,17 +67,16 @@ void AppendMissingParentheses() {
     EditFormula(end, end, text);
 }
 
-// The work of the CalcThread. It reads the formula itself, since the text has to lie on a
-// ScratchStack until the end of the run; the UI thread answers from its message loop.
-void EvaluateFormulaField() {
-    ScratchStackScope scope;
-    const char16_t* formula = ReadFormula(scope);
-    lastEvaluation = CalculateResult(formula);
+// The work of the CalcThread.
+void EvaluateFormulaOfRun() {
+    lastEvaluation = CalculateResult(formulaOfRun);
 }
 
+// The formula is read here and not by the CalcThread, which could find what was typed after "=".
 void PrepareEvaluation() {
     lastEvaluation = {};
     AppendMissingParentheses();
+    formulaOfRun = ReadFormula();
     if (PendingUiError() == UiErrorNone) {
         BeginEvaluation();
     } else {
@@ -96,7 +99,7 @@ void FinishEvaluation(bool) {
     }
 }
 
-constexpr PageTask Evaluation = {CalcNumberSetup, PrepareEvaluation, EvaluateFormulaField,
+constexpr PageTask Evaluation = {CalcNumberSetup, PrepareEvaluation, EvaluateFormulaOfRun,
                                  FinishEvaluation, UiErrorCalculation};
 
 // At the start and the end of a run the validity of the result has changed.

@@ -5,8 +5,9 @@
 
 namespace tallymere {
 
-const char16_t* TakeWindowText(ScratchScope& scope, HWND window, int64_t capacity, bool* isCut) {
-    char16_t* text = TakeText(scope, capacity);
+namespace {
+
+const char16_t* ReadWindowText(char16_t* text, HWND window, int64_t capacity, bool* isCut) {
     GetWindowTextW(window, ToWide(text), static_cast<int>(capacity + 1));
     const bool cut = GetWindowTextLengthW(window) > capacity;
     if (cut) {
@@ -16,6 +17,16 @@ const char16_t* TakeWindowText(ScratchScope& scope, HWND window, int64_t capacit
         *isCut = cut;
     }
     return text;
+}
+
+}  // namespace
+
+const char16_t* TakeWindowText(ScratchScope& scope, HWND window, int64_t capacity, bool* isCut) {
+    return ReadWindowText(TakeText(scope, capacity), window, capacity, isCut);
+}
+
+const char16_t* TakeWindowText(ScratchArea& area, HWND window, int64_t capacity, bool* isCut) {
+    return ReadWindowText(TakeText(area, capacity), window, capacity, isCut);
 }
 
 void AppendWindowText(HWND field, const char16_t* text) {
