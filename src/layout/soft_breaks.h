@@ -1,9 +1,9 @@
 // Soft breaks: how a multi-line edit control gets lines that are very long.
 //
-// The time that a control needs to wrap a line may grow with the square or the cube of its length:
-// tens of seconds for 10,000 digits. So the program wraps long lines itself. It puts a soft break
-// into the text wherever the line wraps. Only the control sees soft breaks; for everybody else they
-// are no part of the text.
+// The time that the control of Wine needs to wrap a line grows with the square or the cube of its
+// length: tens of seconds for 10,000 digits. So, on Wine alone, the program wraps long lines
+// itself. It puts a soft break into the text wherever the line wraps. Only the control sees soft
+// breaks; for everybody else they are no part of the text.
 #pragma once
 
 #include <cstdint>

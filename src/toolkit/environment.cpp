@@ -4,6 +4,7 @@ namespace tallymere {
 
 HINSTANCE programInstance = nullptr;
 uint32_t osVersionCode = 0;
+bool isWine = false;
 int32_t screenDpi = LogicalDpi;
 HFONT defaultGuiFont = nullptr;
 

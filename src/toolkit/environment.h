@@ -15,6 +15,10 @@ extern HINSTANCE programInstance;
 /// The version of Windows: 256 times the major version plus the minor version; 0 when unknown.
 extern uint32_t osVersionCode;
 
+/// Whether the system is Wine. Its edit control is slow with long texts and gets help, which that
+/// of Windows does not need: see toolkit/long_text_field.h.
+extern bool isWine;
+
 /// The first version whose group boxes draw the controls inside them well.
 inline constexpr uint32_t OsVersionVista = 0x0600;
 

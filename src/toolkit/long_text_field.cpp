@@ -9,6 +9,7 @@
 #include "toolkit/clipboard_text.h"
 #include "toolkit/control_data.h"
 #include "toolkit/control_focus.h"
+#include "toolkit/environment.h"
 #include "toolkit/long_text_painting.h"
 #include "toolkit/standard_controls.h"
 #include "toolkit/text_undo.h"
@@ -286,6 +287,25 @@ LRESULT HandleLong(HWND field, UINT message, WPARAM wParam, LPARAM lParam, bool&
     return 0;
 }
 
+// Puts a text at the end of the system's control. What it could not take whole is taken out again.
+bool AppendToControl(HWND field, std::u16string_view text) {
+    const LRESULT length = AskEdit(field, WM_GETTEXTLENGTH);
+    const int64_t whole = length + static_cast<int64_t>(text.size());
+    if (whole > static_cast<uint32_t>(AskEdit(field, EM_GETLIMITTEXT))) {
+        return false;
+    }
+    const auto end = static_cast<WPARAM>(length);
+    AskEdit(field, EM_SETSEL, end, length);
+    AskEdit(field, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text.data()));
+    const bool isTaken = AskEdit(field, WM_GETTEXTLENGTH) == whole;
+    if (!isTaken) {
+        AskEdit(field, EM_SETSEL, end, -1);
+        AskEdit(field, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L""));
+    }
+    AskEdit(field, EM_EMPTYUNDOBUFFER);
+    return isTaken;
+}
+
 }  // namespace
 
 HWND CreateLongTextField(HWND parent, const LayoutRect& place, const char16_t* text) {
@@ -297,6 +317,9 @@ HWND CreateLongTextField(HWND parent, const LayoutRect& place, const char16_t* t
 }
 
 bool AppendLongText(HWND field, const char16_t* text) {
+    if (!isWine) {
+        return AppendToControl(field, text);
+    }
     ForgetTextChange(field);
     return AppendPlainText(field, text);
 }
@@ -309,6 +332,9 @@ LRESULT HandleLongText(HWND field, UINT message, WPARAM wParam, LPARAM lParam, b
     if (IsPasteKey(message, wParam)) {
         callDefault = false;
         SendMessageW(field, WM_PASTE, 0, 0);
+        return 0;
+    }
+    if (!isWine) {
         return 0;
     }
     switch (message) {

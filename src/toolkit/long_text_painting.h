@@ -2,7 +2,8 @@
 //
 // The control of Wine walks through all lines of its text several times for each row that it
 // paints: half a second for seven rows of a million lines, and seconds for a tall field. So, where
-// the system has taken long once, the rows in view are painted here, from the text where it lies.
+// it has taken long once, the rows in view are painted here, from the text where it lies. On
+// Windows the control paints by itself.
 #pragma once
 
 #include "toolkit/win32.h"

@@ -127,6 +127,7 @@ private:
     static void MakeWindows() {
         programInstance = GetModuleHandleW(nullptr);
         osVersionCode = 0x0A00;
+        isWine = true;
         screenDpi = LogicalDpi;
         const INITCOMMONCONTROLSEX common = {sizeof common, 0xFFFF};
         InitCommonControlsEx(&common);

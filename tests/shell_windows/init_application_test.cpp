@@ -65,6 +65,7 @@ class InitApplicationTest : public testing_support::SettingsFolderTest {
 protected:
     InitApplicationTest() : contextBefore(numberContext) {
         osVersionCode = 0;
+        isWine = false;
         screenDpi = 0;
         ClearUiText();
         numberContext.decimalSeparators[0] = u'd';
@@ -98,6 +99,8 @@ TEST_F(InitApplicationTest, KnowsTheModuleTheSystemAndTheScreen) {
     ASSERT_EQ(rtlGetVersion(&version), 0);
     EXPECT_EQ(osVersionCode, version.dwMajorVersion * 256 + version.dwMinorVersion);
     EXPECT_GE(osVersionCode, OsVersionVista);
+    EXPECT_EQ(isWine,
+              GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr);
 
     const HDC screen = GetDC(nullptr);
     EXPECT_EQ(screenDpi, GetDeviceCaps(screen, LOGPIXELSY));

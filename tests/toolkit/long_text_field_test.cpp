@@ -12,7 +12,7 @@ int CALLBACK NeverBreak(LPWSTR, int, int, int) {
     return 0;
 }
 
-TEST_F(LongTextField, KeepsShortTextsAsTheyAre) {
+TEST_P(LongTextFieldOfBoth, KeepsShortTextsAsTheyAre) {
     for (const std::u16string& text : {std::u16string(u"1+2"), Digits(300)}) {
         SetText(text);
         EXPECT_EQ(Text(), text);
@@ -24,15 +24,15 @@ TEST_F(LongTextField, NeverHandsALongLineToTheSystem) {
     const std::u16string text = Digits(88'661);
     SetText(text);
     EXPECT_TRUE(Text() == text);
-    EXPECT_LE(LongestInnerLine(), 300u);
+    ExpectShortInnerLines();
     Select(40'000, 50'000);
     Replace(text);
     EXPECT_TRUE(Text() == text.substr(0, 40'000) + text + text.substr(50'000));
-    EXPECT_LE(LongestInnerLine(), 300u);
+    ExpectShortInnerLines();
     EXPECT_EQ(Selection(), std::pair(128'661, 128'661));
 }
 
-TEST_F(LongTextField, TakesMoreTextAtItsEndAsIfItHadBeenThereAtOnce) {
+TEST_P(LongTextFieldOfBoth, TakesMoreTextAtItsEndAsIfItHadBeenThereAtOnce) {
     std::u16string whole;
     SetText(whole);
     size_t length = 1;
@@ -77,7 +77,7 @@ TEST_F(LongTextField, GrowsAtItsEndInTheSameMemoryAndGivesItBack) {
     }
 }
 
-TEST_F(LongTextField, ScrollsToTheTextAtItsEnd) {
+TEST_P(LongTextFieldOfBoth, ScrollsToTheTextAtItsEnd) {
     SetText(u"");
     std::u16string lines;
     for (int line = 0; line < 100; line++) {
@@ -87,7 +87,7 @@ TEST_F(LongTextField, ScrollsToTheTextAtItsEnd) {
     EXPECT_GT(SendMessageW(field, EM_GETFIRSTVISIBLELINE, 0, 0), 50);
 }
 
-TEST_F(LongTextField, RefusesTextAtItsEndThatItCannotTake) {
+TEST_P(LongTextFieldOfBoth, RefusesTextAtItsEndThatItCannotTake) {
     const std::u16string lines = Digits(1'000) + u"\r\n";
     SetText(lines);
     const std::u16string broken = InnerText();
@@ -98,7 +98,7 @@ TEST_F(LongTextField, RefusesTextAtItsEndThatItCannotTake) {
     EXPECT_TRUE(Text() == lines + u"1234");
 }
 
-TEST_F(LongTextField, ATextAtItsEndCannotBeUndone) {
+TEST_P(LongTextFieldOfBoth, ATextAtItsEndCannotBeUndone) {
     SetText(Digits(1'000));
     Replace(u"typed");
     EXPECT_TRUE(SendMessageW(field, EM_CANUNDO, 0, 0));
@@ -159,7 +159,7 @@ TEST_F(LongTextField, FillsItsLinesWithoutTheSystemsHelp) {
     DeleteObject(large);
 }
 
-TEST_F(LongTextField, WrapsAnewForAnotherWidthOrFont) {
+TEST_P(LongTextFieldOfBoth, WrapsAnewForAnotherWidthOrFont) {
     SetText(Digits(1000));
     Select(500, 510);
     const int lines = LineCount();
@@ -260,7 +260,7 @@ TEST_F(ResizedLongTextField, GrowsOnAtItsEndBeforeAndAfterItIsWrapped) {
     EXPECT_TRUE(inner == InnerText());
 }
 
-TEST_F(LongTextField, GivesAsMuchTextAsThereIsRoomFor) {
+TEST_P(LongTextFieldOfBoth, GivesAsMuchTextAsThereIsRoomFor) {
     SetText(Digits(1000));
     char16_t buffer[600];
     EXPECT_EQ(SendMessageW(field, WM_GETTEXT, 600, reinterpret_cast<LPARAM>(buffer)), 599);
@@ -269,7 +269,7 @@ TEST_F(LongTextField, GivesAsMuchTextAsThereIsRoomFor) {
     EXPECT_EQ(GetWindowTextLengthW(field), 1000);
 }
 
-TEST_F(LongTextField, SelectsByThePositionsOfItsText) {
+TEST_P(LongTextFieldOfBoth, SelectsByThePositionsOfItsText) {
     SetText(Digits(1000));
     for (const auto& [from, to] : {std::pair(0, 0), std::pair(0, 1000), std::pair(333, 777)}) {
         Select(from, to);
@@ -280,6 +280,10 @@ TEST_F(LongTextField, SelectsByThePositionsOfItsText) {
     EXPECT_EQ(Selection(), std::pair(0, 1000));
     Select(-1, 0);
     EXPECT_EQ(Selection().first, Selection().second);
+}
+
+// The control of Wine answers otherwise than it should.
+TEST_F(LongTextField, TellsNoSelectionThatIsTooFarAwayForTheAnswer) {
     SetText(Digits(70'000));
     Select(1, 65'535);
     EXPECT_EQ(SendMessageW(field, EM_GETSEL, 0, 0), MAKELRESULT(1, 65'535));
@@ -287,7 +291,7 @@ TEST_F(LongTextField, SelectsByThePositionsOfItsText) {
     EXPECT_EQ(SendMessageW(field, EM_GETSEL, 0, 0), -1);
 }
 
-TEST_F(LongTextField, TakesWhatIsTypedAtTheCaret) {
+TEST_P(LongTextFieldOfBoth, TakesWhatIsTypedAtTheCaret) {
     SetText(Digits(1000));
     const int end = EndOfFirstLine();
     Select(end - 1, end - 1);
@@ -298,10 +302,10 @@ TEST_F(LongTextField, TakesWhatIsTypedAtTheCaret) {
     EXPECT_EQ(Text(), Digits(1000).insert(place, u"abc"));
     EXPECT_EQ(Selection(), std::pair(end + 2, end + 2));
     EXPECT_EQ(changes, 3);
-    EXPECT_LE(LongestInnerLine(), 300u);
+    ExpectShortInnerLines();
 }
 
-TEST_F(LongTextField, DeletesOverTheEndOfALine) {
+TEST_P(LongTextFieldOfBoth, DeletesOverTheEndOfALine) {
     SetText(Digits(1000));
     const int end = EndOfFirstLine();
     Select(end, end);
@@ -332,7 +336,7 @@ TEST_F(LongTextField, DeletesTheCharacterBehindALineThatTheCaretIsAtTheEndOf) {
     EXPECT_EQ(Text(), Digits(1000).erase(static_cast<size_t>(end), 1));
 }
 
-TEST_F(LongTextField, CopiesCutsAndPastesWithoutItsBreaks) {
+TEST_P(LongTextFieldOfBoth, CopiesCutsAndPastesWithoutItsBreaks) {
     const std::u16string text = Digits(1000);
     SetText(text);
     Select(100, 900);
@@ -351,7 +355,21 @@ TEST_F(LongTextField, CopiesCutsAndPastesWithoutItsBreaks) {
     EXPECT_EQ(changes, 1);
 }
 
-TEST_F(LongTextField, KeepsTheLinesOfItsText) {
+TEST_P(LongTextFieldOfBoth, BringsBackWhatWasReplaced) {
+    const std::u16string text = Digits(1'000);
+    SetText(text);
+    EXPECT_FALSE(SendMessageW(field, EM_CANUNDO, 0, 0));
+    Select(100, 900);
+    Replace(u"typed");
+    const std::u16string after = Text();
+    for (const std::u16string& there : {text, after, text}) {
+        EXPECT_TRUE(SendMessageW(field, EM_CANUNDO, 0, 0));
+        EXPECT_TRUE(SendMessageW(field, EM_UNDO, 0, 0));
+        EXPECT_EQ(Text(), there);
+    }
+}
+
+TEST_P(LongTextFieldOfBoth, KeepsTheLinesOfItsText) {
     const std::u16string text = Digits(500) + u"\r\n" + Digits(500);
     SetText(text);
     EXPECT_EQ(Text(), text);
@@ -359,7 +377,7 @@ TEST_F(LongTextField, KeepsTheLinesOfItsText) {
     EXPECT_EQ(Text(), u"x" + text);
 }
 
-TEST_F(LongTextField, KeysCopyAndCutWithoutItsBreaks) {
+TEST_P(LongTextFieldOfBoth, KeysCopyAndCutWithoutItsBreaks) {
     const std::u16string text = Digits(1000);
     SetText(text);
     Select(100, 900);
@@ -382,7 +400,7 @@ TEST_F(LongTextField, KeysCopyAndCutWithoutItsBreaks) {
     EXPECT_EQ(TextOnClipboard(parent), u"none");
 }
 
-TEST_F(LongTextField, CopiesInsteadOfAnythingThatTheClipboardHas) {
+TEST_P(LongTextFieldOfBoth, CopiesInsteadOfAnythingThatTheClipboardHas) {
     SetText(Digits(1000));
     Select(0, 500);
     PutOnEmptyClipboard(parent, u"");
@@ -394,7 +412,7 @@ TEST_F(LongTextField, CopiesInsteadOfAnythingThatTheClipboardHas) {
     EXPECT_FALSE(IsClipboardFormatAvailable(CF_PRIVATEFIRST));
 }
 
-TEST_F(LongTextField, KeepsItsSelectionIfThereIsNothingToPaste) {
+TEST_P(LongTextFieldOfBoth, KeepsItsSelectionIfThereIsNothingToPaste) {
     SetText(Digits(1000));
     Select(100, 900);
     PutOnEmptyClipboard(parent, u"");
@@ -404,7 +422,7 @@ TEST_F(LongTextField, KeepsItsSelectionIfThereIsNothingToPaste) {
     EXPECT_EQ(changes, 0);
 }
 
-TEST_F(LongTextField, TakesNothingFromTheClipboardWhileItIsOnlyToBeRead) {
+TEST_P(LongTextFieldOfBoth, TakesNothingFromTheClipboardWhileItIsOnlyToBeRead) {
     SetText(Digits(1000));
     PutOnEmptyClipboard(parent, u"x");
     SendMessageW(field, EM_SETREADONLY, TRUE, 0);
@@ -421,7 +439,7 @@ TEST_F(LongTextField, LosesSoftBreaksThatArePasted) {
     EXPECT_EQ(Selection(), std::pair(403, 403));
 }
 
-TEST_F(LongTextField, ArrowsStepOverTheEndOfALineInOneGo) {
+TEST_P(LongTextFieldOfBoth, ArrowsStepOverTheEndOfALineInOneGo) {
     SetText(Digits(1000));
     const int end = EndOfFirstLine();
     Select(end - 2, end - 2);
@@ -438,7 +456,7 @@ TEST_F(LongTextField, ArrowsStepOverTheEndOfALineInOneGo) {
     EXPECT_EQ(Selection(), std::pair(end - 1, end));
 }
 
-TEST_F(LongTextField, ShiftAndDeleteErasesWhatIsBeforeTheCaret) {
+TEST_P(LongTextFieldOfBoth, ShiftAndDeleteErasesWhatIsBeforeTheCaret) {
     SetText(Digits(1000));
     const int end = EndOfFirstLine();
     Select(end, end);
@@ -447,11 +465,11 @@ TEST_F(LongTextField, ShiftAndDeleteErasesWhatIsBeforeTheCaret) {
     EXPECT_EQ(Selection(), std::pair(end - 1, end - 1));
 }
 
-TEST_F(LongTextField, CountsLinesAndPlacesByThePositionsOfItsText) {
+TEST_P(LongTextFieldOfBoth, CountsLinesAndPlacesByThePositionsOfItsText) {
     const auto ask = [this](UINT message, LRESULT first, LPARAM second = 0) {
         return SendMessageW(field, message, static_cast<WPARAM>(first), second);
     };
-    SetText(Digits(90'000));
+    SetText(Digits(1'000) + u"\r\n" + LinesOfDigits(89'000));
     const int end = EndOfFirstLine();
     EXPECT_EQ(ask(EM_LINEFROMCHAR, end - 1), 0);
     EXPECT_EQ(ask(EM_LINEFROMCHAR, end), 1);
@@ -476,7 +494,7 @@ TEST_F(LongTextField, CountsLinesAndPlacesByThePositionsOfItsText) {
               AskSystem(field, EM_CHARFROMPOS, 0, MAKELPARAM(5000, 5000)));
 }
 
-TEST_F(LongTextField, ShowsTheSameLinesAfterAChange) {
+TEST_P(LongTextFieldOfBoth, ShowsTheSameLinesAfterAChange) {
     SetText(Digits(5000));
     const auto firstLine = [this] { return SendMessageW(field, EM_GETFIRSTVISIBLELINE, 0, 0); };
     const auto scroll = [this](LPARAM lines) { SendMessageW(field, EM_LINESCROLL, 0, lines); };
@@ -498,7 +516,7 @@ TEST_F(LongTextField, ShowsTheSameLinesAfterAChange) {
     EXPECT_GT(firstLine(), first - 10) << "the caret is shown";
 }
 
-TEST_F(LongTextField, IsModifiedByTheUserAlone) {
+TEST_P(LongTextFieldOfBoth, IsModifiedByTheUserAlone) {
     SetText(Digits(1000));
     const auto isModified = [this] { return SendMessageW(field, EM_GETMODIFY, 0, 0) != FALSE; };
     EXPECT_FALSE(isModified());
@@ -513,14 +531,14 @@ TEST_F(LongTextField, IsModifiedByTheUserAlone) {
     EXPECT_TRUE(isModified());
 }
 
-TEST_F(LongTextField, BecomesLongAndShortAgainByTyping) {
+TEST_P(LongTextFieldOfBoth, BecomesLongAndShortAgainByTyping) {
     SetText(Digits(298));
     Select(298, 298);
     for (int i = 0; i < 5; i++) {
         TypeCharacter(field, u'x');
     }
     EXPECT_EQ(Text(), Digits(298) + u"xxxxx");
-    EXPECT_NE(InnerText(), Text());
+    EXPECT_EQ(InnerText() != Text(), isWine);
     for (int i = 0; i < 5; i++) {
         TypeCharacter(field, VK_BACK);
         EXPECT_EQ(Selection(), std::pair(302 - i, 302 - i));
@@ -530,7 +548,7 @@ TEST_F(LongTextField, BecomesLongAndShortAgainByTyping) {
     EXPECT_EQ(changes, 10);
 }
 
-TEST_F(LongTextField, TakesBothHalvesOfACharacter) {
+TEST_P(LongTextFieldOfBoth, TakesBothHalvesOfACharacter) {
     SetText(Digits(1000));
     const int end = EndOfFirstLine();
     for (int place = end - 2; place <= end + 1; place++) {
@@ -543,7 +561,7 @@ TEST_F(LongTextField, TakesBothHalvesOfACharacter) {
     }
 }
 
-TEST_F(LongTextField, BeginsAndJoinsLines) {
+TEST_P(LongTextFieldOfBoth, BeginsAndJoinsLines) {
     SetText(Digits(1000));
     Select(500, 500);
     TypeCharacter(field, u'\n');
@@ -591,22 +609,23 @@ TEST_F(LongTextField, ShowsANewTextAsTheSystemWould) {
     }
 }
 
-TEST_F(LongTextField, GrowsAndShrinksAfterANewText) {
+TEST_P(LongTextFieldOfBoth, GrowsAndShrinksAfterANewText) {
     for (int round = 0; round < 20; round++) {
         SetText(Digits(500));
         Select(500, 500);
-        Replace(Digits(20'000));
-        EXPECT_TRUE(Text() == Digits(500) + Digits(20'000));
+        Replace(LinesOfDigits(20'000));
+        EXPECT_TRUE(Text() == Digits(500) + LinesOfDigits(20'000));
         Select(10, 20'490);
         Replace(u"+");
-        EXPECT_EQ(Text(), u"1234567890+1234567890");
-        SetText(Digits(40'000));
-        EXPECT_TRUE(Text() == Digits(40'000));
+        EXPECT_EQ(Text(), u"1234567890+" + LinesOfDigits(20'000).substr(19'990));
+        SetText(LinesOfDigits(40'000));
+        EXPECT_TRUE(Text() == LinesOfDigits(40'000));
     }
 }
 
 int32_t valueChanges = 0;
 
+// By itself it tells them nothing.
 TEST_F(LongTextField, TellsScreenReadersOfANewText) {
     const auto count = [](HWINEVENTHOOK, DWORD, HWND, LONG object, LONG child, DWORD, DWORD) {
         valueChanges += object == OBJID_CLIENT && child == CHILDID_SELF;
@@ -635,11 +654,13 @@ TEST_F(LongTextField, KeepsNothingOfWhatItMeasuredWith) {
     EXPECT_LT(CountGdiObjects(GetCurrentProcess()), before + Rounds);
 }
 
-TEST_F(LongTextField, IsEmptiedByNoText) {
+TEST_P(LongTextFieldOfBoth, IsEmptiedByNoText) {
     SetText(Digits(1000));
     SetWindowTextW(field, nullptr);
     EXPECT_EQ(Text(), u"");
 }
+
+INSTANTIATE_TEST_SUITE_P(Of, LongTextFieldOfBoth, ::testing::Bool(), NameOfSystem);
 
 }  // namespace
 }  // namespace tallymere::testing_support

@@ -21,6 +21,16 @@ inline std::u16string Digits(size_t length) {
     return text;
 }
 
+/// The same in lines that are short enough for the control of Wine.
+inline std::u16string LinesOfDigits(size_t length) {
+    constexpr size_t Line = 60;
+    std::u16string text = Digits(length);
+    for (size_t end = Line; end + 2 <= length; end += Line) {
+        text.replace(end - 2, 2, u"\r\n");
+    }
+    return text;
+}
+
 /// What the system's control makes of a message by itself.
 inline LRESULT AskSystem(HWND field, UINT message, WPARAM wParam, LPARAM lParam) {
     const auto procedure = reinterpret_cast<WNDPROC>(GetClassLongPtrW(field, GCLP_WNDPROC));
@@ -60,6 +70,7 @@ inline LRESULT CountChanges(HWND, UINT message, WPARAM wParam, LPARAM, bool&) {
     return 0;
 }
 
+/// The way of Wine, unless a test says otherwise before it writes a text.
 class LongTextField : public ToolkitTest {
 protected:
     LongTextField() {
@@ -119,10 +130,23 @@ protected:
     }
 
     /// The position behind the first line as it is wrapped.
-    int EndOfFirstLine() const { return static_cast<int>(InnerText().find(SoftBreak)); }
+    int EndOfFirstLine() const { return static_cast<int>(SendMessageW(field, EM_LINEINDEX, 1, 0)); }
+
+    /// On Wine no long line reaches the system.
+    void ExpectShortInnerLines() const { EXPECT_TRUE(!isWine || LongestInnerLine() <= 300); }
 
     HWND parent;
     HWND field;
 };
+
+/// A field on each system: true for Wine.
+class LongTextFieldOfBoth : public LongTextField, public ::testing::WithParamInterface<bool> {
+protected:
+    LongTextFieldOfBoth() { isWine = GetParam(); }
+};
+
+inline std::string NameOfSystem(const ::testing::TestParamInfo<bool>& info) {
+    return info.param ? "Wine" : "Windows";
+}
 
 }  // namespace tallymere::testing_support

@@ -99,6 +99,7 @@ protected:
     ToolkitTest() {
         programInstance = GetModuleHandleW(nullptr);
         osVersionCode = 0x0A00;
+        isWine = true;
         screenDpi = LogicalDpi;
         const INITCOMMONCONTROLSEX common = {sizeof common, 0xFFFF};
         InitCommonControlsEx(&common);

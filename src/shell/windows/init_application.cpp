@@ -50,6 +50,11 @@ void FindOsVersion() {
     }
 }
 
+// Wine says so itself, by a function that Windows does not have.
+void FindWhetherWine() {
+    isWine = FindSystemFunction<const char* (*)()>(L"ntdll.dll", "wine_get_version") != nullptr;
+}
+
 // Without this the system would stretch the windows of a screen of high resolution.
 void DeclareDpiAware() {
     using SetProcessDPIAwareFunction = BOOL(WINAPI*)();
@@ -72,6 +77,7 @@ void InitApplication(HINSTANCE instance) {
     LimitLibraryFolders();
     programInstance = instance;
     FindOsVersion();
+    FindWhetherWine();
     const INITCOMMONCONTROLSEX commonControls = {sizeof(commonControls), AllControlClasses};
     InitCommonControlsEx(&commonControls);
     DeclareDpiAware();
