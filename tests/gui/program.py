@@ -9,7 +9,7 @@ import subprocess
 import tempfile
 from dataclasses import dataclass, field
 
-from desktop import WINE_RUN, stop, wait_until
+from desktop import SECONDS, WINE_RUN, stop, wait_until
 
 PROGRAM = os.environ["TALLYMERE_PROGRAM"]
 PROBE = os.environ["TALLYMERE_WINDOW_PROBE"]
@@ -126,6 +126,11 @@ class Probe:
         if not self.ask("browser", path):
             raise AssertionError(f"{path!r} could not be registered")
 
+    def post(self, window, message):
+        """Posts a message without parameters to a window, as other programs can."""
+        if not self.ask("post", f"{window.handle} {message}"):
+            raise AssertionError(f"the message {message:#x} could not be posted")
+
     def answers(self, window):
         """How many of a hundred messages, one after the other, a window answers."""
         return self.ask("answers", window.handle)
@@ -158,6 +163,7 @@ class Program:
     def __init__(self, display, probe, environment, program_file=PROGRAM):
         self.display = display
         self.probe = probe
+        self.environment = environment
         self.is_closed = False
         self.errors = tempfile.TemporaryFile()  # what Wine and its libraries say
         self.process = subprocess.Popen(
@@ -210,6 +216,12 @@ class Program:
 
     def wait_until_hidden(self, title, class_name=DIALOG_CLASS):
         self.wait_for(lambda: not self.find(class_name, title), f"the end of window {title!r}")
+
+    def task_kill(self):
+        """Asks the program to end, as `taskkill` does: all of its windows are closed."""
+        subprocess.run([str(WINE_RUN), "taskkill", "/IM", IMAGE], env=self.environment,
+                       check=True, timeout=SECONDS, stdin=subprocess.DEVNULL,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     def wait_until_ended(self):
         """The exit status of the process that was started."""

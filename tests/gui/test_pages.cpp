@@ -6,7 +6,8 @@
 // the request to stop between its steps, and the page is left 200 ms after the end of a run.
 //
 // Factorials writes the factorials of one million, two millions and so on, as many as its edit
-// says. The arithmetic polls the request to stop, and the page is left at once.
+// says. The arithmetic polls the request to stop, and the page is left at once. A negative number
+// stands for a run that hears no stop and uses the memory of its input all the time.
 
 #include <cstdint>
 #include <iterator>
@@ -59,6 +60,9 @@ TestPage factorials;
 // The input and the result of the roots' worker; they lie on the ScratchStack of the UI thread.
 RealNumber* rootsFrom;
 RealNumber* rootsSum;
+
+// The same for the factorials that hear no stop.
+RealNumber* factorialsInput;
 
 void CreateTestPage(TestPage& page, const char16_t* title, WindowHandler handler, DWORD style,
                     const char16_t* otherCaption, const PageTask& task, PageLeaveRule leave) {
@@ -182,9 +186,17 @@ NumberSetup FactorialsSetup() {
 }
 
 void ReadFactorials() {
+    factorialsInput = TakeReal(CurrentScratchStack());
     ReadWholeNumber(factorials);
     if (!HasFailed()) {
         AppendLine(factorials, u"started\r\n");
+    }
+}
+
+void HearNothing() {
+    for (;;) {
+        RealSetOne(factorialsInput);
+        RealAdd(factorialsInput, factorialsInput, factorialsInput);
     }
 }
 
@@ -192,6 +204,10 @@ void ReadFactorials() {
 void WriteFactorials() {
     ScratchStackScope scope;
     RealNumber* value = TakeReal(CurrentScratchStack());
+    if (ReadWholeNumber(factorials) < 0) {
+        SendPageText(u"deaf\r\n");
+        HearNothing();
+    }
     for (int64_t count = 1; count <= ReadWholeNumber(factorials); count++) {
         RealProductFactorial(value, count * FactorialStep);
         if (numberContext.calcError != CalcErrorNone) {

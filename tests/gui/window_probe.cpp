@@ -492,6 +492,12 @@ std::string Answer(const std::string& line) {
     if (command == "answers") {
         return CountAnswers(WindowOf(argument));
     }
+    if (command == "post") {
+        const size_t message = argument.find(' ') + 1;
+        const auto number = std::strtoul(argument.substr(message).c_str(), nullptr, 10);
+        return PostMessageW(WindowOf(argument), static_cast<UINT>(number), 0, 0) != 0 ? "true"
+                                                                                      : "false";
+    }
     if (command == "write") {
         const size_t text = argument.find(' ') + 1;
         return WriteText(WindowOf(argument), TextOfJson(argument.substr(text)));

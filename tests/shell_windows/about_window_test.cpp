@@ -7,6 +7,7 @@
 #include "shell/ui_text.h"
 #include "shell/windows/main_window.h"
 #include "shell/windows/program_windows.h"
+#include "shell_windows/main_windows.h"
 #include "shell_windows/picture.h"
 #include "toolkit/gdi_objects.h"
 #include "toolkit/test_dialog.h"
@@ -35,8 +36,7 @@ protected:
     }
     ~AboutWindow() override {
         DestroyWindow(aboutWindow);
-        DestroyWindow(mainWindow);
-        DestroyWindow(hiddenOwnerWindow);
+        testing_support::DestroyMainWindows();
     }
 
     static HWND Control(AboutControl control) {

@@ -11,6 +11,7 @@
 #include "shell/settings_testing.h"
 #include "shell/ui_text.h"
 #include "shell/windows/program_windows.h"
+#include "shell_windows/main_windows.h"
 #include "shell_windows/message_boxes.h"
 #include "shell_windows/picture.h"
 #include "shell_windows/settings_folder.h"
@@ -87,8 +88,7 @@ protected:
     ~MainWindow() override {
         DestroyWindow(pageWindows[PageCalculator]);
         pageWindows[PageCalculator] = nullptr;
-        DestroyWindow(mainWindow);
-        DestroyWindow(hiddenOwnerWindow);
+        testing_support::DestroyMainWindows();
     }
 
     static void ChooseMenuItem(WPARAM id, LPARAM sender = 0) {
@@ -337,7 +337,20 @@ TEST_F(MainWindow, DelaysTheEndOfTheSessionByNoMessageBox) {
     EXPECT_TRUE(SaveSettings());
 }
 
-TEST_F(MainWindow, EndsTheMessageLoopWhenItOrItsOwnerIsClosed) {
+TEST_F(MainWindow, IsClosedWhileItIsBeingMovedOrItsMenuIsOpen) {
+    for (const WPARAM command : {SC_MOVE, SC_SIZE, SC_KEYMENU}) {
+        testing_support::DestroyMainWindows();
+        CreateMainWindow();
+        ShowWindow(mainWindow, SW_SHOWNORMAL);
+        PostMessageW(mainWindow, WM_SYSCOMMAND, command, command == SC_KEYMENU ? u'F' : 0);
+        PostMessageW(hiddenOwnerWindow, WM_CLOSE, 0, 0);
+        PostMessageW(mainWindow, WM_CLOSE, 0, 0);
+        EXPECT_EQ(RunMainLoop(), 0);
+        EXPECT_TRUE(IsWindow(mainWindow));
+    }
+}
+
+TEST_F(MainWindow, EndsTheMessageLoopWhenItOrItsOwnerIsClosedOrDestroyed) {
     const auto expectEnd = [] {
         MSG message;
         while (GetMessageW(&message, nullptr, 0, 0) > 0) {
@@ -352,6 +365,10 @@ TEST_F(MainWindow, EndsTheMessageLoopWhenItOrItsOwnerIsClosed) {
     expectEnd();
     PostMessageW(hiddenOwnerWindow, WM_CLOSE, 0, 0);
     expectEnd();
+    for (const HWND window : {mainWindow, hiddenOwnerWindow}) {
+        PostMessageW(window, WM_DESTROY, 0, 0);
+        expectEnd();
+    }
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "shell/ui_error.h"
 #include "shell/windows/main_window.h"
 #include "shell/windows/program_windows.h"
+#include "shell_windows/main_windows.h"
 #include "shell_windows/message_boxes.h"
 #include "shell_windows/settings_folder.h"
 #include "toolkit/test_dialog.h"
@@ -66,8 +67,7 @@ protected:
     }
     ~OptionsWindow() override {
         DestroyWindow(optionsWindow);
-        DestroyWindow(mainWindow);
-        DestroyWindow(hiddenOwnerWindow);
+        testing_support::DestroyMainWindows();
         ClearErrors();
     }
 

@@ -1,8 +1,10 @@
 // What becomes of the errors of a run, and how a run is stopped and closed.
+#include <atomic>
 #include <string>
 
 #include "shell/windows/main_window.h"
 #include "shell/windows/program_windows.h"
+#include "shell_windows/main_windows.h"
 #include "shell_windows/page_run_testing.h"
 #include "shell_windows/settings_folder.h"
 
@@ -271,8 +273,36 @@ TEST_F(PageRunTest, TheProgramIsClosedWhenTheRunHasEnded) {
         EXPECT_FALSE(seen.succeeded);
         EXPECT_TRUE(IsWindow(mainWindow));
     }
-    DestroyWindow(mainWindow);
-    DestroyWindow(hiddenOwnerWindow);
+    DestroyMainWindows();
+}
+
+std::atomic<bool> isDeaf = false;
+
+void HearNothing() {
+    while (isDeaf) {
+        Sleep(1);
+    }
+}
+
+TEST_F(PageRunTest, TheProgramDoesNotWaitForARunThatHearsNothing) {
+    CreateMainWindow();
+    for (HWND* closed : {&mainWindow, &hiddenOwnerWindow}) {
+        isDeaf = true;
+        task.work = HearNothing;
+        ClickStart();
+        PostMessageW(*closed, WM_CLOSE, 0, 0);
+        MSG message;
+        while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+            DispatchMessageW(&message);
+        }
+        EXPECT_TRUE(StopRequested());
+        EXPECT_TRUE(IsRunUnderWay());
+        isDeaf = false;
+        LoopUntilIdle();
+        // What waited for its end has asked once more.
+        EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    }
+    DestroyMainWindows();
 }
 
 TEST_F(PageRunTest, AStopThatComesAfterTheEndReachesNothing) {

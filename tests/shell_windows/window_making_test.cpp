@@ -8,6 +8,7 @@
 #include "shell/windows/error_report.h"
 #include "shell/windows/main_window.h"
 #include "shell/windows/program_windows.h"
+#include "shell_windows/main_windows.h"
 #include "shell_windows/page_run_testing.h"
 
 namespace tallymere {
@@ -113,8 +114,7 @@ protected:
             DestroyWindow(*row.window);
             *row.window = nullptr;
         }
-        DestroyWindow(mainWindow);
-        DestroyWindow(hiddenOwnerWindow);
+        testing_support::DestroyMainWindows();
         BeginMakingWindows({});
         settings = Settings{};
     }

@@ -23,7 +23,13 @@ constexpr LayoutSize MainWindowSize = {370, 40};
 constexpr LayoutSize HiddenOwnerSize = {10, 10};
 constexpr int64_t TitleCapacity = 63;
 
+// How long the program that is closed waits for its run, which hears a stop within 0.3 s.
+constexpr UINT_PTR DeafRunTimer = 1;
+constexpr UINT DeafRunMilliseconds = 2'000;
+
 WindowStateList<HWND> windowStates;
+
+bool isProgramClosed = false;
 
 void InsertMenuCaption(HMENU menu, const MenuItem& item, HMENU dropDown) {
     MENUITEMINFOW info = {};
@@ -114,16 +120,32 @@ void RunMenuCommand(MenuCommand command) {
 }
 
 void EndMessageLoop() {
+    isProgramClosed = true;
+    KillTimer(mainWindow, DeafRunTimer);
     // What is being typed is taken over when its box loses the focus.
     SetFocus(nullptr);
+    // The loop of a menu goes on in Wine, whatever else is posted to it.
+    PostMessageW(nullptr, WM_CANCELMODE, 0, 0);
     PostQuitMessage(0);
+}
+
+// The memory of a run under way must stay until it has ended. Its page shuts the main window out,
+// but other programs can close it all the same. A run that does not hear its stop ends with the
+// process, see RunProgram.
+void CloseProgram() {
+    StopRunThen(EndMessageLoop);
+    if (IsRunUnderWay() && SetTimer(mainWindow, DeafRunTimer, DeafRunMilliseconds, nullptr) == 0) {
+        EndMessageLoop();
+    }
 }
 
 // Whoever closes it means the program. By default all windows would be destroyed with it.
 LRESULT HiddenOwnerProc(HWND, UINT message, WPARAM, LPARAM, bool& callDefault) {
     if (message == WM_CLOSE) {
         callDefault = false;
-        SendMessageW(mainWindow, WM_CLOSE, 0, 0);
+        CloseProgram();
+    } else if (message == WM_DESTROY) {
+        EndMessageLoop();
     }
     return 0;
 }
@@ -144,10 +166,19 @@ LRESULT MainWindowProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& c
             RunMenuCommand(CommandOfMenu(LOWORD(wParam), lParam));
             break;
         case WM_CLOSE:
-            // The memory of a run under way must stay until it has ended. Its page shuts the window
-            // out, but other programs can close it all the same.
             callDefault = false;
-            StopRunThen(EndMessageLoop);
+            CloseProgram();
+            break;
+        case WM_TIMER:
+            // Of a run that has ended, the message box may still be there.
+            KillTimer(mainWindow, DeafRunTimer);
+            if (IsRunUnderWay()) {
+                EndMessageLoop();
+            }
+            break;
+        case WM_DESTROY:
+            // Nobody sees the program any more, and nobody could close it.
+            EndMessageLoop();
             break;
         case WM_QUERYENDSESSION:
         case WM_ENDSESSION:
@@ -174,6 +205,7 @@ void SetIconOfAllWindows() {
 }  // namespace
 
 void CreateMainWindow() {
+    isProgramClosed = false;
     hiddenOwnerWindow = CreateDialogWindow(nullptr, HiddenOwnerSize, u"", HiddenOwnerProc, 0, 0);
     char16_t title[TitleCapacity + 1];
     FormatBounded(title, TitleCapacity, u"%s %s", {ProgramName, ProgramVersion});
@@ -192,6 +224,24 @@ void OpenMainWindow() {
     if (settings.showWelcomeHint) {
         RunModal(EnsureWindow(&aboutWindow));
         ChangeSetting(settings, &Settings::showWelcomeHint, false);
+    }
+}
+
+// The keys that lead through dialogs are the business of their controls, so the loop is a plain
+// one.
+int RunMainLoop() {
+    MSG message = {};
+    for (;;) {
+        // A loop of the system inside this one, such as that of a window that is being moved, may
+        // have used up the request.
+        if (isProgramClosed) {
+            PostQuitMessage(0);
+        }
+        if (GetMessageW(&message, nullptr, 0, 0) <= 0) {
+            return static_cast<int>(message.wParam);
+        }
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
     }
 }
 

@@ -13,4 +13,8 @@ void CreateMainWindow();
 /// does. Comes back when that is closed.
 void OpenMainWindow();
 
+/// Handles messages until the program is closed or its main window destroyed. Returns the exit
+/// status of the process.
+int RunMainLoop();
+
 }  // namespace tallymere

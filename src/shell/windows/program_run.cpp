@@ -3,32 +3,22 @@
 #include "core/scratch.h"
 #include "shell/windows/init_application.h"
 #include "shell/windows/main_window.h"
+#include "shell/windows/page_run.h"
 #include "shell/windows/settings_file.h"
 
 namespace tallymere {
-
-namespace {
-
-// The result is the exit status of the process. The keys that lead through dialogs are the business
-// of their controls, so the loop is a plain one.
-int RunMessageLoop() {
-    MSG message = {};
-    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    }
-    return static_cast<int>(message.wParam);
-}
-
-}  // namespace
 
 int RunProgram(HINSTANCE instance, std::span<const ProgramWindow> windows) {
     InitApplication(instance);
     CreateMainWindow();
     BeginMakingWindows(windows);
     OpenMainWindow();
-    const int status = RunMessageLoop();
+    const int status = RunMainLoop();
     SaveSettingsOrReport();
+    if (IsRunUnderWay()) {
+        // All threads end at once here. On any other way out the CalcThread would lose its memory.
+        TerminateProcess(GetCurrentProcess(), static_cast<UINT>(status));
+    }
     DestroyScratchStack();
     return status;
 }
