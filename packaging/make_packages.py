@@ -45,6 +45,18 @@ def homepage():
     return re.search(r'MakerHomepage = u"([^"]+)"', source).group(1)
 
 
+def settings_files():
+    """The names of the files that the program keeps in the folder of its settings."""
+    def named(file, pattern):
+        source = (ROOT / "src/shell" / file).read_text(encoding="utf-8")
+        return re.search(pattern, source).group(1)
+    name = named("program_paths.cpp", r'SettingsFileName = u"([^"]+)"')
+    unread = int(named("program_paths.h", r"MaxUnreadFiles = (\d+);"))
+    beside = named("beside_path.h", r'BesideName\[\] = u"([^"]+)"')
+    return [name, beside, f"{name}.bad",
+            *(f"{name}.bad{number}" for number in range(2, unread + 1))]
+
+
 def program(path):
     """The bytes of a program, after a look at how hard it is to misuse."""
     found = findings(path)
@@ -109,8 +121,8 @@ def windows_path(name):
 
 
 def write_lists(folder, files):
-    """What the installer brings and what the uninstaller removes, in its language. The files lie in
-    files/ below the folder."""
+    """What the installer brings, and what the uninstaller removes with and without the settings, in
+    its language. The files lie in files/ below the folder."""
     folders = sorted({str(PurePosixPath(name).parent) for name in files} - {"."})
     install, uninstall = [], []
     for parent in [".", *folders]:
@@ -124,7 +136,9 @@ def write_lists(folder, files):
                           for above in (PurePosixPath(name), *PurePosixPath(name).parents)} - {"."},
                          reverse=True):
         uninstall.append(f'RMDir "$INSTDIR\\{windows_path(parent)}"')
-    for name, lines in (("install.nsh", install), ("uninstall.nsh", uninstall)):
+    settings = [f'Delete "${{SETTINGS_FOLDER}}\\{name}"' for name in settings_files()]
+    for name, lines in (("install.nsh", install), ("uninstall.nsh", uninstall),
+                        ("settings.nsh", settings)):
         (folder / name).write_text("".join(f"{line}\n" for line in lines), encoding="utf-8")
 
 

@@ -28,7 +28,8 @@ WINE_RUN = ROOT / "cmake" / "wine-run"
 PREFIX = ROOT / "build" / "wine-packaging"
 SECONDS = 120  # the longest that anything is waited for
 POLL_SECONDS = 0.05
-EXIT_PROGRAM_RUNS = 2
+# Exit statuses of the installer.
+EXIT_PROGRAM_RUNS, EXIT_CANNOT_WRITE, EXIT_OLDER_VERSION_STAYS = 3, 4, 5
 SYSTEM_DRIVE = PREFIX / "drive_c"
 UNINSTALL_KEY = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Tallymere"
 
@@ -176,6 +177,51 @@ class InstallerTest(unittest.TestCase):
         self.uninstall(self.home, "/SETTINGS")
         self.assert_nothing_left(self.home)
         self.assertFalse(self.settings.parent.exists())
+
+    def test_removes_only_files_of_its_own_with_the_settings(self):
+        self.assertEqual(0, self.install(self.setup))
+        folder = self.settings.parent
+        for name in ("~tallymere.new", "UserSettings_3.8.ini.bad", "UserSettings_3.8.ini.bad2",
+                     "UserSettings_3.8.ini.bad9", "UserSettings_3.8 of mine.ini"):
+            (folder / name).write_bytes(b"")
+        self.uninstall(self.home, "/SETTINGS")
+        self.assertEqual({"UserSettings_3.8 of mine.ini"}, set(files_below(folder)))
+        (folder / "UserSettings_3.8 of mine.ini").unlink()
+
+    def test_an_older_version_that_cannot_be_removed_stays_as_it_is(self):
+        self.assertEqual(0, self.install(self.old_setup))
+        uninstaller = self.home / "uninstall.exe"
+        whole = uninstaller.read_bytes()
+        # Without it nothing could be removed after a failure here.
+        self.addCleanup(lambda: uninstaller.exists() and uninstaller.write_bytes(whole))
+        script = self.folder / "fails.nsi"
+        script.write_text(f"Unicode true\nTarget amd64-unicode\nOutFile {uninstaller}\n"
+                          "SilentInstall silent\nSection\nSetErrorLevel 7\nSectionEnd\n")
+        for what, spoil in (
+                ("fails", lambda: subprocess.run(["makensis", "-V1", script], check=True)),
+                ("does not start", lambda: uninstaller.write_bytes(b"no program"))):
+            with self.subTest(what):
+                spoil()
+                spoilt = uninstaller.read_bytes()
+                self.assertEqual(EXIT_OLDER_VERSION_STAYS, self.install(self.setup))
+                self.assert_installed(self.home, self.old_files, "1.0")
+                self.assertEqual(spoilt, uninstaller.read_bytes())
+        uninstaller.write_bytes(whole)
+        self.uninstall(self.home)
+
+    def test_tells_a_program_that_cannot_be_written_from_one_that_runs(self):
+        self.assertEqual(0, self.install(self.setup))
+        program = self.home / "tallymere.exe"
+        kept = program.rename(self.home.parent / "kept.exe")
+        # Nobody can write a folder as a file, whoever the user is.
+        program.mkdir()
+        try:
+            self.assertEqual(EXIT_CANNOT_WRITE, self.install(self.setup))
+        finally:
+            program.rmdir()
+            kept.rename(program)
+        self.assert_installed(self.home, self.files, VERSION)
+        self.uninstall(self.home)
 
     def test_an_upgrade_removes_what_is_gone_and_leaves_what_is_not_its_own(self):
         self.assertEqual(0, self.install(self.old_setup))
