@@ -1,9 +1,12 @@
 """The harnesses of fuzz/ are complete: seeds, words for texts, a row in the README; and tools/fuzz
 refuses what it does not know."""
 
+import os
 import re
+import shutil
 import subprocess
 import sys
+import tempfile
 import unittest
 from pathlib import Path
 
@@ -82,6 +85,32 @@ class CommandTest(unittest.TestCase):
                 status, output = self.run_command(*arguments)
                 self.assertEqual(2, status)
                 self.assertIn("usage: tools/fuzz", output)
+
+    def test_a_file_that_is_missing_is_refused(self):
+        status, output = self.run_command("csv", "no such file")
+        self.assertEqual((2, "There is no file no such file\n"), (status, output))
+
+    def test_inputs_are_found_from_the_folder_of_the_caller(self):
+        """In a tree whose program and CMake are stand-ins: the one tells its arguments."""
+        with tempfile.TemporaryDirectory() as name:
+            tree = Path(name)
+            for path in ("tools", "fuzz/seeds/csv", "build/fuzz/fuzz", "commands", "elsewhere"):
+                (tree / path).mkdir(parents=True)
+            shutil.copy(ROOT / "tools" / "fuzz", tree / "tools")
+            (tree / "tools" / "install_packages.sh").write_text(
+                "install_missing() { :; }\ncan_install() { false; }\n")
+            for program, says in (("commands/cmake", ""),
+                                  ("build/fuzz/fuzz/tallymere-fuzz", 'printf "%s\\n" "$@"\n')):
+                (tree / program).write_text(f"#!/bin/sh\n{says}")
+                (tree / program).chmod(0o755)
+            (tree / "elsewhere" / "an input").write_bytes(b"1;2")
+            done = subprocess.run(
+                [tree / "tools" / "fuzz", "csv", "an input"], check=True, cwd=tree / "elsewhere",
+                env={**os.environ, "PATH": f"{tree / 'commands'}:{os.environ['PATH']}"},
+                stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, timeout=60)
+            given = Path(done.stdout.decode().splitlines()[-1])
+            self.assertTrue(given.is_absolute())
+            self.assertEqual((tree / "elsewhere" / "an input").resolve(), given)
 
 
 if __name__ == "__main__":
