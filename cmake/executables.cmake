@@ -19,6 +19,7 @@ function(split_symbols program)
     VERBATIM)
 endfunction()
 
+# On Linux only what ./package packs has its stacks guarded, by the flags of the preset package-linux.
 if(NOT WIN32)
   return()
 endif()
