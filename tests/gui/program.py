@@ -148,7 +148,8 @@ class Probe:
             raise AssertionError("the clipboard did not take a text")
 
     def counts(self, process):
-        """What a process holds: handles, gdi, windows, and bytes that are committed, resident."""
+        """What a process holds: handles, gdi, windows, threads, and bytes that are committed,
+        resident."""
         return self.ask("counts", process)
 
     def close(self):

@@ -21,7 +21,7 @@
 //   write HANDLE TEXT sets the text of a control, a string of JSON; whether it took it
 //   clipboard TEXT    puts a text on the clipboard, a string of JSON; whether it took it
 //   counts ID         what a process holds: handles of the system, objects to draw with, windows,
-//                     bytes of memory
+//                     threads, bytes of memory
 //
 // It ends with the input. All places are pixels of the screen: x, y, width, height.
 
@@ -244,18 +244,26 @@ std::string Describe(HWND window) {
     return object.Text();
 }
 
-std::vector<DWORD> ProcessesOf(const std::wstring& image) {
-    std::vector<DWORD> processes;
+std::vector<PROCESSENTRY32W> AllProcesses() {
+    std::vector<PROCESSENTRY32W> processes;
     const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
     PROCESSENTRY32W entry = {};
     entry.dwSize = sizeof entry;
     for (BOOL more = Process32FirstW(snapshot, &entry); more;
          more = Process32NextW(snapshot, &entry)) {
+        processes.push_back(entry);
+    }
+    CloseHandle(snapshot);
+    return processes;
+}
+
+std::vector<DWORD> ProcessesOf(const std::wstring& image) {
+    std::vector<DWORD> processes;
+    for (const PROCESSENTRY32W& entry : AllProcesses()) {
         if (lstrcmpiW(entry.szExeFile, image.c_str()) == 0) {
             processes.push_back(entry.th32ProcessID);
         }
     }
-    CloseHandle(snapshot);
     return processes;
 }
 
@@ -451,6 +459,15 @@ int64_t CountHandles(DWORD process) {
                          [process](const Entry& entry) { return entry.process == process; });
 }
 
+int64_t CountThreads(DWORD process) {
+    for (const PROCESSENTRY32W& entry : AllProcesses()) {
+        if (entry.th32ProcessID == process) {
+            return entry.cntThreads;
+        }
+    }
+    return -1;
+}
+
 std::string CountResources(DWORD id) {
     const HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id);
     PROCESS_MEMORY_COUNTERS memory = {};
@@ -460,6 +477,7 @@ std::string CountResources(DWORD id) {
     counts.Add("handles", CountHandles(id));
     counts.Add("gdi", testing_support::CountGdiObjects(process));
     counts.Add("windows", CountWindows(id));
+    counts.Add("threads", CountThreads(id));
     counts.Add("committed", memory.PagefileUsage);
     counts.Add("resident", memory.WorkingSetSize);
     CloseHandle(process);
