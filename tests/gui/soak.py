@@ -37,6 +37,12 @@ TYPED = [
 NEVER_CLICKED = {"static", "systabcontrol32"}
 
 
+def is_file_dialog(window):
+    """Whether it is a dialog of the system that asks for a name; a message has no field."""
+    return window.class_name == MESSAGE_BOX_CLASS and any(
+        control.class_name.lower() == "edit" for control in window.walk())
+
+
 class Soak(CalculatorCase):
     """Not a test: borrows what the tests have. An AssertionError says that the program is gone, or
     that it does not answer or come to rest within a minute."""
@@ -50,6 +56,8 @@ class Soak(CalculatorCase):
         self.process, = self.program.probe.processes()
         self.main = self.program.wait_for_window(MAIN_TITLE)
         self.bursts = 0
+        self.file_dialogs = 0  # that were seen, and whether there was one at the last look
+        self.asked_for_name = False
         self.last = deque(maxlen=LAST)
 
     def end(self):
@@ -64,8 +72,12 @@ class Soak(CalculatorCase):
 
     def dialogs(self):
         """What is on the screen beside the main window, frontmost first."""
-        return [window for window in self.program.probe.windows()
-                if window.visible and window.text != MAIN_TITLE]
+        found = [window for window in self.program.probe.windows()
+                 if window.visible and window.text != MAIN_TITLE]
+        asks_for_name = any(map(is_file_dialog, found))
+        self.file_dialogs += asks_for_name and not self.asked_for_name
+        self.asked_for_name = asks_for_name
+        return found
 
     def front(self):
         """The frontmost of the program's own windows that can be reached; None if there is none."""
@@ -186,8 +198,10 @@ class Soak(CalculatorCase):
         self.visit(self.random.choice(VISITS))
 
     def counts(self):
-        """What the program holds at rest."""
-        return self.program.probe.counts(self.process)
+        """What the program holds at rest, but for a handle of each dialog for files: Wine keeps one
+        open for each, of the registry, in any program."""
+        held = self.program.probe.counts(self.process)
+        return {**held, "handles": held["handles"] - self.file_dialogs}
 
     def run_for(self, seconds, between, tell):
         """Visits windows for so long. What the program holds is asked behind a visit, not more

@@ -11,6 +11,7 @@ import desktop
 import soak
 from growth import ALLOWED
 
+SYSTEMS = 203  # the menu item of the page that loads and saves files
 SEED = int(os.environ.get("TALLYMERE_SEED", "20261122"))
 
 
@@ -32,6 +33,19 @@ class SoakTest(unittest.TestCase):
         for name in ALLOWED:
             self.assertGreater(samples[0][name], 0, name)
         self.soak.end()
+
+    def test_counts_no_handle_for_a_dialog_that_asks_for_a_name(self):
+        def open_and_leave():
+            self.soak.choose_menu(self.soak.program, SYSTEMS)
+            page = self.soak.program.wait_for(self.soak.front, "the page")
+            self.soak.click(page.control("button", self.soak.texts["TextLinLoad"]))
+            self.soak.program.wait_for(
+                lambda: any(map(soak.is_file_dialog, self.soak.dialogs())), "a dialog")
+            self.soak.rest()
+            return self.soak.counts()["handles"]
+        open_and_leave()
+        self.assertEqual(open_and_leave(), open_and_leave())
+        self.assertEqual(3, self.soak.file_dialogs)
 
     def test_notices_a_program_that_is_gone(self):
         self.soak.visit_some()
