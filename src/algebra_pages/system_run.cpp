@@ -22,22 +22,26 @@ namespace tallymere {
 
 namespace {
 
-// The digits that the runs behind the first one have beyond those of SystemNumberSetup.
+// The digits that the runs behind the first one have beyond those of SystemNumberSetup. No run has
+// more than the last ones.
 constexpr int64_t ExtraDigits[] = {38, 114, 266, 570, 1178, 2394, 4826, 8826};
 static_assert(ExtraDigits[0] == 2 * RoundingNoiseDigits);
 
 // The digits that cells are read with beyond those of SystemNumberSetup and beyond the places
 // between the sizes of coefficients and the unit. They hold every number that a cell has room for
-// with all its digits. Where a cell needs more, as that of 1/3 does, no run has more than these.
+// with all its digits. Where a cell needs more, as that of 1/3 does, those of a run come on top.
 constexpr int64_t ReadExtraDigits = 1'254;
 static_assert(ReadExtraDigits > CoefficientCharacters);
 constexpr int64_t MostReadPlaces = 7'600;
 
 constexpr int64_t MostExtraDigits = ExtraDigits[std::size(ExtraDigits) - 1];
 
-// So many extra digits a run has that one with LeastExtraDigits is compared with, if they are
-// fewer.
+// The run whose text the one with LeastExtraDigits may agree with has so many, or as few as these
+// where that is less.
 constexpr int64_t ComparedExtraDigits = 570;
+
+// What a cell may be read with, so that 38 more are left for one that may be 0.
+constexpr int64_t MostReadDigits = MaxPrecisionDigits - 2 * RoundingNoiseDigits;
 
 // Characters of the sentence about parameters, in every language.
 constexpr int64_t SentenceCharacters = 200;
@@ -46,6 +50,7 @@ enum class RunEnding {
     Shown,
     CellNotRead,    // see RunText
     NotCalculated,  // a CalcError is noted
+    NotProven,      // no digits that can be had decide it
     Stopped,
 };
 
@@ -98,6 +103,9 @@ void RaiseEnding(const RunText& run, RunEnding ending, int32_t count) {
         case RunEnding::NotCalculated:
             TakeCalcError(UiErrorCalculation);
             return;
+        case RunEnding::NotProven:
+            SetUiError(UiErrorCalculation);
+            return;
         case RunEnding::Stopped:
             SetUiError(UiErrorStopped);
             return;
@@ -136,6 +144,7 @@ RunEnding ReadSystem(RunText& run, const LinearSystem& system, const SystemReque
     const int64_t checked = SystemNumberSetup(request).digits;
     ScratchStackScope scope;
     char16_t* text = TakeText(scope, CoefficientCharacters + 1);
+    run.places = {};
     for (run.row = 0; run.row < request.count; run.row++) {
         for (run.column = 0; run.column <= request.count; run.column++) {
             request.readCell(request.context, run.row, run.column, text);
@@ -220,16 +229,24 @@ RunEnding SolveFirst(RunText& run, const SystemRequest& request) {
     return reading == RunEnding::Shown ? SolveSystem(run, system, request) : reading;
 }
 
-// The least digits that a run which is not certain has beyond those of SystemNumberSetup. Seen as
-// integers over a common power of ten, typed coefficients have as many digits as their places; what
-// the elimination finds is a quotient of determinants, of `count` times as many. So much is carried
-// that a value which is not 0 does not come out as one, that what is left of a 0 is below
-// 10^-digits, and that different candidates for a pivot differ in front of the noise. Moduli are
-// compared by their squares, which have twice the digits.
-int64_t LeastExtraDigits(const CoefficientPlaces& places, const SystemRequest& request) {
-    const int64_t digits = places.characters + places.above + places.below;
-    return 2 * RoundingNoiseDigits +
-           (request.type == NumberTypeComplex ? 2 : 1) * request.count * digits;
+// The least digits beyond those of SystemNumberSetup that a run has whose text may agree with
+// another one. Seen as integers over a common power of ten, typed coefficients have as many digits
+// as their places; what the elimination finds is a quotient of determinants, of `count` times as
+// many. So much is carried that a value which is not 0 does not come out as one, that what is left
+// of a 0 is below 10^-digits, and that different candidates for a pivot differ in front of the
+// noise. Moduli are compared by their squares, which have twice the digits.
+//
+// Where that is more than any run has, or than a formula such as 1/3 can be worth, fewer do; but
+// never fewer than bring the rounding errors of the largest coefficient below 10^-digits.
+int64_t LeastExtraDigits(const CoefficientPlaces& places, bool isExact,
+                         const SystemRequest& request) {
+    const int64_t scale = places.above + places.below;
+    const int64_t digits =
+        (request.type == NumberTypeComplex ? 2 : 1) * request.count * (places.characters + scale);
+    const int64_t enough =
+        std::min(isExact ? MostExtraDigits : ReadExtraDigits + scale, MostExtraDigits);
+    return std::max(std::min(2 * RoundingNoiseDigits + digits, enough),
+                    2 * RoundingNoiseDigits + scale);
 }
 
 bool IsKnownExactly(const LinearSystem& system) {
@@ -255,43 +272,60 @@ RunEnding SolveWithDigits(RunText& run, const SystemRequest& request, const Line
     return SolveSystem(run, system, request);
 }
 
-// Reads the cells once more with all digits that any run takes, and solves the system with more and
-// more of them until a run is certain, or the text of two runs is the same. `shown` has the text of
-// the first run, and then that of the last one that succeeded. False after a stop.
-bool SolveUntilCertain(RunText& shown, RunText& next, const SystemRequest& request) {
+// What the cells are read with for a run with so many extra digits.
+NumberSetup ReadingSetup(const CoefficientPlaces& places, int64_t extra,
+                         const SystemRequest& request) {
     NumberSetup setup = SystemNumberSetup(request);
-    const int64_t digits = setup.digits;
-    const int64_t readExtra =
-        ReadExtraDigits + std::min(shown.places.above + shown.places.below, MostReadPlaces);
-    setup.digits += readExtra;
-    const NumberSetupScope numbers(setup);
-    ScratchStackScope scope;
-    const LinearSystem read = TakeLinearSystem(CurrentScratchStack(), request.count);
-    {
-        const SilentCodesScope silence;
-        if (ReadSystem(next, read, request) == RunEnding::Stopped) {
-            return false;
+    const int64_t beyond = extra == ExtraDigits[0] ? 0 : extra;
+    setup.digits +=
+        ReadExtraDigits + beyond + std::min(places.above + places.below, MostReadPlaces);
+    setup.digits = std::min(setup.digits, MostReadDigits);
+    return setup;
+}
+
+// The next one of ExtraDigits behind index k that is worth a run.
+size_t NextRun(size_t k, int64_t least) {
+    do {
+        k++;
+    } while (k < std::size(ExtraDigits) && ExtraDigits[k] < std::min(least, ComparedExtraDigits));
+    return k;
+}
+
+// Solves the system with more and more digits until a run is certain, or the text of two runs is
+// the same. `shown` has the text of the first run, and then that of the last one that succeeded.
+// Coefficients that no reading gives exactly are read anew for each run whose text may agree with
+// another one, with more digits, so that two do not agree on what one reading is off.
+RunEnding SolveUntilCertain(RunText& shown, RunText& next, const SystemRequest& request) {
+    const int64_t digits = SystemNumberSetup(request).digits;
+    CoefficientPlaces places = shown.places;
+    for (size_t k = 0; k < std::size(ExtraDigits);) {
+        const NumberSetup setup = ReadingSetup(places, ExtraDigits[k], request);
+        const NumberSetupScope numbers(setup);
+        ScratchStackScope scope;
+        const LinearSystem read = TakeLinearSystem(CurrentScratchStack(), request.count);
+        {
+            const SilentCodesScope silence;
+            if (ReadSystem(next, read, request) == RunEnding::Stopped) {
+                return RunEnding::Stopped;
+            }
         }
+        places = next.places;
+        const bool isExact = IsKnownExactly(read);
+        const int64_t least = LeastExtraDigits(places, isExact, request);
+        do {
+            const int64_t extra = ExtraDigits[k];
+            const RunEnding ending = SolveWithDigits(next, request, read, setup, digits + extra);
+            if (ending != RunEnding::Shown) {
+                return ending == RunEnding::Stopped ? ending : RunEnding::Shown;
+            }
+            std::swap(shown, next);
+            if (shown.isCertain || (extra >= least && TextOf(shown) == TextOf(next))) {
+                return RunEnding::Shown;
+            }
+            k = NextRun(k, least);
+        } while (k < std::size(ExtraDigits) && (isExact || ExtraDigits[k] < least));
     }
-    const int64_t most =
-        IsKnownExactly(read) ? MostExtraDigits : readExtra - 2 * RoundingNoiseDigits;
-    const int64_t least = std::min(LeastExtraDigits(shown.places, request), most);
-    int64_t extra = 0;
-    for (size_t k = 0; extra < most; k++) {
-        if (k > 0 && ExtraDigits[k] < std::min(least, ComparedExtraDigits)) {
-            continue;
-        }
-        extra = std::min(ExtraDigits[k], most);
-        const RunEnding ending = SolveWithDigits(next, request, read, setup, digits + extra);
-        if (ending != RunEnding::Shown) {
-            return ending != RunEnding::Stopped;
-        }
-        std::swap(shown, next);
-        if (shown.isCertain || (extra >= least && TextOf(shown) == TextOf(next))) {
-            return true;
-        }
-    }
-    return true;
+    return RunEnding::NotProven;
 }
 
 }  // namespace
@@ -311,13 +345,12 @@ void RunSystem(const SystemRequest& request, TakeSystemText take, void* takeCont
     ScratchStackScope scope;
     RunText shown = TakeRunText(scope, request.count);
     RunText next = TakeRunText(scope, request.count);
-    const RunEnding ending = SolveFirst(shown, request);
+    RunEnding ending = SolveFirst(shown, request);
+    if (ending == RunEnding::Shown && !ValuesAreExact()) {
+        ending = SolveUntilCertain(shown, next, request);
+    }
     if (ending != RunEnding::Shown) {
         RaiseEnding(shown, ending, request.count);
-        return;
-    }
-    if (!ValuesAreExact() && !SolveUntilCertain(shown, next, request)) {
-        SetUiError(UiErrorStopped);
         return;
     }
     take(takeContext, shown.text.text);

@@ -52,13 +52,15 @@ NumberSetup SystemNumberSetup(const SystemRequest& request);
 /// a tie, runs with more digits follow until one is certain, or two show the same text. So that no
 /// two agree on rounding errors, they have the more digits, the longer the cells are, the further
 /// the sizes of coefficients are from 1 and from each other, and the more equations there are: up
-/// to 8,826 beyond. Where no two agree, as for coefficients beyond 10^8000, the text of the last
-/// one is handed over.
+/// to 8,826 beyond. So that no two agree on what the reading of a cell is off, cells such as 1/3
+/// are read anew in between, with more digits. Where no two agree, UiErrorCalculation comes
+/// instead of digits that may be wrong: as for a second equation that is a multiple of the first
+/// one, with coefficients beyond 10^8788.
 ///
 /// An error of the first run is that of the request; a later run that fails where the first did not
-/// changes nothing. All later runs take the numbers of one reading, with 1,254 digits more at
-/// least. A part that is no larger than its error there is 0, such as that of 1/3*3-1; what cancels
-/// within a cell by more digits, as in 10^2000+1-10^2000, is lost.
+/// changes nothing. All later runs take numbers that were read with 1,254 digits more at least. A
+/// part that is no larger than its error there is 0, such as that of 1/3*3-1; what cancels within a
+/// cell by more digits, as in 10^2000+1-10^2000, is lost.
 void RunSystem(const SystemRequest& request, TakeSystemText take, void* takeContext);
 
 }  // namespace tallymere
