@@ -28,7 +28,7 @@ void NoteDecision(const BoundedSteps& steps, bool isSure) {
     *steps.isCertain = *steps.isCertain && isSure;
 }
 
-// So many powers of ten of the last digit of a number, beside its first one.
+// 10^exponent units of the last digit of a number that begins at the unit.
 Magnitude RoundingOf(int64_t exponent) {
     return MakeMagnitude(1, exponent + 1 - numberContext.precisionDigits);
 }
@@ -175,13 +175,17 @@ void Divide(const BoundedSteps& steps, const BoundedValue& quotient, const Bound
             const BoundedValue& divisor) {
     const Magnitude errorOfA = *a.error;
     const Magnitude errorOfDivisor = *divisor.error;
-    const Magnitude least =
-        BoundsErrors(steps) ? Excess(SizeOf(divisor.value), errorOfDivisor) : Magnitude();
+    const Magnitude sizeOfDivisor = SizeOf(divisor.value);
+    if (BoundsErrors(steps)) {
+        // Otherwise their difference would have no digits to rely on.
+        NoteDecision(steps, IsSurelyBelow(errorOfDivisor * MakeMagnitude(2), sizeOfDivisor));
+    }
     ValueDivide(quotient.value, a.value, divisor.value);
     if (BoundsErrors(steps)) {
         const Magnitude size = SizeOf(quotient.value);
         *quotient.error =
-            (errorOfA + size * errorOfDivisor) / least + RoundingOf(RoundingDigits) * size;
+            (errorOfA + size * errorOfDivisor) / Excess(sizeOfDivisor, errorOfDivisor) +
+            RoundingOf(RoundingDigits) * size;
     }
 }
 
@@ -192,7 +196,7 @@ void SnapToZero(const BoundedSteps& steps, const BoundedValue& a) {
         for (int64_t part = 0; part < ValueRealParts(); part++) {
             const Magnitude size = MagnitudeOf(RealAt(a.value + part * RealWords()));
             NoteDecision(steps, IsSurelyBelow(size + *a.error, least) ||
-                                    IsSurelyBelow(least, Excess(size, *a.error)));
+                                    IsSurelyBelow(least + *a.error, size));
         }
     }
     SnapToZero(a.value, steps.epsilon);

@@ -21,6 +21,9 @@ constexpr int64_t CharactersAroundNumber = 4;
 
 constexpr int64_t NameCharacters = 3;
 
+// The longest list is "r, s, t, u, v1, \u2026, v21", so that none is ever cut.
+static_assert(ParameterListCharacters >= 22 && MaxUnknowns <= 103);
+
 void WriteText(TextWriter& text, std::u16string_view characters) {
     WriteChars(text, characters.data(), static_cast<int64_t>(characters.size()));
 }

@@ -179,6 +179,18 @@ Magnitude* TakeErrors(ScratchArea& area, int64_t count) {
     return errors;
 }
 
+bool ZerosHaveNoError(const LinearSystem& system) {
+    for (int64_t row = 0; row < system.count; row++) {
+        for (int64_t column = 0; column <= system.count; column++) {
+            if (ValueIsZero(SystemValue(system, row, column)) &&
+                !IsZero(system.errors[row][column])) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
 LinearOutcome Solve(const Elimination& work) {
     SetThresholds(work);
     work.solution.isCertain = ValuesAreExact() || ToleratesNoise(work.steps.digits);
@@ -239,6 +251,7 @@ LinearOutcome SolveLinearSystem(LinearSystem& system, LinearSolution& solution, 
     if (SizeOfNumber() == 0) {
         return LinearOutcome::Failed;
     }
+    TALLYMERE_REQUIRE(ZerosHaveNoError(system));
     ScratchStackScope scope;
     const auto take = [&] { return scope.Take(system.valueWords); };
     Magnitude errorOfFactor = {};

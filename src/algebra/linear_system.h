@@ -69,18 +69,18 @@ inline uint64_t* SolutionValue(const LinearSolution& solution, int64_t unknown, 
     return solution.unknowns[unknown] + index * solution.valueWords;
 }
 
-/// Finds the unknowns. The system is overwritten, and its rows may change places. `digits`, from 1
-/// on, counts for types that round: it says what is taken for 0, and what the unknowns are rounded
-/// to. Fractions are exact.
+/// Finds the unknowns. Values of 0 have no error. The system is overwritten, and its rows may
+/// change places. `digits`, from 1 on, counts for types that round: it says what is taken for 0,
+/// and what the unknowns are rounded to. Fractions are exact.
 ///
 /// Every step rounds to the precision in force. Where this is 2 * RoundingNoiseDigits above
 /// `digits` or more, a difference in the last RoundingNoiseDigits digits is taken for a rounding
 /// error: it does not make one candidate larger than another and does not decide how a tie is
 /// rounded. Nor does a difference behind the first half of the digits to spare bring a value below
-/// 10^-digits. The result is then the one of these steps
-/// in exact arithmetic, rounded once, unless the elimination lost more digits than there are to
-/// spare. Its condition decides that, and no bound is promised here; a caller may tell it by a
-/// second run with more digits.
+/// 10^-digits. The result is then the one of these steps in exact arithmetic, rounded once, unless
+/// the elimination lost more digits than there are to spare. Its condition decides that. Where
+/// solution.isCertain is true, it did not; where it is false, no bound is promised, and a caller
+/// may tell it by a second run with more digits.
 ///
 /// The caller chooses a precision for which this holds. Rounding errors grow with the largest
 /// coefficient, and have to stay below 10^-digits. Magnitudes of candidates that are not equal have

@@ -1,8 +1,9 @@
 // Sizes of numbers, for bounds of errors and of distances: a double with an exponent that does not
 // run out.
 //
-// A result is within MagnitudeError of the exact one, relatively, for every operation; whoever
-// needs a bound puts MagnitudeMargin on it at the end, which covers thousands of operations.
+// A result is within MagnitudeError of the exact one, relatively, for every operation but Excess;
+// whoever needs a bound puts MagnitudeMargin on it at the end, which covers thousands of
+// operations.
 #pragma once
 
 #include <cstdint>
@@ -33,7 +34,8 @@ Magnitude operator*(Magnitude a, Magnitude b);
 /// The divisor must not be 0.
 Magnitude operator/(Magnitude a, Magnitude b);
 
-/// a - b, or 0 where b is larger.
+/// a - b, or 0 where b is larger. Off by MagnitudeError of a, relatively: where b is nearly as
+/// large as a, no digit of it may be right.
 Magnitude Excess(Magnitude a, Magnitude b);
 
 /// The n-th root, n >= 1.

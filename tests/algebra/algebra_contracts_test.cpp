@@ -11,6 +11,7 @@
 #include "algebra/exact_root_text.h"
 #include "algebra/exact_roots.h"
 #include "algebra/exponent_scaling.h"
+#include "algebra/linear_system.h"
 #include "algebra/newton_polygon.h"
 #include "algebra/polynomial_roots.h"
 #include "algebra/rational_roots.h"
@@ -21,6 +22,7 @@
 #include "core/contract.h"
 #include "support/contract_testing.h"
 #include "support/equation_testing.h"
+#include "support/formula_testing.h"
 
 namespace tallymere {
 namespace {
@@ -301,6 +303,17 @@ TEST_F(ExactContracts, AreThatARootHasNoTermThatIsNone) {
     expectBroken({half_, half_, radicand_.data(), false});
     radicand_[0] = 0;
     expectBroken({half_, half_, radicand_.data(), true});
+}
+
+TEST(LinearContracts, AreThatAValueOfZeroHasNoError) {
+    const ScratchStackOwner stack;
+    const FormulaScope scope(50, NumberTypeReal);
+    const ScratchStackScope scratch;
+    LinearSystem system = TakeLinearSystem(CurrentScratchStack(), 2);
+    LinearSolution solution = TakeLinearSolution(CurrentScratchStack(), 2);
+    system.errors[1][2] = MakeMagnitude(1, -40);
+    EXPECT_DEATH(SolveLinearSystem(system, solution, 10),
+                 Broken("linear_system", "ZerosHaveNoError"));
 }
 
 #endif

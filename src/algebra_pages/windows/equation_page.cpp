@@ -165,6 +165,7 @@ constexpr FormPageKind Kind = {
     .close = EquationClose,
     .click = HandleClick,
 };
+static_assert(Kind.count <= MaxPageControls);
 
 LRESULT EquationPageProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
     return HandleFormPage(equationPage, Kind, message, wParam, lParam, callDefault);

@@ -223,6 +223,7 @@ constexpr FormPageKind Kind = {
     .close = PolynomialClose,
     .click = HandleClick,
 };
+static_assert(Kind.count <= MaxPageControls);
 
 LRESULT PolynomialPageProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
     if (message == WM_NCDESTROY) {

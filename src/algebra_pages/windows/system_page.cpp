@@ -169,6 +169,7 @@ constexpr FormPageKind Kind = {
     .close = SystemClose,
     .click = HandleClick,
 };
+static_assert(Kind.count <= MaxPageControls);
 
 LRESULT SystemPageProc(HWND, UINT message, WPARAM wParam, LPARAM lParam, bool& callDefault) {
     return HandleFormPage(systemPage, Kind, message, wParam, lParam, callDefault);

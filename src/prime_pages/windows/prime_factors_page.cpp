@@ -111,6 +111,7 @@ constexpr PrimePageKind Kind = {
             return IsDisabledDuringRun(static_cast<PrimeFactorsControl>(control));
         },
 };
+static_assert(Kind.page.count <= MaxPageControls);
 
 }  // namespace
 

@@ -108,6 +108,7 @@ constexpr PrimePageKind Kind = {
             return IsDisabledDuringRun(static_cast<PrimeNumbersControl>(control));
         },
 };
+static_assert(Kind.page.count <= MaxPageControls);
 
 void ShowMethod(PrimeNumbersControl control) {
     char16_t text[PrimeMethodTextCapacity + 1];
