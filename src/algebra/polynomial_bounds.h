@@ -9,8 +9,9 @@
 
 namespace tallymere {
 
-/// Exponents that the bounds can be found for. Sums of them stay far within 64 bits.
-inline constexpr int64_t MaxBoundedExponent = 1'000'000'000'000'000;
+/// Exponents that the bounds can be found for. A quotient adds up a hundred of them, within 64
+/// bits.
+inline constexpr int64_t MaxBoundedExponent = 10'000'000'000'000'000;
 
 /// Of each part of a true coefficient N / D.
 struct CoefficientBounds {

@@ -152,6 +152,8 @@ TEST_F(PolynomialCalculation, TakesCoefficientsOfAnySize) {
               "1e1000000;-1e2000000;-1e1000000");
     EXPECT_EQ(Calculated(Times, {"1e2000000000000000;1", "1;1"}, 10),
               "1e2000000000000000;1e2000000000000000;1e0");
+    EXPECT_EQ(Calculated(Times, {"1e20000000000000000;1", "1;1"}, 10),
+              "1e20000000000000000;1e20000000000000000;1e0");
     EXPECT_EQ(Calculated(Times, {"1e-4611686018427387903", "0.1"}, 10), "0");
 }
 

@@ -276,6 +276,23 @@ TEST_F(PolynomialRun, CarriesTheErrorOfEachOperand) {
               u"P0(x) / P1(x) = b0    Remainder    r0\r\n\r\nb0 = 1.0002\r\n\r\nr0 = 0\r\n");
 }
 
+// Digits that are lost beside a large coefficient, and remainders that are 0 but for rounding.
+TEST_F(PolynomialRun, KeepsDigitsBesideCoefficientsOfAnySize) {
+    const std::u16string large = u"e2000000000000000";
+    EXPECT_EQ(
+        Run(Plus, {{u"1" + large, u"1"}, {u"0.00004"}, {u"0.00004"}, {u"0.00004"}}, {.digits = 5}),
+        Sends(u"P0(x) + P1(x) + P2(x) + P3(x) = b1*x + b0\r\n\r\n"
+              u"b1 = 1e+2000000000000000\r\nb0 = 1.0001\r\n"));
+    EXPECT_EQ(
+        Run(Divide, {{u"1" + large, u"2" + large, u"1" + large}, {u"3", u"3"}}, {.digits = 5}),
+        Sends(u"P0(x) / P1(x) = b1*x + b0    Remainder    r0\r\n\r\nb1 = 3.3333e+1999999999999999"
+              u"\r\nb0 = 3.3333e+1999999999999999\r\n\r\nr0 = 0\r\n"));
+    EXPECT_EQ(Run(Divide, {{u"1", u"2", u"1"}, {u"3" + large, u"3" + large}}, {.digits = 5}),
+              Sends(u"P0(x) / P1(x) = b1*x + b0    Remainder    r0\r\n\r\n"
+                    u"b1 = 3.3333e-2000000000000001\r\nb0 = 3.3333e-2000000000000001\r\n\r\n"
+                    u"r0 = 0\r\n"));
+}
+
 TEST_F(PolynomialRun, WritesExponentsBeyondItsWindow) {
     EXPECT_EQ(Run(Plus, {{u"1000000000", u"10000000000", u"0.001", u"0.0001"}, {u"0"}}),
               Sends(u"P0(x) + P1(x) = b3*x^3 + b2*x^2 + b1*x + b0\r\n\r\n"
