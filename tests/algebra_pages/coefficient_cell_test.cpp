@@ -1,6 +1,9 @@
 #include "algebra_pages/coefficient_cell.h"
 
+#include <chrono>
 #include <string>
+#include <thread>
+#include <vector>
 
 #include "core/complex_text.h"
 #include "core/limits.h"
@@ -229,6 +232,43 @@ TEST_F(CoefficientCell, FailsWithTheFewestDigitsAlone) {
     EXPECT_TRUE(IsZero(cell.errors.real));
     RequestStop();
     EXPECT_EQ(ReadThrice(u"1/3").outcome, CellOutcome::Stopped);
+}
+
+// The first reading, with 10 digits, takes no time, and those with all digits many milliseconds.
+TEST_F(CoefficientCell, EndsWithAStopInALaterReading) {
+    const std::u16string text = u"exp(1.1)+exp(1.2)+exp(1.3)+exp(1.4)+exp(1.5)+exp(1.6)";
+    const NumberSetupScope setup(
+        NumberSetup{.type = NumberTypeReal, .digits = 4000, .width = UintWidthForLimbs(2)});
+    const auto read = [&](int64_t before, std::vector<uint64_t>& value) {
+        PartSizes errors;
+        return ReadCellWithError(value.data(), &errors, text.c_str(),
+                                 {.checked = 10, .before = before});
+    };
+    const auto words = static_cast<size_t>(RealWords());
+    // With few digits before, the stop comes in the last reading, and else nearly always in both.
+    for (const int64_t before : {int64_t{20}, int64_t{3990}}) {
+        ClearStopRequest();
+        std::vector<uint64_t> whole(words);
+        ASSERT_EQ(read(before, whole).outcome, CellOutcome::Read);
+        int stopped = 0;
+        for (int delay = 1; delay <= 10; delay++) {
+            ClearStopRequest();
+            std::thread other([delay] {
+                std::this_thread::sleep_for(std::chrono::milliseconds(delay));
+                RequestStop();
+            });
+            std::vector<uint64_t> value(words);
+            const CellOutcome outcome = read(before, value).outcome;
+            other.join();
+            stopped += outcome == CellOutcome::Stopped ? 1 : 0;
+            if (outcome != CellOutcome::Stopped) {
+                EXPECT_EQ(outcome, CellOutcome::Read);
+                EXPECT_EQ(value, whole) << "not the number of 10 digits";
+            }
+        }
+        EXPECT_GT(stopped, 0);
+    }
+    ClearStopRequest();
 }
 
 TEST_F(CoefficientCell, EndsWithAStop) {
