@@ -289,6 +289,10 @@ TEST_F(SystemRun, ShowsNoDigitsWhereNoneAreProven) {
     EXPECT_EQ(shown("e1300"), parameter);
     EXPECT_EQ(shown("e8700"), parameter);
     EXPECT_EQ(shown("e8700/3"), parameter);
+    EXPECT_EQ(ShownSystem({{"pi", "1", "1e8700"}, {"pi", "1", "1e8700"}}, NumberTypeReal),
+              "x1 = 3.183098862e+8699-0.3183098862*r\nx2 = r\n\nThe parameter variable r is freely "
+              "selectable.\n")
+        << "two runs agree, though no bound tells that the candidates are equal";
     EXPECT_EQ(shown("e9000"), "error 1001");
     EXPECT_EQ(shown("e2000000000000000"), "error 1001");
     EXPECT_EQ(ShownSystem({{"3e9000", "7e9000", "1e9000"}, {"9e9000", "20e9000", "2e9000"}},
