@@ -20,10 +20,11 @@ LIMBS = 529
 DIGITS = DIGITS_PER_LIMB * LIMBS
 LIMBS_PER_LINE = 4
 
-# A series of some ten thousand truncated terms is off by far less than 10^10 units of the scale.
+# A series of some thirty thousand truncated terms is off by far less than 10^10 units of the scale.
+# The scale reaches to the end of the longest constant, which is kept in two records.
 SPARE_DIGITS = 40
 ERROR = 10**10
-SCALE = 10 ** (DIGITS + SPARE_DIGITS)
+SCALE = 10 ** (2 * DIGITS + SPARE_DIGITS)
 
 
 def power_series(x, sign):
@@ -81,11 +82,17 @@ def inverse(x):
     return SCALE * SCALE // x
 
 
+def machin():
+    return 4 * arctan(5) - arctan(239)
+
+
+def gauss():
+    return 12 * arctan_euler(18) + 8 * arctan_euler(57) - 5 * arctan_euler(239)
+
+
 # Name, decimal exponent of the leading digit, and the two formulas, in the order of the table.
 CONSTANTS = [
-    ("ConstPiQuarter: pi / 4", -1,
-     lambda: 4 * arctan(5) - arctan(239),  # Machin
-     lambda: 12 * arctan_euler(18) + 8 * arctan_euler(57) - 5 * arctan_euler(239)),  # Gauss
+    ("ConstPiQuarter: pi / 4", -1, machin, gauss),
     ("ConstLn12: ln 1.2", -1,
      lambda: 2 * artanh(11),
      lambda: from_smooth(4, 2, 2)),
@@ -107,17 +114,21 @@ CONSTANTS = [
     ("ConstAtan21: arctan(1 / 21)", -2,
      lambda: arctan(21),
      lambda: arctan_euler(21)),
+    ("ConstPiQuarterTail: the digits behind those of ConstPiQuarter", -1 - DIGITS, machin, gauss),
 ]
 
 
 def leading_digits(scaled, exponent):
-    """The DIGITS leading digits of a scaled value whose first digit has that exponent."""
-    spare = 10 ** (SPARE_DIGITS + 1 + exponent)
+    """DIGITS digits of a scaled value from the place with that exponent on. They are its leading
+    ones unless the exponent leaves out as many before them."""
+    spare = 10 ** (DIGITS + SPARE_DIGITS + 1 + exponent)
     digits = scaled // spare
     if (scaled - ERROR) // spare != digits or (scaled + ERROR) // spare != digits:
         raise SystemExit("the last digits are not certain: raise SPARE_DIGITS")
+    if exponent < -DIGITS:
+        digits %= 10**DIGITS
     if not 10 ** (DIGITS - 1) <= digits < 10**DIGITS:
-        raise SystemExit(f"the leading digit has not the exponent {exponent}")
+        raise SystemExit(f"the first digit kept, at exponent {exponent}, is 0 or not the leading one")
     return digits
 
 

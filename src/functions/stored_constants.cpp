@@ -65,6 +65,13 @@ Limb LoadConstant(RealNumber* dest, const StoredConstant& constant) {
     return below;
 }
 
+void LoadLongPiQuarter(RealNumber* dest) {
+    LoadConstant(dest, ConstPiQuarter);
+    if (numberContext.precisionDigits > LongPiDigits / 2) {
+        AddConstantMultiple(dest, ConstPiQuarterTail, 1);
+    }
+}
+
 Limb LoadConstantMultiple(RealNumber* dest, const StoredConstant& constant, uint64_t k) {
     LoadConstant(dest, constant);
     return RealMulUint(dest, dest, k);

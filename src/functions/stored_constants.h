@@ -33,7 +33,7 @@ namespace stored_constants {
 using LongConstant = StoredConstantOf<LongConstantLimbs>;
 static_assert(sizeof(LongConstant) == 4240);
 
-inline constexpr size_t LongConstantCount = 8;
+inline constexpr size_t LongConstantCount = 9;
 
 extern const LongConstant LongConstants[LongConstantCount];
 extern const StoredConstantOf<2> TwoPow64;
@@ -52,6 +52,11 @@ inline constexpr const StoredConstant& ConstLn10 = stored_constants::LongConstan
 inline constexpr const StoredConstant& ConstLog10E = stored_constants::LongConstants[6].head;
 inline constexpr const StoredConstant& ConstAtan21 = stored_constants::LongConstants[7].head;
 
+/// The digits of pi / 4 behind those of ConstPiQuarter, as many again. Their sum is LongPiDigits
+/// long.
+inline constexpr const StoredConstant& ConstPiQuarterTail = stored_constants::LongConstants[8].head;
+inline constexpr int64_t LongPiDigits = 2 * int64_t{LongConstantLimbs} * DigitsPerLimb;
+
 // Powers of two, exact.
 inline constexpr const StoredConstant& ConstTwoPow64 = stored_constants::TwoPow64.head;
 inline constexpr const StoredConstant& ConstTwoPow128 = stored_constants::TwoPow128.head;
@@ -62,6 +67,10 @@ inline constexpr const StoredConstant& ConstTwoPowMinus128 = stored_constants::T
 /// zeros follow. The guard limb holds the digits that the last stored limb read has left, or the
 /// next stored limb where all digits of that one are used.
 Limb LoadConstant(RealNumber* dest, const StoredConstant& constant);
+
+/// dest = pi / 4 at the current layout, which may be longer than ConstPiQuarter: truncated, to
+/// LongPiDigits at most.
+void LoadLongPiQuarter(RealNumber* dest);
 
 /// dest = k * constant; raw.
 Limb LoadConstantMultiple(RealNumber* dest, const StoredConstant& constant, uint64_t k);

@@ -62,6 +62,19 @@ TEST(StoredConstantsOracle, PiQuarterHasAllReliableDigits) {
     });
 }
 
+TEST(StoredConstantsOracle, PiQuarterGoesOnInItsTail) {
+    constexpr size_t Digits = 2 * LongConstantLimbs * size_t{DigitsPerLimb};
+    mpfr_t value;
+    mpfr_init2(value, 67'000);
+    mpfr_const_pi(value, MPFR_RNDN);
+    mpfr_div_ui(value, value, 4, MPFR_RNDN);
+    mpfr_exp_t exponent = 0;
+    char* text = mpfr_get_str(nullptr, &exponent, 10, Digits, value, MPFR_RNDZ);
+    EXPECT_EQ(StoredDigits(ConstPiQuarter) + StoredDigits(ConstPiQuarterTail), text);
+    mpfr_free_str(text);
+    mpfr_clear(value);
+}
+
 TEST(StoredConstantsOracle, LogarithmsHaveAllReliableDigits) {
     const auto logarithm = [](unsigned long a, unsigned long b) {
         return [a, b](mpfr_ptr value) {

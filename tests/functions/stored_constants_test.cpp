@@ -49,10 +49,15 @@ struct LongConstantHead {
 };
 
 const LongConstantHead LongHeads[] = {
-    {ConstPiQuarter, 7853981633974483096u, -1}, {ConstLn12, 1823215567939546262u, -1},
-    {ConstLn101, 9950330853168082848u, -3},     {ConstLn2, 6931471805599453094u, -1},
-    {ConstAtan351, 2848995140761914318u, -3},   {ConstLn10, 2302585092994045684u, 0},
-    {ConstLog10E, 4342944819032518276u, -1},    {ConstAtan21, 4758310327698339580u, -2},
+    {ConstPiQuarter, 7853981633974483096u, -1},
+    {ConstLn12, 1823215567939546262u, -1},
+    {ConstLn101, 9950330853168082848u, -3},
+    {ConstLn2, 6931471805599453094u, -1},
+    {ConstAtan351, 2848995140761914318u, -3},
+    {ConstLn10, 2302585092994045684u, 0},
+    {ConstLog10E, 4342944819032518276u, -1},
+    {ConstAtan21, 4758310327698339580u, -2},
+    {ConstPiQuarterTail, 6087009916051394957u, -10052},
 };
 
 TEST(StoredConstants, LieInOneTableInTheirOrder) {
@@ -145,6 +150,21 @@ TEST(LoadConstant, IsStillCompleteAtTheLongestLayoutWithItsGuardDigits) {
     const Limb guard = LoadConstant(dest, ConstPiQuarter);
     const std::string digits = DigitsOf(ConstPiQuarter);
     EXPECT_EQ(DigitsOf(dest) + PaddedDigits(guard, DigitsPerLimb).substr(0, 8), digits);
+}
+
+TEST(LoadLongPiQuarter, AddsTheTailToThePrecisionsThatReachIt) {
+    const std::string digits = DigitsOf(ConstPiQuarter) + DigitsOf(ConstPiQuarterTail);
+    ASSERT_EQ(static_cast<int64_t>(digits.size()), LongPiDigits);
+    for (const int64_t p :
+         {int64_t{1}, int64_t{20}, int64_t{10'050}, int64_t{10'051}, int64_t{10'052},
+          int64_t{10'060}, int64_t{15'000}, LongPiDigits - 1, LongPiDigits}) {
+        RealLayoutScope layout;
+        InstallRealLayout(LayoutForDigits(p));
+        RealBuffer dest;
+        LoadLongPiQuarter(dest);
+        EXPECT_EQ(DigitsOf(dest), digits.substr(0, static_cast<size_t>(p))) << p;
+        EXPECT_EQ(dest.Get()->header, MakeHeader(-1, 0));
+    }
 }
 
 // 1.234...: 38 digits in 2 limbs.
