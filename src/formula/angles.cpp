@@ -7,7 +7,6 @@
 #include "core/real_integer.h"
 #include "core/real_rounding.h"
 #include "core/scratch.h"
-#include "functions/angle_units.h"
 #include "functions/inverse_trigonometric.h"
 #include "functions/trigonometric.h"
 
@@ -15,22 +14,70 @@ namespace tallymere {
 
 namespace {
 
-// Angles with exponents outside 0 to this are not tested.
+// Angles in radians with exponents above this are not tested.
 constexpr int64_t MaxTestedExponent = 8;
 
-void AngleToRadians(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
+// 10 to this is the largest difference for which an angle in radians counts as a multiple.
+constexpr int64_t MaxToleranceExponent = -3;
+
+constexpr uint64_t DegreesPerQuarter = 90;
+constexpr uint64_t GonPerQuarter = 100;
+
+// A function for each unit of angles.
+template <typename Function>
+struct FunctionByUnit {
+    Function ofRadians;
+    Function ofDegrees;
+    Function ofGon;
+};
+
+template <typename Function>
+Function ForUnit(const FunctionByUnit<Function>& functions, AngleUnit unit) {
+    TALLYMERE_REQUIRE(unit != AngleUnit::None);
     switch (unit) {
         case AngleUnit::None:
         case AngleUnit::Radians:
-            RealCopy(dest, x);
             break;
         case AngleUnit::Degrees:
-            RealDegToRad(dest, x);
-            break;
+            return functions.ofDegrees;
         case AngleUnit::Gon:
-            RealGonToRad(dest, x);
-            break;
+            return functions.ofGon;
     }
+    return functions.ofRadians;
+}
+
+constexpr FunctionByUnit<RealRoundedUnary> Sine = {RealSinRounded, RealSinDegreesRounded,
+                                                   RealSinGonRounded};
+constexpr FunctionByUnit<RealRoundedUnary> Cosine = {RealCosRounded, RealCosDegreesRounded,
+                                                     RealCosGonRounded};
+constexpr FunctionByUnit<RealRoundedUnary> Tangent = {RealTanRounded, RealTanDegreesRounded,
+                                                      RealTanGonRounded};
+constexpr FunctionByUnit<RealRoundedUnary> ArcSine = {RealAsinRounded, RealAsinDegreesRounded,
+                                                      RealAsinGonRounded};
+constexpr FunctionByUnit<RealRoundedUnary> ArcCosine = {RealAcosRounded, RealAcosDegreesRounded,
+                                                        RealAcosGonRounded};
+constexpr FunctionByUnit<RealRoundedUnary> ArcTangent = {RealAtanRounded, RealAtanDegreesRounded,
+                                                         RealAtanGonRounded};
+constexpr FunctionByUnit<RealRoundedBinary> PointAngle = {RealAtan2Rounded, RealAtan2DegreesRounded,
+                                                          RealAtan2GonRounded};
+
+// True where a multiple of the quarter turn is looked for.
+bool IsTested(const RealNumber* x, AngleUnit unit) {
+    const int64_t exponent = RealExponent(x);
+    if (RealIsSpecial(x) || exponent < 0) {
+        return false;
+    }
+    switch (unit) {
+        case AngleUnit::None:
+        case AngleUnit::Radians:
+            break;
+        case AngleUnit::Degrees:
+            return !RealAngleIsTooLarge(x, DegreesPerQuarter / 2);
+        case AngleUnit::Gon:
+            return !RealAngleIsTooLarge(x, GonPerQuarter / 2);
+    }
+    return exponent <= MaxTestedExponent &&
+           exponent - numberContext.precisionDigits + 2 <= MaxToleranceExponent;
 }
 
 void QuarterTurn(RealNumber* dest, AngleUnit unit) {
@@ -42,10 +89,10 @@ void QuarterTurn(RealNumber* dest, AngleUnit unit) {
             RealAsinRounded(dest, dest);
             break;
         case AngleUnit::Degrees:
-            RealFromInt(dest, 90);
+            RealFromUint(dest, DegreesPerQuarter);
             break;
         case AngleUnit::Gon:
-            RealFromInt(dest, 100);
+            RealFromUint(dest, GonPerQuarter);
             break;
     }
 }
@@ -73,26 +120,24 @@ void SnapToMultiple(RealNumber* quotient, RealNumber* remainder, const RealNumbe
 
 }  // namespace
 
-QuarterTurns ReduceAngleArgument(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
+QuarterTurns ReduceAngleArgument(const RealNumber* x, AngleUnit unit) {
     TALLYMERE_REQUIRE(unit != AngleUnit::None);
+    if (RealIsZero(x)) {
+        return QuarterTurns::Even;
+    }
+    if (!IsTested(x, unit)) {
+        return QuarterTurns::NoMultiple;
+    }
     ScratchStackScope scratch;
     RealNumber* quotient = RealAt(scratch.Take(RealWords()));
     RealNumber* remainder = RealAt(scratch.Take(RealWords()));
     RealNumber* quarter = RealAt(scratch.Take(RealWords()));
     RealAbs(remainder, x);
-    AngleToRadians(dest, x, unit);
-
-    const int64_t exponent = RealExponent(remainder);
-    if (RealIsZero(remainder)) {
-        return QuarterTurns::Even;
-    }
-    if (exponent < 0 || exponent > MaxTestedExponent) {
-        return QuarterTurns::NoMultiple;
-    }
     QuarterTurn(quarter, unit);
+    // The quotient is complete where nothing remains: the multiple has no more digits than x.
     RealDivMod(quotient, remainder, remainder, quarter);
     if (unit == AngleUnit::Radians) {
-        SnapToMultiple(quotient, remainder, quarter, exponent);
+        SnapToMultiple(quotient, remainder, quarter, RealExponent(x));
     }
     if (!RealIsZero(remainder)) {
         return QuarterTurns::NoMultiple;
@@ -100,65 +145,50 @@ QuarterTurns ReduceAngleArgument(RealNumber* dest, const RealNumber* x, AngleUni
     return RealIsEven(quotient) ? QuarterTurns::Even : QuarterTurns::Odd;
 }
 
-void AngleFromRadians(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
-    TALLYMERE_REQUIRE(unit != AngleUnit::None);
-    switch (unit) {
-        case AngleUnit::None:
-        case AngleUnit::Radians:
-            RealCopy(dest, x);
-            break;
-        case AngleUnit::Degrees:
-            RealRadToDeg(dest, x);
-            break;
-        case AngleUnit::Gon:
-            RealRadToGon(dest, x);
-            break;
-    }
-}
-
 void SineOfAngle(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
-    if (ReduceAngleArgument(dest, x, unit) == QuarterTurns::Even) {
+    if (ReduceAngleArgument(x, unit) == QuarterTurns::Even) {
         RealSetZero(dest, 0);
     } else {
-        RealSinRounded(dest, dest);
+        ForUnit(Sine, unit)(dest, x);
     }
 }
 
 void CosineOfAngle(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
-    if (ReduceAngleArgument(dest, x, unit) == QuarterTurns::Odd) {
+    if (ReduceAngleArgument(x, unit) == QuarterTurns::Odd) {
         RealSetZero(dest, 0);
     } else {
-        RealCosRounded(dest, dest);
+        ForUnit(Cosine, unit)(dest, x);
     }
 }
 
 bool TangentOfAngle(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
-    switch (ReduceAngleArgument(dest, x, unit)) {
+    switch (ReduceAngleArgument(x, unit)) {
         case QuarterTurns::Even:
             RealSetZero(dest, 0);
             break;
         case QuarterTurns::Odd:
             return false;
         case QuarterTurns::NoMultiple:
-            RealTanRounded(dest, dest);
+            ForUnit(Tangent, unit)(dest, x);
             break;
     }
     return true;
 }
 
 void AngleOfSine(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
-    RealAsinRounded(dest, x);
-    AngleFromRadians(dest, dest, unit);
+    ForUnit(ArcSine, unit)(dest, x);
 }
 
 void AngleOfCosine(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
-    RealAcosRounded(dest, x);
-    AngleFromRadians(dest, dest, unit);
+    ForUnit(ArcCosine, unit)(dest, x);
 }
 
 void AngleOfTangent(RealNumber* dest, const RealNumber* x, AngleUnit unit) {
-    RealAtanRounded(dest, x);
-    AngleFromRadians(dest, dest, unit);
+    ForUnit(ArcTangent, unit)(dest, x);
+}
+
+void AngleOfPoint(RealNumber* dest, const RealNumber* y, const RealNumber* x, AngleUnit unit) {
+    ForUnit(PointAngle, unit)(dest, y, x);
 }
 
 }  // namespace tallymere

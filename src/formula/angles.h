@@ -17,31 +17,31 @@ enum class QuarterTurns {
     Even = 2,
 };
 
-/// dest = the angle x in radians, and the answer whether x is a multiple of the quarter turn.
+/// The answer whether the angle x is a multiple of the quarter turn.
 ///
-/// Zero is an even multiple. Beyond that only 1 <= |x| < 10^9 is looked at; smaller and larger
-/// angles are no multiples. A multiple in degrees or gon is one exactly. In radians, where the
-/// quarter turn is not exact, it may differ by less than 10^(e - p + 2), e being the exponent of x
-/// and p the precision; for p <= e + 2 every angle counts as a multiple.
-QuarterTurns ReduceAngleArgument(RealNumber* dest, const RealNumber* x, AngleUnit unit);
+/// Zero is an even multiple, and other angles below 1 are none. In degrees and gon an angle is a
+/// multiple exactly or not at all; one that is too large for the functions counts as none. In
+/// radians, where the quarter turn is not exact, only |x| < 10^9 is looked at, and the angle may
+/// differ from the multiple by less than 10^(e - p + 2), e being the exponent of x and p the
+/// precision. Where that is more than 10^-3 no angle counts as a multiple: it would be as near to
+/// one by chance.
+QuarterTurns ReduceAngleArgument(const RealNumber* x, AngleUnit unit);
 
-/// dest = the angle x, in radians, in the unit.
-void AngleFromRadians(RealNumber* dest, const RealNumber* x, AngleUnit unit);
-
-// dest = a function of the angle x. Angles in degrees and gon are rounded in radians on the way, so
-// the digits that a large one has before its point are missing from its sine. Zeros at multiples of
-// the quarter turn are exact and positive.
+// dest = a function of the angle x. Zeros at multiples of the quarter turn are exact and positive.
 
 void SineOfAngle(RealNumber* dest, const RealNumber* x, AngleUnit unit);
 void CosineOfAngle(RealNumber* dest, const RealNumber* x, AngleUnit unit);
 
 /// False at a pole, which is an odd multiple of the quarter turn. No code is noted then, and dest
-/// is the angle in radians.
+/// stays as it is.
 bool TangentOfAngle(RealNumber* dest, const RealNumber* x, AngleUnit unit);
 
 // dest = the angle with the sine, cosine or tangent x.
 void AngleOfSine(RealNumber* dest, const RealNumber* x, AngleUnit unit);
 void AngleOfCosine(RealNumber* dest, const RealNumber* x, AngleUnit unit);
 void AngleOfTangent(RealNumber* dest, const RealNumber* x, AngleUnit unit);
+
+/// dest = the angle of the point (x, y).
+void AngleOfPoint(RealNumber* dest, const RealNumber* y, const RealNumber* x, AngleUnit unit);
 
 }  // namespace tallymere

@@ -2,7 +2,6 @@
 
 #include "formula/angles.h"
 #include "functions/complex_roots.h"
-#include "functions/inverse_trigonometric.h"
 
 namespace tallymere {
 
@@ -30,8 +29,7 @@ void ComplexTakeImaginaryPart(ComplexNumber* dest, const ComplexNumber* z) {
 }
 
 void ComplexAngle(ComplexNumber* dest, const ComplexNumber* z, AngleUnit unit) {
-    RealAtan2Rounded(RealPart(dest), ImaginaryPart(z), RealPart(z));
-    AngleFromRadians(RealPart(dest), RealPart(dest), unit);
+    AngleOfPoint(RealPart(dest), ImaginaryPart(z), RealPart(z), unit);
     ComplexClearImaginaryPart(dest);
 }
 

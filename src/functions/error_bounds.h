@@ -42,14 +42,11 @@ inline constexpr double FarBaseErrorBound = 2;
 inline constexpr double FarBaseExponentPerUlp = 100;
 inline constexpr int64_t FarBaseLeastPrecision = 16;
 
-/// Of results from 0.01 on; of tangents to 100.
-inline constexpr ErrorBound SinCosErrorBound = {0.65, 0.65};
-inline constexpr ErrorBound TanErrorBound = {6, 6};
+/// Of sine, cosine and tangent in radians, degrees and gon, next to their zeros and poles as well.
+inline constexpr ErrorBound CircularErrorBound = {0.51, 0.51};
 
-/// Of results below 0.01, and of tangents above 100, with an exponent of +-s: UsualErrorBound and
-/// so many times 10^(s - 2).
-inline constexpr double SinCosNearZeroFactor = 5;
-inline constexpr double TanNearZeroFactor = 20;
+/// Of the inverse functions in degrees and gon.
+inline constexpr ErrorBound ArcInUnitsErrorBound = {0.51, 0.51};
 
 inline constexpr ErrorBound DegToRadErrorBound = {0.6, 0.6};
 inline constexpr ErrorBound RadToDegErrorBound = {0.7, 0.7};

@@ -9,7 +9,9 @@
 #include "core/real_divide.h"
 #include "core/real_integer.h"
 #include "core/real_multiply.h"
+#include "core/real_rounding.h"
 #include "core/scratch.h"
+#include "functions/angle_units.h"
 #include "functions/guard_digits.h"
 #include "functions/roots.h"
 #include "functions/series.h"
@@ -20,6 +22,9 @@ namespace tallymere {
 namespace {
 
 constexpr int64_t ArcGuardDigits = 4;
+
+// In degrees and gon, where the angle is rounded to these digits before and after it is converted.
+constexpr int64_t ArcInUnitsGuardDigits = 6;
 
 // From so many digits on a second reduction costs less than the terms that it saves.
 constexpr int64_t FineStepDigits = 70;
@@ -103,6 +108,46 @@ Limb AtanOfFraction(RealNumber* y) {
     }
     return coarse == AtanStepTable.coarse.size() - 1 ? AddSteps(y, ConstPiQuarter, 1)
                                                      : AddSteps(y, ConstAtan21, coarse);
+}
+
+// dest = a raw angle, in another unit. One less than ten units of the last place from a whole
+// number is made that number: 45 and 135 degrees and 150 gon lie half way between two numbers of
+// one digit or two, and have to be rounded up. No angle of a number of few digits comes as near to
+// another such point, and beside more digits it makes no difference.
+template <void (*FromRadians)(RealNumber*, const RealNumber*)>
+void AngleInUnits(RealNumber* dest) {
+    FromRadians(dest, dest);
+    if (RealIsSpecial(dest)) {
+        return;
+    }
+    CoreScratchScope scratch;
+    RealNumber* whole = RealAt(scratch.Take(RealWords()));
+    RealNumber* distance = RealAt(scratch.Take(RealWords()));
+    RealRoundToInteger(whole, dest);
+    RealSub(distance, dest, whole);
+    const int64_t lastPlace = RealExponent(dest) - numberContext.precisionDigits + 1;
+    if (!RealIsZero(whole) && (RealIsZero(distance) || RealExponent(distance) <= lastPlace)) {
+        RealCopy(dest, whole);
+    }
+}
+
+template <RealUnaryFunction Arc, void (*FromRadians)(RealNumber*, const RealNumber*)>
+void ArcInUnits(RealNumber* dest, const RealNumber* x) {
+    RoundedUnary(dest, x, ArcInUnitsGuardDigits, [](RealNumber* angle, const RealNumber* wideX) {
+        Arc(angle, wideX);
+        AngleInUnits<FromRadians>(angle);
+        return Limb{0};
+    });
+}
+
+template <void (*FromRadians)(RealNumber*, const RealNumber*)>
+void Atan2InUnits(RealNumber* dest, const RealNumber* y, const RealNumber* x) {
+    RoundedBinary(dest, y, x, ArcInUnitsGuardDigits,
+                  [](RealNumber* angle, const RealNumber* wideY, const RealNumber* wideX) {
+                      RealAtan2(angle, wideY, wideX);
+                      AngleInUnits<FromRadians>(angle);
+                      return Limb{0};
+                  });
 }
 
 }  // namespace
@@ -255,6 +300,38 @@ void RealAcosRounded(RealNumber* dest, const RealNumber* x) {
 
 void RealAtan2Rounded(RealNumber* dest, const RealNumber* y, const RealNumber* x) {
     RoundedBinary(dest, y, x, ArcGuardDigits, RealAtan2);
+}
+
+void RealAtanDegreesRounded(RealNumber* dest, const RealNumber* x) {
+    ArcInUnits<RealAtan, RealRadToDeg>(dest, x);
+}
+
+void RealAsinDegreesRounded(RealNumber* dest, const RealNumber* x) {
+    ArcInUnits<RealAsin, RealRadToDeg>(dest, x);
+}
+
+void RealAcosDegreesRounded(RealNumber* dest, const RealNumber* x) {
+    ArcInUnits<RealAcos, RealRadToDeg>(dest, x);
+}
+
+void RealAtan2DegreesRounded(RealNumber* dest, const RealNumber* y, const RealNumber* x) {
+    Atan2InUnits<RealRadToDeg>(dest, y, x);
+}
+
+void RealAtanGonRounded(RealNumber* dest, const RealNumber* x) {
+    ArcInUnits<RealAtan, RealRadToGon>(dest, x);
+}
+
+void RealAsinGonRounded(RealNumber* dest, const RealNumber* x) {
+    ArcInUnits<RealAsin, RealRadToGon>(dest, x);
+}
+
+void RealAcosGonRounded(RealNumber* dest, const RealNumber* x) {
+    ArcInUnits<RealAcos, RealRadToGon>(dest, x);
+}
+
+void RealAtan2GonRounded(RealNumber* dest, const RealNumber* y, const RealNumber* x) {
+    Atan2InUnits<RealRadToGon>(dest, y, x);
 }
 
 }  // namespace tallymere

@@ -1,4 +1,4 @@
-// Inverse sine, cosine and tangent and the angle of a point, in radians.
+// Inverse sine, cosine and tangent and the angle of a point, in radians, degrees and gon.
 //
 // Inner forms are raw and work at the layout in force. On their own they have no error bound: the
 // guard digits of the public forms are made for what they lose. The bounds of the public forms
@@ -84,5 +84,16 @@ void RealAtanRounded(RealNumber* dest, const RealNumber* x);
 void RealAsinRounded(RealNumber* dest, const RealNumber* x);
 void RealAcosRounded(RealNumber* dest, const RealNumber* x);
 void RealAtan2Rounded(RealNumber* dest, const RealNumber* y, const RealNumber* x);
+
+/// The same in degrees and in gon, with 6 guard digits and rounded once; within
+/// ArcInUnitsErrorBound.
+void RealAtanDegreesRounded(RealNumber* dest, const RealNumber* x);
+void RealAsinDegreesRounded(RealNumber* dest, const RealNumber* x);
+void RealAcosDegreesRounded(RealNumber* dest, const RealNumber* x);
+void RealAtan2DegreesRounded(RealNumber* dest, const RealNumber* y, const RealNumber* x);
+void RealAtanGonRounded(RealNumber* dest, const RealNumber* x);
+void RealAsinGonRounded(RealNumber* dest, const RealNumber* x);
+void RealAcosGonRounded(RealNumber* dest, const RealNumber* x);
+void RealAtan2GonRounded(RealNumber* dest, const RealNumber* y, const RealNumber* x);
 
 }  // namespace tallymere

@@ -1,4 +1,4 @@
-// Sine, cosine and tangent of an angle in radians.
+// Sine, cosine and tangent of an angle in radians, and in degrees and gon.
 //
 // Inner forms are raw and work at the layout in force; the error bounds are those of
 // functions/error_bounds.h. Outputs may be operands.
@@ -25,10 +25,31 @@ Limb RealCos(RealNumber* dest, const RealNumber* x);
 /// reportOverflow; with guard digits no x gets there. Codes else as RealSinCos.
 Limb RealTan(RealNumber* dest, const RealNumber* x);
 
-/// The same with ArgumentGuardDigits(x) guard digits, rounded; within SinCosErrorBound and
-/// TanErrorBound, near zeros and poles see SinCosNearZeroFactor and TanNearZeroFactor.
+// Rounded forms, within CircularErrorBound for every argument, next to zeros and poles as well.
+// Method: x less the nearest multiple of the quarter turn, to as many digits as the rest needs, and
+// the series of the rest.
+
+/// Of an angle in radians; codes as RealSinCos. The rest is worked out with more digits for as long
+/// as it lacks some, up to LongPiDigits: no angle that can be written with MaxPrecisionDigits and
+/// its guard digits lies so near to a multiple that they would not do.
 void RealSinRounded(RealNumber* dest, const RealNumber* x);
 void RealCosRounded(RealNumber* dest, const RealNumber* x);
 void RealTanRounded(RealNumber* dest, const RealNumber* x);
+
+// Of an angle in degrees or gon, which is reduced exactly before it becomes radians. Multiples of
+// the quarter turn give 0, 1 or -1 exactly, with +0 except for an angle of -0. The tangent at a
+// pole is an infinity, with CalcErrorOverflow if reportOverflow. Codes as RealSinCos; the angle is
+// too large by RealAngleIsTooLarge.
+
+void RealSinDegreesRounded(RealNumber* dest, const RealNumber* x);
+void RealCosDegreesRounded(RealNumber* dest, const RealNumber* x);
+void RealTanDegreesRounded(RealNumber* dest, const RealNumber* x);
+void RealSinGonRounded(RealNumber* dest, const RealNumber* x);
+void RealCosGonRounded(RealNumber* dest, const RealNumber* x);
+void RealTanGonRounded(RealNumber* dest, const RealNumber* x);
+
+/// True for infinity and where |x| holds more than 2^64 eighths of a turn, each of so many units.
+/// x is not NaN, unitsPerOctant 1 to 1000.
+bool RealAngleIsTooLarge(const RealNumber* x, uint64_t unitsPerOctant);
 
 }  // namespace tallymere

@@ -11,9 +11,7 @@
 #include "core/real_layout.h"
 #include "core/real_multiply.h"
 #include "core/real_rounding.h"
-#include "functions/angle_units.h"
 #include "functions/stored_constants.h"
-#include "functions/trigonometric.h"
 #include "support/formula_testing.h"
 
 namespace tallymere {
@@ -24,12 +22,7 @@ using namespace testing_support;
 constexpr AngleUnit AllUnits[] = {AngleUnit::Radians, AngleUnit::Degrees, AngleUnit::Gon};
 
 QuarterTurns Reduce(const RealBuffer& angle, AngleUnit unit) {
-    RealBuffer radians;
-    const QuarterTurns turns = ReduceAngleArgument(radians, angle, unit);
-    RealBuffer inPlace = angle;
-    EXPECT_EQ(ReduceAngleArgument(inPlace, inPlace, unit), turns);
-    EXPECT_EQ(inPlace, radians);
-    return turns;
+    return ReduceAngleArgument(angle, unit);
 }
 
 // Of an angle and of its opposite, which have to agree.
@@ -78,19 +71,37 @@ TEST(ReduceAngleArgument, TakesZeroForAnEvenMultiple) {
     }
 }
 
-TEST(ReduceAngleArgument, LooksOnlyAtMagnitudesFromOneToABillion) {
+TEST(ReduceAngleArgument, LooksOnlyAtMagnitudesFromOneOn) {
     FormulaScope scope(20);
     for (const AngleUnit unit : AllUnits) {
-        for (const char* angle : {"0.5", "0.99999999999999999999", "1e-30", "1e9", "1.8e9", "3.6e9",
-                                  "9e20", "1e300", "inf", "nan"}) {
+        for (const char* angle :
+             {"0.5", "0.99999999999999999999", "1e-30", "1e300", "inf", "nan"}) {
             EXPECT_EQ(Reduce(RealBuffer(angle), unit), QuarterTurns::NoMultiple) << angle;
         }
     }
     EXPECT_EQ(TakeCode(), CalcErrorNone);
+}
+
+// Up to where the functions have no value any more: 45 * 2^64 degrees are 830103483316929822720.
+TEST(ReduceAngleArgument, FindsLargeMultiplesInDegreesAndGonAlone) {
+    for (const int64_t p : {1, 2, 3, 5, 20, 38}) {
+        FormulaScope scope(p);
+        EXPECT_EQ(Reduce("9e9", AngleUnit::Degrees), QuarterTurns::Even);
+        EXPECT_EQ(Reduce("1e9", AngleUnit::Degrees), QuarterTurns::NoMultiple);
+        EXPECT_EQ(Reduce("9e19", AngleUnit::Degrees), QuarterTurns::Even);
+        EXPECT_EQ(Reduce("1e9", AngleUnit::Gon), QuarterTurns::Even);
+        EXPECT_EQ(Reduce("9e20", AngleUnit::Gon), QuarterTurns::Even);
+        EXPECT_EQ(Reduce("9e20", AngleUnit::Degrees), QuarterTurns::NoMultiple) << "too large";
+        EXPECT_EQ(Reduce("1e21", AngleUnit::Gon), QuarterTurns::NoMultiple) << "too large";
+    }
+    FormulaScope scope(20);
     EXPECT_EQ(Reduce("999999900", AngleUnit::Degrees), QuarterTurns::Even);
     EXPECT_EQ(Reduce("999999900", AngleUnit::Gon), QuarterTurns::Odd);
-    EXPECT_EQ(Reduce("1000000080", AngleUnit::Degrees), QuarterTurns::NoMultiple);
-    EXPECT_EQ(Reduce("1000000000", AngleUnit::Gon), QuarterTurns::NoMultiple);
+    EXPECT_EQ(Reduce("9000000090", AngleUnit::Degrees), QuarterTurns::Odd);
+    EXPECT_EQ(Reduce("100000000000000000100", AngleUnit::Gon), QuarterTurns::Odd);
+    for (const char* angle : {"1e9", "1570796326.7948966192"}) {
+        EXPECT_EQ(Reduce(angle, AngleUnit::Radians), QuarterTurns::NoMultiple) << angle;
+    }
 }
 
 // pi / 2 at 20 digits is 1.5707963267948966192, so each case is a multiple of that and the
@@ -126,24 +137,28 @@ TEST(ReduceAngleArgument, AllowsAHundredUnitsOfTheLastPlaceInRadians) {
     }
 }
 
-// With few digits the difference that is allowed grows up to the quarter turn itself, so that every
-// angle from 1 on is taken for a multiple. The rule is the same at every precision.
-TEST(ReduceAngleArgument, TakesCoarseAnglesForMultiplesWhereDigitsAreFew) {
+// Where a difference of more than 10^-3 would be allowed ordinary angles would be swallowed.
+TEST(ReduceAngleArgument, TakesNoCoarseAngleForAMultiple) {
     struct Case {
         int64_t precision;
         const char* angle;
         QuarterTurns expected;
     };
     for (const Case& c : {
-             Case{3, "3.1", QuarterTurns::Even},  // 0.04 from 2 * 1.57, and less than 0.1 allowed
-             Case{3, "3", QuarterTurns::NoMultiple},  // 0.14 from it
-             Case{3, "11", QuarterTurns::Odd},        // 0.01 from 7 * 1.57, and less than 1 allowed
-             Case{3, "12", QuarterTurns::Even},       // 0.56 from 8 * 1.57
-             Case{5, "1001", QuarterTurns::Odd},      // 0.4 from 637 * 1.5708
-             Case{2, "1", QuarterTurns::Odd},         // 0.6 from 1.6
-             Case{2, "0.9", QuarterTurns::NoMultiple},
-             Case{1, "1", QuarterTurns::Even},  // 1 from 0, and less than 10 allowed
-             Case{1, "0.9", QuarterTurns::NoMultiple},
+             Case{5, "3.1416", QuarterTurns::Even},  // less than 10^-3 allowed
+             Case{5, "3.1424", QuarterTurns::Even},
+             Case{5, "3.1426", QuarterTurns::NoMultiple},
+             Case{4, "3.142", QuarterTurns::NoMultiple},  // it would be 10^-2
+             Case{3, "3.14", QuarterTurns::NoMultiple},
+             Case{3, "1.57", QuarterTurns::NoMultiple},  // pi / 2 at 3 digits
+             Case{1, "2", QuarterTurns::NoMultiple},     // pi / 2 at 1 digit
+             Case{5, "10.996", QuarterTurns::NoMultiple},
+             Case{6, "10.9956", QuarterTurns::Odd},
+             Case{7, "90325000", QuarterTurns::NoMultiple},
+             Case{12, "123456789", QuarterTurns::NoMultiple},
+             Case{12, "123456788.747", QuarterTurns::NoMultiple},
+             Case{13, "123456788.9586", QuarterTurns::NoMultiple},
+             Case{1, "0", QuarterTurns::Even},
          }) {
         FormulaScope scope(c.precision);
         EXPECT_EQ(Reduce(c.angle, AngleUnit::Radians), c.expected)
@@ -158,9 +173,9 @@ TEST(ReduceAngleArgument, TakesCoarseAnglesForMultiplesWhereDigitsAreFew) {
         EXPECT_EQ(Reduce("4e8", AngleUnit::Gon), QuarterTurns::Even);
         EXPECT_EQ(Reduce("50", AngleUnit::Gon), QuarterTurns::NoMultiple);
     }
-    FormulaScope scope(3);
-    EXPECT_EQ(Evaluate(u"sin(12)"), Value("0"));
-    EXPECT_EQ(Evaluate(u"tan(11)"), Failure(FormulaErrorOperationFailed, 1, 3));
+    FormulaScope scope(7);
+    EXPECT_EQ(Evaluate(u"sin(9.0325e7)"), Value("0.9954282"));
+    EXPECT_EQ(Evaluate(u"tan(123456789)"), Value("-0.1371483"));
 }
 
 // Multiples of pi / 2 as good as the precision allows are found up to the last, at every precision.
@@ -186,23 +201,6 @@ TEST(ReduceAngleArgument, FindsRoundedMultiplesInRadians) {
     }
 }
 
-TEST(ReduceAngleArgument, LeavesTheAngleInRadians) {
-    FormulaScope scope(20);
-    for (const char* text : {"0", "-0", "30", "-90", "0.001", "1e30"}) {
-        const RealBuffer angle(text);
-        RealBuffer radians;
-        RealBuffer expected;
-        ReduceAngleArgument(radians, angle, AngleUnit::Radians);
-        EXPECT_EQ(radians, angle);
-        ReduceAngleArgument(radians, angle, AngleUnit::Degrees);
-        RealDegToRad(expected, angle);
-        EXPECT_EQ(radians, expected);
-        ReduceAngleArgument(radians, angle, AngleUnit::Gon);
-        RealGonToRad(expected, angle);
-        EXPECT_EQ(radians, expected);
-    }
-}
-
 TEST(ReduceAngleArgument, EndsWithItsCodeWhenStopped) {
     FormulaScope scope(20);
     uint8_t stop = 1;
@@ -210,18 +208,6 @@ TEST(ReduceAngleArgument, EndsWithItsCodeWhenStopped) {
     Reduce(RealBuffer("180"), AngleUnit::Degrees);
     EXPECT_EQ(TakeCode(), CalcErrorCancelled);
     EXPECT_EQ(EvaluateTokenByToken(u"1+sind(180)"), Failure(FormulaErrorAborted, 1, 0));
-}
-
-TEST(AngleFromRadians, ConvertsToTheUnit) {
-    FormulaScope scope(20);
-    const RealBuffer angle("-0.7");
-    RealBuffer result;
-    AngleFromRadians(result, angle, AngleUnit::Radians);
-    EXPECT_EQ(result, angle);
-    AngleFromRadians(result, angle, AngleUnit::Degrees);
-    EXPECT_EQ(result, RealBuffer("-40.107045659157624614"));
-    AngleFromRadians(result, angle, AngleUnit::Gon);
-    EXPECT_EQ(result, RealBuffer("-44.563384065730694015"));
 }
 
 // The sign of a zero is seen in PlainText.
@@ -251,17 +237,40 @@ TEST(CircularFunctions, AreComputedWhereTheyAreNotZero) {
     EXPECT_EQ(Evaluate(u"sin(pi/2)"), Value("1"));
     EXPECT_EQ(Evaluate(u"sind(0.5)"), Value("8.7265354983739349649e-3"));
     EXPECT_EQ(Evaluate(u"sin(1e10)"), Value("-0.48750602508751069153"));
-    EXPECT_EQ(Evaluate(u"sin(3.1415926535897932394)"), Value("-9.3736e-19"))
-        << "next to a multiple only the guard digits are left";
+    EXPECT_EQ(Evaluate(u"sin(3.1415926535897932394)"), Value("-9.3735661672049711580e-19"));
 }
 
-// The sine of 100,000,030 degrees is that of 310, -0.76604444311897803520. It is worked out of
-// 1745329.77559 radians, and of 1745329.7755931051752.
-TEST(CircularFunctions, OfLargeAnglesInDegreesLackTheDigitsBeforeThePoint) {
+// Angles are reduced in degrees or gon, before pi comes in.
+TEST(CircularFunctions, KeepAllDigitsOfLargeAnglesInDegreesAndGon) {
     FormulaScope twelve(12);
-    EXPECT_EQ(Evaluate(u"sind(100000030)"), Value("-0.766046439083"));
+    EXPECT_EQ(Evaluate(u"sind(36030)"), Value("0.5"));
+    EXPECT_EQ(Evaluate(u"cosd(450.1)"), Value("-1.74532836590e-3"));
+    EXPECT_EQ(Evaluate(u"sind(1000000)"), Value("-0.984807753012"));
+    EXPECT_EQ(Evaluate(u"tand(89.9999)"), Value("572957.795130"));
+    EXPECT_EQ(Evaluate(u"cosg(99.999999)"), Value("1.57079632679e-8"));
+    EXPECT_EQ(Evaluate(u"sind(100000030)"), Value("-0.766044443119"));
     FormulaScope twenty(20);
-    EXPECT_EQ(Evaluate(u"sind(100000030)"), Value("-0.76604444311899253896"));
+    EXPECT_EQ(Evaluate(u"sind(100000030)"), Value("-0.76604444311897803520"));
+    EXPECT_EQ(Evaluate(u"cosd(1e20)"), Value("0.17364817766693034885"));
+    EXPECT_EQ(Evaluate(u"tand(9000000090)"), Failure(FormulaErrorOperationFailed, 1, 4));
+    EXPECT_EQ(Evaluate(u"cosd(9000000090)"), Value("0"));
+    FormulaScope complex(12, NumberTypeComplex);
+    EXPECT_EQ(Evaluate(u"sind(36030)"), Value("0.5", "0"));
+    EXPECT_EQ(Evaluate(u"tand(89.9999)"), Value("572957.795130", "0"));
+}
+
+// Twice rounded, it would be 89.5 at first and 90 then.
+TEST(InverseCircularFunctions, AreRoundedOnceInDegreesAndGon) {
+    FormulaScope two(2);
+    EXPECT_EQ(Evaluate(u"atand(110)"), Value("89"));
+    FormulaScope twenty(20);
+    EXPECT_EQ(Evaluate(u"asind(0.5)"), Value("30"));
+    EXPECT_EQ(Evaluate(u"acosg(-1)"), Value("200"));
+    EXPECT_EQ(Evaluate(u"atang(-1)"), Value("-50"));
+    FormulaScope complex(20, NumberTypeComplex);
+    EXPECT_EQ(Evaluate(u"argd(-1+i)"), Value("135", "0"));
+    EXPECT_EQ(Evaluate(u"argg(-1-i)"), Value("-150", "0"));
+    EXPECT_EQ(Evaluate(u"argd(-5)"), Value("180", "0"));
 }
 
 TEST(CircularFunctions, HaveNoTangentAtOddMultiples) {

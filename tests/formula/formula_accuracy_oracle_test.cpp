@@ -29,12 +29,6 @@ const std::map<std::u16string, const char*> NotCompared = {
     {u"arg", "compared as \"atan2\""},
 };
 
-// In degrees and gon a formula converts the angle, which is compared as "degrees to radians" and
-// the like, and calls the routine of radians.
-bool IsForOtherUnit(const FunctionRow& row) {
-    return row.unit == AngleUnit::Degrees || row.unit == AngleUnit::Gon;
-}
-
 bool IsCompared(const std::string& name) {
     return std::ranges::any_of(TestedFunctions(), [&](const TestedFunction& function) {
         return function.name == name || function.name.starts_with(name + ", ");
@@ -59,8 +53,7 @@ TEST_P(FormulaFunctionAccuracy, IsCompared) {
 std::vector<FunctionId> FunctionsThatMayRound() {
     std::vector<FunctionId> ids;
     for (const FunctionRow& row : FunctionTable) {
-        const bool rounds = row.routines.real != nullptr || row.routines.cplx != nullptr;
-        if (rounds && !IsForOtherUnit(row)) {
+        if (row.routines.real != nullptr || row.routines.cplx != nullptr) {
             ids.push_back(row.id);
         }
     }

@@ -28,9 +28,26 @@ const std::map<std::string, ErrorBound> WiderBounds = {
     {"x^n", PowerIntErrorBound},
     {"2^n", PowerOfTwoErrorBound},
     {"root", RootErrorBound},
-    {"sin", SinCosErrorBound},
-    {"cos", SinCosErrorBound},
-    {"tan", TanErrorBound},
+    {"sin", CircularErrorBound},
+    {"cos", CircularErrorBound},
+    {"tan", CircularErrorBound},
+    {"sind", CircularErrorBound},
+    {"cosd", CircularErrorBound},
+    {"tand", CircularErrorBound},
+    {"sing", CircularErrorBound},
+    {"cosg", CircularErrorBound},
+    {"tang", CircularErrorBound},
+    {"sin, near its zeros", CircularErrorBound},
+    {"cos, near its zeros", CircularErrorBound},
+    {"tan, near zeros and poles", CircularErrorBound},
+    {"asind", ArcInUnitsErrorBound},
+    {"acosd", ArcInUnitsErrorBound},
+    {"atand", ArcInUnitsErrorBound},
+    {"argd", ArcInUnitsErrorBound},
+    {"asing", ArcInUnitsErrorBound},
+    {"acosg", ArcInUnitsErrorBound},
+    {"atang", ArcInUnitsErrorBound},
+    {"argg", ArcInUnitsErrorBound},
     {"degrees to radians", DegToRadErrorBound},
     {"radians to degrees", RadToDegErrorBound},
     {"radians to gon", RadToGonErrorBound},
@@ -51,12 +68,6 @@ const std::map<std::string, ErrorBound> WiderBounds = {
 // logarithm.
 double BoundOf(const std::string& name, const FunctionDeviation& deviation) {
     const auto size = static_cast<double>(std::llabs(deviation.exponent));
-    if (name == "sin, near its zeros" || name == "cos, near its zeros") {
-        return UsualErrorBound + SinCosNearZeroFactor * std::pow(10.0, size - 2);
-    }
-    if (name == "tan, near zeros and poles") {
-        return UsualErrorBound + TanNearZeroFactor * std::pow(10.0, size - 2);
-    }
     if (name == "acosh, near 1") {
         return UsualErrorBound + AcoshNearOneFactor * std::pow(10.0, 2 * size - 2);
     }

@@ -56,6 +56,12 @@ MeasuredFunction OfComplex(const char* name, std::function<void(ComplexNumber* z
             }};
 }
 
+std::string LongestPi() {
+    RealBuffer pi;
+    RealPi(pi);
+    return PlainText(pi);
+}
+
 // Arguments take the longest way through a function and as many guard digits as it ever adds.
 std::vector<MeasuredFunction> MeasuredFunctions() {
     return {
@@ -82,6 +88,14 @@ std::vector<MeasuredFunction> MeasuredFunctions() {
         Of("RealSinRounded", RealSinRounded, "1.1e19"),
         Of("RealCosRounded", RealCosRounded, "1.1e19"),
         Of("RealTanRounded", RealTanRounded, "1.1e19"),
+        Of("RealSinRounded, near its zeros", RealSinRounded, LongestPi()),
+        Of("RealTanRounded, near its zeros", RealTanRounded, LongestPi()),
+        Of("RealSinDegreesRounded", RealSinDegreesRounded, "1.1e19"),
+        Of("RealTanDegreesRounded", RealTanDegreesRounded, "1.1e19"),
+        Of("RealTanGonRounded", RealTanGonRounded, "1.7e0"),
+        Of("RealAtanDegreesRounded", RealAtanDegreesRounded, "1.7e0"),
+        Of("RealAsinGonRounded", RealAsinGonRounded, "7e-1"),
+        Of("RealAtan2DegreesRounded", RealAtan2DegreesRounded, "1.7e0", "-1.3e0"),
         Of("RealAsinRounded", RealAsinRounded, "7e-1"),
         Of("RealAcosRounded", RealAcosRounded, "7e-1"),
         Of("RealAtanRounded", RealAtanRounded, "1.7e0"),

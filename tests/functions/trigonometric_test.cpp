@@ -2,13 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 
+#include "core/real_add.h"
 #include "core/real_divide.h"
+#include "core/real_layout.h"
 #include "core/real_multiply.h"
+#include "core/real_rounding.h"
 #include "functions/error_bounds.h"
 #include "functions/function_testing.h"
-#include "functions/guard_digits.h"
+#include "functions/stored_constants.h"
 #include "reference/trigonometric_twins.h"
 
 namespace tallymere {
@@ -254,14 +258,125 @@ TEST(RealTan, IsInfiniteWhereTheLayoutHoldsThePoleItself) {
 TEST(RealTan, IsVeryLargeNextToAPole) {
     PrecisionScope scope(20);
     // They lie 3.1322e-20 below and 6.8678e-20 above pi / 2.
-    const Outcome below = ResultOf(RealTanRounded, "1.5707963267948966192");
-    const Outcome above = ResultOf(RealTanRounded, "1.5707963267948966193");
-    EXPECT_EQ(below.code, CalcErrorNone);
-    EXPECT_EQ(above.code, CalcErrorNone);
-    EXPECT_EQ(below.text.substr(below.text.find('e')), "e19");
-    EXPECT_EQ(above.text.substr(above.text.find('e')), "e19");
-    EXPECT_EQ(below.text.substr(0, 4), "3.19");
-    EXPECT_EQ(above.text.substr(0, 5), "-1.45");
+    EXPECT_EQ(ResultOf(RealTanRounded, "1.5707963267948966192"),
+              Silent("3.1926755792808630288e19"));
+    EXPECT_EQ(ResultOf(RealTanRounded, "1.5707963267948966193"),
+              Silent("-1.4560638196773151247e19"));
+}
+
+// A multiple of pi / 2 rounded to p digits leaves about 10^-p, all of whose digits count.
+TEST(RealSinCos, KeepsAllDigitsNextToMultiplesAtEveryPrecision) {
+    for (const int64_t p : {1, 2, 19, 20, 57, 100, 1000, 5000, 10'002, 10'005}) {
+        PrecisionScope scope(p);
+        for (const uint64_t k : {1u, 2u, 3u, 4u, 1'000'003u}) {
+            SCOPED_TRACE(std::to_string(k) + " at " + std::to_string(p));
+            RealBuffer x;
+            RealBuffer expected;
+            {
+                // x = k pi / 2 to p digits, and the rest of k pi / 2 behind it.
+                RealLayoutScope layout;
+                InstallRealLayout(LayoutForDigits(p + 45 + (p > 5000 ? 10'005 : p)));
+                RealBuffer multiple;
+                LoadLongPiQuarter(multiple);
+                RealMulUint(multiple, multiple, 2 * k);
+                RealBuffer shortened;
+                RealRoundDigits(shortened, multiple, p);
+                RealBuffer rest;
+                RealSub(rest, multiple, shortened);
+                const RealLayout wide = CurrentRealLayout();
+                InstallRealLayout(layout.Saved());
+                RealConvertLayout(x, shortened, wide);
+                RealRound(expected, RealConvertLayout(expected, rest, wide));
+            }
+            // The cube of the rest is mostly below its last place.
+            RealBuffer result;
+            (k % 2 == 0 ? RealSinRounded : RealCosRounded)(result, x);
+            RealSetSign(result, 0);
+            RealSetSign(expected, 0);
+            const bool cubeCounts = RealExponent(expected) >= -p / 2 - 1;
+            EXPECT_TRUE(!cubeCounts || p <= 20);
+            if (cubeCounts) {
+                continue;
+            }
+            EXPECT_EQ(result, expected);
+            RealBuffer tangent;
+            RealTanRounded(tangent, x);
+            RealSetSign(tangent, 0);
+            if (k % 2 != 0) {
+                RealReciprocal(expected, expected);
+            }
+            ExpectWithin(k % 2 == 0 ? 0 : 6, tangent, expected);
+        }
+    }
+}
+
+using UnitFunctions = std::array<RealRoundedUnary, 3>;
+constexpr UnitFunctions InDegrees = {RealSinDegreesRounded, RealCosDegreesRounded,
+                                     RealTanDegreesRounded};
+constexpr UnitFunctions InGon = {RealSinGonRounded, RealCosGonRounded, RealTanGonRounded};
+
+TEST(CircularInUnits, KnowSpecialValues) {
+    for (const int64_t p : SmallPrecisions) {
+        PrecisionScope scope(p);
+        for (const auto& [sine, cosine, tangent] : {InDegrees, InGon}) {
+            EXPECT_EQ(ResultOf(sine, "-0"), Silent("-0"));
+            EXPECT_EQ(ResultOf(cosine, "-0"), Silent("1e0"));
+            EXPECT_EQ(ResultOf(tangent, "0"), Silent("0"));
+            for (const RealRoundedUnary f : {sine, cosine, tangent}) {
+                EXPECT_EQ(ResultOf(f, "nan"), Silent("nan"));
+                for (const char* text : {"inf", "-inf", "1e21", "-1e4000000000000000000"}) {
+                    EXPECT_EQ(ResultOf(f, text), Undefined) << text;
+                }
+            }
+        }
+        EXPECT_EQ(ResultOf(RealSinDegreesRounded, "9e20"), Undefined);
+    }
+}
+
+TEST(CircularInUnits, AreExactAtMultiplesOfTheQuarterTurn) {
+    const auto check = [](const UnitFunctions& functions, const char* quarter, const char* half,
+                          const char* large) {
+        const auto& [sine, cosine, tangent] = functions;
+        const std::string minusQuarter = Negated(quarter);
+        EXPECT_EQ(ResultOf(sine, quarter), Silent("1e0"));
+        EXPECT_EQ(ResultOf(sine, minusQuarter), Silent("-1e0"));
+        EXPECT_EQ(ResultOf(cosine, quarter), Silent("0"));
+        EXPECT_EQ(ResultOf(cosine, minusQuarter), Silent("0"));
+        EXPECT_EQ(ResultOf(tangent, quarter), (Outcome{"inf", CalcErrorOverflow}));
+        EXPECT_EQ(ResultOf(tangent, minusQuarter), (Outcome{"-inf", CalcErrorOverflow}));
+        for (const std::string& text : {std::string(half), Negated(half)}) {
+            EXPECT_EQ(ResultOf(sine, text), Silent("0"));
+            EXPECT_EQ(ResultOf(cosine, text), Silent("-1e0"));
+            EXPECT_EQ(ResultOf(tangent, text), Silent("0"));
+        }
+        EXPECT_EQ(ResultOf(sine, large), Silent("0"));
+        EXPECT_EQ(ResultOf(cosine, large), Silent("1e0"));
+        FieldScope<uint8_t> quiet(numberContext.reportOverflow, 0);
+        EXPECT_EQ(ResultOf(tangent, quarter), Silent("inf"));
+    };
+    for (const int64_t p : {2, 9, 19, 20, 39}) {
+        PrecisionScope scope(p);
+        check(InDegrees, "90", "180", "3.6e20");
+        check(InGon, "100", "200", "1e20");
+    }
+}
+
+// 45 degrees times 2^64 are the last that have a value.
+TEST(CircularInUnits, EndAtTheirLimit) {
+    for (const int64_t p : {21, 38, 39}) {
+        PrecisionScope scope(p);
+        EXPECT_FALSE(RealAngleIsTooLarge(RealBuffer("-830103483316929822720"), 45));
+        EXPECT_TRUE(RealAngleIsTooLarge(RealBuffer("-830103483316929822721"), 45));
+        EXPECT_EQ(ResultOf(RealCosDegreesRounded, "830103483316929822720"), Silent("1e0"));
+        EXPECT_EQ(ResultOf(RealCosDegreesRounded, "830103483316929822721"), Undefined);
+    }
+    for (const int64_t p : {1, 5, 6, 19}) {
+        PrecisionScope scope(p);
+        EXPECT_FALSE(RealAngleIsTooLarge(RealBuffer("8e20"), 45));
+        EXPECT_TRUE(RealAngleIsTooLarge(RealBuffer("9e20"), 45));
+        EXPECT_FALSE(RealAngleIsTooLarge(RealBuffer("9e20"), 50));
+        EXPECT_TRUE(RealAngleIsTooLarge(RealBuffer("-inf"), 50));
+    }
 }
 
 TEST(RealSinCos, StopsInTheReductionWhenAsked) {
@@ -307,12 +422,6 @@ TEST(RealSinCos, EqualsItsTwin) {
     }
 }
 
-TEST(RealSinCos, WorksWithGuardDigitsForTheArgument) {
-    ExpectGuardDigits(RealSinRounded, RealSin, ArgumentGuardDigits, -3, 18);
-    ExpectGuardDigits(RealCosRounded, RealCos, ArgumentGuardDigits, -3, 18);
-    ExpectGuardDigits(RealTanRounded, RealTan, ArgumentGuardDigits, -3, 18);
-}
-
 // Both errors are below one half and a little more of their last places, and the squares and their
 // sum are each rounded once.
 TEST(RealSinCos, HasSquaresThatAddUpToOne) {
@@ -346,9 +455,6 @@ TEST(RealTan, IsSineOverCosine) {
         RealSinRounded(s, x);
         RealCosRounded(c, x);
         RealTanRounded(t, x);
-        if (RealExponent(s) < -2 || RealExponent(c) < -2) {
-            continue;  // near a multiple of pi / 2 the digits are lost to the reduction
-        }
         RealDiv(s, s, c);
         ExpectWithin(12, t, s);
     }

@@ -14,7 +14,6 @@
 #include "core/real_multiply.h"
 #include "core/real_rounding.h"
 #include "core/real_text.h"
-#include "functions/angle_units.h"
 #include "functions/combinatorics.h"
 #include "functions/complex_roots.h"
 #include "functions/exponential.h"
@@ -235,7 +234,8 @@ Turns QuarterTurnsOf(const RealBuffer& angle, int64_t quarter) {
     if (RealIsZero(m)) {
         return Turns::Even;
     }
-    if (RealCompare(m, RealBuffer("1")) < 0 || RealCompare(m, RealBuffer("1e9")) >= 0) {
+    const char* end = quarter == 0 ? "1e9" : "8e20";
+    if (RealCompare(m, RealBuffer("1")) < 0 || RealCompare(m, RealBuffer(end)) >= 0) {
         return Turns::No;
     }
     RealBuffer turn;
@@ -249,6 +249,9 @@ Turns QuarterTurnsOf(const RealBuffer& angle, int64_t quarter) {
     if (quarter == 0) {
         RealBuffer tolerance("1");
         RealSetExponent(tolerance, RealExponent(m) - numberContext.precisionDigits + 2);
+        if (RealExponent(tolerance) > -3) {
+            return Turns::No;
+        }
         const RealBuffer missing = Difference(turn, rest);
         if (RealCompare(rest, tolerance) < 0) {
             RealSetZero(rest, 0);
@@ -260,48 +263,40 @@ Turns QuarterTurnsOf(const RealBuffer& angle, int64_t quarter) {
     return !RealIsZero(rest) ? Turns::No : RealIsEven(count) ? Turns::Even : Turns::Odd;
 }
 
-struct AngleUnitOfModel {
-    int64_t quarter;  // 0 for radians
-    RealRoundedUnary toRadians;
-    RealRoundedUnary fromRadians;
-};
-
-// By the last letter of the name, which in "arg" is not one of the unit.
-AngleUnitOfModel UnitOf(const Text& function) {
-    switch (function == u"arg" ? u' ' : function.back()) {
-        case u'd':
-            return {90, RealDegToRad, RealRadToDeg};
-        case u'g':
-            return {100, RealGonToRad, RealRadToGon};
-        default:
-            return {0, RealCopy, RealCopy};
-    }
+// Of a function that ends in the letter of its unit the quarter turn, otherwise 0.
+int64_t QuarterOf(const Text& function) {
+    return function.back() == u'd' ? 90 : function.back() == u'g' ? 100 : 0;
 }
 
 // Sine, cosine, tangent and their inverses in any unit; nothing else is touched.
 bool Circular(const Text& function, RealBuffer& x, ModelRefusal* refusal) {
     static const std::map<Text, RealRoundedUnary> forward = {
-        {u"sin", RealSinRounded}, {u"cos", RealCosRounded}, {u"tan", RealTanRounded}};
+        {u"sin", RealSinRounded},         {u"cos", RealCosRounded},
+        {u"tan", RealTanRounded},         {u"sind", RealSinDegreesRounded},
+        {u"cosd", RealCosDegreesRounded}, {u"tand", RealTanDegreesRounded},
+        {u"sing", RealSinGonRounded},     {u"cosg", RealCosGonRounded},
+        {u"tang", RealTanGonRounded}};
     static const std::map<Text, RealRoundedUnary> inverse = {
-        {u"asin", RealAsinRounded}, {u"acos", RealAcosRounded}, {u"atan", RealAtanRounded}};
-    const AngleUnitOfModel unit = UnitOf(function);
-    const Text name = unit.quarter == 0 ? function : function.substr(0, function.size() - 1);
-    if (const auto found = inverse.find(name); found != inverse.end()) {
+        {u"asin", RealAsinRounded},         {u"acos", RealAcosRounded},
+        {u"atan", RealAtanRounded},         {u"asind", RealAsinDegreesRounded},
+        {u"acosd", RealAcosDegreesRounded}, {u"atand", RealAtanDegreesRounded},
+        {u"asing", RealAsinGonRounded},     {u"acosg", RealAcosGonRounded},
+        {u"atang", RealAtanGonRounded}};
+    if (const auto found = inverse.find(function); found != inverse.end()) {
         found->second(x, x);
-        unit.fromRadians(x, x);
         return true;
     }
-    const auto found = forward.find(name);
+    const auto found = forward.find(function);
     if (found == forward.end()) {
         return false;
     }
-    const Turns turns = QuarterTurnsOf(x, unit.quarter);
+    const Text name = function.substr(0, 3);
+    const Turns turns = QuarterTurnsOf(x, QuarterOf(function));
     if (name == u"tan" && turns == Turns::Odd) {
         *refusal = ModelRefusal::Pole;
     } else if (turns == (name == u"cos" ? Turns::Odd : Turns::Even)) {
         RealSetZero(x, 0);
     } else {
-        unit.toRadians(x, x);
         found->second(x, x);
     }
     return true;
@@ -386,8 +381,10 @@ ModelValue ComplexFunction(const Text& function, const std::vector<ModelValue>& 
         return RootBranch(z, arguments[1], arguments[2]);
     }
     RealBuffer angle;
-    RealAtan2Rounded(angle, z.imaginaryPart, z.realPart);
-    UnitOf(function).fromRadians(angle, angle);
+    const RealRoundedBinary routine = function == u"argd"   ? RealAtan2DegreesRounded
+                                      : function == u"argg" ? RealAtan2GonRounded
+                                                            : RealAtan2Rounded;
+    routine(angle, z.imaginaryPart, z.realPart);
     return RealModelValue(angle);
 }
 

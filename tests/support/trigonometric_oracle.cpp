@@ -17,6 +17,13 @@ using FloatFunction = int (*)(mpfr_ptr, mpfr_srcptr, mpfr_rnd_t);
 // pole.
 constexpr int64_t NearZeroExponent = -2;
 
+// The number of eighths of a turn must fit 64 bits.
+Integer TwoToThe63() {
+    Integer number(1);
+    mpz_mul_2exp(number, number, 63);
+    return number;
+}
+
 // A sine, cosine or tangent, which lose near their zeros and poles what the argument lacks; only
 // such values or only others.
 ExactFunction Circular(FloatFunction function, bool nearZeros) {
@@ -43,10 +50,72 @@ ExactFunction InverseCircular(FloatFunction function) {
     };
 }
 
+// The same of an angle in units, which is reduced by exact integers.
+ExactFunction CircularOfUnits(FloatFunction function, unsigned long unitsPerQuarter) {
+    return [function, unitsPerQuarter](const DecimalValue& x, int64_t digits) {
+        DecimalValue rest = x;
+        Integer quarters;
+        if (x.exponent >= 0) {
+            const int64_t places = std::max<int64_t>(0, x.digits - 1 - x.exponent);
+            mpz_mul(rest.mantissa, rest.mantissa,
+                    PowerOfTenInteger(places - (x.digits - 1 - x.exponent)));
+            Integer quarter = PowerOfTenInteger(places);
+            mpz_mul_ui(quarter, quarter, unitsPerQuarter);
+            // From half a quarter below a multiple up to half a quarter above it.
+            Integer moved;
+            mpz_mul_ui(moved, rest.mantissa, 2);
+            mpz_add(moved, moved, quarter);
+            mpz_fdiv_q(quarters, moved, quarter);
+            mpz_fdiv_q_2exp(quarters, quarters, 1);
+            if (mpz_cmpabs(quarters, TwoToThe63()) > 0) {
+                return OutsideDomain();
+            }
+            mpz_submul(rest.mantissa, quarters, quarter);
+            rest.digits = 1;
+            rest.exponent = -places;
+        }
+        FunctionValue result{FloatOf(rest, digits)};
+        Float& value = result.value;
+        Float factor = value;
+        mpfr_const_pi(factor, MPFR_RNDN);
+        mpfr_div_ui(factor, factor, 2 * unitsPerQuarter, MPFR_RNDN);
+        mpfr_mul(value, value, factor, MPFR_RNDN);
+        const unsigned long turned = mpz_fdiv_ui(quarters, 4);
+        bool negative = false;
+        if (function == mpfr_tan) {
+            if (turned % 2 == 0) {
+                mpfr_tan(value, value, MPFR_RNDN);
+            } else if (mpfr_zero_p(static_cast<mpfr_srcptr>(value)) != 0) {
+                return OutsideDomain();
+            } else {
+                mpfr_cot(value, value, MPFR_RNDN);
+                negative = true;
+            }
+        } else {
+            const bool ofSine = (function == mpfr_sin) == (turned % 2 == 0);
+            (ofSine ? mpfr_sin : mpfr_cos)(value, value, MPFR_RNDN);
+            negative = function == mpfr_sin ? turned >= 2 : turned == 1 || turned == 2;
+        }
+        if (negative) {
+            mpfr_neg(value, value, MPFR_RNDN);
+        }
+        result.lost = 2;
+        return result;
+    };
+}
+
 FunctionValue AngleOf(const DecimalValue& y, const DecimalValue& x, int64_t digits) {
     FunctionValue result{FloatOf(y, digits)};
     mpfr_atan2(result.value, result.value, FloatOf(x, digits), MPFR_RNDN);
     return result;
+}
+
+// angle * half / pi.
+void ToUnits(Float& angle, unsigned long half) {
+    Float factor = angle;
+    mpfr_const_pi(factor, MPFR_RNDN);
+    mpfr_div_ui(factor, factor, half, MPFR_RNDN);
+    mpfr_div(angle, angle, factor, MPFR_RNDN);
 }
 
 // x * pi / half, or x * half / pi.
@@ -59,6 +128,50 @@ ExactFunction AngleUnit(unsigned long half, bool toRadians) {
         (toRadians ? mpfr_mul : mpfr_div)(result.value, result.value, factor, MPFR_RNDN);
         result.scale = x.exponent;
         return result;
+    };
+}
+
+// An inverse function in degrees or gon. Only that of a tangent of 1 lies half way between two
+// numbers of few digits, so it is made exactly.
+ExactFunction InverseInUnits(FloatFunction function, unsigned long half) {
+    return [function, half](const DecimalValue& x, int64_t digits) {
+        FunctionValue result = InverseCircular(function)(x, digits);
+        if (function == mpfr_atan && mpz_cmpabs(x.mantissa, PowerOfTenInteger(x.digits - 1)) == 0 &&
+            x.exponent == 0) {
+            mpfr_set_ui(result.value, half, MPFR_RNDN);
+            mpfr_div_ui(result.value, result.value, 4, MPFR_RNDN);
+            mpfr_setsign(result.value, result.value, x.Sign() < 0 ? 1 : 0, MPFR_RNDN);
+            return result;
+        }
+        ToUnits(result.value, half);
+        return result;
+    };
+}
+
+ExactFunction2 AngleOfInUnits(unsigned long half) {
+    return [half](const DecimalValue& y, const DecimalValue& x, int64_t digits) {
+        FunctionValue result = AngleOf(y, x, digits);
+        ToUnits(result.value, half);
+        if (y.exponent == x.exponent && mpz_cmpabs(y.mantissa, x.mantissa) == 0) {
+            // An odd multiple of an eighth of a turn; the quotient is very near to it.
+            mpfr_mul_ui(result.value, result.value, 4, MPFR_RNDN);
+            mpfr_div_ui(result.value, result.value, half, MPFR_RNDN);
+            mpfr_rint(result.value, result.value, MPFR_RNDN);
+            mpfr_mul_ui(result.value, result.value, half, MPFR_RNDN);
+            mpfr_div_ui(result.value, result.value, 4, MPFR_RNDN);
+        }
+        return result;
+    };
+}
+
+// Multiples of an eighth of a turn, of which `units` are one, mostly few.
+SpecialPoint Multiples(uint64_t units) {
+    return [units](RandomSource& random, int64_t digits) {
+        Float point(digits + 20);
+        const uint64_t most = random.Below(2) == 0 ? 20 : 10'000'000'000'000'000'000u;
+        mpfr_set_ui(point, random.Below(most), MPFR_RNDN);
+        mpfr_mul_ui(point, point, units, MPFR_RNDN);
+        return point;
     };
 }
 
@@ -96,6 +209,13 @@ std::vector<TestedFunction> TrigonometricFunctions() {
                                   1'000'000'000'000'000,
                                   true,
                                   {Fractions(1, 400, 1), Fractions(1, 4000, 10), QuartersOfPi(3)}};
+    const auto unitAngles = [](uint64_t unitsPerOctant) {
+        return ArgumentDomain{-1'000'000'000'000'000,
+                              20,
+                              true,
+                              {Multiples(unitsPerOctant), Multiples(2 * unitsPerOctant),
+                               PowersOfTen(-20, 20), Fractions(1, 4000, 10)}};
+    };
     return {
         UnaryFunction("sin", RealSinRounded, Circular(mpfr_sin, false), angles),
         UnaryFunction("cos", RealCosRounded, Circular(mpfr_cos, false), angles),
@@ -112,6 +232,22 @@ std::vector<TestedFunction> TrigonometricFunctions() {
         UnaryFunction("gon to radians", RealGonToRad, AngleUnit(200, true), anything),
         UnaryFunction("radians to degrees", RealRadToDeg, AngleUnit(180, false), anything),
         UnaryFunction("radians to gon", RealRadToGon, AngleUnit(200, false), anything),
+        UnaryFunction("sind", RealSinDegreesRounded, CircularOfUnits(mpfr_sin, 90), unitAngles(45)),
+        UnaryFunction("cosd", RealCosDegreesRounded, CircularOfUnits(mpfr_cos, 90), unitAngles(45)),
+        UnaryFunction("tand", RealTanDegreesRounded, CircularOfUnits(mpfr_tan, 90), unitAngles(45)),
+        UnaryFunction("sing", RealSinGonRounded, CircularOfUnits(mpfr_sin, 100), unitAngles(50)),
+        UnaryFunction("cosg", RealCosGonRounded, CircularOfUnits(mpfr_cos, 100), unitAngles(50)),
+        UnaryFunction("tang", RealTanGonRounded, CircularOfUnits(mpfr_tan, 100), unitAngles(50)),
+        UnaryFunction("asind", RealAsinDegreesRounded, InverseInUnits(mpfr_asin, 180),
+                      unitInterval),
+        UnaryFunction("acosd", RealAcosDegreesRounded, InverseInUnits(mpfr_acos, 180),
+                      unitInterval),
+        UnaryFunction("atand", RealAtanDegreesRounded, InverseInUnits(mpfr_atan, 180), tangents),
+        UnaryFunction("asing", RealAsinGonRounded, InverseInUnits(mpfr_asin, 200), unitInterval),
+        UnaryFunction("acosg", RealAcosGonRounded, InverseInUnits(mpfr_acos, 200), unitInterval),
+        UnaryFunction("atang", RealAtanGonRounded, InverseInUnits(mpfr_atan, 200), tangents),
+        BinaryFunction("argd", RealAtan2DegreesRounded, AngleOfInUnits(180), DrawPoint),
+        BinaryFunction("argg", RealAtan2GonRounded, AngleOfInUnits(200), DrawPoint),
     };
 }
 
