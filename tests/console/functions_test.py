@@ -77,6 +77,29 @@ class FunctionTest(ConsoleCase):
         self.check([], formulas, expected)
         self.check(["--type", "cplx"], formulas, expected)
 
+    def test_angles_keep_their_digits(self):
+        """Large ones, and those next to zeros and poles; in degrees and gon they are exact."""
+        for number_type in ("real", "cplx"):
+            self.check(["--type", number_type],
+                       "sind(36030)\ncosd(450.1)\nsind(1000000)\ntand(89.9999)\ncosg(99.999999)\n"
+                       "sind(1.8e9)\ncosg(0-1e20)\nsin(3.14159265)\nsin(pi)",
+                       ["0.5", "-0.001745328366", "-0.984807753", "572957.7951", "1.570796327e-8",
+                        "0", "1", "3.589793238e-9", "0"])
+
+    def test_poles_and_angles_that_are_too_large(self):
+        self.check([], "tand(90)\ntand(9000000090)\ntang(0-100)\nsind(1e21)",
+                   [error_line(10203, 1)] * 3 + [error_line(10203, 10)], 1)
+
+    def test_a_coarse_angle_is_no_multiple_of_the_quarter_turn(self):
+        self.check(["--digits", "5"], "sin(9.0325e7)\ntan(123456789)\nsin(pi)",
+                   ["0.99543", "-0.13715", "0"])
+        self.check(["--digits", "2"], "sin(pi)\nsind(180)", ["-4.1e-4", "0"])
+
+    def test_angles_are_rounded_once_in_degrees_and_gon(self):
+        self.check(["--digits", "2"], "atand(110)\natand(1)\natang(1)", ["89", "45", "50"])
+        self.check(["--type", "cplx", "--digits", "3"], "argd(-1+i)\nargg(-1-i)",
+                   ["135", "-150"])
+
     def test_every_function_of_complex_numbers(self):
         formulas = "\n".join(formula.replace("Z i", "(3-1.25i)*i").replace("Z", "(3-1.25i)")
                              for formula, _ in COMPLEX_FUNCTIONS)
