@@ -607,5 +607,46 @@ TEST(RealAtan, WorksAtTheLongestLayout) {
     ExpectWithin(3, half, quarterPi);
 }
 
+// An eighth of a turn lies half way between two numbers of few digits, and is rounded up.
+TEST(ArcInUnits, RoundsExactAnglesAwayFromZero) {
+    for (const int64_t p : {1, 2, 3, 19, 20, 39}) {
+        PrecisionScope scope(p);
+        for (const char* tangent : {"1", "-1"}) {
+            const std::string sign = tangent[0] == '-' ? "-" : "";
+            EXPECT_EQ(ResultOf(RealAtanDegreesRounded, tangent), Digits(sign + "45"));
+            EXPECT_EQ(ResultOf(RealAtanGonRounded, tangent), Digits(sign + "50"));
+            EXPECT_EQ(ResultOf(RealAtan2DegreesRounded, tangent, "-1"), Digits(sign + "135"));
+            EXPECT_EQ(ResultOf(RealAtan2GonRounded, tangent, "-1"), Digits(sign + "150"));
+            EXPECT_EQ(ResultOf(RealAsinDegreesRounded, tangent), Digits(sign + "90"));
+            EXPECT_EQ(ResultOf(RealAsinGonRounded, tangent), Digits(sign + "100"));
+        }
+        EXPECT_EQ(ResultOf(RealAtan2DegreesRounded, "0", "-1"), Digits("180"));
+        EXPECT_EQ(ResultOf(RealAsinDegreesRounded, "0.5"), Digits("30"));
+        EXPECT_EQ(ResultOf(RealAcosDegreesRounded, "-0.5"), Digits("120"));
+        EXPECT_EQ(ResultOf(RealAcosGonRounded, "0"), Digits("100"));
+    }
+}
+
+// At one digit arctan 0.7 is 34.992 degrees: near to a whole number, and none.
+TEST(ArcInUnits, RoundsOtherAnglesOnce) {
+    PrecisionScope one(1);
+    EXPECT_EQ(ResultOf(RealAtanDegreesRounded, "0.7"), Silent("3e1"));
+    PrecisionScope two(2);
+    EXPECT_EQ(ResultOf(RealAtanDegreesRounded, "110"), Silent("8.9e1"));
+}
+
+TEST(ArcInUnits, KnowsSpecialValues) {
+    for (const int64_t p : SmallPrecisions) {
+        PrecisionScope scope(p);
+        for (const RealRoundedUnary f : {RealAsinDegreesRounded, RealAcosGonRounded}) {
+            EXPECT_EQ(ResultOf(f, "nan"), Silent("nan"));
+            EXPECT_EQ(ResultOf(f, "2"), Undefined);
+        }
+        EXPECT_EQ(ResultOf(RealAtanDegreesRounded, "-inf"), Digits("-90"));
+        EXPECT_EQ(ResultOf(RealAtanGonRounded, "-0"), Silent("-0"));
+        EXPECT_EQ(ResultOf(RealAtan2GonRounded, "0", "0"), Silent("0"));
+    }
+}
+
 }  // namespace
 }  // namespace tallymere
