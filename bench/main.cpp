@@ -11,6 +11,7 @@
 #include "bench/measuring.h"
 #include "bench/number_times.h"
 #include "bench/pari_peer.h"
+#include "bench/product_cutovers.h"
 #include "bench/root_equations.h"
 
 namespace tallymere::bench {
@@ -61,6 +62,9 @@ int main(int argc, char** argv) {
     }
     if (option == "--equation" && argc == 3) {
         return PrintEquation(argv[2]);
+    }
+    if (option == "--cutovers") {
+        return PrintProductCutovers();
     }
     if (option == "--versions") {
         return PrintVersions();

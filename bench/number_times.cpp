@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <iterator>
 #include <random>
 #include <string_view>
 
 #include "bench/operands.h"
 #include "bench/pari_peer.h"
+#include "bench/processor_clock.h"
 #include "bench/random_wide.h"
 #include "core/number_context.h"
 #include "numtheory/factorize_number.h"
@@ -71,12 +71,6 @@ const NumberWork* FindNumberWork(std::string_view name, int64_t bits) {
         return nullptr;
     }
     return work;
-}
-
-int64_t ThreadNanoseconds() {
-    timespec now = {};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return int64_t{now.tv_sec} * 1'000'000'000 + now.tv_nsec;
 }
 
 }  // namespace

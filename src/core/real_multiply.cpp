@@ -1,35 +1,15 @@
 #include "core/real_multiply.h"
 
-#include <algorithm>
-
 #include "core/contract.h"
 #include "core/limb_columns.h"
 #include "core/limb_tools.h"
+#include "core/long_products.h"
 #include "core/real_rounding.h"
 #include "core/scratch.h"
 
 namespace tallymere {
 
 namespace {
-
-// The limbs of an operand that can make products: limb 0 and those from `start` to before `end`.
-// Newton's iteration multiplies by numbers such as 1.000...0ddd and by seeds of one limb, where
-// most of the work would be products with limbs that are 0.
-struct NonZeroSpan {
-    int64_t start;
-    int64_t end;
-};
-
-NonZeroSpan FindNonZeroSpan(const Limb* limbs, int64_t n) {
-    NonZeroSpan span = {1, n};
-    while (span.end > 1 && limbs[span.end - 1] == 0) {
-        span.end--;
-    }
-    while (span.start < span.end && limbs[span.start] == 0) {
-        span.start++;
-    }
-    return {span.start == 1 ? 0 : span.start, span.end};
-}
 
 // Column c + 1 of a product w sums a[j] * b[i] over i + j = c. From the last column up to the first
 // each sum is complete, carry included, before it is split once; so the limbs are those of the
@@ -103,24 +83,6 @@ int MultiplyShort(Limb* product, Limb* guard, const Limb* a, const Limb* b, bool
     return 1;
 }
 
-void MultiplyLongColumns(int64_t n, Limb* w, const Limb* a, const Limb* b) {
-    const NonZeroSpan spanA = FindNonZeroSpan(a, n);
-    const NonZeroSpan spanB = FindNonZeroSpan(b, n);
-    ColumnSum column;
-    for (int64_t c = n; c >= 0; c--) {
-        const int64_t first = std::max(spanB.start, c - spanA.end + 1);
-        const int64_t last = std::min(c, spanB.end - 1);
-        if (first <= last) {
-            AddProducts(column, b + first, a + (c - first), last - first + 1);
-        }
-        if (spanB.start > 0 && c < spanA.end) {
-            AddProducts(column, b, a + c, 1);
-        }
-        w[c + 1] = TakeLimb(column);
-    }
-    w[0] = column.sum.low;
-}
-
 // LimbsMultiply or LimbsMultiplyAligned for any length.
 int MultiplyLong(int64_t n, Limb* product, Limb* guard, const Limb* a, const Limb* b,
                  bool isAligned) {
@@ -131,7 +93,7 @@ int MultiplyLong(int64_t n, Limb* product, Limb* guard, const Limb* a, const Lim
         LimbsAlign(aligned, a, n);
         a = aligned;
     }
-    MultiplyLongColumns(n, w, a, b);
+    LimbsMultiplyUpper(w, a, b, n);
     if (w[0] >= PowerOfTen(numberContext.topLimbDigits - 1)) {
         LimbsCopy(product, w, n);
         *guard = w[n];

@@ -21,6 +21,26 @@ uint64_t Multiply(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k) {
     return carry;
 }
 
+uint64_t Add(uint64_t* dest, const uint64_t* a, const uint64_t* b, int64_t n) {
+    uint64_t carry = 0;
+    for (int64_t i = 0; i < n; i++) {
+        const Wide sum = wide::Add(wide::Add({0, a[i]}, {0, b[i]}), {0, carry});
+        dest[i] = sum.low;
+        carry = sum.high;
+    }
+    return carry;
+}
+
+uint64_t Subtract(uint64_t* dest, const uint64_t* a, const uint64_t* b, int64_t n) {
+    uint64_t borrow = 0;
+    for (int64_t i = 0; i < n; i++) {
+        const Wide difference = wide::Subtract(wide::Subtract({0, a[i]}, {0, b[i]}), {0, borrow});
+        dest[i] = difference.low;
+        borrow = difference.high & 1;
+    }
+    return borrow;
+}
+
 }  // namespace words_portable
 
 #ifdef TALLYMERE_CARRY_CHAINS
@@ -94,6 +114,54 @@ uint64_t MultiplyAddBlocks(uint64_t* dest, const uint64_t* src, int64_t blocks, 
 #undef TALLYMERE_MULTIPLY
 #undef TALLYMERE_RUN_BLOCKS
 
+constexpr int64_t WordsPerCarryBlock = 4;
+
+// Sums or differences of blocks, the carry in CF throughout. LEA and JRCXZ leave it alone.
+// clang-format off
+#define TALLYMERE_RUN_CARRY(INSTRUCTION, AT)     \
+    "movq " AT "(%[a]), %[word]\n"               \
+    INSTRUCTION " " AT "(%[b]), %[word]\n"       \
+    "movq %[word], " AT "(%[dest])\n"
+
+#define TALLYMERE_RUN_CARRY_BLOCKS(INSTRUCTION)                                           \
+    uint64_t word;                                                                        \
+    asm volatile(                                                                         \
+        "addq $-1, %[carry]\n"                                                            \
+        "1:\n"                                                                            \
+        TALLYMERE_RUN_CARRY(INSTRUCTION, "0") TALLYMERE_RUN_CARRY(INSTRUCTION, "8")       \
+        TALLYMERE_RUN_CARRY(INSTRUCTION, "16") TALLYMERE_RUN_CARRY(INSTRUCTION, "24")     \
+        "leaq 32(%[a]), %[a]\n"                                                           \
+        "leaq 32(%[b]), %[b]\n"                                                           \
+        "leaq 32(%[dest]), %[dest]\n"                                                     \
+        "leaq -1(%[blocks]), %[blocks]\n"                                                 \
+        "jrcxz 2f\n"                                                                      \
+        "jmp 1b\n"                                                                        \
+        "2:\n"                                                                            \
+        "movl $0, %k[carry]\n"                                                            \
+        "adcq $0, %[carry]\n"                                                             \
+        : [carry] "+&r"(carry), [dest] "+&r"(dest), [a] "+&r"(a), [b] "+&r"(b),           \
+          [blocks] "+&c"(blocks), [word] "=&r"(word)                                      \
+        :                                                                                 \
+        : "cc", "memory")
+// clang-format on
+
+// `blocks` is at least 1, `carry` 0 or 1.
+
+uint64_t AddBlocks(uint64_t* dest, const uint64_t* a, const uint64_t* b, int64_t blocks,
+                   uint64_t carry) {
+    TALLYMERE_RUN_CARRY_BLOCKS("adcq");
+    return carry;
+}
+
+uint64_t SubtractBlocks(uint64_t* dest, const uint64_t* a, const uint64_t* b, int64_t blocks,
+                        uint64_t carry) {
+    TALLYMERE_RUN_CARRY_BLOCKS("sbbq");
+    return carry;
+}
+
+#undef TALLYMERE_RUN_CARRY_BLOCKS
+#undef TALLYMERE_RUN_CARRY
+
 }  // namespace
 
 bool Supported() {
@@ -119,6 +187,20 @@ uint64_t MultiplyAdd(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k)
     const int64_t few = n % WordsPerBlock;
     const uint64_t carry = words_portable::MultiplyAdd(dest, src, few, k);
     return few == n ? carry : MultiplyAddBlocks(dest + few, src + few, n / WordsPerBlock, k, carry);
+}
+
+uint64_t Add(uint64_t* dest, const uint64_t* a, const uint64_t* b, int64_t n) {
+    const int64_t few = n % WordsPerCarryBlock;
+    const uint64_t carry = words_portable::Add(dest, a, b, few);
+    return few == n ? carry
+                    : AddBlocks(dest + few, a + few, b + few, n / WordsPerCarryBlock, carry);
+}
+
+uint64_t Subtract(uint64_t* dest, const uint64_t* a, const uint64_t* b, int64_t n) {
+    const int64_t few = n % WordsPerCarryBlock;
+    const uint64_t borrow = words_portable::Subtract(dest, a, b, few);
+    return few == n ? borrow
+                    : SubtractBlocks(dest + few, a + few, b + few, n / WordsPerCarryBlock, borrow);
 }
 
 }  // namespace words_carry_chains
@@ -151,6 +233,26 @@ uint64_t MultiplyAddWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64
     }
 #endif
     return words_portable::MultiplyAdd(dest, src, n, k);
+}
+
+uint64_t AddWords(uint64_t* dest, const uint64_t* a, const uint64_t* b, int64_t n) {
+    TALLYMERE_REQUIRE(n >= 0);
+    TALLYMERE_REQUIRE(SameOrApart(dest, a, n) && SameOrApart(dest, b, n));
+#ifdef TALLYMERE_CARRY_CHAINS
+    return words_carry_chains::Add(dest, a, b, n);
+#else
+    return words_portable::Add(dest, a, b, n);
+#endif
+}
+
+uint64_t SubtractWords(uint64_t* dest, const uint64_t* a, const uint64_t* b, int64_t n) {
+    TALLYMERE_REQUIRE(n >= 0);
+    TALLYMERE_REQUIRE(SameOrApart(dest, a, n) && SameOrApart(dest, b, n));
+#ifdef TALLYMERE_CARRY_CHAINS
+    return words_carry_chains::Subtract(dest, a, b, n);
+#else
+    return words_portable::Subtract(dest, a, b, n);
+#endif
 }
 
 }  // namespace tallymere

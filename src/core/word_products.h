@@ -1,5 +1,6 @@
-// Arrays of 64-bit words times one word: the inner loops of products and divisions of exact
-// integers. A division subtracts products; it uses the loop that adds, on complements.
+// Arrays of 64-bit words times one word, and sums and differences of such arrays: the inner loops
+// of products and divisions of exact integers. A division subtracts products; it uses the loop that
+// adds, on complements.
 //
 // Arrays hold n words, least significant first. Every loop exists in portable form in
 // `words_portable`. On x86-64 it exists in `words_carry_chains` as well, with two chains of carries
@@ -23,7 +24,13 @@ uint64_t MultiplyWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t 
 /// dest = dest + src * k; returns the word above the top one. dest may be src.
 uint64_t MultiplyAddWords(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k);
 
+/// dest = a + b and dest = a - b; return the carry and the borrow, 0 or 1. dest may be a or b.
+uint64_t AddWords(uint64_t* dest, const uint64_t* a, const uint64_t* b, int64_t n);
+uint64_t SubtractWords(uint64_t* dest, const uint64_t* a, const uint64_t* b, int64_t n);
+
 namespace words_portable {
+uint64_t Add(uint64_t* dest, const uint64_t* a, const uint64_t* b, int64_t n);
+uint64_t Subtract(uint64_t* dest, const uint64_t* a, const uint64_t* b, int64_t n);
 uint64_t Multiply(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k);
 
 /// Inline, for rows so short that a call would count.
@@ -41,10 +48,14 @@ inline uint64_t MultiplyAdd(uint64_t* dest, const uint64_t* src, int64_t n, uint
 
 #ifdef TALLYMERE_CARRY_CHAINS
 namespace words_carry_chains {
-/// True when the processor can run the others.
+/// True when the processor can run the next two.
 bool Supported();
 uint64_t Multiply(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k);
 uint64_t MultiplyAdd(uint64_t* dest, const uint64_t* src, int64_t n, uint64_t k);
+
+/// These run on every x86-64.
+uint64_t Add(uint64_t* dest, const uint64_t* a, const uint64_t* b, int64_t n);
+uint64_t Subtract(uint64_t* dest, const uint64_t* a, const uint64_t* b, int64_t n);
 }  // namespace words_carry_chains
 #endif
 

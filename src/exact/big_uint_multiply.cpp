@@ -1,33 +1,15 @@
 #include "exact/big_uint_multiply.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "core/contract.h"
+#include "core/long_products.h"
 #include "core/scratch.h"
 #include "core/word_products.h"
 #include "exact/big_uint.h"
 #include "exact/limb_division.h"
 
 namespace tallymere {
-
-namespace {
-
-// dest = a * b, for a of la limbs and b of lb limbs, la, lb >= 1. dest gets la + lb limbs and
-// overlaps no operand.
-void MultiplyLimbs(uint64_t* dest, const uint64_t* a, int64_t la, const uint64_t* b, int64_t lb) {
-    // The passes go over the longer operand.
-    if (la > lb) {
-        std::swap(a, b);
-        std::swap(la, lb);
-    }
-    dest[lb] = MultiplyWords(dest, b, lb, a[0]);
-    for (int64_t i = 1; i < la; i++) {
-        dest[i + lb] = MultiplyAddWords(dest + i, b, lb, a[i]);
-    }
-}
-
-}  // namespace
 
 void BigUintMulSmall(uint64_t* dest, const uint64_t* a, uint64_t k) {
     TALLYMERE_REQUIRE(BigUintWidthIsWellFormed());
@@ -52,7 +34,7 @@ void BigUintMul(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
     }
     CoreScratchScope scratch;
     uint64_t* product = scratch.Take(la + lb);
-    MultiplyLimbs(product, a, la, b, lb);
+    MultiplyWordArrays(product, a, la, b, lb);
     const int64_t kept = std::min(la + lb, width);
     if (la + lb > width && product[width] != 0) {
         BigUintSetFailed(dest, CalcErrorOverflow);
@@ -77,7 +59,7 @@ void BigUintMulFull(uint64_t* dest, const uint64_t* a, const uint64_t* b) {
     CoreScratchScope scratch;
     const bool inPlace = dest == a || dest == b;
     uint64_t* product = inPlace ? scratch.Take(la + lb) : dest;
-    MultiplyLimbs(product, a, la, b, lb);
+    MultiplyWordArrays(product, a, la, b, lb);
     if (inPlace) {
         std::copy_n(product, la + lb, dest);
     }

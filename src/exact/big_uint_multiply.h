@@ -1,4 +1,4 @@
-// Products of BigUint values, by the schoolbook method at every size.
+// Products of BigUint values.
 #pragma once
 
 #include <cstdint>

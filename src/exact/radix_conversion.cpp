@@ -3,7 +3,8 @@
 #include <algorithm>
 
 #include "core/contract.h"
-#include "core/limb_columns.h"
+#include "core/limb_tools.h"
+#include "core/long_products.h"
 #include "core/scratch.h"
 #include "exact/limb_division.h"
 
@@ -47,20 +48,20 @@ LimbArray WithoutLeadingZeros(LimbArray a) {
     return a;
 }
 
-// dest = a b + addend in n limbs. The result must fit, and dest must overlap no operand.
-void MultiplyArrays(Limb* dest, int64_t n, LimbArray a, LimbArray b, LimbArray addend) {
-    ColumnSum column;
-    for (int64_t c = 0; c < n; c++) {
-        const int64_t first = std::max<int64_t>(0, c - b.count + 1);
-        const int64_t last = std::min(c, a.count - 1);
-        if (first <= last) {
-            AddProducts(column, a.limbs + (a.count - 1 - last), b.limbs + (b.count - 1 - c + last),
-                        last - first + 1);
-        }
-        if (c < addend.count) {
-            wide::Accumulate(column.overflow, column.sum, {0, addend.limbs[addend.count - 1 - c]});
-        }
-        dest[n - 1 - c] = TakeLimb(column);
+// dest = a b in n limbs, which must hold it; there may be more of them than the product has, or
+// fewer. dest must overlap no operand.
+void MultiplyArrays(Limb* dest, int64_t n, LimbArray a, LimbArray b) {
+    const int64_t count = a.count + b.count;
+    if (a.count == 0 || b.count == 0) {
+        LimbsClear(dest, n);
+    } else if (count <= n) {
+        LimbsClear(dest, n - count);
+        LimbsMultiplyArrays(dest + n - count, a.limbs, a.count, b.limbs, b.count);
+    } else {
+        CoreScratchScope scratch;
+        Limb* product = scratch.Take(count);
+        LimbsMultiplyArrays(product, a.limbs, a.count, b.limbs, b.count);
+        LimbsCopy(dest, product + count - n, n);
     }
 }
 
@@ -82,7 +83,7 @@ void ComputePowers(Halving& halving, int halvings, ScratchScope& scratch) {
         const LimbArray root = halving.powers[i - 1];
         count = 2 * root.count;
         limbs = scratch.Take(count);
-        MultiplyArrays(limbs, count, root, root, {nullptr, 0});
+        MultiplyArrays(limbs, count, root, root);
         halving.powers[i] = WithoutLeadingZeros({limbs, count});
     }
 }
@@ -101,13 +102,21 @@ void ConvertByHalves(Limb* dest, const uint64_t* words, int64_t m, const Halving
     }
     const int64_t lowCount = MaxDecimalLimbs(lowWords);
     const int64_t highCount = MaxDecimalLimbs(m - lowWords);
+    const int64_t n = MaxDecimalLimbs(m);
+    {
+        CoreScratchScope scratch;
+        Limb* high = scratch.Take(highCount);
+        ConvertByHalves(high, words + lowWords, m - lowWords, halving, level - 1);
+        MultiplyArrays(dest, n, WithoutLeadingZeros({high, highCount}), halving.powers[level - 1]);
+    }
     CoreScratchScope scratch;
     Limb* low = scratch.Take(lowCount);
-    Limb* high = scratch.Take(highCount);
     ConvertByHalves(low, words, lowWords, halving, level - 1);
-    ConvertByHalves(high, words + lowWords, m - lowWords, halving, level - 1);
-    MultiplyArrays(dest, MaxDecimalLimbs(m), WithoutLeadingZeros({high, highCount}),
-                   halving.powers[level - 1], {low, lowCount});
+    Limb* place = dest + n - lowCount;
+    Limb carry = LimbsAdd(place, place, low, lowCount);
+    for (int64_t i = n - lowCount - 1; carry != 0; i--) {
+        dest[i] = AddLimbs(dest[i], 0, carry);
+    }
 }
 
 // The decimal limbs that one pass over a growing integer appends.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/long_products.h"
 #include "core/scratch.h"
 #include "core/word_division.h"
 #include "exact/big_uint.h"
@@ -10,29 +11,6 @@
 namespace tallymere {
 
 namespace {
-
-// square = x^2 in 2 n limbs: the products of different limbs twice, and the squares of the limbs.
-void SquareLimbs(uint64_t* square, const uint64_t* x, int64_t n) {
-    std::fill_n(square, n, uint64_t{0});
-    for (int64_t i = 0; i < n; i++) {
-        square[n + i] = UintLimbsAddProduct(square + 2 * i + 1, x + i + 1, n - 1 - i, x[i]);
-    }
-    uint64_t doubled = 0;
-    uint64_t carry = 0;
-    for (int64_t i = 0; i < n; i++) {
-        const Wide cross = {square[2 * i + 1], square[2 * i]};
-        const Wide twice = {(cross.high << 1) | (cross.low >> 63), (cross.low << 1) | doubled};
-        doubled = cross.high >> 63;
-        const Wide single = wide::Multiply(x[i], x[i]);
-        uint64_t above = 0;
-        Wide sum = {0, carry};
-        wide::Accumulate(above, sum, twice);
-        wide::Accumulate(above, sum, single);
-        square[2 * i] = sum.low;
-        square[2 * i + 1] = sum.high;
-        carry = above;
-    }
-}
 
 // dest = modulus.product / 2^(64 n) mod m, for a product below 2^(64 n) m. Multiples of m are added
 // until its lower half is 0, limb by limb.
@@ -120,7 +98,8 @@ void UintResidueSquare(uint64_t* dest, const uint64_t* x, const UintModulus& mod
         UintResidueMultiply(dest, x, x, modulus);
         return;
     }
-    SquareLimbs(modulus.product, x, modulus.divisor.count);
+    const int64_t n = modulus.divisor.count;
+    MultiplyWordArrays(modulus.product, x, n, x, n);
     Reduce(dest, modulus);
 }
 

@@ -23,7 +23,7 @@ TEST(AlgebraMemory, StaysWithinItsBounds) {
         "-2", "4e2000", "-2e4000", "0", "0", "0", "0", "0", "0", full + " " + full, "1"};
     EXPECT_EQ(RootsOf(coefficients, 750).size(), 9u);
     ExpectMostOfScratchStack("SolvePolynomial", 310'688);
-    ExpectMostOfCoreScratch("SolvePolynomial", 42'224);
+    ExpectMostOfCoreScratch("SolvePolynomial", 78'680);
 }
 
 }  // namespace

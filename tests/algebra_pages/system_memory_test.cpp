@@ -33,7 +33,7 @@ TEST_F(SystemMemory, StaysWithinItsBounds) {
     const std::string text = ShownSystem(cells, NumberTypeComplex, 1000);
     EXPECT_NE(text.find("The parameter variables r, s, t, u, v1,"), text.npos);
     ExpectMostOfScratchStack("RunSystem", 17'846'776);
-    ExpectMostOfCoreScratch("RunSystem", 49'808);
+    ExpectMostOfCoreScratch("RunSystem", 85'712);
 }
 
 TEST_F(SystemMemory, StaysWithinItsBoundsForFractions) {

@@ -149,5 +149,87 @@ TEST(WordProducts, AreTheSameByEveryLoop) {
     }
 }
 
+using ArrayLoop = uint64_t (*)(uint64_t* dest, const uint64_t* a, const uint64_t* b, int64_t n);
+
+struct ArrayLoops {
+    const char* name;
+    ArrayLoop add;
+    ArrayLoop subtract;
+};
+
+constexpr ArrayLoops AllArrayLoops[] = {
+    {"chosen", AddWords, SubtractWords},
+    {"portable", words_portable::Add, words_portable::Subtract},
+#ifdef TALLYMERE_CARRY_CHAINS
+    {"carry chains", words_carry_chains::Add, words_carry_chains::Subtract},
+#endif
+};
+
+// What a loop writes, with the carry that it returns behind.
+Words RunArrayLoop(ArrayLoop loop, const Words& a, const Words& b) {
+    Words dest(a.size(), 3);
+    dest.push_back(loop(dest.data(), a.data(), b.data(), static_cast<int64_t>(a.size())));
+    return dest;
+}
+
+TEST(WordSums, CarryAndBorrowThroughAllWords) {
+    const uint64_t most = ~uint64_t{0};
+    for (const ArrayLoops& loops : AllArrayLoops) {
+        SCOPED_TRACE(loops.name);
+        EXPECT_EQ(RunArrayLoop(loops.add, {}, {}), Words{0});
+        EXPECT_EQ(RunArrayLoop(loops.subtract, {}, {}), Words{0});
+        for (size_t n = 1; n <= 40; n++) {
+            SCOPED_TRACE(n);
+            Words one(n, 0);
+            one[0] = 1;
+            Words power(n + 1, 0);
+            power[n] = 1;
+            EXPECT_EQ(RunArrayLoop(loops.add, Words(n, most), one), power);
+            Words minusOne(n, most);
+            minusOne.push_back(1);
+            EXPECT_EQ(RunArrayLoop(loops.subtract, Words(n, 0), one), minusOne);
+        }
+    }
+}
+
+TEST(WordSums, AreTheSameByEveryLoopAndInPlace) {
+    RandomSource random;
+    for (size_t n : {1, 2, 3, 4, 5, 6, 7, 8, 9, 11, 12, 13, 31, 32, 33, 1039}) {
+        SCOPED_TRACE(n);
+        for (int round = 0; round < TestRounds(200); round++) {
+            const Words a = RandomWords(random, n);
+            const Words b = RandomWords(random, n);
+            Words extended = a;
+            extended.push_back(0);
+            Words addend = b;
+            addend.push_back(0);
+            const Words sum = Sum(extended, addend);
+            for (const ArrayLoops& loops : AllArrayLoops) {
+                SCOPED_TRACE(loops.name);
+                ASSERT_EQ(RunArrayLoop(loops.add, a, b), sum);
+                // The difference of the sum and b is a, and borrows if the sum carried.
+                const Words low(sum.begin(), sum.end() - 1);
+                Words difference = a;
+                difference.push_back(sum.back());
+                ASSERT_EQ(RunArrayLoop(loops.subtract, low, b), difference);
+                Words inPlace = a;
+                const int64_t count = static_cast<int64_t>(n);
+                inPlace.push_back(loops.add(inPlace.data(), inPlace.data(), b.data(), count));
+                ASSERT_EQ(inPlace, sum);
+                inPlace = b;
+                inPlace.push_back(loops.add(inPlace.data(), a.data(), inPlace.data(), count));
+                ASSERT_EQ(inPlace, sum);
+                inPlace = low;
+                inPlace.push_back(loops.subtract(inPlace.data(), inPlace.data(), b.data(), count));
+                ASSERT_EQ(inPlace, difference);
+                inPlace = b;
+                inPlace.push_back(
+                    loops.subtract(inPlace.data(), low.data(), inPlace.data(), count));
+                ASSERT_EQ(inPlace, difference);
+            }
+        }
+    }
+}
+
 }  // namespace
 }  // namespace tallymere

@@ -41,17 +41,37 @@ struct MeasuredFunction {
     std::function<void(RealNumber* dest)> run;
 };
 
+// The value of a short text, and behind it digits up to the last one: products with limbs that are
+// 0 take less.
+RealBuffer WithAllDigits(const std::string& text) {
+    RealBuffer x(text);
+    for (int64_t i = 0; i < numberContext.realLimbs; i++) {
+        x.Limbs()[i] += i < 3 ? 0 : LimbBase / 7;
+    }
+    return x;
+}
+
+ComplexBuffer WithAllDigits(const std::string& realPart, const std::string& imaginaryPart) {
+    return ComplexBuffer(WithAllDigits(realPart), WithAllDigits(imaginaryPart));
+}
+
 MeasuredFunction Of(const char* name, RealRoundedUnary function, std::string argument) {
-    return {name, [=](RealNumber* dest) { function(dest, RealBuffer(argument)); }};
+    return {name, [=](RealNumber* dest) { function(dest, WithAllDigits(argument)); }};
 }
 
 MeasuredFunction Of(const char* name, RealRoundedBinary function, std::string a, std::string b) {
-    return {name, [=](RealNumber* dest) { function(dest, RealBuffer(a), RealBuffer(b)); }};
+    return {name, [=](RealNumber* dest) { function(dest, WithAllDigits(a), WithAllDigits(b)); }};
+}
+
+// For a whole number as the first argument.
+MeasuredFunction OfWhole(const char* name, RealRoundedBinary function, std::string a,
+                         std::string b) {
+    return {name, [=](RealNumber* dest) { function(dest, RealBuffer(a), WithAllDigits(b)); }};
 }
 
 MeasuredFunction OfComplex(const char* name, std::function<void(ComplexNumber* z)> function) {
     return {name, [=](RealNumber*) {
-                ComplexBuffer z("1.25 -0.75");
+                ComplexBuffer z = WithAllDigits("1.25e0", "-7.5e-1");
                 function(z);
             }};
 }
@@ -75,11 +95,11 @@ std::vector<MeasuredFunction> MeasuredFunctions() {
         Of("RealLogRounded", RealLogRounded, "7e0", "1.7e18"),
         Of("RealSqrtRounded", RealSqrtRounded, "1.7e0"),
         Of("RealCbrtRounded", RealCbrtRounded, "1.7e0"),
-        Of("RealRootRounded", RealRootRounded, "7e0", "-1.7e0"),
+        OfWhole("RealRootRounded", RealRootRounded, "7e0", "-1.7e0"),
         Of("RealHypotRounded", RealHypotRounded, "1.7e0", "1.3e0"),
         {"RealPowerIntRounded",
          [](RealNumber* dest) {
-             RealPowerIntRounded(dest, RealBuffer("1.000000000000000001e0"),
+             RealPowerIntRounded(dest, WithAllDigits("1.000000000000000001e0"),
                                  -9'007'199'254'740'993);
          }},
         {"RealPowerOfTwoRounded",
@@ -88,8 +108,10 @@ std::vector<MeasuredFunction> MeasuredFunctions() {
         Of("RealSinRounded", RealSinRounded, "1.1e19"),
         Of("RealCosRounded", RealCosRounded, "1.1e19"),
         Of("RealTanRounded", RealTanRounded, "1.1e19"),
-        Of("RealSinRounded, near its zeros", RealSinRounded, LongestPi()),
-        Of("RealTanRounded, near its zeros", RealTanRounded, LongestPi()),
+        {"RealSinRounded, near its zeros",
+         [](RealNumber* dest) { RealSinRounded(dest, RealBuffer(LongestPi())); }},
+        {"RealTanRounded, near its zeros",
+         [](RealNumber* dest) { RealTanRounded(dest, RealBuffer(LongestPi())); }},
         Of("RealSinDegreesRounded", RealSinDegreesRounded, "1.1e19"),
         Of("RealTanDegreesRounded", RealTanDegreesRounded, "1.1e19"),
         Of("RealTanGonRounded", RealTanGonRounded, "1.7e0"),
@@ -112,18 +134,25 @@ std::vector<MeasuredFunction> MeasuredFunctions() {
         Of("RealRadToDeg", RealRadToDeg, "1.7e0"),
         Of("RealGonToRad", RealGonToRad, "1.7e0"),
         Of("RealRadToGon", RealRadToGon, "1.7e0"),
-        Of("RealFactorialRounded", RealFactorialRounded, "7.1e2"),
+        {"RealFactorialRounded",
+         [](RealNumber* dest) { RealFactorialRounded(dest, RealBuffer("7.1e2")); }},
         {"RealFactorialRounded, Stirling",
          [](RealNumber* dest) { RealFactorialRounded(dest, RealBuffer("1.7e17")); }},
-        Of("RealCombinations", RealCombinations, "7.5e-1", "9e0"),
-        Of("RealPermutations", RealPermutations, "7.5e-1", "9e0"),
+        {"RealCombinations",
+         [](RealNumber* dest) {
+             RealCombinations(dest, WithAllDigits("7.5e-1"), RealBuffer("9e0"));
+         }},
+        {"RealPermutations",
+         [](RealNumber* dest) {
+             RealPermutations(dest, WithAllDigits("7.5e-1"), RealBuffer("9e0"));
+         }},
         {"RealGcd",
          [](RealNumber* dest) { RealGcd(dest, RealBuffer("1.8e1"), RealBuffer("1.2e1")); }},
         {"RealLcm",
          [](RealNumber* dest) { RealLcm(dest, RealBuffer("1.8e1"), RealBuffer("1.2e1")); }},
         OfComplex("ComplexMul", [](ComplexNumber* z) { ComplexMul(z, z, z); }),
         OfComplex("ComplexDiv",
-                  [](ComplexNumber* z) { ComplexDiv(z, z, ComplexBuffer("0.7 1.3")); }),
+                  [](ComplexNumber* z) { ComplexDiv(z, z, WithAllDigits("7e-1", "1.3e0")); }),
         OfComplex("ComplexReciprocal", [](ComplexNumber* z) { ComplexReciprocal(z, z); }),
         OfComplex("ComplexAbs", [](ComplexNumber* z) { ComplexAbs(z, z); }),
         OfComplex("ComplexPowerInt", [](ComplexNumber* z) { ComplexPowerInt(z, z, -13); }),
