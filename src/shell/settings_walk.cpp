@@ -1,11 +1,10 @@
 #include "shell/settings_walk.h"
 
 #include <algorithm>
-#include <memory>
-#include <new>
 #include <string_view>
 
 #include "core/digit_text.h"
+#include "shell/new_block.h"
 #include "shell/settings_bytes.h"
 #include "shell/settings_values.h"
 
@@ -179,12 +178,6 @@ void WalkVariables(SettingsWriter& writer) {
         WriteVariableText(sink, writer.record.variables[i].value);
         WriteLineEnd(sink);
     }
-}
-
-// Null without memory.
-template <typename Item>
-std::unique_ptr<Item[]> NewBlock(int64_t count) {
-    return std::unique_ptr<Item[]>(new (std::nothrow) Item[static_cast<size_t>(count)]);
 }
 
 template <typename Walk>

@@ -284,6 +284,12 @@ TEST_F(OptionsWindow, DoesNotStartTheProgramAnewWithoutItsSettings) {
     const MessageBoxAnswer answer(IDOK);
     Click(ok);
     EXPECT_EQ(answer.boxes, 2) << "the question and the failure";
+    // Whoever agrees again is told again.
+    ShowProgramWindow(optionsWindow);
+    Click(Find("Button", "English"));
+    Click(ok);
+    EXPECT_EQ(answer.boxes, 4);
+    EXPECT_NE(answer.text.find("could not be saved"), std::string::npos);
     MSG message;
     EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
     EXPECT_TRUE(settings.settingsDirty);

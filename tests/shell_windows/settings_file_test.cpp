@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -42,6 +43,8 @@ protected:
         EXPECT_TRUE(SameSettings(settings, expected));
         EXPECT_EQ(PendingUiError(), UiErrorNone);
     }
+
+    static fs::path Kept(const wchar_t* end = L".bad") { return file.wstring() + end; }
 
     // Settings that differ from the file and are to be written.
     static void ChangeSomething() { ChangeSetting(settings, &Settings::groupPrimes, true); }
@@ -353,8 +356,6 @@ TEST_F(SettingsFile, OnlyOneProgramAtATimeWrites) {
 
 class UnreadSettingsFile : public SettingsFile {
 protected:
-    static fs::path Kept(const wchar_t* end = L".bad") { return file.wstring() + end; }
-
     // The next writing has kept what was there.
     static void ExpectKept(const Bytes& bytes) {
         ChangeSomething();
@@ -460,8 +461,8 @@ TEST_F(UnreadSettingsFile, WhoseReadingFailsIsKept) {
     const Bytes before = FileBytes(Joined(FullFileLines));
     Put(before);
     {
-        // There is none beside, so the second opening and its reading.
-        const FileCalls calls(3);
+        // Behind the opening.
+        const FileCalls calls(2);
         ExpectLoaded(Settings{});
     }
     ExpectKept(before);
@@ -546,7 +547,46 @@ TEST_F(SettingsFileBeside, IsTakenEvenWhereItsPlaceIsHeld) {
     EXPECT_EQ(Content(), FileBytes(WrittenText(older)));
     EXPECT_TRUE(SaveSettings());
     EXPECT_EQ(Content(), FileBytes(WrittenText(newer)));
-    ExpectAlone(file);
+    EXPECT_EQ(Content(Kept()), FileBytes(WrittenText(older))) << "nobody has read it";
+    EXPECT_FALSE(fs::exists(Beside()));
+}
+
+TEST_F(SettingsFileBeside, ReplacesNoFileThatWasNotRead) {
+    const Bytes refused = {3};
+    Put(refused);
+    Put(Beside(), FileBytes(WrittenText(newer)));
+    ExpectLoaded(newer);
+    EXPECT_EQ(Content(), FileBytes(WrittenText(newer)));
+    EXPECT_EQ(Content(Kept()), refused);
+    ChangeSomething();
+    EXPECT_TRUE(SaveSettings());
+    EXPECT_EQ(Content(), FileBytes(WrittenText(settings)));
+    EXPECT_FALSE(fs::exists(Kept(L".bad2")));
+}
+
+TEST_F(SettingsFileBeside, ReplacesNoFileThatWasNotReadWhereNoNameIsLeft) {
+    const Bytes refused = {3};
+    Put(refused);
+    Put(Beside(), FileBytes(WrittenText(newer)));
+    Put(Kept(), {1});
+    for (char number = '2'; number <= '9'; number++) {
+        Put(file.string() + ".bad" + number, {1});
+    }
+    newer.settingsDirty = true;
+    ExpectLoaded(newer);
+    EXPECT_FALSE(SaveSettings());
+    EXPECT_EQ(Content(), refused);
+    EXPECT_EQ(Content(Beside()), FileBytes(WrittenText(newer)));
+}
+
+// As the user does who edits the file, or puts an old one back, after a crash.
+TEST_F(SettingsFileBeside, GivesWayToAFileThatWasWrittenLater) {
+    Put(Beside(), FileBytes(WrittenText(newer)));
+    fs::last_write_time(Beside(), fs::last_write_time(file) - std::chrono::hours(1));
+    ExpectLoaded(older);
+    EXPECT_EQ(Content(), FileBytes(WrittenText(older)));
+    EXPECT_EQ(Content(Kept()), FileBytes(WrittenText(newer))) << "the clock may be wrong";
+    EXPECT_FALSE(fs::exists(Beside()));
 }
 
 TEST_F(SettingsFileBeside, IsPutInPlaceOnceNobodyHoldsThat) {

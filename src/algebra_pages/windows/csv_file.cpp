@@ -1,11 +1,11 @@
 #include "algebra_pages/windows/csv_file.h"
 
-#include <memory>
-#include <new>
 #include <string_view>
 
+#include "shell/new_block.h"
 #include "shell/ui_error.h"
 #include "shell/windows/file_replacement.h"
+#include "shell/windows/file_scope.h"
 #include "toolkit/wide_text.h"
 #include "toolkit/win32.h"
 
@@ -15,15 +15,6 @@ namespace {
 
 constexpr DWORD BlockBytes = 65'536;
 
-struct FileScope {
-    HANDLE file;
-    ~FileScope() {
-        if (file != INVALID_HANDLE_VALUE) {
-            CloseHandle(file);
-        }
-    }
-};
-
 UiErrorCode CodeOfOpening(DWORD systemError) {
     return systemError == ERROR_FILE_NOT_FOUND || systemError == ERROR_PATH_NOT_FOUND
                ? UiErrorFileNotFound
@@ -32,8 +23,7 @@ UiErrorCode CodeOfOpening(DWORD systemError) {
 
 // Writes a cell by one call of the system, so that nothing but a cell can be missing.
 bool WriteCell(FileReplacement& replacement, std::u16string_view text, bool endsLine) {
-    const std::unique_ptr<uint8_t[]> bytes(
-        new (std::nothrow) uint8_t[static_cast<size_t>(CsvCellBytes(std::ssize(text)))]);
+    const auto bytes = NewBlock<uint8_t>(CsvCellBytes(std::ssize(text)));
     if (bytes == nullptr) {
         SetUiError(UiErrorInternal);
         return false;
@@ -81,8 +71,8 @@ bool WriteLines(FileReplacement& replacement, int32_t count, CsvCellText cellTex
 }  // namespace
 
 void ReadCsvFile(const char16_t* path, const CsvReceiver& receiver) {
-    const FileScope scope = {CreateFileW(ToWide(path), GENERIC_READ, FILE_SHARE_READ, nullptr,
-                                         OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)};
+    const FileScope scope(CreateFileW(ToWide(path), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (scope.file == INVALID_HANDLE_VALUE) {
         SetUiError(CodeOfOpening(GetLastError()), path);
         return;

@@ -9,7 +9,9 @@ namespace tallymere {
 
 void RestartProgram() {
     // The new process would begin with the old settings, and this one end with those that changed.
-    if (!SaveSettingsOrReport()) {
+    // Who has agreed to the restart is told why there is none, also after a failure that was told.
+    if (!SaveSettings()) {
+        ReportUnsavedSettings();
         return;
     }
     STARTUPINFOW start = {};

@@ -4,7 +4,7 @@
 namespace tallymere {
 
 /// Writes the settings, starts the program's own file anew and lets this process end. Settings that
-/// could not be written are reported, and nothing else happens.
+/// cannot be written are reported each time, and nothing else happens.
 void RestartProgram();
 
 }  // namespace tallymere

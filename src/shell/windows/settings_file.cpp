@@ -1,10 +1,10 @@
 #include "shell/windows/settings_file.h"
 
 #include <memory>
-#include <new>
 #include <utility>
 
 #include "calculator/variable_settings.h"
+#include "shell/new_block.h"
 #include "shell/program_paths.h"
 #include "shell/settings.h"
 #include "shell/settings_bytes.h"
@@ -12,6 +12,7 @@
 #include "shell/ui_error.h"
 #include "shell/windows/error_report.h"
 #include "shell/windows/file_replacement.h"
+#include "shell/windows/file_scope.h"
 #include "shell/windows/page_run.h"
 #include "toolkit/wide_text.h"
 #include "toolkit/win32.h"
@@ -34,9 +35,10 @@ bool Wait(int32_t tries) {
     return true;
 }
 
-// Only one program at a time reads or replaces the file. One that hangs meanwhile shuts nobody out
-// for ever, and one that was ended leaves the turn to the next. Without the system's help nobody
-// waits.
+// Only one program of a session reads or replaces the file at a time. One that hangs meanwhile
+// shuts nobody out for ever, and one that was ended leaves the turn to the next. Without the
+// system's help nobody waits. A second session of the same user has turns of its own; there the
+// file beside, which nobody shares, keeps the files whole.
 class Turn {
 public:
     Turn() {
@@ -58,24 +60,13 @@ private:
     bool isOurs_;
 };
 
-// Closes a file on every way out.
-struct FileScope {
-    HANDLE file;
-    ~FileScope() { CloseHandle(file); }
-};
-
 template <typename Item>
 using Block = std::unique_ptr<Item[]>;
-
-// Null without memory.
-template <typename Item>
-Block<Item> NewBlock(int64_t count) {
-    return Block<Item>(new (std::nothrow) Item[static_cast<size_t>(count)]);
-}
 
 struct FileBytes {
     Block<uint8_t> bytes;
     int64_t count = 0;
+    uint64_t lastWrite = 0;  // by the clock of the file system
 };
 
 enum class FileAnswer {
@@ -89,8 +80,10 @@ enum class FileAnswer {
 // nothing is written in its place.
 bool isFileUnread = false;
 
-// The last try to save failed, and the user was told so.
+// The last try to save failed.
 bool saveFailed = false;
+
+// The user was told of a failure, and nothing was saved since.
 bool failureWasSaid = false;
 
 char16_t settingsFolder[PathCapacity + 1] = u"";
@@ -130,11 +123,13 @@ FileAnswer ReadFileBytes(FileBytes& content, const char16_t* path) {
     if (file == INVALID_HANDLE_VALUE) {
         return AnswerOfFailedOpening(path);
     }
-    const FileScope scope = {file};
+    const FileScope scope(file);
     LARGE_INTEGER size = {};
-    if (!GetFileSizeEx(file, &size)) {
+    FILETIME lastWrite = {};
+    if (!GetFileSizeEx(file, &size) || !GetFileTime(file, nullptr, nullptr, &lastWrite)) {
         return FileAnswer::Held;
     }
+    content.lastWrite = uint64_t{lastWrite.dwHighDateTime} << 32 | lastWrite.dwLowDateTime;
     if (size.QuadPart == 0 || size.QuadPart > MaxSettingsBytes) {
         return size.QuadPart == 0 ? FileAnswer::Missing : FileAnswer::Refused;
     }
@@ -156,26 +151,6 @@ FileAnswer ReadWithPatience(FileBytes& content, const char16_t* path) {
         answer = ReadFileBytes(content, path);
     }
     return answer;
-}
-
-// Puts a whole file that a program left beside into its place. Where that does not work now, its
-// content is taken all the same, and is to be written again. False if there is no whole one; a part
-// of one goes with the next writing.
-bool TakeFileBeside(FileBytes& content, bool& toBeWritten) {
-    char16_t beside[BesidePathCapacity + 1];
-    FormatBesidePath(beside, SettingsPath());
-    FileBytes left;
-    if (ReadWithPatience(left, beside) != FileAnswer::Read ||
-        !IsWholeSettingsFile(left.bytes.get(), left.count)) {
-        return false;
-    }
-    content = std::move(left);
-    bool isInPlace = PutInPlace(SettingsPath(), beside);
-    for (int32_t tries = 1; !isInPlace && waitForFile(tries); tries++) {
-        isInPlace = PutInPlace(SettingsPath(), beside);
-    }
-    toBeWritten = !isInPlace;
-    return true;
 }
 
 // Null without memory.
@@ -204,29 +179,59 @@ FileBytes EncodedSettings() {
     return content;
 }
 
-bool MoveAway(const char16_t* path) {
-    return MoveFileExW(ToWide(SettingsPath()), ToWide(path), MOVEFILE_WRITE_THROUGH) != FALSE ||
-           GetLastError() == ERROR_FILE_NOT_FOUND;
-}
-
-// Gives a file that could not be read another name, one that no file has.
-bool KeepUnreadFile() {
+// Gives a file another name, one that no file has. One that is gone needs none.
+bool KeepUnderOtherName(const char16_t* path) {
     char16_t kept[UnreadPathCapacity + 1];
     for (int32_t number = 1; number <= MaxUnreadFiles; number++) {
         FormatUnreadFile(kept, SettingsPath(), number);
         if (GetFileAttributesW(ToWide(kept)) == INVALID_FILE_ATTRIBUTES) {
-            return MoveAway(kept);
+            return MoveFileExW(ToWide(path), ToWide(kept), MOVEFILE_WRITE_THROUGH) != FALSE ||
+                   GetLastError() == ERROR_FILE_NOT_FOUND;
         }
     }
     return false;
 }
 
+bool KeepUnreadFile() {
+    isFileUnread = isFileUnread && !KeepUnderOtherName(SettingsPath());
+    return !isFileUnread;
+}
+
+// Takes what a program that was ended left beside, if that is whole, and puts it into its place; a
+// part of a file goes with the next writing. False where that does not work now: the content is
+// taken all the same, and is to be written again.
+bool TakeFileBeside(FileBytes& content, FileAnswer inPlace) {
+    char16_t beside[BesidePathCapacity + 1];
+    FormatBesidePath(beside, SettingsPath());
+    FileBytes left;
+    if (ReadWithPatience(left, beside) != FileAnswer::Read ||
+        !IsWholeSettingsFile(left.bytes.get(), left.count)) {
+        return true;
+    }
+    // The user changed the file since, or put another one back. Where the clock is wrong, it is the
+    // one beside that is newer, so that one is kept.
+    if (inPlace == FileAnswer::Read && content.lastWrite > left.lastWrite) {
+        KeepUnderOtherName(beside);
+        return true;
+    }
+    content = std::move(left);
+    const auto putInPlace = [&beside] {
+        return KeepUnreadFile() && PutInPlace(SettingsPath(), beside);
+    };
+    bool isInPlace = putInPlace();
+    // A file that is held was waited for already.
+    for (int32_t tries = 1; !isInPlace && inPlace != FileAnswer::Held && waitForFile(tries);
+         tries++) {
+        isInPlace = putInPlace();
+    }
+    return isInPlace;
+}
+
 bool ReplaceSettingsFile(const FileBytes& content) {
     MakeFolder();
-    if (isFileUnread && !KeepUnreadFile()) {
+    if (!KeepUnreadFile()) {
         return false;
     }
-    isFileUnread = false;
     FileReplacement replacement(SettingsPath());
     replacement.Write(content.bytes.get(), static_cast<uint32_t>(content.count));
     return replacement.Finish();
@@ -257,21 +262,21 @@ const char16_t* SettingsPath() {
 void LoadSettings() {
     const Turn turn;
     FileBytes content;
-    bool toBeWritten = false;
-    FileAnswer answer = FileAnswer::Read;
-    if (!TakeFileBeside(content, toBeWritten)) {
-        answer = ReadWithPatience(content, SettingsPath());
+    const FileAnswer answer = ReadWithPatience(content, SettingsPath());
+    if (answer != FileAnswer::Read) {
+        content = {};
     }
     isFileUnread = answer == FileAnswer::Held || answer == FileAnswer::Refused;
+    const bool isInPlace = TakeFileBeside(content, answer);
     // Never freed.
     char16_t* text = nullptr;
-    if (answer == FileAnswer::Read) {
+    if (content.bytes != nullptr) {
         text = DecodedText(content).release();
-        isFileUnread = text == nullptr;
+        isFileUnread = isFileUnread || text == nullptr;
     }
     char16_t empty[] = u"";
     ReadSettings(settings, text == nullptr ? empty : text);
-    settings.settingsDirty = toBeWritten;
+    settings.settingsDirty = !isInPlace;
     saveFailed = failureWasSaid = false;
 }
 
@@ -290,13 +295,17 @@ bool SaveSettings() {
 bool SaveSettingsOrReport() {
     const bool saved = SaveSettings();
     if (!saved && !failureWasSaid && !IsRunUnderWay()) {
-        failureWasSaid = true;
-        // What is pending has a box of its own.
-        ReportUiError();
-        SetUiError(UiErrorSettingsNotSaved, SettingsPath());
-        ReportUiError();
+        ReportUnsavedSettings();
     }
     return saved;
+}
+
+void ReportUnsavedSettings() {
+    failureWasSaid = true;
+    // What is pending has a box of its own.
+    ReportUiError();
+    SetUiError(UiErrorSettingsNotSaved, SettingsPath());
+    ReportUiError();
 }
 
 }  // namespace tallymere

@@ -1,12 +1,13 @@
 // The settings file on disk: read once at the start, written whenever something changed.
 //
-// At any moment one whole file is there, the old or the new one: the new one is written beside the
-// old one and then put in its place, and a whole one that was left beside by a program which was
-// ended in between is put there at the next start. Several programs of one user take turns, so the
-// last one to write wins, with a whole file.
+// At any moment one whole file is there, the old or the new one, in its place or beside it: the new
+// one is written beside the old one and then put in its place, and a whole one that was left beside
+// by a program which was ended in between is put there at the next start. If the one in place was
+// written later, by the user, it stays, and the one beside gets another name. Several programs in
+// one session take turns, so the last one to write wins, with a whole file.
 //
 // What the file has in it is never an error. One that is there but cannot be read gives the
-// defaults, and is kept under another name before anything is written.
+// defaults, and is kept under another name before anything takes its place.
 #pragma once
 
 #include <cstdint>
@@ -30,6 +31,9 @@ bool SaveSettings();
 /// The same, but a failure is said in a message box, and once: not again before a success. The menu
 /// is there. While a page calculates nothing is said, because the errors are those of the run.
 bool SaveSettingsOrReport();
+
+/// Says that the settings could not be written, however often it was said. No page calculates.
+void ReportUnsavedSettings();
 
 /// Waits before a file that somebody else may be holding is tried again; `tries` there were so far,
 /// 1 or more. False to give up. Tests put a function in its place that does not wait.
