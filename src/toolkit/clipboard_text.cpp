@@ -29,20 +29,22 @@ std::u16string_view ClipboardText::View() const {
     return IsThere() ? TextInBlock(FromWide(text_), GlobalSize(memory_)) : u"";
 }
 
-void PutOnClipboard(HWND owner, std::u16string_view text) {
+bool PutOnClipboard(HWND owner, std::u16string_view text) {
     const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(char16_t));
     if (memory == nullptr || OpenClipboard(owner) == 0) {
         GlobalFree(memory);
-        return;
+        return false;
     }
     auto* copy = static_cast<char16_t*>(GlobalLock(memory));
     *std::copy(text.begin(), text.end(), copy) = 0;
     GlobalUnlock(memory);
     EmptyClipboard();
-    if (SetClipboardData(CF_UNICODETEXT, memory) == nullptr) {
+    const bool isThere = SetClipboardData(CF_UNICODETEXT, memory) != nullptr;
+    if (!isThere) {
         GlobalFree(memory);
     }
     CloseClipboard();
+    return isThere;
 }
 
 }  // namespace tallymere

@@ -33,8 +33,8 @@ private:
     const wchar_t* text_;
 };
 
-/// Puts a text on the clipboard in place of what is there. Without memory, or while another program
-/// has the clipboard open, the clipboard does not change.
-void PutOnClipboard(HWND owner, std::u16string_view text);
+/// Puts a text on the clipboard in place of what is there. False without memory, or while another
+/// program has the clipboard open: the text is not there then.
+bool PutOnClipboard(HWND owner, std::u16string_view text);
 
 }  // namespace tallymere

@@ -141,13 +141,13 @@ bool IsLongWith(HWND field, std::u16string_view insertion) {
            LongLineCharacters;
 }
 
-void CopySelection(HWND field) {
+// False when the clipboard does not have it.
+bool CopySelection(HWND field) {
     const auto [text, selection] = PlainState(field);
     const auto [from, to] = selection;
-    if (text.IsThere() && from < to) {
-        PutOnClipboard(
-            field, text.View().substr(static_cast<size_t>(from), static_cast<size_t>(to - from)));
-    }
+    return text.IsThere() && from < to &&
+           PutOnClipboard(field, text.View().substr(static_cast<size_t>(from),
+                                                    static_cast<size_t>(to - from)));
 }
 
 bool IsSelected(HWND field) {
@@ -258,8 +258,8 @@ LRESULT HandleLong(HWND field, UINT message, WPARAM wParam, LPARAM lParam, bool&
             CopySelection(field);
             return 0;
         case WM_CUT:
-            CopySelection(field);
-            return ChangeText(field, TextReplaced, WM_CLEAR);
+            // What another program keeps from the clipboard would be in neither place.
+            return CopySelection(field) ? ChangeText(field, TextReplaced, WM_CLEAR) : 0;
         case WM_CLEAR:
         case WM_UNDO:
         case EM_UNDO:

@@ -1,5 +1,7 @@
 #include "toolkit/long_text_field.h"
 
+#include <future>
+#include <thread>
 #include <tuple>
 
 #include "toolkit/gdi_objects.h"
@@ -353,6 +355,31 @@ TEST_P(LongTextFieldOfBoth, CopiesCutsAndPastesWithoutItsBreaks) {
     SendMessageW(field, WM_PASTE, 0, 0);
     EXPECT_EQ(Text(), text.substr(100, 500));
     EXPECT_EQ(changes, 1);
+}
+
+TEST_F(LongTextField, CutsNothingWhileAnotherOwnerHasTheClipboard) {
+    const std::u16string text = Digits(1000);
+    SetText(text);
+    Select(100, 900);
+    std::promise<void> isHeld;
+    std::promise<void> wasTried;
+    std::thread other([&isHeld, &wasTried] {
+        const bool opened = OpenClipboard(nullptr) != FALSE;
+        isHeld.set_value();
+        wasTried.get_future().wait();
+        EXPECT_TRUE(opened);
+        CloseClipboard();
+    });
+    isHeld.get_future().wait();
+    SendMessageW(field, WM_CUT, 0, 0);
+    EXPECT_EQ(Text(), text);
+    PressKey(field, VK_DELETE, VK_SHIFT);
+    EXPECT_EQ(Text(), text);
+    wasTried.set_value();
+    other.join();
+    SendMessageW(field, WM_CUT, 0, 0);
+    EXPECT_EQ(Text(), text.substr(0, 100) + text.substr(900));
+    EXPECT_EQ(TextOnClipboard(parent), text.substr(100, 800));
 }
 
 TEST_P(LongTextFieldOfBoth, BringsBackWhatWasReplaced) {
