@@ -5,6 +5,7 @@
 
 #include "core/contract.h"
 #include "core/number_context.h"
+#include "core/scratch_making.h"
 
 #ifdef TALLYMERE_CHECKED_SCRATCH
 #include <sanitizer/asan_interface.h>
@@ -67,17 +68,24 @@ void CloseCheckedBlocks([[maybe_unused]] uint64_t* start, [[maybe_unused]] uint6
 #endif
 }
 
-void CreateScratchStack() {
+bool TryCreateScratchStack() {
     TALLYMERE_REQUIRE(scratchStack.area.base == nullptr);
     const int64_t words = AreaWords(ScratchStackBytes);
     auto* block = static_cast<uint64_t*>(std::malloc(static_cast<size_t>(words) * BytesPerWord));
     if (block == nullptr) {
-        std::fprintf(stderr, "Tallymere: no memory for a ScratchStack.\n");
-        std::abort();
+        return false;
     }
     scratchStack.top = block;
     scratchStack.area = {block, block + words, &scratchStack.top, 0, "ScratchStack"};
     CloseCheckedBlocks(block, block + words);
+    return true;
+}
+
+void CreateScratchStack() {
+    if (!TryCreateScratchStack()) {
+        std::fprintf(stderr, "Tallymere: no memory for a ScratchStack.\n");
+        std::abort();
+    }
 }
 
 void DestroyScratchStack() {

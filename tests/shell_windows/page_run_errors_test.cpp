@@ -4,6 +4,7 @@
 
 #include "shell/windows/main_window.h"
 #include "shell/windows/program_windows.h"
+#include "shell_windows/failing_memory.h"
 #include "shell_windows/main_windows.h"
 #include "shell_windows/page_run_testing.h"
 #include "shell_windows/settings_folder.h"
@@ -117,6 +118,47 @@ TEST_F(PageRunTest, EndsWithAnErrorWhereNoThreadCanBeMade) {
     LoopUntilIdle();
     EXPECT_TRUE(seen.succeeded) << "the next run has a thread again";
     EXPECT_EQ(answer.boxes, 3);
+}
+
+TEST_F(PageRunTest, EndsWithAnErrorWhereItsThreadHasNoMemory) {
+    const MessageBoxAnswer answer;
+    {
+        const FailingMemory memory(1, ScratchStackBytes);
+        ClickStart();
+        LoopUntilIdle();
+        EXPECT_EQ(memory.count, 1);
+    }
+    EXPECT_EQ(answer.boxes, 1);
+    EXPECT_EQ(answer.text, "Internal error!");
+    EXPECT_FALSE(seen.succeeded);
+    seen = {};
+    ClickStart();
+    LoopUntilIdle();
+    EXPECT_TRUE(seen.succeeded) << "the next run has memory again";
+    EXPECT_EQ(answer.boxes, 1);
+}
+
+// The program is not told of other resolutions while it runs; it keeps that of its start.
+TEST_F(PageRunTest, GoesOnThroughAChangeOfTheDisplay) {
+    task.work = RunUntilStopped;
+    ClickStart();
+    RECT before = {};
+    GetWindowRect(page, &before);
+    RECT suggested = {10, 10, 700, 500};
+    for (const HWND window : {page, other}) {
+        SendMessageW(window, WM_DISPLAYCHANGE, 32, MAKELPARAM(640, 480));
+        SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(192, 192),
+                     reinterpret_cast<LPARAM>(&suggested));
+        SendMessageW(window, WM_SETTINGCHANGE, SPI_SETWORKAREA, 0);
+    }
+    RECT after = {};
+    GetWindowRect(page, &after);
+    EXPECT_TRUE(EqualRect(&before, &after));
+    EXPECT_TRUE(IsPageCalculating(run.states));
+    EXPECT_FALSE(IsEnabled(other));
+    EXPECT_FALSE(StopRequested());
+    ClickStart();
+    LoopUntilIdle();
 }
 
 TEST_F(PageRunTest, EndsWithoutAWordWhenItIsStopped) {

@@ -1,6 +1,8 @@
 #include "shell/windows/calc_thread.h"
 
 #include "core/scratch.h"
+#include "core/scratch_making.h"
+#include "shell/ui_error.h"
 
 #include <process.h>
 
@@ -33,11 +35,15 @@ bool PostEndToPage(HWND page) {
 }
 
 unsigned __stdcall CalcThreadEntry(void*) {
-    CreateScratchStack();
-    calcThreadStart.worker();
+    // Without memory the run ends with an error, and the program goes on with all that is unsaved.
+    if (TryCreateScratchStack()) {
+        calcThreadStart.worker();
+        DestroyScratchStack();
+    } else {
+        SetUiError(UiErrorInternal);
+    }
     // The page may start the next run as soon as it has the message.
     const HWND page = calcThreadStart.page;
-    DestroyScratchStack();
     while (!postEnd(page) && IsWindow(page)) {
         Sleep(PostAgainMilliseconds);
     }
