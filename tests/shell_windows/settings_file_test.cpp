@@ -18,6 +18,7 @@
 #include "calculator/variable_table.h"
 #include "shell/settings_testing.h"
 #include "shell/ui_error.h"
+#include "shell_windows/failing_memory.h"
 #include "shell_windows/file_calls.h"
 #include "shell_windows/file_folder.h"
 #include "shell_windows/message_boxes.h"
@@ -332,6 +333,22 @@ TEST_F(SettingsFile, CannotBeWrittenWhereAFileIsInPlaceOfTheFolder) {
     EXPECT_EQ(ContentOf(folder), "mine");
 }
 
+TEST_F(SettingsFile, OfTheLastProgramToEndHasAllThatItChanged) {
+    LoadSettings();
+    ChangeSomething();
+    EXPECT_TRUE(SaveSettings());
+    const Bytes ours = Content();
+    const Bytes others = FileBytes(u"language = German\r\n");
+    Put(others);
+    EXPECT_TRUE(SaveSettingsAtEnd());
+    EXPECT_EQ(Content(), ours);
+    // One that changed nothing leaves it to the others.
+    LoadSettings();
+    Put(others);
+    EXPECT_TRUE(SaveSettingsAtEnd());
+    EXPECT_EQ(Content(), others);
+}
+
 TEST_F(SettingsFile, OnlyOneProgramAtATimeWrites) {
     // Another thread is another owner.
     std::promise<void> begun;
@@ -638,6 +655,63 @@ TEST_F(SettingsWriting, AFailureAtAnyCallLeavesTheOldFile) {
     }
 }
 
+// How many blocks a save asks for is counted first, so that each of them is tried.
+TEST_F(SettingsWriting, WithoutAnyOfItsMemoryLeavesTheOldFile) {
+    Begin();
+    int blocks = 0;
+    {
+        const FailingMemory memory;
+        EXPECT_TRUE(SaveSettings());
+        blocks = memory.count;
+    }
+    EXPECT_GE(blocks, 2);
+    for (int number = 1; number <= blocks; number++) {
+        SCOPED_TRACE(number);
+        Begin();
+        bool saved = true;
+        {
+            const FailingMemory memory(number);
+            saved = SaveSettings();
+        }
+        EXPECT_FALSE(saved);
+        EXPECT_EQ(Content(), FileBytes(WrittenText(older)));
+        EXPECT_TRUE(settings.settingsDirty);
+        ExpectAlone(file);
+        EXPECT_TRUE(SaveSettings());
+        EXPECT_EQ(Content(), FileBytes(WrittenText(newer)));
+    }
+}
+
+// The settings are those of the file, or the file is kept.
+TEST_F(SettingsWriting, BehindAReadingWithoutAnyOfItsMemoryKeepsTheOldFile) {
+    Put(FileBytes(WrittenText(older)));
+    int blocks = 0;
+    {
+        const FailingMemory memory;
+        LoadSettings();
+        blocks = memory.count;
+    }
+    EXPECT_GE(blocks, 2);
+    for (int number = 1; number <= blocks; number++) {
+        SCOPED_TRACE(number);
+        fs::remove(Kept());
+        Put(FileBytes(WrittenText(older)));
+        {
+            const FailingMemory memory(number);
+            LoadSettings();
+        }
+        EXPECT_EQ(Content(), FileBytes(WrittenText(older)));
+        const bool isRead = settings.language == older.language;
+        ChangeSomething();
+        EXPECT_TRUE(SaveSettings());
+        EXPECT_EQ(Content(), FileBytes(WrittenText(settings)));
+        EXPECT_EQ(fs::exists(Kept()), !isRead);
+        if (!isRead) {
+            EXPECT_EQ(Content(Kept()), FileBytes(WrittenText(older)));
+        }
+    }
+}
+
 TEST_F(SettingsWriting, ADiskThatTakesHalfLeavesTheOldFile) {
     Begin();
     {
@@ -784,6 +858,28 @@ TEST_F(SettingsKill, AtAnyTimeLosesTheLastChangeAtMost) {
     EXPECT_GT(changes, 0);
     RecordProperty("changes", changes);
     fs::remove(Note());
+}
+
+// In a process that has such a folder from its start.
+TEST_F(SettingsFile, LiesInAFolderWithLettersOfAnyLanguage) {
+    constexpr const wchar_t* Variable = L"TALLYMERE_TEST_FOLDER";
+    const std::wstring ours = NameOfProcess();
+    const std::wstring foreign = ours + L" \u00E9\u03B1\u0436\u4E2D";
+    const fs::path place =
+        fs::temp_directory_path() / (foreign + L" user") / "Tallymere" / "UserSettings_3.8.ini";
+    SetEnvironmentVariableW(Variable, foreign.c_str());
+    fs::create_directory(place.parent_path().parent_path());
+    EXPECT_EXIT(
+        {
+            ChangeSomething();
+            const bool saved = SaveSettings();
+            LoadSettings();
+            ExitProcess(saved && settings.groupPrimes ? FileCalls::Exit : 1);
+        },
+        ::testing::ExitedWithCode(FileCalls::Exit), "");
+    SetEnvironmentVariableW(Variable, ours.c_str());
+    EXPECT_GT(Content(place).size(), 100u);
+    fs::remove_all(place.parent_path().parent_path());
 }
 
 // What is said about a failure.

@@ -14,7 +14,7 @@ int RunProgram(HINSTANCE instance, std::span<const ProgramWindow> windows) {
     BeginMakingWindows(windows);
     OpenMainWindow();
     const int status = RunMainLoop();
-    SaveSettingsOrReport();
+    SaveSettingsAtEnd();
     if (IsRunUnderWay()) {
         // All threads end at once here. On any other way out the CalcThread would lose its memory.
         TerminateProcess(GetCurrentProcess(), static_cast<UINT>(status));

@@ -86,6 +86,9 @@ bool saveFailed = false;
 // The user was told of a failure, and nothing was saved since.
 bool failureWasSaid = false;
 
+// This program has written the file since it read it.
+bool wasWritten = false;
+
 char16_t settingsFolder[PathCapacity + 1] = u"";
 
 bool IsFolder(const char16_t* path) {
@@ -277,7 +280,7 @@ void LoadSettings() {
     char16_t empty[] = u"";
     ReadSettings(settings, text == nullptr ? empty : text);
     settings.settingsDirty = !isInPlace;
-    saveFailed = failureWasSaid = false;
+    saveFailed = failureWasSaid = wasWritten = false;
 }
 
 bool SaveSettings() {
@@ -289,6 +292,7 @@ bool SaveSettings() {
     saveFailed = content.bytes == nullptr || !ReplaceWithPatience(content);
     settings.settingsDirty = saveFailed;
     failureWasSaid = failureWasSaid && saveFailed;
+    wasWritten = wasWritten || !saveFailed;
     return !saveFailed;
 }
 
@@ -298,6 +302,11 @@ bool SaveSettingsOrReport() {
         ReportUnsavedSettings();
     }
     return saved;
+}
+
+bool SaveSettingsAtEnd() {
+    settings.settingsDirty = settings.settingsDirty || wasWritten;
+    return SaveSettingsOrReport();
 }
 
 void ReportUnsavedSettings() {

@@ -32,6 +32,10 @@ bool SaveSettings();
 /// is there. While a page calculates nothing is said, because the errors are those of the run.
 bool SaveSettingsOrReport();
 
+/// The same at the end of the program. What was written before is written again, since another
+/// program may have written meanwhile: the last one to end wins with all that it changed.
+bool SaveSettingsAtEnd();
+
 /// Says that the settings could not be written, however often it was said. No page calculates.
 void ReportUnsavedSettings();
 
