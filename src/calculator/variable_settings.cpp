@@ -1,5 +1,8 @@
 #include "calculator/variable_settings.h"
 
+#include <cstdio>
+#include <cstdlib>
+
 #include "calculator/variable_table.h"
 #include "shell/text_sink.h"
 
@@ -9,6 +12,11 @@ void LoadVariables(const Settings& record) {
     const bool changed = variableTable.variablesChanged;
     for (int64_t i = 0; i < record.variableCount; i++) {
         if (!AddVariable(variableTable.count)) {
+            // A table that lacks some would be saved so. At the start nothing else is unsaved yet.
+            if (variableTable.count < MaxVariables) {
+                std::fprintf(stderr, "Tallymere: no memory for the variables.\n");
+                std::abort();
+            }
             break;
         }
         const SettingsVariable& read = record.variables[i];

@@ -1,7 +1,6 @@
 #include "calculator/variable_table.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
 #include <string_view>
 
@@ -10,6 +9,7 @@
 #include "core/number_scanner.h"
 #include "formula/formula_names.h"
 #include "shell/text_sink.h"
+#include "shell/ui_error.h"
 
 namespace tallymere {
 
@@ -18,23 +18,26 @@ namespace {
 constexpr std::u16string_view NumberedPrefix = u"var";
 constexpr int64_t NumberedNames = 100;
 
+// Null without memory.
 char16_t* NewText(int64_t characters) {
-    void* block = std::calloc(static_cast<size_t>(characters) + 1, sizeof(char16_t));
-    if (block == nullptr) {
-        std::fprintf(stderr, "Tallymere: no memory for a variable.\n");
-        std::abort();
-    }
-    return static_cast<char16_t*>(block);
+    return static_cast<char16_t*>(
+        std::calloc(static_cast<size_t>(characters) + 1, sizeof(char16_t)));
 }
 
-// A variable with the buffers of the next free slot.
-Variable TakeSlot() {
+// Makes the buffers of the next free slot if there are none. False without memory.
+bool MakeSlot() {
     VariableTable& table = variableTable;
-    if (table.count == table.madeCount) {
-        table.variables[table.madeCount++] = {NewText(VariableNameCharacters),
-                                              NewText(ProductVariableCharacters)};
+    if (table.count < table.madeCount) {
+        return true;
     }
-    return table.variables[table.count];
+    const Variable made = {NewText(VariableNameCharacters), NewText(ProductVariableCharacters)};
+    if (made.name == nullptr || made.value == nullptr) {
+        std::free(made.name);
+        std::free(made.value);
+        return false;
+    }
+    table.variables[table.madeCount++] = made;
+    return true;
 }
 
 // The number of a name that is "var" and two digits; -1 for any other name.
@@ -95,7 +98,11 @@ bool AddVariable(int64_t position) {
     if (position < 0 || position > table.count || table.count == MaxVariables) {
         return false;
     }
-    const Variable added = TakeSlot();
+    if (!MakeSlot()) {
+        SetUiError(UiErrorInternal);
+        return false;
+    }
+    const Variable added = table.variables[table.count];
     WriteNewName(added.name);
     added.value[0] = 0;
     std::copy_backward(table.variables + position, table.variables + table.count,

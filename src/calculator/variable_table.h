@@ -38,8 +38,8 @@ bool IsValidVariableName(const char16_t* name);
 
 /// Puts a new variable in front of the one at `position`, or at the end for position = count. Its
 /// value is empty. Its name is "var" and the smallest free number from 00 to 99; "var" alone when
-/// no number is free. Returns false and changes nothing for a position outside the table, and when
-/// the table is full.
+/// no number is free. Returns false and changes nothing for a position outside the table, when the
+/// table is full, and, with UiErrorInternal, without memory.
 bool AddVariable(int64_t position);
 
 /// Removes the variable at `index`, 0 <= index < count.

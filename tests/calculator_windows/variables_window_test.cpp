@@ -1,8 +1,11 @@
 // The dialog of variables as a window: its controls, the focus and the list.
 #include "calculator/windows/variables_window.h"
 
+#include <cstdlib>
+
 #include "calculator_windows/calculator_windows.h"
 #include "shell/settings_testing.h"
+#include "shell_windows/failing_memory.h"
 #include "shell_windows/message_boxes.h"
 #include "shell_windows/settings_folder.h"
 
@@ -314,6 +317,65 @@ TEST_F(VariablesWindowTest, ClosingSavesWhatWasTyped) {
     EXPECT_EQ(SavedVariables(settingsFolder), u"x;3*pi");
     EXPECT_FALSE(variableTable.variablesChanged);
     EXPECT_FALSE(settings.settingsDirty);
+}
+
+// A crash of a run that was begun meanwhile loses none of them.
+TEST_F(VariablesWindowTest, LeavingTheOpenDialogSavesWhatWasTyped) {
+    const SettingsFolder settingsFolder;
+    Add();
+    Type(name, u"x");
+    Type(value, u"2*pi");
+    const MessageBoxAnswer answer;
+    SetActiveWindow(calculatorWindows.page);
+    EXPECT_EQ(SavedVariables(settingsFolder), u"x;2*pi");
+    EXPECT_FALSE(settings.settingsDirty);
+    EXPECT_EQ(answer.boxes, 0);
+}
+
+TEST_F(VariablesWindowTest, LeavingTheOpenDialogSaysNothingOfAFailure) {
+    const SettingsFolder settingsFolder;
+    fs::remove_all(settingsFolder.folder);
+    PutBytes(settingsFolder.folder, "mine");
+    Add();
+    {
+        const MessageBoxAnswer answer;
+        SetActiveWindow(calculatorWindows.page);
+        EXPECT_EQ(answer.boxes, 0);
+        EXPECT_TRUE(settings.settingsDirty);
+        SendMessageW(variablesWindow, WM_CLOSE, 0, 0);
+        EXPECT_EQ(answer.boxes, 1);
+    }
+    fs::remove_all(settingsFolder.folder);
+    EXPECT_TRUE(SaveSettings());
+}
+
+// In a table of its own: buffers of variables that were deleted would serve without memory.
+TEST_F(VariablesWindowTest, WithoutMemoryNoVariableIsAddedAndTheOthersStay) {
+    const VariableTable before = variableTable;
+    variableTable = {};
+    EXPECT_TRUE(AddVariable(0));
+    SetVariableValue(0, u"2*pi");
+    // The buffer of the value alone, and that of the name.
+    for (const size_t leastBytes : {ProductVariableCharacters * sizeof(char16_t),
+                                    (VariableNameCharacters + 1) * sizeof(char16_t)}) {
+        bool added = true;
+        {
+            const FailingMemory memory(1, leastBytes);
+            added = AddVariable(0);
+        }
+        EXPECT_FALSE(added);
+        EXPECT_EQ(PendingUiError(), UiErrorInternal);
+        ClearErrors();
+        EXPECT_EQ(variableTable.count, 1);
+        EXPECT_EQ(variableTable.madeCount, 1);
+        EXPECT_EQ(Stored(0), u"2*pi");
+    }
+    EXPECT_TRUE(AddVariable(0));
+    for (int64_t i = 0; i < variableTable.madeCount; i++) {
+        std::free(variableTable.variables[i].name);
+        std::free(variableTable.variables[i].value);
+    }
+    variableTable = before;
 }
 
 TEST_F(VariablesWindowTest, ClosingWithoutAChangeSavesNothing) {

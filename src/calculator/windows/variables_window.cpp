@@ -190,6 +190,15 @@ void TakeOverUnreported() {
     }
 }
 
+// The dialog may stay open for days, beside runs that last as long. The box that has the focus is
+// taken over now, since it loses it behind this message. Closing says what could not be saved.
+void SaveWhenLeft() {
+    if (!IsRunUnderWay()) {
+        CommitShownVariable();
+        SaveSettings();
+    }
+}
+
 void LayOutVariables() {
     PlaceFormControls(variablesWindow, controls, [](int32_t control, LayoutSize client) {
         return PlaceVariablesControl(static_cast<VariablesControl>(control), client);
@@ -209,8 +218,9 @@ LRESULT VariablesWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lPa
             break;
         case WM_ACTIVATE:
             // Options may have changed the separator that the value is written with.
-            if (LOWORD(wParam) != WA_INACTIVE &&
-                shownSeparator != numberContext.decimalSeparators[0]) {
+            if (LOWORD(wParam) == WA_INACTIVE) {
+                SaveWhenLeft();
+            } else if (shownSeparator != numberContext.decimalSeparators[0]) {
                 ShowSelectedVariable();
             }
             break;
