@@ -17,8 +17,7 @@ static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler uses the
 }  // namespace
 
 void HandleInterrupt() {
-    interrupted = true;
-    if (waiting) {
+    if (interrupted.exchange(true) || waiting) {
         std::_Exit(EndedByInterrupt);
     }
     RequestStop();

@@ -1,4 +1,6 @@
-// Ctrl+C: ends a running calculation at its next check point, or the program when it waits.
+// Ctrl+C: ends a running calculation at its next check point, and the program after what it has to
+// print. It ends the program at once when it waits for input, and when Ctrl+C comes again, such as
+// for an output that nobody reads.
 #pragma once
 
 namespace tallymere {

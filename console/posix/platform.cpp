@@ -45,7 +45,7 @@ OpenedFile OpenFileForReading(const std::string& path) {
 void CatchInterrupts() {
     struct sigaction action = {};
     action.sa_handler = [](int) { HandleInterrupt(); };
-    // An output that waits for its reader goes on, and loses nothing.
+    // An output that waits for its reader goes on and loses nothing.
     action.sa_flags = SA_RESTART;
     sigaction(SIGINT, &action, nullptr);
 }
