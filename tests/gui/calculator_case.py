@@ -190,10 +190,14 @@ class CalculatorCase(OptionsCase):
         return self.wait_for_page_where(lambda page: page.formula.text == text,
                                         f"the formula {text!r}")
 
+    # A page is told control by control, and a result may come meanwhile. So whoever waits for one
+    # gets the page as it is told after that.
+
     def wait_for_result(self, text):
-        return self.wait_for_page_where(
+        self.wait_for_page_where(
             lambda page: page.result.text == text and page.has_valid_result and not page.is_busy,
             f"the result {text!r}")
+        return self.page()
 
     def calculate(self, formula, result):
         """Types a formula and presses Return; the page once it shows that result."""
@@ -202,8 +206,9 @@ class CalculatorCase(OptionsCase):
         return self.wait_for_result(result)
 
     def wait_for_valid_result(self):
-        return self.wait_for_page_where(
+        self.wait_for_page_where(
             lambda page: page.has_valid_result and not page.is_busy, "a result")
+        return self.page()
 
     def wait_for_stale_result(self):
         return self.wait_for_page_where(lambda page: not page.has_valid_result, "a stale result")
@@ -262,7 +267,6 @@ class CalculatorCase(OptionsCase):
         self.wait_for_page_where(
             lambda page: page.formula.text.rstrip(")") == formula.rstrip(")")
             and page.has_valid_result and not page.is_busy, f"the result of {formula!r}")
-        # The result may have come while the page was told, control by control.
         return self.page()
 
     def result_of(self, formula):
