@@ -173,13 +173,15 @@ void AddProduct(const BoundedSteps& steps, const BoundedValue& a, const BoundedV
 
 void Divide(const BoundedSteps& steps, const BoundedValue& quotient, const BoundedValue& a,
             const BoundedValue& divisor) {
+    if (!BoundsErrors(steps)) {
+        ValueDivide(quotient.value, a.value, divisor.value);
+        return;
+    }
     const Magnitude errorOfA = *a.error;
     const Magnitude errorOfDivisor = *divisor.error;
     const Magnitude sizeOfDivisor = SizeOf(divisor.value);
-    if (BoundsErrors(steps)) {
-        // Otherwise their difference would have no digits to rely on.
-        NoteDecision(steps, IsSurelyBelow(errorOfDivisor * MakeMagnitude(2), sizeOfDivisor));
-    }
+    // Otherwise their difference would have no digits to rely on.
+    NoteDecision(steps, IsSurelyBelow(errorOfDivisor * MakeMagnitude(2), sizeOfDivisor));
     ValueDivide(quotient.value, a.value, divisor.value);
     if (BoundsErrors(steps)) {
         const Magnitude size = SizeOf(quotient.value);
