@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "shell/ui_error.h"
+#include "shell_windows/failing_memory.h"
 #include "shell_windows/file_calls.h"
 #include "shell_windows/file_folder.h"
 
@@ -19,7 +20,9 @@ const std::string NewBytes = "a1;a2;b\r\n0|0;0|1;0|25\r\n1|0;1|1;1|25\r\n";
 HeapText CellText(int32_t row, int32_t column) {
     const std::string place = std::to_string(row) + '|' + std::to_string(column);
     HeapText text(std::ssize(place));
-    std::copy(place.begin(), place.end(), text.buffer.get());
+    if (text.IsThere()) {
+        std::copy(place.begin(), place.end(), text.buffer.get());
+    }
     text.length = std::ssize(place);
     return text;
 }
@@ -178,18 +181,27 @@ TEST_F(CsvFileTest, SaysThatAFileCannotBeWritten) {
     ExpectError(UiErrorFileAccess, folder / "none" / "a.csv");
 }
 
-TEST_F(CsvFileTest, WithoutMemoryTheOldFileStays) {
-    PutBytes(file, OldBytes);
-    WriteCsvFile(PathOf(file), 2, [](int32_t row, int32_t column) {
-        HeapText text = CellText(row, column);
-        if (row == 1) {
-            text.buffer = nullptr;
+// Each of six cells has a text, and each of the nine that are written has its bytes.
+TEST_F(CsvFileTest, WithoutAnyOfItsMemoryTheOldFileStays) {
+    int blocks = 0;
+    {
+        const FailingMemory memory;
+        WriteCsvFile(PathOf(file), 2, CellText);
+        blocks = memory.count;
+    }
+    EXPECT_GE(blocks, 15);
+    for (int number = 1; number <= blocks; number++) {
+        SCOPED_TRACE(number);
+        PutBytes(file, OldBytes);
+        {
+            const FailingMemory memory(number);
+            WriteCsvFile(PathOf(file), 2, CellText);
         }
-        return text;
-    });
-    EXPECT_EQ(PendingUiError(), UiErrorInternal);
-    EXPECT_EQ(ContentOf(file), OldBytes);
-    ExpectAlone(file);
+        EXPECT_EQ(PendingUiError(), UiErrorInternal);
+        ClearErrors();
+        EXPECT_EQ(ContentOf(file), OldBytes);
+        ExpectAlone(file);
+    }
 }
 
 // A file is opened, gets nine cells, is flushed, closed and moved.
